@@ -1,0 +1,67 @@
+// An unbuffered file: open, read, write, seek, close. The platform's half of every reader and writer.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "platform/framework/Exceptions.h"
+
+// A regular file. Directories, pipes and devices are refused at opening: they can't be rewound, and some
+// never end. All operations but Open and Abort raise a CFileException pointer on failure.
+class CFile {
+  public:
+    enum EOpenFlags : unsigned {
+        modeRead = 0x0000,
+        modeWrite = 0x0001,
+        shareExclusive = 0x0010,
+        modeCreate = 0x1000,
+        typeText = 0x4000
+    };
+
+    CFile() = default;
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+    virtual ~CFile();
+
+    // Opens the file. With shareExclusive a second opener that asks the same fails with a sharing violation.
+    // False on failure, with `error` filled.
+    virtual bool Open(const char16_t* path, unsigned flags, CFileException* error);
+
+    // Reads up to `size` bytes; 0 at the end of the file.
+    std::size_t Read(void* data, std::size_t size);
+
+    // Writes all of the bytes.
+    void Write(const void* data, std::size_t size);
+
+    // Moves to a byte position from the start.
+    void Seek(std::uint64_t position);
+
+    // The file's length in bytes at this moment.
+    std::uint64_t GetLength() const;
+
+    // Hands the bytes written so far to the storage itself.
+    void Flush();
+
+    // Closes the file. A failure is raised after the file is closed.
+    virtual void Close();
+
+    // Closes the file without raising; nothing on a closed file.
+    virtual void Abort() noexcept;
+
+    bool IsOpen() const { return Handle != Closed; }
+
+  private:
+    static constexpr std::intptr_t Closed = -1;
+
+    // Raises the operating system's last error for this file.
+    [[noreturn]] void RaiseLastError() const;
+
+    std::intptr_t Handle = Closed;
+    std::u16string Path;
+};
+
+// Replaces the file at `path` by one with these bytes, by way of a temporary file in the same folder, so that
+// a crash leaves the old content or the new one, never a half. Raises CFileException; the old file then
+// stays.
+void ReplaceFile(const std::u16string& path, const std::string& bytes);

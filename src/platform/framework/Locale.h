@@ -1,0 +1,29 @@
+// What the module takes from the runtime's locale and clock.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Sets all categories to the user's default, as the environment or the system says.
+void UseUserLocale();
+
+// First character of the locale's decimal point, "." if the locale has none.
+char16_t LocaleDecimalPoint();
+
+// Today's local date as the locale writes it; empty if it can't be written.
+std::u16string LocaleDateToday();
+
+// Now, in seconds since 1970-01-01 00:00 UTC.
+std::int64_t CurrentSeconds();
+
+// A local calendar date and time of day. Month 1 to 12, day 1 to 31, year as people write it.
+struct LocalTime {
+    int Year, Month, Day, Hour, Minute, Second;
+};
+
+// Seconds since 1970 as local time. False if the year has no room in an int.
+bool ToLocalTime(std::int64_t seconds, LocalTime& local);
+
+// The moment of a local date and time, in seconds since 1970. A time that the zone skips or has twice is
+// settled by the runtime. The caller makes sure that the date exists.
+std::int64_t FromLocalTime(const LocalTime& local);

@@ -1,0 +1,42 @@
+// Where settings of the user live between runs: sections of named values of three kinds.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+using ProfileBlock = std::vector<std::uint8_t>;
+
+// A store. A value that is absent, or of another kind than asked for, reads as nothing. Writing answers
+// whether the value now stands in the store.
+class ProfileStore {
+  public:
+    virtual ~ProfileStore() = default;
+
+    virtual std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) = 0;
+    virtual std::optional<std::u16string> ReadText(const std::u16string& section,
+                                                   const std::u16string& key) = 0;
+    virtual std::optional<ProfileBlock> ReadBlock(const std::u16string& section,
+                                                  const std::u16string& key) = 0;
+    virtual bool WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) = 0;
+    virtual bool WriteText(const std::u16string& section, const std::u16string& key,
+                           const std::u16string& value) = 0;
+    virtual bool WriteBlock(const std::u16string& section, const std::u16string& key,
+                            const ProfileBlock& value) = 0;
+};
+
+// The user's own store of a program: the registry on Windows; elsewhere the file
+// $XDG_CONFIG_HOME/<company>/<profile>.ini, by default under ~/.config.
+std::unique_ptr<ProfileStore> OpenUserProfile(const std::u16string& company, const std::u16string& profile);
+
+// A store in one file. The file need not exist; it is made by the first write, its folder too.
+std::unique_ptr<ProfileStore> OpenProfileFile(const std::u16string& path);
+
+// Makes every application of this process use this store instead of the user's own; null ends that. The host
+// calls it before it loads a module.
+void SetProcessProfile(std::shared_ptr<ProfileStore> store);
+
+// The store set by SetProcessProfile, or null.
+std::shared_ptr<ProfileStore> GetProcessProfile();

@@ -1,0 +1,28 @@
+// A module loaded at run time.
+#pragma once
+
+#include <string>
+
+// Holds a loaded library until it is destroyed. Its static objects are made by Load and gone with it.
+class SharedLibrary {
+  public:
+    SharedLibrary() = default;
+    SharedLibrary(const SharedLibrary&) = delete;
+    SharedLibrary& operator=(const SharedLibrary&) = delete;
+    ~SharedLibrary();
+
+    // Loads the library. False on failure, with the reason in `error`.
+    bool Load(const std::u16string& path, std::u16string& error);
+
+    // Address of an exported symbol, or null.
+    void* Find(const char* name) const;
+
+  private:
+    void* Handle = nullptr;
+};
+
+// The file name of a module of this name, such as "csv-import.so".
+std::u16string ModuleFileName(const std::u16string& name);
+
+// The folder of the program that runs, without a separator at its end.
+std::u16string ProgramFolder();
