@@ -1,0 +1,46 @@
+// The host's text file: lines of a file as wide text, whatever the file's encoding and line ends.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/framework/File.h"
+
+// How a file's bytes become text. Both values decode alike, so that a preview shows what the import stores.
+enum EFileEncoding : int { FileEncodingImport = 1, FileEncodingPreview = 3 };
+
+class LineReader;
+
+// A text file, read line by line from one end to the other.
+//
+// A byte order mark of UTF-8, UTF-16LE or UTF-16BE is honoured and dropped. Without one each line that is
+// valid UTF-8 is UTF-8 and any other line is Windows-1252. A line feed ends a line, and one carriage return
+// directly before it belongs to the line end. If the first 64 KiB hold a carriage return and no line feed, a
+// carriage return alone ends a line too. What stands behind the last line end is a line unless it is empty.
+class CStdioFileEx : public CFile {
+  public:
+    CStdioFileEx();
+    ~CStdioFileEx() override;
+
+    // Before opening.
+    void SetEncoding(EFileEncoding encoding) { Encoding = encoding; }
+
+    bool Open(const char16_t* path, unsigned flags, CFileException* error) override;
+    void Close() override;
+    void Abort() noexcept override;
+
+    // Gives the next line without its end, reusing the storage of `line`. False at the end of the file.
+    // Raises CFileException on a read error. Memory grows with the longest line only.
+    virtual bool ReadString(std::u16string& line);
+
+    // Back to line 1. The flag is always true.
+    virtual void SeekToBegin(bool rereadMark);
+
+    // Byte position just behind the last line delivered; not the place up to which bytes are held ready.
+    std::uint64_t GetPosition() const;
+
+  private:
+    EFileEncoding Encoding = FileEncodingImport;
+    std::unique_ptr<LineReader> Reader;
+};

@@ -1,0 +1,53 @@
+// The host's time stamps: nanoseconds since 1970-01-01 00:00 UTC, with a calendar side in local time.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Seconds since 1970-01-01 00:00 UTC.
+struct CTime {
+    std::int64_t Seconds;
+};
+
+// A moment, or a measurement time on the same scale. Overflow of 64 bits wraps.
+class CTimeStamp {
+  public:
+    explicit CTimeStamp(CTime time);
+    explicit CTimeStamp(std::int64_t nanoseconds) : Nanoseconds(nanoseconds) {}
+
+    // A local date and time of day. Raises COleException if the date doesn't exist, such as 31 February, or
+    // the time of day is none.
+    CTimeStamp(int year, int month, int day, int hour, int minute, int second, int nanosecond);
+
+    // Nanoseconds since 1970.
+    std::int64_t toTIME() const { return Nanoseconds; }
+
+    // Nanoseconds since the local midnight of the stamp's day, 0 up to a day. Both values of the flag answer
+    // the same, so that a stored time of day and that of a parsed row can be compared.
+    std::int64_t DaytimeToTIME(bool local) const;
+
+    // The stamp's local date at midnight, in nanoseconds since 1970.
+    std::int64_t DateToTIME() const;
+
+    // The local date and time: "YYYY-MM-DD hh:mm:ss", then the nanoseconds as ".nnnnnnnnn" without zeros at
+    // the end, or nothing if they are 0.
+    std::u16string ToText() const;
+
+  private:
+    std::int64_t Nanoseconds;
+};
+
+// The distance between two moments in nanoseconds. Overflow of 64 bits wraps.
+class CTimeStampSpan {
+  public:
+    CTimeStampSpan(const CTimeStamp& from, const CTimeStamp& to);
+
+    std::int64_t toTIME() const { return Nanoseconds; }
+
+    // "hh:mm:ss" with any number of hours and a sign if it is negative, then the nanoseconds as in
+    // CTimeStamp.
+    std::u16string ToText() const;
+
+  private:
+    std::int64_t Nanoseconds;
+};

@@ -1,0 +1,27 @@
+#include "host/ImportFilter.h"
+
+#include <utility>
+
+CImportFilter::CImportFilter(const char16_t* path) : FilePath(path) {}
+
+CImportFilter::~CImportFilter() = default;
+
+bool CImportFilter::TryFastImport(const char16_t*, bool) {
+    return false;
+}
+
+std::vector<ImportMessage> CImportFilter::TakeMessages() {
+    return std::exchange(Messages, {});
+}
+
+void CImportFilter::AddDevCountWarningMessage(bool reserved) {
+    AddMessage(true, -1, reserved, u"Für die Quelldatei konnte kein Gerät angelegt werden.");
+}
+
+void CImportFilter::AddWriteErrorMessage() {
+    AddMessage(true, -1, false, u"Beim Schreiben in den Datenspeicher ist ein Fehler aufgetreten.");
+}
+
+void CImportFilter::AddMessageText(bool failure, int column, bool, std::u16string text) {
+    Messages.push_back({failure, column, std::move(text)});
+}

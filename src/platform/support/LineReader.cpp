@@ -1,0 +1,137 @@
+#include "platform/support/LineReader.h"
+
+#include <cstring>
+
+#include "platform/framework/File.h"
+#include "platform/framework/Text.h"
+#include "platform/support/Windows1252.h"
+
+namespace {
+
+constexpr std::size_t BlockSize = 256 * 1024;
+constexpr std::size_t LineEndWindow = 64 * 1024;  // where the kind of line ends is settled
+
+}  // namespace
+
+LineReader::LineReader(CFile& file) : File(file), Buffer(BlockSize) {
+    while (Filled < LineEndWindow && Fill()) {
+    }
+    SkipMark();
+    SettleLineEnds();
+}
+
+bool LineReader::Fill() {
+    if (AtEnd) return false;
+    if (LineStart > 0) {
+        std::memmove(Buffer.data(), Buffer.data() + LineStart, Filled - LineStart);
+        BufferStart += LineStart;
+        Filled -= LineStart;
+        LineStart = 0;
+    }
+    if (Filled == Buffer.size()) Buffer.resize(Buffer.size() * 2);
+    const std::size_t count = File.Read(Buffer.data() + Filled, Buffer.size() - Filled);
+    Filled += count;
+    AtEnd = count == 0;
+    return !AtEnd;
+}
+
+void LineReader::SkipMark() {
+    const auto startsWith = [&](std::string_view mark) {
+        return Filled >= mark.size() && std::memcmp(Buffer.data(), mark.data(), mark.size()) == 0;
+    };
+    if (startsWith("\xEF\xBB\xBF")) {
+        LineStart = 3;
+    } else if (startsWith("\xFF\xFE")) {
+        Encoding = Form::Utf16Little;
+        LineStart = 2;
+    } else if (startsWith("\xFE\xFF")) {
+        Encoding = Form::Utf16Big;
+        LineStart = 2;
+    }
+}
+
+void LineReader::SettleLineEnds() {
+    const std::size_t window = Filled < LineEndWindow ? Filled : LineEndWindow;
+    bool anyReturn = false;
+    for (std::size_t at = LineStart; at + UnitSize() <= window; at += UnitSize()) {
+        const char16_t unit = UnitAt(at);
+        if (unit == u'\n') return;
+        if (unit == u'\r') anyReturn = true;
+    }
+    ReturnEndsLine = anyReturn;
+}
+
+char16_t LineReader::UnitAt(std::size_t at) const {
+    const auto first = static_cast<unsigned char>(Buffer[at]);
+    if (Encoding == Form::Bytes) return first;
+    const auto second = static_cast<unsigned char>(Buffer[at + 1]);
+    return static_cast<char16_t>(Encoding == Form::Utf16Little ? first | second << 8 : second | first << 8);
+}
+
+bool LineReader::FindLineFeed(std::size_t from, LineEnd& end) const {
+    std::size_t at = from;
+    if (Encoding == Form::Bytes) {
+        if (from == Filled) return false;
+        const void* const found = std::memchr(Buffer.data() + from, '\n', Filled - from);
+        if (found == nullptr) return false;
+        at = static_cast<std::size_t>(static_cast<const char*>(found) - Buffer.data());
+    } else {
+        while (at + 2 <= Filled && UnitAt(at) != u'\n') at += 2;
+        if (at + 2 > Filled) return false;
+    }
+    const bool hasReturn = at > LineStart && UnitAt(at - UnitSize()) == u'\r';
+    end = {hasReturn ? at - UnitSize() : at, at + UnitSize()};
+    return true;
+}
+
+bool LineReader::FindLoneReturn(std::size_t from, LineEnd& end) const {
+    const std::size_t size = UnitSize();
+    for (std::size_t at = from; at + size <= Filled; at += size) {
+        const char16_t unit = UnitAt(at);
+        if (unit != u'\n' && unit != u'\r') continue;
+        end = {at, at + size};
+        if (unit == u'\n') return true;
+        // Whether a line feed follows decides where the next line starts.
+        if (at + 2 * size > Filled) return AtEnd;
+        if (UnitAt(at + size) == u'\n') end.NextLine += size;
+        return true;
+    }
+    return false;
+}
+
+bool LineReader::FindLineEnd(std::size_t from, LineEnd& end) const {
+    return ReturnEndsLine ? FindLoneReturn(from, end) : FindLineFeed(from, end);
+}
+
+bool LineReader::Next(std::u16string& line) {
+    std::size_t searched = 0;  // bytes behind LineStart that hold no line end
+    LineEnd end{};
+    while (!FindLineEnd(LineStart + searched, end)) {
+        // The last unit is looked at again: a carriage return there waits for what follows it, and half a
+        // unit of UTF-16 for its other half.
+        const std::size_t held = Filled - LineStart;
+        searched = held < UnitSize() ? 0 : (held / UnitSize() - 1) * UnitSize();
+        if (Fill()) continue;
+        if (FindLineEnd(LineStart + searched, end)) break;
+        const std::size_t rest = (Filled - LineStart) / UnitSize() * UnitSize();
+        end = {LineStart + rest, Filled};
+        if (rest == 0) {
+            LineStart = Filled;
+            return false;
+        }
+        break;
+    }
+    Decode(LineStart, end.TextEnd, line);
+    LineStart = end.NextLine;
+    return true;
+}
+
+void LineReader::Decode(std::size_t begin, std::size_t end, std::u16string& line) const {
+    if (Encoding == Form::Bytes) {
+        const std::string_view bytes(Buffer.data() + begin, end - begin);
+        if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
+        return;
+    }
+    line.resize((end - begin) / 2);
+    for (std::size_t i = 0; i < line.size(); ++i) line[i] = UnitAt(begin + 2 * i);
+}

@@ -1,0 +1,106 @@
+#include "host/TimeStamp.h"
+
+#include <cstdio>
+
+#include "platform/framework/Exceptions.h"
+#include "platform/framework/Locale.h"
+#include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
+
+namespace {
+
+constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
+
+// Seconds of a time, rounded toward the past, so that a time of day is never negative.
+std::int64_t FloorSeconds(std::int64_t nanoseconds) {
+    const std::int64_t seconds = nanoseconds / NanosecondsPerSecond;
+    return nanoseconds % NanosecondsPerSecond < 0 ? seconds - 1 : seconds;
+}
+
+int DaysOfMonth(int year, int month) {
+    constexpr int Days[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return month == 2 && leap ? 29 : Days[month - 1];
+}
+
+bool Exists(const LocalTime& t) {
+    if (t.Month < 1 || t.Month > 12 || t.Day < 1 || t.Day > DaysOfMonth(t.Year, t.Month)) return false;
+    return t.Hour >= 0 && t.Hour < 24 && t.Minute >= 0 && t.Minute < 60 && t.Second >= 0 && t.Second < 60;
+}
+
+// Local midnight of a date in seconds since 1970. A file's rows lie on few days, and the runtime's conversion
+// costs more than all else in a row, so the last answer is kept. The zone doesn't change in a process.
+std::int64_t Midnight(int year, int month, int day) {
+    struct Answer {
+        int Year, Month, Day;
+        std::int64_t Seconds;
+    };
+    thread_local Answer last{0, 0, 0, 0};
+    if (last.Day != day || last.Month != month || last.Year != year) {
+        last = {year, month, day, FromLocalTime({year, month, day, 0, 0, 0})};
+    }
+    return last.Seconds;
+}
+
+// ".5", ".000000001", or nothing for 0.
+std::u16string FractionText(std::int64_t nanoseconds) {
+    if (nanoseconds == 0) return {};
+    std::string digits = std::to_string(NanosecondsPerSecond + nanoseconds).substr(1);
+    digits.erase(digits.find_last_not_of('0') + 1);
+    return Utf8ToUtf16("." + digits);
+}
+
+}  // namespace
+
+CTimeStamp::CTimeStamp(CTime time) : Nanoseconds(WrappingMultiply(time.Seconds, NanosecondsPerSecond)) {}
+
+CTimeStamp::CTimeStamp(int year, int month, int day, int hour, int minute, int second, int nanosecond)
+    : Nanoseconds(nanosecond) {
+    const LocalTime local{year, month, day, hour, minute, second};
+    if (!Exists(local)) throw new COleException;
+    const bool isMidnight = hour == 0 && minute == 0 && second == 0;
+    const std::int64_t seconds = isMidnight ? Midnight(year, month, day) : FromLocalTime(local);
+    Nanoseconds = WrappingAdd(WrappingMultiply(seconds, NanosecondsPerSecond), nanosecond);
+}
+
+std::int64_t CTimeStamp::DaytimeToTIME(bool) const {
+    const std::int64_t seconds = FloorSeconds(Nanoseconds);
+    LocalTime local{};
+    ToLocalTime(seconds, local);
+    const std::int64_t daytime = (local.Hour * 60 + local.Minute) * 60 + local.Second;
+    return daytime * NanosecondsPerSecond +
+           WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond));
+}
+
+std::int64_t CTimeStamp::DateToTIME() const {
+    LocalTime local{};
+    ToLocalTime(FloorSeconds(Nanoseconds), local);
+    return WrappingMultiply(Midnight(local.Year, local.Month, local.Day), NanosecondsPerSecond);
+}
+
+std::u16string CTimeStamp::ToText() const {
+    const std::int64_t seconds = FloorSeconds(Nanoseconds);
+    LocalTime local{};
+    ToLocalTime(seconds, local);
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", local.Year, local.Month, local.Day,
+                  local.Hour, local.Minute, local.Second);
+    return Utf8ToUtf16(text) +
+           FractionText(WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond)));
+}
+
+CTimeStampSpan::CTimeStampSpan(const CTimeStamp& from, const CTimeStamp& to)
+    : Nanoseconds(WrappingSubtract(to.toTIME(), from.toTIME())) {}
+
+std::u16string CTimeStampSpan::ToText() const {
+    const bool negative = Nanoseconds < 0;
+    const std::uint64_t magnitude =
+        negative ? 0 - static_cast<std::uint64_t>(Nanoseconds) : static_cast<std::uint64_t>(Nanoseconds);
+    const std::uint64_t seconds = magnitude / NanosecondsPerSecond;
+    char text[64];
+    std::snprintf(text, sizeof text, "%s%02llu:%02llu:%02llu", negative ? "-" : "",
+                  static_cast<unsigned long long>(seconds / 3600),
+                  static_cast<unsigned long long>(seconds / 60 % 60),
+                  static_cast<unsigned long long>(seconds % 60));
+    return Utf8ToUtf16(text) + FractionText(static_cast<std::int64_t>(magnitude % NanosecondsPerSecond));
+}
