@@ -1,0 +1,97 @@
+// Between the record and the user's profile.
+#include <cmath>
+#include <cstring>
+
+#include "platform/framework/Locale.h"
+#include "platform/framework/WinApp.h"
+#include "resources/ModuleResources.h"
+#include "settings/LiveSettings.h"
+#include "settings/SettingsTable.h"
+
+namespace {
+
+// Reads a block of exactly the size of `value`; else `value` stays.
+template <class Value>
+void LoadBlock(CWinApp& app, const char16_t* key, Value& value) {
+    ProfileBlock block;
+    if (!app.GetProfileBinary(SettingsSection, key, block) || block.size() != sizeof value) return;
+    std::memcpy(&value, block.data(), sizeof value);
+}
+
+template <class Value>
+void SaveBlock(CWinApp& app, const char16_t* key, const Value& value) {
+    ProfileBlock block(sizeof value);
+    std::memcpy(block.data(), &value, sizeof value);
+    app.WriteProfileBinary(SettingsSection, key, block);
+}
+
+// Reads one setting into a record.
+struct Loader {
+    CWinApp& App;
+    const char16_t* Key;
+    CCsvImportSettings& Record;
+
+    void operator()(const IntSetting& setting) const {
+        const int stored = App.GetProfileInt(SettingsSection, Key, setting.Default);
+        Record.*setting.Field = std::clamp(stored, setting.Lowest, setting.Highest);
+        if (setting.Detected != nullptr) Record.*setting.Detected = Record.*setting.Field;
+    }
+    void operator()(const TextSetting& setting) const {
+        Record.*setting.Field = App.GetProfileString(SettingsSection, Key, std::u16string());
+    }
+    void operator()(const MomentSetting& setting) const {
+        Record.*setting.Field = CurrentSeconds();
+        LoadBlock(App, Key, Record.*setting.Field);
+    }
+    void operator()(const RealSetting& setting) const {
+        Record.*setting.Field = setting.Default;
+        LoadBlock(App, Key, Record.*setting.Field);
+        if (std::isnan(Record.*setting.Field)) Record.*setting.Field = setting.Default;
+    }
+};
+
+// Writes one setting of a record.
+struct Saver {
+    CWinApp& App;
+    const char16_t* Key;
+    const CCsvImportSettings& Record;
+
+    void operator()(const IntSetting& setting) const {
+        App.WriteProfileInt(SettingsSection, Key, Record.*setting.Field);
+    }
+    void operator()(const TextSetting& setting) const {
+        App.WriteProfileString(SettingsSection, Key, Record.*setting.Field);
+    }
+    void operator()(const MomentSetting& setting) const { SaveBlock(App, Key, Record.*setting.Field); }
+    void operator()(const RealSetting& setting) const { SaveBlock(App, Key, Record.*setting.Field); }
+};
+
+// The module's application, whatever context the caller is in: the profile is this module's own.
+CWinApp& App() {
+    return *CsvImportModule().App;
+}
+
+}  // namespace
+
+CCsvImportSettings::CCsvImportSettings() {
+    for (const Setting& setting : SettingsTable) std::visit(Loader{App(), setting.Key, *this}, setting.Kind);
+    EnterLiveSettings(this);
+}
+
+CCsvImportSettings::~CCsvImportSettings() {
+    LeaveLiveSettings(this);
+}
+
+void CCsvImportSettings::SaveToProfile() const {
+    for (std::size_t i = 0; i < SharedSettingCount; ++i) {
+        std::visit(Saver{App(), SettingsTable[i].Key, *this}, SettingsTable[i].Kind);
+    }
+}
+
+void CCsvImportSettings::SaveSidecarOption() {
+    const Setting& setting = SettingsTable[SharedSettingCount];
+    std::visit(Saver{App(), setting.Key, *this}, setting.Kind);
+    for (CCsvImportSettings* other : GetLiveSettings()) {
+        if (other != this) other->SaveSidecarFile = SaveSidecarFile;
+    }
+}

@@ -1,0 +1,67 @@
+// The settings of the profile, each said once: loading, clamping, saving, handing on and the command line
+// walk this table.
+#pragma once
+
+#include <iterator>
+#include <variant>
+
+#include "settings/CsvImportSettings.h"
+
+// An integer within bounds. `Detected` takes the same start value, or is null.
+struct IntSetting {
+    int CCsvImportSettings::*Field;
+    int CCsvImportSettings::*Detected;
+    int Default, Lowest, Highest;
+};
+
+// A text, empty by default.
+struct TextSetting {
+    std::u16string CCsvImportSettings::*Field;
+};
+
+// A moment in seconds since 1970, stored as a block of 8 bytes; by default the current time.
+struct MomentSetting {
+    std::int64_t CCsvImportSettings::*Field;
+};
+
+// A number, stored as the block of 8 bytes of an IEEE double. Not a number counts as absent.
+struct RealSetting {
+    double CCsvImportSettings::*Field;
+    double Default;
+};
+
+struct Setting {
+    const char16_t* Key;
+    std::variant<IntSetting, TextSetting, MomentSetting, RealSetting> Kind;
+};
+
+// The section of the profile.
+inline constexpr const char16_t* SettingsSection = u"CsvImport";
+
+// In the order of reading and writing. The last row has a way of its own into the profile.
+inline constexpr Setting SettingsTable[] = {
+    {u"AutoFormat", IntSetting{&CCsvImportSettings::AutoFormat, nullptr, 1, 0, 1}},
+    {u"Separator",
+     IntSetting{&CCsvImportSettings::Separator, &CCsvImportSettings::DetectedSeparator, 1, 0, 4}},
+    {u"OtherSeparator", TextSetting{&CCsvImportSettings::OtherSeparator}},
+    {u"MergeSeparators", IntSetting{&CCsvImportSettings::MergeSeparators, nullptr, 0, 0, 1}},
+    {u"FirstLine",
+     IntSetting{&CCsvImportSettings::FirstLine, &CCsvImportSettings::DetectedFirstLine, 1, 1, 999}},
+    {u"ImportHeader",
+     IntSetting{&CCsvImportSettings::ImportHeader, &CCsvImportSettings::DetectedHeader, 1, 0, 1}},
+    {u"DateSetting", IntSetting{&CCsvImportSettings::DateSetting, nullptr, 0, 0, 2}},
+    {u"DateColumn", IntSetting{&CCsvImportSettings::DateColumn, nullptr, 1, 1, 999}},
+    {u"StartDate", MomentSetting{&CCsvImportSettings::StartDate}},
+    {u"TimeSetting", IntSetting{&CCsvImportSettings::TimeSetting, nullptr, 0, 0, 1}},
+    {u"TimeColumn", IntSetting{&CCsvImportSettings::TimeColumn, nullptr, 1, 1, 999}},
+    {u"IntervalValue", RealSetting{&CCsvImportSettings::IntervalValue, 1.0}},
+    {u"IntervalUnit", IntSetting{&CCsvImportSettings::IntervalUnit, nullptr, 2, 0, 5}},
+    {u"Adjust", IntSetting{&CCsvImportSettings::Adjust, nullptr, 0, 0, 1}},
+    {u"AdjustTime", MomentSetting{&CCsvImportSettings::AdjustTime}},
+    {u"AdjustMode", IntSetting{&CCsvImportSettings::AdjustMode, nullptr, 0, 0, 2}},
+    {u"TimestampFormat", TextSetting{&CCsvImportSettings::TimestampFormat}},
+    {u"SaveSidecarFile", IntSetting{&CCsvImportSettings::SaveSidecarFile, nullptr, 0, 0, 1}},
+};
+
+// The rows that "use as default" saves and hands on: all but SaveSidecarFile.
+inline constexpr std::size_t SharedSettingCount = std::size(SettingsTable) - 1;
