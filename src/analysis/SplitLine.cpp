@@ -1,0 +1,99 @@
+// The grammar of a line:
+//
+//   line  = cell { separator cell } end
+//   end   = NUL | LF | CR                        also inside quotes; what follows is not looked at
+//   cell  = blanks text blanks                   blanks and tabs are dropped, no other white space
+//   text  = '"' { any | '""' } '"'               the outer quotes go, each '""' inside becomes '"'
+//         | { any }                              kept as it stands, quotes included
+//
+// A double quote anywhere toggles the quoted state, in which a separator is an ordinary character. With
+// merging a separator or the end directly behind a separator makes no cell; a separator at the start of the
+// line still does.
+#include "analysis/SplitLine.h"
+
+#include "settings/CsvImportSettings.h"
+
+namespace {
+
+constexpr char16_t DoubleQuote = u'"';
+constexpr char16_t SingleQuote = u'\'';
+
+constexpr bool IsBlank(char16_t c) {
+    return c == u' ' || c == u'\t';
+}
+
+constexpr bool EndsLine(char16_t c) {
+    return c == u'\0' || c == u'\n' || c == u'\r';
+}
+
+// The cell between `first` and `end` (not included), trimmed, terminated and unquoted.
+char16_t* MakeCell(char16_t* first, char16_t* end) {
+    while (first != end && IsBlank(*first)) ++first;
+    while (end != first && IsBlank(end[-1])) --end;
+    *end = u'\0';
+    return *first == DoubleQuote ? UnquoteCell(first, end - 1) : first;
+}
+
+}  // namespace
+
+std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIndex, bool merge) {
+    const char16_t separator = SeparatorCharOf(separatorIndex);
+    std::int32_t count = 0;
+    char16_t openQuote = u'\0';
+    bool afterSeparator = false;
+    for (const char16_t c : line) {
+        const bool wasAfterSeparator = afterSeparator;
+        afterSeparator = false;
+        if (openQuote != u'\0') {
+            if (c == openQuote) openQuote = u'\0';
+        } else if (c == DoubleQuote || c == SingleQuote) {
+            openQuote = c;
+        } else if (c == separator) {
+            if (!merge || !wasAfterSeparator) ++count;
+            afterSeparator = true;
+        }
+    }
+    return count;
+}
+
+void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {
+    std::size_t count = 0;
+    char16_t* cell = text;
+    bool quoted = false;
+    bool afterBoundary = false;
+    for (char16_t* p = text;; ++p) {
+        const char16_t c = *p;
+        if (c == DoubleQuote) quoted = !quoted;
+        const bool ends = EndsLine(c);
+        if (!ends && (c != separator || quoted)) {
+            afterBoundary = false;
+            continue;
+        }
+        if (!merge || !afterBoundary) {
+            char16_t* const made = MakeCell(cell, p);
+            if (count < cells.size()) {
+                cells[count] = made;
+            } else {
+                cells.push_back(made);
+            }
+            ++count;
+        }
+        if (ends) break;
+        cell = p + 1;
+        afterBoundary = true;
+    }
+    cells.resize(count);
+}
+
+char16_t* UnquoteCell(char16_t* first, char16_t* last) {
+    if (last <= first || *first != DoubleQuote || *last != DoubleQuote) return first;
+    *last = u'\0';
+    char16_t* const begin = first + 1;
+    char16_t* out = begin;
+    for (const char16_t* in = begin; in != last; ++in) {
+        *out++ = *in;
+        if (*in == DoubleQuote && in[1] == DoubleQuote) ++in;
+    }
+    *out = u'\0';
+    return begin;
+}

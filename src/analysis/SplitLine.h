@@ -1,0 +1,20 @@
+// One line of text becomes cells.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "settings/CellList.h"
+
+// Separators of a fixed index in a line, outside double and single quotes. With `merge`, neighbours count
+// once. Changes nothing; serves the format detection alone.
+std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIndex, bool merge);
+
+// Cuts the zero-terminated `text` into cells in place; see the grammar in SplitLine.cpp. `separator` NUL
+// means none: the line is one cell. `cells` gets at least one entry and is never allocated anew for a line
+// that has no more cells than one before it.
+void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells);
+
+// Takes the double quotes off a trimmed cell that runs from `first` to `last`, both included (`last` is
+// before `first` for an empty one), and answers where the cell's text now begins.
+char16_t* UnquoteCell(char16_t* first, char16_t* last);

@@ -1,0 +1,7 @@
+#include "plugin/CsvImportFactory.h"
+
+#include "plugin/CsvImportFilter.h"
+
+CImportFilter* CreateCsvImportFilter(const char16_t* path) {
+    return new CCsvImportFilter(path);
+}

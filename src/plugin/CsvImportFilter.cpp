@@ -1,0 +1,39 @@
+#include "plugin/CsvImportFilter.h"
+
+#include "platform/framework/FormatText.h"
+#include "platform/framework/Locale.h"
+#include "resources/AppString.h"
+#include "resources/ModuleResources.h"
+#include "resources/ResourceIds.h"
+
+CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path) {
+    const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    const std::u16string format = CsvImportModule().LoadString(IdDescription);
+    Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+}
+
+CCsvImportFilter::~CCsvImportFilter() = default;
+
+std::u16string CCsvImportFilter::GetFileFilter() {
+    const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    return LoadAppString(IdFileFilter);
+}
+
+bool CCsvImportFilter::HasOptionDialog() {
+    return true;
+}
+
+std::int64_t CCsvImportFilter::ShowOptionDialog() {
+    return 0;
+}
+
+void CCsvImportFilter::CopyOptionsFrom(CImportFilter& other) {
+    Settings = static_cast<CCsvImportFilter&>(other).Settings;
+    // Nothing of a run may point into the old columns.
+    SampleColumns.clear();
+    Times.Correction.reset();
+}
+
+void CCsvImportFilter::AddFileMessage(unsigned id) {
+    AddMessage(true, -1, false, LoadAppString(id));
+}

@@ -1,0 +1,80 @@
+// The object through which the host works on one source file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/ImportFilter.h"
+#include "host/StdioFileEx.h"
+#include "plugin/SampleWriter.h"
+#include "settings/CellList.h"
+#include "settings/CsvImportSettings.h"
+#include "timestamp/RowTimestamp.h"
+
+// Idle: the file is closed and there is no device. BeginImport makes it running, EndImport idle again. What
+// lasts between an analysis and a run is the settings alone. File errors end in a message, never in an
+// exception.
+class CCsvImportFilter : public CImportFilter {
+  public:
+    // Reads the profile into the settings. Opens no file.
+    explicit CCsvImportFilter(const char16_t* path);
+    ~CCsvImportFilter() override;
+
+    // --- Questions and options (CsvImportFilter.cpp) ---
+    std::u16string GetFileFilter() override;
+    bool HasOptionDialog() override;
+    std::int64_t ShowOptionDialog() override;
+    void CopyOptionsFrom(CImportFilter& other) override;  // another CCsvImportFilter
+
+    // --- Analysis (FilterAnalysis.cpp) ---
+    bool AnalyzeFile() override;
+
+    // --- Run (BeginImport.cpp, ImportNextLine.cpp) ---
+    bool BeginImport() override;
+    bool ImportNextLine(std::uint32_t* progress) override;
+    void EndImport() override;
+
+    // The settings, for a host that shows them.
+    const CCsvImportSettings& GetSettings() const { return Settings; }
+
+  private:
+    // Opens, analyses and closes the source file. With `requireColumns` a file without any column fails; with
+    // `reportFailure` a failure gives a message.
+    bool RunAnalysis(bool reportFailure, bool requireColumns);
+
+    // Opens the source file for reading, exclusively; raises FileError.
+    void OpenSourceFile();
+
+    // Consumes a file error: message 1400 if asked for.
+    void HandleFileError(CFileException* error, bool report);
+
+    // Adds a message of string `id` that concerns the file as a whole.
+    void AddFileMessage(unsigned id);
+
+    // Steps of BeginImport.
+    bool HasColumnToImport();
+    bool SkipToFirstDataLine();
+    bool MakeDevice();
+    bool MakeSignals();
+    bool MakeSignal(int column);
+
+    // Steps of ImportNextLine.
+    void UpdateProgress(std::uint32_t* progress);
+    bool SettleRowTime(std::int64_t& time);
+    void AddRowSamples(std::int64_t time);
+    void CollectSampleColumns();
+    void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
+
+    CCsvImportSettings Settings;
+    CStdioFileEx SourceFile;       // closed except during an analysis or a run
+    std::int32_t CurrentLine = 0;  // 1-based number of the line being read; blank lines of a run don't count
+    std::u16string LineText;       // the line just read, which the cells point into
+    CellList Cells;
+    std::u16string TimestampText;     // the row's date and time cells, kept for its storage
+    CFileException FileError{false};  // filled by a failing Open
+    CDevice* Device = nullptr;        // of the run; the host's
+    RunTimes Times;
+    std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
+    std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
+};

@@ -1,0 +1,33 @@
+// The analysis of the source file, and the handling of file errors that all its readers share.
+#include "plugin/CsvImportFilter.h"
+#include "resources/ResourceIds.h"
+
+bool CCsvImportFilter::AnalyzeFile() {
+    return RunAnalysis(false, false);
+}
+
+bool CCsvImportFilter::RunAnalysis(bool reportFailure, bool requireColumns) {
+    try {
+        OpenSourceFile();
+        const bool passed = Settings.DetectFormat(SourceFile) &&
+                            (Settings.AnalyzeColumns(SourceFile, nullptr, nullptr) || !requireColumns);
+        if (!passed && reportFailure) AddFileMessage(IdNoValidFile);
+        SourceFile.Close();
+        return passed;
+    } catch (CFileException* error) {
+        HandleFileError(error, reportFailure);
+        SourceFile.Abort();
+        return false;
+    }
+}
+
+void CCsvImportFilter::OpenSourceFile() {
+    SourceFile.SetEncoding(FileEncodingImport);
+    constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
+    if (!SourceFile.Open(FilePath.c_str(), Flags, &FileError)) throw &FileError;
+}
+
+void CCsvImportFilter::HandleFileError(CFileException* error, bool report) {
+    if (report) AddFileMessage(IdReadError);
+    error->Delete();
+}

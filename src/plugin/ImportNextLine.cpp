@@ -1,0 +1,82 @@
+// One line of the source file becomes one sample of each signal.
+#include "analysis/SplitLine.h"
+#include "host/SupportFunctions.h"
+#include "platform/framework/Text.h"
+#include "plugin/CsvImportFilter.h"
+#include "resources/AppString.h"
+#include "resources/ModuleResources.h"
+#include "resources/ResourceIds.h"
+
+namespace {
+
+constexpr std::int32_t LinesPerProgress = 100;
+
+bool IsBlank(const std::u16string& line) {
+    return TrimWhiteSpace(line).empty();
+}
+
+}  // namespace
+
+bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
+    const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    try {
+        if (!SourceFile.ReadString(LineText)) return false;
+        if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
+        const bool blank = IsBlank(LineText);
+        SplitLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
+        if (blank && Cells.size() == 1) return true;
+        std::int64_t time = NoTimestamp;
+        if (SettleRowTime(time)) AddRowSamples(time);
+        ++CurrentLine;
+        return true;
+    } catch (CFileException* error) {
+        HandleFileError(error, true);
+        return false;
+    }
+}
+
+void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
+    // A file that was cut to nothing while it is read has no percentage.
+    const std::uint64_t length = SourceFile.GetLength();
+    if (length != 0) *progress = static_cast<std::uint32_t>(SourceFile.GetPosition() * 100 / length);
+}
+
+bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
+    Settings.GetTimestampText(Cells, TimestampText);
+    const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
+    const std::int64_t row = std::int64_t{CurrentLine} - Settings.GetFirstLine() - headerLines;
+    const RowTimestamp result = MakeRowTimestamp(Settings, row, TimestampText.c_str(), *TimeContext, Times);
+    if (result.Before1990) AddFileMessage(IdBefore1990);
+    if (!result.Accepted) {
+        AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
+    }
+    time = result.Time;
+    return result.Accepted;
+}
+
+void CCsvImportFilter::AddRowSamples(std::int64_t time) {
+    if (SampleColumns.empty()) CollectSampleColumns();
+    for (SampleColumn& column : SampleColumns) {
+        const auto index = static_cast<std::size_t>(column.Index);
+        char16_t* const cell = index < Cells.size() ? Cells[index] : nullptr;
+        const bool accepted = WriteSample(column, cell, time);
+        if (!accepted && cell != nullptr && *cell != u'\0') ReportWrongCell(column, cell);
+    }
+}
+
+void CCsvImportFilter::CollectSampleColumns() {
+    SampleColumns.clear();
+    for (int i = 0; i < Settings.GetColumnCount() && i < static_cast<int>(Signals.size()); ++i) {
+        CCsvColumnInfo& info = Settings.GetColumn(i);
+        const ECsvDataType type = info.GetEffectiveType();
+        DM::SignalProxy* const signal = Signals[static_cast<std::size_t>(i)];
+        if (!info.ImportColumn || Settings.IsTimestampColumn(i) || signal == nullptr) continue;
+        if (type < CsvTypeBoolean || type > CsvTypeString) continue;
+        SampleColumns.push_back({i, type, &info, signal});
+    }
+}
+
+void CCsvImportFilter::ReportWrongCell(const SampleColumn& column, const char16_t* cell) {
+    AddMessage(false, column.Index, false, LoadAppString(IdWrongCell), cell, column.Info->GetDisplayName(),
+               CurrentLine, LoadSubString(IdDataTypeNames, static_cast<unsigned>(column.Type)));
+}

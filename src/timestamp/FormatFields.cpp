@@ -1,0 +1,99 @@
+#include "timestamp/FormatFields.h"
+
+#include <string_view>
+
+#include "platform/framework/Text.h"
+#include "timestamp/FormatLetters.h"
+
+namespace {
+
+// A bracket field: its name, what it reads, and the character that lengthens its run.
+struct Bracket {
+    std::u16string_view Name;
+    FieldKind Kind;
+    char16_t RunCharacter;
+};
+
+constexpr Bracket Brackets[] = {
+    {u"h", FieldKind::Hours, u'h'},         {u"s", FieldKind::Seconds, u's'},
+    {u"ms", FieldKind::Milliseconds, u'['}, {u"µs", FieldKind::Microseconds, u'['},
+    {u"ns", FieldKind::Nanoseconds, u'['},
+};
+
+// Settles the kind of the bracket at `format`; answers the place behind its "]", or null.
+const char16_t* ReadBracket(const char16_t* format, FormatField& field, char16_t& runCharacter) {
+    const std::u16string_view rest(format + 1);
+    const std::size_t end = rest.find(u']');
+    if (end == std::u16string_view::npos) return nullptr;
+    for (const Bracket& bracket : Brackets) {
+        if (bracket.Name != rest.substr(0, end)) continue;
+        field.Kind = bracket.Kind;
+        runCharacter = bracket.RunCharacter;
+        return format + 1 + end + 1;
+    }
+    return nullptr;
+}
+
+// The kind of a field character other than "[".
+FieldKind KindOfRun(char16_t c, const std::u16string& letters) {
+    constexpr FieldKind LetterKinds[LetterCount] = {FieldKind::Year,  FieldKind::Month,   FieldKind::Day,
+                                                    FieldKind::Hours, FieldKind::Minutes, FieldKind::Seconds};
+    return c == u'0' ? FieldKind::Fraction : LetterKinds[letters.find(c)];
+}
+
+// An exponent directly behind the digits. An "e" without digits is the exponent 0; digits beyond 32 bits are
+// cut.
+const char16_t* ReadExponent(const char16_t* value, FieldNumber& number) {
+    if (*value != u'e' && *value != u'E') return value;
+    ++value;
+    const bool negative = *value == u'-';
+    if (negative) ++value;
+    std::uint32_t exponent = 0;
+    for (; IsDigit(*value); ++value) exponent = exponent * 10 + (*value - u'0');
+    number.HasExponent = true;
+    number.Exponent = static_cast<std::int32_t>(negative ? 0 - exponent : exponent);
+    return value;
+}
+
+}  // namespace
+
+bool IsFieldCharacter(char16_t c, const std::u16string& letters) {
+    return c != u'\0' && (c == u'0' || c == u'[' || letters.find(c) != std::u16string::npos);
+}
+
+const char16_t* ReadFormatField(const char16_t* format, const std::u16string& letters, FormatField& field) {
+    char16_t runCharacter = *format;
+    field.IsBracket = *format == u'[';
+    if (field.IsBracket) {
+        format = ReadBracket(format, field, runCharacter);
+        if (format == nullptr) return nullptr;
+    } else {
+        field.Kind = KindOfRun(*format++, letters);
+    }
+    int run = 1;
+    for (; *format == runCharacter; ++format) ++run;
+    // Only a field directly before another one needs its width; any other ends where its digits do.
+    field.FixedDigits = IsFieldCharacter(*format, letters) ? run : 0;
+    return format;
+}
+
+const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field, FieldNumber& number) {
+    if (!IsDigit(*value) && !(field.IsBracket && *value == u'-')) return nullptr;
+    const bool isOpen = field.FixedDigits == 0;
+    if (isOpen && *value == u'-') {
+        number.Negative = true;
+        ++value;
+    }
+    std::uint64_t integer = 0;
+    double weight = 0.1;
+    int digits = 0;
+    for (; IsDigit(*value) && (isOpen || digits < field.FixedDigits); ++value, ++digits) {
+        const unsigned digit = *value - u'0';
+        integer = integer * 10 + digit;
+        number.Fraction += digit * weight;
+        weight /= 10.0;
+    }
+    number.Integer = static_cast<std::int64_t>(integer);
+    if (!isOpen) return digits == field.FixedDigits ? value : nullptr;
+    return field.IsBracket || field.Kind == FieldKind::Fraction ? ReadExponent(value, number) : value;
+}

@@ -1,0 +1,70 @@
+#include "timestamp/RowTimestamp.h"
+
+#include <algorithm>
+
+#include "host/DeviceHost.h"
+#include "platform/framework/Numbers.h"
+#include "settings/CsvImportSettings.h"
+
+namespace {
+
+constexpr std::int64_t UnitNanoseconds[] = {
+    3'600'000'000'000, 60'000'000'000, 1'000'000'000, 1'000'000, 1'000, 1,
+};
+constexpr int LastUnit = 5;
+constexpr std::uint64_t Day = 86'400'000'000'000;
+
+std::int64_t Correction(const CCsvImportSettings& settings, std::int64_t firstRowTime, RunTimes& times) {
+    if (!times.Correction) times.Correction = settings.GetTimeCorrection(firstRowTime);
+    return *times.Correction;
+}
+
+// The time of a row from its index; the step is cut to whole nanoseconds once, not at every row.
+std::int64_t IntervalTime(const CCsvImportSettings& settings, std::int64_t row, RunTimes& times) {
+    const std::int64_t unit = UnitNanoseconds[std::clamp(settings.IntervalUnit, 0, LastUnit)];
+    const std::int64_t step = DoubleToInt64(static_cast<double>(unit) * settings.IntervalValue);
+    const std::int64_t time = WrappingMultiply(step, row);
+    if (time == NoTimestamp) return NoTimestamp;
+    return WrappingAdd(time, Correction(settings, 0, times));
+}
+
+// Moves a time of day that went back over midnight to the first day on which it isn't before `last`.
+std::int64_t RollOver(std::int64_t time, std::int64_t last) {
+    if (time >= last) return time;
+    const std::uint64_t behind = static_cast<std::uint64_t>(last) - static_cast<std::uint64_t>(time) - 1;
+    return WrappingAdd(time, static_cast<std::int64_t>(Day + behind / Day * Day));
+}
+
+std::int64_t TextTime(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+                      RunTimes& times) {
+    const bool hasDate = settings.DateSetting == DateFromColumn;
+    std::int64_t time = ParseTimestamp(settings.TimestampFormat.c_str(), text, hasDate);
+    if (row == 0) times.FirstRowTime = time;
+    if (time == NoTimestamp) return NoTimestamp;
+    time = WrappingAdd(time, Correction(settings, times.FirstRowTime, times));
+    return settings.DateSetting == DateFixed ? RollOver(time, times.LastTime) : time;
+}
+
+std::int64_t BaseTime(IRelativeTimeContext& context) {
+    const bool isFixed = context.QueryFixedBaseA() || context.QueryFixedBaseB();
+    return isFixed ? RelativeTimeEpoch : context.GetBaseTime();
+}
+
+}  // namespace
+
+RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+                              IRelativeTimeContext& context, RunTimes& times) {
+    RowTimestamp result;
+    std::int64_t time = settings.TimeSetting == TimeInterval ? IntervalTime(settings, row, times)
+                                                             : TextTime(settings, row, text, times);
+    if (time == NoTimestamp) return result;
+    if (settings.DateSetting == DateNone) {
+        time = WrappingAdd(time, BaseTime(context));
+    } else {
+        result.Before1990 = time < AbsoluteTimeLimit;
+    }
+    result.Time = time;
+    result.Accepted = time > times.LastTime && time <= MaxTimestamp;
+    if (result.Accepted) times.LastTime = time;
+    return result;
+}

@@ -1,0 +1,39 @@
+// The timestamp of a row: from its text or its index, corrected, based, and later than the row before.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "timestamp/TimestampFormat.h"
+
+class CCsvImportSettings;
+class IRelativeTimeContext;
+
+// 01.01.1980 00:00 at UTC+1: base of relative measurement time if the host's base is fixed. Nanoseconds.
+constexpr std::int64_t RelativeTimeEpoch = 315'529'200'000'000'000;
+
+// 01.01.1990 00:00 at UTC+1: the host can't process absolute times before it.
+constexpr std::int64_t AbsoluteTimeLimit = 631'148'400'000'000'000;
+
+// The greatest timestamp that is accepted.
+constexpr std::int64_t MaxTimestamp = 0x3FFFFFFFFFFFFFFF;
+
+// The times of one run, carried from row to row.
+struct RunTimes {
+    std::int64_t LastTime = 0;      // of the last accepted row
+    std::int64_t FirstRowTime = 0;  // of the first data row before correction; NoTimestamp if it had none
+    // GetTimeCorrection, which asks the calendar, is the same for all rows of a run.
+    std::optional<std::int64_t> Correction;
+};
+
+// What became of a row.
+struct RowTimestamp {
+    std::int64_t Time = NoTimestamp;
+    bool Accepted = false;    // the row's samples are stored under Time
+    bool Before1990 = false;  // an absolute time below the limit, accepted or not
+};
+
+// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`. An accepted
+// row becomes times.LastTime. All arithmetic wraps at 64 bits.
+RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+                              IRelativeTimeContext& context, RunTimes& times);
