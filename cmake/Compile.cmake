@@ -1,0 +1,15 @@
+# The flags of every target of this project.
+add_library(kelvarin-flags INTERFACE)
+target_include_directories(kelvarin-flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(kelvarin-flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  # A fused multiply-add rounds once where the time stamps need two roundings.
+  -ffp-contract=off)
+if(KELVARIN_WERROR)
+  target_compile_options(kelvarin-flags INTERFACE -Werror)
+endif()
+if(KELVARIN_SANITIZE)
+  target_compile_options(kelvarin-flags INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kelvarin-flags INTERFACE -fsanitize=address,undefined)
+endif()
