@@ -34,7 +34,7 @@ struct Loader {
     void operator()(const IntSetting& setting) const {
         const int stored = App.GetProfileInt(SettingsSection, Key, setting.Default);
         Record.*setting.Field = std::clamp(stored, setting.Lowest, setting.Highest);
-        if (setting.Detected != nullptr) Record.*setting.Detected = Record.*setting.Field;
+        if (setting.Detected.Field != nullptr) Record.*setting.Detected.Field = Record.*setting.Field;
     }
     void operator()(const TextSetting& setting) const {
         Record.*setting.Field = App.GetProfileString(SettingsSection, Key, std::u16string());

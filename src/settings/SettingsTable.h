@@ -7,10 +7,17 @@
 
 #include "settings/CsvImportSettings.h"
 
-// An integer within bounds. `Detected` takes the same start value, or is null.
+// What the analysis finds for a setting; its start value is that of the setting.
+struct DetectedField {
+    const char16_t* Name;
+    int CCsvImportSettings::*Field;
+};
+inline constexpr DetectedField NotDetected{nullptr, nullptr};
+
+// An integer within bounds.
 struct IntSetting {
     int CCsvImportSettings::*Field;
-    int CCsvImportSettings::*Detected;
+    DetectedField Detected;
     int Default, Lowest, Highest;
 };
 
@@ -40,27 +47,36 @@ inline constexpr const char16_t* SettingsSection = u"CsvImport";
 
 // In the order of reading and writing. The last row has a way of its own into the profile.
 inline constexpr Setting SettingsTable[] = {
-    {u"AutoFormat", IntSetting{&CCsvImportSettings::AutoFormat, nullptr, 1, 0, 1}},
-    {u"Separator",
-     IntSetting{&CCsvImportSettings::Separator, &CCsvImportSettings::DetectedSeparator, 1, 0, 4}},
+    {u"AutoFormat", IntSetting{&CCsvImportSettings::AutoFormat, NotDetected, 1, 0, 1}},
+    {u"Separator", IntSetting{&CCsvImportSettings::Separator,
+                              {u"DetectedSeparator", &CCsvImportSettings::DetectedSeparator},
+                              1,
+                              0,
+                              4}},
     {u"OtherSeparator", TextSetting{&CCsvImportSettings::OtherSeparator}},
-    {u"MergeSeparators", IntSetting{&CCsvImportSettings::MergeSeparators, nullptr, 0, 0, 1}},
-    {u"FirstLine",
-     IntSetting{&CCsvImportSettings::FirstLine, &CCsvImportSettings::DetectedFirstLine, 1, 1, 999}},
-    {u"ImportHeader",
-     IntSetting{&CCsvImportSettings::ImportHeader, &CCsvImportSettings::DetectedHeader, 1, 0, 1}},
-    {u"DateSetting", IntSetting{&CCsvImportSettings::DateSetting, nullptr, 0, 0, 2}},
-    {u"DateColumn", IntSetting{&CCsvImportSettings::DateColumn, nullptr, 1, 1, 999}},
+    {u"MergeSeparators", IntSetting{&CCsvImportSettings::MergeSeparators, NotDetected, 0, 0, 1}},
+    {u"FirstLine", IntSetting{&CCsvImportSettings::FirstLine,
+                              {u"DetectedFirstLine", &CCsvImportSettings::DetectedFirstLine},
+                              1,
+                              1,
+                              999}},
+    {u"ImportHeader", IntSetting{&CCsvImportSettings::ImportHeader,
+                                 {u"DetectedHeader", &CCsvImportSettings::DetectedHeader},
+                                 1,
+                                 0,
+                                 1}},
+    {u"DateSetting", IntSetting{&CCsvImportSettings::DateSetting, NotDetected, 0, 0, 2}},
+    {u"DateColumn", IntSetting{&CCsvImportSettings::DateColumn, NotDetected, 1, 1, 999}},
     {u"StartDate", MomentSetting{&CCsvImportSettings::StartDate}},
-    {u"TimeSetting", IntSetting{&CCsvImportSettings::TimeSetting, nullptr, 0, 0, 1}},
-    {u"TimeColumn", IntSetting{&CCsvImportSettings::TimeColumn, nullptr, 1, 1, 999}},
+    {u"TimeSetting", IntSetting{&CCsvImportSettings::TimeSetting, NotDetected, 0, 0, 1}},
+    {u"TimeColumn", IntSetting{&CCsvImportSettings::TimeColumn, NotDetected, 1, 1, 999}},
     {u"IntervalValue", RealSetting{&CCsvImportSettings::IntervalValue, 1.0}},
-    {u"IntervalUnit", IntSetting{&CCsvImportSettings::IntervalUnit, nullptr, 2, 0, 5}},
-    {u"Adjust", IntSetting{&CCsvImportSettings::Adjust, nullptr, 0, 0, 1}},
+    {u"IntervalUnit", IntSetting{&CCsvImportSettings::IntervalUnit, NotDetected, 2, 0, 5}},
+    {u"Adjust", IntSetting{&CCsvImportSettings::Adjust, NotDetected, 0, 0, 1}},
     {u"AdjustTime", MomentSetting{&CCsvImportSettings::AdjustTime}},
-    {u"AdjustMode", IntSetting{&CCsvImportSettings::AdjustMode, nullptr, 0, 0, 2}},
+    {u"AdjustMode", IntSetting{&CCsvImportSettings::AdjustMode, NotDetected, 0, 0, 2}},
     {u"TimestampFormat", TextSetting{&CCsvImportSettings::TimestampFormat}},
-    {u"SaveSidecarFile", IntSetting{&CCsvImportSettings::SaveSidecarFile, nullptr, 0, 0, 1}},
+    {u"SaveSidecarFile", IntSetting{&CCsvImportSettings::SaveSidecarFile, NotDetected, 0, 0, 1}},
 };
 
 // The rows that "use as default" saves and hands on: all but SaveSidecarFile.

@@ -61,6 +61,9 @@ class CFile {
     std::u16string Path;
 };
 
+// Why a file operation failed, as the operating system says it, for people.
+std::u16string DescribeFileError(const CFileException& error);
+
 // Replaces the file at `path` by one with these bytes, by way of a temporary file in the same folder, so that
 // a crash leaves the old content or the new one, never a half. Raises CFileException; the old file then
 // stays.

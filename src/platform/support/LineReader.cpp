@@ -113,12 +113,10 @@ bool LineReader::Next(std::u16string& line) {
         searched = held < UnitSize() ? 0 : (held / UnitSize() - 1) * UnitSize();
         if (Fill()) continue;
         if (FindLineEnd(LineStart + searched, end)) break;
+        // Half a unit at the end of a file is dropped.
         const std::size_t rest = (Filled - LineStart) / UnitSize() * UnitSize();
-        end = {LineStart + rest, Filled};
-        if (rest == 0) {
-            LineStart = Filled;
-            return false;
-        }
+        if (rest == 0) return false;
+        end = {LineStart + rest, LineStart + rest};
         break;
     }
     Decode(LineStart, end.TextEnd, line);

@@ -7,8 +7,10 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 
 namespace {
 
@@ -139,6 +141,12 @@ void CFile::RaiseLastError() const {
     auto* error = new CFileException;
     Fill(error, errno, Path);
     throw error;
+}
+
+std::u16string DescribeFileError(const CFileException& error) {
+    if (error.Cause == CFileException::sharingViolation) return u"in use by another program";
+    if (error.Cause == CFileException::badSeek) return u"not a regular file";
+    return Utf8ToUtf16(std::strerror(static_cast<int>(error.OsError)));
 }
 
 void ReplaceFile(const std::u16string& path, const std::string& bytes) {

@@ -1,0 +1,36 @@
+#include <iostream>
+
+#include "app/Commands.h"
+#include "app/Complaints.h"
+#include "app/ExitStatus.h"
+#include "app/HostSession.h"
+#include "app/JsonReport.h"
+#include "app/SourceCheck.h"
+#include "app/TextReport.h"
+#include "platform/framework/Path.h"
+
+namespace {
+
+int AnalyzeFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+    const std::u16string path = PathFromNative(file);
+    HostSession session(module.Factory(), path, RunOptions());
+    const bool analyzed = session.Filter().AnalyzeFile();
+    if (options.Json) {
+        WriteAnalyzeJson(std::cout, file, analyzed, session.Filter());
+    } else if (analyzed) {
+        WriteFormatText(std::cout, file, session.Filter());
+    }
+    if (analyzed) return ExitDone;
+    ComplainAbout(file, WhyUnreadable(path));
+    return ExitFileFailed;
+}
+
+}  // namespace
+
+int RunAnalyzeCommand(const ModuleLoader& module, const Options& options) {
+    int status = ExitDone;
+    for (const std::string& file : options.Files) {
+        if (AnalyzeFile(module, options, file) != ExitDone) status = ExitFileFailed;
+    }
+    return status;
+}

@@ -1,0 +1,65 @@
+#include "app/HostSession.h"
+
+#include <limits>
+#include <utility>
+
+#include "platform/framework/Terminal.h"
+
+HostSession::HostSession(ImportFilterFactory factory, const std::u16string& path, RunOptions options)
+    : Options(std::move(options)), AllMessages(Options.KeepAllMessages), ImportFilter(factory(path.c_str())) {
+    ImportFilter->DeviceHost = this;
+    ImportFilter->TimeContext = this;
+}
+
+CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
+    Store = std::make_unique<StoredDevice>(std::move(name), description, Options.KeepSamples);
+    return Store.get();
+}
+
+// The device stays with the session: its content is what the caller wants to see.
+void HostSession::FinishDevice(CDevice*) {}
+
+bool HostSession::CollectMessages(std::uint64_t line) {
+    if (!ImportFilter->HasMessages()) return false;
+    bool anyFailure = false;
+    for (const ImportMessage& message : ImportFilter->TakeMessages()) {
+        AllMessages.Add(message, line);
+        anyFailure |= message.Failure;
+    }
+    return anyFailure;
+}
+
+RunResult HostSession::Run(const std::function<std::uint64_t()>& firstDataLine) {
+    RunResult result;
+    result.Begun = ImportFilter->BeginImport();
+    result.Failed = !result.Begun;
+    CollectMessages(0);
+    if (result.Begun) ReadLines(result, firstDataLine());
+    ImportFilter->EndImport();
+    return result;
+}
+
+void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
+    constexpr std::uint32_t Unset = std::numeric_limits<std::uint32_t>::max();
+    std::uint32_t progress = Unset;
+    std::uint32_t shown = Unset;
+    while (result.Lines < Options.MostLines) {
+        if (WasInterrupted()) {
+            result.Interrupted = true;
+            return;
+        }
+        const bool more = ImportFilter->ImportNextLine(&progress);
+        const bool anyFailure = CollectMessages(firstDataLine + result.Lines);
+        if (progress != shown) {
+            shown = progress;
+            result.Progress.push_back(progress);
+            if (Options.OnProgress) Options.OnProgress(progress);
+        }
+        if (!more) {
+            // Only a read error ends the run with a failure; the end of the file adds no message.
+            result.Failed = anyFailure;
+            return;
+        }
+        ++result.Lines;
+    }
+}

@@ -1,0 +1,64 @@
+// The life of one filter in the host's order.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/MessageList.h"
+#include "app/StoredDevice.h"
+#include "host/ImportDllInfo.h"
+#include "host/ImportFilter.h"
+
+// What a host wants of a run.
+struct RunOptions {
+    std::optional<std::int64_t> BaseTime;  // start of relative time; none: the fixed epoch
+    std::size_t KeepSamples = 0;           // of each signal
+    bool KeepAllMessages = false;
+    std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
+    std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
+};
+
+// What became of a run.
+struct RunResult {
+    bool Begun = false;                   // BeginImport said so
+    bool Failed = false;                  // could not begin, or a read error ended it
+    bool Interrupted = false;             // Ctrl-C ended it
+    std::uint64_t Lines = 0;              // calls of ImportNextLine that answered true
+    std::vector<std::uint32_t> Progress;  // percentages as they changed
+};
+
+// Makes a filter for one file, lends it the host's objects and drives it. Destroys the filter with itself.
+class HostSession : private IDeviceHost, private IRelativeTimeContext {
+  public:
+    HostSession(ImportFilterFactory factory, const std::u16string& path, RunOptions options);
+
+    CImportFilter& Filter() { return *ImportFilter; }
+
+    // BeginImport, ImportNextLine until it ends, EndImport. `firstDataLine` is asked once the run has begun.
+    RunResult Run(const std::function<std::uint64_t()>& firstDataLine);
+
+    const MessageList& Messages() const { return AllMessages; }
+
+    // The device of the run, or null.
+    const StoredDevice* Device() const { return Store.get(); }
+
+  private:
+    CDevice* CreateDevice(std::u16string name, const char16_t* description, int reserved) override;
+    void FinishDevice(CDevice* device) override;
+    std::int64_t GetBaseTime() override { return Options.BaseTime.value_or(0); }
+    bool QueryFixedBaseB() override { return false; }
+    bool QueryFixedBaseA() override { return !Options.BaseTime.has_value(); }
+
+    // Takes the filter's messages over; true if one of them is a failure.
+    bool CollectMessages(std::uint64_t line);
+    void ReadLines(RunResult& result, std::uint64_t firstDataLine);
+
+    const RunOptions Options;
+    MessageList AllMessages;
+    std::unique_ptr<StoredDevice> Store;  // outlives the filter's use of its signals
+    std::unique_ptr<CImportFilter> ImportFilter;
+};

@@ -1,0 +1,24 @@
+#include "app/ModuleLoader.h"
+
+#include "platform/framework/Text.h"
+
+std::string ModuleLoader::Load() {
+    const std::u16string path = ProgramFolder() + u"/" + ModuleFileName(u"csv-import");
+    std::u16string error;
+    if (!Library.Load(path, error)) return Utf16ToUtf8(error);
+    const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));
+    if (entry == nullptr) return Utf16ToUtf8(path) + ": no import module";
+    if (entry(&Info) != ImportDllVersion) return Utf16ToUtf8(path) + ": made for another version of the host";
+    return {};
+}
+
+std::vector<std::u16string> ModuleLoader::ResourceItems(unsigned id) const {
+    const std::u16string text = static_cast<const ModuleState*>(Info->Resources)->LoadString(id);
+    std::vector<std::u16string> items;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = text.find(u'|', begin);
+        items.push_back(text.substr(begin, end - begin));
+        if (end == std::u16string::npos) return items;
+        begin = end + 1;
+    }
+}

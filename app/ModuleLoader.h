@@ -1,0 +1,25 @@
+// The import module, loaded at run time.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/ImportDllInfo.h"
+#include "platform/framework/Module.h"
+#include "platform/framework/SharedLibrary.h"
+
+// Loads the module that lies beside the program and asks its one export for the factory.
+class ModuleLoader {
+  public:
+    // Empty, or why the module can't be used.
+    std::string Load();
+
+    ImportFilterFactory Factory() const { return Info->Factory; }
+
+    // The items of a string of the module that are separated by vertical bars.
+    std::vector<std::u16string> ResourceItems(unsigned id) const;
+
+  private:
+    SharedLibrary Library;
+    CImportDllInfo* Info = nullptr;  // the module's
+};

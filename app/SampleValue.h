@@ -1,0 +1,14 @@
+// The value of one sample, as the store's type codes lay it out in bytes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// The bytes of a sample as text for people: true, 1.5, "abc". Numbers in their shortest exact form.
+std::string SampleText(std::uint32_t type, const void* data, std::uint32_t size);
+
+// The same as JSON.
+std::string SampleJson(std::uint32_t type, const void* data, std::uint32_t size);
+
+// The sample as a number. False for texts.
+bool SampleNumber(std::uint32_t type, const void* data, double& number);

@@ -1,0 +1,26 @@
+// A device of the embedded host's store, which is its own source of signals.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/StoredSignal.h"
+#include "host/DeviceHost.h"
+
+class StoredDevice : public CDevice, public DM::SourceProxy {
+  public:
+    // Its signals keep at most `keepLimit` samples each.
+    StoredDevice(std::u16string name, std::u16string description, std::size_t keepLimit);
+
+    DM::SourceProxy* GetDmSource() override { return this; }
+    DM::EResult CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
+                             std::uint32_t size) override;
+
+    const std::u16string Name;
+    const std::u16string Description;
+    std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making
+
+  private:
+    const std::size_t KeepLimit;
+};

@@ -1,0 +1,32 @@
+#include "platform/framework/Terminal.h"
+
+#include <unistd.h>
+
+#include <csignal>
+
+namespace {
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void RememberInterrupt(int signal) {
+    interrupted = 1;
+    std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+bool IsOutputTerminal() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+bool IsErrorTerminal() {
+    return isatty(STDERR_FILENO) != 0;
+}
+
+void CatchInterrupt() {
+    std::signal(SIGINT, RememberInterrupt);
+}
+
+bool WasInterrupted() {
+    return interrupted != 0;
+}
