@@ -34,11 +34,16 @@ bool LostEveryRow(const RunResult& result, const HostSession& session) {
 }
 
 // Empty, or why the file counts as failed.
-std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
+std::string WhyFailed(const std::u16string& path, const RunResult& result, HostSession& session) {
     if (!result.Failed && !LostEveryRow(result, session)) return {};
     std::string reason = WhyUnreadable(path);
     if (!result.Failed || !reason.empty()) return reason;
-    return Utf16ToUtf8(session.Messages().Groups().back().FirstText);
+    reason = Utf16ToUtf8(session.Messages().Groups().back().FirstText);
+    // The file can be read, so it is the place of the table that is wrong.
+    const FormatSummary format = SummarizeFormat(SettingsOf(session.Filter()));
+    const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
+    return reason + " No table was found at line " + std::to_string(line) +
+           "; name its line: --set AutoFormat=0 --set FirstLine=<line> --set ImportHeader=<0 or 1>";
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,

@@ -108,13 +108,18 @@ void WriteSignals(std::ostream& out, const StoredDevice& device) {
 }
 
 // The time that the samples of all signals span; all signals of a run have the same rows.
-void WriteTimeSpan(std::ostream& out, const StoredDevice& device) {
+void WriteTimeSpan(std::ostream& out, const StoredDevice& device, bool isRelative) {
     if (device.Signals.empty() || device.Signals.front()->Count == 0) return;
     const StoredSignal& signal = *device.Signals.front();
     const CTimeStamp from(signal.FirstTime);
     const CTimeStamp to(signal.LastTime);
-    out << "  time      " << Utf16ToUtf8(from.ToText()) << " to " << Utf16ToUtf8(to.ToText()) << ", span "
-        << Utf16ToUtf8(CTimeStampSpan(from, to).ToText()) << "\n";
+    out << "  time      ";
+    if (isRelative) {
+        out << "relative measurement time";
+    } else {
+        out << Utf16ToUtf8(from.ToText()) << " to " << Utf16ToUtf8(to.ToText());
+    }
+    out << ", span " << Utf16ToUtf8(CTimeStampSpan(from, to).ToText()) << "\n";
 }
 
 // "line 3", or "lines 3, 4, 5, ... (1204 in all)".
@@ -160,13 +165,14 @@ void WriteFormatText(std::ostream& out, const std::string& file, const CImportFi
     }
 }
 
-void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
+void WriteRunText(std::ostream& out, const RunResult& result, HostSession& session,
                   const std::string& advice) {
     if (const StoredDevice* const device = session.Device()) {
         out << "  signals   " << device->Signals.size() << " from " << result.Lines << " lines"
             << (result.Interrupted ? ", ended by Ctrl-C" : "") << "\n";
         WriteSignals(out, *device);
-        WriteTimeSpan(out, *device);
+        constexpr int DateNone = 2;
+        WriteTimeSpan(out, *device, SummarizeFormat(SettingsOf(session.Filter())).DateSetting == DateNone);
     }
     WriteMessages(out, session.Messages());
     if (!advice.empty()) out << "  advice    " << advice << "\n";

@@ -12,5 +12,5 @@ void WriteFormatText(std::ostream& out, const std::string& file, const CImportFi
 
 // The signals with their samples, the time they span and the messages. `advice` is a line about what to do
 // next, or empty.
-void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
+void WriteRunText(std::ostream& out, const RunResult& result, HostSession& session,
                   const std::string& advice);
