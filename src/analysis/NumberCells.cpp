@@ -71,6 +71,12 @@ bool ParseHex(const char16_t* text, std::int64_t& value) {
 bool ParseFloat(char16_t* text, double& value, std::u16string* unit) {
     if (text == nullptr) return false;
     const char16_t decimalPoint = LocaleDecimalPoint();
+    const char16_t* mark = nullptr;
+    if (unit == nullptr && ParseShortDecimal(text, value, &mark)) {
+        // The mark is rewritten here too: a caller that refuses the number quotes the text as it then stands.
+        if (mark != nullptr) text[mark - text] = decimalPoint;
+        return true;
+    }
     SettleDecimalMark(text, decimalPoint);
     const char16_t* end = nullptr;
     value = ParseDouble(text, decimalPoint, &end);

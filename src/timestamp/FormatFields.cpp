@@ -7,6 +7,9 @@
 
 namespace {
 
+constexpr FieldKind LetterKinds[LetterCount] = {FieldKind::Year,  FieldKind::Month,   FieldKind::Day,
+                                                FieldKind::Hours, FieldKind::Minutes, FieldKind::Seconds};
+
 // A bracket field: its name, what it reads, and the character that lengthens its run.
 struct Bracket {
     std::u16string_view Name;
@@ -34,13 +37,6 @@ const char16_t* ReadBracket(const char16_t* format, FormatField& field, char16_t
     return nullptr;
 }
 
-// The kind of a field character other than "[".
-FieldKind KindOfRun(char16_t c, const std::u16string& letters) {
-    constexpr FieldKind LetterKinds[LetterCount] = {FieldKind::Year,  FieldKind::Month,   FieldKind::Day,
-                                                    FieldKind::Hours, FieldKind::Minutes, FieldKind::Seconds};
-    return c == u'0' ? FieldKind::Fraction : LetterKinds[letters.find(c)];
-}
-
 // An exponent directly behind the digits. An "e" without digits is the exponent 0; digits beyond 32 bits are
 // cut.
 const char16_t* ReadExponent(const char16_t* value, FieldNumber& number) {
@@ -57,23 +53,35 @@ const char16_t* ReadExponent(const char16_t* value, FieldNumber& number) {
 
 }  // namespace
 
-bool IsFieldCharacter(char16_t c, const std::u16string& letters) {
-    return c != u'\0' && (c == u'0' || c == u'[' || letters.find(c) != std::u16string::npos);
+FieldAlphabet::FieldAlphabet(const std::u16string& letters) : Letters(letters) {
+    for (std::size_t i = LetterCount; i-- > 0;) {
+        if (Letters[i] < AsciiCount) Ascii[Letters[i]] = LetterKinds[i];
+    }
+    Ascii[u'0'] = FieldKind::Fraction;
+    Ascii[u'['] = FieldKind::Bracket;
+    Ascii[u'\0'] = FieldKind::None;
 }
 
-const char16_t* ReadFormatField(const char16_t* format, const std::u16string& letters, FormatField& field) {
+FieldKind FieldAlphabet::KindBeyondAscii(char16_t c) const {
+    const std::size_t position = Letters.find(c);
+    return position < LetterCount ? LetterKinds[position] : FieldKind::None;
+}
+
+const FieldAlphabet& GetFieldAlphabet() {
+    static const FieldAlphabet alphabet(GetFormatLetters());
+    return alphabet;
+}
+
+const char16_t* ReadFormatField(const char16_t* format, const FieldAlphabet& alphabet, FormatField& field) {
     char16_t runCharacter = *format;
-    field.IsBracket = *format == u'[';
-    if (field.IsBracket) {
-        format = ReadBracket(format, field, runCharacter);
-        if (format == nullptr) return nullptr;
-    } else {
-        field.Kind = KindOfRun(*format++, letters);
-    }
+    field.Kind = alphabet[*format];
+    field.IsBracket = field.Kind == FieldKind::Bracket;
+    format = field.IsBracket ? ReadBracket(format, field, runCharacter) : format + 1;
+    if (format == nullptr) return nullptr;
     int run = 1;
     for (; *format == runCharacter; ++format) ++run;
     // Only a field directly before another one needs its width; any other ends where its digits do.
-    field.FixedDigits = IsFieldCharacter(*format, letters) ? run : 0;
+    field.FixedDigits = alphabet[*format] == FieldKind::None ? 0 : run;
     return format;
 }
 
@@ -90,6 +98,7 @@ const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field,
     for (; IsDigit(*value) && (isOpen || digits < field.FixedDigits); ++value, ++digits) {
         const unsigned digit = *value - u'0';
         integer = integer * 10 + digit;
+        if (field.Kind != FieldKind::Fraction) continue;  // a division per digit, which only it needs
         number.Fraction += digit * weight;
         weight /= 10.0;
     }

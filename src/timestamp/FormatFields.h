@@ -1,11 +1,15 @@
 // The fields of a timestamp format: what kinds there are, and the reading of one number.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
-// What a field's number means.
-enum class FieldKind {
+// What a character of a format begins, and what a field's number means.
+enum class FieldKind : std::uint8_t {
+    None,     // a literal, or the end
+    Bracket,  // "[": the name tells what the number means
     Year,
     Month,
     Day,
@@ -20,7 +24,7 @@ enum class FieldKind {
 
 // One field of a format, ready to be read.
 struct FormatField {
-    FieldKind Kind = FieldKind::Year;
+    FieldKind Kind = FieldKind::None;
     bool IsBracket = false;
     int FixedDigits = 0;  // exactly so many digits; 0: all that follow
 };
@@ -34,12 +38,28 @@ struct FieldNumber {
     std::int32_t Exponent = 0;
 };
 
-// True for the characters that begin a field: the six letters, "0" and "[". Any other is a literal.
-bool IsFieldCharacter(char16_t c, const std::u16string& letters);
+// The characters of a format that begin a field: the six letters, "0" and "[". A table, because every
+// character of a format is looked up for every row of a file.
+class FieldAlphabet {
+  public:
+    explicit FieldAlphabet(const std::u16string& letters);
+
+    FieldKind operator[](char16_t c) const { return c < AsciiCount ? Ascii[c] : KindBeyondAscii(c); }
+
+  private:
+    FieldKind KindBeyondAscii(char16_t c) const;
+
+    static constexpr std::size_t AsciiCount = 128;
+    std::array<FieldKind, AsciiCount> Ascii{};
+    const std::u16string Letters;
+};
+
+// The alphabet of the letters in force, made at its first use.
+const FieldAlphabet& GetFieldAlphabet();
 
 // Reads the field at `format`, which stands on a field character. Answers the place behind it, or null for a
 // bracket with an unknown name or without end.
-const char16_t* ReadFormatField(const char16_t* format, const std::u16string& letters, FormatField& field);
+const char16_t* ReadFormatField(const char16_t* format, const FieldAlphabet& alphabet, FormatField& field);
 
 // Reads the field's number at `value`. Answers the place behind it, or null if there is none.
 const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field, FieldNumber& number);

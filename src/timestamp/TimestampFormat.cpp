@@ -89,6 +89,9 @@ void TimestampParts::Store(FieldKind kind, const FieldNumber& number) {
         case FieldKind::Nanoseconds:
             setSubSecond(1.0);
             break;
+        case FieldKind::None:
+        case FieldKind::Bracket:
+            break;
     }
     if (number.Negative) Sign = -1;
     if (number.HasExponent) Exponent = number.Exponent;
@@ -120,16 +123,16 @@ std::int64_t TimestampParts::AbsoluteTime() const {
 
 // Walks format and value to the end of either. False for a mismatch; both then stand anywhere.
 bool MatchItems(const char16_t*& format, const char16_t*& value, TimestampParts& parts) {
-    const std::u16string& letters = GetFormatLetters();
+    const FieldAlphabet& alphabet = GetFieldAlphabet();
     while (*format != u'\0' && *value != u'\0') {
-        if (!IsFieldCharacter(*format, letters)) {
+        if (alphabet[*format] == FieldKind::None) {
             if (*format != *value && !(IsWhiteSpace(*format) && IsWhiteSpace(*value))) return false;
             format = SkipWhiteSpace(format + 1);
             value = SkipWhiteSpace(value + 1);
             continue;
         }
         FormatField field;
-        format = ReadFormatField(format, letters, field);
+        format = ReadFormatField(format, alphabet, field);
         if (format == nullptr || (field.IsBracket && parts.HadBracket)) return false;
         parts.HadBracket |= field.IsBracket;
         FieldNumber number;

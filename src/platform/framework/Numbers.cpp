@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <limits>
 #include <string>
 
@@ -169,6 +170,30 @@ double ParseDouble(const char16_t* text, char16_t decimalPoint, const char16_t**
     value = ConvertDecimal(scan, decimalPoint);
     *end = scan.End;
     return negative ? -value : value;
+}
+
+bool ParseShortDecimal(const char16_t* text, double& value, const char16_t** mark) {
+    const char16_t* p = text;
+    const bool negative = *p == u'-';
+    if (*p == u'-' || *p == u'+') ++p;
+    const char16_t* const digits = p;
+    std::uint64_t mantissa = 0;
+    for (; IsDigit(*p); ++p) mantissa = mantissa * 10 + (*p - u'0');
+    std::ptrdiff_t digitCount = p - digits;
+    std::ptrdiff_t decimals = 0;
+    *mark = nullptr;
+    if (*p == u',' || *p == u'.') {
+        *mark = p;
+        const char16_t* const behindMark = ++p;
+        for (; IsDigit(*p); ++p) mantissa = mantissa * 10 + (*p - u'0');
+        decimals = p - behindMark;
+        digitCount += decimals;
+    }
+    if (*p != u'\0' || digitCount == 0 || digitCount > MostDigitsInUint64) return false;
+    if (mantissa > LargestExactInteger) return false;
+    const double magnitude = static_cast<double>(mantissa) / ExactPowers[decimals];
+    value = negative ? -magnitude : magnitude;
+    return true;
 }
 
 std::int64_t ParseInt64(const char16_t* text, const char16_t** end, int radix) {

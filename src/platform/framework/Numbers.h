@@ -10,6 +10,11 @@
 // `text` if there is none (the result is then 0).
 double ParseDouble(const char16_t* text, char16_t decimalPoint, const char16_t** end);
 
+// The common case of ParseDouble alone: a sign, digits with at most one mark, comma or point, and nothing
+// else, few enough that one exact division gives the correctly rounded value. `*mark` is set to the mark, or
+// to null. False says nothing about the text.
+bool ParseShortDecimal(const char16_t* text, double& value, const char16_t** mark);
+
 // Converts the whole number at the start of `text`: leading white space, a sign, at radix 16 an optional 0x,
 // digits of `radix` (2 to 36). Saturates at the bounds of 64 bits. `*end` as for ParseDouble.
 std::int64_t ParseInt64(const char16_t* text, const char16_t** end, int radix);
