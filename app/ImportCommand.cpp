@@ -29,8 +29,8 @@ RunOptions MakeRunOptions(const Options& options, ProgressLine& progress) {
 // True if rows were read and not one of them was stored.
 bool LostEveryRow(const RunResult& result, const HostSession& session) {
     const StoredDevice* const device = session.Device();
-    if (!result.Begun || result.Lines == 0 || device == nullptr || device->Signals.empty()) return false;
-    return device->Signals.front()->Count == 0;
+    if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
+    return device->Signals.empty() || device->Signals.front()->Count == 0;
 }
 
 // Empty, or why the file counts as failed.
@@ -51,7 +51,10 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     if (!result.Begun) return;
     std::string advice;
     const bool readsTime = SummarizeFormat(SettingsOf(session.Filter())).TimeSetting == 0;
-    if (LostEveryRow(result, session) && readsTime) advice = AdviseTimestamp(module, path, session.Filter());
+    const bool hasReason =
+        !session.Messages().IsEmpty();  // a lone column of times gives no signal, and rightly so
+    if (LostEveryRow(result, session) && readsTime && hasReason)
+        advice = AdviseTimestamp(module, path, session.Filter());
     WriteFormatText(std::cout, file, session.Filter());
     WriteRunText(std::cout, result, session, advice);
 }
