@@ -122,10 +122,13 @@ std::string AdviseTimestamp(const ModuleLoader& module, const std::u16string& pa
             : "no row fits the timestamp format '" + Utf16ToUtf8(format.TimestampFormat) + "'";
     std::string options;
     std::size_t found = 0;
+    bool hasDate = false;
     if (columns <= MostColumns) {
         for (const Proposal& proposal : AllProposals(module, format, static_cast<int>(columns))) {
-            if (found == MostProposals) break;
+            // A format that reads a date leaves no doubt; the elapsed times behind it would only confuse.
+            if (found == MostProposals || (hasDate && proposal.DateSetting != 0)) break;
             if (!Fits(module.Factory(), path, proposal)) continue;
+            hasDate |= proposal.DateSetting == 0;
             options += (found++ == 0 ? "" : "  or  ") + OptionsOf(proposal);
         }
     }
