@@ -7,3 +7,4 @@
 
 int RunImportCommand(const ModuleLoader& module, const Options& options);
 int RunAnalyzeCommand(const ModuleLoader& module, const Options& options);
+int RunSidecarCommand(const ModuleLoader& module, const Options& options);

@@ -62,7 +62,7 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
                            {"analyzed", analyzed},
                            {"settings", SettingsToJson(settings)},
                            {"columns", ColumnsToJson(settings)},
-                           {"sidecarWarning", ""}};
+                           {"sidecarWarning", SidecarWarningOf(filter)}};
     out << document.dump() << "\n";
 }
 

@@ -15,6 +15,7 @@ class ModuleLoader {
     std::string Load();
 
     ImportFilterFactory Factory() const { return Info->Factory; }
+    ISidecarTool& SidecarTool() const { return *Info->SidecarTool; }
 
     // The items of a string of the module that are separated by vertical bars.
     std::vector<std::u16string> ResourceItems(unsigned id) const;

@@ -121,7 +121,7 @@ std::string AllowedOptions(const CLI::App& command) {
 // A file as first argument means import, and so does an option of that command.
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
-    constexpr std::string_view Known[] = {"import", "analyze", "--help", "-h", "--version"};
+    constexpr std::string_view Known[] = {"import", "analyze", "sidecar", "--help", "-h", "--version"};
     if (!arguments.empty() &&
         std::find(std::begin(Known), std::end(Known), arguments.front()) == std::end(Known)) {
         arguments.insert(arguments.begin(), "import");
@@ -143,18 +143,24 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Options& options) {
     AddCommonOptions(*import, raw, options);
     AddImportOptions(*import, raw);
     AddCommonOptions(*analyze, raw, options);
+    CLI::App* const sidecar =
+        program.add_subcommand("sidecar", "Write FILE.info from the settings in force, or check one");
+    AddCommonOptions(*sidecar, raw, options);
+    sidecar->add_flag("--check", options.CheckOnly, "FILE is a sidecar: say how it reads");
     try {
         program.parse(CommandLineArguments(argc, argv));
     } catch (const CLI::Success& wish) {
         return program.exit(wish);
     } catch (const CLI::ExtrasError& error) {
-        const CLI::App& command = analyze->parsed() ? *analyze : *import;
+        const CLI::App& command = *program.get_subcommands().front();
         return Complain(std::string(error.what()) + "; allowed are " + AllowedOptions(command));
     } catch (const CLI::ParseError& error) {
         return Complain(std::string(error.what()) + "; see --help");
     }
     const std::string complaint = CheckOptions(raw, options);
     if (!complaint.empty()) return Complain(complaint);
-    options.What = analyze->parsed() ? Command::Analyze : Command::Import;
+    options.What = analyze->parsed()   ? Command::Analyze
+                   : sidecar->parsed() ? Command::Sidecar
+                                       : Command::Import;
     return std::nullopt;
 }

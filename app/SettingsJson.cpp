@@ -101,6 +101,10 @@ const CCsvImportSettings& SettingsOf(const CImportFilter& filter) {
     return static_cast<const CCsvImportFilter&>(filter).GetSettings();
 }
 
+std::string SidecarWarningOf(const CImportFilter& filter) {
+    return Utf16ToUtf8(static_cast<const CCsvImportFilter&>(filter).GetSidecarWarning());
+}
+
 Json NumberToJson(double number) {
     if (std::isnan(number)) return "NaN";
     if (std::isinf(number)) return number > 0 ? "Infinity" : "-Infinity";

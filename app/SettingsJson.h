@@ -13,6 +13,9 @@ class CImportFilter;
 // The settings of a filter of the module.
 const CCsvImportSettings& SettingsOf(const CImportFilter& filter);
 
+// The warning about the filter's sidecar; empty if there is none.
+std::string SidecarWarningOf(const CImportFilter& filter);
+
 // Every field of the record but the columns; every entry of the columns, in order.
 nlohmann::ordered_json SettingsToJson(const CCsvImportSettings& settings);
 nlohmann::ordered_json ColumnsToJson(const CCsvImportSettings& settings);

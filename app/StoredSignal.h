@@ -13,7 +13,7 @@
 struct StoredSample {
     std::int64_t Time = 0;  // nanoseconds
     bool HasValue = false;
-    std::string Bytes;   // short ones without a block of their own
+    std::string Bytes;  // short ones without a block of their own
 };
 
 // Keeps a summary of all its samples and the first of them, up to a limit, column by column.

@@ -31,6 +31,12 @@ int main(int argc, char** argv) {
         Complain(reason);
         return ExitFileFailed;
     }
-    return options.What == Command::Analyze ? RunAnalyzeCommand(module, options)
-                                            : RunImportCommand(module, options);
+    switch (options.What) {
+        case Command::Analyze:
+            return RunAnalyzeCommand(module, options);
+        case Command::Sidecar:
+            return RunSidecarCommand(module, options);
+        default:
+            return RunImportCommand(module, options);
+    }
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 class CImportFilter;
+class ISidecarTool;
 
 // Makes a filter for the file at a path. The caller owns it and destroys it.
 using ImportFilterFactory = CImportFilter* (*)(const char16_t* path);
@@ -21,6 +22,7 @@ class CImportDllInfo {
     const ModuleHandle Instance;
     const ModuleHandle Resources;
     const ImportFilterFactory Factory;
+    ISidecarTool* SidecarTool = nullptr;  // the module's, for hosts without a dialog; null if it has none
 };
 
 // The answer of the export of every module that this host can use.

@@ -19,6 +19,17 @@ class CTimeStamp {
     // the time of day is none.
     CTimeStamp(int year, int month, int day, int hour, int minute, int second, int nanosecond);
 
+    // The moment 0, for fromString.
+    CTimeStamp() : Nanoseconds(0) {}
+
+    // Reads a local date and time by a format of runs of Y, M, D, H, m and s, each so many digits, and other
+    // characters that stand for themselves. What the format lacks is 1970-01-01 00:00:00. False, with the
+    // stamp left alone, if the whole text doesn't fit or the date or time doesn't exist.
+    bool fromString(const std::u16string& text, const std::u16string& format, int reserved);
+
+    // Seconds since 1970, rounded toward the past.
+    CTime GetCTime() const;
+
     // Nanoseconds since 1970.
     std::int64_t toTIME() const { return Nanoseconds; }
 

@@ -53,6 +53,7 @@ bool CCsvImportFilter::BeginImport() {
         CollectSampleColumns();
         Times.LastTime = 0;
         Times.Correction.reset();
+        if (!SidecarWarning.empty()) AddMessage(false, -2, false, SidecarWarning);
         return true;
     } catch (CFileException* error) {
         HandleFileError(error, true);

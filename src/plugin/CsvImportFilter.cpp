@@ -1,18 +1,29 @@
 #include "plugin/CsvImportFilter.h"
 
+#include "host/SupportFunctions.h"
 #include "platform/framework/FormatText.h"
 #include "platform/framework/Locale.h"
 #include "resources/AppString.h"
 #include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"
 
-CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path) {
+CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), InfoFile(FilePath) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
     Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+    ReadSidecar();
 }
 
 CCsvImportFilter::~CCsvImportFilter() = default;
+
+void CCsvImportFilter::ReadSidecar() {
+    const int errors = InfoFile.Read();
+    if (errors == 0) InfoFile.ApplyToSettings(Settings);
+    if (errors > 0) {
+        const std::u16string name = PathUtil::FindFileName(InfoFile.GetPath());
+        SidecarWarning = FormatText(LoadAppString(IdBadSidecar), name);
+    }
+}
 
 std::u16string CCsvImportFilter::GetFileFilter() {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());

@@ -10,6 +10,7 @@
 #include "plugin/SampleWriter.h"
 #include "settings/CellList.h"
 #include "settings/CsvImportSettings.h"
+#include "settings/CsvInfoFile.h"
 #include "timestamp/RowTimestamp.h"
 
 // Idle: the file is closed and there is no device. BeginImport makes it running, EndImport idle again. What
@@ -17,7 +18,8 @@
 // exception.
 class CCsvImportFilter : public CImportFilter {
   public:
-    // Reads the profile into the settings. Opens no file.
+    // Reads the profile into the settings, and lays the sidecar over them if it reads without an error.
+    // Doesn't open the source file.
     explicit CCsvImportFilter(const char16_t* path);
     ~CCsvImportFilter() override;
 
@@ -37,8 +39,12 @@ class CCsvImportFilter : public CImportFilter {
 
     // The settings, for a host that shows them.
     const CCsvImportSettings& GetSettings() const { return Settings; }
+    const std::u16string& GetSidecarWarning() const { return SidecarWarning; }
 
   private:
+    // Lays the sidecar over the settings, or makes the warning about it.
+    void ReadSidecar();
+
     // Opens, analyses and closes the source file. With `requireColumns` a file without any column fails; with
     // `reportFailure` a failure gives a message.
     bool RunAnalysis(bool reportFailure, bool requireColumns);
@@ -67,9 +73,11 @@ class CCsvImportFilter : public CImportFilter {
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
 
     CCsvImportSettings Settings;
-    CStdioFileEx SourceFile;       // closed except during an analysis or a run
-    std::int32_t CurrentLine = 0;  // 1-based number of the line being read; blank lines of a run don't count
-    std::u16string LineText;       // the line just read, which the cells point into
+    CCsvInfoFile InfoFile;
+    CStdioFileEx SourceFile;        // closed except during an analysis or a run
+    std::u16string SidecarWarning;  // about a sidecar with errors; empty if there is none
+    std::int32_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
+    std::u16string LineText;        // the line just read, which the cells point into
     CellList Cells;
     std::u16string TimestampText;     // the row's date and time cells, kept for its storage
     CFileException FileError{false};  // filled by a failing Open

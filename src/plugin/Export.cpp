@@ -2,6 +2,7 @@
 #include "host/ImportDllInfo.h"
 #include "plugin/CsvImportApp.h"
 #include "plugin/CsvImportFactory.h"
+#include "plugin/SidecarTool.h"
 #include "resources/ModuleResources.h"
 
 namespace {
@@ -22,7 +23,9 @@ const LoadedApp theApp;
 // Hands over the module's record; it belongs to the module, is made at the first call and stays the same.
 extern "C" std::uint32_t GetKelvarinImportDllInfo(CImportDllInfo** info) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    static CSidecarTool sidecarTool;
     static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter);
+    dllInfo.SidecarTool = &sidecarTool;
     *info = &dllInfo;
     return ImportDllVersion;
 }

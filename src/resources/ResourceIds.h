@@ -20,5 +20,6 @@ enum EStringId : unsigned {
     IdTooFewLines = 1402,
     IdWrongCell = 1403,    // %s: cell, %s: signal, %i: line, %s: data type
     IdNoTimestamp = 1404,  // %i: line
-    IdBefore1990 = 1405
+    IdBefore1990 = 1405,
+    IdBadSidecar = 1406  // %s: file name
 };

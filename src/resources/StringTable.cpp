@@ -29,6 +29,7 @@ constexpr StringResource Strings[] = {
     {IdNoTimestamp,
      u"Für den Datensatz in Zeile %i konnte kein gültiger Zeitstempel importiert bzw. generiert werden."},
     {IdBefore1990, u"Absolute Zeitstempel vor dem 01.01.1990 können von kelvarin nicht verarbeitet werden."},
+    {IdBadSidecar, u"Die Sidecar-Datei '%s' enthält ungültige Angaben."},
 };
 
 }  // namespace

@@ -41,26 +41,6 @@ char16_t* PutPoint(char32_t point, char16_t* out) {
     return out;
 }
 
-// Appends one code point as UTF-8.
-void AppendUtf8(char32_t point, std::string& out) {
-    const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
-    if (point < 0x80) {
-        put(point);
-    } else if (point < 0x800) {
-        put(0xC0 | (point >> 6));
-        put(0x80 | (point & 0x3F));
-    } else if (point < 0x10000) {
-        put(0xE0 | (point >> 12));
-        put(0x80 | ((point >> 6) & 0x3F));
-        put(0x80 | (point & 0x3F));
-    } else {
-        put(0xF0 | (point >> 18));
-        put(0x80 | ((point >> 12) & 0x3F));
-        put(0x80 | ((point >> 6) & 0x3F));
-        put(0x80 | (point & 0x3F));
-    }
-}
-
 constexpr bool IsHighSurrogate(char16_t c) {
     return c >= 0xD800 && c <= 0xDBFF;
 }
@@ -109,6 +89,25 @@ std::size_t WidenAscii(std::string_view bytes, char16_t* out) {
         out[at] = byte;
     }
     return at;
+}
+
+void AppendUtf8(char32_t point, std::string& out) {
+    const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
+    if (point < 0x80) {
+        put(point);
+    } else if (point < 0x800) {
+        put(0xC0 | (point >> 6));
+        put(0x80 | (point & 0x3F));
+    } else if (point < 0x10000) {
+        put(0xE0 | (point >> 12));
+        put(0x80 | ((point >> 6) & 0x3F));
+        put(0x80 | (point & 0x3F));
+    } else {
+        put(0xF0 | (point >> 18));
+        put(0x80 | ((point >> 12) & 0x3F));
+        put(0x80 | ((point >> 6) & 0x3F));
+        put(0x80 | (point & 0x3F));
+    }
 }
 
 bool DecodeUtf8(std::string_view bytes, std::u16string& text) {

@@ -17,6 +17,9 @@ bool DecodeUtf8(std::string_view bytes, std::u16string& text);
 // UTF-8 to UTF-16; every byte that belongs to no valid sequence becomes U+FFFD.
 std::u16string Utf8ToUtf16(std::string_view bytes);
 
+// Appends one code point up to U+10FFFF as UTF-8.
+void AppendUtf8(char32_t point, std::string& out);
+
 // UTF-16 to UTF-8; a lone surrogate becomes U+FFFD.
 std::string Utf16ToUtf8(std::u16string_view text);
 

@@ -28,6 +28,26 @@ bool Exists(const LocalTime& t) {
     return t.Hour >= 0 && t.Hour < 24 && t.Minute >= 0 && t.Minute < 60 && t.Second >= 0 && t.Second < 60;
 }
 
+// The part of a date and time that a letter of a format stands for, or null.
+int* FieldOf(char16_t letter, LocalTime& local) {
+    switch (letter) {
+        case u'Y':
+            return &local.Year;
+        case u'M':
+            return &local.Month;
+        case u'D':
+            return &local.Day;
+        case u'H':
+            return &local.Hour;
+        case u'm':
+            return &local.Minute;
+        case u's':
+            return &local.Second;
+        default:
+            return nullptr;
+    }
+}
+
 // Local midnight of a date in seconds since 1970. A file's rows lie on few days, and the runtime's conversion
 // costs more than all else in a row, so the last answer is kept. The zone doesn't change in a process.
 std::int64_t Midnight(int year, int month, int day) {
@@ -61,6 +81,29 @@ CTimeStamp::CTimeStamp(int year, int month, int day, int hour, int minute, int s
     const bool isMidnight = hour == 0 && minute == 0 && second == 0;
     const std::int64_t seconds = isMidnight ? Midnight(year, month, day) : FromLocalTime(local);
     Nanoseconds = WrappingAdd(WrappingMultiply(seconds, NanosecondsPerSecond), nanosecond);
+}
+
+bool CTimeStamp::fromString(const std::u16string& text, const std::u16string& format, int) {
+    LocalTime local{1970, 1, 1, 0, 0, 0};
+    if (text.size() != format.size()) return false;
+    char16_t before = u'\0';
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        int* const field = FieldOf(format[i], local);
+        if (field == nullptr) {
+            if (text[i] != format[i]) return false;
+        } else {
+            if (!IsDigit(text[i])) return false;
+            *field = (format[i] == before ? *field * 10 : 0) + (text[i] - u'0');
+        }
+        before = format[i];
+    }
+    if (!Exists(local)) return false;
+    Nanoseconds = WrappingMultiply(FromLocalTime(local), NanosecondsPerSecond);
+    return true;
+}
+
+CTime CTimeStamp::GetCTime() const {
+    return CTime{FloorSeconds(Nanoseconds)};
 }
 
 std::int64_t CTimeStamp::DaytimeToTIME(bool) const {

@@ -155,6 +155,9 @@ void ReplaceFile(const std::u16string& path, const std::string& bytes) {
     auto* error = new CFileException;
     if (!file.Open(temporary.c_str(), CFile::modeWrite | CFile::modeCreate, error)) throw error;
     error->Delete();
+    struct stat status {};
+    if (stat(PathToNative(path).c_str(), &status) == 0)
+        chmod(PathToNative(temporary).c_str(), status.st_mode & 07777);
     try {
         file.Write(bytes.data(), bytes.size());
         file.Flush();

@@ -1,0 +1,97 @@
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "app/Commands.h"
+#include "app/Complaints.h"
+#include "app/ExitStatus.h"
+#include "app/TextTable.h"
+#include "host/SidecarTool.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+std::string PrintableName(const std::string& file) {
+    return Utf16ToUtf8(PathFromNative(file));
+}
+
+// Empty, or what is wrong with the sidecar.
+std::string ComplaintOf(const SidecarCheck& check) {
+    if (check.Errors < 0) return check.Reason;
+    if (check.Errors > 0) {
+        return "line " + std::to_string(check.Line) + ", column " + std::to_string(check.Column) + ": " +
+               check.Reason;
+    }
+    if (check.KnownRevision) return {};
+    return "format-rev \"" + Utf16ToUtf8(check.Revision) +
+           "\" is unknown, so nothing is read; known are 1 and 2";
+}
+
+void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
+    Json fields = Json::object();
+    for (const SidecarField& field : check.Fields) fields[field.Element] = Utf16ToUtf8(field.Value);
+    const Json document = {{"file", PrintableName(file)},
+                           {"errors", check.Errors},
+                           {"line", check.Line},
+                           {"column", check.Column},
+                           {"reason", check.Reason},
+                           {"revision", Utf16ToUtf8(check.Revision)},
+                           {"knownRevision", check.KnownRevision},
+                           {"fields", fields}};
+    std::cout << document.dump() << "\n";
+}
+
+void WriteCheckText(const std::string& file, const SidecarCheck& check) {
+    if (check.Errors < 0) return;
+    const std::string revision = check.Revision.empty() ? "1" : Utf16ToUtf8(check.Revision);
+    std::cout << PrintableName(file) << "\n  revision " << revision << ", "
+              << (check.Errors == 0 ? "no error" : std::to_string(check.Errors) + " errors: not used")
+              << "\n";
+    TextTable table({TextTable::Align::Left, TextTable::Align::Left});
+    constexpr std::size_t ValueWidth = 100;
+    for (const SidecarField& field : check.Fields) {
+        table.AddRow({field.Element, "\"" + OneLine(Utf16ToUtf8(field.Value), ValueWidth) + "\""});
+    }
+    table.Write(std::cout, "    ");
+}
+
+int CheckFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+    const SidecarCheck check = module.SidecarTool().CheckSidecar(PathFromNative(file).c_str());
+    if (options.Json) {
+        WriteCheckJson(file, check);
+    } else {
+        WriteCheckText(file, check);
+    }
+    const std::string complaint = ComplaintOf(check);
+    if (complaint.empty()) return ExitDone;
+    ComplainAbout(file, complaint);
+    return ExitFileFailed;
+}
+
+int WriteFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+    std::string reason;
+    const bool written = module.SidecarTool().WriteSidecar(PathFromNative(file).c_str(), reason);
+    if (options.Json) {
+        const Json document = {{"file", PrintableName(file)}, {"written", written}};
+        std::cout << document.dump() << "\n";
+    } else if (written) {
+        std::cout << PrintableName(file) << ".info\n";
+    }
+    if (written) return ExitDone;
+    ComplainAbout(file, reason);
+    return ExitFileFailed;
+}
+
+}  // namespace
+
+int RunSidecarCommand(const ModuleLoader& module, const Options& options) {
+    int status = ExitDone;
+    for (const std::string& file : options.Files) {
+        const int done =
+            options.CheckOnly ? CheckFile(module, options, file) : WriteFile(module, options, file);
+        if (done != ExitDone) status = done;
+    }
+    return status;
+}

@@ -1,0 +1,79 @@
+#include "plugin/SidecarTool.h"
+
+#include "host/StdioFileEx.h"
+#include "host/XmlString.h"
+#include "platform/framework/Text.h"
+#include "settings/CsvImportSettings.h"
+#include "settings/CsvInfoFile.h"
+
+namespace {
+
+// Fills the record's format from the file; false with the reason if there is none to find.
+bool DetectFormatOf(const char16_t* path, CCsvImportSettings& settings, std::string& reason) {
+    CStdioFileEx file;
+    CFileException error(false);
+    try {
+        if (!file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareExclusive, &error)) throw &error;
+        if (settings.DetectFormat(file)) return true;
+        reason = "the file is empty";
+    } catch (CFileException* failure) {
+        reason = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+    }
+    return false;
+}
+
+std::u16string ToText(std::int32_t number) {
+    return Utf8ToUtf16(std::to_string(number));
+}
+
+std::u16string ToText(bool value) {
+    return value ? u"True" : u"False";
+}
+
+// A double as the file itself writes it.
+std::u16string ToText(double number) {
+    DM::XmlString xml(true);
+    xml.WriteOpeningTag("n", false);
+    xml.WriteRealContent(number, false);
+    return Utf8ToUtf16(xml.GetString().substr(3));
+}
+
+std::vector<SidecarField> FieldsOf(const CCsvInfoFile& file) {
+    return {
+        {"START-LINE", ToText(file.StartLine)},         {"SEPARATOR", file.SeparatorText},
+        {"DELIMITER-DECIMAL-POINT", file.DecimalPoint}, {"DELIMITER-MIL", file.ThousandsSeparator},
+        {"TIME-COLUMN", ToText(file.TimeColumn)},       {"MERGE-SEPARATORS", ToText(file.MergeSeparators)},
+        {"IMPORT-HEADER", ToText(file.ImportHeader)},   {"DATE-SETTING", ToText(file.DateSetting)},
+        {"DATE-COLUMN", ToText(file.DateColumn)},       {"START-DATE", file.StartDateText},
+        {"TIME-SETTING", ToText(file.TimeSetting)},     {"TIME-INTERVAL-VALUE", ToText(file.IntervalValue)},
+        {"TIME-INTERVAL-UNIT", file.IntervalUnitText},  {"TIME-ADJUST", file.TimeAdjustText},
+        {"TIME-ADJUST-MODE", ToText(file.AdjustMode)},  {"TIMESTAMP-FORMAT", file.TimestampFormat}};
+}
+
+}  // namespace
+
+bool CSidecarTool::WriteSidecar(const char16_t* sourcePath, std::string& reason) {
+    CCsvImportSettings settings;
+    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
+    CCsvInfoFile file(sourcePath);
+    file.Read();  // for what only the file knows
+    file.TakeFromSettings(settings);
+    return file.Replace(reason);
+}
+
+SidecarCheck CSidecarTool::CheckSidecar(const char16_t* sidecarPath) {
+    CCsvInfoFile file{std::u16string()};
+    file.Path = sidecarPath;
+    SidecarCheck check;
+    check.Errors = file.Read();
+    const CCsvInfoFile::Diagnosis& diagnosis = file.GetDiagnosis();
+    check.Line = diagnosis.Line;
+    check.Column = diagnosis.Column;
+    check.Reason = diagnosis.Reason;
+    check.Revision = diagnosis.Revision;
+    check.KnownRevision =
+        diagnosis.Revision.empty() || diagnosis.Revision == u"1" || diagnosis.Revision == u"2";
+    if (check.Errors >= 0) check.Fields = FieldsOf(file);
+    return check;
+}
