@@ -1,0 +1,44 @@
+#include "program/ProgramRun.h"
+
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+std::string Quoted(const std::string& text) {
+    std::string quoted = "'";
+    for (const char c : text) {
+        if (c == '\'') {
+            quoted += "'\\''";
+        } else {
+            quoted += c;
+        }
+    }
+    return quoted + "'";
+}
+
+}  // namespace
+
+std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) const {
+    const std::string folder = Folder.NativePath("").string();
+    std::string command = "cd " + Quoted(folder) + " && exec env LC_ALL=C 'TZ=CET-1CEST,M3.5.0,M10.5.0/3' ";
+    command += "XDG_CONFIG_HOME=" + Quoted(folder + "/config") + " " + Quoted(KELVARIN_IMPORT);
+    for (const std::string& argument : arguments) command += " " + Quoted(argument);
+    return command;
+}
+
+ProgramResult ProgramRun::operator()(const std::vector<std::string>& arguments) const {
+    const std::string errors = Folder.NativePath("stderr.txt").string();
+    ProgramResult result;
+    FILE* const pipe = popen((CommandLine(arguments) + " 2>" + Quoted(errors)).c_str(), "r");
+    if (pipe == nullptr) return result;
+    char block[4096];
+    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) result.Out.append(block, count);
+    const int status = pclose(pipe);
+    result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+    result.Err = Folder.Read("stderr.txt");
+    std::remove(errors.c_str());
+    return result;
+}

@@ -1,0 +1,29 @@
+// Runs the program as a shell would.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "kit/Workdir.h"
+
+// What a run left behind.
+struct ProgramResult {
+    int Status = -1;
+    std::string Out;
+    std::string Err;
+};
+
+// A folder with files, and runs of the program in it. The user's profile is empty, the zone is Central Europe
+// and the locale is C, whatever the machine has.
+class ProgramRun {
+  public:
+    // Runs the program with these arguments in the folder.
+    ProgramResult operator()(const std::vector<std::string>& arguments) const;
+
+    // The command line that operator() hands to the shell.
+    std::string CommandLine(const std::vector<std::string>& arguments) const;
+
+    void Write(const std::string& name, const std::string& bytes) const { Folder.Write(name, bytes); }
+
+    Workdir Folder;
+};
