@@ -24,7 +24,8 @@ int DaysOfMonth(int year, int month) {
 }
 
 bool Exists(const LocalTime& t) {
-    if (t.Month < 1 || t.Month > 12 || t.Day < 1 || t.Day > DaysOfMonth(t.Year, t.Month)) return false;
+    if (t.Year < 1 || t.Year > 9999 || t.Month < 1 || t.Month > 12) return false;
+    if (t.Day < 1 || t.Day > DaysOfMonth(t.Year, t.Month)) return false;
     return t.Hour >= 0 && t.Hour < 24 && t.Minute >= 0 && t.Minute < 60 && t.Second >= 0 && t.Second < 60;
 }
 
