@@ -6,10 +6,10 @@
 
 namespace {
 
-// Made at its first use and never destroyed: a filter may outlive the other statics of the module.
+// Made at its first use; the host destroys every filter before it unloads the module.
 std::vector<CCsvImportSettings*>& Instances() {
-    static auto* const s_Instances = new std::vector<CCsvImportSettings*>;
-    return *s_Instances;
+    static std::vector<CCsvImportSettings*> s_Instances;
+    return s_Instances;
 }
 
 }  // namespace
