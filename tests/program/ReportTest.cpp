@@ -96,11 +96,4 @@ TEST(Advice, NamesOptionsThatGiveEveryRowItsTime) {
     }
 }
 
-TEST(Advice, IsSilentWhenRowsAreStored) {
-    const ProgramRun run;
-    run.Write("data.csv", GermanFile);
-    const ProgramResult result = run({"--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss,000", "data.csv"});
-    EXPECT_EQ(result.Out.find("advice"), std::string::npos) << result.Out;
-}
-
 }  // namespace
