@@ -8,3 +8,4 @@
 int RunImportCommand(const ModuleLoader& module, const Options& options);
 int RunAnalyzeCommand(const ModuleLoader& module, const Options& options);
 int RunSidecarCommand(const ModuleLoader& module, const Options& options);
+int RunDialogCommand(const ModuleLoader& module, const Options& options);

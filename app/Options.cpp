@@ -121,7 +121,8 @@ std::string AllowedOptions(const CLI::App& command) {
 // A file as first argument means import, and so does an option of that command.
 std::vector<std::string> CommandLineArguments(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
-    constexpr std::string_view Known[] = {"import", "analyze", "sidecar", "--help", "-h", "--version"};
+    constexpr std::string_view Known[] = {"import", "analyze", "sidecar",  "dialog",
+                                          "--help", "-h",      "--version"};
     if (!arguments.empty() &&
         std::find(std::begin(Known), std::end(Known), arguments.front()) == std::end(Known)) {
         arguments.insert(arguments.begin(), "import");
@@ -146,6 +147,12 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Options& options) {
     CLI::App* const sidecar =
         program.add_subcommand("sidecar", "Write FILE.info from the settings in force, or check one");
     AddCommonOptions(*sidecar, raw, options);
+    CLI::App* const dialog =
+        program.add_subcommand("dialog", "The settings dialog of one file, driven by a script");
+    AddCommonOptions(*dialog, raw, options);
+    dialog->get_option("FILE")->expected(1);
+    dialog->add_option("--script", options.Script, "Steps of the user, one a line; - for standard input")
+        ->type_name("FILE");
     sidecar->add_flag("--check", options.CheckOnly, "FILE is a sidecar: say how it reads");
     try {
         program.parse(CommandLineArguments(argc, argv));
@@ -161,6 +168,7 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Options& options) {
     if (!complaint.empty()) return Complain(complaint);
     options.What = analyze->parsed()   ? Command::Analyze
                    : sidecar->parsed() ? Command::Sidecar
+                   : dialog->parsed()  ? Command::Dialog
                                        : Command::Import;
     return std::nullopt;
 }

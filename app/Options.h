@@ -11,7 +11,7 @@
 
 #include "platform/support/ProfileOverlay.h"
 
-enum class Command { Import, Analyze, Sidecar };
+enum class Command { Import, Analyze, Sidecar, Dialog };
 
 constexpr std::size_t AllSamples = std::numeric_limits<std::size_t>::max();
 
@@ -23,6 +23,7 @@ struct Options {
     bool Json = false;
     bool KeepAll = false;                  // keep every sample in memory
     std::optional<std::size_t> Samples;    // how many of each signal the report lists
+    std::string Script;                    // of dialog: a file, or - for standard input
     bool CheckOnly = false;                // of sidecar: read, don't write
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
 };

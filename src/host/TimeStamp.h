@@ -40,6 +40,10 @@ class CTimeStamp {
     // The stamp's local date at midnight, in nanoseconds since 1970.
     std::int64_t DateToTIME() const;
 
+    // The local date and time by a format with %x (MM/DD/YY), %X (HH:MM:SS), %ms, %µs and %ns (three digits
+    // each).
+    std::u16string Format(const std::u16string& format, int reserved, bool local, bool reserved2) const;
+
     // The local date and time: "YYYY-MM-DD hh:mm:ss", then the nanoseconds as ".nnnnnnnnn" without zeros at
     // the end, or nothing if they are 0.
     std::u16string ToText() const;
@@ -51,7 +55,12 @@ class CTimeStamp {
 // The distance between two moments in nanoseconds. Overflow of 64 bits wraps.
 class CTimeStampSpan {
   public:
+    explicit CTimeStampSpan(std::int64_t nanoseconds) : Nanoseconds(nanoseconds) {}
     CTimeStampSpan(const CTimeStamp& from, const CTimeStamp& to);
+
+    // The distance by a format with %h (hours, any number), %M, %S (two digits), %ms, %µs, %ns (three digits
+    // each); a negative one has a sign in front.
+    std::u16string Format(const std::u16string& format, bool hoursBeyondDay) const;
 
     std::int64_t toTIME() const { return Nanoseconds; }
 

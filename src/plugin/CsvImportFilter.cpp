@@ -34,10 +34,6 @@ bool CCsvImportFilter::HasOptionDialog() {
     return true;
 }
 
-std::int64_t CCsvImportFilter::ShowOptionDialog() {
-    return 0;
-}
-
 void CCsvImportFilter::CopyOptionsFrom(CImportFilter& other) {
     Settings = static_cast<CCsvImportFilter&>(other).Settings;
     // Nothing of a run may point into the old columns.

@@ -26,8 +26,10 @@ class CCsvImportFilter : public CImportFilter {
     // --- Questions and options (CsvImportFilter.cpp) ---
     std::u16string GetFileFilter() override;
     bool HasOptionDialog() override;
-    std::int64_t ShowOptionDialog() override;
     void CopyOptionsFrom(CImportFilter& other) override;  // another CCsvImportFilter
+
+    // --- Settings dialog (FilterDialog.cpp) ---
+    std::int64_t ShowOptionDialog() override;
 
     // --- Analysis (FilterAnalysis.cpp) ---
     bool AnalyzeFile() override;

@@ -1,5 +1,7 @@
 #include "platform/framework/Module.h"
 
+#include "platform/framework/DialogTemplate.h"
+
 namespace {
 
 thread_local ModuleState* currentModule = nullptr;
@@ -9,6 +11,13 @@ thread_local ModuleState* currentModule = nullptr;
 const char16_t* StringTable::Find(unsigned id) const {
     for (std::size_t i = 0; i < Count; ++i) {
         if (Entries[i].Id == id) return Entries[i].Text;
+    }
+    return nullptr;
+}
+
+const DialogTemplate* DialogTable::Find(int id) const {
+    for (std::size_t i = 0; i < Count; ++i) {
+        if (Entries[i].Id == id) return &Entries[i];
     }
     return nullptr;
 }

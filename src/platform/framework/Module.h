@@ -22,15 +22,28 @@ struct StringTable {
     const char16_t* Find(unsigned id) const;
 };
 
+struct DialogTemplate;
+
+// A module's dialog templates; refers to static tables.
+struct DialogTable {
+    const DialogTemplate* Entries = nullptr;
+    std::size_t Count = 0;
+
+    // The template of a number, or null.
+    const DialogTemplate* Find(int id) const;
+};
+
 // The state of one module. The module keeps it for as long as it is loaded.
 class ModuleState {
   public:
-    explicit ModuleState(StringTable resources) : Resources(resources) {}
+    explicit ModuleState(StringTable resources, DialogTable dialogs = {})
+        : Resources(resources), Dialogs(dialogs) {}
 
     // A string of the module; empty for a number that doesn't exist.
     std::u16string LoadString(unsigned id) const;
 
     StringTable Resources;
+    DialogTable Dialogs;
     CWinApp* App = nullptr;         // the module's application object, which enters itself
     std::u16string CurrentAppName;  // the title of message boxes
 };

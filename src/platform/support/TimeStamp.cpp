@@ -1,6 +1,8 @@
 #include "host/TimeStamp.h"
 
 #include <cstdio>
+#include <initializer_list>
+#include <string_view>
 
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/Locale.h"
@@ -61,6 +63,32 @@ std::int64_t Midnight(int year, int month, int day) {
         last = {year, month, day, FromLocalTime({year, month, day, 0, 0, 0})};
     }
     return last.Seconds;
+}
+
+// One placeholder of a format and what stands for it.
+struct Placeholder {
+    std::u16string_view Name;
+    std::u16string Text;
+};
+
+// The last `digits` digits of a number, with zeros in front.
+std::u16string PaddedText(std::uint64_t number, std::size_t digits) {
+    std::string text = std::to_string(number);
+    if (text.size() < digits) text.insert(0, digits - text.size(), '0');
+    return Utf8ToUtf16(text);
+}
+
+std::u16string Filled(std::u16string text, std::initializer_list<Placeholder> placeholders) {
+    for (const Placeholder& placeholder : placeholders)
+        text = ReplaceAll(text, placeholder.Name, placeholder.Text);
+    return text;
+}
+
+// Fills the three placeholders of a fraction of a second.
+std::u16string FillFraction(const std::u16string& format, std::uint64_t nanoseconds) {
+    return Filled(format, {{u"%ms", PaddedText(nanoseconds / 1'000'000 % 1000, 3)},
+                           {u"%µs", PaddedText(nanoseconds / 1000 % 1000, 3)},
+                           {u"%ns", PaddedText(nanoseconds % 1000, 3)}});
 }
 
 // ".5", ".000000001", or nothing for 0.
@@ -131,6 +159,30 @@ std::u16string CTimeStamp::ToText() const {
                   local.Hour, local.Minute, local.Second);
     return Utf8ToUtf16(text) +
            FractionText(WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond)));
+}
+
+std::u16string CTimeStamp::Format(const std::u16string& format, int, bool, bool) const {
+    const std::int64_t seconds = FloorSeconds(Nanoseconds);
+    LocalTime local{};
+    ToLocalTime(seconds, local);
+    char date[64];
+    char time[64];
+    std::snprintf(date, sizeof date, "%02d/%02d/%02d", local.Month, local.Day, local.Year % 100);
+    std::snprintf(time, sizeof time, "%02d:%02d:%02d", local.Hour, local.Minute, local.Second);
+    const auto fraction = WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond));
+    return Filled(FillFraction(format, static_cast<std::uint64_t>(fraction)),
+                  {{u"%x", Utf8ToUtf16(date)}, {u"%X", Utf8ToUtf16(time)}});
+}
+
+std::u16string CTimeStampSpan::Format(const std::u16string& format, bool) const {
+    const bool negative = Nanoseconds < 0;
+    const auto bits = static_cast<std::uint64_t>(Nanoseconds);
+    const std::uint64_t magnitude = negative ? 0 - bits : bits;
+    const std::uint64_t seconds = magnitude / NanosecondsPerSecond;
+    return (negative ? u"-" : u"") +
+           Filled(FillFraction(format, magnitude), {{u"%h", PaddedText(seconds / 3600, 1)},
+                                                    {u"%M", PaddedText(seconds / 60 % 60, 2)},
+                                                    {u"%S", PaddedText(seconds % 60, 2)}});
 }
 
 CTimeStampSpan::CTimeStampSpan(const CTimeStamp& from, const CTimeStamp& to)

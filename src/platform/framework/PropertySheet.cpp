@@ -1,0 +1,26 @@
+#include "platform/framework/PropertySheet.h"
+
+void CPropertySheet::AddPage(CPropertyPage* page) {
+    page->Parent = this;
+    Pages.push_back(page);
+}
+
+void CPropertySheet::Create(CDialog& parent) {
+    parent.Sheet = this;
+    Show(0);
+}
+
+bool CPropertySheet::SetActivePage(int index) {
+    if (index < 0 || index >= GetPageCount()) return false;
+    if (Active >= 0 && !GetPage(Active).OnKillActive()) return false;
+    Show(index);
+    return true;
+}
+
+void CPropertySheet::Show(int index) {
+    Active = index;
+    CPropertyPage& page = GetPage(index);
+    if (page.IsCreated()) return;
+    page.CreateControls();
+    page.OnInitDialog();
+}

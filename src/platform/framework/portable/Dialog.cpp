@@ -1,0 +1,154 @@
+#include "platform/framework/Dialog.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/framework/DialogDriver.h"
+#include "platform/framework/Locale.h"
+#include "platform/framework/Module.h"
+#include "platform/framework/portable/NativeWindow.h"
+
+namespace {
+
+// Dialog units of the usual font at 96 dpi in pixels.
+constexpr int PixelsX(int units) {
+    return units * 6 / 4;
+}
+constexpr int PixelsY(int units) {
+    return units * 13 / 8;
+}
+
+void AddItems(NativeWindow& window, const char16_t* items) {
+    const std::u16string list = items;
+    for (std::size_t begin = 0; begin < list.size();) {
+        const std::size_t end = std::min(list.find(u'|', begin), list.size());
+        window.Items.push_back(list.substr(begin, end - begin));
+        begin = end + 1;
+    }
+}
+
+std::unique_ptr<NativeWindow> MakeControl(CDialog& parent, const ControlTemplate& description) {
+    auto window = std::make_unique<NativeWindow>();
+    const ControlPlace& place = description.Place;
+    window->Parent = &parent;
+    window->Id = description.Id;
+    window->Kind = description.Kind;
+    window->Style = description.Style;
+    window->Text = description.Text;
+    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X + place.Width),
+                     PixelsY(place.Y + place.Height)};
+    window->Seconds = CurrentSeconds();
+    AddItems(*window, description.Items);
+    return window;
+}
+
+}  // namespace
+
+NativeWindow* CDialog::NativeDialog::Find(int id) const {
+    for (const auto& control : Controls) {
+        if (control->Id == id && id > 0) return control.get();
+    }
+    return nullptr;
+}
+
+std::vector<NativeWindow*> CDialog::NativeDialog::Group(int firstId) const {
+    std::vector<NativeWindow*> group;
+    for (const auto& control : Controls) {
+        const bool isFirst = control->Id == firstId;
+        if (group.empty() && !isFirst) continue;
+        if (control->Kind != ControlKind::RadioButton) continue;
+        if (!isFirst && (control->Style & ControlGroup) != 0) break;
+        group.push_back(control.get());
+    }
+    return group;
+}
+
+CDialog::CDialog(int templateId) : TemplateId(templateId) {}
+
+CDialog::~CDialog() {
+    if (Native != nullptr && focusedWindow != nullptr && focusedWindow->Parent == this)
+        focusedWindow = nullptr;
+}
+
+int CDialog::DoModal() {
+    CreateControls();
+    OnInitDialog();
+    if (DialogDriver* const driver = GetDialogDriver()) driver->RunModal(*this);
+    if (!IsEnded()) OnCancel();
+    return Native->Result;
+}
+
+void CDialog::EndDialog(int result) {
+    Native->Ended = true;
+    Native->Result = result;
+}
+
+bool CDialog::IsEnded() const {
+    return Native->Ended;
+}
+
+void CDialog::CreateControls() {
+    Native = std::make_unique<NativeDialog>();
+    const DialogTemplate* const dialog = GetCurrentModule()->Dialogs.Find(TemplateId);
+    for (std::size_t i = 0; i < dialog->Count; ++i) {
+        Native->Controls.push_back(MakeControl(*this, dialog->Controls[i]));
+        if ((dialog->Controls[i].Style & ControlBuddy) != 0) {
+            Native->Controls.back()->Buddy = Native->Controls[Native->Controls.size() - 2].get();
+        }
+    }
+}
+
+bool CDialog::OnInitDialog() {
+    UpdateData(false);
+    return true;
+}
+
+bool CDialog::UpdateData(bool saveAndValidate) {
+    if (!IsCreated()) return false;
+    const bool before = Updating;
+    Updating = true;
+    CDataExchange exchange(*this, saveAndValidate);
+    DoDataExchange(exchange);
+    Updating = before;
+    return !exchange.Failed;
+}
+
+void CDataExchange::Fail(int controlId, const std::u16string& message) {
+    if (Failed) return;
+    Failed = true;
+    AfxMessageBox(message, MessageExclamation);
+    CWnd control = Dialog.GetDlgItem(controlId);
+    if (control.Exists()) control.SetFocus();
+}
+
+CWnd CDialog::GetDlgItem(int id) const {
+    return CWnd(IsCreated() ? Native->Find(id) : nullptr);
+}
+
+bool CDialog::IsDlgButtonChecked(int id) const {
+    const NativeWindow* const button = Native->Find(id);
+    return button != nullptr && button->Checked;
+}
+
+void CDialog::CheckDlgButton(int id, bool checked) {
+    if (NativeWindow* const button = Native->Find(id)) button->Checked = checked;
+}
+
+int CDialog::GetCheckedRadio(int firstId) const {
+    const std::vector<NativeWindow*> group = Native->Group(firstId);
+    const auto checked =
+        std::find_if(group.begin(), group.end(), [](const NativeWindow* w) { return w->Checked; });
+    return checked == group.end() ? -1 : static_cast<int>(checked - group.begin());
+}
+
+void CDialog::CheckRadio(int firstId, int index) {
+    const std::vector<NativeWindow*> group = Native->Group(firstId);
+    for (std::size_t i = 0; i < group.size(); ++i) group[i]->Checked = static_cast<int>(i) == index;
+}
+
+std::intptr_t CDialog::Notify(int id, int code, void* data) {
+    if (Updating) return 0;
+    std::intptr_t result = 0;
+    OnNotification({id, code, data, &result});
+    return result;
+}

@@ -1,0 +1,66 @@
+// The state of windows without a display: what a real control would remember.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/framework/Dialog.h"
+#include "platform/framework/DialogTemplate.h"
+
+struct NativeListColumn {
+    std::u16string Heading;
+    int Width = 0;
+};
+
+struct NativeListRow {
+    std::vector<std::optional<std::u16string>> Cells;  // nothing: asked for
+    std::int64_t Data = 0;
+    unsigned State = 0;
+};
+
+struct NativeWindow {
+    CDialog* Parent = nullptr;
+    int Id = 0;
+    ControlKind Kind = ControlKind::Label;
+    unsigned Style = 0;
+    CRect Place;
+    bool Enabled = true;
+    void* UserData = nullptr;
+    std::u16string Text;
+    bool Checked = false;
+    int TextLimit = 0;                  // 0: none
+    std::vector<std::u16string> Items;  // of a list
+    int Selected = -1;
+    int Lowest = 0, Highest = 100;  // of a spin
+    NativeWindow* Buddy = nullptr;
+    std::int64_t Seconds = 0;                      // of a picker
+    unsigned ExtendedStyle = 0, CallbackMask = 0;  // of a report list, and what follows
+    std::vector<NativeListColumn> Columns;
+    std::vector<NativeListRow> Rows;
+    int ScrollPos = 0;
+
+    bool IsButton() const {
+        return Kind == ControlKind::CheckBox || Kind == ControlKind::RadioButton ||
+               Kind == ControlKind::PushButton || Kind == ControlKind::DefaultButton;
+    }
+    bool IsCombo() const { return Kind == ControlKind::ComboBox || Kind == ControlKind::DropDownList; }
+    bool IsPicker() const { return Kind == ControlKind::DatePicker || Kind == ControlKind::TimePicker; }
+    std::intptr_t Tell(int code, void* data = nullptr) { return Parent->Notify(Id, code, data); }
+};
+
+struct CDialog::NativeDialog {
+    std::vector<std::unique_ptr<NativeWindow>> Controls;
+    bool Ended = false;
+    int Result = 2;
+
+    NativeWindow* Find(int id) const;
+
+    // The radio buttons of the group that begins with a control.
+    std::vector<NativeWindow*> Group(int firstId) const;
+};
+
+// The window with the focus, or null.
+extern NativeWindow* focusedWindow;

@@ -1,0 +1,174 @@
+#include "platform/framework/UserInput.h"
+
+#include <algorithm>
+
+#include "platform/framework/Controls.h"
+#include "platform/framework/FormatText.h"
+#include "platform/framework/Locale.h"
+#include "platform/framework/Numbers.h"
+#include "platform/framework/PropertySheet.h"
+#include "platform/framework/Text.h"
+#include "platform/framework/portable/NativeWindow.h"
+
+namespace {
+
+constexpr int OkId = 1;
+constexpr int CancelId = 2;
+
+// The control that a user can reach, with the focus on it; null if there is none.
+NativeWindow* Reach(CDialog& dialog, int id) {
+    NativeWindow* const window = dialog.GetDlgItem(id).Handle;
+    if (window == nullptr || !window->Enabled) return nullptr;
+    CWnd(window).SetFocus();
+    // Leaving another control may have disabled this one.
+    return window->Enabled ? window : nullptr;
+}
+
+std::u16string Typed(const NativeWindow& window, const std::u16string& text) {
+    std::u16string typed;
+    for (const char16_t c : text) {
+        if ((window.Style & ControlDigits) == 0 || IsDigit(c)) typed += c;
+    }
+    if (window.TextLimit > 0)
+        typed.resize(std::min(typed.size(), static_cast<std::size_t>(window.TextLimit)));
+    return typed;
+}
+
+// Radio buttons are cleared from the first of their group on.
+void CheckRadioOf(CDialog& dialog, const NativeWindow& clicked) {
+    int first = clicked.Id;
+    for (const auto& control : dialog.GetNative().Controls) {
+        if (control->Kind == ControlKind::RadioButton && (control->Style & ControlGroup) != 0)
+            first = control->Id;
+        if (control.get() == &clicked) break;
+    }
+    for (NativeWindow* radio : dialog.GetNative().Group(first)) radio->Checked = radio == &clicked;
+}
+
+bool ChangePicker(CDialog& dialog, int id, const LocalTime& part, bool isDate) {
+    NativeWindow* const window = Reach(dialog, id);
+    LocalTime local{};
+    if (window == nullptr || !window->IsPicker() || !ToLocalTime(window->Seconds, local)) return false;
+    if (isDate) {
+        local.Year = part.Year;
+        local.Month = part.Month;
+        local.Day = part.Day;
+    } else {
+        local.Hour = part.Hour;
+        local.Minute = part.Minute;
+        local.Second = part.Second;
+    }
+    window->Seconds = FromLocalTime(local);
+    window->Tell(DateTimeChanged);
+    return true;
+}
+
+}  // namespace
+
+bool UserFocus(CDialog& dialog, int id) {
+    return Reach(dialog, id) != nullptr;
+}
+
+bool UserClick(CDialog& dialog, int id) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || !window->IsButton()) return false;
+    if (window->Kind == ControlKind::CheckBox) window->Checked = !window->Checked;
+    if (window->Kind == ControlKind::RadioButton) CheckRadioOf(dialog, *window);
+    if (id == OkId) {
+        dialog.OnOK();
+    } else if (id == CancelId) {
+        dialog.OnCancel();
+    } else {
+        window->Tell(ButtonClicked);
+    }
+    return true;
+}
+
+bool UserType(CDialog& dialog, int id, const std::u16string& text) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || (window->Style & ControlReadOnly) != 0) return false;
+    if (window->Kind == ControlKind::Edit) {
+        window->Text = Typed(*window, text);
+        window->Tell(EditChanged);
+        return true;
+    }
+    if (window->Kind != ControlKind::ComboBox) return false;
+    window->Text = text;
+    window->Selected = -1;
+    window->Tell(ComboEditChanged);
+    return true;
+}
+
+bool UserSelect(CDialog& dialog, int id, int index) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || !window->IsCombo()) return false;
+    if (index < 0 || static_cast<std::size_t>(index) >= window->Items.size()) return false;
+    CComboBox(window).SetCurSel(index);
+    window->Tell(ComboSelectionChanged);
+    return true;
+}
+
+bool UserSpin(CDialog& dialog, int id, int steps) {
+    NativeWindow* const spin = dialog.GetDlgItem(id).Handle;
+    if (spin == nullptr || !spin->Enabled || spin->Buddy == nullptr) return false;
+    const char16_t* end = nullptr;
+    const std::int64_t value = ParseInt64(spin->Buddy->Text.c_str(), &end, 10);
+    const std::int64_t stepped = std::clamp<std::int64_t>(value + steps, spin->Lowest, spin->Highest);
+    CWnd(spin->Buddy).SetFocus();
+    spin->Buddy->Text = FormatText(u"%i", stepped);
+    spin->Buddy->Tell(EditChanged);
+    return true;
+}
+
+bool UserSetDate(CDialog& dialog, int id, int year, int month, int day) {
+    return ChangePicker(dialog, id, {year, month, day, 0, 0, 0}, true);
+}
+
+bool UserSetTime(CDialog& dialog, int id, int hour, int minute, int second) {
+    return ChangePicker(dialog, id, {0, 0, 0, hour, minute, second}, false);
+}
+
+bool UserShowPage(CDialog& dialog, int index) {
+    NativeWindow* const left = focusedWindow;
+    focusedWindow = nullptr;
+    if (left != nullptr && left->Kind == ControlKind::Edit) left->Tell(EditFocusLost);
+    return dialog.Sheet != nullptr && dialog.Sheet->SetActivePage(index);
+}
+
+bool UserClickRow(CDialog& dialog, int id, int row, bool onCheckBox) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || window->Kind != ControlKind::ListView) return false;
+    if (row < 0 || static_cast<std::size_t>(row) >= window->Rows.size()) return false;
+    ListClick click;
+    unsigned flags = 0;
+    // Down to the row, then right to the part of it, as the list itself sees them.
+    CListCtrl list(window);
+    while (list.HitTest(click.Point, &flags) != row) ++click.Point.Y;
+    while (!onCheckBox && flags == CListCtrl::HitOnCheckBox) {
+        ++click.Point.X;
+        list.HitTest(click.Point, &flags);
+    }
+    window->Tell(ListClicked, &click);
+    return true;
+}
+
+bool UserDragColumn(CDialog& dialog, int id, int column, int width) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || column < 0 || static_cast<std::size_t>(column) >= window->Columns.size())
+        return false;
+    window->Columns[static_cast<std::size_t>(column)].Width = std::max(width, 0);
+    HeaderChange change{column, std::max(width, 0)};
+    // The header is a window of its own, numbered 0.
+    dialog.Notify(0, HeaderItemChanged, &change);
+    return true;
+}
+
+std::vector<ControlView> ViewControls(const CDialog& dialog) {
+    std::vector<ControlView> views;
+    for (const auto& control : dialog.GetNative().Controls) {
+        if (control->Id <= 0) continue;
+        views.push_back({control->Id, control->Kind, control->Enabled, control->Checked, control->Text,
+                         control->Items, control->Selected, control->Seconds});
+    }
+    return views;
+}

@@ -1,0 +1,6 @@
+// The module's dialogs as tables.
+#pragma once
+
+#include "platform/framework/Module.h"
+
+DialogTable GetDialogTemplates();
