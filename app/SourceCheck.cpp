@@ -1,6 +1,6 @@
 #include "app/SourceCheck.h"
 
-#include <algorithm>
+#include <bitset>
 
 #include "host/StdioFileEx.h"
 #include "platform/framework/Text.h"
@@ -8,27 +8,23 @@
 namespace {
 
 constexpr int LinesLookedAt = 100;
-constexpr std::size_t TextPerControl =
-    20;  // a text has at least so many characters for each control character
-
-bool IsControl(char16_t c) {
-    return c < u' ' && !IsWhiteSpace(c);
-}
+constexpr std::size_t KindsInData =
+    8;  // a text that holds a NUL by accident has few other control characters
 
 // The first lines of a file as far as they tell a text from other data.
 struct FileLook {
     int Lines = 0;
     int LineOfNul = 0;  // 0: none
-    std::size_t Characters = 0;
-    std::size_t Controls = 0;
+    std::bitset<32> Controls;
 
     void Add(const std::u16string& line) {
         ++Lines;
-        Characters += line.size();
-        Controls += static_cast<std::size_t>(std::count_if(line.begin(), line.end(), IsControl));
+        for (const char16_t c : line) {
+            if (c < u' ' && !IsWhiteSpace(c)) Controls.set(c);
+        }
         if (LineOfNul == 0 && line.find(u'\0') != std::u16string::npos) LineOfNul = Lines;
     }
-    bool IsBinary() const { return LineOfNul != 0 && Controls * TextPerControl > Characters; }
+    bool IsBinary() const { return LineOfNul != 0 && Controls.count() >= KindsInData; }
 };
 
 std::string LookAtLines(CStdioFileEx& file) {

@@ -36,6 +36,8 @@ int main(int argc, char** argv) {
             return RunAnalyzeCommand(module, options);
         case Command::Sidecar:
             return RunSidecarCommand(module, options);
+        case Command::Dialog:
+            return RunDialogCommand(module, options);
         default:
             return RunImportCommand(module, options);
     }

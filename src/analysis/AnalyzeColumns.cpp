@@ -1,7 +1,10 @@
 // Reads the table under the live format and settles the name and type of each column.
+#include <vector>
+
 #include "analysis/ColumnNames.h"
 #include "analysis/PreviewTableCallbacks.h"
 #include "analysis/SplitLine.h"
+#include "analysis/TypeCandidates.h"
 #include "host/StdioFileEx.h"
 #include "settings/CsvImportSettings.h"
 
@@ -9,23 +12,30 @@ namespace {
 
 constexpr int RowsLookedAt = 500;
 
+// The entries of the columns of row 0, so that a cell costs no search.
+using ColumnList = std::vector<CCsvColumnInfo*>;
+
 // Names the columns of row 0 and opens all types to them.
-void StartColumns(CCsvImportSettings& settings, const CellList& cells, IPreviewTableCallbacks* callbacks) {
+ColumnList StartColumns(CCsvImportSettings& settings, const CellList& cells,
+                        IPreviewTableCallbacks* callbacks) {
+    ColumnList columns;
     settings.ColumnCount = static_cast<int>(cells.size());
     for (int column = 0; column < settings.ColumnCount; ++column) {
         CCsvColumnInfo& info = settings.GetColumn(column);
         info.TypeCandidates.fill(true);
         info.DetectedName = ColumnName(settings, column, cells[static_cast<std::size_t>(column)]);
         if (callbacks != nullptr) callbacks->AddColumn(column, info.DetectedName.c_str());
+        columns.push_back(&info);
     }
+    return columns;
 }
 
-void AnalyzeRow(CCsvImportSettings& settings, int row, const CellList& cells,
+void AnalyzeRow(CCsvImportSettings& settings, const ColumnList& columns, int row, const CellList& cells,
                 IPreviewTableCallbacks* callbacks) {
-    for (int column = 0; column < static_cast<int>(cells.size()); ++column) {
-        const char16_t* const cell = cells[static_cast<std::size_t>(column)];
-        settings.AnalyzeCell(column, cell);
-        if (callbacks != nullptr) callbacks->SetCell(row, column, cell);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const int column = static_cast<int>(i);
+        NarrowTypes(i < columns.size() ? *columns[i] : settings.GetColumn(column), cells[i]);
+        if (callbacks != nullptr) callbacks->SetCell(row, column, cells[i]);
     }
 }
 
@@ -50,12 +60,13 @@ bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbac
     for (int skipped = 1; skipped < GetFirstLine(); ++skipped) {
         if (!file.ReadString(line)) return false;
     }
+    ColumnList columns;
     const int firstDataRow = ImportHeader != 0 ? 1 : 0;
     for (int row = 0; row < RowsLookedAt && file.ReadString(line) && !line.empty(); ++row) {
         SplitLine(line.data(), GetSeparatorChar(), MergeSeparators != 0, cells);
-        if (row == 0) StartColumns(*this, cells, callbacks);
+        if (row == 0) columns = StartColumns(*this, cells, callbacks);
         if (row == firstDataRow && timestampText != nullptr) GetTimestampText(cells, *timestampText);
-        if (row >= firstDataRow) AnalyzeRow(*this, row - firstDataRow, cells, callbacks);
+        if (row >= firstDataRow) AnalyzeRow(*this, columns, row - firstDataRow, cells, callbacks);
     }
     DropUntypedColumns(*this);
     return !ColumnMap.empty();

@@ -1,20 +1,24 @@
 // The ladder of the data types: a parser answers yes or no about one cell, and only this file knows the order
 // of preference and the way down.
+#include "analysis/TypeCandidates.h"
+
 #include <algorithm>
 #include <string_view>
 
 #include "analysis/NumberCells.h"
 #include "analysis/TextCells.h"
+#include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
 
 namespace {
 
 constexpr std::size_t LongestCell = 511;  // a longer cell is judged by its beginning
 
-// Whether a cell is of one type. The text is a copy that the test may change; the unit is the column's.
+// Whether a cell is of one type. The unit is the column's.
 struct TypeTest {
     bool (*Accepts)(char16_t* text, std::u16string& unit);
     bool MaySetUnit;
+    bool ChangesText;  // and so needs a copy of its own
 };
 
 bool IsBoolean(char16_t* text, std::u16string&) {
@@ -58,28 +62,41 @@ bool IsString(char16_t*, std::u16string&) {
 
 // In the order of ECsvDataType, from CsvTypeBoolean.
 constexpr TypeTest Tests[CsvTypeCount] = {
-    {IsBoolean, false}, {IsInteger, false},  {IsIntegerUnit, true}, {IsHex, false},
-    {IsFloat, false},   {IsFloatUnit, true}, {IsChar, false},       {IsString, false},
+    {IsBoolean, false, true}, {IsInteger, false, false}, {IsIntegerUnit, true, false},
+    {IsHex, false, false},    {IsFloat, false, true},    {IsFloatUnit, true, true},
+    {IsChar, false, false},   {IsString, false, false},
 };
 
 }  // namespace
 
-void CCsvImportSettings::AnalyzeCell(int column, const char16_t* cell) {
-    CCsvColumnInfo& info = GetColumn(column);
-    info.DetectedType = CsvTypeUndefined;
+void NarrowTypes(CCsvColumnInfo& column, const char16_t* cell) {
+    column.DetectedType = CsvTypeUndefined;
     const std::u16string_view whole(cell);
     const std::size_t length = std::min(whole.size(), LongestCell);
-    char16_t copy[LongestCell + 1];
+    char16_t text[LongestCell + 1];
+    char16_t scratch[LongestCell + 1];
+    std::copy_n(whole.data(), length, text);
+    text[length] = u'\0';
+    double number;
+    const char16_t* mark;
+    // What stands behind the digits of a plain number holds a mark or nothing: no unit, whatever the
+    // column's.
+    const bool isPlainNumber = ParseShortDecimal(text, number, &mark);
     for (int i = 0; i < CsvTypeCount; ++i) {
-        bool& isCandidate = info.TypeCandidates[static_cast<std::size_t>(i)];
+        const TypeTest& test = Tests[i];
+        bool& isCandidate = column.TypeCandidates[static_cast<std::size_t>(i)];
         // A test of a fallen type still counts while it can settle the unit; without that it shows nothing.
-        if (!isCandidate && !(Tests[i].MaySetUnit && info.Unit.empty())) continue;
-        std::copy_n(whole.data(), length, copy);
-        copy[length] = u'\0';
-        if (!Tests[i].Accepts(copy, info.Unit)) {
+        if (!isCandidate && !(test.MaySetUnit && column.Unit.empty() && !isPlainNumber)) continue;
+        if (test.ChangesText) std::copy_n(text, length + 1, scratch);
+        const bool isRefused = test.MaySetUnit && isPlainNumber;
+        if (isRefused || !test.Accepts(test.ChangesText ? scratch : text, column.Unit)) {
             isCandidate = false;
-        } else if (isCandidate && info.DetectedType == CsvTypeUndefined) {
-            info.DetectedType = static_cast<ECsvDataType>(i + 1);
+        } else if (isCandidate && column.DetectedType == CsvTypeUndefined) {
+            column.DetectedType = static_cast<ECsvDataType>(i + 1);
         }
     }
+}
+
+void CCsvImportSettings::AnalyzeCell(int column, const char16_t* cell) {
+    NarrowTypes(GetColumn(column), cell);
 }

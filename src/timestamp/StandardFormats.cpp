@@ -1,5 +1,6 @@
 #include "timestamp/StandardFormats.h"
 
+#include "host/DialogFunctions.h"
 #include "platform/framework/Text.h"
 #include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"
@@ -7,15 +8,14 @@
 
 namespace {
 
-// The items of a string, separated by vertical bars.
+// The items of a string, which vertical bars separate, without blanks at their ends.
 std::vector<std::u16string> LoadItems(unsigned id) {
     std::vector<std::u16string> items;
     const std::u16string text = CsvImportModule().LoadString(id);
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = text.find(u'|', begin);
-        items.push_back(text.substr(begin, end - begin));
-        if (end == std::u16string::npos) return items;
-        begin = end + 1;
+    for (unsigned index = 0;; ++index) {
+        std::u16string item = ExtractSubString(text, index, u'|', true);
+        if (item.empty()) return items;
+        items.push_back(std::move(item));
     }
 }
 

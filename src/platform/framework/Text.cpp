@@ -91,6 +91,12 @@ std::size_t WidenAscii(std::string_view bytes, char16_t* out) {
     return at;
 }
 
+char32_t DecodeUtf8Point(std::string_view bytes, std::size_t& length) {
+    const DecodedPoint point = DecodePoint(bytes);
+    length = point.Bytes == 0 ? 1 : point.Bytes;
+    return point.Value;
+}
+
 void AppendUtf8(char32_t point, std::string& out) {
     const auto put = [&](char32_t byte) { out += static_cast<char>(byte); };
     if (point < 0x80) {

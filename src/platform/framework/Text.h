@@ -17,6 +17,10 @@ bool DecodeUtf8(std::string_view bytes, std::u16string& text);
 // UTF-8 to UTF-16; every byte that belongs to no valid sequence becomes U+FFFD.
 std::u16string Utf8ToUtf16(std::string_view bytes);
 
+// The code point at the start of `bytes`, which must not be empty, and how many bytes it takes; U+FFFD of one
+// byte where no valid sequence starts.
+char32_t DecodeUtf8Point(std::string_view bytes, std::size_t& length);
+
 // Appends one code point up to U+10FFFF as UTF-8.
 void AppendUtf8(char32_t point, std::string& out);
 

@@ -1,9 +1,9 @@
 // The grammar that is read:
 //
-//   document  = [ "<?xml" ... "?>" ] misc element misc
-//   misc      = { white space | comment | instruction }
-//   element   = "<" name attributes ( "/>" | ">" content "</" name ">" )
-//   attribute = white space name "=" ( "'" ... "'" | '"' ... '"' )      without "<"
+//   document  = [ declaration ] misc element misc
+//   declaration = "<?xml" version [ encoding ] [ standalone ] "?>"      each a white space, name, "=", quoted
+//   value misc      = { white space | comment | instruction } element   = "<" name attributes ( "/>" | ">"
+//   content "</" name ">" ) attribute = white space name "=" ( "'" ... "'" | '"' ... '"' )      without "<"
 //   content   = { characters | reference | element | comment | instruction | "<![CDATA[" ... "]]>" }
 //   comment   = "<!--" ... "-->"                                        without "--"
 //   reference = "&" ( "amp" | "lt" | "gt" | "quot" | "apos" | "#" digits | "#x" hexadecimal digits ) ";"
@@ -23,13 +23,23 @@ bool IsSpace(char c) {
     return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-bool StartsName(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
+struct CharacterRange {
+    char32_t First, Last;
+};
 
-bool ContinuesName(char c) {
-    return StartsName(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
+// The characters that a name begins with, and those that it may have besides.
+constexpr CharacterRange NameStarts[] = {
+    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},
+    {0xC0, 0xD6},     {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},
+    {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F}, {0x2C00, 0x2FEF},
+    {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}, {0x10000, 0xEFFFF}};
+constexpr CharacterRange NameOthers[] = {
+    {'-', '.'}, {'0', '9'}, {0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040}};
+
+template <std::size_t Count>
+bool IsIn(const CharacterRange (&ranges)[Count], char32_t point) {
+    return std::any_of(ranges, ranges + Count,
+                       [point](const CharacterRange& r) { return point >= r.First && point <= r.Last; });
 }
 
 bool IsForbiddenControl(char c) {
@@ -40,6 +50,15 @@ bool IsForbiddenControl(char c) {
 bool IsXmlCharacter(char32_t point) {
     if (point < 0x20) return point == '\t' || point == '\n' || point == '\r';
     return point <= 0xD7FF || (point >= 0xE000 && point <= 0xFFFD) || (point >= 0x10000 && point <= 0x10FFFF);
+}
+
+// Appends a text in which every line end becomes a line feed.
+void AppendLines(std::string_view text, std::string& out) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isReturn = text[i] == '\r';
+        out += isReturn ? '\n' : text[i];
+        if (isReturn && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+    }
 }
 
 // What is raised inside this file only; the reader answers it as an XmlError.
@@ -54,8 +73,7 @@ class XmlWalk {
 
     XmlElement Document() {
         if (Text.size() > LargestText) Fail("the text is larger than 1 MiB");
-        Skip("\xEF\xBB\xBF");
-        if (StartsWith("<?xml") && At + 5 < Text.size() && IsSpace(Text[At + 5])) PassBehind("?>");
+        Declaration();
         SkipMisc();
         if (AtEnd()) Fail("there is no element");
         if (Text[At] != '<') Fail("text outside the root element");
@@ -80,14 +98,56 @@ class XmlWalk {
         const std::size_t found = Text.find(end, At);
         if (found == std::string_view::npos) Fail("\"" + std::string(end) + "\" is missing");
         const std::string_view passed = Text.substr(At, found - At);
-        const auto control = std::find_if(passed.begin(), passed.end(), IsForbiddenControl);
-        if (control != passed.end()) Fail("a control character");
+        RefuseForbidden(passed);
         At = found + end.size();
         return passed;
     }
 
+    // Control characters, and the two code points that are no characters.
+    void RefuseForbidden(std::string_view part) const {
+        if (std::any_of(part.begin(), part.end(), IsForbiddenControl)) Fail("a control character");
+        if (part.find("\xEF\xBF\xBE") != part.npos || part.find("\xEF\xBF\xBF") != part.npos) {
+            Fail("U+FFFE and U+FFFF are no characters");
+        }
+    }
+
     void SkipSpace() {
         while (!AtEnd() && IsSpace(Text[At])) ++At;
+    }
+
+    // A value of the declaration that must stand next if it stands at all; nothing if it doesn't.
+    std::optional<std::string> DeclaredValue(std::string_view name) {
+        const std::size_t before = At;
+        SkipSpace();
+        if (At == before || !Skip(name)) {
+            At = before;
+            return std::nullopt;
+        }
+        SkipSpace();
+        if (!Skip("=")) Fail("\"=\" is missing in the XML declaration");
+        SkipSpace();
+        return AttributeValue();
+    }
+
+    void Declaration() {
+        if (!StartsWith("<?xml") || At + 5 == Text.size() || !IsSpace(Text[At + 5])) return;
+        Skip("<?xml");
+        const std::optional<std::string> version = DeclaredValue("version");
+        if (!version || version->size() < 3 || version->compare(0, 2, "1.") != 0 ||
+            version->find_first_not_of("0123456789", 2) != std::string::npos) {
+            Fail("the XML declaration needs a version 1.x");
+        }
+        const std::optional<std::string> encoding = DeclaredValue("encoding");
+        constexpr const char* Letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+        constexpr const char* Others = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._-";
+        if (encoding && (encoding->find_first_of(Letters) != 0 ||
+                         encoding->find_first_not_of(Others) != std::string::npos)) {
+            Fail("the XML declaration names no encoding");
+        }
+        const std::optional<std::string> standalone = DeclaredValue("standalone");
+        if (standalone && *standalone != "yes" && *standalone != "no") Fail("standalone must be yes or no");
+        SkipSpace();
+        if (!Skip("?>")) Fail("the XML declaration has no end");
     }
 
     // Comments and instructions, wherever they stand.
@@ -99,7 +159,11 @@ class XmlWalk {
         }
         if (StartsWith("<!DOCTYPE")) Fail("a document type is not allowed");
         if (!Skip("<?")) return false;
-        if (Name() == "xml") Fail("the XML declaration must stand at the start");
+        const std::string target = Name();
+        if (EqualsIgnoreCase(Utf8ToUtf16(target), u"xml"))
+            Fail("the XML declaration must stand at the start");
+        if (!StartsWith("?>") && (AtEnd() || !IsSpace(Text[At])))
+            Fail("a blank is missing behind an instruction's name");
         PassBehind("?>");
         return true;
     }
@@ -111,9 +175,14 @@ class XmlWalk {
     }
 
     std::string Name() {
-        if (AtEnd() || !StartsName(Text[At])) Fail("a name is missing");
         const std::size_t begin = At;
-        while (!AtEnd() && ContinuesName(Text[At])) ++At;
+        std::size_t length = 0;
+        while (!AtEnd()) {
+            const char32_t point = DecodeUtf8Point(Text.substr(At), length);
+            if (!IsIn(NameStarts, point) && (At == begin || !IsIn(NameOthers, point))) break;
+            At += length;
+        }
+        if (At == begin) Fail("a name is missing");
         return std::string(Text.substr(begin, At - begin));
     }
 
@@ -156,8 +225,10 @@ class XmlWalk {
     // One character, or a reference, of content or of an attribute.
     void Character(std::string& out) {
         if (Text[At] == '&') return Reference(out);
-        if (IsForbiddenControl(Text[At])) Fail("a control character");
-        out += Text[At++];
+        RefuseForbidden(Text.substr(At, Text[At] == '\xEF' ? 3 : 1));
+        const std::size_t length = StartsWith("\r\n") ? 2 : 1;
+        AppendLines(Text.substr(At, length), out);
+        At += length;
     }
 
     std::string AttributeValue() {
@@ -211,7 +282,7 @@ class XmlWalk {
             if (AtEnd()) Fail("the element " + element.Name + " has no end");
             if (Skip("</")) break;
             if (Skip("<![CDATA[")) {
-                element.Text += PassBehind("]]>");
+                AppendLines(PassBehind("]]>"), element.Text);
             } else if (SkipMarkup()) {
                 continue;
             } else if (Text[At] == '<') {

@@ -1,5 +1,3 @@
-#include <charconv>
-
 #include "host/XmlString.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
@@ -64,14 +62,14 @@ bool XmlString::ReadStringContent(std::u16string& value) {
 
 bool XmlString::ReadIntegerContent(std::int32_t& value) {
     if (Found == nullptr) return false;
-    const std::string text = Utf16ToUtf8(TrimWhiteSpace(Utf8ToUtf16(Found->Text)));
-    std::int32_t number = 0;
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc() || result.ptr != end) {
+    const std::u16string text(TrimWhiteSpace(Utf8ToUtf16(Found->Text)));
+    const char16_t* end = nullptr;
+    const std::int64_t number = ParseInt64(text.c_str(), &end, 10);
+    const bool isWhole = !text.empty() && end == text.c_str() + text.size();
+    if (!isWhole || number != static_cast<std::int32_t>(number)) {
         return AddError(Found->Offset, "the content of " + Found->Name + " is no whole number of 32 bits");
     }
-    value = number;
+    value = static_cast<std::int32_t>(number);
     return true;
 }
 
