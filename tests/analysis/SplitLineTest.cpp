@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "analysis/SplitLine.h"
-#include "platform/framework/Text.h"
+
+#include "kit/CheckRows.h"
+#include "settings/CsvImportSettings.h"
 
 namespace {
 
@@ -21,71 +21,28 @@ std::string CellText(const Texts& cells) {
 }
 
 TEST(SplitLine, CutsAtTheSeparator) {
-    struct Case {
-        const char16_t* Line;
-        const char* Apart;   // without merging
-        const char* Merged;  // with merging
-    };
-    constexpr Case Cases[] = {
-        {u"", "<>", "<>"},
-        {u"   ", "<>", "<>"},
-        {u"a", "<a>", "<a>"},
-        {u"a;b;", "<a><b><>", "<a><b>"},
-        {u";a", "<><a>", "<><a>"},
-        {u";;a", "<><><a>", "<><a>"},
-        {u";", "<><>", "<>"},
-        {u";;;", "<><><><>", "<>"},
-        {u"a;;b", "<a><><b>", "<a><b>"},
-        {u"a; ;b", "<a><><b>", "<a><><b>"},
-        // Blanks and tabs go from both ends, other white space stays.
-        {u" a ; b ", "<a><b>", "<a><b>"},
-        {u"\t a b\t;\v\f", "<a b><\v\f>", "<a b><\v\f>"},
+    CheckRows(
+        "-><>|   -><>|a-><a>|;a-><><a>|a; ;b-><a><><b>|\r-><>|a;b\rc;d-><a><b>|a;b\nc-><a><b>|"
+        " a ; b -><a><b>|\t a b\t;\v\f-><a b><\v\f>|"
         // Quotes.
-        {u"\"a;b\";c", "<a;b><c>", "<a;b><c>"},
-        {u"\"a\"\"b\"", "<a\"b>", "<a\"b>"},
-        {u"\"a\"\"\"", "<a\">", "<a\">"},
-        {u"\"\"", "<>", "<>"},
-        {u"\"", "<\">", "<\">"},
-        {u"\" a \"", "< a >", "< a >"},
-        {u" \"a\" ;b", "<a><b>", "<a><b>"},
-        {u"x\"a;b\"y;c", "<x\"a;b\"y><c>", "<x\"a;b\"y><c>"},
-        {u"\"a;b", "<\"a;b>", "<\"a;b>"},
-        {u"\"a;b;\"", "<a;b;>", "<a;b;>"},
-        {u"\"a\"b\";c", "<\"a\"b\";c>", "<\"a\"b\";c>"},
-        {u"it's;a;b", "<it's><a><b>", "<it's><a><b>"},
-        // A line end inside the buffer ends the line, in quotes too.
-        {u"a;b\rc;d", "<a><b>", "<a><b>"},
-        {u"a;b\nc", "<a><b>", "<a><b>"},
-        {u"\"a;\rb\"", "<\"a;>", "<\"a;>"},
-        {u"\r", "<>", "<>"},
-    };
-    for (const Case& c : Cases) {
-        SCOPED_TRACE(Utf16ToUtf8(c.Line));
-        EXPECT_EQ(CellText(Split(c.Line, u';', false)), c.Apart);
-        EXPECT_EQ(CellText(Split(c.Line, u';', true)), c.Merged) << "merging";
-    }
+        "\"a;b\";c-><a;b><c>|\"a\"\"b\"-><a\"b>|\"a\"\"\"-><a\">|\"\"-><>|\"-><\">|\" a \"->< a >|"
+        " \"a\" ;b-><a><b>|x\"a;b\"y;c-><x\"a;b\"y><c>|\"a;b-><\"a;b>|\"a;b;\"-><a;b;>|\"a;\rb\"-><\"a;>|"
+        "\"a\"b\";c-><\"a\"b\";c>|it's;a;b-><it's><a><b>|"
+        // With merging last.
+        "a;b;-><a><b><> <a><b>|;;a-><><><a> <><a>|;-><><> <>|;;;-><><><><> <>|a;;b-><a><><b> <a><b>",
+        [](const std::u16string& line) {
+            const std::string apart = CellText(Split(line, u';', false));
+            const std::string merged = CellText(Split(line, u';', true));
+            return merged == apart ? apart : apart + ' ' + merged;
+        });
 }
 
 TEST(SplitLine, TakesAnySeparator) {
-    EXPECT_EQ(CellText(Split(u"  1  2", u' ', true)), "<><1><2>");
-    EXPECT_EQ(CellText(Split(u"1  2 ", u' ', true)), "<1><2>");
-    EXPECT_EQ(CellText(Split(u"a\t\tb", u'\t', false)), "<a><><b>");
-    EXPECT_EQ(CellText(Split(u"a;b", u'\0', false)), "<a;b>");
+    EXPECT_EQ(CellText(Split(u"  1  2 ", u' ', true)), "<><1><2>");
     EXPECT_EQ(CellText(Split(u" \"a;b\" ", u'\0', true)), "<a;b>");
-    EXPECT_EQ(CellText(Split(u"a|b", u'|', false)), "<a><b>");
-    EXPECT_EQ(CellText(Split(u"a\u2502b", u'\u2502', false)), "<a><b>");
+    EXPECT_EQ(CellText(Split(u"a\u2502b\tc", u'\u2502', false)), "<a><b\tc>");
     // The toggling comes before the comparison: a quote can't separate what it opens.
     EXPECT_EQ(CellText(Split(u"a\"b\"c", u'"', false)), "<a\"b><c>");
-}
-
-TEST(SplitLine, KeepsTheListButNotItsOldEntries) {
-    std::u16string longer = u"a;b;c;d", shorter = u"x;y";
-    CellList cells;
-    SplitLine(longer.data(), u';', false, cells);
-    const auto* const storage = cells.data();
-    SplitLine(shorter.data(), u';', false, cells);
-    EXPECT_EQ(CellText(Texts(cells.begin(), cells.end())), "<x><y>");
-    EXPECT_EQ(cells.data(), storage);
 }
 
 // The same by copies of strings.
@@ -101,8 +58,7 @@ Texts ReferenceSplit(const std::u16string& line, char16_t separator, bool merge)
             cell.erase(0, std::min(cell.find_first_not_of(u" \t"), cell.size()));
             cell.erase(cell.find_last_not_of(u" \t") + 1);
             const bool inQuotes = cell.size() > 1 && cell.front() == u'"' && cell.back() == u'"';
-            if (inQuotes) cell = ReplaceAll(cell.substr(1, cell.size() - 2), u"\"\"", u"\"");
-            cells.push_back(cell);
+            cells.push_back(!inQuotes ? cell : ReplaceAll(cell.substr(1, cell.size() - 2), u"\"\"", u"\""));
         }
         if (boundary) cell.clear();
         afterBoundary = boundary;
@@ -110,52 +66,35 @@ Texts ReferenceSplit(const std::u16string& line, char16_t separator, bool merge)
     return cells;
 }
 
-// Compares all lines that `line` is the beginning of, up to a length.
-void CompareFrom(std::u16string& line, std::size_t longest) {
+// Compares all lines up to a length that `line` is the beginning of.
+void CompareFrom(const std::u16string& line) {
     for (const bool merge : {false, true}) {
         for (const char16_t separator : {u';', u' '}) {
             if (Split(line, separator, merge) == ReferenceSplit(line, separator, merge)) continue;
-            ADD_FAILURE() << '[' << Utf16ToUtf8(line) << "] at [" << static_cast<char>(separator)
-                          << "], merge " << merge << ": " << CellText(Split(line, separator, merge));
+            ADD_FAILURE() << '[' << Utf16ToUtf8(line) << "] at " << int{separator} << ", merge " << merge;
         }
     }
-    if (line.size() == longest) return;
-    for (const char16_t c : {u'a', u';', u'"', u' ', u'\r'}) {
-        line.push_back(c);
-        CompareFrom(line, longest);
-        line.pop_back();
-    }
+    for (const char16_t c : std::u16string_view(line.size() < 6 ? u"a;\" \r" : u"")) CompareFrom(line + c);
 }
 
 TEST(SplitLine, AgreesWithASplitterThatCopies) {
-    std::u16string line;
-    CompareFrom(line, 6);
+    CompareFrom(u"");
 }
 
-TEST(UnquoteCell, TakesOuterQuotesOnly) {
-    struct Case {
-        const char16_t* Cell;
-        const char* Text;
-    };
-    constexpr Case Cases[] = {
-        {u"a", "a"},
-        {u"\"", "\""},
-        {u"\"\"", ""},
-        {u"\"\"\"", "\""},
-        {u"\"\"\"\"", "\""},
-        {u"\"a\"", "a"},
-        {u"\"a\"b\"", "a\"b"},
-        {u"\"a\"\"b\"\"c\"", "a\"b\"c"},
-        {u"\"\"\"\"\"\"", "\"\""},
-        {u"\"a", "\"a"},
-        {u"a\"", "a\""},
-        {u"'a'", "'a'"},
-    };
-    for (const Case& c : Cases) {
-        SCOPED_TRACE(Utf16ToUtf8(c.Cell));
-        std::u16string cell = c.Cell;
-        EXPECT_EQ(Utf16ToUtf8(UnquoteCell(cell.data(), cell.data() + cell.size() - 1)), c.Text);
-    }
+TEST(SplitLine, CountsSeparatorsOutsideBothKindsOfQuotes) {
+    CheckRows(
+        "->0|a->0|a;b;->2|;;->2 1|;;a;;;b->5 2|"
+        // A quote that is never closed hides the rest; the other kind is an ordinary character in quotes.
+        "it's;a;b->0|a;'b;c'->1|\"a;b\";c->1|\"a\"\";b\";c->1|a;\"b;c->1|\"it's\";a->1|'say \"';a->1|"
+        // A quote between two separators ends a run of them.
+        ";\"\";->2|;\"x;y\";->2",
+        [](const std::u16string& line) {
+            const std::string apart = std::to_string(CountSeparators(line, SeparatorSemicolon, false));
+            const std::string merged = std::to_string(CountSeparators(line, SeparatorSemicolon, true));
+            return merged == apart ? apart : apart + ' ' + merged;
+        });
+    for (const int s : {0, 1, 2, 3})
+        EXPECT_EQ(CountSeparators(u";,,\t\t\t    ", static_cast<unsigned>(s), false), s + 1);
 }
 
 }  // namespace

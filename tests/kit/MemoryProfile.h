@@ -1,37 +1,63 @@
 // A profile that nobody else sees.
 #pragma once
 
-#include <map>
-#include <string>
-#include <utility>
-#include <variant>
-
-#include "platform/framework/ProfileStore.h"
+#include "platform/framework/Text.h"
+#include "platform/support/ProfileOverlay.h"
 
 // A store in memory, empty at first.
 class MemoryProfile : public ProfileStore {
+    using Text = std::u16string;
+
   public:
-    std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) override;
-    std::optional<std::u16string> ReadText(const std::u16string& section, const std::u16string& key) override;
-    std::optional<ProfileBlock> ReadBlock(const std::u16string& section, const std::u16string& key) override;
-    bool WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) override;
-    bool WriteText(const std::u16string& section, const std::u16string& key,
-                   const std::u16string& value) override;
-    bool WriteBlock(const std::u16string& section, const std::u16string& key,
-                    const ProfileBlock& value) override;
+    std::optional<std::int32_t> ReadInt(const Text& section, const Text& key) override {
+        return Read<std::int32_t>(section, key);
+    }
+    std::optional<Text> ReadText(const Text& section, const Text& key) override {
+        return Read<Text>(section, key);
+    }
+    std::optional<ProfileBlock> ReadBlock(const Text& section, const Text& key) override {
+        return Read<ProfileBlock>(section, key);
+    }
+    bool WriteInt(const Text& section, const Text& key, std::int32_t value) override {
+        return Write(section, key, value);
+    }
+    bool WriteText(const Text& section, const Text& key, const Text& value) override {
+        return Write(section, key, value);
+    }
+    bool WriteBlock(const Text& section, const Text& key, const ProfileBlock& value) override {
+        return Write(section, key, value);
+    }
 
     // Every value as "section/key=value", a line each, sorted: numbers in decimal, texts in double quotes,
     // blocks as hex digits.
-    std::string ToText() const;
+    std::string ToText() const {
+        std::string text;
+        for (const auto& [place, value] : Values) {
+            text += Utf16ToUtf8(place.first) + '/' + Utf16ToUtf8(place.second) + '=';
+            if (value.index() == 0) text += std::to_string(std::get<0>(value));
+            if (value.index() == 1) text += '"' + Utf16ToUtf8(std::get<1>(value)) + '"';
+            if (value.index() == 2) text += "hex:";
+            for (const int byte : value.index() == 2 ? std::get<2>(value) : ProfileBlock()) {
+                (text += "0123456789abcdef"[byte / 16]) += "0123456789abcdef"[byte % 16];
+            }
+            text += '\n';
+        }
+        return text;
+    }
 
     bool Refuses = false;  // every write fails
 
   private:
-    using Value = std::variant<std::int32_t, std::u16string, ProfileBlock>;
-
     template <class Kind>
-    std::optional<Kind> Read(const std::u16string& section, const std::u16string& key) const;
-    bool Write(const std::u16string& section, const std::u16string& key, Value value);
+    std::optional<Kind> Read(const Text& section, const Text& key) const {
+        const auto found = Values.find({section, key});
+        if (found == Values.end() || !std::holds_alternative<Kind>(found->second)) return std::nullopt;
+        return std::get<Kind>(found->second);
+    }
+    bool Write(const Text& section, const Text& key, ProfileOverlay::Value value) {
+        if (!Refuses) Values[{section, key}] = std::move(value);
+        return !Refuses;
+    }
 
-    std::map<std::pair<std::u16string, std::u16string>, Value> Values;
+    std::map<std::pair<Text, Text>, ProfileOverlay::Value> Values;
 };

@@ -23,7 +23,7 @@ class TestProfile {
     explicit TestProfile(const SettingList& settings = {});
     TestProfile(const TestProfile&) = delete;
     TestProfile& operator=(const TestProfile&) = delete;
-    ~TestProfile();
+    ~TestProfile() { SetProcessProfile(Previous); }
 
     // The layer of the settings, for values of another kind than their key's.
     ProfileOverlay& Layer() { return *Overlay; }
@@ -32,9 +32,9 @@ class TestProfile {
     MemoryProfile& Written() { return *Store; }
 
   private:
-    std::shared_ptr<ProfileStore> Previous;
-    std::shared_ptr<MemoryProfile> Store;
-    std::shared_ptr<ProfileOverlay> Overlay;
+    const std::shared_ptr<ProfileStore> Previous = GetProcessProfile();
+    const std::shared_ptr<MemoryProfile> Store = std::make_shared<MemoryProfile>();
+    const std::shared_ptr<ProfileOverlay> Overlay = std::make_shared<ProfileOverlay>(Store);
 };
 
 // A record as a filter reads it from a profile with these settings.

@@ -1,0 +1,24 @@
+// A text file for the analysis that needs no disk.
+#pragma once
+
+#include <vector>
+
+#include "host/StdioFileEx.h"
+
+class MemoryFile : public CStdioFileEx {
+  public:
+    explicit MemoryFile(std::u16string_view text) : Text(text), Rest(text) {}
+    bool ReadString(std::u16string& line) override {
+        ++Reads;
+        if (Rest.empty()) return false;
+        line = Rest.substr(0, Rest.find(u'\n'));
+        Rest.remove_prefix(std::min(line.size() + 1, Rest.size()));
+        return true;
+    }
+    void SeekToBegin(bool) override { Rest = Text; }
+
+    int Reads = 0;  // calls of ReadString so far
+
+  private:
+    std::u16string_view Text, Rest;
+};

@@ -1,0 +1,68 @@
+// XML text written element by element, and what counts as well-formed.
+#include "host/XmlString.h"
+#include "kit/CheckRows.h"
+#include "platform/support/XmlDocument.h"
+
+namespace {
+
+// An element as short text: name[key=value]{text}(children).
+std::string Shown(const XmlElement& element) {
+    std::string text = element.Name;
+    for (const auto& [key, value] : element.Attributes) text += "[" + key + "=" + value + "]";
+    if (!element.Text.empty()) text += "{" + element.Text + "}";
+    for (const XmlElement& child : element.Children) text += "(" + Shown(child) + ")";
+    return text;
+}
+
+// The document as short text, or the byte and the reason of the error.
+std::string ReadShown(std::string_view text) {
+    XmlError error;
+    const std::optional<XmlElement> root = ReadXmlDocument(std::string(text), error);
+    return root ? Shown(*root) : std::to_string(error.Offset) + ": " + error.Reason;
+}
+
+}  // namespace
+
+TEST(XmlDocument, ReadsWhatIsWellFormed) {
+    EXPECT_EQ(ReadShown("<a b='1' c = \"'2\"><ä:b.c-1/>t<e>u</e>v</a>"), "a[b=1][c='2]{tv}(ä:b.c-1)(e{u})");
+    EXPECT_EQ(ReadShown("<a b='&#10;'>&lt;&gt;&amp;&quot;&apos;&#x1F600;</a>"), "a[b=\n]{<>&\"'😀}");
+    EXPECT_EQ(ReadShown("<?xml version='1.0'?><!-- - --> <?p i?>\n<a>x</a >\n<!---->"), "a{x}");
+    EXPECT_EQ(ReadShown("<a><![CDATA[<&]]]]>b<!--c-->d<?e?>]]</a>"), "a{<&]]bd]]}");
+}
+
+TEST(XmlDocument, RefusesAnythingElseWithItsPlace) {
+    CheckRows(
+        "->0: there is no element|a->0: text outside the root element|<a>->3: the element a has no end|"
+        "<a->2: an opening tag has no end|<a><b></a></b>->8: the closing tag of b is missing|"
+        "<a/><b/>->4: something stands behind the root element|<1/>->1: a name is missing|"
+        "<a b/>->4: \"=\" is missing behind an attribute|<a b='<'/>->6: \"<\" inside an attribute|"
+        "<a b=1/>->5: an attribute's value must stand in quotes|<a>]]></a>->3: \"]]>\" outside of CDATA|"
+        "<a b='1' b='2'/>->9: the attribute b stands twice|<a b='1'c='2'/>->8: an opening tag has no end|"
+        "<a>&nbsp;</a>->3: an unknown reference|<a>&#0;</a>->3: a numeric reference to no character|"
+        "<a>&#xD800;</a>->3: a numeric reference to no character|<a>\x01</a>->3: a control character|"
+        "<a>&#99999999999;</a>->3: a numeric reference to no character|"
+        "<!DOCTYPE a><a/>->0: a document type is not allowed|<a><![CDATA[</a>->12: \"]]>\" is missing|"
+        " <?xml version='1.0'?><a/>->6: the XML declaration must stand at the start",
+        ReadShown);
+    EXPECT_EQ(ReadShown("<a><!-- -- --></a>"), "10: \"--\" inside a comment");
+    std::string open;
+    for (int i = 0; i < 64; ++i) open += "<a>";
+    EXPECT_EQ(ReadShown(open + "<a/>"), "192: elements are nested deeper than 64");
+    EXPECT_EQ(ReadShown(std::string((1u << 20) + 1, ' ')), "0: the text is larger than 1 MiB");
+}
+
+TEST(XmlString, WritesElementsInOrderAndRefusesWhatCannotStand) {
+    DM::XmlString xml(true);
+    EXPECT_FALSE(xml.WriteClosingTag(false) || xml.WriteStringAttribute("a", u"x"));
+    EXPECT_FALSE(xml.WriteStringContent("x", false) || xml.WriteIntegerElement("", 1));
+    EXPECT_TRUE(xml.WriteOpeningTag("root", true) && xml.WriteIntegerAttribute("rev", -1));
+    EXPECT_TRUE(xml.WriteStringAttribute("name", u"<Gerät> & \"'\t\n\r"));
+    EXPECT_TRUE(xml.WriteOpeningTag("real", false) && xml.WriteRealContent(0.1, false));
+    EXPECT_TRUE(!xml.WriteIntegerAttribute("late", 1) && xml.WriteClosingTag(false));
+    EXPECT_TRUE(xml.WriteIntegerElement("least", -1) && xml.WriteStringContent(u"\x01]]>\uFFFE😀", true));
+    EXPECT_TRUE(xml.WriteClosingTag(true) && !xml.WriteClosingTag(true) &&
+                !xml.WriteStringContent("x", false));
+    EXPECT_EQ(xml.GetString(),
+              "<root rev=\"-1\" name=\"&lt;Gerät&gt; &amp; &quot;'&#9;&#10;&#13;\"><real>0.1</real>"
+              "<least>-1</least>]]&gt;😀</root>");
+}
