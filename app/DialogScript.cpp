@@ -31,6 +31,16 @@ bool TakeNumber(std::string& rest, int& number) {
     return true;
 }
 
+// Three numbers, each behind the other's mark, and nothing else.
+bool ReadsThree(const std::string& text, char mark, int& a, int& b, int& c) {
+    std::string rest = text;
+    for (char& character : rest) {
+        if (character == ' ') return false;
+        if (character == mark) character = ' ';
+    }
+    return TakeNumber(rest, a) && TakeNumber(rest, b) && TakeNumber(rest, c) && rest.empty();
+}
+
 CPropertyPage& ActivePage(CDialog& dialog) {
     return dialog.Sheet->GetPage(dialog.Sheet->GetActiveIndex());
 }
@@ -175,9 +185,9 @@ std::string DialogScript::DoOnPage(CDialog& dialog, const Step& step) {
     } else if (step.Verb == "select") {
         done = TakeNumber(rest, a) && UserSelect(page, id, a);
     } else if (step.Verb == "date") {
-        done = std::sscanf(rest.c_str(), "%d-%d-%d", &a, &b, &c) == 3 && UserSetDate(page, id, a, b, c);
+        done = ReadsThree(rest, '-', a, b, c) && UserSetDate(page, id, a, b, c);
     } else if (step.Verb == "time") {
-        done = std::sscanf(rest.c_str(), "%d:%d:%d", &a, &b, &c) == 3 && UserSetTime(page, id, a, b, c);
+        done = ReadsThree(rest, ':', a, b, c) && UserSetTime(page, id, a, b, c);
     } else if (step.Verb == "check") {
         done = UserClickRow(page, SignalListId, id, true);
     } else if (step.Verb == "name") {

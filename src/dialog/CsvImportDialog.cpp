@@ -1,5 +1,11 @@
 #include "dialog/CsvImportDialog.h"
 
+namespace {
+
+constexpr int CancelButton = 2;
+
+}  // namespace
+
 COptionDlg::COptionDlg(CCsvImportSettings* settings, const std::u16string& path)
     : CGuiFontDialog(IdOptionDialog),
       GeneralPage(settings, &SignalPage, path),
@@ -11,7 +17,8 @@ bool COptionDlg::OnInitDialog() {
     PageSheet.AddPage(&GeneralPage);
     PageSheet.AddPage(&SignalPage);
     PageSheet.Create(*this);
-    GeneralPage.GetDlgItem(CtrlAutoFormat).SetFocus();
+    // A field that failed its check at once has the focus already.
+    if (!CWnd::GetFocus().Exists()) GeneralPage.GetDlgItem(CtrlAutoFormat).SetFocus();
     return true;
 }
 
@@ -30,5 +37,6 @@ void COptionDlg::OnOK() {
 void COptionDlg::OnCancel() {
     // The closing still moves the focus about; what that tells the page must not be exchanged any more.
     GeneralPage.Cancelled = true;
+    GetDlgItem(CancelButton).SetFocus();
     CGuiFontDialog::OnCancel();
 }

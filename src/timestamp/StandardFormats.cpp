@@ -22,9 +22,10 @@ std::vector<std::u16string> LoadItems(unsigned id) {
 // What stands between date and time: the cells are joined by the separator. A blank behind it costs nothing
 // in the value, since a literal skips the white space that follows.
 std::u16string Joint(const CCsvImportSettings& settings) {
-    std::u16string joint(1, settings.DateColumn != settings.TimeColumn ? settings.GetSeparatorChar() : u' ');
-    if (!IsWhiteSpace(joint[0])) joint += u' ';
-    return joint;
+    const char16_t separator =
+        settings.DateColumn != settings.TimeColumn ? settings.GetSeparatorChar() : u' ';
+    if (separator == u'\0') return u" ";
+    return IsWhiteSpace(separator) ? std::u16string(1, separator) : std::u16string{separator, u' '};
 }
 
 }  // namespace

@@ -92,7 +92,7 @@ TEST(Dialog, FollowsTheUser) {
          {},
          "click 1022\ntype 1025 \n?/settings/FirstLine -1\n?/controls/1025/text "
          "\"\"\n?/preview/columns/0/heading \"Datum / Uhrzeit\"\nleave\n"
-         "?/messages/0 \"Geben Sie eine ganze Zahl ein.\"\n"},
+         "?/messages/0 \"Geben Sie eine ganze Zahl zwischen 1 und 999 ein.\"\n"},
         {"a fixed interval takes the date from no column",
          German,
          {},
@@ -141,6 +141,16 @@ TEST(Dialog, FollowsTheUser) {
          German,
          {},
          "width 2 33\nclick 1022\n?/preview/columns/2/width 33\n?/preview/columns/1/width 100\n"},
+        {"a refused edit takes the focus back, and the step is lost",
+         German,
+         {},
+         "type 1014 1000\npage 1\n?/page 0\n?/focus 1014\ntype 1014 2147483648\n?/settings/DateColumn "
+         "2147483647\n"
+         "type 1014 1\nclick 1050\n?/settings/Adjust 1\n"},
+        {"an interval out of bounds is told once and has the focus",
+         German,
+         {"--set", "IntervalValue=inf"},
+         "?/messages [\"Geben Sie eine Zahl zwischen 0.001 und 1000000 ein.\"]\n?/focus 1018\n"},
         {"Cancel takes everything back",
          German,
          {"--set", "StartDate=5", "--set", "AdjustTime=6"},

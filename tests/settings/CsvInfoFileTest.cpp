@@ -99,7 +99,8 @@ TEST(CsvInfoFile, GivesBackWhatItWasGiven) {
         s.TimeSetting = s.DateSetting == 0 ? 0 : below(2), s.TimeColumn = 1 + below(999);
         s.IntervalValue = below(1'000'000) / 997.0 + 0.001, s.IntervalUnit = below(6);
         s.Adjust = below(2), s.AdjustTime = below(2'000'000'000), s.AdjustMode = below(3);
-        s.TimestampFormat = std::u16string(u"[µs]<&\">' \t x \n😀]]>").substr(below(14));
+        s.TimestampFormat =
+            std::u16string(u"[µs]<&\">' \t x \n😀]]>").substr(static_cast<std::size_t>(below(14)));
         CCsvInfoFile file(folder.Path("a.csv")), again(folder.Path("a.csv"));
         file.TakeFromSettings(s);
         file.Write();

@@ -20,6 +20,10 @@ std::u16string NumberText(double value) {
     return ReplaceAll(text, u".", std::u16string(1, LocaleDecimalPoint()));
 }
 
+void FailRange(CDataExchange& exchange, int id, int lowest, int highest) {
+    exchange.Fail(id, FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", lowest, highest));
+}
+
 // The control of an exchange that still runs; one that doesn't exist is not exchanged.
 bool Begin(CDataExchange& exchange, int id, CWnd& control) {
     if (exchange.Failed) return false;
@@ -63,20 +67,19 @@ void DDX_Text(CDataExchange& exchange, int id, std::u16string& value) {
     }
 }
 
-void DDX_Text(CDataExchange& exchange, int id, int& value) {
+void DDX_TextInRange(CDataExchange& exchange, int id, int& value, int lowest, int highest) {
     CWnd control;
     if (!Begin(exchange, id, control)) return;
     if (!exchange.SaveAndValidate) return AfxSetWindowText(control, FormatText(u"%i", value));
     const std::u16string text(TrimWhiteSpace(control.GetWindowText()));
     const char16_t* end = nullptr;
     const std::int64_t number = ParseInt64(text.c_str(), &end, 10);
-    const bool isWhole = end != text.c_str() && *end == u'\0';
-    if (!isWhole || number != static_cast<int>(number))
-        return exchange.Fail(id, u"Geben Sie eine ganze Zahl ein.");
-    value = static_cast<int>(number);
+    const bool isWhole = end != text.c_str() && *end == u'\0' && number == static_cast<int>(number);
+    if (isWhole) value = static_cast<int>(number);
+    if (!isWhole || value < lowest || value > highest) FailRange(exchange, id, lowest, highest);
 }
 
-void DDX_Text(CDataExchange& exchange, int id, double& value) {
+void DDX_TextInRange(CDataExchange& exchange, int id, double& value, double lowest, double highest) {
     CWnd control;
     if (!Begin(exchange, id, control)) return;
     if (!exchange.SaveAndValidate) return AfxSetWindowText(control, NumberText(value));
@@ -84,8 +87,11 @@ void DDX_Text(CDataExchange& exchange, int id, double& value) {
         ReplaceAll(std::u16string(TrimWhiteSpace(control.GetWindowText())), u",", u".");
     const char16_t* end = nullptr;
     const double number = ParseDouble(text.c_str(), u'.', &end);
-    if (end == text.c_str() || *end != u'\0') return exchange.Fail(id, u"Geben Sie eine Zahl ein.");
-    value = number;
+    const bool isNumber = end != text.c_str() && *end == u'\0';
+    if (isNumber) value = number;
+    if (isNumber && value >= lowest && value <= highest) return;
+    exchange.Fail(id, FormatText(u"Geben Sie eine Zahl zwischen %s und %s ein.", NumberText(lowest),
+                                 NumberText(highest)));
 }
 
 void DDX_CBIndex(CDataExchange& exchange, int id, int& value) {
@@ -124,14 +130,8 @@ void DDX_DateTimeCtrl(CDataExchange& exchange, int id, std::int64_t& value) {
 }
 
 void DDV_MinMaxInt(CDataExchange& exchange, int id, int value, int lowest, int highest) {
-    if (exchange.Failed || !exchange.SaveAndValidate || (value >= lowest && value <= highest)) return;
-    exchange.Fail(id, FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", lowest, highest));
-}
-
-void DDV_MinMaxDouble(CDataExchange& exchange, int id, double value, double lowest, double highest) {
-    if (exchange.Failed || !exchange.SaveAndValidate || (value >= lowest && value <= highest)) return;
-    exchange.Fail(id, FormatText(u"Geben Sie eine Zahl zwischen %s und %s ein.", NumberText(lowest),
-                                 NumberText(highest)));
+    if (exchange.SaveAndValidate && (value < lowest || value > highest))
+        FailRange(exchange, id, lowest, highest);
 }
 
 void DDV_MaxChars(CDataExchange& exchange, int id, const std::u16string& value, int most) {

@@ -24,6 +24,12 @@ NativeWindow* Reach(CDialog& dialog, int id) {
     return window->Enabled ? window : nullptr;
 }
 
+// The edit just left took the focus back, since its content was refused: what the user was about to do is
+// lost, as the message box has it.
+bool LostFocus(const NativeWindow* window) {
+    return focusedWindow != window;
+}
+
 std::u16string Typed(const NativeWindow& window, const std::u16string& text) {
     std::u16string typed;
     for (const char16_t c : text) {
@@ -58,7 +64,16 @@ bool ChangePicker(CDialog& dialog, int id, const LocalTime& part, bool isDate) {
         local.Minute = part.Minute;
         local.Second = part.Second;
     }
-    window->Seconds = FromLocalTime(local);
+    // A picker shows no date and no time that doesn't exist.
+    const std::int64_t seconds = FromLocalTime(local);
+    LocalTime back{};
+    if (!ToLocalTime(seconds, back) || back.Month != local.Month || back.Day != local.Day) return false;
+    if (part.Hour < 0 || part.Hour > 23 || part.Minute < 0 || part.Minute > 59 || part.Second < 0 ||
+        part.Second > 59) {
+        return false;
+    }
+    if (LostFocus(window)) return true;
+    window->Seconds = seconds;
     window->Tell(DateTimeChanged);
     return true;
 }
@@ -70,14 +85,17 @@ bool UserFocus(CDialog& dialog, int id) {
 }
 
 bool UserClick(CDialog& dialog, int id) {
+    if (id == CancelId && dialog.GetDlgItem(id).Exists()) {
+        dialog.OnCancel();  // which itself says when the focus moves
+        return true;
+    }
     NativeWindow* const window = Reach(dialog, id);
     if (window == nullptr || !window->IsButton()) return false;
+    if (LostFocus(window)) return true;
     if (window->Kind == ControlKind::CheckBox) window->Checked = !window->Checked;
     if (window->Kind == ControlKind::RadioButton) CheckRadioOf(dialog, *window);
     if (id == OkId) {
         dialog.OnOK();
-    } else if (id == CancelId) {
-        dialog.OnCancel();
     } else {
         window->Tell(ButtonClicked);
     }
@@ -87,6 +105,7 @@ bool UserClick(CDialog& dialog, int id) {
 bool UserType(CDialog& dialog, int id, const std::u16string& text) {
     NativeWindow* const window = Reach(dialog, id);
     if (window == nullptr || (window->Style & ControlReadOnly) != 0) return false;
+    if (LostFocus(window)) return true;
     if (window->Kind == ControlKind::Edit) {
         window->Text = Typed(*window, text);
         window->Tell(EditChanged);
@@ -103,6 +122,7 @@ bool UserSelect(CDialog& dialog, int id, int index) {
     NativeWindow* const window = Reach(dialog, id);
     if (window == nullptr || !window->IsCombo()) return false;
     if (index < 0 || static_cast<std::size_t>(index) >= window->Items.size()) return false;
+    if (LostFocus(window)) return true;
     CComboBox(window).SetCurSel(index);
     window->Tell(ComboSelectionChanged);
     return true;
@@ -132,7 +152,8 @@ bool UserShowPage(CDialog& dialog, int index) {
     NativeWindow* const left = focusedWindow;
     focusedWindow = nullptr;
     if (left != nullptr && left->Kind == ControlKind::Edit) left->Tell(EditFocusLost);
-    return dialog.Sheet != nullptr && dialog.Sheet->SetActivePage(index);
+    if (focusedWindow != nullptr || dialog.Sheet == nullptr) return false;
+    return dialog.Sheet->SetActivePage(index);
 }
 
 bool UserClickRow(CDialog& dialog, int id, int row, bool onCheckBox) {
@@ -144,6 +165,9 @@ bool UserClickRow(CDialog& dialog, int id, int row, bool onCheckBox) {
     // Down to the row, then right to the part of it, as the list itself sees them.
     CListCtrl list(window);
     while (list.HitTest(click.Point, &flags) != row) ++click.Point.Y;
+    if (LostFocus(window)) return true;
+    constexpr unsigned Marks = CListCtrl::Focused | CListCtrl::Selected;
+    for (int i = 0; i < list.GetItemCount(); ++i) list.SetItemState(i, i == row ? Marks : 0, Marks);
     while (!onCheckBox && flags == CListCtrl::HitOnCheckBox) {
         ++click.Point.X;
         list.HitTest(click.Point, &flags);
