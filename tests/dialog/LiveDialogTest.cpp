@@ -1,0 +1,137 @@
+// The dialog among other filters, and over files that don't stay.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "kit/TestProfile.h"
+#include "kit/Workdir.h"
+#include "platform/framework/Controls.h"
+#include "platform/framework/DialogDriver.h"
+#include "platform/framework/PropertySheet.h"
+#include "platform/framework/UserInput.h"
+#include "plugin/CsvImportFilter.h"
+#include "resources/ResourceIds.h"
+
+namespace {
+
+constexpr std::string_view Data = "t;v\n10:00:00;1\n10:00:01;2\n";
+constexpr int Ok = 1;
+
+// Does with the dialog what the test says, and remembers the messages.
+class Visitor : public DialogDriver {
+  public:
+    explicit Visitor(std::function<void(CDialog& frame, CDialog& page)> visit) : Visit(std::move(visit)) {
+        SetDialogDriver(this);
+    }
+    ~Visitor() override { SetDialogDriver(nullptr); }
+    void RunModal(CDialog& dialog) override { Visit(dialog, dialog.Sheet->GetPage(0)); }
+    int ShowMessage(const std::u16string& text, unsigned) override {
+        Messages.push_back(text);
+        return 1;
+    }
+    std::optional<std::u16string> ChooseFile(const std::u16string&, const std::u16string&) override {
+        return NextFile;
+    }
+
+    std::vector<std::u16string> Messages;
+    std::optional<std::u16string> NextFile;
+
+  private:
+    const std::function<void(CDialog&, CDialog&)> Visit;
+};
+
+TEST(LiveDialog, HandsItsChoicesToTheOtherFiltersAtOk) {
+    const Workdir folder;
+    TestProfile profile;
+    CCsvImportFilter first(folder.Write("a.csv", Data).c_str());
+    CCsvImportFilter second(folder.Write("b.csv", Data).c_str());
+    const std::u16string description = second.GetSettings().Description;
+    const auto choose = [](CDialog& page) {
+        UserClick(page, CtrlNoDate);
+        UserType(page, CtrlFormat, u"hh:mm:ss");
+        UserClick(page, CtrlSaveSidecar);
+    };
+    {
+        const Visitor visitor([&](CDialog& frame, CDialog& page) {
+            choose(page);
+            UserClick(frame, Ok);
+        });
+        EXPECT_EQ(first.ShowOptionDialog(), 1);
+        EXPECT_EQ(second.GetSettings().SaveSidecarFile, 1) << "goes to all at every OK";
+        EXPECT_EQ(second.GetSettings().DateSetting, 0) << "not asked to be the default";
+        EXPECT_EQ(folder.Names(), "a.csv a.csv.info b.csv");
+    }
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        choose(page);
+        UserClick(page, CtrlUseAsDefault);
+        UserClick(frame, Ok);
+    });
+    EXPECT_EQ(first.ShowOptionDialog(), 1);
+    EXPECT_EQ(second.GetSettings().DateSetting, 2);
+    EXPECT_EQ(second.GetSettings().TimestampFormat, u"hh:mm:ss");
+    EXPECT_EQ(second.GetSettings().SaveSidecarFile, 0);
+    EXPECT_EQ(second.GetSettings().Description, description);
+    EXPECT_EQ(second.GetSettings().ColumnCount, 0) << "columns are each file's own";
+    EXPECT_EQ(CCsvImportFilter(u"c.csv").GetSettings().TimestampFormat, u"hh:mm:ss")
+        << "the profile has it too";
+}
+
+TEST(LiveDialog, StaysUsableWhenTheFileDoesNot) {
+    const Workdir folder;
+    const std::u16string path = folder.Write("a.csv", Data);
+    CCsvImportFilter filter(path.c_str());
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        const CListCtrl preview(page.GetDlgItem(CtrlPreview).Handle);
+        EXPECT_EQ(preview.GetItemCount(), 2);
+        CStdioFileEx other;
+        CFileException error(false);
+        ASSERT_TRUE(other.Open(path.c_str(), CFile::modeRead | CFile::shareExclusive, &error));
+        UserClick(page, CtrlNoDate);
+        EXPECT_EQ(preview.GetItemCount(), 0) << "another program holds the file";
+        other.Close();
+        UserClick(page, CtrlDateFromColumn);
+        EXPECT_EQ(preview.GetItemCount(), 2);
+        std::filesystem::remove(folder.NativePath("a.csv"));
+        UserClick(page, CtrlNoDate);
+        EXPECT_EQ(preview.GetItemCount(), 0) << "the file is gone";
+        UserType(page, CtrlFormat, u"hh:mm:ss");
+        UserClick(frame, Ok);
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 1);
+    EXPECT_TRUE(visitor.Messages.empty());
+    EXPECT_EQ(filter.GetSettings().TimestampFormat, u"hh:mm:ss");
+    EXPECT_EQ(filter.ShowOptionDialog(), 0);
+    EXPECT_EQ(visitor.Messages.size(), 1u) << "the file can't be read any more";
+}
+
+TEST(LiveDialog, LoadsASidecarThatTheUserChose) {
+    const Workdir folder;
+    folder.Write(
+        "good.info",
+        "<CSV-INFO "
+        "format-rev='2'><START-LINE>1</START-LINE><SEPARATOR>|</SEPARATOR><DELIMITER-DECIMAL-POINT>.</"
+        "DELIMITER-DECIMAL-POINT><DELIMITER-MIL>_</DELIMITER-MIL></CSV-INFO>");
+    folder.Write("bad.info", "<CSV-INFO/");
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    Visitor* driver = nullptr;
+    Visitor visitor([&](CDialog&, CDialog& page) {
+        for (const char* name : {"bad.info", "missing.info"}) {
+            driver->NextFile = folder.Path(name);
+            UserClick(page, CtrlLoadSettings);
+            EXPECT_EQ(filter.GetSettings().Separator, 0) << name;
+        }
+        driver->NextFile = folder.Path("good.info");
+        UserClick(page, CtrlLoadSettings);
+        EXPECT_EQ(page.GetDlgItem(CtrlOtherSeparator).GetWindowText(), u"|");
+        EXPECT_TRUE(page.IsDlgButtonChecked(CtrlOther));
+        EXPECT_FALSE(page.IsDlgButtonChecked(CtrlAutoFormat));
+        EXPECT_EQ(filter.GetSettings().FirstLine, 2);
+    });
+    driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_TRUE(visitor.Messages.empty());
+    EXPECT_EQ(filter.GetSettings().FirstLine, 1);
+}
+
+}  // namespace
