@@ -62,6 +62,10 @@ void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) 
     bool quoted = false;
     bool afterBoundary = false;
     for (char16_t* p = text;; ++p) {
+        // Most characters are neither the separator nor up to the double quote, where the line's ends stand too.
+        const char16_t* const run = p;
+        while (*p > DoubleQuote && *p != separator) ++p;
+        if (p != run) afterBoundary = false;
         const char16_t c = *p;
         if (c == DoubleQuote) quoted = !quoted;
         const bool ends = EndsLine(c);
