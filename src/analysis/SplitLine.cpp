@@ -62,7 +62,8 @@ void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) 
     bool quoted = false;
     bool afterBoundary = false;
     for (char16_t* p = text;; ++p) {
-        // Most characters are neither the separator nor up to the double quote, where the line's ends stand too.
+        // Most characters are neither the separator nor up to the double quote, where the line's ends stand
+        // too.
         const char16_t* const run = p;
         while (*p > DoubleQuote && *p != separator) ++p;
         if (p != run) afterBoundary = false;
