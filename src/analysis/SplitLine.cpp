@@ -62,8 +62,7 @@ void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) 
     bool quoted = false;
     bool afterBoundary = false;
     for (char16_t* p = text;; ++p) {
-        // Most characters are neither the separator nor up to the double quote, where the line's ends stand
-        // too.
+        // The line's ends stand below the double quote, so most characters pass with two comparisons.
         const char16_t* const run = p;
         while (*p > DoubleQuote && *p != separator) ++p;
         if (p != run) afterBoundary = false;

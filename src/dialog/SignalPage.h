@@ -28,9 +28,6 @@ class CSignalPage : public CPropertyPage, public CParamListOwner {
     void OnShowDropDown(int row, int column) override;
     void OnRestoreItemText(CParamListCtrl& list, int row, int column) override;
 
-    // The list, for a host that shows or drives it.
-    CParamListCtrl& GetList() { return SignalList; }
-
   protected:
     void OnNotification(const Notification& notification) override;
 

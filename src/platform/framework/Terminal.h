@@ -1,8 +1,7 @@
 // The terminal that a program talks to, if there is one.
 #pragma once
 
-// True if standard output, or standard error, goes to a terminal.
-bool IsOutputTerminal();
+// True if standard error goes to a terminal.
 bool IsErrorTerminal();
 
 // From now on Ctrl-C only sets a flag. A second Ctrl-C ends the program at once.

@@ -15,10 +15,6 @@ void RememberInterrupt(int signal) {
 
 }  // namespace
 
-bool IsOutputTerminal() {
-    return isatty(STDOUT_FILENO) != 0;
-}
-
 bool IsErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
