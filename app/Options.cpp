@@ -2,11 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <iostream>
 
 #include "app/ExitStatus.h"
 #include "app/SettingsJson.h"
+#include "app/WholeNumber.h"
 
 namespace {
 
@@ -20,14 +20,6 @@ struct RawOptions {
     std::string Store;
     std::string Language;
 };
-
-// The whole text as a number of this type.
-template <class Number>
-bool ParseWhole(const std::string& text, Number& number) {
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end;
-}
 
 void AddCommonOptions(CLI::App& command, RawOptions& raw, Options& options) {
     command.add_option("--profile", options.ProfilePath, "Profile store (default: the user's own)")

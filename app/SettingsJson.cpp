@@ -1,10 +1,10 @@
 #include "app/SettingsJson.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <nlohmann/json.hpp>
 
+#include "app/WholeNumber.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/ProfileText.h"
 #include "platform/framework/Text.h"
@@ -40,13 +40,6 @@ ProfileBlock BlockOf(const Value& value) {
     ProfileBlock block(sizeof value);
     std::memcpy(block.data(), &value, sizeof value);
     return block;
-}
-
-template <class Number>
-bool ParseWhole(const std::string& text, Number& number) {
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end;
 }
 
 // Reads the value of one row of the table; answers what is allowed if it isn't one.

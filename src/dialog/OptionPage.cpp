@@ -8,9 +8,6 @@
 
 namespace {
 
-constexpr int LowestNumber = 1;
-constexpr int HighestNumber = 999;
-
 bool IsOneOf(int id, std::initializer_list<int> ids) {
     for (const int each : ids) {
         if (each == id) return true;

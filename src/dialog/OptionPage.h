@@ -38,6 +38,10 @@ class COptionPage : public CPropertyPage, public IPreviewTableCallbacks {
     void OnNotification(const Notification& notification) override;
 
   private:
+    // Bounds of the first line and of the column numbers.
+    static constexpr int LowestNumber = 1;
+    static constexpr int HighestNumber = 999;
+
     // Rules of what is enabled when (OptionPageRules.cpp).
     void EnableControls();
 

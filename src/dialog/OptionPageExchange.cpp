@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr int LowestNumber = 1;
-constexpr int HighestNumber = 999;
 constexpr double ShortestInterval = 0.001;
 constexpr double LongestInterval = 1e6;
 

@@ -21,14 +21,13 @@ bool COptionPage::CheckNumbersOutOfFocus() {
     struct Number {
         int Id, Value;
     };
-    constexpr int Lowest = 1;
-    constexpr int Highest = 999;
     for (const Number number :
          {Number{CtrlFirstLine, Settings->FirstLine}, Number{CtrlDateColumn, Settings->DateColumn},
           Number{CtrlTimeColumn, Settings->TimeColumn}}) {
-        if (number.Value >= Lowest && number.Value <= Highest) continue;
-        return Refuse(FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", Lowest, Highest),
-                      number.Id);
+        if (number.Value >= LowestNumber && number.Value <= HighestNumber) continue;
+        return Refuse(
+            FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", LowestNumber, HighestNumber),
+            number.Id);
     }
     return true;
 }
