@@ -1,5 +1,5 @@
 // One line of the source file becomes one sample of each signal.
-#include "analysis/SplitLine.h"
+#include "analysis/SplitPaddedLine.h"
 #include "host/SupportFunctions.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
@@ -23,7 +23,8 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
         if (!SourceFile.ReadString(LineText)) return false;
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         const bool blank = IsBlank(LineText);
-        SplitLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
+        LineText.append(LinePadding, u'\0');
+        SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
         if (blank && Cells.size() == 1) return true;
         std::int64_t time = NoTimestamp;
         if (SettleRowTime(time)) AddRowSamples(time);
@@ -42,10 +43,10 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 }
 
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
-    Settings.GetTimestampText(Cells, TimestampText);
+    const char16_t* const text = Settings.GetTimestampText(Cells, JoinedTimeText);
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
     const std::int64_t row = std::int64_t{CurrentLine} - Settings.GetFirstLine() - headerLines;
-    const RowTimestamp result = MakeRowTimestamp(Settings, row, TimestampText.c_str(), *TimeContext, Times);
+    const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
         AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
