@@ -3,24 +3,43 @@
 #include <algorithm>
 #include <cmath>
 
-void Sparkline::Add(double value) {
-    if (!std::isfinite(value)) return;
-    if (Count == 0 || InLast == PerStretch) {
-        if (Count == Capacity) Halve();
-        Stretches[Count++] = {value, value};
-        InLast = 1;
-        return;
+namespace {
+
+// How many values at the start are finite. Most often all of them, which is cheap to see.
+std::size_t CountFinite(std::span<const double> values) {
+    bool allFinite = true;
+    for (const double value : values) allFinite &= std::isfinite(value);
+    if (allFinite) return values.size();
+    const auto end = std::find_if_not(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
+    return static_cast<std::size_t>(end - values.begin());
+}
+
+}  // namespace
+
+void Sparkline::Add(std::span<const double> values) {
+    while (!values.empty()) {
+        if (!std::isfinite(values.front())) {
+            values = values.subspan(1);
+            continue;
+        }
+        if (Count == 0 || InLast == PerStretch) {
+            if (Count == Capacity) Halve();
+            Stretches[Count++] = {};
+            InLast = 0;
+        }
+        const auto room = std::min<std::uint64_t>(values.size(), PerStretch - InLast);
+        const std::size_t finite = CountFinite(values.first(static_cast<std::size_t>(room)));
+        Stretches[Count - 1].Include(RangeOf(values.first(finite)));
+        InLast += finite;
+        values = values.subspan(finite);
     }
-    Stretch& last = Stretches[Count - 1];
-    last = {std::min(last.Lowest, value), std::max(last.Highest, value)};
-    ++InLast;
 }
 
 void Sparkline::Halve() {
     for (std::size_t i = 0; i < Count / 2; ++i) {
-        const Stretch& a = Stretches[2 * i];
-        const Stretch& b = Stretches[2 * i + 1];
-        Stretches[i] = {std::min(a.Lowest, b.Lowest), std::max(a.Highest, b.Highest)};
+        NumberRange joined = Stretches[2 * i];
+        joined.Include(Stretches[2 * i + 1]);
+        Stretches[i] = joined;
     }
     Count /= 2;
     PerStretch *= 2;
@@ -30,12 +49,10 @@ std::string Sparkline::Draw(std::size_t width) const {
     constexpr const char* Blocks[] = {"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
     constexpr double LastBlock = 7.0;
     if (Count == 0) return {};
-    double lowest = Stretches[0].Lowest;
-    double highest = Stretches[0].Highest;
-    for (std::size_t i = 1; i < Count; ++i) {
-        lowest = std::min(lowest, Stretches[i].Lowest);
-        highest = std::max(highest, Stretches[i].Highest);
-    }
+    NumberRange all;
+    for (std::size_t i = 0; i < Count; ++i) all.Include(Stretches[i]);
+    const double lowest = all.Lowest;
+    const double highest = all.Highest;
     const double middle = lowest / 2 + highest / 2;
     const double span = highest - lowest;
     const std::size_t columns = std::min(width, Count);
