@@ -8,8 +8,8 @@
 
 #include "app/Arena.h"
 
-// Takes values one by one. When a block is full its owner either keeps it and goes on in another, or forgets it:
-// the memory then stays that of one block, however many values come.
+// Takes values one by one. When a block is full its owner either keeps it and goes on in another, or forgets
+// it: the memory then stays that of one block, however many values come.
 template <class Value>
 class BlockList {
   public:

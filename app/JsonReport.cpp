@@ -22,7 +22,8 @@ void WriteSamples(std::ostream& out, const StoredSignal& signal, std::size_t lim
     out << ",\"samples\":[";
     signal.VisitSamples(limit, [&](std::int64_t time, const void* data, std::uint32_t size) {
         const std::uint32_t type = signal.Description().Type;
-        out << joint << "[" << time << ", " << (data == nullptr ? "null" : SampleJson(type, data, size)) << "]";
+        out << joint << "[" << time << ", " << (data == nullptr ? "null" : SampleJson(type, data, size))
+            << "]";
         joint = ",";
     });
     out << "]";

@@ -1,6 +1,7 @@
 // The lowest and the highest of many numbers.
 #pragma once
 
+#include <cstdint>
 #include <limits>
 #include <span>
 
@@ -18,3 +19,5 @@ struct NumberRange {
 };
 
 NumberRange RangeOf(std::span<const double> numbers);
+NumberRange RangeOf(std::span<const std::int64_t> numbers);
+NumberRange RangeOf(std::span<const std::uint8_t> truthValues);  // 0 and 1

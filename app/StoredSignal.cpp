@@ -28,11 +28,6 @@ void StoredSignal::SummarizeEnds(const void* first, const void* last, std::size_
     Sum.Last.emplace(static_cast<const char*>(last), size);
 }
 
-void StoredSignal::SummarizeNumbers(std::span<const double> numbers) {
-    Sum.Range.Include(RangeOf(numbers));
-    Sum.Course.Add(numbers);
-}
-
 std::unique_ptr<StoredSignal> MakeStoredSignal(SignalDescription description, std::uint32_t id,
                                                SharedStore& store) {
     const auto make = [&]<class Signal>(std::type_identity<Signal>) -> std::unique_ptr<StoredSignal> {

@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
@@ -36,9 +35,8 @@ struct SignalSummary {
     std::uint64_t Count = 0;
     std::uint64_t WithoutValue = 0;
     std::int64_t FirstTime = 0, LastTime = 0;  // nanoseconds
-    std::optional<std::string> First, Last;    // bytes of the first and the last value; none: there is no value
-    NumberRange Range;                         // of numbers; empty without them
-    Sparkline Course;
+    std::optional<std::string> First, Last;  // bytes of the first and the last value; none: there is no value
+    Sparkline Course;                        // of numbers; empty without them
 };
 
 // Keeps a summary of all its samples and the first of them, up to a limit. A body per value type stands in
@@ -85,9 +83,8 @@ class StoredSignal : public DM::SignalProxy {
     // How many samples a visit with this limit sees.
     std::uint64_t CountKept(std::uint64_t limit) const;
 
-    // Takes values into the summary, in order.
+    // Takes the first and the last of some values into the summary.
     void SummarizeEnds(const void* first, const void* last, std::size_t size);
-    void SummarizeNumbers(std::span<const double> numbers);
 
     SignalSummary Sum;
     std::shared_ptr<TimeAxis> Axis;

@@ -1,12 +1,13 @@
 // The bodies of a stored signal, by the type of its values.
 #pragma once
 
-#include <array>
 #include <cstring>
+#include <span>
 #include <type_traits>
 #include <utility>
 
 #include "app/BlockList.h"
+#include "app/IntegerList.h"
 #include "app/StoredSignal.h"
 #include "app/TextBlocks.h"
 
@@ -74,27 +75,10 @@ class FixedSignal final : public StoredSignal {
         }
         if (open.empty()) return;
         SummarizeEnds(&open.front(), &open.back(), sizeof(Value));
-        if constexpr (std::is_same_v<Value, double>) {
-            SummarizeNumbers(open);
-        } else if constexpr (!std::is_same_v<Value, char16_t>) {
-            SummarizeConverted(open);
-        }
+        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Course.Add(open);
     }
 
-    void SummarizeConverted(std::span<const Value> values) {
-        constexpr bool IsBool = std::is_same_v<Value, std::uint8_t>;
-        constexpr std::size_t PartSize = 128;
-        std::array<double, PartSize> numbers;
-        while (!values.empty()) {
-            const std::size_t count = std::min(PartSize, values.size());
-            for (std::size_t i = 0; i < count; ++i)
-                numbers[i] = static_cast<double>(IsBool ? values[i] != 0 : values[i]);
-            SummarizeNumbers({numbers.data(), count});
-            values = values.subspan(count);
-        }
-    }
-
-    BlockList<Value> Values;
+    std::conditional_t<std::is_same_v<Value, std::int64_t>, IntegerList, BlockList<Value>> Values;
     std::uint64_t OpenRow = 0;  // of the open block's first value, among the rows in Values
     std::vector<bool> Gaps;     // rows in Values without a value, up to the last such row
 };
@@ -110,7 +94,10 @@ class TextSignal final : public StoredSignal {
     void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override;
 
   private:
+    // Keeps a text; its entry in Sizes.
+    std::uint32_t KeepText(const char16_t* text, std::uint32_t size);
+
     // Of the samples kept.
-    BlockList<std::uint32_t> Sizes;  // in bytes, or NoValue
+    BlockList<std::uint32_t> Sizes;
     TextBlocks Texts;
 };

@@ -1,29 +1,34 @@
-// Texts one behind the other, in blocks that never move.
+// Texts of UTF-16 one behind the other, in blocks that never move.
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "app/Arena.h"
 
+// Keeps a text whose characters all lie below 256 in one byte each: that is most texts of measurement files.
 class TextBlocks {
   public:
     // The arena must outlive the texts.
     explicit TextBlocks(Arena& memory) : Memory(memory) {}
 
-    // Copies `size` bytes.
-    void Append(const void* data, std::size_t size);
+    // Copies `length` units; true if they were kept narrow.
+    bool Append(const char16_t* text, std::size_t length);
 
-    // Reads the texts in order, each by its size.
+    // Reads the texts in order, each by its length and by what Append answered.
     class Reader {
       public:
         explicit Reader(const TextBlocks& texts) : Texts(texts) {}
-        const char* Next(std::size_t size);
+
+        // Valid until the next call.
+        const char16_t* Next(std::size_t length, bool isNarrow);
 
       private:
         const TextBlocks& Texts;
         std::size_t Block = 0;
         std::size_t At = 0;
+        std::u16string Text;
     };
 
   private:
@@ -31,6 +36,9 @@ class TextBlocks {
         char* Bytes;
         std::size_t Used, Size;
     };
+
+    // Room for so many bytes.
+    char* Reserve(std::size_t size);
 
     Arena& Memory;
     std::vector<Block> Blocks;

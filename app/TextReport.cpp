@@ -80,7 +80,7 @@ std::string ValueText(std::uint32_t type, const std::optional<std::string>& valu
 
 std::string RangeText(const StoredSignal& signal) {
     const std::uint32_t type = signal.Description().Type;
-    const NumberRange& range = signal.Summary().Range;
+    const NumberRange range = signal.Summary().Course.Range();
     if ((type != KelvarinDouble && type != KelvarinInt64) || range.IsEmpty()) return {};
     constexpr std::uint32_t Bytes = sizeof(double);
     return SampleText(KelvarinDouble, &range.Lowest, Bytes) + " .. " +
@@ -98,9 +98,9 @@ void WriteSignals(std::ostream& out, const StoredDevice& device) {
         const std::string gaps =
             summary.WithoutValue == 0 ? "" : std::to_string(summary.WithoutValue) + " without value";
         table.AddRow(
-            {OneLine(Utf16ToUtf8(about.Symbol), NameWidth), StoreTypeInWords(about.Type), UnitText(about.Unit),
-             std::to_string(summary.Count), "samples", ValueText(about.Type, summary.First), "->",
-             ValueText(about.Type, summary.Last),
+            {OneLine(Utf16ToUtf8(about.Symbol), NameWidth), StoreTypeInWords(about.Type),
+             UnitText(about.Unit), std::to_string(summary.Count), "samples",
+             ValueText(about.Type, summary.First), "->", ValueText(about.Type, summary.Last),
              summary.Course.Draw(CourseWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
              gaps});
     }

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-// A growing list of times in nanoseconds. Full stretches are packed to four bytes a row while neighbours are at
-// most 4.29 seconds apart, and stay at eight bytes elsewhere.
+// A growing list of times in nanoseconds. Full stretches are packed to four bytes a row while neighbours are
+// at most 4.29 seconds apart, and stay at eight bytes elsewhere.
 class TimeAxis {
   public:
     TimeAxis() = default;

@@ -5,8 +5,8 @@
 
 #include "settings/CellList.h"
 
-// So many zeros must follow the text's terminating zero, so that a step of 64 characters reads nothing that is
-// not the line's. It gives ScanDecimal and its kin their room too.
+// So many zeros must follow the text's terminating zero, so that a step of 64 characters reads nothing that
+// is not the line's. It gives ScanDecimal and its kin their room too.
 constexpr std::size_t LinePadding = 64;
 
 // Answers what SplitLine does, about four times as fast.

@@ -1,4 +1,6 @@
 // One line of the source file becomes one sample of each signal.
+#include <algorithm>
+
 #include "analysis/SplitPaddedLine.h"
 #include "host/SupportFunctions.h"
 #include "platform/framework/Text.h"
@@ -12,7 +14,7 @@ namespace {
 constexpr std::int32_t LinesPerProgress = 100;
 
 bool IsBlank(const std::u16string& line) {
-    return TrimWhiteSpace(line).empty();
+    return std::all_of(line.begin(), line.end(), IsWhiteSpace);
 }
 
 }  // namespace
@@ -57,9 +59,11 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
     if (SampleColumns.empty()) CollectSampleColumns();
+    char16_t* const* const cells = Cells.data();
+    const std::size_t count = Cells.size();
     for (SampleColumn& column : SampleColumns) {
         const auto index = static_cast<std::size_t>(column.Index);
-        char16_t* const cell = index < Cells.size() ? Cells[index] : nullptr;
+        char16_t* const cell = index < count ? cells[index] : nullptr;
         const bool accepted = WriteSample(column, cell, time);
         if (!accepted && cell != nullptr && *cell != u'\0') ReportWrongCell(column, cell);
     }

@@ -16,6 +16,6 @@ struct SampleColumn {
 };
 
 // Adds the cell (null if the row is too short) as a sample at `time`, or a sample without a value if it isn't
-// of the column's type. LinePadding must follow the line that the cell stands in. The cell's text may change; a
-// refused one is left as its parser leaves it. False for a cell that was refused.
+// of the column's type. LinePadding must follow the line that the cell stands in. The cell's text may change;
+// a refused one is left as its parser leaves it. False for a cell that was refused.
 bool WriteSample(SampleColumn& column, char16_t* cell, std::int64_t time);

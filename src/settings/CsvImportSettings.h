@@ -108,8 +108,8 @@ class CCsvImportSettings {
     // Erases the entries that hold no choice of the user, and forgets the detected type of the others.
     void RemoveDefaultColumns();
 
-    // The text of a row's time: one of its cells, or its date and time cells joined in `joined`, whose storage
-    // is reused because rows are many. Empty if a column is missing or none is asked for.
+    // The text of a row's time: one of its cells, or its date and time cells joined in `joined`, whose
+    // storage is reused because rows are many. Empty if a column is missing or none is asked for.
     const char16_t* GetTimestampText(const CellList& cells, std::u16string& joined) const;
 
     // --- Analysis (folder analysis) ---

@@ -67,7 +67,8 @@ constexpr std::array<double, WeightCount> Weights = [] {
 // Digits up to `end`, or all that follow if it is null, as a fraction. Answers the place behind them.
 const char16_t* ReadFraction(const char16_t* value, const char16_t* end, double& fraction) {
     std::size_t i = 0;
-    for (; IsDigit(*value) && value != end && i < WeightCount; ++value) fraction += (*value - u'0') * Weights[i++];
+    for (; IsDigit(*value) && value != end && i < WeightCount; ++value)
+        fraction += (*value - u'0') * Weights[i++];
     double weight = Weights.back();
     for (; IsDigit(*value) && value != end; ++value) fraction += (*value - u'0') * (weight /= 10.0);
     return value;

@@ -95,7 +95,8 @@ const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_
             if (value == nullptr) return nullptr;
             parts.Store(step.Field.Kind, number);
         } else {
-            if (step.Literal != *value && !(IsWhiteSpace(step.Literal) && IsWhiteSpace(*value))) return nullptr;
+            if (step.Literal != *value && !(IsWhiteSpace(step.Literal) && IsWhiteSpace(*value)))
+                return nullptr;
             value = SkipWhiteSpace(value + 1);
         }
     }

@@ -45,8 +45,7 @@ TEST(Settings, TimestampCells) {
     for (const auto& c : cases) {
         settings.DateSetting = c.Date, settings.DateColumn = c.DateColumn;
         settings.TimeSetting = c.Time, settings.TimeColumn = c.TimeColumn;
-        const std::u16string text =
-            settings.GetTimestampText({one.data(), two.data(), three.data()}, joined);
+        const std::u16string text = settings.GetTimestampText({one.data(), two.data(), three.data()}, joined);
         std::u16string columns;
         for (int i = 0; i < 3; ++i) columns += settings.IsTimestampColumn(i) ? &u"0\0001\0002"[2 * i] : u"";
         EXPECT_TRUE(text == c.Text && columns == c.Columns) << "case " << &c - cases;

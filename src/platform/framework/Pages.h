@@ -3,11 +3,12 @@
 
 #include <cstddef>
 
-// Size and alignment of the largest pages that are asked for. Memory in large pages costs far fewer page faults
-// and address translations than the heap's.
+// Size and alignment of the largest pages that are asked for. Memory in large pages costs far fewer page
+// faults and address translations than the heap's.
 constexpr std::size_t LargePage = std::size_t{2} << 20;
 
-// `count` large pages of memory, aligned to their size; untouched memory takes no room. Raises std::bad_alloc.
+// `count` large pages of memory, aligned to their size; untouched memory takes no room. Raises
+// std::bad_alloc.
 void* AllocatePages(std::size_t count);
 
 // Gives them back.

@@ -91,7 +91,8 @@ std::size_t WidenAscii(std::string_view bytes, char16_t* out) {
     for (; at + Block <= size && WidenBlock(bytes.data() + at, out + at); at += Block) {
     }
     // The last block once more from where it is whole: what it widens twice comes out the same.
-    if (at < size && at + Block > size && size >= Block && WidenBlock(bytes.data() + size - Block, out + size - Block))
+    if (at < size && at + Block > size && size >= Block &&
+        WidenBlock(bytes.data() + size - Block, out + size - Block))
         return size;
     for (; at < size; ++at) {
         const auto byte = static_cast<unsigned char>(bytes[at]);

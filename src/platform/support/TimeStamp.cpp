@@ -131,7 +131,8 @@ std::int64_t CTimeStamp::DaytimeToTIME(bool) const {
 std::int64_t CTimeStamp::DateToTIME() const {
     LocalTime local{};
     ToLocalTime(FloorSeconds(Nanoseconds), local);
-    return WrappingMultiply(FromLocalTime({local.Year, local.Month, local.Day, 0, 0, 0}), NanosecondsPerSecond);
+    return WrappingMultiply(FromLocalTime({local.Year, local.Month, local.Day, 0, 0, 0}),
+                            NanosecondsPerSecond);
 }
 
 std::u16string CTimeStamp::ToText() const {
