@@ -32,7 +32,7 @@ const std::u16string& BenchFile() {
     static const std::u16string path = [] {
         const std::u16string file = ProgramFolder() + u"/bench-16.csv";
         const std::string generator = PathToNative(ProgramFolder() + u"/generate-file");
-        const std::string command = "'" + generator + "' 16 > '" + PathToNative(file) + "'";
+        const std::string command = "'" + generator + "' logger 16 > '" + PathToNative(file) + "'";
         if (std::system(command.c_str()) != 0) std::abort();
         return file;
     }();
