@@ -29,8 +29,13 @@ NumberRange RangeOf(std::span<const double> numbers) {
 
 NumberRange RangeOf(std::span<const std::int64_t> numbers) {
     if (numbers.empty()) return {};
-    const auto [lowest, highest] = std::minmax_element(numbers.begin(), numbers.end());
-    return {static_cast<double>(*lowest), static_cast<double>(*highest)};
+    std::int64_t lowest = numbers.front();
+    std::int64_t highest = lowest;
+    for (const std::int64_t number : numbers) {
+        lowest = number < lowest ? number : lowest;
+        highest = number > highest ? number : highest;
+    }
+    return {static_cast<double>(lowest), static_cast<double>(highest)};
 }
 
 NumberRange RangeOf(std::span<const std::uint8_t> truthValues) {

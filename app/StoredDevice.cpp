@@ -3,9 +3,7 @@
 #include <utility>
 
 StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit)
-    : Name(std::move(name)), Description(std::move(description)) {
-    Store.KeepLimit = keepLimit;
-}
+    : Name(std::move(name)), Description(std::move(description)), Store(keepLimit) {}
 
 DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
                                        std::uint32_t size) {

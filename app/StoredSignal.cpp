@@ -19,6 +19,11 @@ void StoredSignal::AppendTime(std::int64_t time) {
     Axis->Append(time);
 }
 
+void StoredSignal::Finish() {
+    Sum.FirstTime = Axis->First();
+    SummarizeRest();
+}
+
 std::uint64_t StoredSignal::CountKept(std::uint64_t limit) const {
     return std::min({limit, KeepLimit, Sum.Count});
 }

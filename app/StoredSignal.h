@@ -16,9 +16,12 @@
 
 // What the signals of a device share. Outlives them.
 struct SharedStore {
-    std::uint64_t KeepLimit = 0;  // samples that each signal keeps
+    explicit SharedStore(std::uint64_t keepLimit)
+        : KeepLimit(keepLimit), Axis(std::make_shared<TimeAxis>(keepLimit)) {}
+
+    const std::uint64_t KeepLimit;  // samples that each signal keeps
     Arena Memory;
-    std::shared_ptr<TimeAxis> Axis = std::make_shared<TimeAxis>();
+    const std::shared_ptr<TimeAxis> Axis;
 };
 
 // What a signal is made with, and its texts.
@@ -57,7 +60,7 @@ class StoredSignal : public DM::SignalProxy {
     const SignalSummary& Summary() const { return Sum; }
 
     // No samples come any more.
-    virtual void Finish() = 0;
+    void Finish();
 
     // One sample as it was given; null data is a sample without a value.
     using SampleVisitor = std::function<void(std::int64_t time, const void* data, std::uint32_t size)>;
@@ -66,14 +69,17 @@ class StoredSignal : public DM::SignalProxy {
     virtual void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const = 0;
 
   protected:
-    // Counts one sample.
-    void NoteTime(std::int64_t time) {
-        if (Sum.Count == 0) Sum.FirstTime = time;
+    // True if the axis has the next sample's time already, from another signal.
+    bool IsTimeOfRow(std::int64_t time) const {
+        return Axis->Count() == Sum.Count + 1 && Axis->Last() == time;
+    }
+
+    // Gives the axis, or one of the signal's own, the next sample's time.
+    void AppendTime(std::int64_t time);
+
+    // Counts a sample whose time the axis has.
+    void CountAt(std::int64_t time) {
         Sum.LastTime = time;
-        if (Sum.Count < KeepLimit) {
-            const bool isShared = Axis->Count() == Sum.Count + 1 && Axis->Last() == time;
-            if (!isShared) AppendTime(time);
-        }
         ++Sum.Count;
     }
 
@@ -83,6 +89,9 @@ class StoredSignal : public DM::SignalProxy {
     // How many samples a visit with this limit sees.
     std::uint64_t CountKept(std::uint64_t limit) const;
 
+    // Takes what isn't in the summary yet into it.
+    virtual void SummarizeRest() = 0;
+
     // Takes the first and the last of some values into the summary.
     void SummarizeEnds(const void* first, const void* last, std::size_t size);
 
@@ -90,9 +99,6 @@ class StoredSignal : public DM::SignalProxy {
     std::shared_ptr<TimeAxis> Axis;
 
   private:
-    // Of a row that the axis doesn't have yet, or has with another time.
-    void AppendTime(std::int64_t time);
-
     SignalDescription About;
     const DM::SUniqueSignalId Id;
     const std::uint64_t KeepLimit;

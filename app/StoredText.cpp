@@ -11,7 +11,8 @@ constexpr std::uint32_t NarrowBit = 0x80000000;
 
 DM::EResult TextSignal::AddSample(const void* data, std::uint32_t size, std::int64_t time) {
     const bool keep = KeepsBlock(0);
-    NoteTime(time);
+    if (!IsTimeOfRow(time)) AppendTime(time);
+    CountAt(time);
     if (keep) {
         if (Sizes.IsFull()) Sizes.Turn(true);
         Sizes.Append(data == nullptr ? NoValue : KeepText(static_cast<const char16_t*>(data), size));

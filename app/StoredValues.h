@@ -18,20 +18,13 @@ class FixedSignal final : public StoredSignal {
     FixedSignal(SignalDescription description, std::uint32_t id, SharedStore& store)
         : StoredSignal(std::move(description), id, store), Values(store.Memory) {}
 
+    // The case of nearly all samples is kept so short that it calls nothing.
     DM::EResult AddSample(const void* data, std::uint32_t, std::int64_t time) override {
-        if (Values.IsFull()) TurnBlock();
-        NoteTime(time);
-        Value value{};
-        if (data != nullptr) {
-            std::memcpy(&value, data, sizeof value);
-        } else {
-            NoteGap();
-        }
-        Values.Append(value);
+        if (data == nullptr || Values.IsFull() || !IsTimeOfRow(time)) return AddSpecial(data, time);
+        CountAt(time);
+        AppendValue(data);
         return DM::ResultOk;
     }
-
-    void Finish() override { Summarize(); }
 
     void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override {
         const std::uint64_t count = CountKept(limit);
@@ -46,8 +39,27 @@ class FixedSignal final : public StoredSignal {
     }
 
   private:
+    [[gnu::noinline]] DM::EResult AddSpecial(const void* data, std::int64_t time) {
+        if (Values.IsFull()) TurnBlock();
+        if (!IsTimeOfRow(time)) AppendTime(time);
+        CountAt(time);
+        if (data == nullptr) {
+            NoteGap();
+            Values.Append(Value{});
+        } else {
+            AppendValue(data);
+        }
+        return DM::ResultOk;
+    }
+
+    void AppendValue(const void* data) {
+        Value value;
+        std::memcpy(&value, data, sizeof value);
+        Values.Append(value);
+    }
+
     void TurnBlock() {
-        Summarize();
+        SummarizeRest();
         const std::size_t count = Values.Open().size();
         const bool keep = KeepsBlock(count);
         if (keep) OpenRow += count;
@@ -63,8 +75,8 @@ class FixedSignal final : public StoredSignal {
 
     bool IsGap(std::uint64_t row) const { return row < Gaps.size() && Gaps[static_cast<std::size_t>(row)]; }
 
-    // Takes the open block into the summary.
-    void Summarize() {
+    // Of the open block.
+    void SummarizeRest() override {
         std::span<const Value> open = Values.Open();
         std::vector<Value> valid;
         if (Gaps.size() > OpenRow) {
@@ -90,10 +102,11 @@ class TextSignal final : public StoredSignal {
         : StoredSignal(std::move(description), id, store), Sizes(store.Memory), Texts(store.Memory) {}
 
     DM::EResult AddSample(const void* data, std::uint32_t size, std::int64_t time) override;
-    void Finish() override {}
     void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override;
 
   private:
+    void SummarizeRest() override {}
+
     // Keeps a text; its entry in Sizes.
     std::uint32_t KeepText(const char16_t* text, std::uint32_t size);
 

@@ -1,5 +1,6 @@
 #include "app/TimeAxis.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -11,14 +12,19 @@ constexpr std::size_t RowsPerStretch = 4096;
 
 }  // namespace
 
-TimeAxis::TimeAxis(const TimeAxis& other, std::uint64_t count) {
+TimeAxis::TimeAxis(const TimeAxis& other, std::uint64_t count) : TimeAxis(other.KeepLimit) {
     Reader reader(other);
-    while (Rows < count) Append(reader.Next());
+    while (Rows < std::min(count, KeepLimit)) Append(reader.Next());
+    FirstTime = other.FirstTime;
+    Rows = count;
 }
 
 void TimeAxis::Append(std::int64_t time) {
-    if (Open.size() == RowsPerStretch) Pack();
-    Open.push_back(time);
+    if (Rows < KeepLimit) {
+        if (Open.size() == RowsPerStretch) Pack();
+        Open.push_back(time);
+    }
+    if (Rows == 0) FirstTime = time;
     LastTime = time;
     ++Rows;
 }

@@ -5,23 +5,23 @@
 #include <cstdint>
 #include <vector>
 
-// A growing list of times in nanoseconds. Full stretches are packed to four bytes a row while neighbours are
-// at most 4.29 seconds apart, and stay at eight bytes elsewhere.
+// A growing list of times in nanoseconds, of which the first are kept. Full stretches are packed to four
+// bytes a row while neighbours are at most 4.29 seconds apart, and stay at eight bytes elsewhere.
 class TimeAxis {
   public:
-    TimeAxis() = default;
+    explicit TimeAxis(std::uint64_t keepLimit) : KeepLimit(keepLimit) {}
 
     // The first `count` times of another axis.
     TimeAxis(const TimeAxis& other, std::uint64_t count);
 
     void Append(std::int64_t time);
 
+    // Of all times, kept or not.
     std::uint64_t Count() const { return Rows; }
-
-    // The last time; 0 before there is one.
+    std::int64_t First() const { return FirstTime; }
     std::int64_t Last() const { return LastTime; }
 
-    // Reads the times from the first on. The axis must outlive it and not grow meanwhile.
+    // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
     class Reader {
       public:
         explicit Reader(const TimeAxis& axis) : Axis(axis) {}
@@ -48,6 +48,8 @@ class TimeAxis {
 
     std::vector<PackedStretch> Packed;
     std::vector<std::int64_t> Open;  // the last stretch
+    const std::uint64_t KeepLimit;
     std::uint64_t Rows = 0;
+    std::int64_t FirstTime = 0;
     std::int64_t LastTime = 0;
 };

@@ -67,3 +67,10 @@ bool ScanHex(const char16_t* cell, std::int64_t& value) {
     value = static_cast<std::int64_t>(number);
     return *p == u'\0' && p != digits && p - digits <= MostHexDigits;
 }
+
+const char16_t* ScanMoreDigits(const char16_t* text, std::uint64_t& number) {
+    const scan::DigitRun run = scan::ReadDigits(text);
+    number =
+        number * scan::WholePowers[run.Count] + scan::WithoutZeros(scan::JoinDigits(run.Digits), run.Count);
+    return IsDigit(text[run.Count]) ? nullptr : text + run.Count;
+}

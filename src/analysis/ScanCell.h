@@ -28,6 +28,9 @@ bool ScanHex(const char16_t* cell, std::int64_t& value);
 // Null if the number isn't plain.
 const char16_t* ScanExponent(const char16_t* text, int& power);
 
+// Appends the up to eight digits at `text` to a number. The place behind them; null if more follow.
+const char16_t* ScanMoreDigits(const char16_t* text, std::uint64_t& number);
+
 // Steps of the scans.
 namespace scan {
 
@@ -94,15 +97,22 @@ inline DigitRun ReadDigits(const char16_t* text) {
     return {_mm_and_si128(digits, *reinterpret_cast<const __m128i*>(FirstLanes[count])), count};
 }
 
-// Two runs, each as a number of eight digits: the first in the lower half, the second in the upper.
+// Factors that join neighbours: 1 to 2 digits, 2 to 4, 4 to 8.
+inline __m128i Join(__m128i numbers, int factor) {
+    return _mm_madd_epi16(numbers, _mm_set1_epi32(1 << 16 | factor));
+}
+
+// A run as a number of eight digits.
+inline std::uint32_t JoinDigits(__m128i digits) {
+    const __m128i twos = Join(digits, 10);
+    const __m128i fours = Join(_mm_packs_epi32(twos, twos), 100);
+    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(Join(_mm_packs_epi32(fours, fours), 10'000)));
+}
+
+// Two runs at once: the first in the lower half, the second in the upper.
 inline std::uint64_t JoinDigits(__m128i first, __m128i second) {
-    const __m128i tens = _mm_set1_epi32(1 << 16 | 10);
-    const __m128i hundreds = _mm_set1_epi32(1 << 16 | 100);
-    const __m128i tenThousands = _mm_set1_epi32(1 << 16 | 10'000);
-    const __m128i twos = _mm_packs_epi32(_mm_madd_epi16(first, tens), _mm_madd_epi16(second, tens));
-    const __m128i fours = _mm_madd_epi16(twos, hundreds);
-    const __m128i eights = _mm_madd_epi16(_mm_packs_epi32(fours, fours), tenThousands);
-    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(eights));
+    const __m128i fours = Join(_mm_packs_epi32(Join(first, 10), Join(second, 10)), 100);
+    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(Join(_mm_packs_epi32(fours, fours), 10'000)));
 }
 
 // A run of so many digits as a number, from one of eight that has zeros behind them. A division without rest
@@ -144,26 +154,21 @@ inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** en
     return true;
 }
 
-// A whole number at the start of `cell`: a sign or none and up to 16 digits. The rest is as for ScanDecimal.
+// A whole number at the start of `cell`: a sign or none and up to 16 digits. `*end` is set behind it and is
+// not a digit; a mark there means that the number isn't plain. False says nothing about the cell.
 inline bool ScanInteger(const char16_t* cell, std::int64_t& value, const char16_t** end) {
     const char16_t* p = scan::SkipSign(cell);
-    const scan::DigitRun first = scan::ReadDigits(p);
-    if (first.Count == 0) return false;
-    p += first.Count;
-    scan::DigitRun second{_mm_setzero_si128(), 0};
-    if (first.Count == scan::MostDigits) {
-        second = scan::ReadDigits(p);
-        p += second.Count;
+    const scan::DigitRun run = scan::ReadDigits(p);
+    p += run.Count;
+    std::uint64_t magnitude = scan::WithoutZeros(scan::JoinDigits(run.Digits), run.Count);
+    // Only a full run can have a digit behind it. Its count is hard to predict, but not this.
+    if (*p >= u'0' && *p <= u'9') {
+        p = ScanMoreDigits(p, magnitude);
+    } else if (run.Count == 0) {
+        p = nullptr;
     }
-    if (*p == u',' || *p == u'.' || (*p >= u'0' && *p <= u'9')) return false;
-    const std::uint64_t joined = scan::JoinDigits(first.Digits, second.Digits);
-    std::int64_t magnitude = scan::WithoutZeros(static_cast<std::uint32_t>(joined), first.Count);
-    if (second.Count != 0) {
-        magnitude *= scan::WholePowers[second.Count];
-        magnitude += scan::WithoutZeros(static_cast<std::uint32_t>(joined >> 32), second.Count);
-    }
-    const std::int64_t sign = -static_cast<std::int64_t>(*cell == u'-');  // all ones or zeros
-    value = (magnitude ^ sign) - sign;
+    const std::uint64_t sign = std::uint64_t{0} - std::uint64_t{*cell == u'-'};  // all ones or zeros
+    value = static_cast<std::int64_t>((magnitude ^ sign) - sign);
     *end = p;
-    return true;
+    return p != nullptr;
 }

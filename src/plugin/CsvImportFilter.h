@@ -85,6 +85,7 @@ class CCsvImportFilter : public CImportFilter {
     CFileException FileError{false};  // filled by a failing Open
     CDevice* Device = nullptr;        // of the run; the host's
     RunTimes Times;
-    std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
-    std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
+    std::vector<DM::SignalProxy*> Signals;            // per column index, null without signal; the store's
+    std::vector<SampleColumn> SampleColumns;          // the columns that get samples, in order
+    std::vector<const SampleColumn*> RefusedColumns;  // of the row being imported, kept for their storage
 };

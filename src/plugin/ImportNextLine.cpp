@@ -58,15 +58,12 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
-    if (SampleColumns.empty()) CollectSampleColumns();
-    char16_t* const* const cells = Cells.data();
-    const std::size_t count = Cells.size();
-    for (SampleColumn& column : SampleColumns) {
-        const auto index = static_cast<std::size_t>(column.Index);
-        char16_t* const cell = index < count ? cells[index] : nullptr;
-        const bool accepted = WriteSample(column, cell, time);
-        if (!accepted && cell != nullptr && *cell != u'\0') ReportWrongCell(column, cell);
+    WriteSamples(SampleColumns, Cells, time, RefusedColumns);
+    for (const SampleColumn* column : RefusedColumns) {
+        const char16_t* const cell = Cells[static_cast<std::size_t>(column->Index)];
+        if (*cell != u'\0') ReportWrongCell(*column, cell);
     }
+    RefusedColumns.clear();
 }
 
 void CCsvImportFilter::CollectSampleColumns() {

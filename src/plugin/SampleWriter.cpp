@@ -27,7 +27,7 @@ void SettleUnit(SampleColumn& column) {
 // a cell that isn't plain goes to its parser, which may change it.
 
 template <class Value>
-bool Add(const SampleColumn& column, bool accepted, const Value& value, std::int64_t time) {
+inline bool Add(const SampleColumn& column, bool accepted, const Value& value, std::int64_t time) {
     column.Signal->AddSample(accepted ? &value : nullptr, sizeof value, time);
     return accepted;
 }
@@ -90,21 +90,45 @@ bool WriteText(SampleColumn& column, char16_t* cell, std::int64_t time) {
     return true;
 }
 
-// In the order of ECsvDataType, from CsvTypeBoolean to CsvTypeString.
-struct Kind {
-    std::uint32_t Bytes;  // of a sample without a value
-    bool (*Write)(SampleColumn& column, char16_t* cell, std::int64_t time);
+// A row while it is written.
+struct Row {
+    char16_t* const* Cells;
+    std::size_t CellCount;
+    std::int64_t Time;
+    SampleColumn* End;  // behind the last column
+    std::vector<const SampleColumn*>& Refused;
 };
-constexpr Kind Kinds[] = {
-    {1, WriteBoolean}, {8, WriteInteger},       {8, WriteIntegerWithUnit}, {8, WriteHex},
-    {8, WriteFloat},   {8, WriteFloatWithUnit}, {2, WriteCharacter},       {0, WriteText},
+
+// Writes the columns from `first` on up to the first of another type, whose place it answers. One loop for a
+// type: most files have many columns of one.
+template <bool (*Write)(SampleColumn&, char16_t*, std::int64_t), std::uint32_t Bytes>
+SampleColumn* WriteRun(SampleColumn* first, const Row& row) {
+    const ECsvDataType type = first->Type;
+    SampleColumn* column = first;
+    do {
+        const auto index = static_cast<std::size_t>(column->Index);
+        if (index >= row.CellCount) {
+            column->Signal->AddSample(nullptr, Bytes, row.Time);
+        } else if (!Write(*column, row.Cells[index], row.Time)) {
+            row.Refused.push_back(column);
+        }
+    } while (++column != row.End && column->Type == type);
+    return column;
+}
+
+// In the order of ECsvDataType, from CsvTypeBoolean to CsvTypeString. Without a value a text has no bytes.
+using RunWriter = SampleColumn* (*)(SampleColumn* first, const Row& row);
+constexpr RunWriter RunWriters[] = {
+    WriteRun<WriteBoolean, 1>,   WriteRun<WriteInteger, 8>, WriteRun<WriteIntegerWithUnit, 8>,
+    WriteRun<WriteHex, 8>,       WriteRun<WriteFloat, 8>,   WriteRun<WriteFloatWithUnit, 8>,
+    WriteRun<WriteCharacter, 2>, WriteRun<WriteText, 0>,
 };
 
 }  // namespace
 
-bool WriteSample(SampleColumn& column, char16_t* cell, std::int64_t time) {
-    const Kind& kind = Kinds[column.Type - CsvTypeBoolean];
-    if (cell != nullptr) return kind.Write(column, cell, time);
-    column.Signal->AddSample(nullptr, kind.Bytes, time);
-    return false;
+void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
+                  std::vector<const SampleColumn*>& refused) {
+    SampleColumn* column = columns.data();
+    const Row row{cells.begin(), cells.size(), time, column + columns.size(), refused};
+    while (column != row.End) column = RunWriters[column->Type - CsvTypeBoolean](column, row);
 }

@@ -18,7 +18,7 @@ Texts Split(std::u16string line, char16_t separator, bool merge) {
 
 // The same in steps of many characters.
 Texts SplitPadded(std::u16string line, char16_t separator, bool merge) {
-    CellList cells(line.size() % 3, nullptr);  // as left by another line
+    CellList cells{nullptr, nullptr};  // as left by another line
     line.append(LinePadding, u'\0');
     SplitPaddedLine(line.data(), separator, merge, cells);
     return Texts(cells.begin(), cells.end());
