@@ -148,10 +148,10 @@ int Run(const Shape& shape, const char* path) {
     for (std::size_t end = 0; (end = text.find('\n', at)) != text.npos; at = end + 1) {
         shape.AddLine(std::string_view(text).substr(at, end - at), table);
     }
-    const double seconds = stopwatch.Seconds();
+    const TimeTaken taken = stopwatch.Taken();
     std::vector<double> sums;
     for (const Column& column : table.Columns) sums.push_back(SumOf(column));
-    PrintReport("naive loop", table.Times.size(), sums, seconds);
+    PrintReport("naive loop", table.Times.size(), sums, taken);
     return 0;
 }
 

@@ -29,6 +29,16 @@ export const columns = [
   ...shape.columns.map((kind, index) => [`c${index}`, kind]),
 ];
 
-export function report(engine, rows, sums, seconds) {
-  console.log(JSON.stringify({ engine, rows: Number(rows), sums: sums.map(Number), seconds }));
+// What `read` took: { seconds, cpu }, the cpu's time that of all threads.
+export async function measure(read) {
+  const cpuBefore = process.cpuUsage();
+  const start = performance.now();
+  await read();
+  const seconds = (performance.now() - start) / 1000;
+  const { user, system } = process.cpuUsage(cpuBefore);
+  return { seconds, cpu: (user + system) / 1e6 };
+}
+
+export function report(engine, rows, sums, taken) {
+  console.log(JSON.stringify({ engine, rows: Number(rows), sums: sums.map(Number), ...taken }));
 }

@@ -1,6 +1,6 @@
 // DuckDB: a table in memory. The times of wide and mixed as types of their own, which cost it less than texts;
 // the German ones as text.
-import { columns, file, report, require, shape, threads } from './common.mjs';
+import { columns, file, measure, report, require, shape, threads } from './common.mjs';
 
 const { DuckDBInstance } = require('@duckdb/node-api');
 
@@ -20,12 +20,10 @@ const sums = {
 
 const connection = await (await DuckDBInstance.create(':memory:', { threads })).connect();
 const schema = columns.map(([name, kind]) => `'${name}': '${types[kind]}'`).join(', ');
-const start = performance.now();
-await connection.run(`CREATE TABLE rows AS SELECT * FROM read_csv('${file}', auto_detect = false, header = true,
+const taken = await measure(() => connection.run(`CREATE TABLE rows AS SELECT * FROM read_csv('${file}', auto_detect = false, header = true,
   delim = '${shape.separator}', quote = '"', escape = '"', new_line = '\\n',
-  decimal_separator = '${shape.decimal}', columns = {${schema}})`);
-const seconds = (performance.now() - start) / 1000;
+  decimal_separator = '${shape.decimal}', columns = {${schema}})`));
 const wanted = columns.filter(([, kind]) => kind in sums).map(([name, kind]) => sums[kind](name));
 const reader = await connection.runAndReadAll(`SELECT count(*), ${wanted.join(', ')} FROM rows`);
 const [rows, ...values] = reader.getRows()[0];
-report('duckdb', rows, values, seconds);
+report('duckdb', rows, values, taken);

@@ -26,13 +26,14 @@ sums <- list(
 )
 
 setDTthreads(threads)
-seconds <- system.time(rows <- fread(
+taken <- system.time(rows <- fread(
   file, sep = shape$separator, dec = shape$decimal, header = TRUE, quote = "\"", nThread = threads,
   colClasses = unname(c(shape$times, types[shape$columns])), showProgress = FALSE
-))[["elapsed"]]
+))
 first <- length(shape$times)
 values <- vapply(seq_along(shape$columns), function(index) {
   as.numeric(sums[[shape$columns[index]]](rows[[first + index]]))
 }, 0)
-cat(sprintf("{\"engine\": \"fread\", \"rows\": %d, \"sums\": [%s], \"seconds\": %.6f}\n",
-            nrow(rows), paste(sprintf("%.17g", values), collapse = ", "), seconds))
+cat(sprintf("{\"engine\": \"fread\", \"rows\": %d, \"sums\": [%s], \"seconds\": %.6f, \"cpu\": %.6f}\n",
+            nrow(rows), paste(sprintf("%.17g", values), collapse = ", "), taken[["elapsed"]],
+            taken[["user.self"]] + taken[["sys.self"]]))

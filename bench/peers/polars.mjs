@@ -1,5 +1,5 @@
 // Polars: a data frame. Times as text, which costs it least; of elapsed seconds a number.
-import { columns, file, report, require, shape, threads } from './common.mjs';
+import { columns, file, measure, report, require, shape, threads } from './common.mjs';
 
 process.env.POLARS_MAX_THREADS = threads;  // read when the package is loaded
 const polars = require('nodejs-polars');
@@ -21,10 +21,10 @@ const sums = {
 };
 
 const schema = Object.fromEntries(columns.map(([name, kind]) => [name, types[kind]]));
-const start = performance.now();
-const frame = polars.readCSV(file, {
+const options = {
   sep: shape.separator, decimalComma: shape.decimal === ',', schema, hasHeader: true, numThreads: Number(threads),
-});
-const seconds = (performance.now() - start) / 1000;
+};
+let frame;
+const taken = await measure(() => { frame = polars.readCSV(file, options); });
 const wanted = columns.filter(([, kind]) => kind in sums);
-report('polars', frame.height, wanted.map(([name, kind]) => sums[kind](frame.getColumn(name))), seconds);
+report('polars', frame.height, wanted.map(([name, kind]) => sums[kind](frame.getColumn(name))), taken);
