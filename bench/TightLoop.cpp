@@ -188,8 +188,8 @@ int Run(const Shape& shape, const char* path, bool sharedAxis) {
     }
     Table table(shape.Columns, sharedAxis);
     shape.Scan(file, table);
-    const double seconds = stopwatch.Seconds();
-    PrintReport(sharedAxis ? "tight loop, shared axis" : "tight loop", table.Rows, table.Sums(), seconds);
+    const TimeTaken taken = stopwatch.Taken();
+    PrintReport(sharedAxis ? "tight loop, shared axis" : "tight loop", table.Rows, table.Sums(), taken);
     return 0;
 }
 
