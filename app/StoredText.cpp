@@ -23,9 +23,19 @@ DM::EResult TextSignal::AddSample(const void* data, std::uint32_t size, std::int
     }
     const char* const bytes = static_cast<const char*>(data);
     if (!Sum.First) Sum.First.emplace(bytes, size);
-    if (!Sum.Last) Sum.Last.emplace();
-    Sum.Last->assign(bytes, size);
+    // The last text that was kept is looked up at the end.
+    if (!keep) LastText.assign(bytes, size);
+    LastIsKept = keep;
     return DM::ResultOk;
+}
+
+void TextSignal::SummarizeRest() {
+    if (!Sum.First) return;
+    if (LastIsKept) {
+        const std::u16string text = Texts.Last();
+        LastText.assign(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
+    }
+    Sum.Last = LastText;
 }
 
 std::uint32_t TextSignal::KeepText(const char16_t* text, std::uint32_t size) {

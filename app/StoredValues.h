@@ -105,7 +105,7 @@ class TextSignal final : public StoredSignal {
     void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override;
 
   private:
-    void SummarizeRest() override {}
+    void SummarizeRest() override;
 
     // Keeps a text; its entry in Sizes.
     std::uint32_t KeepText(const char16_t* text, std::uint32_t size);
@@ -113,4 +113,7 @@ class TextSignal final : public StoredSignal {
     // Of the samples kept.
     BlockList<std::uint32_t> Sizes;
     TextBlocks Texts;
+
+    std::string LastText;  // bytes of the last value, unless it is the last of Texts
+    bool LastIsKept = false;
 };

@@ -18,6 +18,15 @@ bool Narrow(const char16_t* text, std::size_t length, char* bytes) {
     return all < 0x100;
 }
 
+// Fills a text of the right length.
+void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
+    if (isNarrow) {
+        for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<unsigned char>(bytes[i]);
+    } else if (!text.empty()) {
+        std::memcpy(text.data(), bytes, text.size() * sizeof(char16_t));
+    }
+}
+
 }  // namespace
 
 char* TextBlocks::Reserve(std::size_t size) {
@@ -30,15 +39,20 @@ char* TextBlocks::Reserve(std::size_t size) {
 }
 
 bool TextBlocks::Append(const char16_t* text, std::size_t length) {
-    char* const narrow = Reserve(length);
-    if (Narrow(text, length, narrow)) {
-        Blocks.back().Used += length;
-        return true;
+    LastSize = length;
+    LastIsNarrow = Narrow(text, length, Reserve(length));
+    if (!LastIsNarrow) {
+        LastSize = length * sizeof(char16_t);
+        std::memcpy(Reserve(LastSize), text, LastSize);
     }
-    const std::size_t size = length * sizeof(char16_t);
-    std::memcpy(Reserve(size), text, size);
-    Blocks.back().Used += size;
-    return false;
+    Blocks.back().Used += LastSize;
+    return LastIsNarrow;
+}
+
+std::u16string TextBlocks::Last() const {
+    std::u16string text(LastIsNarrow ? LastSize : LastSize / sizeof(char16_t), u'\0');
+    Widen(Blocks.back().Bytes + Blocks.back().Used - LastSize, LastIsNarrow, text);
+    return text;
 }
 
 const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
@@ -49,13 +63,7 @@ const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
         At = 0;
     }
     Text.resize(length);
-    if (size == 0) return Text.data();
-    const char* const bytes = Texts.Blocks[Block].Bytes + At;
-    if (isNarrow) {
-        for (std::size_t i = 0; i < length; ++i) Text[i] = static_cast<unsigned char>(bytes[i]);
-    } else {
-        std::memcpy(Text.data(), bytes, size);
-    }
+    if (size != 0) Widen(Texts.Blocks[Block].Bytes + At, isNarrow, Text);
     At += size;
     return Text.data();
 }

@@ -16,6 +16,9 @@ class TextBlocks {
     // Copies `length` units; true if they were kept narrow.
     bool Append(const char16_t* text, std::size_t length);
 
+    // The text appended last.
+    std::u16string Last() const;
+
     // Reads the texts in order, each by its length and by what Append answered.
     class Reader {
       public:
@@ -42,4 +45,6 @@ class TextBlocks {
 
     Arena& Memory;
     std::vector<Block> Blocks;
+    std::size_t LastSize = 0;  // of the last text in bytes
+    bool LastIsNarrow = false;
 };

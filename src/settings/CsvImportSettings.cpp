@@ -63,14 +63,16 @@ void CCsvImportSettings::RemoveDefaultColumns() {
 
 const char16_t* CCsvImportSettings::GetTimestampText(const CellList& cells, std::u16string& joined) const {
     const char16_t* const time = TimeSetting == TimeFromColumn ? CellOf(cells, TimeColumn) : nullptr;
-    if (DateSetting != DateFromColumn) return time != nullptr ? time : u"";
+    static constexpr char16_t NoText[1 + JoinedPadding] = {};
+    if (DateSetting != DateFromColumn) return time != nullptr ? time : NoText;
     const char16_t* const date = CellOf(cells, DateColumn);
-    if (date == nullptr) return u"";
+    if (date == nullptr) return NoText;
     if (TimeSetting != TimeFromColumn || DateColumn == TimeColumn) return date;
-    if (time == nullptr) return u"";
+    if (time == nullptr) return NoText;
     const bool dateFirst = DateColumn < TimeColumn;
     joined = dateFirst ? date : time;
     joined += GetSeparatorChar();
     joined += dateFirst ? time : date;
+    joined.append(JoinedPadding, u'\0');
     return joined.c_str();
 }

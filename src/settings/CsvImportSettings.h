@@ -109,7 +109,9 @@ class CCsvImportSettings {
     void RemoveDefaultColumns();
 
     // The text of a row's time: one of its cells, or its date and time cells joined in `joined`, whose
-    // storage is reused because rows are many. Empty if a column is missing or none is asked for.
+    // storage is reused because rows are many. Empty if a column is missing or none is asked for. What isn't
+    // a cell has JoinedPadding zeros behind it.
+    static constexpr std::size_t JoinedPadding = 4;
     const char16_t* GetTimestampText(const CellList& cells, std::u16string& joined) const;
 
     // --- Analysis (folder analysis) ---

@@ -35,7 +35,8 @@ struct RowTimestamp {
     bool Before1990 = false;  // an absolute time below the limit, accepted or not
 };
 
-// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`. An accepted
+// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`,
+// which has ValuePadding readable units behind it. An accepted
 // row becomes times.LastTime. All arithmetic wraps at 64 bits.
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
                               IRelativeTimeContext& context, RunTimes& times);

@@ -13,6 +13,8 @@
 // A run reads a value per row by one format, so the format is walked once and kept as steps.
 #include "timestamp/TimestampFormat.h"
 
+#include <cstring>
+
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "timestamp/FormatLetters.h"
@@ -31,11 +33,20 @@ bool IsOptionalTail(const char16_t* format) {
     return *SkipWhiteSpace(format) == u'\0';
 }
 
-bool StartsWith(const char16_t* value, const std::u16string& text) {
-    for (const char16_t c : text) {
-        if (*value++ != c) return false;
+// How many units at the start of `value` are those of `text`; as many units as ValuePadding are read behind
+// it.
+std::size_t CommonLength(const char16_t* value, const std::u16string& text) {
+    constexpr std::size_t Units = ValuePadding + 1;
+    std::size_t at = 0;
+    for (; at + Units <= text.size(); at += Units) {
+        std::uint64_t own = 0;
+        std::uint64_t kept = 0;
+        std::memcpy(&own, value + at, sizeof own);
+        std::memcpy(&kept, text.data() + at, sizeof kept);
+        if (own != kept) break;
     }
-    return true;
+    while (at < text.size() && value[at] == text[at]) ++at;
+    return at;
 }
 
 }  // namespace
@@ -56,8 +67,11 @@ TimestampFormat::TimestampFormat(const char16_t* format) {
             hadBracket |= step.Field.IsBracket;
             // The NUL of such a step is a literal that no value has.
             if (format == nullptr) step.Field = {};
-            const bool isWhole = step.IsField() && step.Field.Kind != FieldKind::Fraction;
-            if (isWhole && !Steps.empty() && !Steps.back().IsField()) KeepStep = Steps.size();
+            if (step.IsField() && !Steps.empty() && !Steps.back().IsField()) {
+                const bool isFraction = step.Field.Kind == FieldKind::Fraction;
+                (isFraction ? FractionMark : WholeMark).Step = Steps.size();
+                if (!isFraction) FractionMark.Step = 0;
+            }
         }
         Steps.push_back(step);
     }
@@ -65,42 +79,52 @@ TimestampFormat::TimestampFormat(const char16_t* format) {
 
 std::int64_t TimestampFormat::Read(const char16_t* value, bool hasDate) {
     value = SkipWhiteSpace(value);
+    const char16_t* const text = value;
+    const std::size_t common = CommonLength(value, KeptText);
     std::size_t firstStep = 0;
     TimestampParts parts;
-    if (!KeptText.empty() && StartsWith(value, KeptText)) {
-        value = SkipWhiteSpace(value + KeptText.size());
-        firstStep = KeepStep;
-        parts = KeptParts;
+    for (const Mark* mark : {&FractionMark, &WholeMark}) {
+        if (mark->Length == 0 || mark->Length > common) continue;
+        value = SkipWhiteSpace(value + mark->Length);
+        firstStep = mark->Step;
+        parts = mark->Parts;
+        break;
     }
-    value = MatchSteps(firstStep, value, parts);
+    value = MatchSteps(firstStep, text, value, parts);
     if (value == nullptr || *SkipWhiteSpace(value) != u'\0') return NoTimestamp;
     if (!hasDate) return parts.TimePart();
     const std::int64_t midnight = Midnight(parts);
     return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, parts.TimePart());
 }
 
-const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_t* value,
-                                            TimestampParts& parts) {
-    const char16_t* const begin = value;
+const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_t* text,
+                                            const char16_t* value, TimestampParts& parts) {
     for (std::size_t i = firstStep; i < Steps.size(); ++i) {
         const Step& step = Steps[i];
         if (*value == u'\0') return step.MayEnd ? value : nullptr;
-        if (step.IsField()) {
-            if (i == KeepStep && i != firstStep) {
-                KeptText.assign(begin, value);
-                KeptParts = parts;
-            }
-            FieldNumber number;
-            value = ReadFieldNumber(value, step.Field, number);
-            if (value == nullptr) return nullptr;
-            parts.Store(step.Field.Kind, number);
-        } else {
+        if (!step.IsField()) {
             if (step.Literal != *value && !(IsWhiteSpace(step.Literal) && IsWhiteSpace(*value)))
                 return nullptr;
             value = SkipWhiteSpace(value + 1);
+            continue;
         }
+        if (i != firstStep && i == WholeMark.Step) Keep(WholeMark, text, value, parts);
+        if (i != firstStep && i == FractionMark.Step) Keep(FractionMark, text, value, parts);
+        FieldNumber number;
+        value = ReadFieldNumber(value, step.Field, number);
+        if (value == nullptr) return nullptr;
+        parts.Store(step.Field.Kind, number);
     }
     return value;
+}
+
+void TimestampFormat::Keep(Mark& mark, const char16_t* text, const char16_t* value,
+                           const TimestampParts& parts) {
+    // The mark behind this one belongs to a text that is gone.
+    if (&mark == &WholeMark) FractionMark.Length = 0;
+    KeptText.assign(text, value);
+    mark.Length = KeptText.size();
+    mark.Parts = parts;
 }
 
 std::int64_t TimestampFormat::Midnight(const TimestampParts& parts) {

@@ -115,7 +115,8 @@ TEST(ParseTimestamp, ReadsARowAsIfItWereTheFirst) {
             value += random() % 8 == 0 ? u" 7" : u"";
             if (place < value.size()) value[place] = u"0123456789 .,:-eT;"[random() % 18];
             for (const bool hasDate : {false, true})
-                ASSERT_EQ(format.Read(value.c_str(), hasDate), ParseTimestamp(text, value.c_str(), hasDate))
+                ASSERT_EQ(format.Read((value + std::u16string(ValuePadding, u'\0')).c_str(), hasDate),
+                          ParseTimestamp(text, value.c_str(), hasDate))
                     << Utf16ToUtf8(text) << " on " << Utf16ToUtf8(value);
         }
     }
