@@ -22,7 +22,8 @@ const connection = await (await DuckDBInstance.create(':memory:', { threads })).
 const schema = columns.map(([name, kind]) => `'${name}': '${types[kind]}'`).join(', ');
 const query = `CREATE TABLE rows AS SELECT * FROM read_csv('${file}', auto_detect = false, header = true,
   delim = '${shape.separator}', quote = '"', escape = '"', new_line = '\\n',
-  decimal_separator = '${shape.decimal}', columns = {${schema}})`));
+  decimal_separator = '${shape.decimal}', columns = {${schema}})`;
+const taken = await measure(() => connection.run(query));
 const wanted = columns.filter(([, kind]) => kind in sums).map(([name, kind]) => sums[kind](name));
 const reader = await connection.runAndReadAll(`SELECT count(*), ${wanted.join(', ')} FROM rows`);
 const [rows, ...values] = reader.getRows()[0];
