@@ -42,26 +42,29 @@ class BlockList {
     static constexpr std::size_t PerBlock = BlockArena::BlockSize / sizeof(Value);
 
     void Add(const Value& value) {
-        if (Used == PerBlock) Grow();
-        Blocks.back()[Used++] = value;
+        if (At == End) Grow();
+        *At++ = value;
     }
 
     template <class Visit>
     void ForEach(Visit visit) const {
         for (std::size_t block = 0; block < Blocks.size(); ++block) {
-            const std::size_t count = block + 1 < Blocks.size() ? PerBlock : Used;
+            const std::size_t count =
+                block + 1 < Blocks.size() ? PerBlock : static_cast<std::size_t>(At - Blocks[block]);
             for (std::size_t index = 0; index < count; ++index) visit(Blocks[block][index]);
         }
     }
 
   private:
     [[gnu::noinline]] void Grow() {
-        Blocks.push_back(reinterpret_cast<Value*>(BlockArena::Take()));
-        Used = 0;
+        At = reinterpret_cast<Value*>(BlockArena::Take());
+        End = At + PerBlock;
+        Blocks.push_back(At);
     }
 
+    Value* At = nullptr;
+    Value* End = nullptr;
     std::vector<Value*> Blocks;
-    std::size_t Used = PerBlock;
 };
 
 // Appends texts below 64 KiB to blocks, each behind its length in two bytes.
