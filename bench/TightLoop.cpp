@@ -147,7 +147,7 @@ class LineBlocks {
 
     const int File;
     std::vector<char> Buffer;
-    const char* Rest = nullptr;
+    const char* Rest = Buffer.data();
     std::size_t RestSize = 0;
 };
 

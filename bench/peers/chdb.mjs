@@ -27,10 +27,11 @@ const format = shape.separator === '\t' ? 'TSV' : 'CSV';
 
 const session = new Session();
 session.query(`CREATE TABLE rows (${definition((kind) => types[kind])}) ENGINE = Memory`);
-const taken = await measure(() => session.query(`INSERT INTO rows SELECT ${selected.join(', ')} FROM file('${file}', '${format}', '${inFile}')
+const query = `INSERT INTO rows SELECT ${selected.join(', ')} FROM file('${file}', '${format}', '${inFile}')
   SETTINGS max_threads = ${threads}, max_insert_threads = ${threads}, max_parsing_threads = ${threads},
   format_csv_delimiter = '${shape.separator}', input_format_csv_skip_first_lines = 1,
-  input_format_tsv_skip_first_lines = 1, input_format_parallel_parsing = ${threads > 1 ? 1 : 0}`));
+  input_format_tsv_skip_first_lines = 1, input_format_parallel_parsing = ${threads > 1 ? 1 : 0}`;
+const taken = await measure(() => session.query(query));
 const wanted = columns.filter(([, kind]) => kind in sums).map(([name, kind]) => sums[kind](name));
 const row = JSON.parse(session.query(`SELECT count(), ${wanted.join(', ')} FROM rows
   SETTINGS output_format_json_quote_64bit_integers = 0`, 'JSONCompactEachRow'));
