@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-// Gives memory away piece by piece and takes all of it back at its end. Grows by large pages, which fill up
-// before the next is asked for.
+// Gives memory away piece by piece and takes all of it back at its end. Grows by chunks that double, each
+// filled up before the next is asked for.
 class Arena {
   public:
     Arena() = default;
@@ -19,7 +19,7 @@ class Arena {
   private:
     struct Chunk {
         char* Memory;
-        std::size_t Pages;
+        std::size_t Size;
     };
 
     std::vector<Chunk> Chunks;

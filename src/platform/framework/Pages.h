@@ -3,13 +3,8 @@
 
 #include <cstddef>
 
-// Size and alignment of the largest pages that are asked for. Memory in large pages costs far fewer page
-// faults and address translations than the heap's.
-constexpr std::size_t LargePage = std::size_t{2} << 20;
+// `size` bytes in pages that are made at once, not one by one at their first touch. Raises std::bad_alloc.
+void* AllocatePages(std::size_t size);
 
-// `count` large pages of memory, aligned to their size; untouched memory takes no room. Raises
-// std::bad_alloc.
-void* AllocatePages(std::size_t count);
-
-// Gives them back.
-void FreePages(void* memory, std::size_t count) noexcept;
+// Gives them back; `size` as they were asked for.
+void FreePages(void* memory, std::size_t size) noexcept;

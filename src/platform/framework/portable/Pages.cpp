@@ -2,17 +2,17 @@
 
 #include <sys/mman.h>
 
-#include <cstdlib>
 #include <new>
 
-void* AllocatePages(std::size_t count) {
-    void* const memory = std::aligned_alloc(LargePage, count * LargePage);
-    if (memory == nullptr) throw std::bad_alloc();
-    // A wish: a system without large pages gives small ones.
-    madvise(memory, count * LargePage, MADV_HUGEPAGE);
+void* AllocatePages(std::size_t size) {
+    // Made at once, which costs a fraction of a page fault each. Large pages cost less still on a quiet machine, but
+    // where memory is scattered or borrowed the search for them has been seen to double the time of a run.
+    constexpr int Flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE;
+    void* const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, Flags, -1, 0);
+    if (memory == MAP_FAILED) throw std::bad_alloc();
     return memory;
 }
 
-void FreePages(void* memory, std::size_t) noexcept {
-    std::free(memory);
+void FreePages(void* memory, std::size_t size) noexcept {
+    munmap(memory, size);
 }
