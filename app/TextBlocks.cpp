@@ -1,5 +1,7 @@
 #include "app/TextBlocks.h"
 
+#include <emmintrin.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -8,14 +10,24 @@ namespace {
 constexpr std::size_t FirstSize = 256;
 constexpr std::size_t LargestSize = 64 * 1024;
 
+constexpr std::size_t UnitsPerStep = 8;
+
 // Writes the low bytes of all units; true if the high ones are zero.
 bool Narrow(const char16_t* text, std::size_t length, char* bytes) {
-    char16_t all = 0;
-    for (std::size_t i = 0; i < length; ++i) {
-        all = static_cast<char16_t>(all | text[i]);
+    __m128i all = _mm_setzero_si128();
+    std::size_t i = 0;
+    for (; i + UnitsPerStep <= length; i += UnitsPerStep) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i));
+        all = _mm_or_si128(all, units);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes + i), _mm_packus_epi16(units, units));
+    }
+    unsigned rest = 0;
+    for (; i < length; ++i) {
+        rest |= text[i];
         bytes[i] = static_cast<char>(text[i]);
     }
-    return all < 0x100;
+    const __m128i high = _mm_srli_epi16(all, 8);
+    return rest < 0x100 && _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
 }
 
 // Fills a text of the right length.
@@ -29,13 +41,10 @@ void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
 
 }  // namespace
 
-char* TextBlocks::Reserve(std::size_t size) {
-    if (Blocks.empty() || Blocks.back().Size - Blocks.back().Used < size) {
-        const std::size_t next = Blocks.empty() ? FirstSize : std::min(2 * Blocks.back().Size, LargestSize);
-        const std::size_t room = std::max(size, next);
-        Blocks.push_back({static_cast<char*>(Memory.Allocate(room)), 0, room});
-    }
-    return Blocks.back().Bytes + Blocks.back().Used;
+void TextBlocks::AddBlock(std::size_t size) {
+    const std::size_t next = Blocks.empty() ? FirstSize : std::min(2 * Blocks.back().Size, LargestSize);
+    const std::size_t room = std::max(size, next);
+    Blocks.push_back({static_cast<char*>(Memory.Allocate(room)), 0, room});
 }
 
 bool TextBlocks::Append(const char16_t* text, std::size_t length) {

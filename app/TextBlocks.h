@@ -41,7 +41,11 @@ class TextBlocks {
     };
 
     // Room for so many bytes.
-    char* Reserve(std::size_t size);
+    char* Reserve(std::size_t size) {
+        if (Blocks.empty() || Blocks.back().Size - Blocks.back().Used < size) AddBlock(size);
+        return Blocks.back().Bytes + Blocks.back().Used;
+    }
+    void AddBlock(std::size_t size);
 
     Arena& Memory;
     std::vector<Block> Blocks;

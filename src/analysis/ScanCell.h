@@ -20,7 +20,7 @@ std::size_t ScanLength(const char16_t* cell);
 // "true" or "false" in any case, "1" or "0". False says nothing about the cell.
 bool ScanBool(const char16_t* cell, bool& value);
 
-// A hexadecimal number of up to 15 digits with "0x" in front or nothing, which is the whole cell. False says
+// A hexadecimal number of up to 8 digits with "0x" in front or nothing, which is the whole cell. False says
 // nothing about the cell.
 bool ScanHex(const char16_t* cell, std::int64_t& value);
 

@@ -74,7 +74,7 @@ TEST(ScanCell, ReadsPlainCells) {
         "0->fihb|1->fihb|-0->fi|+12->fi|12345678->fih|-1234567812345678->i|99999999,99999999->|12345678,"
         "12345678->f|1234567,12345678->f|"
         "12.5->f|12,5->f|-0,004->f|1e5->fh|1.5E-3->f|1,5e+22->f|2e30->fh|2e31->h|00000001->fih|1,2e-15->|"
-        "fF->h|0x1F3A->h|123456789abcdef->h|true->b|FALSE->b|"
+        "fF->h|0x1F3A->h|0x1234abCD->h|123456789abcdef->|true->b|FALSE->b|"
         // Left to the parsers.
         "->|-->|.5->|5.->|1.2.3->|1,234.5->|0x->|-0x5->|$ff->|1e->h|1e+->|1e5.->|nan->|tru->|truee->|fals->|"
         "10->fih|"
