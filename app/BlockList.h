@@ -53,8 +53,8 @@ class BlockList {
         std::size_t Size;
     };
 
-    static constexpr std::size_t FirstSize = 128;
-    static constexpr std::size_t MostDoublings = 6;
+    static constexpr std::size_t FirstSize = 64;
+    static constexpr std::size_t MostDoublings = 7;
     static constexpr std::size_t LargestSize = FirstSize << MostDoublings;
 
     Arena& Memory;

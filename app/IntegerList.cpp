@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t FirstSize = 128;
+constexpr std::size_t FirstSize = 64;
 constexpr std::size_t LargestSize = 1024;
 
 // The least of 1, 2, 4 and 8 bytes that hold each value with its sign.
