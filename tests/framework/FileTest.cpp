@@ -81,3 +81,31 @@ TEST(File, AReadErrorIsRaised) {
         error->Delete();
     }
 }
+
+TEST(ReplaceFile, TakesOverWhatOthersLeft) {
+    const Workdir folder;
+    const auto write = [&](const std::string& bytes) {
+        try {
+            ReplaceFile(folder.Path("file"), bytes);
+            return 0;
+        } catch (CFileException* error) {
+            const int cause = error->Cause;
+            error->Delete();
+            return cause;
+        }
+    };
+    folder.Write("file.tmp", "left by a killed writer");
+    permissions(folder.NativePath("file.tmp"), std::filesystem::perms(0400));
+    EXPECT_EQ(write("new"), CFileException::none);
+    EXPECT_EQ(folder.Names() + " " + folder.Read("file"), "file new");
+    // What isn't a writer's stays.
+    std::filesystem::create_directory(folder.NativePath("file.tmp"));
+    EXPECT_EQ(write("x"), CFileException::accessDenied);
+    std::filesystem::remove(folder.NativePath("file.tmp"));
+    std::filesystem::create_symlink("file", folder.NativePath("file.tmp"));
+    EXPECT_EQ(write("x"), CFileException::badPath);
+    std::filesystem::remove(folder.NativePath("file.tmp"));
+    ASSERT_EQ(mkfifo(folder.NativePath("file.tmp").c_str(), 0600), 0);
+    EXPECT_NE(write("x"), CFileException::none) << "a pipe is no file";
+    EXPECT_EQ(folder.Read("file"), "new");
+}
