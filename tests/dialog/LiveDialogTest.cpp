@@ -164,4 +164,33 @@ TEST(LiveDialog, RefusesWhatNoUserCanDo) {
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
 }
 
+TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
+    const Workdir folder;
+    std::string wide;
+    for (int i = 0; i < 40; ++i) wide += "c;";
+    CCsvImportFilter filter(folder.Write("a.csv", wide + "\n" + wide).c_str());
+    const Visitor* driver = nullptr;
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        const CListCtrl preview(page.GetDlgItem(CtrlPreview).Handle);
+        for (const auto& [id, other] :
+             {std::pair{CtrlDateColumn, CtrlTimeColumn}, {CtrlTimeColumn, CtrlDateColumn}}) {
+            UserType(page, id, u"40");
+            EXPECT_GT(preview.GetScrollPos(), 0);
+            UserType(page, id, u"1");
+            EXPECT_EQ(preview.GetScrollPos(), 0);
+            UserType(page, id, u"99");
+            UserClick(frame, Ok);
+            EXPECT_EQ(driver->Messages.size(), 1u) << "the table has fewer columns";
+            // Enter leaves the focus where it is.
+            UserType(page, id, u"0");
+            frame.OnOK();
+            EXPECT_EQ(driver->Messages.size(), 2u) << "columns count from 1";
+            UserType(page, id, u"1");
+            const_cast<Visitor*>(driver)->Messages.clear();
+        }
+    });
+    driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+}
+
 }  // namespace

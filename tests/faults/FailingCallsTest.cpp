@@ -80,6 +80,31 @@ struct CleanRun {
     const std::vector<std::string>& Values = Run.Host.Signals[0]->Values;
 };
 
+TEST_F(Faults, OfEachOperationAreRaisedAndLeaveTheFileClosed) {
+    const Workdir folder;
+    const std::u16string path = folder.Path("file");
+    FailEachCall([&](FileFaults& faults) {
+        faults.Armed = true;
+        faults.MostBytes = 2;
+        CFile file;
+        CFileException error(false);
+        bool raised = false;
+        try {
+            raised = !file.Open(path.c_str(), CFile::modeWrite | CFile::modeCreate, &error);
+            if (raised) return;
+            file.Seek(3);
+            file.Write("abcde", 5);
+            file.Flush();
+            EXPECT_EQ(file.GetLength(), 8u);
+            file.Close();
+        } catch (CFileException* failure) {
+            raised = failure->OsError == faults.Error && failure->FileName == path;
+            failure->Delete();
+        }
+        EXPECT_EQ(raised, faults.Injected > 0 && faults.Error != EINTR);
+    });
+}
+
 TEST_F(Faults, OfAnAnalysisLeaveTheFilterUsable) {
     const CleanRun clean;
     FailEachCall([&](FileFaults& faults) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <random>
 #include <sstream>
@@ -95,6 +96,22 @@ TEST(CsvInfoFile, GivesBackWhatItWasGiven) {
         again.ApplyToSettings(read);
         ASSERT_EQ(Shown(read), Shown(s)) << folder.Read("a.csv.info");
     }
+}
+
+TEST(CsvInfoFile, TakesSettingsThatAreNone) {
+    const Workdir folder;
+    CCsvImportSettings settings, read;
+    settings.StartDate = settings.AdjustTime = INT64_MAX;
+    settings.Separator = -1, settings.IntervalUnit = 9, settings.Adjust = settings.DateSetting = 1;
+    settings.FirstLine = INT_MIN;
+    CCsvInfoFile file(folder.Path("a.csv"));
+    file.TakeFromSettings(settings);
+    EXPECT_TRUE(file.StartDateText.empty() && file.TimeAdjustText.empty()) << "a moment beyond the calendar";
+    file.Write();
+    EXPECT_EQ(file.Read(), 0);
+    file.ApplyToSettings(read);
+    EXPECT_TRUE(read.FirstLine == INT_MIN && read.Separator == 1 && read.IntervalUnit == 2 &&
+                read.Adjust == 0);
 }
 
 TEST(SidecarWriting, KeepsThePermissionsAndFailsQuietly) {

@@ -54,7 +54,7 @@ void Fill(CFileException* error, int number, const std::u16string& path) {
 int RefusalOf(int descriptor, unsigned flags) {
     const FileCalls& calls = GetFileCalls();
     struct stat status {};
-    if (calls.Status(descriptor, &status) != 0) return errno;
+    if (Uninterrupted([&] { return calls.Status(descriptor, &status); }) != 0) return errno;
     if (S_ISDIR(status.st_mode)) return EISDIR;
     if (!S_ISREG(status.st_mode)) return ESPIPE;
     if ((flags & CFile::shareExclusive) != 0 && calls.Lock(descriptor, LOCK_EX | LOCK_NB) != 0) {
@@ -155,14 +155,15 @@ void CFile::Write(const void* data, std::size_t size) {
 }
 
 void CFile::Seek(std::uint64_t position) {
-    if (GetFileCalls().Seek(DescriptorOf(Handle), static_cast<off_t>(position), SEEK_SET) < 0) {
-        RaiseLastError();
-    }
+    const auto offset = static_cast<off_t>(position);
+    const auto seek = [&] { return GetFileCalls().Seek(DescriptorOf(Handle), offset, SEEK_SET); };
+    if (Uninterrupted(seek) < 0) RaiseLastError();
 }
 
 std::uint64_t CFile::GetLength() const {
     struct stat status {};
-    if (GetFileCalls().Status(DescriptorOf(Handle), &status) != 0) RaiseLastError();
+    const auto ask = [&] { return GetFileCalls().Status(DescriptorOf(Handle), &status); };
+    if (Uninterrupted(ask) != 0) RaiseLastError();
     return static_cast<std::uint64_t>(status.st_size);
 }
 
