@@ -193,4 +193,18 @@ TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
 }
 
+TEST(LiveDialog, RefusesASignalWithoutAType) {
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", "a;b\n").c_str());
+    EXPECT_EQ(CCsvImportFilter(u"/no/file").ShowOptionDialog(), 0) << "nobody sees the message";
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserType(page, CtrlFormat, u"[s]");
+        EXPECT_TRUE(UserShowPage(frame, 1));
+        EXPECT_TRUE(UserClickRow(frame.Sheet->GetPage(1), CtrlSignalList, 0, true));
+        EXPECT_FALSE(UserShowPage(frame, 0));
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_EQ(visitor.Messages.size(), 1u);
+}
+
 }  // namespace

@@ -22,6 +22,13 @@ int OpeningCause(const std::u16string& path, unsigned flags, CFile* target = nul
 
 }  // namespace
 
+TEST(Path, HasAFolderAndAName) {
+    CheckRows("a->|/a->|b/a->b|b/c/->b/c|->",
+              [](const std::u16string& path) { return Utf16ToUtf8(PathFolder(path)); });
+    CheckRows("a->a|/a->a|b/->b/|->",
+              [](const std::u16string& path) { return Utf16ToUtf8(PathStripPath(path)); });
+}
+
 TEST(File, OpeningTellsWhyNot) {
     const Workdir folder;
     folder.Write("file", "x"), folder.Write("\xFC", "x");

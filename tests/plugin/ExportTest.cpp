@@ -13,6 +13,9 @@ TEST(Export, HandsTheSameRecordToEveryThread) {
     std::u16string error;
     const std::u16string path = ProgramFolder() + u"/" + ModuleFileName(u"csv-import");
     ASSERT_TRUE(module.Load(path, error)) << Utf16ToUtf8(error);
+    EXPECT_EQ(module.Find("Nothing"), nullptr);
+    std::u16string reason;
+    EXPECT_FALSE(SharedLibrary().Load(path + u".none", reason) || reason.empty());
     const auto entry = reinterpret_cast<ImportDllEntry>(module.Find(ImportDllEntryName));
     ASSERT_NE(entry, nullptr);
     std::vector<CImportDllInfo*> records(8, nullptr);
