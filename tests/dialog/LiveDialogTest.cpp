@@ -195,7 +195,8 @@ TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
 
 TEST(LiveDialog, RefusesASignalWithoutAType) {
     const Workdir folder;
-    CCsvImportFilter filter(folder.Write("a.csv", "a;b\n").c_str());
+    const TestProfile profile({"AutoFormat=0"});
+    CCsvImportFilter filter(folder.Write("a.csv", "a,b\n").c_str());  // names, and no cell to tell a type
     EXPECT_EQ(CCsvImportFilter(u"/no/file").ShowOptionDialog(), 0) << "nobody sees the message";
     const Visitor visitor([&](CDialog& frame, CDialog& page) {
         UserType(page, CtrlFormat, u"[s]");
