@@ -11,7 +11,7 @@ namespace {
 // Counts the faults of all scenarios, and says so at the end.
 class FaultCount : public testing::Test {
   public:
-    static void TearDownTestSuite() { std::printf("%d faults injected\n", Injected); }
+    static void TearDownTestSuite() { std::printf("%d faults injected in %d runs\n", Injected, Runs); }
 
     // Runs the scenario once as it is, then with each of its calls failing, by each error, once and for ever.
     template <class Scenario>
@@ -39,6 +39,7 @@ class FaultCount : public testing::Test {
                                      std::to_string(error));
                         scenario(faults);
                         Injected += faults.Injected;
+                        ++Runs;
                         EXPECT_GE(faults.Injected, 1);
                         EXPECT_EQ(faults.Descriptors.size(), 0u) << "a file is open";
                         if (HasFailure()) return;
@@ -49,7 +50,7 @@ class FaultCount : public testing::Test {
     }
 
   private:
-    static inline int Injected = 0;
+    static inline int Injected = 0, Runs = 0;
 };
 using Faults = FaultCount;
 

@@ -51,31 +51,15 @@ class FileFaults {
         calls.Write = [](int descriptor, const void* data, std::size_t size) {
             return Pass(CallWrite, [&] { return Active->Real.Write(descriptor, data, Active->Part(size)); });
         };
-        calls.Seek = [](int descriptor, off_t position, int origin) {
-            return Pass(CallSeek, [&] { return Active->Real.Seek(descriptor, position, origin); });
-        };
-        calls.Status = [](int descriptor, struct stat* status) {
-            return Pass(CallStatus, [&] { return Active->Real.Status(descriptor, status); });
-        };
-        calls.StatusOfPath = [](const char* path, struct stat* status) {
-            return Pass(CallStatusOfPath, [&] { return Active->Real.StatusOfPath(path, status); });
-        };
-        calls.SetMode = [](int descriptor, mode_t mode) {
-            return Pass(CallSetMode, [&] { return Active->Real.SetMode(descriptor, mode); });
-        };
-        calls.Truncate = [](int descriptor, off_t length) {
-            return Pass(CallTruncate, [&] { return Active->Real.Truncate(descriptor, length); });
-        };
-        calls.Lock = [](int descriptor, int operation) {
-            return Pass(CallLock, [&] { return Active->Real.Lock(descriptor, operation); });
-        };
+        Wrap<CallSeek, &FileCalls::Seek>(calls.Seek);
+        Wrap<CallStatus, &FileCalls::Status>(calls.Status);
+        Wrap<CallStatusOfPath, &FileCalls::StatusOfPath>(calls.StatusOfPath);
+        Wrap<CallSetMode, &FileCalls::SetMode>(calls.SetMode);
+        Wrap<CallTruncate, &FileCalls::Truncate>(calls.Truncate);
+        Wrap<CallLock, &FileCalls::Lock>(calls.Lock);
+        Wrap<CallRename, &FileCalls::Rename>(calls.Rename);
+        Wrap<CallRemove, &FileCalls::Remove>(calls.Remove);
         calls.Sync = [](int) { return Pass(CallSync, [] { return 0; }); };
-        calls.Rename = [](const char* from, const char* to) {
-            return Pass(CallRename, [&] { return Active->Real.Rename(from, to); });
-        };
-        calls.Remove = [](const char* path) {
-            return Pass(CallRemove, [&] { return Active->Real.Remove(path); });
-        };
     }
     FileFaults(const FileFaults&) = delete;
     FileFaults& operator=(const FileFaults&) = delete;
@@ -111,6 +95,12 @@ class FileFaults {
         ++self.Injected;
         errno = self.Error;
         return -1;
+    }
+    template <FileCall Kind, auto Member, class Answer, class... Arguments>
+    static void Wrap(Answer (*&call)(Arguments...)) {
+        call = [](Arguments... arguments) {
+            return Pass(Kind, [&] { return (Active->Real.*Member)(arguments...); });
+        };
     }
     std::size_t Part(std::size_t size) const { return std::min(size, MostBytes); }
 
