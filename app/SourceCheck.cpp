@@ -47,7 +47,7 @@ std::string WhyUnreadable(const std::u16string& path) {
     try {
         return LookAtLines(file);
     } catch (CFileException* failure) {
-        const std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
+        std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();
         return reason;
     }

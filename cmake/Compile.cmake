@@ -19,3 +19,14 @@ if(KELVARIN_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kelvarin-flags INTERFACE -fsanitize=address,undefined)
 endif()
+
+if(UNIX AND NOT KELVARIN_SANITIZE)
+  # The module parses files of strangers inside a host's process: an overrun that slips through ends it, and
+  # nothing that a write could redirect stays writable.
+  include(CheckPIESupported)
+  check_pie_supported()
+  target_compile_options(kelvarin-flags INTERFACE $<$<CONFIG:Release>:
+    -fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+  target_link_options(kelvarin-flags INTERFACE $<$<CONFIG:Release>:
+    LINKER:-z,relro,-z,now,-z,noexecstack>)
+endif()

@@ -16,7 +16,7 @@ constexpr std::size_t ExtensionLength = 5;  // ".info"
 
 // The first timestamp as people read it, or that the format doesn't fit.
 std::u16string TimestampText(const CCsvImportSettings& settings, std::int64_t parsed) {
-    const std::u16string mismatch = LoadAppString(IdFormatMismatch);
+    std::u16string mismatch = LoadAppString(IdFormatMismatch);
     if (parsed == NoTimestamp) return mismatch;
     const std::int64_t time = WrappingAdd(parsed, settings.GetTimeCorrection(parsed));
     if (settings.DateSetting == DateNone) return CTimeStampSpan(time).Format(LoadAppString(IdSpanView), true);

@@ -15,14 +15,15 @@ using ModuleHandle = const void*;
 // The record of a module: where its code and its resources lie, and its factory. Belongs to the module.
 class CImportDllInfo {
   public:
-    CImportDllInfo(ModuleHandle instance, ModuleHandle resources, ImportFilterFactory factory)
-        : Instance(instance), Resources(resources), Factory(factory) {}
+    CImportDllInfo(ModuleHandle instance, ModuleHandle resources, ImportFilterFactory factory,
+                   ISidecarTool* sidecarTool = nullptr)
+        : Instance(instance), Resources(resources), Factory(factory), SidecarTool(sidecarTool) {}
     virtual ~CImportDllInfo() = default;
 
     const ModuleHandle Instance;
     const ModuleHandle Resources;
     const ImportFilterFactory Factory;
-    ISidecarTool* SidecarTool = nullptr;  // the module's, for hosts without a dialog; null if it has none
+    ISidecarTool* const SidecarTool;  // the module's, for hosts without a dialog; null if it has none
 };
 
 // The answer of the export of every module that this host can use.

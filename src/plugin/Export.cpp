@@ -24,8 +24,7 @@ const LoadedApp theApp;
 extern "C" std::uint32_t GetKelvarinImportDllInfo(CImportDllInfo** info) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     static CSidecarTool sidecarTool;
-    static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter);
-    dllInfo.SidecarTool = &sidecarTool;
+    static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter, &sidecarTool);
     *info = &dllInfo;
     return ImportDllVersion;
 }

@@ -1,6 +1,7 @@
 // The dialog among other filters, and over files that don't stay.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <filesystem>
 #include <functional>
 
@@ -132,6 +133,79 @@ TEST(LiveDialog, LoadsASidecarThatTheUserChose) {
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
     EXPECT_TRUE(visitor.Messages.empty());
     EXPECT_EQ(filter.GetSettings().FirstLine, 1);
+}
+
+TEST(LiveDialog, RefusesWhatNoUserCanDo) {
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserClick(page, CtrlFixedDate);
+        EXPECT_FALSE(UserFocus(page, 9999) || UserClick(page, 9999) || UserClick(page, CtrlFormat));
+        EXPECT_FALSE(UserType(page, CtrlNoDate, u"x") || UserSelect(page, CtrlNoDate, 0));
+        EXPECT_FALSE(UserSelect(page, CtrlFormat, -1) || UserSelect(page, CtrlFormat, 999));
+        EXPECT_FALSE(UserSetDate(page, CtrlStartDate, 2020, 2, 30) ||
+                     UserSetDate(page, CtrlFormat, 2020, 2, 1));
+        EXPECT_FALSE(UserSpin(page, CtrlFormat, 1) || UserSpin(page, 9999, 1) || UserShowPage(page, 0));
+        EXPECT_FALSE(UserClickRow(page, CtrlFormat, 0, false) || UserClickRow(page, CtrlPreview, 99, false));
+        EXPECT_FALSE(UserDragColumn(page, CtrlPreview, 99, 1) || UserDragColumn(page, 9999, 0, 1));
+        UserClick(page, CtrlAdjust);
+        for (const auto& [h, m, s] :
+             {std::array{24, 0, 0}, {0, 60, 0}, {0, 0, 60}, {-1, 0, 0}, {0, -1, 0}, {0, 0, -1}}) {
+            EXPECT_FALSE(UserSetTime(page, CtrlAdjustTime, h, m, s));
+        }
+        EXPECT_FALSE(UserShowPage(frame, 9));
+        EXPECT_EQ(page.GetDlgItem(CtrlPreview).GetClassName(), u"SysListView32");
+        EXPECT_EQ(page.GetDlgItem(CtrlStartDate).GetClassName(), u"SysDateTimePick32");
+        EXPECT_EQ(page.GetDlgItem(CtrlDateColumn).GetClassName(), u"Edit");
+        EXPECT_EQ(page.GetDlgItem(CtrlDateColumnSpin).GetClassName(), u"msctls_updown32");
+        EXPECT_EQ(page.GetDlgItem(CtrlIntervalUnit).GetClassName(), u"ComboBox");
+        EXPECT_EQ(page.GetDlgItem(CtrlNoDate).GetClassName(), u"Button");
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+}
+
+TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
+    const Workdir folder;
+    std::string wide;
+    for (int i = 0; i < 40; ++i) wide += "c;";
+    CCsvImportFilter filter(folder.Write("a.csv", wide + "\n" + wide).c_str());
+    const Visitor* driver = nullptr;
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        const CListCtrl preview(page.GetDlgItem(CtrlPreview).Handle);
+        for (const auto& [id, other] :
+             {std::pair{CtrlDateColumn, CtrlTimeColumn}, {CtrlTimeColumn, CtrlDateColumn}}) {
+            UserType(page, id, u"40");
+            EXPECT_GT(preview.GetScrollPos(), 0);
+            UserType(page, id, u"1");
+            EXPECT_EQ(preview.GetScrollPos(), 0);
+            UserType(page, id, u"99");
+            UserClick(frame, Ok);
+            EXPECT_EQ(driver->Messages.size(), 1u) << "the table has fewer columns";
+            // Enter leaves the focus where it is.
+            UserType(page, id, u"0");
+            frame.OnOK();
+            EXPECT_EQ(driver->Messages.size(), 2u) << "columns count from 1";
+            UserType(page, id, u"1");
+            const_cast<Visitor*>(driver)->Messages.clear();
+        }
+    });
+    driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+}
+
+TEST(LiveDialog, RefusesASignalWithoutAType) {
+    const Workdir folder;
+    const TestProfile profile({"AutoFormat=0"});
+    CCsvImportFilter filter(folder.Write("a.csv", "a,b\n").c_str());  // names, and no cell to tell a type
+    EXPECT_EQ(CCsvImportFilter(u"/no/file").ShowOptionDialog(), 0) << "nobody sees the message";
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserType(page, CtrlFormat, u"[s]");
+        EXPECT_TRUE(UserShowPage(frame, 1));
+        EXPECT_TRUE(UserClickRow(frame.Sheet->GetPage(1), CtrlSignalList, 0, true));
+        EXPECT_FALSE(UserShowPage(frame, 0));
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_EQ(visitor.Messages.size(), 1u);
 }
 
 }  // namespace

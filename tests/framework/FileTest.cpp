@@ -22,6 +22,13 @@ int OpeningCause(const std::u16string& path, unsigned flags, CFile* target = nul
 
 }  // namespace
 
+TEST(Path, HasAFolderAndAName) {
+    CheckRows("a->|/a->|b/a->b|b/c/->b/c|->",
+              [](const std::u16string& path) { return Utf16ToUtf8(PathFolder(path)); });
+    CheckRows("a->a|/a->a|b/->b/|->",
+              [](const std::u16string& path) { return Utf16ToUtf8(PathStripPath(path)); });
+}
+
 TEST(File, OpeningTellsWhyNot) {
     const Workdir folder;
     folder.Write("file", "x"), folder.Write("\xFC", "x");
@@ -80,4 +87,32 @@ TEST(File, AReadErrorIsRaised) {
         EXPECT_EQ(error->Cause, CFileException::hardIO);
         error->Delete();
     }
+}
+
+TEST(ReplaceFile, TakesOverWhatOthersLeft) {
+    const Workdir folder;
+    const auto write = [&](const std::string& bytes) {
+        try {
+            ReplaceFile(folder.Path("file"), bytes);
+            return 0;
+        } catch (CFileException* error) {
+            const int cause = error->Cause;
+            error->Delete();
+            return cause;
+        }
+    };
+    folder.Write("file.tmp", "left by a killed writer");
+    permissions(folder.NativePath("file.tmp"), std::filesystem::perms(0400));
+    EXPECT_EQ(write("new"), CFileException::none);
+    EXPECT_EQ(folder.Names() + " " + folder.Read("file"), "file new");
+    // What isn't a writer's stays.
+    std::filesystem::create_directory(folder.NativePath("file.tmp"));
+    EXPECT_EQ(write("x"), CFileException::accessDenied);
+    std::filesystem::remove(folder.NativePath("file.tmp"));
+    std::filesystem::create_symlink("file", folder.NativePath("file.tmp"));
+    EXPECT_EQ(write("x"), CFileException::badPath);
+    std::filesystem::remove(folder.NativePath("file.tmp"));
+    ASSERT_EQ(mkfifo(folder.NativePath("file.tmp").c_str(), 0600), 0);
+    EXPECT_NE(write("x"), CFileException::none) << "a pipe is no file";
+    EXPECT_EQ(folder.Read("file"), "new");
 }

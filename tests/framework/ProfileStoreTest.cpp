@@ -1,9 +1,6 @@
 // The profile in a file: what comes back, what is refused, and what of others' stays.
 #include "platform/framework/ProfileStore.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "kit/CheckRows.h"
 #include "kit/Workdir.h"
 
@@ -70,19 +67,4 @@ TEST(ProfileFile, AnUnreadableStoreStays) {
     EXPECT_TRUE(is_symlink(folder.NativePath("loop")));
     EXPECT_EQ(Describe(*OpenProfileFile(folder.Path("missing"))), "-");
     EXPECT_EQ(folder.Names(), "folder folder.lock loop loop.lock") << "reading makes no file";
-}
-
-TEST(ProfileFile, TwoWritersLoseNothing) {
-    const Workdir folder;
-    const std::u16string path = folder.Path("profile.ini");
-    const auto key = [](int writer, int i) { return Utf8ToUtf16(std::to_string(100 * writer + i)); };
-    for (const int writer : {1, 2}) {
-        if (fork() != 0) continue;
-        for (int i = 0; i < 50; ++i) OpenProfileFile(path)->WriteInt(Section, key(writer, i), i);
-        _exit(0);
-    }
-    while (wait(nullptr) != -1) continue;
-    for (int i = 0; i < 100; ++i) {
-        EXPECT_EQ(OpenProfileFile(path)->ReadInt(Section, key(1 + i % 2, i / 2)), i / 2);
-    }
 }

@@ -24,7 +24,10 @@ class FakeSignal : public DM::SignalProxy {
     DM::EResult AddSample(const void* data, std::uint32_t size, std::int64_t time) override {
         if (RefusesSamples) return DM::ResultRefused;
         ++Count;
-        Samples += ' ' + std::to_string(time) + '=' + ValueText(data, size);
+        TimesRise &= Count == 1 || time > LastTime;
+        LastTime = time;
+        Values.push_back(ValueText(data, size));
+        Samples += ' ' + std::to_string(time) + '=' + Values.back();
         return DM::ResultOk;
     }
     const DM::SUniqueSignalId& GetUniqueSignalId() const override { return Id; }
@@ -34,9 +37,11 @@ class FakeSignal : public DM::SignalProxy {
     }
 
     std::string Head, Symbol, Samples;  // "Spalte 1 type/size", then the metadata; " time=value time=value"
+    std::vector<std::string> Values;
     std::u16string Unit;
     int Count = 0;
-    bool RefusesSamples = false;
+    std::int64_t LastTime = 0;
+    bool RefusesSamples = false, TimesRise = true;
 
   private:
     // A value as its type wants it; "none(8)" without data.

@@ -84,4 +84,24 @@ TEST(ReadLoop, EndsAtAReadErrorAndKeepsWhatThereIs) {
     EXPECT_TRUE(run.Host.Signals[0]->Count > 1 && run.Host.Signals[0]->Count < 1000);
 }
 
+TEST(ReadLoop, BeginsAgainAfterAnyLineAndGivesTheSame) {
+    const std::string bytes =
+        "t;a;u;s\n" + Repeated("8;x;;\n", 3) + "9;1;5 kg;\n7;2;6 lb;\n\n10;;7;z\n11;3;8 kg\n";
+    const SettingList settings = {"TimeSetting=0", "TimestampFormat=[ns]"};
+    const auto begin = [](ImportRun& run) { run.Column(2).UserType = CsvTypeIntegerUnit; };
+    ImportRun whole(bytes, settings);
+    begin(whole);
+    const std::string expected = whole.Import();
+    for (int lines = 0; lines < 12; ++lines) {
+        ImportRun run(bytes, settings);
+        begin(run);
+        ASSERT_TRUE(run.Filter->BeginImport());
+        for (int i = 0; i < lines; ++i) run.Next();
+        run.Filter->EndImport();
+        run.Messages();
+        run.Host.Signals.clear();
+        EXPECT_EQ(run.Import(), expected) << "stopped behind row " << lines;
+    }
+}
+
 }  // namespace

@@ -2,11 +2,8 @@
 #include "settings/CsvInfoFile.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
+#include <climits>
 #include <cstring>
 #include <random>
 #include <sstream>
@@ -37,18 +34,6 @@ std::string Revision2(const std::string& elements) {
            elements + "</CSV-INFO>";
 }
 
-// A sidecar of some length, made of one letter: writing it, and whether it is there as a whole.
-bool WriteOne(const Workdir& folder, char16_t letter, std::string reason = "") {
-    CCsvInfoFile file(folder.Path("a.csv"));
-    file.TimestampFormat.assign(100'000, letter);
-    return file.Replace(reason);
-}
-
-bool IsWhole(const Workdir& folder, char16_t letter) {
-    CCsvInfoFile file(folder.Path("a.csv"));
-    return file.Read() == 0 && file.TimestampFormat == std::u16string(100'000, letter);
-}
-
 }  // namespace
 
 TEST(CsvInfoFile, ReadsBothRevisions) {
@@ -68,6 +53,9 @@ TEST(CsvInfoFile, ReadsBothRevisions) {
              "</DATE-COLUMN><IMPORT-HEADER>1</IMPORT-HEADER><MERGE-SEPARATORS>TRUE</MERGE-SEPARATORS>"
              "<TIME-COLUMN>1</TIME-COLUMN><TIME-COLUMN>9</TIME-COLUMN><X><TIME-SETTING>1</TIME-SETTING></X>"),
          0, "0 3 01 002 1 2 hh column 5"},
+        {"<CSV-INFO><DELIMETER-COUMNS>\t</DELIMETER-COUMNS></CSV-INFO>", 3, "2"},
+        {"<CSV-INFO><DELIMETER-COUMNS/></CSV-INFO>", 3, "1 2"},
+        {"<CSV-INFO><DELIMETER-COUMNS>|;</DELIMETER-COUMNS></CSV-INFO>", 3, "4|; 2"},
         {"<CSV-INFO format-rev='3'><START-LINE>9</START-LINE></CSV-INFO>", 0, "1 2 10 001 1 2  column 1"},
         {"<CSV-INFO format-rev='2'><START-LINE>x</START-LINE></CSV-INFO>", 4, ""},
         {"<CSV-INFO>\n <START-LINE>1</START-LINE>\n <X></Y></CSV-INFO>", 2, ""}};
@@ -110,29 +98,28 @@ TEST(CsvInfoFile, GivesBackWhatItWasGiven) {
     }
 }
 
-TEST(SidecarWriting, SurvivesAKilledWriterAndAFullDisk) {
+TEST(CsvInfoFile, TakesSettingsThatAreNone) {
     const Workdir folder;
-    WriteOne(folder, u'a');
-    for (int round = 0; round < 20; ++round) {
-        const pid_t writer = fork();
-        ASSERT_GE(writer, 0);
-        while (writer == 0) WriteOne(folder, u'a'), WriteOne(folder, u'b');
-        usleep(static_cast<useconds_t>(500 + round * 700));
-        kill(writer, SIGKILL);
-        waitpid(writer, nullptr, 0);
-        EXPECT_TRUE(IsWhole(folder, u'a') || IsWhole(folder, u'b'));
-    }
+    CCsvImportSettings settings, read;
+    settings.StartDate = settings.AdjustTime = INT64_MAX;
+    settings.Separator = -1, settings.IntervalUnit = 9, settings.Adjust = settings.DateSetting = 1;
+    settings.FirstLine = INT_MIN;
+    CCsvInfoFile file(folder.Path("a.csv"));
+    file.TakeFromSettings(settings);
+    EXPECT_TRUE(file.StartDateText.empty() && file.TimeAdjustText.empty()) << "a moment beyond the calendar";
+    file.Write();
+    EXPECT_EQ(file.Read(), 0);
+    file.ApplyToSettings(read);
+    EXPECT_TRUE(read.FirstLine == INT_MIN && read.Separator == 1 && read.IntervalUnit == 2 &&
+                read.Adjust == 0);
+}
+
+TEST(SidecarWriting, KeepsThePermissionsAndFailsQuietly) {
+    const Workdir folder;
+    const CCsvInfoFile file(folder.Path("a.csv"));
+    file.Write();
     permissions(folder.NativePath("a.csv.info"), std::filesystem::perms(0640));
-    EXPECT_TRUE(WriteOne(folder, u'b'));
+    file.Write();
     EXPECT_EQ(status(folder.NativePath("a.csv.info")).permissions(), std::filesystem::perms(0640));
-    if (fork() == 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{50'000, 50'000};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        _exit(WriteOne(folder, u'c'));
-    }
-    int exit = -1;
-    wait(&exit);
-    EXPECT_TRUE(exit == 0 && IsWhole(folder, u'b')) << "the failure must be told, the old file stays";
     EXPECT_EQ(CCsvInfoFile(folder.Path("missing/a.csv")).Write(), 0) << "the import works without a sidecar";
 }

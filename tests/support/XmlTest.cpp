@@ -27,6 +27,9 @@ TEST(XmlDocument, ReadsWhatIsWellFormed) {
     EXPECT_EQ(ReadShown("<a b='1' c = \"'2\"><ä:b.c-1/>t<e>u</e>v</a>"), "a[b=1][c='2]{tv}(ä:b.c-1)(e{u})");
     EXPECT_EQ(ReadShown("<a b='&#10;'>&lt;&gt;&amp;&quot;&apos;&#x1F600;</a>"), "a[b=\n]{<>&\"'😀}");
     EXPECT_EQ(ReadShown("<?xml version='1.0'?><!-- - --> <?p i?>\n<a>x</a >\n<!---->"), "a{x}");
+    EXPECT_EQ(
+        ReadShown("<?xml version = '1.1' encoding='x-2' standalone='no'?><a b='\r\n\t'>\r\n\r&#xaF;</a>"),
+        "a[b=\n\t]{\n\n¯}");
     EXPECT_EQ(ReadShown("<a><![CDATA[<&]]]]>b<!--c-->d<?e?>]]</a>"), "a{<&]]bd]]}");
 }
 
@@ -42,6 +45,20 @@ TEST(XmlDocument, RefusesAnythingElseWithItsPlace) {
         "<a>&#xD800;</a>->3: a numeric reference to no character|<a>\x01</a>->3: a control character|"
         "<a>&#99999999999;</a>->3: a numeric reference to no character|"
         "<!DOCTYPE a><a/>->0: a document type is not allowed|<a><![CDATA[</a>->12: \"]]>\" is missing|"
+        "<?xml vers='1'?><a/>->5: the XML declaration needs a version 1.x|<?xml version '1.0'?>->14: \"=\" "
+        "is "
+        "missing in the XML declaration|<?xml version='2.0'?>->19: the XML declaration needs a version 1.x|"
+        "<?xml version='1.x'?>->19: the XML declaration needs a version 1.x|<?xml version='1.0'>->19: the "
+        "XML "
+        "declaration has no end|<?xml version='1.0' encoding='8'?>->32: the XML declaration names no "
+        "encoding|"
+        "<?xml version='1.0' encoding='a b'?>->34: the XML declaration names no encoding|<?xml version='1.0' "
+        "standalone='x'?>->34: standalone must be yes or no|<?p+?><a/>->3: a blank is missing behind an "
+        "instruction's name|<?p->3: a blank is missing behind an instruction's name|<a>\uFFFE</a>->3: U+FFFE "
+        "and "
+        "U+FFFF are no characters|<a>&#xg;</a>->3: a numeric reference to no character|<a>&#x41</a>->3: a "
+        "numeric "
+        "reference to no character|<a></a b>->7: a closing tag has no end|<a></>->5: a name is missing|"
         " <?xml version='1.0'?><a/>->6: the XML declaration must stand at the start",
         ReadShown);
     EXPECT_EQ(ReadShown("<a><!-- -- --></a>"), "10: \"--\" inside a comment");
@@ -65,4 +82,26 @@ TEST(XmlString, WritesElementsInOrderAndRefusesWhatCannotStand) {
     EXPECT_EQ(xml.GetString(),
               "<root rev=\"-1\" name=\"&lt;Gerät&gt; &amp; &quot;'&#9;&#10;&#13;\"><real>0.1</real>"
               "<least>-1</least>]]&gt;😀</root>");
+}
+
+TEST(XmlString, CountsWhatIsMissingAndLeavesValuesAlone) {
+    DM::XmlString xml("<a b='1'><n> 7 </n><n>8</n><x>7.5e1</x><big>2147483648</big></a>", true), inner(true);
+    std::int32_t number = 1;
+    double real = 1.5;
+    std::u16string text = u"old";
+    const auto reads = [&](DM::XmlString& from) {
+        const bool integer = from.ReadIntegerContent(number);
+        return std::string(integer ? "n" : "-") + (from.ReadRealContent(real) ? "r" : "-");
+    };
+    EXPECT_EQ(reads(xml), "--") << "nothing is found yet";
+    EXPECT_FALSE(xml.ReadStringContent(text) || xml.GetXmlSubString(inner, true));
+    EXPECT_FALSE(xml.ReadStringAttribute("b", text, true) || xml.FindElement("b", false, false));
+    EXPECT_TRUE(xml.FindElement("a", false, true) && xml.GetXmlSubString(inner, true));
+    EXPECT_TRUE(xml.ReadStringAttribute("b", text, true) && text == u"1");
+    EXPECT_FALSE(xml.ReadStringAttribute("c", text, true) || inner.FindElement("y", false, true));
+    EXPECT_EQ(reads(xml), "--");
+    EXPECT_TRUE(inner.FindElement("big", false, true) && reads(inner) == "-r" && real == 2147483648.0);
+    EXPECT_TRUE(inner.FindElement("x", false, true) && reads(inner) == "-r" && real == 75.0 && number == 1);
+    EXPECT_TRUE(inner.FindElement("n", false, true) && reads(inner) == "nr" && number == 7);
+    EXPECT_EQ(xml.GetErrorCount(), 7);
 }

@@ -65,6 +65,6 @@ class CFile {
 std::u16string DescribeFileError(const CFileException& error);
 
 // Replaces the file at `path` by one with these bytes, by way of a temporary file in the same folder, so that
-// a crash leaves the old content or the new one, never a half. The permissions stay. Raises CFileException;
-// the old file then stays.
+// a crash leaves the old content or the new one, never a half, and at most one temporary file, which the next
+// writer uses up. The permissions stay. Raises CFileException; the old file then stays.
 void ReplaceFile(const std::u16string& path, const std::string& bytes);

@@ -11,6 +11,7 @@
 
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/portable/FileCalls.h"
 
 namespace {
 
@@ -51,20 +52,68 @@ void Fill(CFileException* error, int number, const std::u16string& path) {
 
 // 0, or the number of the error that keeps this descriptor from being used as asked.
 int RefusalOf(int descriptor, unsigned flags) {
+    const FileCalls& calls = GetFileCalls();
     struct stat status {};
-    if (fstat(descriptor, &status) != 0) return errno;
+    if (Uninterrupted([&] { return calls.Status(descriptor, &status); }) != 0) return errno;
     if (S_ISDIR(status.st_mode)) return EISDIR;
     if (!S_ISREG(status.st_mode)) return ESPIPE;
-    if ((flags & CFile::shareExclusive) != 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    if ((flags & CFile::shareExclusive) != 0 && calls.Lock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         // A file system without locks can't tell another opener; that is no reason to refuse the file.
         if (errno == EWOULDBLOCK) return EWOULDBLOCK;
     }
-    if ((flags & CFile::modeCreate) != 0 && ftruncate(descriptor, 0) != 0) return errno;
-    return 0;
+    if ((flags & CFile::modeCreate) == 0) return 0;
+    return Uninterrupted([&] { return calls.Truncate(descriptor, 0); }) == 0 ? 0 : errno;
+}
+
+// Writes all of the bytes; false with errno set.
+bool WriteAll(int descriptor, const char* next, std::size_t size) {
+    while (size > 0) {
+        const ssize_t count = Uninterrupted([&] { return GetFileCalls().Write(descriptor, next, size); });
+        if (count == 0) errno = ENOSPC;
+        if (count <= 0) return false;
+        next += count;
+        size -= static_cast<std::size_t>(count);
+    }
+    return true;
 }
 
 int DescriptorOf(std::intptr_t handle) {
     return static_cast<int>(handle);
+}
+
+[[noreturn]] void Raise(int number, const std::u16string& path) {
+    auto* error = new CFileException;
+    Fill(error, number, path);
+    throw error;
+}
+
+// Opens the file that takes the new content of another, for one writer at a time: waits for one that holds
+// it, and uses up what a killed one left. Below 0 for a failure, with errno set.
+int OpenTemporary(const std::string& name) {
+    const FileCalls& calls = GetFileCalls();
+    constexpr int Flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    constexpr int MostAttempts = 1000;
+    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+        const int descriptor = Uninterrupted([&] { return calls.Open(name.c_str(), Flags, 0666); });
+        if (descriptor < 0) {
+            // Left by another user, or under the mode of a file that is for reading only.
+            if (errno == EACCES && calls.Remove(name.c_str()) == 0) continue;
+            return descriptor;
+        }
+        Uninterrupted([&] { return calls.Lock(descriptor, LOCK_EX); });
+        struct stat held {};
+        struct stat named {};
+        int refusal = RefusalOf(descriptor, 0);
+        if (refusal == 0 && calls.Status(descriptor, &held) != 0) refusal = errno;
+        const bool isThere = refusal == 0 && calls.StatusOfPath(name.c_str(), &named) == 0;
+        if (isThere && held.st_ino == named.st_ino && held.st_dev == named.st_dev) return descriptor;
+        // Who held it before has moved it to its place: what is held now is the finished file.
+        calls.Close(descriptor);
+        errno = refusal;
+        if (refusal != 0) return -1;
+    }
+    errno = EWOULDBLOCK;
+    return -1;
 }
 
 }  // namespace
@@ -79,13 +128,14 @@ bool CFile::Open(const char16_t* path, unsigned flags, CFileException* error) {
     int mode = O_CLOEXEC | O_NONBLOCK;  // a pipe without a writer must be refused, not waited for
     mode |= (flags & modeWrite) != 0 ? O_WRONLY : O_RDONLY;
     if ((flags & modeCreate) != 0) mode |= O_CREAT;
-    const int descriptor = open(PathToNative(Path).c_str(), mode, 0666);
+    const std::string native = PathToNative(Path);
+    const int descriptor = Uninterrupted([&] { return GetFileCalls().Open(native.c_str(), mode, 0666); });
     if (descriptor < 0) {
         Fill(error, errno, Path);
         return false;
     }
     if (const int refusal = RefusalOf(descriptor, flags); refusal != 0) {
-        close(descriptor);
+        GetFileCalls().Close(descriptor);
         Fill(error, refusal, Path);
         return false;
     }
@@ -94,53 +144,46 @@ bool CFile::Open(const char16_t* path, unsigned flags, CFileException* error) {
 }
 
 std::size_t CFile::Read(void* data, std::size_t size) {
-    for (;;) {
-        const ssize_t count = read(DescriptorOf(Handle), data, size);
-        if (count >= 0) return static_cast<std::size_t>(count);
-        if (errno != EINTR) RaiseLastError();
-    }
+    const ssize_t count =
+        Uninterrupted([&] { return GetFileCalls().Read(DescriptorOf(Handle), data, size); });
+    if (count < 0) RaiseLastError();
+    return static_cast<std::size_t>(count);
 }
 
 void CFile::Write(const void* data, std::size_t size) {
-    const char* next = static_cast<const char*>(data);
-    while (size > 0) {
-        const ssize_t count = write(DescriptorOf(Handle), next, size);
-        if (count < 0 && errno != EINTR) RaiseLastError();
-        if (count < 0) continue;
-        next += count;
-        size -= static_cast<std::size_t>(count);
-    }
+    if (!WriteAll(DescriptorOf(Handle), static_cast<const char*>(data), size)) RaiseLastError();
 }
 
 void CFile::Seek(std::uint64_t position) {
-    if (lseek(DescriptorOf(Handle), static_cast<off_t>(position), SEEK_SET) < 0) RaiseLastError();
+    const auto offset = static_cast<off_t>(position);
+    const auto seek = [&] { return GetFileCalls().Seek(DescriptorOf(Handle), offset, SEEK_SET); };
+    if (Uninterrupted(seek) < 0) RaiseLastError();
 }
 
 std::uint64_t CFile::GetLength() const {
     struct stat status {};
-    if (fstat(DescriptorOf(Handle), &status) != 0) RaiseLastError();
+    const auto ask = [&] { return GetFileCalls().Status(DescriptorOf(Handle), &status); };
+    if (Uninterrupted(ask) != 0) RaiseLastError();
     return static_cast<std::uint64_t>(status.st_size);
 }
 
 void CFile::Flush() {
-    if (fsync(DescriptorOf(Handle)) != 0) RaiseLastError();
+    if (Uninterrupted([&] { return GetFileCalls().Sync(DescriptorOf(Handle)); }) != 0) RaiseLastError();
 }
 
 void CFile::Close() {
     const int descriptor = DescriptorOf(Handle);
     Handle = Closed;
-    if (descriptor >= 0 && close(descriptor) != 0 && errno != EINTR) RaiseLastError();
+    if (descriptor >= 0 && GetFileCalls().Close(descriptor) != 0 && errno != EINTR) RaiseLastError();
 }
 
 void CFile::Abort() noexcept {
-    if (IsOpen()) close(DescriptorOf(Handle));
+    if (IsOpen()) GetFileCalls().Close(DescriptorOf(Handle));
     Handle = Closed;
 }
 
 void CFile::RaiseLastError() const {
-    auto* error = new CFileException;
-    Fill(error, errno, Path);
-    throw error;
+    Raise(errno, Path);
 }
 
 std::u16string DescribeFileError(const CFileException& error) {
@@ -150,26 +193,20 @@ std::u16string DescribeFileError(const CFileException& error) {
 }
 
 void ReplaceFile(const std::u16string& path, const std::string& bytes) {
-    const std::u16string temporary = path + u".tmp" + PathFromNative(std::to_string(getpid()));
-    CFile file;
-    auto* error = new CFileException;
-    if (!file.Open(temporary.c_str(), CFile::modeWrite | CFile::modeCreate, error)) throw error;
-    error->Delete();
+    const FileCalls& calls = GetFileCalls();
+    const std::string target = PathToNative(path);
+    const std::string temporary = target + ".tmp";
+    const int descriptor = OpenTemporary(temporary);
+    if (descriptor < 0) Raise(errno, path);
     struct stat status {};
-    if (stat(PathToNative(path).c_str(), &status) == 0)
-        chmod(PathToNative(temporary).c_str(), status.st_mode & 07777);
-    try {
-        file.Write(bytes.data(), bytes.size());
-        file.Flush();
-        file.Close();
-    } catch (CFileException*) {
-        unlink(PathToNative(temporary).c_str());
-        throw;
-    }
-    if (std::rename(PathToNative(temporary).c_str(), PathToNative(path).c_str()) != 0) {
-        auto* failure = new CFileException;
-        Fill(failure, errno, path);
-        unlink(PathToNative(temporary).c_str());
-        throw failure;
-    }
+    if (calls.StatusOfPath(target.c_str(), &status) == 0) calls.SetMode(descriptor, status.st_mode & 07777);
+    // It is held until it has its name: a writer that waits for it would else empty it before.
+    const bool replaced = Uninterrupted([&] { return calls.Truncate(descriptor, 0); }) == 0 &&
+                          WriteAll(descriptor, bytes.data(), bytes.size()) &&
+                          Uninterrupted([&] { return calls.Sync(descriptor); }) == 0 &&
+                          Uninterrupted([&] { return calls.Rename(temporary.c_str(), target.c_str()); }) == 0;
+    const int number = errno;
+    if (!replaced) calls.Remove(temporary.c_str());
+    calls.Close(descriptor);
+    if (!replaced) Raise(number, path);
 }

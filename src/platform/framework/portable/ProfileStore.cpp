@@ -3,15 +3,14 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
 
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/ProfileText.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/portable/FileCalls.h"
 
 namespace {
 
@@ -20,15 +19,15 @@ namespace {
 class WriteLock {
   public:
     explicit WriteLock(const std::string& path)
-        : Descriptor(open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-        if (Descriptor < 0) return;
-        while (flock(Descriptor, LOCK_EX) != 0 && errno == EINTR) {
-        }
+        : Descriptor(Uninterrupted([&] {
+              return GetFileCalls().Open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+          })) {
+        if (Descriptor >= 0) Uninterrupted([&] { return GetFileCalls().Lock(Descriptor, LOCK_EX); });
     }
     WriteLock(const WriteLock&) = delete;
     WriteLock& operator=(const WriteLock&) = delete;
     ~WriteLock() {
-        if (Descriptor >= 0) close(Descriptor);
+        if (Descriptor >= 0) GetFileCalls().Close(Descriptor);
     }
     bool IsHeld() const { return Descriptor >= 0; }
 

@@ -1,0 +1,37 @@
+// The operating system's calls on files, in one table that all of the framework's files go through: a disk
+// that is full, slow or broken can be put in the place of the real one.
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include <cerrno>
+#include <cstddef>
+
+// Each answers as the call of its name does: below 0 for a failure, with errno set.
+struct FileCalls {
+    int (*Open)(const char* path, int flags, mode_t mode);
+    int (*Close)(int descriptor);
+    ssize_t (*Read)(int descriptor, void* data, std::size_t size);
+    ssize_t (*Write)(int descriptor, const void* data, std::size_t size);
+    off_t (*Seek)(int descriptor, off_t position, int origin);
+    int (*Status)(int descriptor, struct stat* status);
+    int (*StatusOfPath)(const char* path, struct stat* status);
+    int (*SetMode)(int descriptor, mode_t mode);
+    int (*Truncate)(int descriptor, off_t length);
+    int (*Lock)(int descriptor, int operation);
+    int (*Sync)(int descriptor);
+    int (*Rename)(const char* from, const char* to);
+    int (*Remove)(const char* path);
+};
+
+// The calls in force, at first the system's own. They may change while no file is in use.
+FileCalls& GetFileCalls();
+
+// Makes a call again as long as signals interrupt it, which they may do to any but Close.
+template <class Call>
+auto Uninterrupted(Call call) {
+    auto answer = call();
+    while (answer < 0 && errno == EINTR) answer = call();
+    return answer;
+}

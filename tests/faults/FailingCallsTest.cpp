@@ -1,0 +1,236 @@
+// Every call on a file fails in turn: the message is right, the file closed, the device handed back, and what
+// was stored is the old or the new.
+#include <gtest/gtest.h>
+
+#include "kit/FileFaults.h"
+#include "kit/ImportRun.h"
+#include "settings/SettingsTable.h"
+
+namespace {
+
+// Counts the faults of all scenarios, and says so at the end.
+class FaultCount : public testing::Test {
+  public:
+    static void TearDownTestSuite() { std::printf("%d faults injected in %d runs\n", Injected, Runs); }
+
+    // Runs the scenario once as it is, then with each of its calls failing, by each error, once and for ever.
+    template <class Scenario>
+    static void FailEachCall(Scenario scenario, const std::vector<int>& errors = {
+                                                    EIO, ENOSPC, EACCES, EROFS, EMFILE, EWOULDBLOCK, EINTR}) {
+        std::array<int, FileCallCount> calls{};
+        {
+            FileFaults clean;
+            scenario(clean);
+            calls = clean.Calls;
+        }
+        for (int kind = 0; kind < FileCallCount; ++kind) {
+            for (int number = 1; number <= calls[static_cast<std::size_t>(kind)]; ++number) {
+                for (const int error : errors) {
+                    for (const bool forever : {false, true}) {
+                        // What is interrupted for ever is waited for as long.
+                        if (error == EINTR && (forever || kind == CallClose)) continue;
+                        FileFaults faults;
+                        faults.Failing = kind;
+                        faults.FailsAt = number;
+                        faults.Forever = forever;
+                        faults.Error = error;
+                        SCOPED_TRACE("call of kind " + std::to_string(kind) + ", number " +
+                                     std::to_string(number) + (forever ? " and on" : "") + ": error " +
+                                     std::to_string(error));
+                        scenario(faults);
+                        Injected += faults.Injected;
+                        ++Runs;
+                        EXPECT_GE(faults.Injected, 1);
+                        EXPECT_EQ(faults.Descriptors.size(), 0u) << "a file is open";
+                        if (HasFailure()) return;
+                    }
+                }
+            }
+        }
+    }
+
+  private:
+    static inline int Injected = 0, Runs = 0;
+};
+using Faults = FaultCount;
+
+std::string Table(int rows) {
+    std::string text = "a;b\n";
+    for (int row = 0; row < rows; ++row) text += std::to_string(row) + ";x" + std::to_string(row) + "\n";
+    return text;
+}
+
+// A run over a disk that gives 200 bytes at a time, so that it has many calls to fail.
+struct SlowRun : ImportRun {
+    explicit SlowRun(FileFaults& faults) : ImportRun(Table(220)) {
+        faults.MostBytes = 200;
+        faults.Armed = true;
+    }
+    std::string Reimport(FileFaults& faults) {
+        faults.Armed = false;
+        Host.Signals.clear();
+        Host.Calls.clear();
+        return Import();
+    }
+};
+
+// What such a run gives on a good disk: everything, and the values of its first signal.
+struct CleanRun {
+    ImportRun Run{Table(220)};
+    const std::string Outcome = Run.Import();
+    const std::vector<std::string>& Values = Run.Host.Signals[0]->Values;
+};
+
+TEST_F(Faults, OfEachOperationAreRaisedAndLeaveTheFileClosed) {
+    const Workdir folder;
+    const std::u16string path = folder.Path("file");
+    FailEachCall([&](FileFaults& faults) {
+        faults.Armed = true;
+        faults.MostBytes = 2;
+        CFile file;
+        CFileException error(false);
+        bool raised = false;
+        try {
+            raised = !file.Open(path.c_str(), CFile::modeWrite | CFile::modeCreate, &error);
+            if (raised) return;
+            file.Seek(3);
+            file.Write("abcde", 5);
+            file.Flush();
+            EXPECT_EQ(file.GetLength(), 8u);
+            file.Close();
+        } catch (CFileException* failure) {
+            raised = failure->OsError == faults.Error && failure->FileName == path;
+            failure->Delete();
+        }
+        EXPECT_EQ(raised, faults.Injected > 0 && faults.Error != EINTR);
+    });
+}
+
+TEST_F(Faults, OfAnAnalysisLeaveTheFilterUsable) {
+    const CleanRun clean;
+    FailEachCall([&](FileFaults& faults) {
+        SlowRun run(faults);
+        run.Filter->AnalyzeFile();
+        EXPECT_EQ(run.Messages(), "");
+        EXPECT_EQ(run.Reimport(faults), clean.Outcome);
+    });
+}
+
+TEST_F(Faults, OfARunGiveOneMessageAndHandTheDeviceBack) {
+    const CleanRun clean;
+    FailEachCall([&](FileFaults& faults) {
+        SlowRun run(faults);
+        const bool begun = run.Filter->BeginImport();
+        while (begun && run.Next()) continue;
+        run.Filter->EndImport();
+        const std::string messages = run.Messages();
+        EXPECT_TRUE(messages == ReadError || (messages.empty() && begun)) << messages;
+        EXPECT_EQ(run.Host.Calls.empty(), run.Host.Signals.empty());
+        EXPECT_TRUE(run.Host.Calls.empty() || run.Host.Calls.ends_with("finish\n")) << run.Host.Calls;
+        for (const auto& signal : run.Host.Signals) {
+            EXPECT_TRUE(signal->Count == 220 || !messages.empty()) << "the rest is missing";
+        }
+        if (!run.Host.Signals.empty()) {
+            const auto& values = run.Host.Signals[0]->Values;
+            EXPECT_TRUE(std::equal(values.begin(), values.end(), clean.Values.begin()));
+        }
+        EXPECT_EQ(run.Reimport(faults), clean.Outcome);
+    });
+}
+
+// Replaces a file by `write`, which tells whether it did; the folder then holds the old bytes or the new, and
+// no more files than before.
+template <class Write>
+void ReplaceUnderFaults(FileFaults& faults, const std::string& name, const std::string& old, Write write) {
+    const Workdir folder;
+    if (!old.empty()) folder.Write(name, old);
+    faults.MostBytes = 50;
+    faults.Armed = true;
+    const auto writeOnce = [&] { return write(folder.Path(name)); };
+    const bool done = writeOnce();
+    faults.Armed = false;
+    const std::string first = folder.Read(name);
+    EXPECT_TRUE(done || first == old) << first;
+    // A file whose place can't be looked at can't be known as this writer's own, and so isn't removed.
+    const bool maySee = faults.Failing != CallStatus && faults.Failing != CallStatusOfPath;
+    if (maySee && faults.Failing != CallRemove) {
+        EXPECT_EQ(folder.Names().find(".tmp"), std::string::npos) << folder.Names();
+    }
+    EXPECT_TRUE(writeOnce());
+    EXPECT_TRUE(!done || first == folder.Read(name)) << first;
+    EXPECT_EQ(folder.Names().find(".tmp"), std::string::npos) << "a later writer uses it up";
+}
+
+TEST_F(Faults, OfWritingASidecarKeepTheOldOrTheNew) {
+    for (const std::string old : {"", "<old/>"}) {
+        FailEachCall([&](FileFaults& faults) {
+            ReplaceUnderFaults(faults, "data.csv.info", old, [&](const std::u16string& path) {
+                CCsvInfoFile file(path.substr(0, path.size() - 5));
+                file.TimestampFormat = u"hh:mm:ss";
+                std::string reason;
+                const bool done = file.Replace(reason);
+                EXPECT_EQ(done, reason.empty()) << reason;
+                return done;
+            });
+        });
+    }
+}
+
+TEST_F(Faults, OfReadingASidecarKeepTheProfile) {
+    FailEachCall([](FileFaults& faults) {
+        const Workdir folder;
+        CCsvInfoFile file(folder.Path("data.csv"));
+        file.StartLine = 7;
+        file.Write();
+        faults.Armed = true;
+        const CCsvImportFilter filter(folder.Path("data.csv").c_str());
+        const int line = filter.GetSettings().FirstLine;
+        EXPECT_TRUE(filter.GetSidecarWarning().empty());
+        EXPECT_TRUE(line == 8 || (line == 1 && faults.Injected > 0)) << line;
+    });
+}
+
+TEST_F(Faults, OfWritingTheProfileLoseNothing) {
+    for (const std::string old : {"", "[Other]\nKey=1\n[CsvImport]\nFirstLine=7\nAdjust=1\n"}) {
+        FailEachCall([&](FileFaults& faults) {
+            ReplaceUnderFaults(faults, "profile.ini", old, [&](const std::u16string& path) {
+                return OpenProfileFile(path)->WriteInt(u"CsvImport", u"FirstLine", 8);
+            });
+        });
+    }
+}
+
+// "Use as default" writes 17 values one after the other.
+TEST_F(Faults, OfSavingTheSettingsLeaveEachOldOrNew) {
+    const Workdir folder;
+    const std::shared_ptr<ProfileStore> store = OpenProfileFile(folder.Path("profile.ini"));
+    const auto save = [](CCsvImportSettings& settings, int number) {
+        for (std::size_t i = 0; i < SharedSettingCount; ++i) {
+            if (const auto* setting = std::get_if<IntSetting>(&SettingsTable[i].Kind)) {
+                settings.*setting->Field = number;
+            }
+        }
+        settings.SaveToProfile();
+    };
+    const auto previous = GetProcessProfile();
+    CCsvImportSettings settings;
+    SetProcessProfile(store);
+    save(settings, 1);
+    const std::string old = folder.Read("profile.ini");
+    FailEachCall(
+        [&](FileFaults& faults) {
+            folder.Write("profile.ini", old);
+            faults.Armed = true;
+            save(settings, 0);
+            faults.Armed = false;
+            for (std::size_t i = 0; i < SharedSettingCount; ++i) {
+                if (!std::holds_alternative<IntSetting>(SettingsTable[i].Kind)) continue;
+                const auto value = store->ReadInt(SettingsSection, SettingsTable[i].Key);
+                EXPECT_TRUE(value == 0 || (value == 1 && faults.Injected > 0)) << i;
+            }
+        },
+        {EIO});
+    SetProcessProfile(previous);
+}
+
+}  // namespace

@@ -1,0 +1,62 @@
+// Any text as a line: the cells lie in the line's own buffer and are those that the grammar gives.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include "analysis/SplitLine.h"
+#include "fuzz/kit/Check.h"
+#include "platform/framework/Text.h"
+#include "settings/CsvImportSettings.h"
+
+namespace {
+
+// The text of one cell, trimmed and without its quotes.
+std::u16string CellText(std::u16string cell) {
+    const std::size_t first = cell.find_first_not_of(u" \t");
+    cell = first == cell.npos ? u"" : cell.substr(first, cell.find_last_not_of(u" \t") + 1 - first);
+    if (cell.size() < 2 || cell.front() != u'"' || cell.back() != u'"') return cell;
+    return ReplaceAll(cell.substr(1, cell.size() - 2), u"\"\"", u"\"");
+}
+
+// The cells of a line by the grammar, a character at a time and with copies.
+std::vector<std::u16string> WalkCells(const std::u16string& line, char16_t separator, bool merge) {
+    std::vector<std::u16string> cells;
+    std::u16string cell;
+    bool quoted = false, behindSeparator = false;
+    for (const char16_t c : line.substr(0, line.find_first_of(std::u16string_view(u"\0\n\r", 3))) + u'\0') {
+        if (c == u'"') quoted = !quoted;
+        if (c != u'\0' && (c != separator || quoted)) {
+            cell += c;
+            behindSeparator = false;
+            continue;
+        }
+        if (!merge || !behindSeparator) cells.push_back(CellText(cell));
+        cell.clear();
+        behindSeparator = true;
+    }
+    return cells;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FuzzedDataProvider input(data, size);
+    const auto index = input.ConsumeIntegralInRange<unsigned>(0, 4);
+    const bool merge = input.ConsumeBool(), oddSeparator = input.ConsumeBool();
+    const char16_t separator = oddSeparator ? u'µ' : SeparatorCharOf(index);
+    static CellList kept;  // as a run keeps it from line to line
+    std::u16string line = Utf8ToUtf16(input.ConsumeRemainingBytesAsString());
+    const std::vector<std::u16string> expected = WalkCells(line, separator, merge);
+    const std::int32_t count = CountSeparators(line, index, merge);
+    const bool isPlain = line.find_first_of(std::u16string_view(u"\0\n\r'", 4)) == line.npos;
+
+    SplitLine(line.data(), separator, merge, kept);
+    Check(kept.size() == expected.size(), "as many cells as the grammar gives");
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        const bool inside = kept[i] >= line.data() && kept[i] <= line.data() + line.size();
+        Check(inside && (i == 0 || kept[i] > kept[i - 1]), "cells lie in the line, in order");
+        Check(kept[i] == expected[i], "the cells are those of the grammar");
+    }
+    if (isPlain && !merge && !oddSeparator && index < FixedSeparatorCount) {
+        Check(static_cast<std::size_t>(count) + 1 == kept.size(), "a cell more than separators");
+    }
+    return 0;
+}
