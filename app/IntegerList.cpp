@@ -42,6 +42,7 @@ void IntegerList::Turn(bool keep) {
     if (keep && Next != Begin) {
         const std::uint32_t width = WidthOf(Open());
         Blocks.push_back({Pack(Open(), width, Memory), static_cast<std::uint32_t>(Open().size()), width});
+        Kept += Open().size();
     }
     const auto size = static_cast<std::size_t>(End - Begin);
     if (size == 0 || (keep && size < LargestSize)) {
@@ -52,15 +53,22 @@ void IntegerList::Turn(bool keep) {
     Next = Begin;
 }
 
-std::int64_t IntegerList::Unpack(const Packed& block, std::size_t index) {
+std::int64_t IntegerList::Reader::Next() {
+    if (Block < List.Blocks.size() && At == List.Blocks[Block].Count) {
+        ++Block;
+        At = 0;
+    }
+    const std::size_t at = At++;
+    if (Block == List.Blocks.size()) return List.Begin[at];
+    const Packed& block = List.Blocks[Block];
     switch (block.Width) {
         case 1:
-            return static_cast<const std::int8_t*>(block.Values)[index];
+            return static_cast<const std::int8_t*>(block.Values)[at];
         case 2:
-            return static_cast<const std::int16_t*>(block.Values)[index];
+            return static_cast<const std::int16_t*>(block.Values)[at];
         case 4:
-            return static_cast<const std::int32_t*>(block.Values)[index];
+            return static_cast<const std::int32_t*>(block.Values)[at];
         default:
-            return static_cast<const std::int64_t*>(block.Values)[index];
+            return static_cast<const std::int64_t*>(block.Values)[at];
     }
 }

@@ -20,15 +20,27 @@ class IntegerList {
     std::span<const std::int64_t> Open() const { return {Begin, static_cast<std::size_t>(Next - Begin)}; }
     void Turn(bool keep);
 
+    // Reads the values of the blocks kept and of the open one from the first on. The list must outlive it and
+    // not grow meanwhile.
+    class Reader {
+      public:
+        explicit Reader(const IntegerList& list) : List(list) {}
+
+        // The next value; there must be one.
+        std::int64_t Next();
+
+      private:
+        const IntegerList& List;
+        std::size_t Block = 0;  // its place among List.Blocks; behind them is the open one
+        std::size_t At = 0;
+    };
+
+    // Calls `visit` with each value in order, while it answers true.
     template <class Visit>
     void ForEach(Visit visit) const {
-        for (const Packed& block : Blocks) {
-            for (std::size_t i = 0; i < block.Count; ++i) {
-                if (!visit(Unpack(block, i))) return;
-            }
-        }
-        for (const std::int64_t value : Open()) {
-            if (!visit(value)) return;
+        Reader reader(*this);
+        for (std::uint64_t left = Kept + Open().size(); left != 0; --left) {
+            if (!visit(reader.Next())) return;
         }
     }
 
@@ -39,10 +51,9 @@ class IntegerList {
         std::uint32_t Width;  // bytes of a value
     };
 
-    static std::int64_t Unpack(const Packed& block, std::size_t index);
-
     Arena& Memory;
     std::vector<Packed> Blocks;
+    std::uint64_t Kept = 0;         // values in them
     std::int64_t* Begin = nullptr;  // of the open block
     std::int64_t* Next = nullptr;
     std::int64_t* End = nullptr;

@@ -17,7 +17,7 @@
 // What the signals of a device share. Outlives them.
 struct SharedStore {
     explicit SharedStore(std::uint64_t keepLimit)
-        : KeepLimit(keepLimit), Axis(std::make_shared<TimeAxis>(keepLimit)) {}
+        : KeepLimit(keepLimit), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
 
     const std::uint64_t KeepLimit;  // samples that each signal keeps
     Arena Memory;

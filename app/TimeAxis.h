@@ -1,15 +1,19 @@
 // The times of the rows of a device.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <vector>
 
-// A growing list of times in nanoseconds, of which the first are kept. Full stretches are packed to four
-// bytes a row while neighbours are at most 4.29 seconds apart, and stay at eight bytes elsewhere.
+#include "app/IntegerList.h"
+#include "platform/framework/Numbers.h"
+
+// A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
+// its step from the one before differs from the step before: one byte for rows at a steady rate, four at most
+// for others.
 class TimeAxis {
   public:
-    explicit TimeAxis(std::uint64_t keepLimit) : KeepLimit(keepLimit) {}
+    // The arena must outlive the axis.
+    TimeAxis(std::uint64_t keepLimit, Arena& memory)
+        : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
 
     // The first `count` times of another axis.
     TimeAxis(const TimeAxis& other, std::uint64_t count);
@@ -19,37 +23,38 @@ class TimeAxis {
     // Of all times, kept or not.
     std::uint64_t Count() const { return Rows; }
     std::int64_t First() const { return FirstTime; }
-    std::int64_t Last() const { return LastTime; }
+    std::int64_t Last() const { return Now.Time; }
 
     // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
-    class Reader {
-      public:
-        explicit Reader(const TimeAxis& axis) : Axis(axis) {}
-
-        // The next time; there must be one.
-        std::int64_t Next();
-
-      private:
-        const TimeAxis& Axis;
-        std::size_t Stretch = 0;  // its place among Axis.Packed; behind them is Axis.Open
-        std::size_t Row = 0;      // in the stretch
-        std::int64_t Time = 0;
-    };
+    class Reader;
 
   private:
-    // A full stretch: its first time and the steps to the others, or all times.
-    struct PackedStretch {
-        std::int64_t First;
-        std::vector<std::uint32_t> Steps;
-        std::vector<std::int64_t> Times;
+    // A time and the step that led to it. Sums wrap.
+    struct Moment {
+        std::int64_t Time = 0;
+        std::int64_t Step = 0;
     };
 
-    void Pack();
-
-    std::vector<PackedStretch> Packed;
-    std::vector<std::int64_t> Open;  // the last stretch
     const std::uint64_t KeepLimit;
+    Arena& Memory;
+    IntegerList Changes;  // of the step, from row to row; both begin at 0
     std::uint64_t Rows = 0;
     std::int64_t FirstTime = 0;
-    std::int64_t LastTime = 0;
+    Moment Now;
+};
+
+class TimeAxis::Reader {
+  public:
+    explicit Reader(const TimeAxis& axis) : Changes(axis.Changes) {}
+
+    // The next time; there must be one.
+    std::int64_t Next() {
+        Now.Step = WrappingAdd(Now.Step, Changes.Next());
+        Now.Time = WrappingAdd(Now.Time, Now.Step);
+        return Now.Time;
+    }
+
+  private:
+    IntegerList::Reader Changes;
+    Moment Now;
 };

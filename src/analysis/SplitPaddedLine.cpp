@@ -1,6 +1,6 @@
 // The grammar is that of SplitLine. The characters that could mean something are found for 64 characters at a
-// time; only those are then looked at one by one. Fewer at a time cost more: how many are found is hard to
-// predict for the processor, and it pays for that once a step.
+// time and listed for the whole line; only then is the list walked. How many there are in 64 characters is
+// hard to predict for the processor, how many there are in a line is not.
 #include "analysis/SplitPaddedLine.h"
 
 #include <emmintrin.h>
@@ -28,117 +28,105 @@ __m128i Equal(__m128i units, char16_t c) {
     return _mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(c)));
 }
 
-// A bit for each of the 64 characters at `text` that is a double quote.
-std::uint64_t FindQuotes(const char16_t* text) {
-    std::uint64_t found = 0;
-    for (std::size_t at = 0; at < UnitsPerStep; at += 2 * UnitsPerLoad) {
-        const __m128i first = Equal(Load(text + at), DoubleQuote);
-        found |= MaskOf(first, Equal(Load(text + at + UnitsPerLoad), DoubleQuote)) << at;
-    }
-    return found;
-}
-
-// What there is among 64 characters: a bit for each.
+// What there is among 64 characters: a bit for each, none behind the line's end.
 struct Found {
     std::uint64_t Separators = 0;
-    std::uint64_t Ends = 0;  // of the line
-    bool AnyQuote = false;
+    std::uint64_t Quotes = 0;
+    std::uint64_t End = 0;  // the first character that ends the line
 };
 
 Found Find(const char16_t* text, char16_t separator) {
+    // Not above the carriage return stand the ends, the tab and what hardly occurs.
     const auto areLow = [](__m128i units) {
         return _mm_cmpeq_epi16(_mm_subs_epu16(units, _mm_set1_epi16(u'\r')), _mm_setzero_si128());
     };
     Found found;
-    __m128i quotes = _mm_setzero_si128();
     for (std::size_t at = 0; at < UnitsPerStep; at += 2 * UnitsPerLoad) {
         const __m128i first = Load(text + at);
         const __m128i second = Load(text + at + UnitsPerLoad);
-        quotes = _mm_or_si128(quotes, _mm_or_si128(Equal(first, DoubleQuote), Equal(second, DoubleQuote)));
         found.Separators |= MaskOf(Equal(first, separator), Equal(second, separator)) << at;
-        found.Ends |= MaskOf(areLow(first), areLow(second)) << at;
+        found.Quotes |= MaskOf(Equal(first, DoubleQuote), Equal(second, DoubleQuote)) << at;
+        found.End |= MaskOf(areLow(first), areLow(second)) << at;
     }
-    found.AnyQuote = _mm_movemask_epi8(quotes) != 0;
-    // Not above the carriage return stand the ends, the tab and what hardly occurs.
-    found.Ends &= ~found.Separators;
-    while (found.Ends != 0 && !EndsLine(text[std::countr_zero(found.Ends)])) found.Ends &= found.Ends - 1;
+    found.End &= ~found.Separators;
+    while (found.End != 0 && !EndsLine(text[std::countr_zero(found.End)])) found.End &= found.End - 1;
+    const std::uint64_t upToEnd = found.End ^ (found.End - 1);
+    found.End &= upToEnd;
+    found.Separators &= upToEnd;
+    found.Quotes &= upToEnd;
     return found;
 }
 
-// Where the split of a line has got to.
-struct Progress {
-    char16_t** Next;      // the entry of the next cell
-    char16_t* Cell;       // where it begins
-    unsigned Quotes = 0;  // of this cell, and perhaps an even number of those before
-    bool AtEnd = false;
+unsigned CountBits(std::uint64_t bits) {
+    constexpr std::uint64_t EveryByte = 0x0101010101010101;
+    bits -= (bits >> 1) & (0x55 * EveryByte);
+    bits = (bits & (0x33 * EveryByte)) + ((bits >> 2) & (0x33 * EveryByte));
+    bits = (bits + (bits >> 4)) & (0x0F * EveryByte);
+    return static_cast<unsigned>(bits * EveryByte >> 56);
+}
 
-    bool IsQuoted() const { return Quotes % 2 != 0; }
-};
+// Lists the places of a step's characters; up to as many entries more than there are get written.
+constexpr std::size_t ListedAtOnce = 4;
 
-struct Rules {
-    char16_t* Text;
-    char16_t Separator;
-    bool Merge;
-};
+std::size_t ListPlaces(char16_t* step, std::uint64_t found, char16_t** places) {
+    constexpr std::uint64_t Last = std::uint64_t{1} << 63;
+    const std::size_t count = CountBits(found);
+    for (std::size_t listed = 0; listed < count; listed += ListedAtOnce) {
+        for (std::size_t i = 0; i < ListedAtOnce; ++i) {
+            places[listed + i] = step + std::countr_zero(found | Last);
+            found &= found - 1;
+        }
+    }
+    return count;
+}
 
 // Nearly all cells begin behind the double quote and end behind the blank: nothing is to be taken off them.
 bool IsPlainCell(const char16_t* cell, const char16_t* end) {
     return end != cell && *cell > DoubleQuote && end[-1] > u' ';
 }
 
-// Takes the separators and the line's ends of a step without quotes that begins outside quotes. Not to be
-// inlined: the loop needs the processor's registers for itself.
-[[gnu::noinline]] void TakeUnquoted(Progress& state, char16_t* step, std::uint64_t separators,
-                                    std::uint64_t ends, const Rules& rules) {
-    Progress progress = state;
-    const auto endCell = [&](char16_t* p) {
-        char16_t* const cell = progress.Cell;
-        progress.Cell = p + 1;
-        if (IsPlainCell(cell, p)) {
-            *p = u'\0';
-            *progress.Next++ = cell;
-        } else if (!rules.Merge || p != cell || p == rules.Text) {
-            *progress.Next++ = MakeCell(cell, p);
-        }
-    };
-    // Nothing behind the first end counts.
-    for (separators &= ends ^ (ends - 1); separators != 0; separators &= separators - 1)
-        endCell(step + std::countr_zero(separators));
-    if (ends != 0) endCell(step + std::countr_zero(ends));
-    progress.AtEnd = ends != 0;
-    state = progress;
-}
-
 // Where both quotes stand at the ends, there is none inside to be looked for.
-char16_t* MakeQuotedCell(char16_t* cell, char16_t* p, unsigned quotes) {
-    const bool isWhole = quotes == 2 && p - cell >= 2 && *cell == DoubleQuote && p[-1] == DoubleQuote;
-    if (!isWhole) return MakeCell(cell, p);
-    p[-1] = u'\0';
+char16_t* MakeQuotedCell(char16_t* cell, char16_t* end, unsigned quotes) {
+    const bool isWhole = quotes == 2 && end - cell >= 2 && *cell == DoubleQuote && end[-1] == DoubleQuote;
+    if (!isWhole) return MakeCell(cell, end);
+    end[-1] = u'\0';
     return cell + 1;
 }
 
-// Takes the characters found in a step, in which there are quotes, or which begins inside them.
-[[gnu::noinline]] void TakeQuoted(Progress& state, char16_t* step, std::uint64_t found, const Rules& rules) {
-    Progress progress = state;
-    const char16_t separator = rules.Separator;
-    for (; found != 0; found &= found - 1) {
-        char16_t* const p = step + std::countr_zero(found);
-        const char16_t c = *p;
-        if (c == DoubleQuote) ++progress.Quotes;
-        const bool ends = EndsLine(c);
-        if (!ends && (c != separator || progress.IsQuoted())) continue;
-        char16_t* const cell = progress.Cell;
-        progress.Cell = p + 1;
-        if (!rules.Merge || p != cell || p == rules.Text) {
-            *progress.Next++ = MakeQuotedCell(cell, p, progress.Quotes);
+// What a cell is made of. The list of places becomes the list of cells, which are never more; each answers
+// how many there are.
+
+std::size_t MakeCells(char16_t* text, bool merge, char16_t** places, std::size_t count) {
+    char16_t** next = places;
+    char16_t* cell = text;
+    for (std::size_t i = 0; i < count; ++i) {
+        char16_t* const end = places[i];
+        if (IsPlainCell(cell, end)) {
+            *end = u'\0';
+            *next++ = cell;
+        } else if (!merge || end != cell || end == text) {
+            *next++ = MakeCell(cell, end);
         }
-        progress.Quotes = 0;
-        if (ends) {
-            progress.AtEnd = true;
-            break;
-        }
+        cell = end + 1;
     }
-    state = progress;
+    return static_cast<std::size_t>(next - places);
+}
+
+std::size_t MakeQuotedCells(char16_t* text, char16_t separator, bool merge, char16_t** places,
+                            std::size_t count) {
+    char16_t** next = places;
+    char16_t* cell = text;
+    unsigned quotes = 0;  // of the cell
+    for (std::size_t i = 0; i < count; ++i) {
+        char16_t* const end = places[i];
+        const char16_t c = *end;
+        if (c == DoubleQuote) ++quotes;
+        if (!EndsLine(c) && (c != separator || quotes % 2 != 0)) continue;
+        if (!merge || end != cell || end == text) *next++ = MakeQuotedCell(cell, end, quotes);
+        cell = end + 1;
+        quotes = 0;
+    }
+    return static_cast<std::size_t>(next - places);
 }
 
 }  // namespace
@@ -146,18 +134,19 @@ char16_t* MakeQuotedCell(char16_t* cell, char16_t* p, unsigned quotes) {
 void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {
     // A separator that ends lines separates nothing.
     if (EndsLine(separator)) return SplitLine(text, separator, merge, cells);
-    const Rules rules{text, separator, merge};
     cells.clear();
-    Progress progress{nullptr, text};
-    for (char16_t* step = text; !progress.AtEnd; step += UnitsPerStep) {
-        char16_t** const first = cells.MakeRoom(UnitsPerStep);
-        progress.Next = first;
+    bool anyQuote = false;
+    for (char16_t* step = text;; step += UnitsPerStep) {
         const Found found = Find(step, separator);
-        if (!found.AnyQuote && !progress.IsQuoted()) {
-            TakeUnquoted(progress, step, found.Separators, found.Ends, rules);
-        } else {
-            TakeQuoted(progress, step, found.Separators | found.Ends | FindQuotes(step), rules);
-        }
-        cells.SetSize(cells.size() + static_cast<std::size_t>(progress.Next - first));
+        anyQuote |= found.Quotes != 0;
+        char16_t** const places = cells.MakeRoom(UnitsPerStep + ListedAtOnce);
+        const std::uint64_t all = found.Separators | found.Quotes | found.End;
+        cells.SetSize(cells.size() + ListPlaces(step, all, places));
+        if (found.End != 0) break;
     }
+    const std::size_t count = cells.size();
+    cells.clear();
+    char16_t** const places = cells.MakeRoom(count);
+    cells.SetSize(anyQuote ? MakeQuotedCells(text, separator, merge, places, count)
+                           : MakeCells(text, merge, places, count));
 }

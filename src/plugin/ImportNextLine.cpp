@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::int32_t LinesPerProgress = 100;
 
+// Copied behind each line: cheaper than to fill so few characters.
+constexpr char16_t Padding[LinePadding] = {};
+
 bool IsBlank(const std::u16string& line) {
     return std::all_of(line.begin(), line.end(), IsWhiteSpace);
 }
@@ -25,7 +28,7 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
         if (!SourceFile.ReadString(LineText)) return false;
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         const bool blank = IsBlank(LineText);
-        LineText.append(LinePadding, u'\0');
+        LineText.append(Padding, LinePadding);
         SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
         if (blank && Cells.size() == 1) return true;
         std::int64_t time = NoTimestamp;
