@@ -17,7 +17,9 @@ CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* descript
 }
 
 // The device stays with the session: its content is what the caller wants to see.
-void HostSession::FinishDevice(CDevice*) {}
+void HostSession::FinishDevice(CDevice*) {
+    Store->Finish();
+}
 
 bool HostSession::CollectMessages(std::uint64_t line) {
     if (!ImportFilter->HasMessages()) return false;

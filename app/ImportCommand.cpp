@@ -30,7 +30,7 @@ RunOptions MakeRunOptions(const Options& options, ProgressLine& progress) {
 bool LostEveryRow(const RunResult& result, const HostSession& session) {
     const StoredDevice* const device = session.Device();
     if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
-    return device->Signals.empty() || device->Signals.front()->Count == 0;
+    return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
 }
 
 // Empty, or why the file counts as failed.

@@ -1,8 +1,8 @@
 #include "app/JsonReport.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "app/SampleValue.h"
 #include "app/SettingsJson.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -18,20 +18,26 @@ std::string FileText(const std::string& file) {
 
 // Samples are written one by one: as a tree they would take a hundred times the room.
 void WriteSamples(std::ostream& out, const StoredSignal& signal, std::size_t limit) {
+    const char* joint = "";
     out << ",\"samples\":[";
-    const std::size_t count = std::min(limit, signal.KeptCount());
-    for (std::size_t i = 0; i < count; ++i) out << (i == 0 ? "" : ",") << signal.SampleAsJson(i);
+    signal.VisitSamples(limit, [&](std::int64_t time, const void* data, std::uint32_t size) {
+        const std::uint32_t type = signal.Description().Type;
+        out << joint << "[" << time << ", " << (data == nullptr ? "null" : SampleJson(type, data, size))
+            << "]";
+        joint = ",";
+    });
     out << "]";
 }
 
 void WriteSignal(std::ostream& out, const StoredSignal& signal, std::optional<std::size_t> samples) {
-    const Json fields = {{"name", Utf16ToUtf8(signal.Name)},
-                         {"symbol", Utf16ToUtf8(signal.Symbol)},
-                         {"unit", Utf16ToUtf8(signal.Unit)},
-                         {"type", signal.Type},
-                         {"size", signal.Size},
-                         {"metadata", signal.MetaData},
-                         {"count", signal.Count}};
+    const SignalDescription& about = signal.Description();
+    const Json fields = {{"name", Utf16ToUtf8(about.Name)},
+                         {"symbol", Utf16ToUtf8(about.Symbol)},
+                         {"unit", Utf16ToUtf8(about.Unit)},
+                         {"type", about.Type},
+                         {"size", about.Size},
+                         {"metadata", about.MetaData},
+                         {"count", signal.Summary().Count}};
     std::string text = fields.dump();
     text.pop_back();
     out << text;

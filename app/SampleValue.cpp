@@ -68,19 +68,3 @@ std::string SampleJson(std::uint32_t type, const void* data, std::uint32_t size)
             return nlohmann::json(Utf16ToUtf8(LoadText(data, size))).dump();
     }
 }
-
-bool SampleNumber(std::uint32_t type, const void* data, double& number) {
-    switch (type) {
-        case KelvarinBool:
-            number = Load<std::uint8_t>(data) != 0 ? 1.0 : 0.0;
-            return true;
-        case KelvarinInt64:
-            number = static_cast<double>(Load<std::int64_t>(data));
-            return true;
-        case KelvarinDouble:
-            number = Load<double>(data);
-            return true;
-        default:
-            return false;
-    }
-}

@@ -9,6 +9,3 @@ std::string SampleText(std::uint32_t type, const void* data, std::uint32_t size)
 
 // The same as JSON.
 std::string SampleJson(std::uint32_t type, const void* data, std::uint32_t size);
-
-// The sample as a number. False for texts.
-bool SampleNumber(std::uint32_t type, const void* data, double& number);

@@ -1,54 +1,53 @@
 #include "app/Sparkline.h"
 
-#include <algorithm>
-#include <cmath>
-
-void Sparkline::Add(double value) {
-    if (!std::isfinite(value)) return;
-    if (Count == 0 || InLast == PerStretch) {
-        if (Count == Capacity) Halve();
-        Stretches[Count++] = {value, value};
-        InLast = 1;
-        return;
+std::uint64_t Sparkline::MakeRoom() {
+    if (Count != 0 && InLast < PerStretch) return PerStretch - InLast;
+    if (Count == Capacity) {
+        for (std::size_t i = 0; i < Capacity / 2; ++i) {
+            NumberRange joined = Stretches[2 * i];
+            joined.Include(Stretches[2 * i + 1]);
+            Stretches[i] = joined;
+        }
+        Count = Capacity / 2;
+        PerStretch *= 2;
     }
-    Stretch& last = Stretches[Count - 1];
-    last = {std::min(last.Lowest, value), std::max(last.Highest, value)};
-    ++InLast;
+    Stretches[Count++] = {};
+    InLast = 0;
+    return PerStretch;
 }
 
-void Sparkline::Halve() {
-    for (std::size_t i = 0; i < Count / 2; ++i) {
-        const Stretch& a = Stretches[2 * i];
-        const Stretch& b = Stretches[2 * i + 1];
-        Stretches[i] = {std::min(a.Lowest, b.Lowest), std::max(a.Highest, b.Highest)};
-    }
-    Count /= 2;
-    PerStretch *= 2;
+NumberRange Sparkline::Range() const {
+    NumberRange all = Infinite;
+    for (std::size_t i = 0; i < Count; ++i) all.Include(Stretches[i]);
+    return all;
 }
 
 std::string Sparkline::Draw(std::size_t width) const {
     constexpr const char* Blocks[] = {"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
     constexpr double LastBlock = 7.0;
-    if (Count == 0) return {};
-    double lowest = Stretches[0].Lowest;
-    double highest = Stretches[0].Highest;
-    for (std::size_t i = 1; i < Count; ++i) {
-        lowest = std::min(lowest, Stretches[i].Lowest);
-        highest = std::max(highest, Stretches[i].Highest);
+    NumberRange all;
+    double middle = 0;  // where the signal mostly is
+    for (std::size_t i = 0; i < Count; ++i) {
+        if (Stretches[i].IsEmpty()) continue;
+        all.Include(Stretches[i]);
+        middle += (Stretches[i].Lowest / 2 + Stretches[i].Highest / 2) / static_cast<double>(Count);
     }
-    const double middle = lowest / 2 + highest / 2;
-    const double span = highest - lowest;
+    if (all.IsEmpty()) return {};
+    const double span = all.Highest - all.Lowest;
     const std::size_t columns = std::min(width, Count);
     std::string line;
     for (std::size_t column = 0; column < columns; ++column) {
-        // Of each column the value that lies farther from the middle, so that a spike stays visible.
-        double shown = middle;
-        for (std::size_t i = column * Count / columns; i < (column + 1) * Count / columns; ++i) {
-            for (const double value : {Stretches[i].Lowest, Stretches[i].Highest}) {
-                if (std::abs(value - middle) > std::abs(shown - middle)) shown = value;
-            }
+        NumberRange part;
+        for (std::size_t i = column * Count / columns; i < (column + 1) * Count / columns; ++i)
+            part.Include(Stretches[i]);
+        if (part.IsEmpty()) {
+            line += " ";
+            continue;
         }
-        const double level = span > 0 && std::isfinite(span) ? (shown - lowest) / span * LastBlock : 0.0;
+        // The value that lies farther from the others, so that a spike stays visible.
+        const bool isHigh = std::abs(part.Highest - middle) > std::abs(part.Lowest - middle);
+        const double shown = isHigh ? part.Highest : part.Lowest;
+        const double level = span > 0 && std::isfinite(span) ? (shown - all.Lowest) / span * LastBlock : 0.0;
         line += Blocks[static_cast<std::size_t>(std::lround(level))];
     }
     return line;

@@ -11,16 +11,21 @@
 class StoredDevice : public CDevice, public DM::SourceProxy {
   public:
     // Its signals keep at most `keepLimit` samples each.
-    StoredDevice(std::u16string name, std::u16string description, std::size_t keepLimit);
+    StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit);
 
     DM::SourceProxy* GetDmSource() override { return this; }
     DM::EResult CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
                              std::uint32_t size) override;
 
+    // No samples come any more.
+    void Finish();
+
     const std::u16string Name;
     const std::u16string Description;
-    std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making
 
   private:
-    const std::size_t KeepLimit;
+    SharedStore Store;
+
+  public:
+    std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making
 };

@@ -72,18 +72,19 @@ std::string UnitText(const std::u16string& unit) {
     return trimmed.empty() ? std::string() : "[" + OneLine(Utf16ToUtf8(trimmed), NameWidth) + "]";
 }
 
-std::string ValueText(std::uint32_t type, const StoredSample& sample) {
-    if (!sample.HasValue) return "-";
-    const auto size = static_cast<std::uint32_t>(sample.Bytes.size());
-    return OneLine(SampleText(type, sample.Bytes.data(), size), ValueWidth);
+std::string ValueText(std::uint32_t type, const std::optional<std::string>& value) {
+    if (!value) return "-";
+    const auto size = static_cast<std::uint32_t>(value->size());
+    return OneLine(SampleText(type, value->data(), size), ValueWidth);
 }
 
 std::string RangeText(const StoredSignal& signal) {
-    const bool isNumber = signal.Type == KelvarinDouble || signal.Type == KelvarinInt64;
-    if (!isNumber || !signal.HasRange) return {};
+    const std::uint32_t type = signal.Description().Type;
+    const NumberRange range = signal.Summary().Course.Range();
+    if ((type != KelvarinDouble && type != KelvarinInt64) || range.IsEmpty()) return {};
     constexpr std::uint32_t Bytes = sizeof(double);
-    return SampleText(KelvarinDouble, &signal.Lowest, Bytes) + " .. " +
-           SampleText(KelvarinDouble, &signal.Highest, Bytes);
+    return SampleText(KelvarinDouble, &range.Lowest, Bytes) + " .. " +
+           SampleText(KelvarinDouble, &range.Highest, Bytes);
 }
 
 void WriteSignals(std::ostream& out, const StoredDevice& device) {
@@ -92,13 +93,15 @@ void WriteSignals(std::ostream& out, const StoredDevice& device) {
                      Align::Left, Align::Right, Align::Left, Align::Left});
     for (std::size_t i = 0; i < std::min(device.Signals.size(), MostColumnsShown); ++i) {
         const StoredSignal& signal = *device.Signals[i];
+        const SignalDescription& about = signal.Description();
+        const SignalSummary& summary = signal.Summary();
         const std::string gaps =
-            signal.WithoutValue == 0 ? "" : std::to_string(signal.WithoutValue) + " without value";
+            summary.WithoutValue == 0 ? "" : std::to_string(summary.WithoutValue) + " without value";
         table.AddRow(
-            {OneLine(Utf16ToUtf8(signal.Symbol), NameWidth), StoreTypeInWords(signal.Type),
-             UnitText(signal.Unit), std::to_string(signal.Count), "samples",
-             ValueText(signal.Type, signal.First), "->", ValueText(signal.Type, signal.Last),
-             signal.Course.Draw(CourseWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
+            {OneLine(Utf16ToUtf8(about.Symbol), NameWidth), StoreTypeInWords(about.Type),
+             UnitText(about.Unit), std::to_string(summary.Count), "samples",
+             ValueText(about.Type, summary.First), "->", ValueText(about.Type, summary.Last),
+             summary.Course.Draw(CourseWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
              gaps});
     }
     table.Write(out, "    ");
@@ -109,10 +112,10 @@ void WriteSignals(std::ostream& out, const StoredDevice& device) {
 
 // The time that the samples of all signals span; all signals of a run have the same rows.
 void WriteTimeSpan(std::ostream& out, const StoredDevice& device, bool isRelative) {
-    if (device.Signals.empty() || device.Signals.front()->Count == 0) return;
-    const StoredSignal& signal = *device.Signals.front();
-    const CTimeStamp from(signal.FirstTime);
-    const CTimeStamp to(signal.LastTime);
+    if (device.Signals.empty() || device.Signals.front()->Summary().Count == 0) return;
+    const SignalSummary& summary = device.Signals.front()->Summary();
+    const CTimeStamp from(summary.FirstTime);
+    const CTimeStamp to(summary.LastTime);
     out << "  time      ";
     if (isRelative) {
         out << "relative measurement time";

@@ -64,7 +64,7 @@ bool Fits(ImportFilterFactory factory, const std::u16string& path, const Proposa
     const RunResult result = session.Run([] { return std::uint64_t{0}; });
     const StoredDevice* const device = session.Device();
     if (result.Lines == 0 || device == nullptr || device->Signals.empty()) return false;
-    return device->Signals.front()->Count == result.Lines;
+    return device->Signals.front()->Summary().Count == result.Lines;
 }
 
 std::u16string JointOf(const FormatSummary& format, bool sameColumn) {

@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-#include "analysis/NumberCells.h"
-#include "analysis/SplitLine.h"
+#include "analysis/ScanCell.h"
+#include "analysis/SplitPaddedLine.h"
 #include "bench/Allocations.h"
 #include "bench/NullHost.h"
 #include "host/ImportFilter.h"
@@ -32,7 +32,7 @@ const std::u16string& BenchFile() {
     static const std::u16string path = [] {
         const std::u16string file = ProgramFolder() + u"/bench-16.csv";
         const std::string generator = PathToNative(ProgramFolder() + u"/generate-file");
-        const std::string command = "'" + generator + "' 16 > '" + PathToNative(file) + "'";
+        const std::string command = "'" + generator + "' logger 16 > '" + PathToNative(file) + "'";
         if (std::system(command.c_str()) != 0) std::abort();
         return file;
     }();
@@ -74,36 +74,40 @@ void ReadLines(benchmark::State& state) {
 }
 
 void SplitRow(benchmark::State& state) {
-    const std::u16string row = Row;
+    const std::u16string row = Row + std::u16string(LinePadding, u'\0');
     std::u16string line;
     CellList cells;
     for (auto _ : state) {
         line = row;
-        SplitLine(line.data(), u';', false, cells);
-        benchmark::DoNotOptimize(cells.data());
+        SplitPaddedLine(line.data(), u';', false, cells);
+        benchmark::DoNotOptimize(cells.begin());
     }
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * row.size()));
+    state.SetBytesProcessed(
+        static_cast<std::int64_t>(state.iterations() * std::char_traits<char16_t>::length(Row)));
 }
 
-void ParseFloatCell(benchmark::State& state) {
-    std::u16string cell;
+void ScanFloatCell(benchmark::State& state) {
+    const std::u16string cell = u"-1013,25" + std::u16string(LinePadding, u'\0');
+    const char16_t* end = nullptr;
     double value = 0;
     for (auto _ : state) {
-        cell = u"-1013,25";
-        benchmark::DoNotOptimize(ParseFloat(cell.data(), value, nullptr));
+        benchmark::DoNotOptimize(cell.data());
+        benchmark::DoNotOptimize(ScanDecimal(cell.data(), value, &end));
     }
 }
 
-void ParseTimestampCell(benchmark::State& state) {
-    const std::u16string cell = u"01.02.2024 10:00:00,125";
-    for (auto _ : state) benchmark::DoNotOptimize(ParseTimestamp(Format, cell.c_str(), true));
+void ReadTimestampCell(benchmark::State& state) {
+    const std::u16string cells[] = {u"01.02.2024 10:00:00,125", u"01.02.2024 10:00:00,126"};
+    TimestampFormat format(Format);
+    std::size_t row = 0;
+    for (auto _ : state) benchmark::DoNotOptimize(format.Read(cells[row++ % 2].c_str(), true));
 }
 
 BENCHMARK(WholeImport)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadLines)->Unit(benchmark::kMillisecond);
 BENCHMARK(SplitRow);
-BENCHMARK(ParseFloatCell);
-BENCHMARK(ParseTimestampCell);
+BENCHMARK(ScanFloatCell);
+BENCHMARK(ReadTimestampCell);
 
 // No user's profile: only the format of the generated file.
 class NoProfile : public ProfileStore {

@@ -52,7 +52,7 @@ void DropUntypedColumns(CCsvImportSettings& settings) {
 
 bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbacks* callbacks,
                                         std::u16string* timestampText) {
-    std::u16string line;
+    std::u16string line, joined;
     CellList cells;
     file.SeekToBegin(true);
     RemoveDefaultColumns();
@@ -65,7 +65,7 @@ bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbac
     for (int row = 0; row < RowsLookedAt && file.ReadString(line) && !line.empty(); ++row) {
         SplitLine(line.data(), GetSeparatorChar(), MergeSeparators != 0, cells);
         if (row == 0) columns = StartColumns(*this, cells, callbacks);
-        if (row == firstDataRow && timestampText != nullptr) GetTimestampText(cells, *timestampText);
+        if (row == firstDataRow && timestampText != nullptr) *timestampText = GetTimestampText(cells, joined);
         if (row >= firstDataRow) AnalyzeRow(*this, columns, row - firstDataRow, cells, callbacks);
     }
     DropUntypedColumns(*this);

@@ -18,22 +18,6 @@ namespace {
 constexpr char16_t DoubleQuote = u'"';
 constexpr char16_t SingleQuote = u'\'';
 
-constexpr bool IsBlank(char16_t c) {
-    return c == u' ' || c == u'\t';
-}
-
-constexpr bool EndsLine(char16_t c) {
-    return c == u'\0' || c == u'\n' || c == u'\r';
-}
-
-// The cell between `first` and `end` (not included), trimmed, terminated and unquoted.
-char16_t* MakeCell(char16_t* first, char16_t* end) {
-    while (first != end && IsBlank(*first)) ++first;
-    while (end != first && IsBlank(end[-1])) --end;
-    *end = u'\0';
-    return *first == DoubleQuote ? UnquoteCell(first, end - 1) : first;
-}
-
 }  // namespace
 
 std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIndex, bool merge) {
@@ -57,36 +41,19 @@ std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIn
 }
 
 void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {
-    std::size_t count = 0;
+    cells.clear();
     char16_t* cell = text;
     bool quoted = false;
-    bool afterBoundary = false;
     for (char16_t* p = text;; ++p) {
-        // The line's ends stand below the double quote, so most characters pass with two comparisons.
-        const char16_t* const run = p;
-        while (*p > DoubleQuote && *p != separator) ++p;
-        if (p != run) afterBoundary = false;
         const char16_t c = *p;
         if (c == DoubleQuote) quoted = !quoted;
         const bool ends = EndsLine(c);
-        if (!ends && (c != separator || quoted)) {
-            afterBoundary = false;
-            continue;
-        }
-        if (!merge || !afterBoundary) {
-            char16_t* const made = MakeCell(cell, p);
-            if (count < cells.size()) {
-                cells[count] = made;
-            } else {
-                cells.push_back(made);
-            }
-            ++count;
-        }
-        if (ends) break;
+        if (!ends && (c != separator || quoted)) continue;
+        const bool isMerged = merge && p == cell && p != text;
+        if (!isMerged) cells.push_back(MakeCell(cell, p));
+        if (ends) return;
         cell = p + 1;
-        afterBoundary = true;
     }
-    cells.resize(count);
 }
 
 char16_t* UnquoteCell(char16_t* first, char16_t* last) {

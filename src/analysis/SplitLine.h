@@ -15,6 +15,21 @@ std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIn
 // that has no more cells than one before it.
 void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells);
 
+// The characters that end a line wherever they stand.
+constexpr bool EndsLine(char16_t c) {
+    return c == u'\0' || c == u'\n' || c == u'\r';
+}
+
 // Takes the double quotes off a trimmed cell that runs from `first` to `last`, both included (`last` is
 // before `first` for an empty one), and answers where the cell's text now begins.
 char16_t* UnquoteCell(char16_t* first, char16_t* last);
+
+// Makes the characters from `first` up to `end`, not included, a cell: trims, terminates and unquotes them.
+// Answers where the cell's text begins. The character at `end` is overwritten.
+inline char16_t* MakeCell(char16_t* first, char16_t* end) {
+    constexpr auto isBlank = [](char16_t c) { return c == u' ' || c == u'\t'; };
+    while (first != end && isBlank(*first)) ++first;
+    while (end != first && isBlank(end[-1])) --end;
+    *end = u'\0';
+    return *first == u'"' ? UnquoteCell(first, end - 1) : first;
+}

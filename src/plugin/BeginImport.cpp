@@ -51,8 +51,7 @@ bool CCsvImportFilter::BeginImport() {
         }
         if (!MakeDevice() || !MakeSignals()) return false;
         CollectSampleColumns();
-        Times.LastTime = 0;
-        Times.Correction.reset();
+        Times = {};
         if (!SidecarWarning.empty()) AddMessage(false, -2, false, SidecarWarning);
         return true;
     } catch (CFileException* error) {

@@ -81,10 +81,11 @@ class CCsvImportFilter : public CImportFilter {
     std::int32_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
     std::u16string LineText;        // the line just read, which the cells point into
     CellList Cells;
-    std::u16string TimestampText;     // the row's date and time cells, kept for its storage
+    std::u16string JoinedTimeText;    // a row's date and time cells, kept for its storage
     CFileException FileError{false};  // filled by a failing Open
     CDevice* Device = nullptr;        // of the run; the host's
     RunTimes Times;
-    std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
-    std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
+    std::vector<DM::SignalProxy*> Signals;            // per column index, null without signal; the store's
+    std::vector<SampleColumn> SampleColumns;          // the columns that get samples, in order
+    std::vector<const SampleColumn*> RefusedColumns;  // of the row being imported, kept for their storage
 };

@@ -1,5 +1,7 @@
 // One line of the source file becomes one sample of each signal.
-#include "analysis/SplitLine.h"
+#include <algorithm>
+
+#include "analysis/SplitPaddedLine.h"
 #include "host/SupportFunctions.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
@@ -12,7 +14,7 @@ namespace {
 constexpr std::int32_t LinesPerProgress = 100;
 
 bool IsBlank(const std::u16string& line) {
-    return TrimWhiteSpace(line).empty();
+    return std::all_of(line.begin(), line.end(), IsWhiteSpace);
 }
 
 }  // namespace
@@ -23,7 +25,8 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
         if (!SourceFile.ReadString(LineText)) return false;
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         const bool blank = IsBlank(LineText);
-        SplitLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
+        LineText.append(LinePadding, u'\0');
+        SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
         if (blank && Cells.size() == 1) return true;
         std::int64_t time = NoTimestamp;
         if (SettleRowTime(time)) AddRowSamples(time);
@@ -42,10 +45,10 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 }
 
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
-    Settings.GetTimestampText(Cells, TimestampText);
+    const char16_t* const text = Settings.GetTimestampText(Cells, JoinedTimeText);
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
     const std::int64_t row = std::int64_t{CurrentLine} - Settings.GetFirstLine() - headerLines;
-    const RowTimestamp result = MakeRowTimestamp(Settings, row, TimestampText.c_str(), *TimeContext, Times);
+    const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
         AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
@@ -55,13 +58,12 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
-    if (SampleColumns.empty()) CollectSampleColumns();
-    for (SampleColumn& column : SampleColumns) {
-        const auto index = static_cast<std::size_t>(column.Index);
-        char16_t* const cell = index < Cells.size() ? Cells[index] : nullptr;
-        const bool accepted = WriteSample(column, cell, time);
-        if (!accepted && cell != nullptr && *cell != u'\0') ReportWrongCell(column, cell);
+    WriteSamples(SampleColumns, Cells, time, RefusedColumns);
+    for (const SampleColumn* column : RefusedColumns) {
+        const char16_t* const cell = Cells[static_cast<std::size_t>(column->Index)];
+        if (*cell != u'\0') ReportWrongCell(*column, cell);
     }
+    RefusedColumns.clear();
 }
 
 void CCsvImportFilter::CollectSampleColumns() {

@@ -1,9 +1,11 @@
-// From one cell to one sample of its column's signal.
+// From the cells of a row to samples of its columns' signals.
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "host/DataStore.h"
+#include "settings/CellList.h"
 #include "settings/CsvColumnInfo.h"
 
 // A column of a run that gets samples. Points into the settings and the store; valid during the run.
@@ -15,6 +17,8 @@ struct SampleColumn {
     bool UnitSettled = false;  // the signal has its unit, or never gets one
 };
 
-// Adds the cell (null if the row is too short) as a sample at `time`, or a sample without a value if it isn't
-// of the column's type. The parser may change the cell's text. False for a cell that was refused.
-bool WriteSample(SampleColumn& column, char16_t* cell, std::int64_t time);
+// Adds a row's cells as samples at `time`, one for each column: without a value if the row is too short, or
+// if the cell isn't of the column's type. LinePadding must follow the row's line. Cells may change; a refused
+// one is left as its parser leaves it, and its column is entered into `refused`.
+void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
+                  std::vector<const SampleColumn*>& refused);

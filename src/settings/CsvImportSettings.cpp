@@ -61,22 +61,18 @@ void CCsvImportSettings::RemoveDefaultColumns() {
     }
 }
 
-void CCsvImportSettings::GetTimestampText(const CellList& cells, std::u16string& text) const {
-    text.clear();
+const char16_t* CCsvImportSettings::GetTimestampText(const CellList& cells, std::u16string& joined) const {
     const char16_t* const time = TimeSetting == TimeFromColumn ? CellOf(cells, TimeColumn) : nullptr;
-    if (DateSetting != DateFromColumn) {
-        if (time != nullptr) text = time;
-        return;
-    }
+    static constexpr char16_t NoText[1 + JoinedPadding] = {};
+    if (DateSetting != DateFromColumn) return time != nullptr ? time : NoText;
     const char16_t* const date = CellOf(cells, DateColumn);
-    if (date == nullptr) return;
-    if (TimeSetting != TimeFromColumn || DateColumn == TimeColumn) {
-        text = date;
-        return;
-    }
-    if (time == nullptr) return;
+    if (date == nullptr) return NoText;
+    if (TimeSetting != TimeFromColumn || DateColumn == TimeColumn) return date;
+    if (time == nullptr) return NoText;
     const bool dateFirst = DateColumn < TimeColumn;
-    text = dateFirst ? date : time;
-    text += GetSeparatorChar();
-    text += dateFirst ? time : date;
+    joined = dateFirst ? date : time;
+    joined += GetSeparatorChar();
+    joined += dateFirst ? time : date;
+    joined.append(JoinedPadding, u'\0');
+    return joined.c_str();
 }

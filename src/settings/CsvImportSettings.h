@@ -108,9 +108,11 @@ class CCsvImportSettings {
     // Erases the entries that hold no choice of the user, and forgets the detected type of the others.
     void RemoveDefaultColumns();
 
-    // Joins the date and time cells of a row into `text`, whose storage is reused: rows are many. Empty if a
-    // column is missing or none is asked for.
-    void GetTimestampText(const CellList& cells, std::u16string& text) const;
+    // The text of a row's time: one of its cells, or its date and time cells joined in `joined`, whose
+    // storage is reused because rows are many. Empty if a column is missing or none is asked for. What isn't
+    // a cell has JoinedPadding zeros behind it.
+    static constexpr std::size_t JoinedPadding = 4;
+    const char16_t* GetTimestampText(const CellList& cells, std::u16string& joined) const;
 
     // --- Analysis (folder analysis) ---
 

@@ -51,6 +51,29 @@ const char16_t* ReadExponent(const char16_t* value, FieldNumber& number) {
     return value;
 }
 
+// The weights of the first digits behind a decimal mark. Each is the one before divided by ten, as the sum
+// below wants it: a nearer power of ten would round some fractions otherwise.
+constexpr std::size_t WeightCount = 20;
+constexpr std::array<double, WeightCount> Weights = [] {
+    std::array<double, WeightCount> weights{};
+    double weight = 0.1;
+    for (double& entry : weights) {
+        entry = weight;
+        weight /= 10.0;
+    }
+    return weights;
+}();
+
+// Digits up to `end`, or all that follow if it is null, as a fraction. Answers the place behind them.
+const char16_t* ReadFraction(const char16_t* value, const char16_t* end, double& fraction) {
+    std::size_t i = 0;
+    for (; IsDigit(*value) && value != end && i < WeightCount; ++value)
+        fraction += (*value - u'0') * Weights[i++];
+    double weight = Weights.back();
+    for (; IsDigit(*value) && value != end; ++value) fraction += (*value - u'0') * (weight /= 10.0);
+    return value;
+}
+
 }  // namespace
 
 FieldAlphabet::FieldAlphabet(const std::u16string& letters) : Letters(letters) {
@@ -92,17 +115,14 @@ const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field,
         number.Negative = true;
         ++value;
     }
-    std::uint64_t integer = 0;
-    double weight = 0.1;
-    int digits = 0;
-    for (; IsDigit(*value) && (isOpen || digits < field.FixedDigits); ++value, ++digits) {
-        const unsigned digit = *value - u'0';
-        integer = integer * 10 + digit;
-        if (field.Kind != FieldKind::Fraction) continue;  // a division per digit, which only it needs
-        number.Fraction += digit * weight;
-        weight /= 10.0;
+    const char16_t* const end = isOpen ? nullptr : value + field.FixedDigits;
+    if (field.Kind == FieldKind::Fraction) {
+        value = ReadFraction(value, end, number.Fraction);
+    } else {
+        std::uint64_t integer = 0;
+        for (; IsDigit(*value) && value != end; ++value) integer = integer * 10 + (*value - u'0');
+        number.Integer = static_cast<std::int64_t>(integer);
     }
-    number.Integer = static_cast<std::int64_t>(integer);
-    if (!isOpen) return digits == field.FixedDigits ? value : nullptr;
+    if (!isOpen) return value == end ? value : nullptr;
     return field.IsBracket || field.Kind == FieldKind::Fraction ? ReadExponent(value, number) : value;
 }

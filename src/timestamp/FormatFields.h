@@ -31,15 +31,14 @@ struct FormatField {
 
 // The number of a field as it stands in the value.
 struct FieldNumber {
-    std::int64_t Integer = 0;  // the digits as a whole number, wrapping
-    double Fraction = 0.0;     // the digits behind a decimal mark
+    std::int64_t Integer = 0;  // the digits as a whole number, wrapping; not of a fraction
+    double Fraction = 0.0;     // the digits of a fraction
     bool Negative = false;
     bool HasExponent = false;
     std::int32_t Exponent = 0;
 };
 
-// The characters of a format that begin a field: the six letters, "0" and "[". A table, because every
-// character of a format is looked up for every row of a file.
+// The characters of a format that begin a field: the six letters, "0" and "[".
 class FieldAlphabet {
   public:
     explicit FieldAlphabet(const std::u16string& letters);

@@ -38,16 +38,20 @@ std::int64_t RollOver(std::int64_t time, std::int64_t last) {
 std::int64_t TextTime(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
                       RunTimes& times) {
     const bool hasDate = settings.DateSetting == DateFromColumn;
-    std::int64_t time = ParseTimestamp(settings.TimestampFormat.c_str(), text, hasDate);
+    if (!times.Format) times.Format.emplace(settings.TimestampFormat.c_str());
+    std::int64_t time = times.Format->Read(text, hasDate);
     if (row == 0) times.FirstRowTime = time;
     if (time == NoTimestamp) return NoTimestamp;
     time = WrappingAdd(time, Correction(settings, times.FirstRowTime, times));
     return settings.DateSetting == DateFixed ? RollOver(time, times.LastTime) : time;
 }
 
-std::int64_t BaseTime(IRelativeTimeContext& context) {
-    const bool isFixed = context.QueryFixedBaseA() || context.QueryFixedBaseB();
-    return isFixed ? RelativeTimeEpoch : context.GetBaseTime();
+std::int64_t BaseTime(IRelativeTimeContext& context, RunTimes& times) {
+    if (!times.Base) {
+        const bool isFixed = context.QueryFixedBaseA() || context.QueryFixedBaseB();
+        times.Base = isFixed ? RelativeTimeEpoch : context.GetBaseTime();
+    }
+    return *times.Base;
 }
 
 }  // namespace
@@ -59,7 +63,7 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
                                                              : TextTime(settings, row, text, times);
     if (time == NoTimestamp) return result;
     if (settings.DateSetting == DateNone) {
-        time = WrappingAdd(time, BaseTime(context));
+        time = WrappingAdd(time, BaseTime(context, times));
     } else {
         result.Before1990 = time < AbsoluteTimeLimit;
     }

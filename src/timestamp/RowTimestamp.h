@@ -18,12 +18,14 @@ constexpr std::int64_t AbsoluteTimeLimit = 631'148'400'000'000'000;
 // The greatest timestamp that is accepted.
 constexpr std::int64_t MaxTimestamp = 0x3FFFFFFFFFFFFFFF;
 
-// The times of one run, carried from row to row.
+// The times of one run, carried from row to row. What comes from the settings or the host is the same for all
+// rows of a run and is settled at the first that needs it.
 struct RunTimes {
     std::int64_t LastTime = 0;      // of the last accepted row
     std::int64_t FirstRowTime = 0;  // of the first data row before correction; NoTimestamp if it had none
-    // GetTimeCorrection, which asks the calendar, is the same for all rows of a run.
-    std::optional<std::int64_t> Correction;
+    std::optional<TimestampFormat> Format;
+    std::optional<std::int64_t> Correction;  // GetTimeCorrection
+    std::optional<std::int64_t> Base;        // of relative measurement time
 };
 
 // What became of a row.
@@ -33,7 +35,8 @@ struct RowTimestamp {
     bool Before1990 = false;  // an absolute time below the limit, accepted or not
 };
 
-// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`. An accepted
+// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`,
+// which has ValuePadding readable units behind it. An accepted
 // row becomes times.LastTime. All arithmetic wraps at 64 bits.
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
                               IRelativeTimeContext& context, RunTimes& times);

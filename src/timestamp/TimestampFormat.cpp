@@ -9,151 +9,133 @@
 //
 // A field directly before another one takes as many digits as its run is long, any other takes all that
 // follow. White space behind a literal and at both ends is skipped. One walk over both texts, no way back.
+//
+// A run reads a value per row by one format, so the format is walked once and kept as steps.
 #include "timestamp/TimestampFormat.h"
 
-#include <cmath>
+#include <cstring>
 
-#include "host/TimeStamp.h"
-#include "platform/framework/Exceptions.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
-#include "timestamp/FormatFields.h"
 #include "timestamp/FormatLetters.h"
 
 namespace {
-
-constexpr double HourUnit = 3.6e12;  // nanoseconds
-constexpr double MinuteUnit = 6e10;
-constexpr double SecondUnit = 1e9;
-constexpr double MillisecondUnit = 1e6;
-constexpr double MicrosecondUnit = 1e3;
 
 const char16_t* SkipWhiteSpace(const char16_t* p) {
     while (IsWhiteSpace(*p)) ++p;
     return p;
 }
 
-// What the fields of one value have said so far.
-struct TimestampParts {
-    std::int32_t Year = -1, Month = -1, Day = -1;
-    std::int32_t Hours = 0, Minutes = 0, Seconds = 0;
-    std::int64_t SubSecond = 0;  // nanoseconds
-    std::int32_t Exponent = 0;   // of ten, over the whole time part
-    std::int64_t Sign = 1;
-    double Unit = SecondUnit;  // what a fraction is a fraction of
-    bool HadBracket = false;
-
-    void Store(FieldKind kind, const FieldNumber& number);
-    std::int64_t TimePart() const;
-    std::int64_t AbsoluteTime() const;
-};
-
-void TimestampParts::Store(FieldKind kind, const FieldNumber& number) {
-    const auto small = static_cast<std::int32_t>(number.Integer);
-    const auto setTime = [&](std::int32_t& field, double unit) {
-        field = small;
-        Unit = unit;
-    };
-    const auto setSubSecond = [&](double unit) {
-        Unit = unit;
-        SubSecond = DoubleToInt64(static_cast<double>(number.Integer) * unit);
-    };
-    switch (kind) {
-        case FieldKind::Year:
-            Year = small;
-            break;
-        case FieldKind::Month:
-            Month = small;
-            break;
-        case FieldKind::Day:
-            Day = small;
-            break;
-        case FieldKind::Hours:
-            setTime(Hours, HourUnit);
-            break;
-        case FieldKind::Minutes:
-            setTime(Minutes, MinuteUnit);
-            break;
-        case FieldKind::Seconds:
-            setTime(Seconds, SecondUnit);
-            break;
-        case FieldKind::Fraction:
-            SubSecond = WrappingAdd(SubSecond, DoubleToInt64(number.Fraction * Unit));
-            break;
-        case FieldKind::Milliseconds:
-            setSubSecond(MillisecondUnit);
-            break;
-        case FieldKind::Microseconds:
-            setSubSecond(MicrosecondUnit);
-            break;
-        case FieldKind::Nanoseconds:
-            setSubSecond(1.0);
-            break;
-        case FieldKind::None:
-        case FieldKind::Bracket:
-            break;
-    }
-    if (number.Negative) Sign = -1;
-    if (number.HasExponent) Exponent = number.Exponent;
+// True if a value may end where the format stands here.
+bool IsOptionalTail(const char16_t* format) {
+    if (*format == u'.' || *format == u',') ++format;
+    while (*format == u'0') ++format;
+    return *SkipWhiteSpace(format) == u'\0';
 }
 
-std::int64_t TimestampParts::TimePart() const {
-    const std::int64_t seconds = (std::int64_t{Hours} * 60 + Minutes) * 60 + Seconds;
-    const std::int64_t time =
-        WrappingMultiply(WrappingAdd(WrappingMultiply(seconds, 1'000'000'000), SubSecond), Sign);
-    if (Exponent == 0) return time;
-    return DoubleToInt64(static_cast<double>(time) * std::pow(10.0, Exponent));
-}
-
-std::int64_t TimestampParts::AbsoluteTime() const {
-    std::int32_t year = Year;
-    if (year >= 90 && year <= 99) {
-        year += 1900;
-    } else if (year >= 0 && year <= 89) {
-        year += 2000;
+// How many units at the start of `value` are those of `text`; as many units as ValuePadding are read behind
+// it.
+std::size_t CommonLength(const char16_t* value, const std::u16string& text) {
+    constexpr std::size_t Units = ValuePadding + 1;
+    std::size_t at = 0;
+    for (; at + Units <= text.size(); at += Units) {
+        std::uint64_t own = 0;
+        std::uint64_t kept = 0;
+        std::memcpy(&own, value + at, sizeof own);
+        std::memcpy(&kept, text.data() + at, sizeof kept);
+        if (own != kept) break;
     }
-    if (year < 1970 || year > 2115 || Month < 1 || Month > 12 || Day < 1 || Day > 31) return NoTimestamp;
-    try {
-        return WrappingAdd(CTimeStamp(year, Month, Day, 0, 0, 0, 0).toTIME(), TimePart());
-    } catch (COleException* error) {
-        error->Delete();
-        return NoTimestamp;
-    }
-}
-
-// Walks format and value to the end of either. False for a mismatch; both then stand anywhere.
-bool MatchItems(const char16_t*& format, const char16_t*& value, TimestampParts& parts) {
-    const FieldAlphabet& alphabet = GetFieldAlphabet();
-    while (*format != u'\0' && *value != u'\0') {
-        if (alphabet[*format] == FieldKind::None) {
-            if (*format != *value && !(IsWhiteSpace(*format) && IsWhiteSpace(*value))) return false;
-            format = SkipWhiteSpace(format + 1);
-            value = SkipWhiteSpace(value + 1);
-            continue;
-        }
-        FormatField field;
-        format = ReadFormatField(format, alphabet, field);
-        if (format == nullptr || (field.IsBracket && parts.HadBracket)) return false;
-        parts.HadBracket |= field.IsBracket;
-        FieldNumber number;
-        value = ReadFieldNumber(value, field, number);
-        if (value == nullptr) return false;
-        parts.Store(field.Kind, number);
-    }
-    return true;
+    while (at < text.size() && value[at] == text[at]) ++at;
+    return at;
 }
 
 }  // namespace
 
+TimestampFormat::TimestampFormat(const char16_t* format) {
+    const FieldAlphabet& alphabet = GetFieldAlphabet();
+    bool hadBracket = false;
+    format = SkipWhiteSpace(format);
+    while (format != nullptr && *format != u'\0') {
+        Step step;
+        step.MayEnd = IsOptionalTail(format);
+        if (alphabet[*format] == FieldKind::None) {
+            step.Literal = *format;
+            format = SkipWhiteSpace(format + 1);
+        } else {
+            format = ReadFormatField(format, alphabet, step.Field);
+            if (step.Field.IsBracket && hadBracket) format = nullptr;
+            hadBracket |= step.Field.IsBracket;
+            // The NUL of such a step is a literal that no value has.
+            if (format == nullptr) step.Field = {};
+            if (step.IsField() && !Steps.empty() && !Steps.back().IsField()) {
+                const bool isFraction = step.Field.Kind == FieldKind::Fraction;
+                (isFraction ? FractionMark : WholeMark).Step = Steps.size();
+                if (!isFraction) FractionMark.Step = 0;
+            }
+        }
+        Steps.push_back(step);
+    }
+}
+
+std::int64_t TimestampFormat::Read(const char16_t* value, bool hasDate) {
+    value = SkipWhiteSpace(value);
+    const char16_t* const text = value;
+    const std::size_t common = CommonLength(value, KeptText);
+    std::size_t firstStep = 0;
+    TimestampParts parts;
+    for (const Mark* mark : {&FractionMark, &WholeMark}) {
+        if (mark->Length == 0 || mark->Length > common) continue;
+        value = SkipWhiteSpace(value + mark->Length);
+        firstStep = mark->Step;
+        parts = mark->Parts;
+        break;
+    }
+    value = MatchSteps(firstStep, text, value, parts);
+    if (value == nullptr || *SkipWhiteSpace(value) != u'\0') return NoTimestamp;
+    if (!hasDate) return parts.TimePart();
+    const std::int64_t midnight = Midnight(parts);
+    return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, parts.TimePart());
+}
+
+const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_t* text,
+                                            const char16_t* value, TimestampParts& parts) {
+    for (std::size_t i = firstStep; i < Steps.size(); ++i) {
+        const Step& step = Steps[i];
+        if (*value == u'\0') return step.MayEnd ? value : nullptr;
+        if (!step.IsField()) {
+            if (step.Literal != *value && !(IsWhiteSpace(step.Literal) && IsWhiteSpace(*value)))
+                return nullptr;
+            value = SkipWhiteSpace(value + 1);
+            continue;
+        }
+        if (i != firstStep && i == WholeMark.Step) Keep(WholeMark, text, value, parts);
+        if (i != firstStep && i == FractionMark.Step) Keep(FractionMark, text, value, parts);
+        FieldNumber number;
+        value = ReadFieldNumber(value, step.Field, number);
+        if (value == nullptr) return nullptr;
+        parts.Store(step.Field.Kind, number);
+    }
+    return value;
+}
+
+void TimestampFormat::Keep(Mark& mark, const char16_t* text, const char16_t* value,
+                           const TimestampParts& parts) {
+    // The mark behind this one belongs to a text that is gone.
+    if (&mark == &WholeMark) FractionMark.Length = 0;
+    KeptText.assign(text, value);
+    mark.Length = KeptText.size();
+    mark.Parts = parts;
+}
+
+std::int64_t TimestampFormat::Midnight(const TimestampParts& parts) {
+    if (parts.Day != KnownDay.Day || parts.Month != KnownDay.Month || parts.Year != KnownDay.Year) {
+        KnownDay = parts;
+        KnownMidnight = parts.DatePart();
+    }
+    return KnownMidnight;
+}
+
 std::int64_t ParseTimestamp(const char16_t* format, const char16_t* value, bool hasDate) {
     if (format == nullptr || value == nullptr) return NoTimestamp;
-    format = SkipWhiteSpace(format);
-    value = SkipWhiteSpace(value);
-    TimestampParts parts;
-    if (!MatchItems(format, value, parts)) return NoTimestamp;
-
-    if (*format == u'.' || *format == u',') ++format;
-    while (*format == u'0') ++format;
-    if (*SkipWhiteSpace(format) != u'\0' || *SkipWhiteSpace(value) != u'\0') return NoTimestamp;
-    return hasDate ? parts.AbsoluteTime() : parts.TimePart();
+    return TimestampFormat(format).Read(value, hasDate);
 }

@@ -1,5 +1,8 @@
 #include "analysis/SplitLine.h"
 
+#include <random>
+
+#include "analysis/SplitPaddedLine.h"
 #include "kit/CheckRows.h"
 #include "settings/CsvImportSettings.h"
 
@@ -10,6 +13,14 @@ using Texts = std::vector<std::u16string>;
 Texts Split(std::u16string line, char16_t separator, bool merge) {
     CellList cells;
     SplitLine(line.data(), separator, merge, cells);
+    return Texts(cells.begin(), cells.end());
+}
+
+// The same in steps of many characters.
+Texts SplitPadded(std::u16string line, char16_t separator, bool merge) {
+    CellList cells{nullptr, nullptr};  // as left by another line
+    line.append(LinePadding, u'\0');
+    SplitPaddedLine(line.data(), separator, merge, cells);
     return Texts(cells.begin(), cells.end());
 }
 
@@ -70,7 +81,9 @@ Texts ReferenceSplit(const std::u16string& line, char16_t separator, bool merge)
 void CompareFrom(const std::u16string& line) {
     for (const bool merge : {false, true}) {
         for (const char16_t separator : {u';', u' '}) {
-            if (Split(line, separator, merge) == ReferenceSplit(line, separator, merge)) continue;
+            const Texts expected = ReferenceSplit(line, separator, merge);
+            if (Split(line, separator, merge) == expected && SplitPadded(line, separator, merge) == expected)
+                continue;
             ADD_FAILURE() << '[' << Utf16ToUtf8(line) << "] at " << int{separator} << ", merge " << merge;
         }
     }
@@ -79,6 +92,24 @@ void CompareFrom(const std::u16string& line) {
 
 TEST(SplitLine, AgreesWithASplitterThatCopies) {
     CompareFrom(u"");
+}
+
+// Lines longer than a step, whose cells, quotes and ends fall on every place of one.
+TEST(SplitLine, GivesTheSameInSteps) {
+    std::minstd_rand random(5);
+    constexpr std::u16string_view Alphabets[] = {u"ab1;",     u"ab1,.; ",           u"a;\"",
+                                                 u"a\t;\" x", u"\x3B00\x22;a\x100", u"a;;  "};
+    for (int i = 0; i < 20'000; ++i) {
+        const std::u16string_view alphabet = Alphabets[random() % std::size(Alphabets)];
+        std::u16string line(random() % 300, u'a');
+        for (char16_t& c : line) c = random() % 3 == 0 ? alphabet[random() % alphabet.size()] : u'x';
+        if (random() % 8 == 0) line.insert(random() % (line.size() + 1), 1, u"\n\r\0"[random() % 3]);
+        for (const char16_t separator : {u';', u'\t', u'"', u'\r', u'\0'}) {
+            const bool merge = i % 2 != 0;
+            ASSERT_EQ(SplitPadded(line, separator, merge), Split(line, separator, merge))
+                << Utf16ToUtf8(line);
+        }
+    }
 }
 
 TEST(SplitLine, CountsSeparatorsOutsideBothKindsOfQuotes) {

@@ -40,19 +40,18 @@ TEST(Settings, TimestampCells) {
                  {DateNone, 1, TimeFromColumn, 3, u"2", u"three"},
                  {DateFixed, 1, TimeFromColumn, INT32_MIN, u"", u""},
                  {DateFixed, 1, TimeInterval, 1, u"", u""}};
-    std::u16string one = u"one", two = u"two", three = u"three", text = u"of the row before";
+    std::u16string one = u"one", two = u"two", three = u"three", joined = u"of the row before";
     CCsvImportSettings settings = MakeSettings({"Separator=0"});
     for (const auto& c : cases) {
         settings.DateSetting = c.Date, settings.DateColumn = c.DateColumn;
         settings.TimeSetting = c.Time, settings.TimeColumn = c.TimeColumn;
-        settings.GetTimestampText({one.data(), two.data(), three.data()}, text);
+        const std::u16string text = settings.GetTimestampText({one.data(), two.data(), three.data()}, joined);
         std::u16string columns;
         for (int i = 0; i < 3; ++i) columns += settings.IsTimestampColumn(i) ? &u"0\0001\0002"[2 * i] : u"";
         EXPECT_TRUE(text == c.Text && columns == c.Columns) << "case " << &c - cases;
     }
     settings = MakeSettings({"DateColumn=1", "TimeColumn=2", "Separator=4", "OtherSeparator=||"});
-    settings.GetTimestampText({one.data(), two.data()}, text);
-    EXPECT_EQ(text, u"one|two");
+    EXPECT_EQ(std::u16string(u"one|two"), settings.GetTimestampText({one.data(), two.data()}, joined));
 }
 
 TEST(Settings, RemoveDefaultColumnsKeepsChoices) {

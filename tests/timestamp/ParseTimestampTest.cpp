@@ -1,3 +1,5 @@
+#include <random>
+
 #include "kit/CheckRows.h"
 #include "kit/LocalMoment.h"
 #include "timestamp/TimestampFormat.h"
@@ -91,6 +93,31 @@ TEST(ParseTimestamp, NeedsTheWholeValueInAllBitsOfACharacter) {
             std::u16string shifted = row;
             shifted[i] = static_cast<char16_t>(shifted[i] + 256);
             EXPECT_EQ(Parse(shifted, false), NoTimestamp) << Utf16ToUtf8(shifted);
+        }
+    }
+}
+
+// A run reads row after row by one format; what it remembers of a row must not change the next one.
+TEST(ParseTimestamp, ReadsARowAsIfItWereTheFirst) {
+    constexpr const char16_t* Formats[] = {
+        u"TT.MM.JJJJ hh:mm:ss,000",  u"[h]:mm:ss,000", u"hh:mm:ss TT.MM.JJ",
+        u"JJJJ-MM-TT, hh:mm:ss.000", u" [s],000",      u"hh mm ss"};
+    std::minstd_rand random(11);
+    for (const char16_t* const text : Formats) {
+        TimestampFormat format(text);
+        std::u16string value = u"01.02.2024 10:00:00,125";
+        for (int i = 0; i < 20'000; ++i) {
+            // Now and then something else, most often another digit or a cut.
+            if (i % 50 == 0) value = i % 100 == 0 ? u"2024-02-01,10:00:00.125" : u"10:00:00 01.02.24";
+            if (i % 70 == 0) value = text;
+            const std::size_t place = random() % (value.size() + 1);
+            if (place == value.size() || random() % 40 == 0) value.resize(place);
+            value += random() % 8 == 0 ? u" 7" : u"";
+            if (place < value.size()) value[place] = u"0123456789 .,:-eT;"[random() % 18];
+            for (const bool hasDate : {false, true})
+                ASSERT_EQ(format.Read((value + std::u16string(ValuePadding, u'\0')).c_str(), hasDate),
+                          ParseTimestamp(text, value.c_str(), hasDate))
+                    << Utf16ToUtf8(text) << " on " << Utf16ToUtf8(value);
         }
     }
 }

@@ -18,7 +18,8 @@ void Check(const SettingList& settings, std::string_view rows, std::int64_t orig
         RunTimes times;
         std::int64_t i = 0, last = 0;
         for (texts += u';'; !texts.empty(); texts.erase(0, texts.find(u';') + 1)) {
-            const std::u16string text = texts.substr(0, texts.find(u';'));
+            const std::u16string text =
+                texts.substr(0, texts.find(u';')) + std::u16string(ValuePadding, u'\0');
             const auto row = MakeRowTimestamp(MakeSettings(settings), i++, text.c_str(), host, times);
             outcome += std::string(i > 1 ? " " : "") + (row.Accepted ? "" : "x");
             if (row.Time != NoTimestamp) outcome += std::to_string(row.Time - origin);

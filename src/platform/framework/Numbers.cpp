@@ -221,9 +221,3 @@ std::int64_t ParseInt64(const char16_t* text, const char16_t** end, int radix) {
     if (saturated) value = limit;
     return static_cast<std::int64_t>(negative ? 0 - value : value);
 }
-
-std::int64_t DoubleToInt64(double value) {
-    constexpr double Bound = 9223372036854775808.0;  // 2 to the 63
-    if (!(value >= -Bound && value < Bound)) return std::numeric_limits<std::int64_t>::min();
-    return static_cast<std::int64_t>(value);
-}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 // Converts the number at the start of `text`: leading white space, a sign, then decimal digits with
 // `decimalPoint` and an exponent, or a hexadecimal number behind 0x, or inf, infinity, nan, nan(...) in any
@@ -21,7 +22,11 @@ std::int64_t ParseInt64(const char16_t* text, const char16_t** end, int radix);
 
 // The double truncated toward zero. Not a number, and everything outside 64 bits, give the least 64-bit
 // number, which is what the processor's own conversion answers.
-std::int64_t DoubleToInt64(double value);
+inline std::int64_t DoubleToInt64(double value) {
+    constexpr double Bound = 9223372036854775808.0;  // 2 to the 63
+    if (!(value >= -Bound && value < Bound)) return std::numeric_limits<std::int64_t>::min();
+    return static_cast<std::int64_t>(value);
+}
 
 // Two's complement arithmetic that wraps: time stamps come from files, and no file may cause undefined
 // behaviour.

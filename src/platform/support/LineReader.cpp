@@ -11,6 +11,10 @@ namespace {
 constexpr std::size_t BlockSize = 256 * 1024;
 constexpr std::size_t LineEndWindow = 64 * 1024;  // where the kind of line ends is settled
 
+void DecodeBytes(std::string_view bytes, std::u16string& line) {
+    if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
+}
+
 }  // namespace
 
 LineReader::LineReader(CFile& file) : File(file), Buffer(BlockSize) {
@@ -103,7 +107,21 @@ bool LineReader::FindLineEnd(std::size_t from, LineEnd& end) const {
     return ReturnEndsLine ? FindLoneReturn(from, end) : FindLineFeed(from, end);
 }
 
+// The case of nearly all lines, without the questions that the others need.
+bool LineReader::NextInBuffer(std::u16string& line) {
+    if (Encoding != Form::Bytes || ReturnEndsLine || LineStart == Filled) return false;
+    const char* const begin = Buffer.data() + LineStart;
+    const void* const found = std::memchr(begin, '\n', Filled - LineStart);
+    if (found == nullptr) return false;
+    const char* const feed = static_cast<const char*>(found);
+    const auto length = static_cast<std::size_t>(feed - begin);
+    DecodeBytes({begin, length != 0 && feed[-1] == '\r' ? length - 1 : length}, line);
+    LineStart += length + 1;
+    return true;
+}
+
 bool LineReader::Next(std::u16string& line) {
+    if (NextInBuffer(line)) return true;
     std::size_t searched = 0;  // bytes behind LineStart that hold no line end
     LineEnd end{};
     while (!FindLineEnd(LineStart + searched, end)) {
@@ -126,8 +144,7 @@ bool LineReader::Next(std::u16string& line) {
 
 void LineReader::Decode(std::size_t begin, std::size_t end, std::u16string& line) const {
     if (Encoding == Form::Bytes) {
-        const std::string_view bytes(Buffer.data() + begin, end - begin);
-        if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
+        DecodeBytes({Buffer.data() + begin, end - begin}, line);
         return;
     }
     line.resize((end - begin) / 2);

@@ -34,6 +34,9 @@ class LineReader {
     std::size_t UnitSize() const { return Encoding == Form::Bytes ? 1 : 2; }
     char16_t UnitAt(std::size_t at) const;
 
+    // The next line if it ends in the buffer and is made of bytes and a line feed. False says nothing.
+    bool NextInBuffer(std::u16string& line);
+
     // Reads another block behind the bytes held; false at the end of the file.
     bool Fill();
     void SkipMark();

@@ -51,20 +51,6 @@ int* FieldOf(char16_t letter, LocalTime& local) {
     }
 }
 
-// Local midnight of a date in seconds since 1970. A file's rows lie on few days, and the runtime's conversion
-// costs more than all else in a row, so the last answer is kept. The zone doesn't change in a process.
-std::int64_t Midnight(int year, int month, int day) {
-    struct Answer {
-        int Year, Month, Day;
-        std::int64_t Seconds;
-    };
-    thread_local Answer last{0, 0, 0, 0};
-    if (last.Day != day || last.Month != month || last.Year != year) {
-        last = {year, month, day, FromLocalTime({year, month, day, 0, 0, 0})};
-    }
-    return last.Seconds;
-}
-
 // One placeholder of a format and what stands for it.
 struct Placeholder {
     std::u16string_view Name;
@@ -107,9 +93,7 @@ CTimeStamp::CTimeStamp(int year, int month, int day, int hour, int minute, int s
     : Nanoseconds(nanosecond) {
     const LocalTime local{year, month, day, hour, minute, second};
     if (!Exists(local)) throw new COleException;
-    const bool isMidnight = hour == 0 && minute == 0 && second == 0;
-    const std::int64_t seconds = isMidnight ? Midnight(year, month, day) : FromLocalTime(local);
-    Nanoseconds = WrappingAdd(WrappingMultiply(seconds, NanosecondsPerSecond), nanosecond);
+    Nanoseconds = WrappingAdd(WrappingMultiply(FromLocalTime(local), NanosecondsPerSecond), nanosecond);
 }
 
 bool CTimeStamp::fromString(const std::u16string& text, const std::u16string& format, int) {
@@ -147,7 +131,8 @@ std::int64_t CTimeStamp::DaytimeToTIME(bool) const {
 std::int64_t CTimeStamp::DateToTIME() const {
     LocalTime local{};
     ToLocalTime(FloorSeconds(Nanoseconds), local);
-    return WrappingMultiply(Midnight(local.Year, local.Month, local.Day), NanosecondsPerSecond);
+    return WrappingMultiply(FromLocalTime({local.Year, local.Month, local.Day, 0, 0, 0}),
+                            NanosecondsPerSecond);
 }
 
 std::u16string CTimeStamp::ToText() const {

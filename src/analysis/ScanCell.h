@@ -1,0 +1,174 @@
+// The plain numbers that almost all cells of a run are, read eight characters at a time. What isn't plain is
+// left to ParseFloat and ParseInteger, which these answer for. Nothing here changes a cell; all of it reads
+// up to LinePadding units behind its terminating zero.
+//
+// What counts is few steps. Eight characters are compared, weighted and summed at once, whole part and
+// decimals together. Digits stay at the left of their eight places, zeros behind them: with the whole part
+// times 10 to the 8th a number's numerator has always eight decimals.
+#pragma once
+
+#include <emmintrin.h>
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+// The units before the cell's terminating zero.
+std::size_t ScanLength(const char16_t* cell);
+
+// "true" or "false" in any case, "1" or "0". False says nothing about the cell.
+bool ScanBool(const char16_t* cell, bool& value);
+
+// A hexadecimal number of up to 8 digits with "0x" in front or nothing, which is the whole cell. False says
+// nothing about the cell.
+bool ScanHex(const char16_t* cell, std::int64_t& value);
+
+// What stands behind the digits of a decimal number: nothing, an exponent, which is added to `power`, a unit.
+// Null if the number isn't plain.
+const char16_t* ScanExponent(const char16_t* text, int& power);
+
+// Appends the up to eight digits at `text` to a number. The place behind them; null if more follow.
+const char16_t* ScanMoreDigits(const char16_t* text, std::uint64_t& number);
+
+// Steps of the scans.
+namespace scan {
+
+constexpr unsigned UnitsPerLoad = 8;
+constexpr unsigned MostDigits = 8;  // of a run
+constexpr int Decimals = 8;         // of a numerator
+constexpr std::uint64_t LargestExactInteger = std::uint64_t{1} << 53;
+
+// All of them are exact as doubles.
+inline constexpr double ExactPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                         1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int LargestExactPower = 22;
+inline constexpr std::uint32_t WholePowers[MostDigits + 1] = {
+    1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+
+// The inverses of the powers of five, modulo 2 to the 32nd.
+inline constexpr std::array<std::uint32_t, MostDigits + 1> InversesOfFives = [] {
+    std::array<std::uint32_t, MostDigits + 1> inverses{1};
+    constexpr std::uint32_t InverseOfFive = 0xCCCCCCCD;
+    for (std::size_t i = 1; i < inverses.size(); ++i) inverses[i] = inverses[i - 1] * InverseOfFive;
+    return inverses;
+}();
+
+// Behind the sign, if there is one. Without a branch: signs change from cell to cell.
+inline const char16_t* SkipSign(const char16_t* text) {
+    return text + static_cast<int>(*text == u'-' || *text == u'+');
+}
+
+inline double WithSign(double magnitude, bool isNegative) {
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{isNegative} << 63);
+}
+
+// The digits at one place of a text, in the first lanes; zeros in the others.
+struct DigitRun {
+    __m128i Digits;
+    unsigned Count;
+};
+
+inline __m128i LoadUnits(const char16_t* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+}
+
+// All ones in as many lanes from the left as the row says.
+alignas(16) inline constexpr std::int16_t FirstLanes[MostDigits + 1][UnitsPerLoad] = {
+    {},
+    {-1},
+    {-1, -1},
+    {-1, -1, -1},
+    {-1, -1, -1, -1},
+    {-1, -1, -1, -1, -1},
+    {-1, -1, -1, -1, -1, -1},
+    {-1, -1, -1, -1, -1, -1, -1},
+    {-1, -1, -1, -1, -1, -1, -1, -1}};
+
+inline DigitRun ReadDigits(const char16_t* text) {
+    const __m128i digits = _mm_sub_epi16(LoadUnits(text), _mm_set1_epi16(u'0'));
+    // Comparisons are signed: seen from the lowest number, digits are the ten least.
+    constexpr std::int16_t Lowest = -0x8000;
+    const __m128i others =
+        _mm_cmpgt_epi16(_mm_add_epi16(digits, _mm_set1_epi16(Lowest)), _mm_set1_epi16(Lowest + 9));
+    const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(others)) | 0x10000;
+    const auto count = static_cast<unsigned>(std::countr_zero(bytes)) / 2;
+    return {_mm_and_si128(digits, *reinterpret_cast<const __m128i*>(FirstLanes[count])), count};
+}
+
+// Factors that join neighbours: 1 to 2 digits, 2 to 4, 4 to 8.
+inline __m128i Join(__m128i numbers, int factor) {
+    return _mm_madd_epi16(numbers, _mm_set1_epi32(1 << 16 | factor));
+}
+
+// A run as a number of eight digits.
+inline std::uint32_t JoinDigits(__m128i digits) {
+    const __m128i twos = Join(digits, 10);
+    const __m128i fours = Join(_mm_packs_epi32(twos, twos), 100);
+    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(Join(_mm_packs_epi32(fours, fours), 10'000)));
+}
+
+// Two runs at once: the first in the lower half, the second in the upper.
+inline std::uint64_t JoinDigits(__m128i first, __m128i second) {
+    const __m128i fours = Join(_mm_packs_epi32(Join(first, 10), Join(second, 10)), 100);
+    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(Join(_mm_packs_epi32(fours, fours), 10'000)));
+}
+
+// A run of so many digits as a number, from one of eight that has zeros behind them. A division without rest
+// is one multiplication by the inverse, but for the twos in it; the processor's own takes ten times as long.
+inline std::uint32_t WithoutZeros(std::uint32_t number, unsigned count) {
+    const unsigned zeros = MostDigits - count;
+    return (number >> zeros) * InversesOfFives[zeros];
+}
+
+}  // namespace scan
+
+// A decimal number at the start of `cell`: a sign or none, up to eight digits, then possibly one mark, comma
+// or point, with one to eight digits, then possibly an exponent. `*end` is set behind it and is not a mark or
+// a digit. False says nothing about the cell.
+inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** end) {
+    const char16_t* p = scan::SkipSign(cell);
+    const scan::DigitRun whole = scan::ReadDigits(p);
+    if (whole.Count == 0) return false;
+    p += whole.Count;
+    scan::DigitRun decimals{_mm_setzero_si128(), 0};
+    if (*p == u',' || *p == u'.') {
+        decimals = scan::ReadDigits(++p);
+        if (decimals.Count == 0) return false;
+        p += decimals.Count;
+    }
+    int power = -scan::Decimals;
+    if (*p != u'\0') {
+        p = ScanExponent(p, power);
+        if (p == nullptr || power < -scan::LargestExactPower || power > scan::LargestExactPower) return false;
+    }
+    const std::uint64_t joined = scan::JoinDigits(whole.Digits, decimals.Digits);
+    const std::uint64_t numerator = (joined & 0xFFFFFFFF) * scan::WholePowers[whole.Count] + (joined >> 32);
+    // With both factors exact, one product or quotient is rounded correctly.
+    if (numerator > scan::LargestExactInteger) return false;
+    const auto exact = static_cast<double>(static_cast<std::int64_t>(numerator));
+    const double magnitude = power < 0 ? exact / scan::ExactPowers[-power] : exact * scan::ExactPowers[power];
+    value = scan::WithSign(magnitude, *cell == u'-');
+    *end = p;
+    return true;
+}
+
+// A whole number at the start of `cell`: a sign or none and up to 16 digits. `*end` is set behind it and is
+// not a digit; a mark there means that the number isn't plain. False says nothing about the cell.
+inline bool ScanInteger(const char16_t* cell, std::int64_t& value, const char16_t** end) {
+    const char16_t* p = scan::SkipSign(cell);
+    const scan::DigitRun run = scan::ReadDigits(p);
+    p += run.Count;
+    std::uint64_t magnitude = scan::WithoutZeros(scan::JoinDigits(run.Digits), run.Count);
+    // Only a full run can have a digit behind it. Its count is hard to predict, but not this.
+    if (*p >= u'0' && *p <= u'9') {
+        p = ScanMoreDigits(p, magnitude);
+    } else if (run.Count == 0) {
+        p = nullptr;
+    }
+    const std::uint64_t sign = std::uint64_t{0} - std::uint64_t{*cell == u'-'};  // all ones or zeros
+    value = static_cast<std::int64_t>((magnitude ^ sign) - sign);
+    *end = p;
+    return p != nullptr;
+}

@@ -1,0 +1,119 @@
+// The fast readers of plain cells against the parsers they answer for.
+#include "analysis/ScanCell.h"
+
+#include <limits>
+#include <optional>
+#include <random>
+
+#include "analysis/NumberCells.h"
+#include "analysis/SplitPaddedLine.h"
+#include "analysis/TextCells.h"
+#include "kit/CheckRows.h"
+
+namespace {
+
+// A cell as it stands in a run: other text behind it, which must not count.
+class Cell {
+  public:
+    explicit Cell(const std::u16string& text) : Line(text + u'\0' + u"7,5e1") {
+        Line.append(LinePadding, u'9');
+    }
+    operator const char16_t*() const { return Line.c_str(); }
+
+  private:
+    std::u16string Line;
+};
+
+std::optional<std::uint64_t> ScannedFloat(const std::u16string& text) {
+    const Cell cell(text);
+    double value = 0;
+    const char16_t* end = nullptr;
+    if (!ScanDecimal(cell, value, &end) || *end != u'\0') return std::nullopt;
+    return std::bit_cast<std::uint64_t>(value);
+}
+
+std::optional<std::int64_t> ScannedInteger(const std::u16string& text) {
+    const Cell cell(text);
+    std::int64_t value = 0;
+    const char16_t* end = nullptr;
+    if (!ScanInteger(cell, value, &end) || *end != u'\0') return std::nullopt;
+    return value;
+}
+
+// What a scan accepts its parser must accept with the same value.
+void Compare(const std::u16string& text) {
+    std::u16string copy = text;
+    double number = 0;
+    if (const auto scanned = ScannedFloat(text)) {
+        ASSERT_TRUE(ParseFloat(copy.data(), number, nullptr)) << Utf16ToUtf8(text);
+        ASSERT_EQ(*scanned, std::bit_cast<std::uint64_t>(number)) << Utf16ToUtf8(text);
+    }
+    copy = text;
+    std::int64_t integer = 0;
+    if (const auto scanned = ScannedInteger(text)) {
+        ASSERT_TRUE(ParseInteger(copy.data(), integer, true, 10, nullptr)) << Utf16ToUtf8(text);
+        ASSERT_EQ(*scanned, integer) << Utf16ToUtf8(text);
+    }
+    std::int64_t hex = 0;
+    if (ScanHex(Cell(text), hex)) {
+        ASSERT_TRUE(ParseHex(text.c_str(), integer)) << Utf16ToUtf8(text);
+        ASSERT_EQ(hex, integer) << Utf16ToUtf8(text);
+    }
+    bool scannedTruth = false, truth = false;
+    if (ScanBool(Cell(text), scannedTruth)) {
+        copy = text;
+        ASSERT_TRUE(ParseBool(copy.data(), truth)) << Utf16ToUtf8(text);
+        ASSERT_EQ(scannedTruth, truth) << Utf16ToUtf8(text);
+    }
+    ASSERT_EQ(ScanLength(Cell(text)), text.size());
+}
+
+// f, i, h, b: what is read without its parser, so that the fast ways can't fall asleep unseen.
+TEST(ScanCell, ReadsPlainCells) {
+    CheckRows(
+        "0->fihb|1->fihb|-0->fi|+12->fi|12345678->fih|-1234567812345678->i|99999999,99999999->|12345678,"
+        "12345678->f|1234567,12345678->f|"
+        "12.5->f|12,5->f|-0,004->f|1e5->fh|1.5E-3->f|1,5e+22->f|2e30->fh|2e31->h|00000001->fih|1,2e-15->|"
+        "fF->h|0x1F3A->h|0x1234abCD->h|123456789abcdef->|true->b|FALSE->b|"
+        // Left to the parsers.
+        "->|-->|.5->|5.->|1.2.3->|1,234.5->|0x->|-0x5->|$ff->|1e->h|1e+->|1e5.->|nan->|tru->|truee->|fals->|"
+        "10->fih|"
+        "12 kg->| 5->|5 ->|\uFF15->|\u0135->|5\u0130->|\u8031->|t\u0172ue->",
+        [](const std::u16string& text) {
+            bool truth = false;
+            std::int64_t hex = 0;
+            return std::string(ScannedFloat(text) ? "f" : "") + (ScannedInteger(text) ? "i" : "") +
+                   (ScanHex(Cell(text), hex) ? "h" : "") + (ScanBool(Cell(text), truth) ? "b" : "");
+        });
+}
+
+TEST(ScanCell, AgreesWithTheParsers) {
+    std::minstd_rand random(7);
+    // Digits by the run at every place of a cell, and one strange character among them.
+    constexpr std::u16string_view Strange = u"+-,.eExX abfT$\x2F\x3A\x130\x8030\xFF30";
+    for (int i = 0; i < 400'000; ++i) {
+        std::u16string text(1 + random() % 40, u'0');
+        if (random() % 3 != 0) text.resize(1 + text.size() % 18);
+        for (char16_t& c : text) c = static_cast<char16_t>(u'0' + random() % (i % 5 == 0 ? 1 : 10));
+        for (unsigned strange = random() % 4; strange-- > 0;)
+            text[random() % text.size()] = Strange[random() % (i % 2 == 0 ? 6 : Strange.size())];
+        Compare(text);
+    }
+    for (const char* text :
+         {"9007199254740992", "9007199254740993", "90071992,54740993", "90071992.54740992",
+          "99999999,99999999", "99999999", "9999999999999999", "-9223372036854775808", "0,00000001"})
+        Compare(Utf8ToUtf16(text));
+}
+
+// Behind the number stands the unit, which the writer compares.
+TEST(ScanCell, StopsBehindTheNumber) {
+    CheckRows("12 kg->2|12,5kg->4|12e->|12e3 m->4|-7%->2|12x->|0 x->1|5,->|12,,->",
+              [](const std::u16string& text) {
+                  const Cell cell(text);
+                  double value = 0;
+                  const char16_t* end = nullptr;
+                  return ScanDecimal(cell, value, &end) ? std::to_string(end - cell) : "";
+              });
+}
+
+}  // namespace
