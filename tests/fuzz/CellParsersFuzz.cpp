@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "analysis/SplitPaddedLine.h"
 #include "analysis/TextCells.h"
 #include "analysis/TypeCandidates.h"
 #include "fuzz/kit/Check.h"
@@ -54,10 +55,11 @@ void CheckTypes(const std::u16string& text) {
     FakeSignal signal(u"", KelvarinString, 0, 0);
     for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
         CCsvColumnInfo fresh = once;
-        SampleColumn target{0, static_cast<ECsvDataType>(type), &fresh, &signal};
-        std::u16string cell = text;
-        const bool accepted = WriteSample(target, cell.data(), type);
-        Check(accepted || type != once.DetectedType, "a run accepts what the analysis saw");
+        std::vector<SampleColumn> targets = {{0, static_cast<ECsvDataType>(type), &fresh, &signal}};
+        std::u16string cell = text + std::u16string(LinePadding, u'\0');
+        std::vector<const SampleColumn*> refused;
+        WriteSamples(targets, {cell.data()}, type, refused);
+        Check(refused.empty() || type != once.DetectedType, "a run accepts what the analysis saw");
     }
     Check(signal.Count == CsvTypeString, "each cell is a sample");
 }

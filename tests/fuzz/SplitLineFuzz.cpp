@@ -2,6 +2,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "analysis/SplitLine.h"
+#include "analysis/SplitPaddedLine.h"
 #include "fuzz/kit/Check.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
@@ -43,17 +44,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool merge = input.ConsumeBool(), oddSeparator = input.ConsumeBool();
     const char16_t separator = oddSeparator ? u'µ' : SeparatorCharOf(index);
     static CellList kept;  // as a run keeps it from line to line
-    std::u16string line = Utf8ToUtf16(input.ConsumeRemainingBytesAsString());
+    const std::u16string line = Utf8ToUtf16(input.ConsumeRemainingBytesAsString());
     const std::vector<std::u16string> expected = WalkCells(line, separator, merge);
     const std::int32_t count = CountSeparators(line, index, merge);
     const bool isPlain = line.find_first_of(std::u16string_view(u"\0\n\r'", 4)) == line.npos;
 
-    SplitLine(line.data(), separator, merge, kept);
-    Check(kept.size() == expected.size(), "as many cells as the grammar gives");
-    for (std::size_t i = 0; i < kept.size(); ++i) {
-        const bool inside = kept[i] >= line.data() && kept[i] <= line.data() + line.size();
-        Check(inside && (i == 0 || kept[i] > kept[i - 1]), "cells lie in the line, in order");
-        Check(kept[i] == expected[i], "the cells are those of the grammar");
+    const std::size_t length = line.size();
+    for (const bool padded : {false, true}) {
+        std::u16string text = line;
+        if (padded) text.append(LinePadding, u'\0');
+        text.shrink_to_fit();  // so that AddressSanitizer sees what is read behind it
+        (padded ? SplitPaddedLine : SplitLine)(text.data(), separator, merge, kept);
+        Check(kept.size() == expected.size(), "as many cells as the grammar gives");
+        for (std::size_t i = 0; i < kept.size(); ++i) {
+            const bool inside = kept[i] >= text.data() && kept[i] <= text.data() + length;
+            Check(inside && (i == 0 || kept[i] > kept[i - 1]), "cells lie in the line, in order");
+            Check(kept[i] == expected[i], "the cells are those of the grammar");
+        }
     }
     if (isPlain && !merge && !oddSeparator && index < FixedSeparatorCount) {
         Check(static_cast<std::size_t>(count) + 1 == kept.size(), "a cell more than separators");
