@@ -5,7 +5,6 @@
 
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/Locale.h"
-#include "platform/framework/Module.h"
 #include "platform/framework/portable/NativeWindow.h"
 
 namespace {
@@ -89,36 +88,13 @@ bool CDialog::IsEnded() const {
 
 void CDialog::CreateControls() {
     Native = std::make_unique<NativeDialog>();
-    const DialogTemplate* const dialog = GetCurrentModule()->Dialogs.Find(TemplateId);
-    for (std::size_t i = 0; i < dialog->Count; ++i) {
-        Native->Controls.push_back(MakeControl(*this, dialog->Controls[i]));
-        if ((dialog->Controls[i].Style & ControlBuddy) != 0) {
+    const DialogTemplate& dialog = GetTemplate();
+    for (std::size_t i = 0; i < dialog.Count; ++i) {
+        Native->Controls.push_back(MakeControl(*this, dialog.Controls[i]));
+        if ((dialog.Controls[i].Style & ControlBuddy) != 0) {
             Native->Controls.back()->Buddy = Native->Controls[Native->Controls.size() - 2].get();
         }
     }
-}
-
-bool CDialog::OnInitDialog() {
-    UpdateData(false);
-    return true;
-}
-
-bool CDialog::UpdateData(bool saveAndValidate) {
-    if (!IsCreated()) return false;
-    const bool before = Updating;
-    Updating = true;
-    CDataExchange exchange(*this, saveAndValidate);
-    DoDataExchange(exchange);
-    Updating = before;
-    return !exchange.Failed;
-}
-
-void CDataExchange::Fail(int controlId, const std::u16string& message) {
-    if (Failed) return;
-    Failed = true;
-    AfxMessageBox(message, MessageExclamation);
-    CWnd control = Dialog.GetDlgItem(controlId);
-    if (control.Exists()) control.SetFocus();
 }
 
 CWnd CDialog::GetDlgItem(int id) const {
@@ -144,11 +120,4 @@ int CDialog::GetCheckedRadio(int firstId) const {
 void CDialog::CheckRadio(int firstId, int index) {
     const std::vector<NativeWindow*> group = Native->Group(firstId);
     for (std::size_t i = 0; i < group.size(); ++i) group[i]->Checked = static_cast<int>(i) == index;
-}
-
-std::intptr_t CDialog::Notify(int id, int code, void* data) {
-    if (Updating) return 0;
-    std::intptr_t result = 0;
-    OnNotification({id, code, data, &result});
-    return result;
 }

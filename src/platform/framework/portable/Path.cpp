@@ -53,6 +53,10 @@ std::string PathToNative(std::u16string_view path) {
     return bytes + Utf16ToUtf8(path.substr(begin));
 }
 
+std::filesystem::path PathForStream(const std::u16string& path) {
+    return PathToNative(path);
+}
+
 std::u16string PathStripPath(const std::u16string& path) {
     const std::size_t at = path.rfind(Separator);
     return at == std::u16string::npos || at + 1 == path.size() ? path : path.substr(at + 1);

@@ -74,7 +74,3 @@ void* CWnd::GetUserData() const {
 CWnd CWnd::GetFocus() {
     return CWnd(focusedWindow);
 }
-
-void AfxSetWindowText(CWnd window, const std::u16string& text) {
-    if (window.GetWindowText() != text) window.SetWindowText(text);
-}
