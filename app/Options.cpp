@@ -128,6 +128,7 @@ std::optional<int> ParseCommandLine(const std::vector<std::string>& arguments, O
     CLI::App program("Turns measurement text files (*.csv, *.txt) into signals.", ProgramName);
     program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION);
     program.require_subcommand(1);
+    program.allow_windows_style_options(false);  // a path may begin with a slash
     RawOptions raw;
     CLI::App* const import = program.add_subcommand("import", "Run the import (the default for a file)");
     CLI::App* const analyze =

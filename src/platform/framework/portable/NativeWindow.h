@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -41,6 +42,7 @@ struct NativeWindow {
     std::vector<NativeListColumn> Columns;
     std::vector<NativeListRow> Rows;
     int ScrollPos = 0;
+    std::function<void(const std::u16string&)> EditorDone;  // of the editor over a cell
 
     bool IsButton() const {
         return Kind == ControlKind::CheckBox || Kind == ControlKind::RadioButton ||

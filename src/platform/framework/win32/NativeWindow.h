@@ -1,6 +1,7 @@
 // What stands behind a handle on a control: its window, and what the window itself doesn't keep.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,8 +22,13 @@ struct NativeWindow {
     std::int64_t GivenSeconds = 0;
     SYSTEMTIME GivenTime{};
 
-    // Of a list: the text that it was answered last, to which it still refers.
+    // Of a list: the text that it was answered last, to which it still refers; the editor over a cell.
     std::u16string AnsweredText;
+    HWND Editor = nullptr;
+    bool EditorIsList = false;
+    std::unique_ptr<NativeWindow> EditorRecord;
+    std::function<void(const std::u16string&)> EditorDone;
+    std::function<void(int row, int column)> OpenEditor;
 
     bool IsButton() const {
         return Kind == ControlKind::CheckBox || Kind == ControlKind::RadioButton ||

@@ -2,6 +2,7 @@
 #include "platform/framework/UserInput.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/framework/Controls.h"
 #include "platform/framework/Locale.h"
