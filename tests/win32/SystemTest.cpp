@@ -14,8 +14,8 @@ namespace {
 class OwnRegistry {
   public:
     OwnRegistry() {
-        RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\kelvarin-test", 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                        nullptr, &Key, nullptr);
+        RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\kelvarin-test", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                        &Key, nullptr);
         RegOverridePredefKey(HKEY_CURRENT_USER, Key);
     }
     OwnRegistry(const OwnRegistry&) = delete;
@@ -46,8 +46,8 @@ TEST(Registry, KeepsValuesOfThreeKinds) {
     EXPECT_FALSE(store()->ReadInt(u"Other", u"Number").has_value()) << "another section";
     DWORD number = 0;
     DWORD size = sizeof number;
-    EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, L"Software\\Brenholt\\kelvarin\\CsvImport", L"Number", RRF_RT_REG_DWORD,
-                           nullptr, &number, &size),
+    EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, L"Software\\Brenholt\\kelvarin\\CsvImport", L"Number",
+                           RRF_RT_REG_DWORD, nullptr, &number, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(number, static_cast<DWORD>(-5));
 }
@@ -113,7 +113,8 @@ TEST(Module, DescribesItself) {
     };
     EXPECT_EQ(text(u"FileDescription"), u"Importfilter für Textdateien mit Trennzeichen");
     EXPECT_EQ(text(u"InternalName"), u"Textdateien mit Trennzeichen");
-    EXPECT_EQ(text(u"Comments"), u"kelvarin-Filter zum Import von Signaldaten aus Textdateien mit Trennzeichen");
+    EXPECT_EQ(text(u"Comments"),
+              u"kelvarin-Filter zum Import von Signaldaten aus Textdateien mit Trennzeichen");
 }
 
 }  // namespace

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-// A path as the program's arguments give it, in UTF-8, as text. Elsewhere than on Windows a byte that is no
-// UTF-8 becomes the unit U+DC00 plus its value, so that PathToNative gives back the same bytes and every file
-// that exists can be opened.
+// A path as the program's arguments give it, in UTF-8, as text. A byte that is no UTF-8 becomes the unit
+// U+DC00 plus its value, so that PathToNative gives back the same bytes and every file that exists can be
+// opened.
 std::u16string PathFromNative(std::string_view path);
 
 // The reverse of PathFromNative.

@@ -47,8 +47,8 @@ ProgramResult ProgramRun::operator()(const std::vector<std::string>& arguments) 
     start.hStdError = OpenStream(Folder.Path("stderr.txt"));
     PROCESS_INFORMATION process{};
     ProgramResult result;
-    if (CreateProcessW(nullptr, W(command.data()), nullptr, nullptr, TRUE, 0, nullptr, W(Folder.Path("")), &start,
-                       &process)) {
+    if (CreateProcessW(nullptr, W(command.data()), nullptr, nullptr, TRUE, 0, nullptr, W(Folder.Path("")),
+                       &start, &process)) {
         DWORD status = 0;
         WaitForSingleObject(process.hProcess, INFINITE);
         GetExitCodeProcess(process.hProcess, &status);

@@ -11,10 +11,10 @@ namespace {
 
 // Dialog units of the usual font at 96 dpi in pixels.
 constexpr int PixelsX(int units) {
-    return units * 6 / 4;
+    return (units * 6 + 2) / 4;
 }
 constexpr int PixelsY(int units) {
-    return units * 13 / 8;
+    return (units * 13 + 4) / 8;
 }
 
 void AddItems(NativeWindow& window, const char16_t* items) {
@@ -34,8 +34,8 @@ std::unique_ptr<NativeWindow> MakeControl(CDialog& parent, const ControlTemplate
     window->Kind = description.Kind;
     window->Style = description.Style;
     window->Text = description.Text;
-    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X + place.Width),
-                     PixelsY(place.Y + place.Height)};
+    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X) + PixelsX(place.Width),
+                     PixelsY(place.Y) + PixelsY(place.Height)};
     window->Seconds = CurrentSeconds();
     AddItems(*window, description.Items);
     return window;

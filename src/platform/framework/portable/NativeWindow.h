@@ -36,6 +36,7 @@ struct NativeWindow {
     std::vector<std::u16string> Items;  // of a list
     int Selected = -1;
     int Lowest = 0, Highest = 100;  // of a spin
+    std::int64_t Position = 0;
     NativeWindow* Buddy = nullptr;
     std::int64_t Seconds = 0;                      // of a picker
     unsigned ExtendedStyle = 0, CallbackMask = 0;  // of a report list, and what follows

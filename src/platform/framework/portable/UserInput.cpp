@@ -135,10 +135,15 @@ bool UserSpin(CDialog& dialog, int id, int steps) {
     if (spin == nullptr || !spin->Enabled || spin->Buddy == nullptr) return false;
     CWnd(spin->Buddy).SetFocus();
     for (int i = 0; i < std::abs(steps); ++i) {
+        // A text that is no number leaves the spin where it stood; at its bounds it tells nothing.
         const char16_t* end = nullptr;
-        const std::int64_t value = ParseInt64(spin->Buddy->Text.c_str(), &end, 10) + (steps > 0 ? 1 : -1);
-        spin->Buddy->Text =
-            FormatText(u"%i", std::clamp<std::int64_t>(value, spin->Lowest, spin->Highest));
+        const std::int64_t typed = ParseInt64(spin->Buddy->Text.c_str(), &end, 10);
+        if (end != spin->Buddy->Text.c_str()) spin->Position = typed;
+        const std::int64_t stepped =
+            std::clamp<std::int64_t>(spin->Position + (steps > 0 ? 1 : -1), spin->Lowest, spin->Highest);
+        if (stepped == spin->Position) continue;
+        spin->Position = stepped;
+        spin->Buddy->Text = FormatText(u"%i", stepped);
         spin->Buddy->Tell(EditChanged);
     }
     return true;

@@ -5,9 +5,9 @@
 #include <winsock2.h>
 // winsock2.h has to come first, or windows.h brings its older brother.
 #include <commctrl.h>
-#include <windows.h>
 #include <commdlg.h>
 #include <shellapi.h>
+#include <windows.h>
 #include <windowsx.h>
 
 #include <string>

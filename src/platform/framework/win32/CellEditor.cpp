@@ -15,7 +15,8 @@ std::u16string TextOf(HWND editor, bool isList) {
     if (!isList) {
         GetWindowTextW(editor, W(text.data()), Capacity);
     } else if (const int selected = ListBox_GetCurSel(editor); selected >= 0) {
-        SendMessageW(editor, LB_GETTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(text.data()));
+        SendMessageW(editor, LB_GETTEXT, static_cast<WPARAM>(selected),
+                     reinterpret_cast<LPARAM>(text.data()));
     }
     return text.c_str();
 }
@@ -67,10 +68,12 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UI
         LVHITTESTINFO hit{};
         hit.pt = {GET_X_LPARAM(l), GET_Y_LPARAM(l)};
         list.Send(LVM_SUBITEMHITTEST, 0, &hit);
-        if (hit.iItem >= 0 && (hit.flags & LVHT_ONITEMSTATEICON) == 0) list.OpenEditor(hit.iItem, hit.iSubItem);
+        if (hit.iItem >= 0 && (hit.flags & LVHT_ONITEMSTATEICON) == 0)
+            list.OpenEditor(hit.iItem, hit.iSubItem);
     }
     if (message == WM_KEYDOWN && w == VK_F2) {
-        const auto row = static_cast<int>(list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LPARAM{LVNI_FOCUSED}));
+        const auto row =
+            static_cast<int>(list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LPARAM{LVNI_FOCUSED}));
         if (row >= 0) list.OpenEditor(row, 0);
     }
     // The editor would stay where its cell was.
@@ -107,9 +110,10 @@ CEdit OpenCellEdit(CListCtrl& list, int row, int column, const std::u16string& t
     NativeWindow& native = *list.Handle;
     Finish(native, true);
     const RECT place = CellPlace(native, row, column);
-    const HWND edit = CreateWindowExW(0, L"Edit", W(text), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL,
-                                      place.left, place.top, place.right - place.left, place.bottom - place.top,
-                                      native.Window, nullptr, GetModuleHandleW(nullptr), nullptr);
+    const HWND edit =
+        CreateWindowExW(0, L"Edit", W(text), WS_CHILD | WS_VISIBLE | WS_BORDER | ES_AUTOHSCROLL, place.left,
+                        place.top, place.right - place.left, place.bottom - place.top, native.Window, nullptr,
+                        GetModuleHandleW(nullptr), nullptr);
     Begin(native, edit, false, std::move(done));
     native.EditorRecord = std::make_unique<NativeWindow>();
     native.EditorRecord->Kind = ControlKind::Edit;
@@ -127,10 +131,9 @@ void OpenCellList(CListCtrl& list, int row, int column, const std::vector<std::u
     const int width = place.right - place.left;
     const int height = static_cast<int>(entries.size() + 1) * (place.bottom - place.top);
     MapWindowPoints(native.Window, nullptr, reinterpret_cast<POINT*>(&place), 2);
-    const HWND box = CreateWindowExW(WS_EX_TOOLWINDOW, L"ListBox", L"",
-                                     WS_POPUP | WS_VISIBLE | WS_BORDER | WS_VSCROLL | LBS_NOTIFY, place.left,
-                                     place.bottom, width, height, native.Window, nullptr,
-                                     GetModuleHandleW(nullptr), nullptr);
+    const HWND box = CreateWindowExW(
+        WS_EX_TOOLWINDOW, L"ListBox", L"", WS_POPUP | WS_VISIBLE | WS_BORDER | WS_VSCROLL | LBS_NOTIFY,
+        place.left, place.bottom, width, height, native.Window, nullptr, GetModuleHandleW(nullptr), nullptr);
     for (const std::u16string& entry : entries)
         SendMessageW(box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(W(entry)));
     Begin(native, box, true, std::move(done));

@@ -46,7 +46,8 @@ void AddItems(HWND combo, std::u16string_view items) {
 }
 
 // The record of one control of a dialog just made. A window without a number can't be asked for by it.
-std::unique_ptr<NativeWindow> RecordControl(CDialog& parent, const ControlTemplate& description, HWND window) {
+std::unique_ptr<NativeWindow> RecordControl(CDialog& parent, const ControlTemplate& description,
+                                            HWND window) {
     auto control = std::make_unique<NativeWindow>();
     control->Parent = &parent;
     control->Id = description.Id;
@@ -147,9 +148,9 @@ void CDialog::CreateControls() {
     CDialog* const parent = GetParent();
     const HWND owner = parent == nullptr ? GetActiveWindow() : parent->GetNative().Window;
     const std::vector<WORD> words = WriteTemplate(description, parent != nullptr);
-    const HWND window = CreateDialogIndirectParamW(
-        GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner, DialogProcedure,
-        reinterpret_cast<LPARAM>(this));
+    const HWND window = CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
+                                                   reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
+                                                   DialogProcedure, reinterpret_cast<LPARAM>(this));
     Native->Window = window;
     // The windows come in the order of the table.
     HWND child = GetWindow(window, GW_CHILD);

@@ -139,11 +139,12 @@ void CFile::RaiseLastError() const {
 std::u16string DescribeFileError(const CFileException& error) {
     if (error.Cause == CFileException::sharingViolation) return u"in use by another program";
     if (error.Cause == CFileException::badSeek) return u"not a regular file";
+    // In the words of the other systems and of the rest of the program, whatever the system's language.
+    if (error.Cause == CFileException::fileNotFound) return u"No such file or directory";
     constexpr DWORD Capacity = 512;
     wchar_t text[Capacity];
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                       static_cast<DWORD>(error.OsError), 0, text, Capacity, nullptr);
+    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
+                                        static_cast<DWORD>(error.OsError), 0, text, Capacity, nullptr);
     std::u16string_view said = TrimWhiteSpace({FromW(text), length});
     if (!said.empty() && said.back() == u'.') said.remove_suffix(1);
     return std::u16string(said);

@@ -149,7 +149,8 @@ int CListCtrl::HitTest(CPoint point, unsigned* flags) const {
 bool CListCtrl::GetHeaderRect(int column, CRect* rectangle) const {
     RECT place{};
     if (column < 0 || column >= GetColumnCount()) return false;
-    if (SendMessageW(HeaderOf(*Handle), HDM_GETITEMRECT, Index(column), reinterpret_cast<LPARAM>(&place)) == 0)
+    if (SendMessageW(HeaderOf(*Handle), HDM_GETITEMRECT, Index(column), reinterpret_cast<LPARAM>(&place)) ==
+        0)
         return false;
     *rectangle = {place.left, place.top, place.right, place.bottom};
     return true;

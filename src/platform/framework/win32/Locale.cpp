@@ -6,7 +6,8 @@
 
 #include "platform/framework/win32/Api.h"
 
-// The runtime's own local time knows neither negative times nor zones named in the environment; the system's does.
+// The runtime's own local time knows neither negative times nor zones named in the environment; the system's
+// does.
 namespace {
 
 constexpr std::int64_t TicksPerSecond = 10'000'000;

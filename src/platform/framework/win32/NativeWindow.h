@@ -17,8 +17,8 @@ struct NativeWindow {
     HWND Window = nullptr;
     void* UserData = nullptr;
 
-    // Of a picker: the moment it was given last and how that looks. A local time that the zone has twice would
-    // otherwise come back as the other moment.
+    // Of a picker: the moment it was given last and how that looks. A local time that the zone has twice
+    // would otherwise come back as the other moment.
     std::int64_t GivenSeconds = 0;
     SYSTEMTIME GivenTime{};
 

@@ -15,8 +15,8 @@ LRESULT CALLBACK WatchHeader(HWND window, UINT message, WPARAM w, LPARAM l, UINT
     if (message != WM_NOTIFY) return result;
     const auto& header = *reinterpret_cast<const NMHEADERW*>(l);
     const NativeWindow* const list = ControlOf(window);
-    if (header.hdr.code != static_cast<UINT>(HeaderItemChanged) || list == nullptr || header.pitem == nullptr ||
-        (header.pitem->mask & HDI_WIDTH) == 0) {
+    if (header.hdr.code != static_cast<UINT>(HeaderItemChanged) || list == nullptr ||
+        header.pitem == nullptr || (header.pitem->mask & HDI_WIDTH) == 0) {
         return result;
     }
     HeaderChange change{header.iItem, header.pitem->cxy};

@@ -1,6 +1,5 @@
 #include "platform/framework/Path.h"
 
-#include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
 
 namespace {
@@ -17,14 +16,6 @@ std::u16string ApiPath(const std::u16string& path) {
     full.resize(GetFullPathNameW(W(path), size, W(full.data()), nullptr));
     if (full.compare(0, 2, u"\\\\") == 0) return u"\\\\?\\UNC" + full.substr(1);
     return u"\\\\?\\" + full;
-}
-
-std::u16string PathFromNative(std::string_view path) {
-    return Utf8ToUtf16(path);
-}
-
-std::string PathToNative(std::u16string_view path) {
-    return Utf16ToUtf8(path);
 }
 
 std::filesystem::path PathForStream(const std::u16string& path) {

@@ -71,8 +71,8 @@ class RegistryProfile : public ProfileStore {
         if (RegCreateKeyExW(HKEY_CURRENT_USER, W(Root + section), 0, nullptr, 0, KEY_WRITE, nullptr, &handle,
                             nullptr) != ERROR_SUCCESS)
             return false;
-        const LSTATUS status = RegSetValueExW(handle, W(key), 0, type, static_cast<const BYTE*>(data),
-                                              static_cast<DWORD>(size));
+        const LSTATUS status =
+            RegSetValueExW(handle, W(key), 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(size));
         RegCloseKey(handle);
         return status == ERROR_SUCCESS;
     }

@@ -46,10 +46,11 @@ void ArrangeFrame(const CDialog::NativeDialog& native, const RECT& tabs, const R
 
 void CPropertySheet::CreateTabs() {
     CDialog::NativeDialog& native = Frame->GetNative();
-    native.Tabs = CreateWindowExW(0, L"SysTabControl32", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS,
-                                  0, 0, 0, 0, native.Window, reinterpret_cast<HMENU>(INT_PTR{TabsId}),
-                                  GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(native.Tabs, WM_SETFONT, static_cast<WPARAM>(SendMessageW(native.Window, WM_GETFONT, 0, 0)), 0);
+    native.Tabs = CreateWindowExW(
+        0, L"SysTabControl32", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+        native.Window, reinterpret_cast<HMENU>(INT_PTR{TabsId}), GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(native.Tabs, WM_SETFONT, static_cast<WPARAM>(SendMessageW(native.Window, WM_GETFONT, 0, 0)),
+                 0);
     RECT area{};
     for (int i = 0; i < GetPageCount(); ++i) {
         const DialogTemplate& page = GetPage(i).GetTemplate();
@@ -66,7 +67,8 @@ void CPropertySheet::CreateTabs() {
     TabCtrl_AdjustRect(native.Tabs, TRUE, &area);
     OffsetRect(&area, margins.left - area.left, margins.top - area.top);
     // In front of the frame's buttons, so that the tab key comes to the page and the tabs first.
-    SetWindowPos(native.Tabs, HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top, 0);
+    SetWindowPos(native.Tabs, HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 0);
     ArrangeFrame(native, area, margins);
 }
 

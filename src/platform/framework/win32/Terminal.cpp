@@ -6,7 +6,7 @@
 #include <atomic>
 #include <cstdio>
 
-#include "platform/framework/Text.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/win32/Api.h"
 
 namespace {
@@ -27,7 +27,7 @@ std::vector<std::string> BeginProgram(int, char**) {
     std::vector<std::string> arguments;
     int count = 0;
     wchar_t** const texts = CommandLineToArgvW(GetCommandLineW(), &count);
-    for (int i = 1; i < count; ++i) arguments.push_back(Utf16ToUtf8(FromW(texts[i])));
+    for (int i = 1; i < count; ++i) arguments.push_back(PathToNative(FromW(texts[i])));
     LocalFree(texts);
     return arguments;
 }

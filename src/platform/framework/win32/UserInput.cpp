@@ -70,8 +70,8 @@ bool ChangePicker(CDialog& dialog, int id, const LocalTime& part, bool isDate) {
 
 ControlView ViewOf(const NativeWindow& control) {
     const CWnd window(const_cast<NativeWindow*>(&control));
-    ControlView view{control.Id, control.Kind, window.IsWindowEnabled(), false, window.GetWindowText(),
-                     {}, -1, 0};
+    ControlView view{
+        control.Id, control.Kind, window.IsWindowEnabled(), false, window.GetWindowText(), {}, -1, 0};
     if (control.IsButton()) view.Checked = control.Send(BM_GETCHECK) == BST_CHECKED;
     if (control.IsPicker()) {
         view.Seconds = CDateTimeCtrl(window.Handle).GetTime();
@@ -95,7 +95,8 @@ bool UserFocus(CDialog& dialog, int id) {
 bool UserClick(CDialog& dialog, int id) {
     NativeWindow* const window = dialog.GetDlgItem(id).Handle;
     if (id == IDCANCEL && window != nullptr) {
-        SendMessageW(dialog.GetNative().Window, WM_COMMAND, IDCANCEL, reinterpret_cast<LPARAM>(window->Window));
+        SendMessageW(dialog.GetNative().Window, WM_COMMAND, IDCANCEL,
+                     reinterpret_cast<LPARAM>(window->Window));
         return true;
     }
     if (Reach(dialog, id) == nullptr || !window->IsButton()) return false;
@@ -121,8 +122,8 @@ bool UserSelect(CDialog& dialog, int id, int index) {
     if (index < 0 || index >= CComboBox(window).GetCount()) return false;
     if (LostFocus(window)) return true;
     window->Send(CB_SETCURSEL, static_cast<WPARAM>(index));
-    SendMessageW(::GetParent(window->Window), WM_COMMAND,
-                 MAKEWPARAM(static_cast<WORD>(id), CBN_SELCHANGE), reinterpret_cast<LPARAM>(window->Window));
+    SendMessageW(::GetParent(window->Window), WM_COMMAND, MAKEWPARAM(static_cast<WORD>(id), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(window->Window));
     RunPendingMessages();
     return true;
 }

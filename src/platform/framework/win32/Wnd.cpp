@@ -28,7 +28,8 @@ std::u16string CWnd::GetWindowText() const {
 void CWnd::SetWindowText(const std::u16string& text) {
     if (Handle->IsCombo()) {
         // The selection would stand beside a text that it isn't.
-        const auto found = static_cast<WPARAM>(Handle->Send(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), W(text)));
+        const auto found =
+            static_cast<WPARAM>(Handle->Send(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), W(text)));
         Handle->Send(CB_SETCURSEL, found);
     }
     SetWindowTextW(Handle->Window, W(text));
