@@ -121,7 +121,7 @@ TEST(ControlSteps, TellAndLeaveTheSameOnEverySide) {
         {[](CDialog& d) { UserType(d, Combo, u"on"); }, "16 typed, 16 typed, ", "2 set xx-on -1 -1 x@16"},
         {[&](CDialog& d) { combo(d, Combo).SetCurSel(0); }, "", "2 set xx-one 0 -1 x@16"},
         {[&](CDialog& d) { combo(d, Combo).SetWindowText(u"own"); }, "", "2 set xx-own -1 -1 x@16"},
-        {[&](CDialog& d) { combo(d, Combo).SetWindowText(u"two"); }, "", "2 set xx-two 1 -1 x@16"},
+        {[&](CDialog& d) { combo(d, Combo).SetWindowText(u"two"); }, "", "2 set xx-two -1 -1 x@16"},
         {[&](CDialog& d) { combo(d, Combo).ResetContent(); }, "", "2 set xx- -1 -1 x@16"},
         {[](CDialog& d) { UserSelect(d, Drop, 0); }, "17 selected, ", "2 set xx- -1 0 x@17"},
         {[](CDialog& d) { UserSelect(d, Drop, 5); }, "", "2 set xx- -1 0 x@17"},

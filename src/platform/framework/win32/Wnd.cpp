@@ -1,5 +1,6 @@
 #include "platform/framework/Wnd.h"
 
+#include "platform/framework/Controls.h"
 #include "platform/framework/win32/NativeWindow.h"
 
 int CWnd::GetDlgCtrlID() const {
@@ -26,12 +27,9 @@ std::u16string CWnd::GetWindowText() const {
 }
 
 void CWnd::SetWindowText(const std::u16string& text) {
-    if (Handle->IsCombo()) {
-        // The selection would stand beside a text that it isn't.
-        const auto found =
-            static_cast<WPARAM>(Handle->Send(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), W(text)));
-        Handle->Send(CB_SETCURSEL, found);
-    }
+    // The selection would stand beside a text that it isn't.
+    if (Handle->IsCombo() && CComboBox(Handle).FindStringExact(text) < 0)
+        Handle->Send(CB_SETCURSEL, static_cast<WPARAM>(-1));
     SetWindowTextW(Handle->Window, W(text));
 }
 
