@@ -114,12 +114,13 @@ int CDialog::DoModal() {
     const HWND owner = GetActiveWindow();
     CreateControls();
     OnInitDialog();
-    ShowWindow(Native->Window, SW_SHOW);
+    // Driven, it stays hidden: shown, it and the windows of other programs would take the focus from each other.
     if (DialogDriver* const driver = GetDialogDriver()) {
         RunPendingMessages();
         driver->RunModal(*this);
         if (!IsEnded()) OnCancel();
     } else {
+        ShowWindow(Native->Window, SW_SHOW);
         RunLoop(*this, owner);
     }
     // What the windows tell while they go must not reach the fields any more.
