@@ -114,13 +114,14 @@ int CDialog::DoModal() {
     const HWND owner = GetActiveWindow();
     CreateControls();
     OnInitDialog();
-    // Driven, it stays hidden: shown, it and the windows of other programs would take the focus from each other.
+    // Driven, it stays hidden: shown, it and other programs would take the focus from each other.
     if (DialogDriver* const driver = GetDialogDriver()) {
         RunPendingMessages();
         driver->RunModal(*this);
         if (!IsEnded()) OnCancel();
     } else {
         ShowWindow(Native->Window, SW_SHOW);
+        SetForegroundWindow(Native->Window);
         RunLoop(*this, owner);
     }
     // What the windows tell while they go must not reach the fields any more.
