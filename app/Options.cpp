@@ -111,8 +111,7 @@ std::string AllowedOptions(const CLI::App& command) {
 }
 
 // A file as first argument means import, and so does an option of that command.
-std::vector<std::string> CommandLineArguments(int argc, char** argv) {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
+std::vector<std::string> CommandLineArguments(std::vector<std::string> arguments) {
     constexpr std::string_view Known[] = {"import", "analyze", "sidecar",  "dialog",
                                           "--help", "-h",      "--version"};
     if (!arguments.empty() &&
@@ -125,10 +124,11 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv) {
 
 }  // namespace
 
-std::optional<int> ParseCommandLine(int argc, char** argv, Options& options) {
+std::optional<int> ParseCommandLine(const std::vector<std::string>& arguments, Options& options) {
     CLI::App program("Turns measurement text files (*.csv, *.txt) into signals.", ProgramName);
     program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION);
     program.require_subcommand(1);
+    program.allow_windows_style_options(false);  // a path may begin with a slash
     RawOptions raw;
     CLI::App* const import = program.add_subcommand("import", "Run the import (the default for a file)");
     CLI::App* const analyze =
@@ -147,7 +147,7 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Options& options) {
         ->type_name("FILE");
     sidecar->add_flag("--check", options.CheckOnly, "FILE is a sidecar: say how it reads");
     try {
-        program.parse(CommandLineArguments(argc, argv));
+        program.parse(CommandLineArguments(arguments));
     } catch (const CLI::Success& wish) {
         return program.exit(wish);
     } catch (const CLI::ExtrasError& error) {

@@ -30,4 +30,4 @@ struct Options {
 
 // Reads the command line into `options`. Answers nothing if there is work to do, else the exit status after
 // help, version, or one line of complaint on standard error.
-std::optional<int> ParseCommandLine(int argc, char** argv, Options& options);
+std::optional<int> ParseCommandLine(const std::vector<std::string>& arguments, Options& options);

@@ -5,6 +5,7 @@
 #include "app/SettingsJson.h"
 #include "host/SupportFunctions.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
 #include "platform/support/ProfileOverlay.h"
 
 namespace {
@@ -23,7 +24,7 @@ void SetUpProfile(const Options& options) {
 
 int main(int argc, char** argv) {
     Options options;
-    if (const std::optional<int> status = ParseCommandLine(argc, argv, options)) return *status;
+    if (const std::optional<int> status = ParseCommandLine(BeginProgram(argc, argv), options)) return *status;
     SetUpProfile(options);
     ModuleLoader module;
     const std::string reason = module.Load();

@@ -30,3 +30,18 @@ if(UNIX AND NOT KELVARIN_SANITIZE)
   target_link_options(kelvarin-flags INTERFACE $<$<CONFIG:Release>:
     LINKER:-z,relro,-z,now,-z,noexecstack>)
 endif()
+
+if(WIN32)
+  # The oldest Windows whose functions are used. Windows.h's short names min and max would break the standard's.
+  target_compile_definitions(kelvarin-flags INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+  # Text is cast at the border of the API; the standard doesn't promise that its two types may alias.
+  target_compile_options(kelvarin-flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-strict-aliasing>)
+  # An exception thrown in one library and caught in the other needs one runtime for both: it lies beside them.
+  foreach(RUNTIME libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${RUNTIME}
+      OUTPUT_VARIABLE RUNTIME_PATH OUTPUT_STRIP_TRAILING_WHITESPACE)
+    file(COPY ${RUNTIME_PATH} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    install(FILES ${RUNTIME_PATH} DESTINATION .)
+  endforeach()
+endif()

@@ -36,8 +36,8 @@ class CParamListCtrl : public CListCtrl {
   public:
     using CListCtrl::CListCtrl;
 
-    // The owner must outlive the list's window.
-    void SetOwner(CParamListOwner* owner) { SetUserData(owner); }
+    // The owner must outlive the list's window. From now on the user can edit cells.
+    void SetOwner(CParamListOwner* owner);
     CParamListOwner* GetOwner() const { return static_cast<CParamListOwner*>(GetUserData()); }
 };
 
@@ -59,10 +59,11 @@ class CParamDropDownList {
     void CreateDropDownList(CParamListCtrl& list, int row, int column);
 
     // Selects an entry of the open list; -1 selects none.
-    void SetCurSel(int index) { Selected = index; }
+    void SetCurSel(int index);
     int GetCurSel() const { return Selected; }
 
   private:
     std::vector<std::u16string> Entries;
     int Selected = -1;
+    CListCtrl OpenOver;  // the list over which it was opened last
 };

@@ -11,8 +11,8 @@ using Kind = ControlKind;
 constexpr int NoId = -1;
 
 constexpr ControlTemplate OptionDialogControls[] = {
-    {1, Kind::DefaultButton, u"OK", 0, {250, 332, 50, 14}},
-    {2, Kind::PushButton, u"Abbrechen", 0, {306, 332, 50, 14}},
+    {1, Kind::DefaultButton, u"OK", 0, {250, 346, 50, 14}},
+    {2, Kind::PushButton, u"Abbrechen", 0, {306, 346, 50, 14}},
 };
 
 constexpr ControlTemplate SignalPageControls[] = {
@@ -21,8 +21,8 @@ constexpr ControlTemplate SignalPageControls[] = {
      u"Folgende Signale mit dem angegebenen Namen und Datentyp importieren:",
      0,
      {7, 7, 340, 8}},
-    {CtrlSignalList, Kind::ListView, u"", 0, {7, 19, 340, 262}},
-    {CtrlResetSignals, Kind::PushButton, u"&Zurücksetzen", 0, {7, 286, 60, 14}},
+    {CtrlSignalList, Kind::ListView, u"", 0, {7, 19, 340, 276}},
+    {CtrlResetSignals, Kind::PushButton, u"&Zurücksetzen", 0, {7, 300, 60, 14}},
 };
 
 constexpr ControlTemplate DescriptionPageControls[] = {
@@ -31,19 +31,19 @@ constexpr ControlTemplate DescriptionPageControls[] = {
      u"Folgende Informationen über das importierte Dokument speichern:",
      0,
      {7, 7, 340, 8}},
-    {CtrlDescription, Kind::Edit, u"", ControlMultiLine, {7, 19, 340, 280}},
+    {CtrlDescription, Kind::Edit, u"", ControlMultiLine, {7, 19, 340, 294}},
 };
 
 // In the order of tabbing.
 constexpr ControlTemplate OptionPageControls[] = {
     {NoId, Kind::GroupBox, u"Format", 0, {7, 4, 340, 84}},
     {CtrlAutoFormat, Kind::CheckBox, u"&Automatisch bestimmen", 0, {14, 15, 160, 10}},
-    {CtrlSeparatorLabel, Kind::Label, u"&Trennzeichen:", 0, {14, 29, 56, 8}},
-    {CtrlSemicolon, Kind::RadioButton, u"Semikolon", ControlGroup, {72, 28, 50, 10}},
-    {CtrlComma, Kind::RadioButton, u"Komma", 0, {124, 28, 42, 10}},
-    {CtrlTab, Kind::RadioButton, u"Tabulator", 0, {168, 28, 48, 10}},
-    {CtrlSpace, Kind::RadioButton, u"Leerzeichen", 0, {218, 28, 54, 10}},
-    {CtrlOther, Kind::RadioButton, u"Anderes:", 0, {274, 28, 44, 10}},
+    {CtrlSeparatorLabel, Kind::Label, u"&Trennzeichen:", 0, {14, 29, 53, 8}},
+    {CtrlSemicolon, Kind::RadioButton, u"Semikolon", ControlGroup, {68, 28, 50, 10}},
+    {CtrlComma, Kind::RadioButton, u"Komma", 0, {119, 28, 40, 10}},
+    {CtrlTab, Kind::RadioButton, u"Tabulator", 0, {160, 28, 47, 10}},
+    {CtrlSpace, Kind::RadioButton, u"Leerzeichen", 0, {208, 28, 56, 10}},
+    {CtrlOther, Kind::RadioButton, u"Anderes:", 0, {265, 28, 54, 10}},
     {CtrlOtherSeparator, Kind::Edit, u"", 0, {320, 26, 20, 13}},
     {CtrlMergeSeparators,
      Kind::CheckBox,
@@ -82,28 +82,28 @@ constexpr ControlTemplate OptionPageControls[] = {
      Kind::Label,
      u"&Format (Datum und Uhrzeit ggf. mit Trennzeichen):",
      0,
-     {14, 188, 176, 8}},
-    {CtrlFormat, Kind::ComboBox, u"", 0, {192, 186, 148, 120}},
-    {CtrlFirstTimestampLabel, Kind::Label, u"Vorschau für ersten Zeitstempel:", 0, {14, 202, 120, 8}},
-    {CtrlFirstTimestamp, Kind::Edit, u"", ControlReadOnly, {192, 200, 148, 13}},
-    {NoId, Kind::GroupBox, u"Vorschau", 0, {7, 218, 340, 80}},
-    {CtrlPreview, Kind::ListView, u"", 0, {14, 229, 326, 62}},
-    {CtrlUseAsDefault, Kind::CheckBox, u"Einstellungen als Standard übernehmen", 0, {7, 302, 180, 10}},
+     {14, 188, 204, 8}},
+    {CtrlFormat, Kind::ComboBox, u"", 0, {220, 186, 120, 120}},
+    {CtrlFirstTimestampLabel, Kind::Label, u"Vorschau für ersten Zeitstempel:", 0, {14, 202, 160, 8}},
+    {CtrlFirstTimestamp, Kind::Edit, u"", ControlReadOnly, {220, 200, 120, 13}},
+    {NoId, Kind::GroupBox, u"Vorschau", 0, {7, 218, 340, 92}},
+    {CtrlPreview, Kind::ListView, u"", 0, {14, 229, 326, 75}},
+    {CtrlUseAsDefault, Kind::CheckBox, u"Einstellungen als Standard übernehmen", 0, {7, 315, 190, 10}},
     {CtrlSaveSidecar,
      Kind::CheckBox,
      u"Einstellungen immer in Sidecar-Datei speichern",
      0,
-     {7, 314, 200, 10}},
-    {CtrlLoadSettings, Kind::PushButton, u"Einstellungen laden...", 0, {247, 306, 100, 14}},
+     {7, 327, 220, 10}},
+    {CtrlLoadSettings, Kind::PushButton, u"Einstellungen laden...", 0, {247, 320, 100, 14}},
 };
 
 constexpr DialogTemplate Templates[] = {
-    {IdOptionDialog, u"Einstellungen für CSV-Import", 362, 352, OptionDialogControls,
+    {IdOptionDialog, u"Einstellungen für CSV-Import", 362, 366, OptionDialogControls,
      std::size(OptionDialogControls)},
-    {IdSignalPage, u"Signale", 354, 326, SignalPageControls, std::size(SignalPageControls)},
-    {IdDescriptionPage, u"Beschreibung", 354, 326, DescriptionPageControls,
+    {IdSignalPage, u"Signale", 354, 340, SignalPageControls, std::size(SignalPageControls)},
+    {IdDescriptionPage, u"Beschreibung", 354, 340, DescriptionPageControls,
      std::size(DescriptionPageControls)},
-    {IdOptionPage, u"Allgemein", 354, 326, OptionPageControls, std::size(OptionPageControls)},
+    {IdOptionPage, u"Allgemein", 354, 340, OptionPageControls, std::size(OptionPageControls)},
 };
 
 }  // namespace

@@ -2,19 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
+
+#include "platform/framework/Locale.h"
 
 // A local date and time in seconds since 1970.
 inline std::int64_t LocalSeconds(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
-    std::tm local{};
-    local.tm_year = year - 1900;
-    local.tm_mon = month - 1;
-    local.tm_mday = day;
-    local.tm_hour = hour;
-    local.tm_min = minute;
-    local.tm_sec = second;
-    local.tm_isdst = -1;
-    return std::mktime(&local);
+    return FromLocalTime({year, month, day, hour, minute, second});
 }
 
 // The same in nanoseconds.

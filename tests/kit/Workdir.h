@@ -1,10 +1,10 @@
 // A folder of its own for a test.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,9 +15,10 @@
 class Workdir {
   public:
     Workdir() {
-        std::string name = (std::filesystem::temp_directory_path() / "kelvarin-test-XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("can't make " + name);
-        Folder = name;
+        std::random_device random;
+        do {
+            Folder = std::filesystem::temp_directory_path() / ("kelvarin-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(Folder));
     }
     Workdir(const Workdir&) = delete;
     Workdir& operator=(const Workdir&) = delete;
@@ -40,8 +41,10 @@ class Workdir {
     }
 
     // Full path of a name in the folder, whether it exists or not: as text, and as the platform has it.
-    std::u16string Path(std::string_view name) const { return PathFromNative(NativePath(name).string()); }
-    std::filesystem::path NativePath(std::string_view name) const { return Folder / name; }
+    std::u16string Path(std::string_view name) const {
+        return PathFromNative((Folder / "").string()) + PathFromNative(name);
+    }
+    std::filesystem::path NativePath(std::string_view name) const { return PathForStream(Path(name)); }
 
     // Names of all files in the folder, sorted, a blank between them.
     std::string Names() const {

@@ -150,4 +150,12 @@ TEST(WrongUsage, GetsOneLineAndStatusTwo) {
     }
 }
 
+TEST(BadCommandLine, ADialogWithoutDisplayNeedsAScript) {
+    const ProgramRun run;
+    run.Write("data.csv", "t;v\n0;1\n");
+    const ProgramResult result = run({"dialog", "data.csv"});
+    EXPECT_EQ(result.Status, 2) << result.Out;
+    EXPECT_NE(result.Err.find("--script"), std::string::npos) << result.Err;
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "kit/CheckRows.h"
 #include "kit/LocalMoment.h"
+#include "platform/framework/Locale.h"
 #include "timestamp/TimestampFormat.h"
 
 namespace {
@@ -79,9 +80,11 @@ TEST(ParseTimestamp, ReadsDates) {
         [](const std::u16string& row) -> std::string {
             const bool alone = row.find(u'=') == std::u16string::npos;
             const std::int64_t time = Parse((alone ? u"TT.MM.JJJJ=" : u"") + row, true);
-            const std::time_t seconds = time / 1'000'000'000;
-            char text[40];
-            std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::localtime(&seconds));
+            LocalTime t{};
+            ToLocalTime(time / 1'000'000'000, t);
+            char text[80];
+            std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", t.Year, t.Month, t.Day, t.Hour,
+                          t.Minute, t.Second);
             return time == NoTimestamp ? "no" : text;
         });
 }

@@ -8,6 +8,7 @@
 
 class CDialog;
 class CPropertySheet;
+struct DialogTemplate;
 
 // One exchange. After a failure nothing more is exchanged.
 class CDataExchange {
@@ -61,6 +62,8 @@ class CDialog {
     // Takes a notification of a control unless an exchange runs.
     std::intptr_t Notify(int id, int code, void* data = nullptr);
 
+    const DialogTemplate& GetTemplate() const;
+
     // The sheet that is a child of this dialog, or null.
     CPropertySheet* Sheet = nullptr;
 
@@ -68,6 +71,9 @@ class CDialog {
     NativeDialog& GetNative() const { return *Native; }
 
   protected:
+    // The dialog in whose window this one lies; null for one of its own.
+    virtual CDialog* GetParent() const { return nullptr; }
+
     // Handles a notification.
     virtual void OnNotification(const Notification&) {}
 

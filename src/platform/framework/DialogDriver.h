@@ -27,5 +27,12 @@ DialogDriver* GetDialogDriver();
 
 constexpr unsigned MessageExclamation = 48;  // exclamation icon, OK button
 
+// False if dialogs can't be shown to a user here, only driven.
+bool HasDisplay();
+
+// The file that the user or the driver chose, or nothing. `filter` is descriptions and patterns, separated by
+// vertical bars.
+std::optional<std::u16string> AskForFile(const std::u16string& title, const std::u16string& filter);
+
 // Shows a message; answers the button, 1 for OK.
 int AfxMessageBox(const std::u16string& text, unsigned type);

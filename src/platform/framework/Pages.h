@@ -3,7 +3,8 @@
 
 #include <cstddef>
 
-// `size` bytes in pages that are made at once, not one by one at their first touch. Raises std::bad_alloc.
+// `size` bytes in pages that are made at once, where the system can, not one by one at their first touch.
+// Raises std::bad_alloc.
 void* AllocatePages(std::size_t size);
 
 // Gives them back; `size` as they were asked for.

@@ -7,6 +7,8 @@ void CPropertySheet::AddPage(CPropertyPage* page) {
 
 void CPropertySheet::Create(CDialog& parent) {
     parent.Sheet = this;
+    Frame = &parent;
+    CreateTabs();
     Show(0);
 }
 
@@ -20,7 +22,12 @@ bool CPropertySheet::SetActivePage(int index) {
 void CPropertySheet::Show(int index) {
     Active = index;
     CPropertyPage& page = GetPage(index);
-    if (page.IsCreated()) return;
-    page.CreateControls();
-    page.OnInitDialog();
+    const bool isFirst = !page.IsCreated();
+    if (isFirst) page.CreateControls();
+    BringToFront(page);
+    if (isFirst) page.OnInitDialog();
+}
+
+CDialog* CPropertyPage::GetParent() const {
+    return Parent == nullptr ? nullptr : Parent->GetFrame();
 }

@@ -17,6 +17,7 @@ class CPropertyPage : public CDialog {
 
   protected:
     CPropertySheet* Parent = nullptr;
+    CDialog* GetParent() const override;
     friend class CPropertySheet;
 };
 
@@ -28,6 +29,7 @@ class CPropertySheet {
     // Makes the sheet a child of a dialog and shows the first page.
     void Create(CDialog& parent);
 
+    CDialog* GetFrame() const { return Frame; }
     int GetPageCount() const { return static_cast<int>(Pages.size()); }
     int GetActiveIndex() const { return Active; }
     CPropertyPage& GetPage(int index) const { return *Pages[static_cast<std::size_t>(index)]; }
@@ -39,6 +41,11 @@ class CPropertySheet {
   private:
     void Show(int index);
 
+    // Makes the row of tabs in the frame, and puts a page in front of the others.
+    void CreateTabs();
+    void BringToFront(CPropertyPage& page);
+
     std::vector<CPropertyPage*> Pages;
+    CDialog* Frame = nullptr;
     int Active = -1;
 };

@@ -1,6 +1,13 @@
 // The terminal that a program talks to, if there is one.
 #pragma once
 
+#include <string>
+#include <vector>
+
+// The program's arguments behind its name, in UTF-8. Also makes the standard streams carry UTF-8 and plain
+// line ends; called once, first.
+std::vector<std::string> BeginProgram(int argc, char** argv);
+
 // True if standard error goes to a terminal.
 bool IsErrorTerminal();
 

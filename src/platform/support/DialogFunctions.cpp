@@ -33,9 +33,7 @@ std::uint32_t MixColors(std::uint32_t first, std::uint32_t second, int weight) {
 }
 
 bool OpenFileDlg(int, const std::u16string& title, const std::u16string& filter, std::u16string& path) {
-    DialogDriver* const driver = GetDialogDriver();
-    if (driver == nullptr) return false;
-    const std::optional<std::u16string> chosen = driver->ChooseFile(title, filter);
+    const std::optional<std::u16string> chosen = AskForFile(title, filter);
     path = chosen.value_or(std::u16string());
     return chosen.has_value();
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/framework/CellEditor.h"
 #include "platform/framework/Text.h"
 #include "platform/framework/UserInput.h"
 
@@ -34,6 +35,30 @@ std::size_t EditDistance(const std::u16string& a, const std::u16string& b) {
     return row.back();
 }
 
+// What an editor over a cell does when it ends.
+CellDone EntryInto(const CParamListCtrl& list, int row, int column) {
+    return [list = CParamListCtrl(list.Handle), row, column](const std::u16string& text) mutable {
+        std::u16string entered = text;
+        list.GetOwner()->OnEditDone(row, column, entered);
+        list.GetOwner()->OnRestoreItemText(list, row, column);
+    };
+}
+
+// Opens the editor of a cell; false if it has none.
+bool OpenEditor(CParamListCtrl list, int row, int column) {
+    CParamListOwner* const owner = list.GetOwner();
+    const int kind = owner->GetEditorKind(row, column);
+    if (kind == EditorNone) return false;
+    if (kind == EditorDropDownList) {
+        owner->OnShowDropDown(row, column);
+    } else {
+        CEdit editor =
+            OpenCellEdit(list, row, column, list.GetItemText(row, column), EntryInto(list, row, column));
+        owner->OnShowEditor(row, column, editor.Exists() ? &editor : nullptr);
+    }
+    return true;
+}
+
 }  // namespace
 
 void CParamListOwner::OnShowEditor(int, int, CEdit*) {}
@@ -46,17 +71,14 @@ bool UserEditCell(CDialog& dialog, int id, int row, int column, const std::u16st
         column >= list.GetColumnCount()) {
         return false;
     }
-    const int kind = owner->GetEditorKind(row, column);
-    if (kind == EditorNone) return false;
-    if (kind == EditorDropDownList) {
-        owner->OnShowDropDown(row, column);
-    } else {
-        owner->OnShowEditor(row, column, nullptr);
-    }
-    std::u16string entered = text;
-    owner->OnEditDone(row, column, entered);
-    owner->OnRestoreItemText(list, row, column);
+    if (!OpenEditor(list, row, column)) return false;
+    UserEnterCell(list, text);
     return true;
+}
+
+void CParamListCtrl::SetOwner(CParamListOwner* owner) {
+    SetUserData(owner);
+    WatchCells(*this, [list = *this](int row, int column) { OpenEditor(list, row, column); });
 }
 
 void CParamDropDownList::EarlyRemoveAll() {
@@ -85,7 +107,13 @@ int CParamDropDownList::EarlyFindClosestString(const std::u16string& text) const
     }));
 }
 
-// The list shows nothing without a display; what matters is the entry selected in it.
-void CParamDropDownList::CreateDropDownList(CParamListCtrl&, int, int) {
+void CParamDropDownList::CreateDropDownList(CParamListCtrl& list, int row, int column) {
     Selected = -1;
+    OpenOver = CListCtrl(list.Handle);
+    OpenCellList(OpenOver, row, column, Entries, EntryInto(list, row, column));
+}
+
+void CParamDropDownList::SetCurSel(int index) {
+    Selected = index;
+    if (OpenOver.Exists()) SelectInCellList(OpenOver, index);
 }

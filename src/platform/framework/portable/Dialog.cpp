@@ -5,17 +5,16 @@
 
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/Locale.h"
-#include "platform/framework/Module.h"
 #include "platform/framework/portable/NativeWindow.h"
 
 namespace {
 
 // Dialog units of the usual font at 96 dpi in pixels.
 constexpr int PixelsX(int units) {
-    return units * 6 / 4;
+    return (units * 6 + 2) / 4;
 }
 constexpr int PixelsY(int units) {
-    return units * 13 / 8;
+    return (units * 13 + 4) / 8;
 }
 
 void AddItems(NativeWindow& window, const char16_t* items) {
@@ -35,8 +34,8 @@ std::unique_ptr<NativeWindow> MakeControl(CDialog& parent, const ControlTemplate
     window->Kind = description.Kind;
     window->Style = description.Style;
     window->Text = description.Text;
-    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X + place.Width),
-                     PixelsY(place.Y + place.Height)};
+    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X) + PixelsX(place.Width),
+                     PixelsY(place.Y) + PixelsY(place.Height)};
     window->Seconds = CurrentSeconds();
     AddItems(*window, description.Items);
     return window;
@@ -89,36 +88,13 @@ bool CDialog::IsEnded() const {
 
 void CDialog::CreateControls() {
     Native = std::make_unique<NativeDialog>();
-    const DialogTemplate* const dialog = GetCurrentModule()->Dialogs.Find(TemplateId);
-    for (std::size_t i = 0; i < dialog->Count; ++i) {
-        Native->Controls.push_back(MakeControl(*this, dialog->Controls[i]));
-        if ((dialog->Controls[i].Style & ControlBuddy) != 0) {
+    const DialogTemplate& dialog = GetTemplate();
+    for (std::size_t i = 0; i < dialog.Count; ++i) {
+        Native->Controls.push_back(MakeControl(*this, dialog.Controls[i]));
+        if ((dialog.Controls[i].Style & ControlBuddy) != 0) {
             Native->Controls.back()->Buddy = Native->Controls[Native->Controls.size() - 2].get();
         }
     }
-}
-
-bool CDialog::OnInitDialog() {
-    UpdateData(false);
-    return true;
-}
-
-bool CDialog::UpdateData(bool saveAndValidate) {
-    if (!IsCreated()) return false;
-    const bool before = Updating;
-    Updating = true;
-    CDataExchange exchange(*this, saveAndValidate);
-    DoDataExchange(exchange);
-    Updating = before;
-    return !exchange.Failed;
-}
-
-void CDataExchange::Fail(int controlId, const std::u16string& message) {
-    if (Failed) return;
-    Failed = true;
-    AfxMessageBox(message, MessageExclamation);
-    CWnd control = Dialog.GetDlgItem(controlId);
-    if (control.Exists()) control.SetFocus();
 }
 
 CWnd CDialog::GetDlgItem(int id) const {
@@ -144,11 +120,4 @@ int CDialog::GetCheckedRadio(int firstId) const {
 void CDialog::CheckRadio(int firstId, int index) {
     const std::vector<NativeWindow*> group = Native->Group(firstId);
     for (std::size_t i = 0; i < group.size(); ++i) group[i]->Checked = static_cast<int>(i) == index;
-}
-
-std::intptr_t CDialog::Notify(int id, int code, void* data) {
-    if (Updating) return 0;
-    std::intptr_t result = 0;
-    OnNotification({id, code, data, &result});
-    return result;
 }

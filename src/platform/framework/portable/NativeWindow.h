@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,12 +36,14 @@ struct NativeWindow {
     std::vector<std::u16string> Items;  // of a list
     int Selected = -1;
     int Lowest = 0, Highest = 100;  // of a spin
+    std::int64_t Position = 0;
     NativeWindow* Buddy = nullptr;
     std::int64_t Seconds = 0;                      // of a picker
     unsigned ExtendedStyle = 0, CallbackMask = 0;  // of a report list, and what follows
     std::vector<NativeListColumn> Columns;
     std::vector<NativeListRow> Rows;
     int ScrollPos = 0;
+    std::function<void(const std::u16string&)> EditorDone;  // of the editor over a cell
 
     bool IsButton() const {
         return Kind == ControlKind::CheckBox || Kind == ControlKind::RadioButton ||

@@ -15,6 +15,10 @@ void RememberInterrupt(int signal) {
 
 }  // namespace
 
+std::vector<std::string> BeginProgram(int argc, char** argv) {
+    return {argv + 1, argv + argc};
+}
+
 bool IsErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }

@@ -1,6 +1,7 @@
 #include "platform/framework/UserInput.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/framework/Controls.h"
 #include "platform/framework/FormatText.h"
@@ -30,14 +31,22 @@ bool LostFocus(const NativeWindow* window) {
     return focusedWindow != window;
 }
 
-std::u16string Typed(const NativeWindow& window, const std::u16string& text) {
+// Replaces the text key by key, as it is selected and typed over; the control tells of every key that it
+// takes.
+void TypeInto(NativeWindow& window, const std::u16string& text, int changed) {
+    const std::size_t limit = window.TextLimit > 0 ? static_cast<std::size_t>(window.TextLimit) : text.size();
     std::u16string typed;
+    const auto show = [&] {
+        window.Text = typed;
+        window.Selected = -1;
+        window.Tell(changed);
+    };
+    if (text.empty() && !window.Text.empty()) show();
     for (const char16_t c : text) {
-        if ((window.Style & ControlDigits) == 0 || IsDigit(c)) typed += c;
+        if (typed.size() == limit || ((window.Style & ControlDigits) != 0 && !IsDigit(c))) continue;
+        typed += c;
+        show();
     }
-    if (window.TextLimit > 0)
-        typed.resize(std::min(typed.size(), static_cast<std::size_t>(window.TextLimit)));
-    return typed;
 }
 
 // Radio buttons are cleared from the first of their group on.
@@ -106,15 +115,8 @@ bool UserType(CDialog& dialog, int id, const std::u16string& text) {
     NativeWindow* const window = Reach(dialog, id);
     if (window == nullptr || (window->Style & ControlReadOnly) != 0) return false;
     if (LostFocus(window)) return true;
-    if (window->Kind == ControlKind::Edit) {
-        window->Text = Typed(*window, text);
-        window->Tell(EditChanged);
-        return true;
-    }
-    if (window->Kind != ControlKind::ComboBox) return false;
-    window->Text = text;
-    window->Selected = -1;
-    window->Tell(ComboEditChanged);
+    if (window->Kind != ControlKind::Edit && window->Kind != ControlKind::ComboBox) return false;
+    TypeInto(*window, text, window->Kind == ControlKind::Edit ? EditChanged : ComboEditChanged);
     return true;
 }
 
@@ -131,12 +133,19 @@ bool UserSelect(CDialog& dialog, int id, int index) {
 bool UserSpin(CDialog& dialog, int id, int steps) {
     NativeWindow* const spin = dialog.GetDlgItem(id).Handle;
     if (spin == nullptr || !spin->Enabled || spin->Buddy == nullptr) return false;
-    const char16_t* end = nullptr;
-    const std::int64_t value = ParseInt64(spin->Buddy->Text.c_str(), &end, 10);
-    const std::int64_t stepped = std::clamp<std::int64_t>(value + steps, spin->Lowest, spin->Highest);
     CWnd(spin->Buddy).SetFocus();
-    spin->Buddy->Text = FormatText(u"%i", stepped);
-    spin->Buddy->Tell(EditChanged);
+    for (int i = 0; i < std::abs(steps); ++i) {
+        // A text that is no number leaves the spin where it stood; at its bounds it tells nothing.
+        const char16_t* end = nullptr;
+        const std::int64_t typed = ParseInt64(spin->Buddy->Text.c_str(), &end, 10);
+        if (end != spin->Buddy->Text.c_str()) spin->Position = typed;
+        const std::int64_t stepped =
+            std::clamp<std::int64_t>(spin->Position + (steps > 0 ? 1 : -1), spin->Lowest, spin->Highest);
+        if (stepped == spin->Position) continue;
+        spin->Position = stepped;
+        spin->Buddy->Text = FormatText(u"%i", stepped);
+        spin->Buddy->Tell(EditChanged);
+    }
     return true;
 }
 
@@ -153,7 +162,8 @@ bool UserShowPage(CDialog& dialog, int index) {
     focusedWindow = nullptr;
     if (left != nullptr && left->Kind == ControlKind::Edit) left->Tell(EditFocusLost);
     if (focusedWindow != nullptr || dialog.Sheet == nullptr) return false;
-    return dialog.Sheet->SetActivePage(index);
+    // A click on the tab in front asks nothing.
+    return index == dialog.Sheet->GetActiveIndex() || dialog.Sheet->SetActivePage(index);
 }
 
 bool UserClickRow(CDialog& dialog, int id, int row, bool onCheckBox) {

@@ -10,8 +10,12 @@ int CWnd::GetDlgCtrlID() const {
     return Handle->Id;
 }
 
+// A window that is disabled can't keep the focus.
 void CWnd::EnableWindow(bool enable) {
     Handle->Enabled = enable;
+    if (enable || focusedWindow != Handle) return;
+    focusedWindow = nullptr;
+    if (Handle->Kind == ControlKind::Edit) Handle->Tell(EditFocusLost);
 }
 
 bool CWnd::IsWindowEnabled() const {
@@ -19,7 +23,7 @@ bool CWnd::IsWindowEnabled() const {
 }
 
 void CWnd::SetFocus() {
-    if (focusedWindow == Handle) return;
+    if (focusedWindow == Handle || !Handle->Enabled) return;
     NativeWindow* const left = focusedWindow;
     focusedWindow = Handle;
     if (left != nullptr && left->Kind == ControlKind::Edit) left->Tell(EditFocusLost);
@@ -73,8 +77,4 @@ void* CWnd::GetUserData() const {
 
 CWnd CWnd::GetFocus() {
     return CWnd(focusedWindow);
-}
-
-void AfxSetWindowText(CWnd window, const std::u16string& text) {
-    if (window.GetWindowText() != text) window.SetWindowText(text);
 }

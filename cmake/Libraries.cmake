@@ -1,0 +1,23 @@
+# The libraries around the module: from Debian's packages, on which a cross compiler can't draw directly, since
+# their folder holds the headers of another system too.
+function(use_header_library TARGET FOLDER)
+  set(PLACE ${CMAKE_BINARY_DIR}/headers)
+  file(MAKE_DIRECTORY ${PLACE})
+  file(CREATE_LINK /usr/include/${FOLDER} ${PLACE}/${FOLDER} SYMBOLIC)
+  add_library(${TARGET} INTERFACE IMPORTED GLOBAL)
+  target_include_directories(${TARGET} SYSTEM INTERFACE ${PLACE})
+endfunction()
+
+if(CMAKE_CROSSCOMPILING)
+  use_header_library(CLI11::CLI11 CLI)
+  use_header_library(nlohmann_json::nlohmann_json nlohmann)
+  if(KELVARIN_TESTS)
+    add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  endif()
+else()
+  find_package(CLI11 REQUIRED)
+  find_package(nlohmann_json REQUIRED)
+  if(KELVARIN_TESTS)
+    find_package(GTest REQUIRED)
+  endif()
+endif()

@@ -1,0 +1,97 @@
+#include "platform/framework/File.h"
+#include "platform/framework/FileLock.h"
+#include "platform/framework/ProfileStore.h"
+#include "platform/framework/ProfileText.h"
+#include "platform/framework/Text.h"
+
+namespace {
+
+// The bytes of a file. A file that doesn't exist is empty; nothing means that it can't be read, and so must
+// not be written over either.
+std::optional<std::string> ReadWholeFile(const std::u16string& path) {
+    CFile file;
+    CFileException error(false);
+    if (!file.Open(path.c_str(), CFile::modeRead, &error)) {
+        if (error.Cause == CFileException::fileNotFound) return std::string();
+        return std::nullopt;
+    }
+    try {
+        std::string bytes;
+        constexpr std::size_t Block = 16384;
+        std::size_t count = 0;
+        do {
+            const std::size_t size = bytes.size();
+            bytes.resize(size + Block);
+            count = file.Read(bytes.data() + size, Block);
+            bytes.resize(size + count);
+        } while (count != 0);
+        return bytes;
+    } catch (CFileException* failure) {
+        failure->Delete();
+        return std::nullopt;
+    }
+}
+
+class FileProfile : public ProfileStore {
+  public:
+    explicit FileProfile(std::u16string path) : Path(std::move(path)) {}
+
+    std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) override {
+        const auto value = Find(section, key);
+        return value ? IntFromProfileText(*value) : std::nullopt;
+    }
+    std::optional<std::u16string> ReadText(const std::u16string& section,
+                                           const std::u16string& key) override {
+        const auto value = Find(section, key);
+        return value ? UnquoteProfileText(*value) : std::nullopt;
+    }
+    std::optional<ProfileBlock> ReadBlock(const std::u16string& section, const std::u16string& key) override {
+        const auto value = Find(section, key);
+        return value ? BlockFromProfileText(*value) : std::nullopt;
+    }
+    bool WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) override {
+        return Store(section, key, std::to_string(value));
+    }
+    bool WriteText(const std::u16string& section, const std::u16string& key,
+                   const std::u16string& value) override {
+        return Store(section, key, QuoteProfileText(value));
+    }
+    bool WriteBlock(const std::u16string& section, const std::u16string& key,
+                    const ProfileBlock& value) override {
+        return Store(section, key, BlockToProfileText(value));
+    }
+
+  private:
+    std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
+        const auto bytes = ReadWholeFile(Path);
+        if (!bytes) return std::nullopt;
+        return ProfileText(*bytes).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
+    }
+
+    // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
+    bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) const {
+        MakeFolders(Path);
+        // The profile itself can't be the lock: it is replaced while that is held.
+        const FileLock lock(Path + u".lock");
+        if (!lock.IsHeld()) return false;
+        const auto bytes = ReadWholeFile(Path);
+        if (!bytes) return false;
+        ProfileText text(*bytes);
+        text.Set(Utf16ToUtf8(section), Utf16ToUtf8(key), value);
+        try {
+            ReplaceFile(Path, text.ToBytes());
+        } catch (CFileException* failure) {
+            failure->Delete();
+            return false;
+        }
+        return true;
+    }
+
+    const std::u16string Path;
+};
+
+}  // namespace
+
+std::unique_ptr<ProfileStore> OpenProfileFile(const std::u16string& path) {
+    return std::make_unique<FileProfile>(path);
+}

@@ -1,0 +1,45 @@
+#include "platform/framework/Terminal.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <atomic>
+#include <cstdio>
+
+#include "platform/framework/Path.h"
+#include "platform/framework/win32/Api.h"
+
+namespace {
+
+std::atomic<bool> interrupted{false};
+
+// Runs on a thread of the system's. False passes a second Ctrl-C on, which ends the program.
+BOOL WINAPI RememberInterrupt(DWORD event) {
+    return event == CTRL_C_EVENT && !interrupted.exchange(true) ? TRUE : FALSE;
+}
+
+}  // namespace
+
+// The arguments of main come in the system's code page, which can't write every file name.
+std::vector<std::string> BeginProgram(int, char**) {
+    SetConsoleOutputCP(CP_UTF8);
+    for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+    std::vector<std::string> arguments;
+    int count = 0;
+    wchar_t** const texts = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 1; i < count; ++i) arguments.push_back(PathToNative(FromW(texts[i])));
+    LocalFree(texts);
+    return arguments;
+}
+
+bool IsErrorTerminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
+void CatchInterrupt() {
+    SetConsoleCtrlHandler(RememberInterrupt, TRUE);
+}
+
+bool WasInterrupted() {
+    return interrupted;
+}

@@ -1,0 +1,66 @@
+#include "program/ProgramRun.h"
+
+#include "platform/framework/Path.h"
+#include "platform/framework/win32/Api.h"
+
+namespace {
+
+// As the program's start-up takes it apart again: backslashes count only before a quote.
+std::string Quoted(const std::string& text) {
+    std::string quoted = "\"";
+    std::size_t slashes = 0;
+    for (const char c : text) {
+        if (c == '"') quoted.append(slashes + 1, '\\');
+        slashes = c == '\\' ? slashes + 1 : 0;
+        quoted += c;
+    }
+    return quoted.append(slashes, '\\') + "\"";
+}
+
+// A file that takes one of the program's streams.
+HANDLE OpenStream(const std::u16string& path) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    return CreateFileW(W(path), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+}  // namespace
+
+// The profile is a file of the folder, not the registry: where the same tests look for it elsewhere.
+std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) const {
+    std::string command = Quoted(KELVARIN_IMPORT);
+    bool hasProfile = arguments.empty() || arguments.front().compare(0, 2, "--") == 0;
+    for (const std::string& argument : arguments) {
+        command += " " + Quoted(argument);
+        if (argument == "--json" || argument == "--set") hasProfile = false;
+    }
+    for (const std::string& argument : arguments) hasProfile = hasProfile || argument == "--profile";
+    return hasProfile ? command : command + " --profile config/Brenholt/kelvarin.ini";
+}
+
+ProgramResult ProgramRun::operator()(const std::vector<std::string>& arguments) const {
+    std::u16string command = PathFromNative(CommandLine(arguments));
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdOutput = OpenStream(Folder.Path("stdout.txt"));
+    start.hStdError = OpenStream(Folder.Path("stderr.txt"));
+    PROCESS_INFORMATION process{};
+    ProgramResult result;
+    if (CreateProcessW(nullptr, W(command.data()), nullptr, nullptr, TRUE, 0, nullptr, W(Folder.Path("")),
+                       &start, &process)) {
+        DWORD status = 0;
+        WaitForSingleObject(process.hProcess, INFINITE);
+        GetExitCodeProcess(process.hProcess, &status);
+        result.Status = static_cast<int>(status);
+        CloseHandle(process.hProcess);
+        CloseHandle(process.hThread);
+    }
+    CloseHandle(start.hStdOutput);
+    CloseHandle(start.hStdError);
+    result.Out = Folder.Read("stdout.txt");
+    result.Err = Folder.Read("stderr.txt");
+    std::filesystem::remove(Folder.NativePath("stdout.txt"));
+    std::filesystem::remove(Folder.NativePath("stderr.txt"));
+    return result;
+}
