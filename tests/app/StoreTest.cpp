@@ -97,7 +97,8 @@ void CompareStores(std::uint64_t keepLimit, std::uint64_t visited) {
 }
 
 TEST(Store, GivesBackWhatItWasGiven) {
-    for (const std::uint64_t limit : {0u, 1u, 128u, 129u, 5000u, 100000u}) CompareStores(limit, ~std::uint64_t{0});
+    for (const std::uint64_t limit : {0u, 1u, 128u, 129u, 5000u, 100000u})
+        CompareStores(limit, ~std::uint64_t{0});
     CompareStores(100'000, 12'345);
 }
 
