@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "app/MessageList.h"
-#include "app/StoredDevice.h"
+#include "app/store/StoredDevice.h"
 #include "host/ImportDllInfo.h"
 #include "host/ImportFilter.h"
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <random>
 
-#include "app/StoredDevice.h"
-#include "app/TimeAxis.h"
+#include "app/store/StoredDevice.h"
+#include "app/store/TimeAxis.h"
 
 namespace {
 

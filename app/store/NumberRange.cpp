@@ -1,4 +1,4 @@
-#include "app/NumberRange.h"
+#include "app/store/NumberRange.h"
 
 #include <emmintrin.h>
 

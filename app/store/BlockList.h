@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "app/Arena.h"
+#include "app/store/Arena.h"
 
 // Takes values one by one. When a block is full its owner either keeps it and goes on in another, or forgets
 // it: the memory then stays that of one block, however many values come.

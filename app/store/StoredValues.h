@@ -6,10 +6,10 @@
 #include <type_traits>
 #include <utility>
 
-#include "app/BlockList.h"
-#include "app/IntegerList.h"
-#include "app/StoredSignal.h"
-#include "app/TextBlocks.h"
+#include "app/store/BlockList.h"
+#include "app/store/IntegerList.h"
+#include "app/store/StoredSignal.h"
+#include "app/store/TextBlocks.h"
 
 // Values of a fixed size: bool as a byte, int64, double, char16_t.
 template <class Value>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/StoredSignal.h"
+#include "app/store/StoredSignal.h"
 #include "host/DeviceHost.h"
 
 class StoredDevice : public CDevice, public DM::SourceProxy {

@@ -1,4 +1,4 @@
-#include "app/Sparkline.h"
+#include "app/store/Sparkline.h"
 
 std::uint64_t Sparkline::MakeRoom() {
     if (Count != 0 && InLast < PerStretch) return PerStretch - InLast;

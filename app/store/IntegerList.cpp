@@ -1,4 +1,4 @@
-#include "app/IntegerList.h"
+#include "app/store/IntegerList.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,4 +1,4 @@
-#include "app/TimeAxis.h"
+#include "app/store/TimeAxis.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "app/StoredDevice.h"
+#include "app/store/StoredDevice.h"
 
 #include <utility>
 

@@ -9,7 +9,7 @@
 #include <span>
 #include <string>
 
-#include "app/NumberRange.h"
+#include "app/store/NumberRange.h"
 
 // Takes any number of values and keeps lowest and highest of at most 64 stretches of equal length: memory
 // does not grow with the signal.

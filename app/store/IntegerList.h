@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "app/Arena.h"
+#include "app/store/Arena.h"
 
 // What BlockList is, but a block that is kept is packed to one, two, four or eight bytes a value, by its
 // largest one: most measured integers are small, and memory that isn't touched costs no time either.

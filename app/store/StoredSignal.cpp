@@ -1,10 +1,10 @@
-#include "app/StoredSignal.h"
+#include "app/store/StoredSignal.h"
 
 #include <algorithm>
 #include <type_traits>
 #include <utility>
 
-#include "app/StoredValues.h"
+#include "app/store/StoredValues.h"
 
 StoredSignal::StoredSignal(SignalDescription description, std::uint32_t id, const SharedStore& store)
     : Axis(store.Axis), About(std::move(description)), Id{{0, 0, 0}, id}, KeepLimit(store.KeepLimit) {}

@@ -1,4 +1,4 @@
-#include "app/StoredValues.h"
+#include "app/store/StoredValues.h"
 
 namespace {
 

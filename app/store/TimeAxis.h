@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "app/IntegerList.h"
+#include "app/store/IntegerList.h"
 #include "platform/framework/Numbers.h"
 
 // A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much

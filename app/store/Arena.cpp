@@ -1,4 +1,4 @@
-#include "app/Arena.h"
+#include "app/store/Arena.h"
 
 #include <algorithm>
 

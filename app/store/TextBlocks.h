@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Arena.h"
+#include "app/store/Arena.h"
 
 // Keeps a text whose characters all lie below 256 in one byte each: that is most texts of measurement files.
 class TextBlocks {

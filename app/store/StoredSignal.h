@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "app/Arena.h"
-#include "app/Sparkline.h"
-#include "app/TimeAxis.h"
+#include "app/store/Arena.h"
+#include "app/store/Sparkline.h"
+#include "app/store/TimeAxis.h"
 #include "host/DataStore.h"
 
 // What the signals of a device share. Outlives them.

@@ -1,4 +1,4 @@
-#include "app/TextBlocks.h"
+#include "app/store/TextBlocks.h"
 
 #include <emmintrin.h>
 

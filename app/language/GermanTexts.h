@@ -1,0 +1,12 @@
+// What the program says, in German: a table per area.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+struct Translation {
+    std::string_view English;
+    std::string_view German;
+};
+
+std::span<const Translation> GermanImportTexts();
