@@ -7,11 +7,12 @@
 #include "app/JsonReport.h"
 #include "app/SourceCheck.h"
 #include "app/TextReport.h"
+#include "app/language/Phrase.h"
 #include "platform/framework/Path.h"
 
 namespace {
 
-int AnalyzeFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+int AnalyzeFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
     const std::u16string path = PathFromNative(file);
     HostSession session(module.Factory(), path, RunOptions());
     const bool analyzed = session.Filter().AnalyzeFile();
@@ -27,10 +28,13 @@ int AnalyzeFile(const ModuleLoader& module, const Options& options, const std::s
 
 }  // namespace
 
-int RunAnalyzeCommand(const ModuleLoader& module, const Options& options) {
-    int status = ExitDone;
-    for (const std::string& file : options.Files) {
-        if (AnalyzeFile(module, options, file) != ExitDone) status = ExitFileFailed;
-    }
-    return status;
+void AddAnalyzeCommand(CommandLine& line) {
+    line.Add("analyze", Phrase("What the analysis finds: format and columns"),
+             [](const ModuleLoader& module, const CommonOptions& common) {
+                 int status = ExitDone;
+                 for (const std::string& file : common.Files) {
+                     if (AnalyzeFile(module, common, file) != ExitDone) status = ExitFileFailed;
+                 }
+                 return status;
+             });
 }

@@ -1,11 +1,9 @@
-// The subcommands. Each does all files and answers the exit status; a file that fails doesn't stop the
-// others.
+// The commands; each adds itself, with its options, to the command line.
 #pragma once
 
-#include "app/ModuleLoader.h"
-#include "app/Options.h"
+#include "app/CommandLine.h"
 
-int RunImportCommand(const ModuleLoader& module, const Options& options);
-int RunAnalyzeCommand(const ModuleLoader& module, const Options& options);
-int RunSidecarCommand(const ModuleLoader& module, const Options& options);
-int RunDialogCommand(const ModuleLoader& module, const Options& options);
+void AddImportCommand(CommandLine& line);
+void AddAnalyzeCommand(CommandLine& line);
+void AddSidecarCommand(CommandLine& line);
+void AddDialogCommand(CommandLine& line);

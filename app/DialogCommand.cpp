@@ -1,5 +1,6 @@
 #include <fstream>
 #include <iostream>
+#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "app/Commands.h"
@@ -9,6 +10,7 @@
 #include "app/HostSession.h"
 #include "app/SettingsJson.h"
 #include "app/SourceCheck.h"
+#include "app/language/Phrase.h"
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/Path.h"
 
@@ -41,20 +43,33 @@ int ShowDialog(const ModuleLoader& module, const std::string& file) {
     return Report(session, file, session.Filter().ShowOptionDialog());
 }
 
+// `scriptPath` is empty, a file, or - for standard input.
+int RunDialog(const ModuleLoader& module, const std::string& file, const std::string& scriptPath) {
+    if (scriptPath.empty() && HasDisplay()) return ShowDialog(module, file);
+    if (scriptPath.empty()) {
+        Complain(
+            Phrase("there is no display for the dialog here; drive it with --script FILE, or set values with "
+                   "--set"));
+        return ExitWrongUsage;
+    }
+    if (scriptPath == "-") return RunScript(module, file, std::cin);
+    std::ifstream script(PathForStream(PathFromNative(scriptPath)));
+    if (!script) {
+        ComplainAbout(scriptPath, Phrase("the script can't be read"));
+        return ExitWrongUsage;
+    }
+    return RunScript(module, file, script);
+}
+
 }  // namespace
 
-int RunDialogCommand(const ModuleLoader& module, const Options& options) {
-    if (options.Script.empty() && HasDisplay()) return ShowDialog(module, options.Files.front());
-    if (options.Script.empty()) {
-        Complain(
-            "there is no display for the dialog here; drive it with --script FILE, or set values with --set");
-        return ExitWrongUsage;
-    }
-    if (options.Script == "-") return RunScript(module, options.Files.front(), std::cin);
-    std::ifstream script(PathForStream(PathFromNative(options.Script)));
-    if (!script) {
-        ComplainAbout(options.Script, "the script can't be read");
-        return ExitWrongUsage;
-    }
-    return RunScript(module, options.Files.front(), script);
+void AddDialogCommand(CommandLine& line) {
+    const auto script = std::make_shared<std::string>();
+    CLI::App& command = line.Add("dialog", Phrase("The settings dialog of one file, driven by a script"),
+                                 [script](const ModuleLoader& module, const CommonOptions& common) {
+                                     return RunDialog(module, common.Files.front(), *script);
+                                 });
+    command.get_option("FILE")->expected(1);
+    command.add_option("--script", *script, Phrase("Steps of the user, one a line; - for standard input"))
+        ->type_name("FILE");
 }

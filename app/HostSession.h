@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,6 +13,8 @@
 #include "app/store/StoredDevice.h"
 #include "host/ImportDllInfo.h"
 #include "host/ImportFilter.h"
+
+constexpr std::size_t AllSamples = std::numeric_limits<std::size_t>::max();
 
 // What a host wants of a run.
 struct RunOptions {

@@ -1,5 +1,8 @@
 #include <algorithm>
 #include <iostream>
+#include <limits>
+#include <memory>
+#include <optional>
 
 #include "app/Commands.h"
 #include "app/Complaints.h"
@@ -11,17 +14,26 @@
 #include "app/SourceCheck.h"
 #include "app/TextReport.h"
 #include "app/TimeAdvice.h"
+#include "app/WholeNumber.h"
+#include "app/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace {
 
-RunOptions MakeRunOptions(const Options& options, ProgressLine& progress) {
+// The command's own options.
+struct ImportOptions {
+    bool KeepAll = false;                  // keep every sample in memory
+    std::optional<std::size_t> Samples;    // how many of each signal the report lists
+    std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
+};
+
+RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
     RunOptions run;
     run.BaseTime = options.BaseTime;
     run.KeepSamples = options.KeepAll ? AllSamples : options.Samples.value_or(0);
-    run.KeepAllMessages = options.Json;
+    run.KeepAllMessages = common.Json;
     run.OnProgress = [&progress](std::uint32_t percent) { progress.Show(percent); };
     return run;
 }
@@ -59,18 +71,19 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     WriteRunText(std::cout, result, session, advice);
 }
 
-int ImportFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+int ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
+               const std::string& file) {
     const std::u16string path = PathFromNative(file);
     RunResult result;
     std::string reason;
     {
         ProgressLine progress(file);
-        HostSession session(module.Factory(), path, MakeRunOptions(options, progress));
+        HostSession session(module.Factory(), path, MakeRunOptions(common, options, progress));
         result = session.Run([&] {
             return static_cast<std::uint64_t>(SummarizeFormat(SettingsOf(session.Filter())).FirstDataLine);
         });
         reason = WhyFailed(path, result, session);
-        if (options.Json) {
+        if (common.Json) {
             WriteImportJson(std::cout, file, result, session, options.Samples);
         } else {
             WriteText(module, file, path, result, session);
@@ -81,14 +94,61 @@ int ImportFile(const ModuleLoader& module, const Options& options, const std::st
     return reason.empty() ? ExitDone : ExitFileFailed;
 }
 
-}  // namespace
-
-int RunImportCommand(const ModuleLoader& module, const Options& options) {
+int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options) {
     CatchInterrupt();
     int status = ExitDone;
-    for (const std::string& file : options.Files) {
-        status = std::max(status, ImportFile(module, options, file));
+    for (const std::string& file : common.Files) {
+        status = std::max(status, ImportFile(module, common, options, file));
         if (status == ExitInterrupted) break;
     }
     return status;
+}
+
+void SetSamples(const std::string& text, ImportOptions& options) {
+    std::size_t count = 0;
+    if (text == "all") {
+        options.Samples = AllSamples;
+    } else if (ParseWhole(text, count)) {
+        options.Samples = count;
+    } else {
+        RefuseOption("--samples", Phrase("'{}' is neither a number of samples nor all", text));
+    }
+}
+
+void SetStore(const std::string& text, ImportOptions& options) {
+    options.KeepAll = text == "memory";
+    if (text != "none" && text != "memory")
+        RefuseOption("--store", Phrase("'{}' is not allowed; allowed are none and memory", text));
+}
+
+void SetBaseTime(const std::string& text, ImportOptions& options) {
+    std::int64_t time = 0;
+    if (!ParseWhole(text, time))
+        RefuseOption("--base-time", Phrase("'{}' is no 64-bit number of nanoseconds", text));
+    options.BaseTime = time;
+}
+
+}  // namespace
+
+void AddImportCommand(CommandLine& line) {
+    const auto options = std::make_shared<ImportOptions>();
+    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
+                                 [options](const ModuleLoader& module, const CommonOptions& common) {
+                                     return ImportFiles(module, common, *options);
+                                 });
+    command
+        .add_option_function<std::string>(
+            "--samples", [options](const std::string& text) { SetSamples(text, *options); },
+            Phrase("List the first N samples of each signal, or all"))
+        ->type_name("N|all");
+    command
+        .add_option_function<std::string>(
+            "--store", [options](const std::string& text) { SetStore(text, *options); },
+            Phrase("none: keep a summary of each signal (default); memory: keep every sample"))
+        ->type_name("none|memory");
+    command
+        .add_option_function<std::string>(
+            "--base-time", [options](const std::string& text) { SetBaseTime(text, *options); },
+            Phrase("Start of relative measurement time in nanoseconds"))
+        ->type_name("NS");
 }

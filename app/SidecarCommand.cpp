@@ -1,10 +1,12 @@
 #include <iostream>
+#include <memory>
 #include <nlohmann/json.hpp>
 
 #include "app/Commands.h"
 #include "app/Complaints.h"
 #include "app/ExitStatus.h"
 #include "app/TextTable.h"
+#include "app/language/Phrase.h"
 #include "host/SidecarTool.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -57,7 +59,7 @@ void WriteCheckText(const std::string& file, const SidecarCheck& check) {
     table.Write(std::cout, "    ");
 }
 
-int CheckFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+int CheckFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
     const SidecarCheck check = module.SidecarTool().CheckSidecar(PathFromNative(file).c_str());
     if (options.Json) {
         WriteCheckJson(file, check);
@@ -70,7 +72,7 @@ int CheckFile(const ModuleLoader& module, const Options& options, const std::str
     return ExitFileFailed;
 }
 
-int WriteFile(const ModuleLoader& module, const Options& options, const std::string& file) {
+int WriteFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
     std::string reason;
     const bool written = module.SidecarTool().WriteSidecar(PathFromNative(file).c_str(), reason);
     if (options.Json) {
@@ -86,12 +88,18 @@ int WriteFile(const ModuleLoader& module, const Options& options, const std::str
 
 }  // namespace
 
-int RunSidecarCommand(const ModuleLoader& module, const Options& options) {
-    int status = ExitDone;
-    for (const std::string& file : options.Files) {
-        const int done =
-            options.CheckOnly ? CheckFile(module, options, file) : WriteFile(module, options, file);
-        if (done != ExitDone) status = done;
-    }
-    return status;
+void AddSidecarCommand(CommandLine& line) {
+    const auto checkOnly = std::make_shared<bool>(false);
+    CLI::App& command =
+        line.Add("sidecar", Phrase("Write FILE.info from the settings in force, or check one"),
+                 [checkOnly](const ModuleLoader& module, const CommonOptions& common) {
+                     int status = ExitDone;
+                     for (const std::string& file : common.Files) {
+                         const int done =
+                             *checkOnly ? CheckFile(module, common, file) : WriteFile(module, common, file);
+                         if (done != ExitDone) status = done;
+                     }
+                     return status;
+                 });
+    command.add_flag("--check", *checkOnly, Phrase("FILE is a sidecar: say how it reads"));
 }

@@ -11,7 +11,7 @@
 namespace {
 
 // The store that the module will read: the user's or a file, under the values of the command line.
-void SetUpProfile(const Options& options) {
+void SetUpProfile(const CommonOptions& options) {
     std::shared_ptr<ProfileStore> store = options.ProfilePath.empty()
                                               ? OpenUserProfile(u"Brenholt", GetCommonProfileName())
                                               : OpenProfileFile(PathFromNative(options.ProfilePath));
@@ -23,23 +23,19 @@ void SetUpProfile(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    Options options;
-    if (const std::optional<int> status = ParseCommandLine(BeginProgram(argc, argv), options)) return *status;
-    SetUpProfile(options);
+    const std::vector<std::string> arguments = BeginProgram(argc, argv);
+    CommandLine line;
+    AddImportCommand(line);
+    AddAnalyzeCommand(line);
+    AddSidecarCommand(line);
+    AddDialogCommand(line);
+    if (const std::optional<int> status = line.Parse(arguments)) return *status;
+    SetUpProfile(line.Common());
     ModuleLoader module;
     const std::string reason = module.Load();
     if (!reason.empty()) {
         Complain(reason);
         return ExitFileFailed;
     }
-    switch (options.What) {
-        case Command::Analyze:
-            return RunAnalyzeCommand(module, options);
-        case Command::Sidecar:
-            return RunSidecarCommand(module, options);
-        case Command::Dialog:
-            return RunDialogCommand(module, options);
-        default:
-            return RunImportCommand(module, options);
-    }
+    return line.Run(module);
 }

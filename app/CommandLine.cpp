@@ -1,0 +1,107 @@
+#include "app/CommandLine.h"
+
+#include <algorithm>
+
+#include "app/Complaints.h"
+#include "app/ExitStatus.h"
+#include "app/SettingsJson.h"
+#include "app/language/Phrase.h"
+
+namespace {
+
+constexpr const char* ProgramName = "kelvarin-import";
+
+int Refuse(const std::string& text) {
+    Complain(text);
+    return ExitWrongUsage;
+}
+
+// The names of the options of a command, for a complaint about another one.
+std::string AllowedOptions(const CLI::App& command) {
+    std::string names;
+    for (const CLI::Option* option : command.get_options()) {
+        if (option->get_lnames().empty()) continue;
+        names += (names.empty() ? "--" : ", --") + option->get_lnames().front();
+    }
+    return names;
+}
+
+}  // namespace
+
+void RefuseOption(const std::string& option, const std::string& reason) {
+    throw CLI::ValidationError(option, reason);
+}
+
+CommandLine::CommandLine()
+    : Program(Phrase("Turns measurement text files (*.csv, *.txt) into signals."), ProgramName) {
+    Program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION);
+    Program.require_subcommand(1);
+    Program.allow_windows_style_options(false);  // a path may begin with a slash
+}
+
+CLI::App& CommandLine::Add(const std::string& name, const std::string& description, Body body) {
+    CLI::App& command = *Program.add_subcommand(name, description);
+    AddCommonOptions(command);
+    Bodies.emplace(&command, std::move(body));
+    return command;
+}
+
+void CommandLine::AddCommonOptions(CLI::App& command) {
+    command
+        .add_option("--profile", CommonValues.ProfilePath, Phrase("Profile store (default: the user's own)"))
+        ->type_name("FILE");
+    const auto addSettings = [this](const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) {
+            std::pair<std::u16string, ProfileOverlay::Value> setting;
+            const std::string complaint = ParseSettingOption(text, setting.first, setting.second);
+            if (!complaint.empty()) RefuseOption("--set", complaint);
+            CommonValues.Settings.push_back(std::move(setting));
+        }
+    };
+    command
+        .add_option_function<std::vector<std::string>>("--set", addSettings,
+                                                       Phrase("A setting for this run only; repeatable"))
+        ->type_name("KEY=VALUE")
+        ->allow_extra_args(false);
+    command.add_flag("--json", CommonValues.Json, Phrase("One JSON document per file on standard output"));
+    const auto checkLanguage = [](const std::string& code) {
+        if (code != "de")
+            RefuseOption("--language", Phrase("there are no texts for '{}'; allowed is de", code));
+    };
+    command
+        .add_option_function<std::string>("--language", checkLanguage,
+                                          Phrase("Language of the module's texts: de"))
+        ->type_name("CODE");
+    command.add_option("FILE", CommonValues.Files, Phrase("Text files with separators"))->required();
+}
+
+// A file as first argument means import, and so does an option of that command.
+std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments) const {
+    std::vector<std::string> known = {"--help", "-h", "--version"};
+    for (const CLI::App* command : Program.get_subcommands(nullptr)) known.push_back(command->get_name());
+    if (!arguments.empty() && std::find(known.begin(), known.end(), arguments.front()) == known.end()) {
+        arguments.insert(arguments.begin(), "import");
+    }
+    std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
+    return arguments;
+}
+
+std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments) {
+    try {
+        Program.parse(InOrder(arguments));
+    } catch (const CLI::Success& wish) {
+        return Program.exit(wish);
+    } catch (const CLI::ValidationError& error) {
+        return Refuse(error.what());
+    } catch (const CLI::ExtrasError& error) {
+        const CLI::App& command = *Program.get_subcommands().front();
+        return Refuse(Phrase("{}; allowed are {}", error.what(), AllowedOptions(command)));
+    } catch (const CLI::ParseError& error) {
+        return Refuse(Phrase("{}; see --help", error.what()));
+    }
+    return std::nullopt;
+}
+
+int CommandLine::Run(const ModuleLoader& module) const {
+    return Bodies.at(Program.get_subcommands().front())(module, CommonValues);
+}
