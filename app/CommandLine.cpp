@@ -6,6 +6,8 @@
 #include "app/ExitStatus.h"
 #include "app/SettingsJson.h"
 #include "app/language/Phrase.h"
+#include "host/SupportFunctions.h"
+#include "platform/framework/Language.h"
 
 namespace {
 
@@ -27,6 +29,17 @@ std::string AllowedOptions(const CLI::App& command) {
 }
 
 }  // namespace
+
+std::string WantedLanguage(const std::vector<std::string>& arguments) {
+    constexpr std::string_view Option = "--language";
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument == Option && i + 1 < arguments.size()) return arguments[i + 1];
+        if (argument.starts_with(Option) && argument[Option.size()] == '=')
+            return argument.substr(Option.size() + 1);
+    }
+    return UserLanguage();
+}
 
 void RefuseOption(const std::string& option, const std::string& reason) {
     throw CLI::ValidationError(option, reason);
@@ -65,12 +78,15 @@ void CommandLine::AddCommonOptions(CLI::App& command) {
         ->allow_extra_args(false);
     command.add_flag("--json", CommonValues.Json, Phrase("One JSON document per file on standard output"));
     const auto checkLanguage = [](const std::string& code) {
-        if (code != "de")
-            RefuseOption("--language", Phrase("there are no texts for '{}'; allowed is de", code));
+        if (code != "de" && code != "en")
+            RefuseOption("--language", Phrase("there are no texts for '{}'; allowed are de and en", code));
+        SetPreferredLanguage(code);
     };
     command
-        .add_option_function<std::string>("--language", checkLanguage,
-                                          Phrase("Language of the module's texts: de"))
+        .add_option_function<std::string>(
+            "--language", checkLanguage,
+            Phrase(
+                "Language of all texts and of the letters of a time format: de or en (default: the user's)"))
         ->type_name("CODE");
     command.add_option("FILE", CommonValues.Files, Phrase("Text files with separators"))->required();
 }

@@ -20,6 +20,10 @@ struct CommonOptions {
     bool Json = false;
 };
 
+// The language of the program's texts: the option's, else the user's. Known before the line is parsed, since
+// the help texts too are in it.
+std::string WantedLanguage(const std::vector<std::string>& arguments);
+
 class CommandLine {
   public:
     // Does all files and answers the exit status; a file that fails doesn't stop the others.

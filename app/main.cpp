@@ -3,6 +3,7 @@
 #include "app/Complaints.h"
 #include "app/ExitStatus.h"
 #include "app/SettingsJson.h"
+#include "app/language/Phrase.h"
 #include "host/SupportFunctions.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -24,6 +25,7 @@ void SetUpProfile(const CommonOptions& options) {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments = BeginProgram(argc, argv);
+    SetPhraseLanguage(WantedLanguage(arguments));
     CommandLine line;
     AddImportCommand(line);
     AddAnalyzeCommand(line);

@@ -15,6 +15,7 @@ constexpr const char16_t* CompanyKey = u"Brenholt";
 CCsvImportApp::CCsvImportApp() : CWinApp(CsvImportModule()) {}
 
 bool CCsvImportApp::InitInstance() {
+    const AFX_MAINTAIN_STATE2 context(CsvImportModule());  // names the module whose language is wanted
     UseUserLocale();
     SetRegistryKey(CompanyKey);
     ProfileName = GetCommonProfileName();

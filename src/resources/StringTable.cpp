@@ -47,6 +47,6 @@ constexpr StringResource Strings[] = {
 }  // namespace
 
 ModuleState& CsvImportModule() {
-    static ModuleState module(StringTable{Strings, std::size(Strings)}, GetDialogTemplates());
+    static ModuleState module(StringTable{Strings, std::size(Strings)}, GetDialogTemplates(), u"csv-import");
     return module;
 }

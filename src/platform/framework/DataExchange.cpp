@@ -4,7 +4,9 @@
 
 #include "platform/framework/Controls.h"
 #include "platform/framework/FormatText.h"
+#include "platform/framework/FrameworkStrings.h"
 #include "platform/framework/Locale.h"
+#include "platform/framework/Module.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
@@ -21,7 +23,9 @@ std::u16string NumberText(double value) {
 }
 
 void FailRange(CDataExchange& exchange, int id, int lowest, int highest) {
-    exchange.Fail(id, FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", lowest, highest));
+    exchange.Fail(id, FormatText(LoadFrameworkString(IdWholeRange,
+                                                     u"Geben Sie eine ganze Zahl zwischen %i und %i ein."),
+                                 lowest, highest));
 }
 
 // The control of an exchange that still runs; one that doesn't exist is not exchanged.
@@ -90,8 +94,9 @@ void DDX_TextInRange(CDataExchange& exchange, int id, double& value, double lowe
     const bool isNumber = end != text.c_str() && *end == u'\0';
     if (isNumber) value = number;
     if (isNumber && value >= lowest && value <= highest) return;
-    exchange.Fail(id, FormatText(u"Geben Sie eine Zahl zwischen %s und %s ein.", NumberText(lowest),
-                                 NumberText(highest)));
+    exchange.Fail(
+        id, FormatText(LoadFrameworkString(IdNumberRange, u"Geben Sie eine Zahl zwischen %s und %s ein."),
+                       NumberText(lowest), NumberText(highest)));
 }
 
 void DDX_CBIndex(CDataExchange& exchange, int id, int& value) {
@@ -139,6 +144,8 @@ void DDV_MaxChars(CDataExchange& exchange, int id, const std::u16string& value, 
     if (!Begin(exchange, id, control)) return;
     if (!exchange.SaveAndValidate) return CEdit(control.Handle).LimitText(most);
     if (value.size() > static_cast<std::size_t>(most)) {
-        exchange.Fail(id, FormatText(u"Geben Sie höchstens %i Zeichen ein.", most));
+        exchange.Fail(
+            id,
+            FormatText(LoadFrameworkString(IdMostCharacters, u"Geben Sie höchstens %i Zeichen ein."), most));
     }
 }

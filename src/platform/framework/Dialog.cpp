@@ -4,7 +4,7 @@
 #include "platform/framework/Module.h"
 
 const DialogTemplate& CDialog::GetTemplate() const {
-    return *GetCurrentModule()->Dialogs.Find(TemplateId);
+    return *GetCurrentModule()->FindDialog(TemplateId);
 }
 
 bool CDialog::OnInitDialog() {

@@ -7,6 +7,9 @@
 // Sets all categories to the user's default, as the environment or the system says.
 void UseUserLocale();
 
+// The language of the system's own texts as ISO 639 names it; empty if it has none.
+std::string SystemLanguage();
+
 // First character of the locale's decimal point, "." if the locale has none.
 char16_t LocaleDecimalPoint();
 

@@ -1,6 +1,10 @@
 #include "platform/framework/Module.h"
 
+#include <deque>
+#include <vector>
+
 #include "platform/framework/DialogTemplate.h"
+#include "platform/framework/Language.h"
 
 namespace {
 
@@ -22,13 +26,57 @@ const DialogTemplate* DialogTable::Find(int id) const {
     return nullptr;
 }
 
+// A module's templates with a language's texts in them.
+class TranslatedDialogs {
+  public:
+    TranslatedDialogs(const DialogTable& own, const LanguageResources& language) {
+        for (std::size_t i = 0; i < own.Count; ++i) {
+            DialogTemplate dialog = own.Entries[i];
+            auto& controls = Controls.emplace_back(dialog.Controls, dialog.Controls + dialog.Count);
+            for (ControlTemplate& control : controls) {
+                control.Text = language.Translate(control.Text);
+                control.Items = language.Translate(control.Items);
+            }
+            dialog.Title = language.Translate(dialog.Title);
+            dialog.Controls = controls.data();
+            Templates.push_back(dialog);
+        }
+    }
+
+    DialogTable Table() const { return {Templates.data(), Templates.size()}; }
+
+  private:
+    std::deque<std::vector<ControlTemplate>> Controls;
+    std::vector<DialogTemplate> Templates;
+};
+
+ModuleState::ModuleState(StringTable resources, DialogTable dialogs, const char16_t* name)
+    : Name(name), Resources(resources), Dialogs(dialogs) {}
+
+ModuleState::~ModuleState() = default;
+
 std::u16string ModuleState::LoadString(unsigned id) const {
-    const char16_t* const text = Resources.Find(id);
+    const char16_t* text = Language == nullptr ? nullptr : Language->Strings.Find(id);
+    if (text == nullptr) text = Resources.Find(id);
     return text == nullptr ? std::u16string() : std::u16string(text);
+}
+
+const DialogTemplate* ModuleState::FindDialog(int id) const {
+    return (Translated == nullptr ? Dialogs : Translated->Table()).Find(id);
+}
+
+void ModuleState::UseLanguage(const LanguageResources* language) {
+    Language = language;
+    Translated = language == nullptr ? nullptr : std::make_unique<TranslatedDialogs>(Dialogs, *language);
 }
 
 ModuleState* GetCurrentModule() {
     return currentModule;
+}
+
+std::u16string LoadFrameworkString(unsigned id, const char16_t* own) {
+    std::u16string text = currentModule == nullptr ? std::u16string() : currentModule->LoadString(id);
+    return text.empty() ? std::u16string(own) : text;
 }
 
 AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(ModuleState& module) : Previous(currentModule) {

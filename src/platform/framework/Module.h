@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 
 class CWinApp;
+class TranslatedDialogs;
+struct LanguageResources;
 
 // One string of a resource table.
 struct StringResource {
@@ -36,20 +39,36 @@ struct DialogTable {
 // The state of one module. The module keeps it for as long as it is loaded.
 class ModuleState {
   public:
-    explicit ModuleState(StringTable resources, DialogTable dialogs = {})
-        : Resources(resources), Dialogs(dialogs) {}
+    // Without a name the module has no other language than its own.
+    explicit ModuleState(StringTable resources, DialogTable dialogs = {}, const char16_t* name = u"");
+    ~ModuleState();
 
-    // A string of the module; empty for a number that doesn't exist.
+    // A string of the module in the language in force; empty for a number that doesn't exist.
     std::u16string LoadString(unsigned id) const;
 
-    StringTable Resources;
-    DialogTable Dialogs;
+    // A dialog of the module in the language in force, or null.
+    const DialogTemplate* FindDialog(int id) const;
+
+    // Puts a language's texts before the module's own, or takes them away with null. The tables must outlive
+    // the module. Before the first text is loaded: what was loaded stays as it is.
+    void UseLanguage(const LanguageResources* language);
+
+    const std::u16string Name;      // its file's, without extension
     CWinApp* App = nullptr;         // the module's application object, which enters itself
     std::u16string CurrentAppName;  // the title of message boxes
+
+  private:
+    const StringTable Resources;
+    const DialogTable Dialogs;
+    const LanguageResources* Language = nullptr;
+    std::unique_ptr<TranslatedDialogs> Translated;
 };
 
 // The module whose context was entered last on this thread; null outside any.
 ModuleState* GetCurrentModule();
+
+// A text of this library in the language of the current module; `own` if that has none.
+std::u16string LoadFrameworkString(unsigned id, const char16_t* own);
 
 // Selects a module's context for as long as it lives and then gives the caller's back, on every way out.
 class AFX_MAINTAIN_STATE2 {

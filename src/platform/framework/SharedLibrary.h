@@ -24,5 +24,9 @@ class SharedLibrary {
 // The file name of a module of this name, such as "csv-import.so".
 std::u16string ModuleFileName(const std::u16string& name);
 
+// The folder of the module or program in which a static object or function lies, without a separator at its
+// end; the program's if that can't be told.
+std::u16string FolderOfCode(const void* address);
+
 // The folder of the program that runs, without a separator at its end.
 std::u16string ProgramFolder();

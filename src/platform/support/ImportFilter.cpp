@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "platform/framework/FrameworkStrings.h"
+#include "platform/framework/Module.h"
+
 CImportFilter::CImportFilter(const char16_t* path) : FilePath(path) {}
 
 CImportFilter::~CImportFilter() = default;
@@ -15,11 +18,14 @@ std::vector<ImportMessage> CImportFilter::TakeMessages() {
 }
 
 void CImportFilter::AddDevCountWarningMessage(bool reserved) {
-    AddMessage(true, -1, reserved, u"Für die Quelldatei konnte kein Gerät angelegt werden.");
+    AddMessage(true, -1, reserved,
+               LoadFrameworkString(IdNoDevice, u"Für die Quelldatei konnte kein Gerät angelegt werden."));
 }
 
 void CImportFilter::AddWriteErrorMessage() {
-    AddMessage(true, -1, false, u"Beim Schreiben in den Datenspeicher ist ein Fehler aufgetreten.");
+    AddMessage(true, -1, false,
+               LoadFrameworkString(IdStoreFailed,
+                                   u"Beim Schreiben in den Datenspeicher ist ein Fehler aufgetreten."));
 }
 
 void CImportFilter::AddMessageText(bool failure, int column, bool, std::u16string text) {

@@ -1,6 +1,7 @@
 #include "host/SupportFunctions.h"
 
 #include "host/DialogFunctions.h"
+#include "platform/framework/Language.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/Path.h"
 
@@ -8,9 +9,20 @@ std::u16string GetCommonProfileName() {
     return u"kelvarin";
 }
 
+namespace {
+
+std::string s_PreferredLanguage;
+
+}  // namespace
+
+void SetPreferredLanguage(const std::string& code) {
+    s_PreferredLanguage = code;
+}
+
 bool LoadLanguageDll() {
-    // The only language there is so far is the one in the modules themselves.
-    return false;
+    ModuleState* const module = GetCurrentModule();
+    if (module == nullptr) return false;
+    return LoadLanguage(*module, s_PreferredLanguage.empty() ? UserLanguage() : s_PreferredLanguage);
 }
 
 std::u16string LoadSubString(unsigned id, unsigned index) {

@@ -11,6 +11,10 @@ void UseUserLocale() {
     std::setlocale(LC_ALL, "");
 }
 
+std::string SystemLanguage() {
+    return {};  // here the environment alone says it
+}
+
 char16_t LocaleDecimalPoint() {
     // The same text as localeconv's decimal_point, without filling the whole record once per cell.
     const char first = *nl_langinfo(RADIXCHAR);

@@ -25,6 +25,13 @@ std::u16string ModuleFileName(const std::u16string& name) {
     return name + u".so";
 }
 
+std::u16string FolderOfCode(const void* address) {
+    Dl_info place{};
+    if (dladdr(address, &place) == 0 || place.dli_fname == nullptr) return ProgramFolder();
+    const std::u16string folder = PathFolder(PathFromNative(place.dli_fname));
+    return folder.empty() ? ProgramFolder() : folder;  // the program itself may stand without one
+}
+
 std::u16string ProgramFolder() {
     std::vector<char> path(4096);
     const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());

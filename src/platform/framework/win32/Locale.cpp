@@ -4,6 +4,7 @@
 #include <ctime>
 #include <cwchar>
 
+#include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
 
 // The runtime's own local time knows neither negative times nor zones named in the environment; the system's
@@ -64,6 +65,14 @@ std::int64_t DaysTo(int year, int month, int day) {
 
 void UseUserLocale() {
     std::setlocale(LC_ALL, "");
+}
+
+std::string SystemLanguage() {
+    constexpr int Capacity = 16;
+    char16_t name[Capacity] = {};
+    const LCID locale = MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
+    GetLocaleInfoW(locale, LOCALE_SISO639LANGNAME, W(name), Capacity);
+    return Utf16ToUtf8(name);
 }
 
 char16_t LocaleDecimalPoint() {

@@ -25,9 +25,17 @@ std::u16string ModuleFileName(const std::u16string& name) {
     return name + u".dll";
 }
 
-std::u16string ProgramFolder() {
+std::u16string FolderOfCode(const void* address) {
+    constexpr DWORD ByAddress =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    HMODULE module = nullptr;
+    GetModuleHandleExW(ByAddress, static_cast<LPCWSTR>(address), &module);
     constexpr DWORD Longest = 32768;
     std::u16string path(Longest, u'\0');
-    path.resize(GetModuleFileNameW(nullptr, W(path.data()), Longest));
+    path.resize(GetModuleFileNameW(module, W(path.data()), Longest));
     return PathFolder(path);
+}
+
+std::u16string ProgramFolder() {
+    return FolderOfCode(nullptr);
 }

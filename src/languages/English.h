@@ -1,0 +1,6 @@
+// The module's texts in English.
+#pragma once
+
+#include "platform/framework/Language.h"
+
+const LanguageResources& GetEnglishResources();
