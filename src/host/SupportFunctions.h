@@ -6,8 +6,8 @@
 // The profile name that a module shares with the host.
 std::u16string GetCommonProfileName();
 
-// The language that LoadLanguageDll looks for, as ISO 639 names it, such as "en"; empty: the user's own. Before
-// the module is loaded.
+// The language that LoadLanguageDll looks for, as ISO 639 names it, such as "en"; empty: the user's own.
+// Before the module is loaded.
 void SetPreferredLanguage(const std::string& code);
 
 // Loads the host's language resources for the current module. False if there are none for the language in
