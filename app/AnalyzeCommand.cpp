@@ -29,12 +29,17 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& options, const 
 }  // namespace
 
 void AddAnalyzeCommand(CommandLine& line) {
-    line.Add("analyze", Phrase("What the analysis finds: format and columns"),
-             [](const ModuleLoader& module, const CommonOptions& common) {
-                 int status = ExitDone;
-                 for (const std::string& file : common.Files) {
-                     if (AnalyzeFile(module, common, file) != ExitDone) status = ExitFileFailed;
-                 }
-                 return status;
-             });
+    CLI::App& command = line.Add("analyze", Phrase("What the analysis finds: format and columns"),
+                                 [](const ModuleLoader& module, const CommonOptions& common) {
+                                     int status = ExitDone;
+                                     for (const std::string& file : common.Files) {
+                                         if (AnalyzeFile(module, common, file) != ExitDone)
+                                             status = ExitFileFailed;
+                                     }
+                                     return status;
+                                 });
+    command.footer(
+        Phrase("Examples:\n"
+               "  kelvarin-import analyze data.csv\n"
+               "  kelvarin-import analyze --set AutoFormat=0 --set Separator=2 --set FirstLine=25 data.txt"));
 }

@@ -28,6 +28,19 @@ std::string AllowedOptions(const CLI::App& command) {
     return names;
 }
 
+// What the parser says, in the user's language as far as it says it often.
+std::string ReasonOf(const CLI::ParseError& error) {
+    const std::string text = error.what();
+    if (text == "A subcommand is required") return Phrase("A subcommand is required");
+    constexpr std::string_view Required = " is required";
+    if (text.ends_with(Required))
+        return Phrase("{} is required", std::string_view(text).substr(0, text.size() - Required.size()));
+    constexpr std::string_view Unexpected = "The following argument was not expected: ";
+    if (text.starts_with(Unexpected))
+        return Phrase("The following argument was not expected: {}", text.substr(Unexpected.size()));
+    return text;
+}
+
 }  // namespace
 
 std::string WantedLanguage(const std::vector<std::string>& arguments) {
@@ -47,13 +60,30 @@ void RefuseOption(const std::string& option, const std::string& reason) {
 
 CommandLine::CommandLine()
     : Program(Phrase("Turns measurement text files (*.csv, *.txt) into signals."), ProgramName) {
-    Program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION);
+    Program.get_formatter()->label("Usage", Phrase("Usage"));
+    Program.get_formatter()->label("REQUIRED", Phrase("required"));
+    Program.get_formatter()->label("Positionals", Phrase("Files"));
+    Program.option_defaults()->group(Phrase("Options"));
+    Program.set_help_flag("-h,--help", Phrase("This help"));
+    Program.get_help_ptr()->group(Phrase("Options"));
+    Program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION,
+                             Phrase("The version"));
+    Program.footer(
+        Phrase("`kelvarin-import COMMAND --help` tells the options of a command. A file without a command is "
+               "imported."));
     Program.require_subcommand(1);
     Program.allow_windows_style_options(false);  // a path may begin with a slash
 }
 
-CLI::App& CommandLine::Add(const std::string& name, const std::string& description, Body body) {
+CLI::App& CommandLine::AddTool(const std::string& name, const std::string& description) {
     CLI::App& command = *Program.add_subcommand(name, description);
+    command.group(Phrase("Commands"));
+    command.get_help_ptr()->group(Phrase("Options"));
+    return command;
+}
+
+CLI::App& CommandLine::Add(const std::string& name, const std::string& description, Body body) {
+    CLI::App& command = AddTool(name, description);
     AddCommonOptions(command);
     Bodies.emplace(&command, std::move(body));
     return command;
@@ -88,7 +118,9 @@ void CommandLine::AddCommonOptions(CLI::App& command) {
             Phrase(
                 "Language of all texts and of the letters of a time format: de or en (default: the user's)"))
         ->type_name("CODE");
-    command.add_option("FILE", CommonValues.Files, Phrase("Text files with separators"))->required();
+    command.add_option("FILE", CommonValues.Files, Phrase("Text files with separators"))
+        ->required()
+        ->type_name("");
 }
 
 // A file as first argument means import, and so does an option of that command.
@@ -111,10 +143,11 @@ std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments)
         return Refuse(error.what());
     } catch (const CLI::ExtrasError& error) {
         const CLI::App& command = *Program.get_subcommands().front();
-        return Refuse(Phrase("{}; allowed are {}", error.what(), AllowedOptions(command)));
+        return Refuse(Phrase("{}; allowed are {}", ReasonOf(error), AllowedOptions(command)));
     } catch (const CLI::ParseError& error) {
-        return Refuse(Phrase("{}; see --help", error.what()));
+        return Refuse(Phrase("{}; see --help", ReasonOf(error)));
     }
+    if (!Bodies.contains(Program.get_subcommands().front())) return ExitDone;  // a tool, and it has run
     return std::nullopt;
 }
 

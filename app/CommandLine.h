@@ -34,6 +34,12 @@ class CommandLine {
     // Adds a command that takes files and the common options. The caller adds the command's own ones.
     CLI::App& Add(const std::string& name, const std::string& description, Body body);
 
+    // Adds a command that does its work while the line is parsed, without files or the module.
+    CLI::App& AddTool(const std::string& name, const std::string& description);
+
+    // All commands with their options.
+    const CLI::App& Tree() const { return Program; }
+
     // Reads the arguments. Answers nothing if there is work to do, else the exit status after help, version,
     // or one line of complaint on standard error.
     std::optional<int> Parse(const std::vector<std::string>& arguments);

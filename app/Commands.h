@@ -7,3 +7,6 @@ void AddImportCommand(CommandLine& line);
 void AddAnalyzeCommand(CommandLine& line);
 void AddSidecarCommand(CommandLine& line);
 void AddDialogCommand(CommandLine& line);
+
+// The tools around the program: completion and manual.
+void AddShellCommands(CommandLine& line);

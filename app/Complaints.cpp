@@ -2,11 +2,13 @@
 
 #include <iostream>
 
+#include "app/Style.h"
+
 void ComplainAbout(const std::string& file, const std::string& reason) {
     Complain(file + ": " + reason);
 }
 
 void Complain(const std::string& reason) {
     std::cout.flush();
-    std::cerr << "kelvarin-import: " << reason << std::endl;
+    std::cerr << StyledForErrors(Style::Failure, "kelvarin-import:") << " " << reason << std::endl;
 }

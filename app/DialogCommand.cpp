@@ -72,4 +72,7 @@ void AddDialogCommand(CommandLine& line) {
     command.get_option("FILE")->expected(1);
     command.add_option("--script", *script, Phrase("Steps of the user, one a line; - for standard input"))
         ->type_name("FILE");
+    command.footer(
+        Phrase("Example:\n"
+               "  printf 'click 1022\\nok\\n' | kelvarin-import dialog --script - data.csv"));
 }

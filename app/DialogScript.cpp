@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/SettingsJson.h"
+#include "app/language/Phrase.h"
 #include "host/ParamListCtrl.h"
 #include "platform/framework/Locale.h"
 #include "platform/framework/Path.h"
@@ -130,7 +131,7 @@ void DialogScript::RunModal(CDialog& dialog) {
         if (dialog.IsEnded()) return;
         const std::string complaint = Do(dialog, step);
         if (complaint.empty()) continue;
-        Error = "line " + std::to_string(step.Line) + " of the script: " + complaint;
+        Error = Phrase("line {} of the script: {}", step.Line, complaint);
         return;
     }
 }
@@ -155,7 +156,7 @@ std::string DialogScript::Do(CDialog& dialog, const Step& step) {
         NextFile = PathFromNative(step.Rest);
     } else if (step.Verb == "page") {
         if (!TakeNumber(rest, number) || number < 0 || number >= dialog.Sheet->GetPageCount()) {
-            return "there is no page '" + step.Rest + "'";
+            return Phrase("there is no page '{}'", step.Rest);
         }
         UserShowPage(dialog, number);  // a page may refuse to be left
     } else if (step.Verb == "click" && (step.Rest == "1" || step.Rest == "2")) {
@@ -168,14 +169,15 @@ std::string DialogScript::Do(CDialog& dialog, const Step& step) {
 
 std::string DialogScript::DoOnPage(CDialog& dialog, const Step& step) {
     CPropertyPage& page = ActivePage(dialog);
-    const std::string unreachable = "'" + step.Verb + " " + step.Rest + "' finds no enabled control for it";
+    const std::string unreachable =
+        Phrase("'{}' finds no enabled control for it", step.Verb + " " + step.Rest);
     if (step.Verb == "leave") {
         return UserFocus(page, PreviewId) || UserFocus(page, SignalListId) ? std::string() : unreachable;
     }
     std::string rest = step.Rest;
     int id = 0;
     int a = 0, b = 0, c = 0;
-    if (!TakeNumber(rest, id)) return "'" + step.Verb + "' is no step, or lacks its number";
+    if (!TakeNumber(rest, id)) return Phrase("'{}' is no step, or lacks its number", step.Verb);
     const std::u16string text = Utf8ToUtf16(rest);
     bool done = false;
     if (step.Verb == "click") {
@@ -197,7 +199,7 @@ std::string DialogScript::DoOnPage(CDialog& dialog, const Step& step) {
     } else if (step.Verb == "width") {
         done = TakeNumber(rest, a) && UserDragColumn(page, PreviewId, id, a);
     } else {
-        return "'" + step.Verb + "' is no step";
+        return Phrase("'{}' is no step", step.Verb);
     }
     return done ? std::string() : unreachable;
 }

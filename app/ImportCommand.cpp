@@ -54,8 +54,12 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, HostS
     // The file can be read, so it is the place of the table that is wrong.
     const FormatSummary format = SummarizeFormat(SettingsOf(session.Filter()));
     const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
-    return reason + " No table was found at line " + std::to_string(line) +
-           "; name its line: --set AutoFormat=0 --set FirstLine=<line> --set ImportHeader=<0 or 1>";
+    return reason + " " +
+           Phrase(
+               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
+               "--set "
+               "ImportHeader=<0 or 1>",
+               line);
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
@@ -151,4 +155,9 @@ void AddImportCommand(CommandLine& line) {
             "--base-time", [options](const std::string& text) { SetBaseTime(text, *options); },
             Phrase("Start of relative measurement time in nanoseconds"))
         ->type_name("NS");
+    command.footer(
+        Phrase("Examples:\n"
+               "  kelvarin-import data.csv\n"
+               "  kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
+               "  kelvarin-import import --json --samples all data.csv >data.json"));
 }

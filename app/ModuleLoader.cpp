@@ -1,5 +1,6 @@
 #include "app/ModuleLoader.h"
 
+#include "app/language/Phrase.h"
 #include "platform/framework/Text.h"
 
 std::string ModuleLoader::Load() {
@@ -7,8 +8,9 @@ std::string ModuleLoader::Load() {
     std::u16string error;
     if (!Library.Load(path, error)) return Utf16ToUtf8(error);
     const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));
-    if (entry == nullptr) return Utf16ToUtf8(path) + ": no import module";
-    if (entry(&Info) != ImportDllVersion) return Utf16ToUtf8(path) + ": made for another version of the host";
+    if (entry == nullptr) return Phrase("{}: no import module", Utf16ToUtf8(path));
+    if (entry(&Info) != ImportDllVersion)
+        return Phrase("{}: made for another version of the host", Utf16ToUtf8(path));
     return {};
 }
 

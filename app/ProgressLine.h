@@ -1,13 +1,15 @@
-// The percentage of a run on a terminal.
+// How far a run is, on a terminal.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
-// One line on standard error that is rewritten and taken away at the end. Nothing at all if that is no
-// terminal.
+// One line on standard error that is rewritten and taken away at the end: percentage, throughput and time
+// left. Nothing at all if that is no terminal.
 class ProgressLine {
   public:
+    // The file's path as given; its size counts for the throughput.
     explicit ProgressLine(std::string file);
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
@@ -18,5 +20,7 @@ class ProgressLine {
   private:
     const std::string File;
     const bool OnTerminal;
+    const std::chrono::steady_clock::time_point Start = std::chrono::steady_clock::now();
+    double Megabytes = 0;
     bool Shown = false;
 };

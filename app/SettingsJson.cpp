@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "app/WholeNumber.h"
+#include "app/language/Phrase.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/ProfileText.h"
 #include "platform/framework/Text.h"
@@ -47,32 +48,33 @@ struct ValueReader {
     const std::string& Text;
     ProfileOverlay::Value& Value;
 
-    const char* operator()(const IntSetting&) const {
+    std::string operator()(const IntSetting&) const {
         std::int32_t number = 0;
-        if (!ParseWhole(Text, number)) return "a 32-bit whole number";
+        if (!ParseWhole(Text, number)) return Phrase("a 32-bit whole number");
         Value = number;
-        return nullptr;
+        return {};
     }
-    const char* operator()(const TextSetting&) const {
+    std::string operator()(const TextSetting&) const {
         Value = Utf8ToUtf16(Text);
-        return nullptr;
+        return {};
     }
-    const char* operator()(const MomentSetting&) const {
+    std::string operator()(const MomentSetting&) const {
         std::int64_t seconds = 0;
-        if (ReadBlock()) return nullptr;
-        if (!ParseWhole(Text, seconds)) return "seconds since 1970, or hex: and the bytes of the block";
+        if (ReadBlock()) return {};
+        if (!ParseWhole(Text, seconds))
+            return Phrase("seconds since 1970, or hex: and the bytes of the block");
         Value = BlockOf(seconds);
-        return nullptr;
+        return {};
     }
-    const char* operator()(const RealSetting&) const {
-        if (ReadBlock()) return nullptr;
+    std::string operator()(const RealSetting&) const {
+        if (ReadBlock()) return {};
         const std::u16string wide = Utf8ToUtf16(Text);
         const char16_t* end = nullptr;
         const double number = ParseDouble(wide.c_str(), u'.', &end);
         const bool isWhole = end != wide.c_str() && end == wide.c_str() + wide.size();
-        if (!isWhole) return "a decimal number, inf, nan, or hex: and the bytes of the block";
+        if (!isWhole) return Phrase("a decimal number, inf, nan, or hex: and the bytes of the block");
         Value = BlockOf(number);
-        return nullptr;
+        return {};
     }
     bool ReadBlock() const {
         const auto block = BlockFromProfileText(Text);
@@ -158,16 +160,16 @@ std::vector<ColumnSummary> SummarizeColumns(const CCsvImportSettings& settings) 
 
 std::string ParseSettingOption(const std::string& text, std::u16string& key, ProfileOverlay::Value& value) {
     const std::size_t equals = text.find('=');
-    if (equals == std::string::npos) return "'" + text + "' is not of the form KEY=VALUE";
+    if (equals == std::string::npos) return Phrase("'{}' is not of the form KEY=VALUE", text);
     key = Utf8ToUtf16(text.substr(0, equals));
     for (const Setting& setting : SettingsTable) {
         if (key != setting.Key) continue;
         const std::string valueText = text.substr(equals + 1);
-        const char* const allowed = std::visit(ValueReader{valueText, value}, setting.Kind);
-        if (allowed == nullptr) return {};
-        return "'" + valueText + "' is no value of " + text.substr(0, equals) + "; allowed is " + allowed;
+        const std::string allowed = std::visit(ValueReader{valueText, value}, setting.Kind);
+        if (allowed.empty()) return {};
+        return Phrase("'{}' is no value of {}; allowed is {}", valueText, text.substr(0, equals), allowed);
     }
-    return "there is no setting '" + text.substr(0, equals) + "'; allowed are " + KnownKeys();
+    return Phrase("there is no setting '{}'; allowed are {}", text.substr(0, equals), KnownKeys());
 }
 
 const char16_t* SettingsSectionName() {

@@ -5,6 +5,7 @@
 #include "app/Commands.h"
 #include "app/Complaints.h"
 #include "app/ExitStatus.h"
+#include "app/Style.h"
 #include "app/TextTable.h"
 #include "app/language/Phrase.h"
 #include "host/SidecarTool.h"
@@ -23,12 +24,11 @@ std::string PrintableName(const std::string& file) {
 std::string ComplaintOf(const SidecarCheck& check) {
     if (check.Errors < 0) return check.Reason;
     if (check.Errors > 0) {
-        return "line " + std::to_string(check.Line) + ", column " + std::to_string(check.Column) + ": " +
-               check.Reason;
+        return Phrase("line {}, column {}: {}", check.Line, check.Column, check.Reason);
     }
     if (check.KnownRevision) return {};
-    return "format-rev \"" + Utf16ToUtf8(check.Revision) +
-           "\" is unknown, so nothing is read; known are 1 and 2";
+    return Phrase("format-rev \"{}\" is unknown, so nothing is read; known are 1 and 2",
+                  Utf16ToUtf8(check.Revision));
 }
 
 void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
@@ -48,8 +48,9 @@ void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
 void WriteCheckText(const std::string& file, const SidecarCheck& check) {
     if (check.Errors < 0) return;
     const std::string revision = check.Revision.empty() ? "1" : Utf16ToUtf8(check.Revision);
-    std::cout << PrintableName(file) << "\n  revision " << revision << ", "
-              << (check.Errors == 0 ? "no error" : std::to_string(check.Errors) + " errors: not used")
+    std::cout << Styled(Style::Heading, PrintableName(file)) << "\n  "
+              << (check.Errors == 0 ? Phrase("revision {}, no error", revision)
+                                    : Phrase("revision {}, {} errors: not used", revision, check.Errors))
               << "\n";
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     constexpr std::size_t ValueWidth = 100;
@@ -102,4 +103,8 @@ void AddSidecarCommand(CommandLine& line) {
                      return status;
                  });
     command.add_flag("--check", *checkOnly, Phrase("FILE is a sidecar: say how it reads"));
+    command.footer(
+        Phrase("Examples:\n"
+               "  kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
+               "  kelvarin-import sidecar --check data.csv.info"));
 }

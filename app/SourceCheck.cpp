@@ -2,6 +2,7 @@
 
 #include <bitset>
 
+#include "app/language/Phrase.h"
 #include "host/StdioFileEx.h"
 #include "platform/framework/Text.h"
 
@@ -31,9 +32,9 @@ std::string LookAtLines(CStdioFileEx& file) {
     std::u16string line;
     FileLook look;
     while (look.Lines < LinesLookedAt && file.ReadString(line)) look.Add(line);
-    if (look.Lines == 0) return "the file is empty";
+    if (look.Lines == 0) return Phrase("the file is empty");
     if (!look.IsBinary()) return {};
-    return "looks like a binary file (NUL byte in line " + std::to_string(look.LineOfNul) + ")";
+    return Phrase("looks like a binary file (NUL byte in line {})", look.LineOfNul);
 }
 
 }  // namespace

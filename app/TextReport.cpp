@@ -4,7 +4,9 @@
 
 #include "app/SampleValue.h"
 #include "app/SettingsJson.h"
+#include "app/Style.h"
 #include "app/TextTable.h"
+#include "app/language/Phrase.h"
 #include "host/TimeStamp.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -18,31 +20,33 @@ constexpr std::size_t MostColumnsShown = 200;
 constexpr std::size_t MostLinesNamed = 8;
 
 std::string SeparatorInWords(const FormatSummary& format) {
-    constexpr const char* Words[] = {"semicolon", "comma", "tab", "space"};
-    std::string words;
+    const std::string words[] = {Phrase("semicolon"), Phrase("comma"), Phrase("tab"), Phrase("space")};
+    std::string separator;
     if (format.Separator >= 0 && format.Separator < 4) {
-        words = Words[format.Separator];
+        separator = words[format.Separator];
     } else if (!format.OtherSeparator.empty()) {
-        words = "'" + Utf16ToUtf8(format.OtherSeparator.substr(0, 1)) + "'";
+        separator = "'" + Utf16ToUtf8(format.OtherSeparator.substr(0, 1)) + "'";
     } else {
-        return "no separator";
+        return Phrase("no separator");
     }
-    return "separated by " + words + (format.MergeSeparators ? ", neighbours merged" : "");
+    return format.MergeSeparators ? Phrase("separated by {}, neighbours merged", separator)
+                                  : Phrase("separated by {}", separator);
 }
 
 std::string FormatInWords(const FormatSummary& format) {
-    const std::string header =
-        format.HeaderLine == 0 ? "no header" : "header in line " + std::to_string(format.HeaderLine);
-    return SeparatorInWords(format) + "; " + header + ", data from line " +
-           std::to_string(format.FirstDataLine);
+    const std::string separator = SeparatorInWords(format);
+    if (format.HeaderLine == 0)
+        return Phrase("{}; no header, data from line {}", separator, format.FirstDataLine);
+    return Phrase("{}; header in line {}, data from line {}", separator, format.HeaderLine,
+                  format.FirstDataLine);
 }
 
 // In the order of the module's data types.
-const char* DataTypeInWords(int type) {
-    constexpr const char* Words[] = {"no type",           "boolean",     "integer",
-                                     "integer with unit", "hexadecimal", "float",
-                                     "float with unit",   "character",   "text"};
-    return type >= 0 && type <= 8 ? Words[type] : Words[0];
+std::string DataTypeInWords(int type) {
+    const std::string words[] = {Phrase("no type"),           Phrase("boolean"),     Phrase("integer"),
+                                 Phrase("integer with unit"), Phrase("hexadecimal"), Phrase("float"),
+                                 Phrase("float with unit"),   Phrase("character"),   Phrase("text")};
+    return type >= 0 && type <= 8 ? words[type] : words[0];
 }
 
 // The analysis may leave a unit with a column that turned out to be of a type without.
@@ -52,18 +56,18 @@ bool HasUnit(const ColumnSummary& column) {
     return !column.IsTimestamp && (column.Type == IntegerWithUnit || column.Type == FloatWithUnit);
 }
 
-const char* StoreTypeInWords(std::uint32_t type) {
+std::string StoreTypeInWords(std::uint32_t type) {
     switch (type) {
         case KelvarinBool:
-            return "boolean";
+            return Phrase("boolean");
         case KelvarinDouble:
-            return "float";
+            return Phrase("float");
         case KelvarinInt64:
-            return "integer";
+            return Phrase("integer");
         case KelvarinChar16:
-            return "character";
+            return Phrase("character");
         default:
-            return "text";
+            return Phrase("text");
     }
 }
 
@@ -96,17 +100,17 @@ void WriteSignals(std::ostream& out, const StoredDevice& device) {
         const SignalDescription& about = signal.Description();
         const SignalSummary& summary = signal.Summary();
         const std::string gaps =
-            summary.WithoutValue == 0 ? "" : std::to_string(summary.WithoutValue) + " without value";
+            summary.WithoutValue == 0 ? "" : Phrase("{} without value", summary.WithoutValue);
         table.AddRow(
             {OneLine(Utf16ToUtf8(about.Symbol), NameWidth), StoreTypeInWords(about.Type),
-             UnitText(about.Unit), std::to_string(summary.Count), "samples",
+             UnitText(about.Unit), std::to_string(summary.Count), Phrase("samples"),
              ValueText(about.Type, summary.First), "->", ValueText(about.Type, summary.Last),
              summary.Course.Draw(CourseWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
              gaps});
     }
     table.Write(out, "    ");
     if (device.Signals.size() > MostColumnsShown) {
-        out << "    ... and " << device.Signals.size() - MostColumnsShown << " more signals\n";
+        out << "    " << Phrase("... and {} more signals", device.Signals.size() - MostColumnsShown) << "\n";
     }
 }
 
@@ -116,31 +120,30 @@ void WriteTimeSpan(std::ostream& out, const StoredDevice& device, bool isRelativ
     const SignalSummary& summary = device.Signals.front()->Summary();
     const CTimeStamp from(summary.FirstTime);
     const CTimeStamp to(summary.LastTime);
-    out << "  time      ";
-    if (isRelative) {
-        out << "relative measurement time";
-    } else {
-        out << Utf16ToUtf8(from.ToText()) << " to " << Utf16ToUtf8(to.ToText());
-    }
-    out << ", span " << Utf16ToUtf8(CTimeStampSpan(from, to).ToText()) << "\n";
+    const std::string span = Utf16ToUtf8(CTimeStampSpan(from, to).ToText());
+    out << ReportLabel(Phrase("time"))
+        << (isRelative
+                ? Phrase("relative measurement time, span {}", span)
+                : Phrase("{} to {}, span {}", Utf16ToUtf8(from.ToText()), Utf16ToUtf8(to.ToText()), span))
+        << "\n";
 }
 
 // "line 3", or "lines 3, 4, 5, ... (1204 in all)".
 std::string LinesText(const MessageGroup& group) {
     if (group.Lines.front() == 0) return {};
-    if (group.Count == 1) return "line " + std::to_string(group.Lines.front());
-    std::string text = "lines ";
+    if (group.Count == 1) return Phrase("line {}", group.Lines.front());
+    std::string lines;
     const std::size_t named = std::min(group.Lines.size(), MostLinesNamed);
-    for (std::size_t i = 0; i < named; ++i) text += (i == 0 ? "" : ", ") + std::to_string(group.Lines[i]);
-    if (group.Count > named) text += ", ... (" + std::to_string(group.Count) + " in all)";
-    return text;
+    for (std::size_t i = 0; i < named; ++i) lines += (i == 0 ? "" : ", ") + std::to_string(group.Lines[i]);
+    return group.Count > named ? Phrase("lines {}, ... ({} in all)", lines, group.Count)
+                               : Phrase("lines {}", lines);
 }
 
 void WriteMessages(std::ostream& out, const MessageList& messages) {
     if (messages.IsEmpty()) return;
-    out << "  messages\n";
+    out << ReportHeading(Phrase("messages")) << "\n";
     for (const MessageGroup& group : messages.Groups()) {
-        out << "    " << OneLine(Utf16ToUtf8(group.FirstText), 400) << "\n";
+        out << "    " << Styled(Style::Warning, OneLine(Utf16ToUtf8(group.FirstText), 400)) << "\n";
         const std::string lines = LinesText(group);
         if (!lines.empty()) out << "      " << lines << "\n";
     }
@@ -150,33 +153,35 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
 
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter) {
     const CCsvImportSettings& settings = SettingsOf(filter);
-    out << Utf16ToUtf8(PathFromNative(file)) << "\n";
-    out << "  format    " << FormatInWords(SummarizeFormat(settings)) << "\n";
-    out << "  columns\n";
+    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
+    out << ReportLabel(Phrase("format")) << FormatInWords(SummarizeFormat(settings)) << "\n";
+    out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
     const std::vector<ColumnSummary> columns = SummarizeColumns(settings);
     for (std::size_t i = 0; i < std::min(columns.size(), MostColumnsShown); ++i) {
         const ColumnSummary& column = columns[i];
         table.AddRow({std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      column.IsTimestamp ? "timestamp" : DataTypeInWords(column.Type),
+                      column.IsTimestamp ? Phrase("timestamp") : DataTypeInWords(column.Type),
                       HasUnit(column) ? UnitText(column.Unit) : std::string()});
     }
     table.Write(out, "    ");
     if (columns.size() > MostColumnsShown) {
-        out << "    ... and " << columns.size() - MostColumnsShown << " more columns\n";
+        out << "    " << Phrase("... and {} more columns", columns.size() - MostColumnsShown) << "\n";
     }
 }
 
 void WriteRunText(std::ostream& out, const RunResult& result, HostSession& session,
                   const std::string& advice) {
     if (const StoredDevice* const device = session.Device()) {
-        out << "  signals   " << device->Signals.size() << " from " << result.Lines << " lines"
-            << (result.Interrupted ? ", ended by Ctrl-C" : "") << "\n";
+        const std::string_view signals =
+            result.Interrupted ? "{} from {} lines, ended by Ctrl-C" : "{} from {} lines";
+        out << ReportLabel(Phrase("signals")) << Phrase(signals, device->Signals.size(), result.Lines)
+            << "\n";
         WriteSignals(out, *device);
         constexpr int DateNone = 2;
         WriteTimeSpan(out, *device, SummarizeFormat(SettingsOf(session.Filter())).DateSetting == DateNone);
     }
     WriteMessages(out, session.Messages());
-    if (!advice.empty()) out << "  advice    " << advice << "\n";
+    if (!advice.empty()) out << ReportLabel(Phrase("advice")) << advice << "\n";
 }

@@ -15,7 +15,7 @@ class TextTable {
     void AddRow(std::vector<std::string> cells) { Rows.push_back(std::move(cells)); }
 
     // Writes the rows, each behind `indent`, two blanks between columns, none at the end of a line. A column
-    // that is empty in every row takes no room.
+    // that is empty in every row takes no room. On a terminal the widest columns are cut until a row fits.
     void Write(std::ostream& out, const std::string& indent) const;
 
   private:

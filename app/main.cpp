@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     AddAnalyzeCommand(line);
     AddSidecarCommand(line);
     AddDialogCommand(line);
+    AddShellCommands(line);
     if (const std::optional<int> status = line.Parse(arguments)) return *status;
     SetUpProfile(line.Common());
     ModuleLoader module;

@@ -10,3 +10,4 @@ struct Translation {
 };
 
 std::span<const Translation> GermanImportTexts();
+std::span<const Translation> GermanShellTexts();

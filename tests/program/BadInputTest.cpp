@@ -127,7 +127,7 @@ TEST(WrongUsage, GetsOneLineAndStatusTwo) {
         {{"--samples", "-1", "a.csv"}, "--samples: '-1' is neither a number of samples nor all"},
         {{"--store", "disk", "a.csv"}, "--store: 'disk' is not allowed; allowed are none and memory"},
         {{"--base-time", "now", "a.csv"}, "--base-time: 'now' is no 64-bit number of nanoseconds"},
-        {{"--language", "xx", "a.csv"}, "--language: there are no texts for 'xx'; allowed is de"},
+        {{"--language", "xx", "a.csv"}, "--language: there are no texts for 'xx'; allowed are de and en"},
         {{"--set", "FirstLine", "a.csv"}, "--set: 'FirstLine' is not of the form KEY=VALUE"},
         {{"--set", "Firstline=1", "a.csv"},
          "--set: there is no setting 'Firstline'; allowed are AutoFormat, "},

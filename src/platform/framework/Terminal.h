@@ -1,6 +1,7 @@
 // The terminal that a program talks to, if there is one.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -8,8 +9,12 @@
 // line ends; called once, first.
 std::vector<std::string> BeginProgram(int argc, char** argv);
 
-// True if standard error goes to a terminal.
+// True if standard output, or standard error, goes to a terminal.
+bool IsOutputTerminal();
 bool IsErrorTerminal();
+
+// Characters in a line of the terminal of standard output; 0 if there is none or it doesn't tell.
+std::size_t OutputWidth();
 
 // From now on Ctrl-C only sets a flag. A second Ctrl-C ends the program at once.
 void CatchInterrupt();

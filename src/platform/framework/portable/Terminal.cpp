@@ -1,5 +1,6 @@
 #include "platform/framework/Terminal.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -17,6 +18,15 @@ void RememberInterrupt(int signal) {
 
 std::vector<std::string> BeginProgram(int argc, char** argv) {
     return {argv + 1, argv + argc};
+}
+
+bool IsOutputTerminal() {
+    return isatty(STDOUT_FILENO) != 0;
+}
+
+std::size_t OutputWidth() {
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 bool IsErrorTerminal() {

@@ -23,6 +23,12 @@ BOOL WINAPI RememberInterrupt(DWORD event) {
 // The arguments of main come in the system's code page, which can't write every file name.
 std::vector<std::string> BeginProgram(int, char**) {
     SetConsoleOutputCP(CP_UTF8);
+    for (const DWORD stream : {STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
+        DWORD mode = 0;
+        const HANDLE console = GetStdHandle(stream);
+        if (GetConsoleMode(console, &mode))
+            SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    }
     for (std::FILE* const stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
     std::vector<std::string> arguments;
     int count = 0;
@@ -30,6 +36,16 @@ std::vector<std::string> BeginProgram(int, char**) {
     for (int i = 1; i < count; ++i) arguments.push_back(PathToNative(FromW(texts[i])));
     LocalFree(texts);
     return arguments;
+}
+
+bool IsOutputTerminal() {
+    return _isatty(_fileno(stdout)) != 0;
+}
+
+std::size_t OutputWidth() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info)) return 0;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
 
 bool IsErrorTerminal() {
