@@ -1,10 +1,28 @@
 #include "app/ModuleLoader.h"
 
+#include <filesystem>
+
 #include "app/language/Phrase.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
+namespace {
+
+// Beside the program, where a build and a zip have it, or else in the plug-in folder of an installed tree.
+std::u16string FindModule(const std::u16string& name) {
+    const std::u16string beside = ProgramFolder() + u"/" + ModuleFileName(name);
+    const std::u16string installed =
+        ProgramFolder() + u"/" + Utf8ToUtf16(KELVARIN_PLUGIN_DIR) + u"/" + ModuleFileName(name);
+    std::error_code unknown;
+    const bool isInstalled = !std::filesystem::exists(PathForStream(beside), unknown) &&
+                             std::filesystem::exists(PathForStream(installed), unknown);
+    return isInstalled ? installed : beside;
+}
+
+}  // namespace
+
 std::string ModuleLoader::Load() {
-    const std::u16string path = ProgramFolder() + u"/" + ModuleFileName(u"csv-import");
+    const std::u16string path = FindModule(u"csv-import");
     std::u16string error;
     if (!Library.Load(path, error)) return Utf16ToUtf8(error);
     const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));

@@ -8,7 +8,8 @@
 #include "platform/framework/Module.h"
 #include "platform/framework/SharedLibrary.h"
 
-// Loads the module that lies beside the program and asks its one export for the factory.
+// Loads the module that lies beside the program, or in the plug-in folder of an installed tree, and asks its
+// one export for the factory.
 class ModuleLoader {
   public:
     // Empty, or why the module can't be used.
