@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "host/SupportFunctions.h"
 #include "kit/MemoryProfile.h"
 #include "plugin/CsvImportApp.h"
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     // Empty, and never the profile of whoever runs the tests.
     SetProcessProfile(std::make_shared<MemoryProfile>());
+    SetPreferredLanguage("de");  // whoever runs them
     CCsvImportApp app;
     if (!app.InitInstance()) return 1;
     return RUN_ALL_TESTS();
