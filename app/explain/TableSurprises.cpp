@@ -1,0 +1,201 @@
+#include <algorithm>
+
+#include "app/explain/ColumnReason.h"
+#include "app/explain/Surprises.h"
+#include "app/language/Phrase.h"
+
+namespace {
+
+// Neighbouring counted lines with the same count of a separator, not zero.
+struct Stretch {
+    int Separator = 0;
+    int First = 0;
+    int Last = 0;
+    int After = 0;  // the counted line that broke it; 0 if none did
+    std::int32_t CountAfter = 0;
+    std::size_t Lines = 0;
+};
+
+Stretch LongestStretch(const AnalysisRecord& record) {
+    Stretch longest;
+    for (int separator = 0; separator < SeparatorsCounted; ++separator) {
+        const auto place = static_cast<std::size_t>(separator);
+        Stretch current{separator};
+        for (const SeenLine& line : record.Counted) {
+            const SeparatorRun& run = line.Runs[place];
+            if (run.Start == current.First && current.Lines > 0) {
+                current.Last = line.Line;
+                ++current.Lines;
+            } else {
+                if (current.Lines > longest.Lines) {
+                    longest = current;
+                    longest.After = line.Line;
+                    longest.CountAfter = run.LastCount;
+                }
+                const bool begins = run.LastCount != 0;
+                current = {separator, line.Line, line.Line, 0, 0, begins ? std::size_t{1} : 0};
+            }
+        }
+        if (current.Lines > longest.Lines) longest = current;
+    }
+    return longest;
+}
+
+std::string RemedyOf(const Explanation& explanation) {
+    return explanation.IsAdvised() ? explanation.ProposedOptions() : std::string();
+}
+
+// One odd line late among the first hundred makes every run before it count for nothing.
+void FindLateLine(const Explanation& explanation, std::vector<Surprise>& found) {
+    const AnalysisRecord& record = explanation.Record;
+    const Stretch longest = LongestStretch(record);
+    constexpr std::size_t EnoughLines = 3;
+    const auto linesTaken = static_cast<std::size_t>(
+        std::count_if(record.Counted.begin(), record.Counted.end(),
+                      [&](const SeenLine& line) { return line.Line >= record.RunStart; }));
+    const bool isMoved = longest.After != 0 && longest.First < record.RunStart &&
+                         longest.Lines >= EnoughLines && longest.Lines > linesTaken;
+    if (!isMoved) return;
+    found.push_back({"late-line-moves-the-table",
+                     Phrase("The lines {} to {} are alike by their count of the separator {}, but line {} "
+                            "has {} of them: {}. One such line among the first hundred moves the table's "
+                            "beginning behind it, here to line {}.",
+                            longest.First, longest.Last, SeparatorName(longest.Separator), longest.After,
+                            longest.CountAfter, Quoted(record.TextOf(longest.After)), record.RunStart),
+                     RemedyOf(explanation)});
+}
+
+// A line in which an open quote keeps separators from being counted that its neighbours have.
+void FindHiddenSeparators(const Explanation& explanation, std::vector<Surprise>& found) {
+    constexpr char16_t Separators[] = {u';', u',', u'\t'};
+    const AnalysisRecord& record = explanation.Record;
+    for (std::size_t place = 0; place < std::size(Separators); ++place) {
+        for (std::size_t i = 0; i < record.Counted.size(); ++i) {
+            const SeenLine& line = record.Counted[i];
+            const SeenLine& next =
+                record.Counted[i + 1 < record.Counted.size() ? i + 1 : i - (i > 0 ? 1 : 0)];
+            const auto count = [&](char16_t c) { return std::count(line.Text.begin(), line.Text.end(), c); };
+            const bool isOpen = count(u'\'') % 2 == 1 || count(u'"') % 2 == 1;
+            const std::int32_t counted = line.Runs[place].LastCount;
+            const std::int32_t usual = next.Runs[place].LastCount;
+            if (!isOpen || counted >= usual || count(Separators[place]) != usual) continue;
+            found.push_back({"quote-hides-separators",
+                             Phrase("In line {} an apostrophe or a quote without its partner hides {} of {} "
+                                    "separators ({}) from the count: {}.",
+                                    line.Line, usual - counted, usual, SeparatorName(static_cast<int>(place)),
+                                    Quoted(line.Text)),
+                             explanation.IsAdvised() ? explanation.ProposedOptions()
+                                                     : Phrase("Remove it from the file, or double it.")});
+            return;
+        }
+    }
+}
+
+// The advice takes the same separator and another line.
+void FindWrongLine(const Explanation& explanation, std::vector<Surprise>& found) {
+    if (!explanation.IsAdvised() || explanation.Proposal->Format.Separator != explanation.Format.Separator)
+        return;
+    const AnalysisRecord& record = explanation.Record;
+    const TableFormat& proposed = explanation.Proposal->Format;
+    const int data = explanation.Format.FirstDataLine;
+    const bool hasHeader = explanation.Format.HeaderLine != 0;
+    const std::string remedy = explanation.ProposedOptions();
+    if (proposed.Header && !hasHeader && proposed.FirstLine == data) {
+        found.push_back(
+            {"names-taken-for-data",
+             Phrase("Line {} seems to hold the columns' names, but is taken for the first row of data: {}.",
+                    data, Quoted(record.TextOf(data))),
+             remedy});
+    } else if (proposed.Header && !hasHeader && proposed.FirstDataLine() == data) {
+        found.push_back({"names-skipped",
+                         Phrase("Line {} seems to hold the columns' names, but is skipped, since it has not "
+                                "as many separators as the rows: {}.",
+                                proposed.FirstLine, Quoted(record.TextOf(proposed.FirstLine))),
+                         remedy});
+    } else if (data < proposed.FirstDataLine()) {
+        found.push_back(
+            {"preamble-taken-for-data",
+             Phrase(
+                 "Line {} has enough numbers to count as data, but the table seems to begin in line {}: {}.",
+                 data, proposed.FirstDataLine(), Quoted(record.TextOf(data))),
+             remedy});
+    }
+}
+
+void FindEmptyLine(const Explanation& explanation, std::vector<Surprise>& found) {
+    const AnalysisRecord& record = explanation.Record;
+    if (record.End != TableEnd::EmptyLine) return;
+    int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
+    if (explanation.Proposal) lastKnown = std::max(lastKnown, explanation.Proposal->LastLine);
+    if (lastKnown <= record.EndLine) return;
+    if (record.DataRows() == 0) {
+        found.push_back({"empty-line-ends-the-table",
+                         Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
+                                "column gets a type.",
+                                record.EndLine),
+                         explanation.IsAdvised()
+                             ? explanation.ProposedOptions()
+                             : Phrase("Delete line {} in a copy of the file.", record.EndLine)});
+        return;
+    }
+    found.push_back({"empty-line-ends-the-table",
+                     Phrase("Line {} is empty and ends the analysis: the types are settled by the {} rows "
+                            "above it alone. The import itself goes on behind it.",
+                            record.EndLine, record.DataRows()),
+                     RemedyOf(explanation)});
+}
+
+void FindLostNames(const Explanation& explanation, std::vector<Surprise>& found) {
+    if (!explanation.Proposal || !explanation.Proposal->NamesAreLost()) return;
+    const TableProposal& table = *explanation.Proposal;
+    const int data = table.Format.FirstDataLine();
+    const bool isOne = table.NamesLine + 1 == data - 1;
+    found.push_back(
+        {"names-not-above-the-data",
+         Phrase("The names seem to stand in line {}, but they are taken only from the line directly above "
+                "the first row, {}: {}.",
+                table.NamesLine, data, Quoted(table.Names)),
+         isOne ? Phrase("Delete line {} in a copy of the file.", data - 1)
+               : Phrase("Delete the lines {} to {} in a copy of the file.", table.NamesLine + 1, data - 1)});
+}
+
+// Cells beyond the first line's are dropped.
+void FindWideRows(const Explanation& explanation, std::vector<Surprise>& found) {
+    const AnalysisRecord& record = explanation.Record;
+    if (record.Rows.empty()) return;
+    const std::size_t columns = record.Rows.front().CellCount;
+    CellGroup lost;
+    for (const SeenRow& row : record.Rows) {
+        for (std::size_t i = columns; i < row.Cells.size(); ++i) {
+            if (row.Cells[i].Text.empty()) continue;
+            lost.Add(row.Line, row.Cells[i].Text);
+            break;
+        }
+    }
+    if (lost.Count == 0) return;
+    found.push_back({"more-cells-than-columns",
+                     Phrase("{} rows have more cells than the table's first line, which has {}; the surplus "
+                            "is not imported, first {} in line {}.",
+                            lost.Count, columns, Quoted(lost.FirstText), lost.FirstLine),
+                     explanation.IsAdvised()
+                         ? explanation.ProposedOptions()
+                         : Phrase("Give line {} as many separators as the longest row.", record.FirstLine)});
+}
+
+}  // namespace
+
+void FindTableSurprises(const Explanation& explanation, std::vector<Surprise>& found) {
+    FindLateLine(explanation, found);
+    FindHiddenSeparators(explanation, found);
+    FindWrongLine(explanation, found);
+    FindEmptyLine(explanation, found);
+    FindLostNames(explanation, found);
+    FindWideRows(explanation, found);
+}
+
+std::vector<Surprise> FindSurprises(const Explanation& explanation) {
+    std::vector<Surprise> found;
+    FindTableSurprises(explanation, found);
+    FindColumnSurprises(explanation, found);
+    return found;
+}
