@@ -62,9 +62,10 @@ std::string TextReasonInWords(const ColumnReason& reason) {
         return Phrase("since each of the {} cells is empty", reason.Cells);
     if (reason.MostType != NoType) return MisfitsInWords(reason);
     const CellGroup& other = reason.Others;
-    if (reason.Empty.Count == 0) return Phrase("as {} in line {}", Quoted(other.FirstText), other.FirstLine);
-    return Phrase("as {} in line {}; {} of {} cells are empty", Quoted(other.FirstText), other.FirstLine,
-                  reason.Empty.Count, reason.Cells);
+    if (reason.Empty.Count == 0)
+        return Phrase("{} in line {} fits no other type", Quoted(other.FirstText), other.FirstLine);
+    return Phrase("{} in line {} fits no other type, and {} of {} cells are empty", Quoted(other.FirstText),
+                  other.FirstLine, reason.Empty.Count, reason.Cells);
 }
 
 }  // namespace

@@ -60,6 +60,11 @@ bool IsPlainExponent(std::u16string_view text) {
     return letter != text.npos && IsAllDigits(text.substr(0, letter)) && IsAllDigits(text.substr(letter + 1));
 }
 
+// A letter that no exponent has.
+bool HasHexLetter(std::u16string_view text) {
+    return text.find_first_of(u"abcdfxABCDFX$#") != text.npos;
+}
+
 // "1,234" or "12.345" with this mark: as well a number of thousands.
 bool MayBeThousands(std::u16string_view text, char16_t mark) {
     if (!text.empty() && (text.front() == u'-' || text.front() == u'+')) text.remove_prefix(1);
@@ -81,7 +86,8 @@ void FindExponents(const Explanation& explanation, std::vector<Surprise>& found)
         [&](std::size_t column, const ColumnReason& reason) -> std::string {
             int line = 0;
             const SeenCell* const cell = FindCell(explanation.Record, column, IsPlainExponent, line);
-            if (reason.Type != HexType || cell == nullptr) return {};
+            const bool isHex = FindCell(explanation.Record, column, HasHexLetter, line) != nullptr;
+            if (reason.Type != HexType || cell == nullptr || isHex) return {};
             return Phrase(
                 "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal "
                 "mark is one as well.",

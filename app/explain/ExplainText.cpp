@@ -15,7 +15,9 @@ constexpr std::size_t HeadWidth = 10;
 
 void WriteLine(std::ostream& out, const std::string& head, const std::string& text) {
     const std::size_t width = TextWidth(head);
-    out << "  " << head << std::string(width < HeadWidth ? HeadWidth - width : 1, ' ') << text << "\n";
+    out << "  " << head;
+    if (!text.empty()) out << std::string(width < HeadWidth ? HeadWidth - width : 1, ' ') << text;
+    out << "\n";
 }
 
 void WriteColumns(std::ostream& out, const Explanation& explanation) {
@@ -28,7 +30,8 @@ void WriteColumns(std::ostream& out, const Explanation& explanation) {
         const ColumnSummary& column = explanation.Columns[i];
         table.AddRow({std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
                       column.IsTimestamp ? Phrase("timestamp") : TypeInWords(column.Type),
-                      ReasonInWords(ReasonFor(explanation.Record, i))});
+                      column.IsTimestamp ? Phrase("gives the rows their time, by the settings")
+                                         : ReasonInWords(ReasonFor(explanation.Record, i))});
     }
     table.Write(out, "    ");
     if (shown < explanation.Columns.size())

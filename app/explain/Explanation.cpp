@@ -26,9 +26,10 @@ std::string TryProposal(const ModuleLoader& module, const std::u16string& path, 
     AnalysisRecord tried;
     if (!TryFormat(module, path, format, tried) || tried.DataRows() == 0) return {};
     const std::size_t typed = TypedColumns(tried);
-    if (typed * tried.DataRows() < TypedColumns(taken) * taken.DataRows()) return {};
-    return Phrase("{} columns, {} of them with values, from {} rows", tried.Rows.front().CellCount, typed,
-                  tried.DataRows());
+    if (typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size()) return {};
+    const std::size_t columns = tried.Rows.front().CellCount;
+    return Phrase("{} columns, {} of them text", columns,
+                  std::min(columns, AnalysisRecord::MostColumns) - typed);
 }
 
 TableFormat FormatOf(const FormatSummary& summary) {

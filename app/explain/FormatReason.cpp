@@ -46,7 +46,7 @@ std::string RunInWords(const AnalysisRecord& record, int separator) {
                                               : Phrase("each line from {} to {} has {}", run.Start, last.Line,
                                                        CountOf(run.LastCount, separator));
     if (const SeenLine* const before = LineBeforeRun(record, separator))
-        text += Phrase(", line {} has {}", before->Line, RunOf(*before, separator).LastCount);
+        text += Phrase(", while line {} has {}", before->Line, RunOf(*before, separator).LastCount);
     return text;
 }
 
@@ -75,6 +75,11 @@ std::string HeaderReason(const AnalysisRecord& record) {
                          [](const TestedLine& a, const TestedLine& b) { return a.Numbers < b.Numbers; });
     if (closest == record.Tested.end()) return Phrase("No line from there on was tested for data.");
     const TestedLine& last = record.Tested.back();
+    if (!last.IsData() && record.Tested.size() == 1)
+        return Phrase(
+            "Line {} has not enough numbers for data ({}) and none follows, so the table begins there "
+            "without a header.",
+            last.Line, TestInWords(last));
     if (!last.IsData())
         return Phrase(
             "None of the lines {} to {} has enough numbers for data (the best, line {}: {}), so the table "
@@ -155,10 +160,11 @@ std::string RunnerUp(const AnalysisRecord& record) {
 
 std::string RowsRead(const AnalysisRecord& record) {
     const std::size_t rows = record.DataRows();
-    std::string text = rows == 0
-                           ? Phrase("no row of data")
-                           : Phrase("{} rows, lines {} to {}", rows,
-                                    record.Rows[record.Rows.size() - rows].Line, record.Rows.back().Line);
+    const int last = rows == 0 ? 0 : record.Rows.back().Line;
+    std::string text = rows == 0   ? Phrase("no row of data")
+                       : rows == 1 ? Phrase("one row, line {}", last)
+                                   : Phrase("{} rows, lines {} to {}", rows,
+                                            record.Rows[record.Rows.size() - rows].Line, last);
     switch (record.End) {
         case TableEnd::EmptyLine:
             return text + Phrase("; line {} is empty and ends the analysis", record.EndLine);

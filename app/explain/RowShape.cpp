@@ -21,12 +21,18 @@ bool BeginsWithDigit(std::u16string_view text) {
     return !rest.empty() && IsDigit(rest.front());
 }
 
+// A piece that holds several cells, cut by the wrong separator. One comma may be decimal.
+bool HoldsSeparators(std::u16string_view text) {
+    return text.find_first_of(u";\t") != text.npos || std::count(text.begin(), text.end(), u',') > 1;
+}
+
 }  // namespace
 
 CellKind KindOf(const SeenCell& cell) {
     const std::u16string_view text = TrimWhiteSpace(cell.Text);
     if (text.empty() || IsMissingMark(text)) return CellKind::Empty;
     if (Contains(cell.Fits, BooleanType) || Contains(cell.Fits, FloatType)) return CellKind::Number;
+    if (HoldsSeparators(text)) return CellKind::Word;
     // A word of a few letters may be hexadecimal by chance; two digits of a byte are.
     const bool isShortHex = Contains(cell.Fits, HexType) && text.size() == 2;
     return isShortHex || BeginsWithDigit(text) ? CellKind::Digits : CellKind::Word;

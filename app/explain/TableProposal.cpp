@@ -21,6 +21,8 @@ class SplitFile {
     void Propose(std::optional<TableProposal>& best, double& bestScore) const;
 
   private:
+    std::size_t WiderBeginning(const ValueColumns& columns, std::size_t first) const;
+    void Place(TableProposal& table, std::size_t first, const ValueColumns& columns) const;
     std::optional<std::size_t> Beginning(const ValueColumns& columns, std::size_t cells) const;
     bool IsRowOf(const RowShape& shape, const ValueColumns& columns, std::size_t cells) const {
         return shape.Cells() == cells && shape.LooksLikeData() && !columns.IsUnlike(shape);
@@ -55,18 +57,35 @@ void SplitFile::Propose(std::optional<TableProposal>& best, double& bestScore) c
         const double score = value * value / static_cast<double>(table.Rows * cells);
         if (score <= bestScore) continue;
         bestScore = score;
-        table.Cells = cells;
-        table.Format = {Separator, Shapes[*first].Line(), false};
-        table.BlankAbove = *first == 0 ? table.Format.FirstLine > 1
-                                       : Shapes[*first - 1].IsBlank() ||
-                                             Shapes[*first - 1].Line() != table.Format.FirstLine - 1;
-        if (*first > 0 && !table.BlankAbove && IsHeader(*first, *first - 1, columns)) {
-            table.Format.Header = true;
-            --table.Format.FirstLine;
-        }
-        FindNames(table, *first);
+        Place(table, WiderBeginning(columns, *first), columns);
         best = table;
     }
+}
+
+// Columns that end earlier than others leave shorter rows below: the table begins with the wider rows that
+// stand directly above.
+std::size_t SplitFile::WiderBeginning(const ValueColumns& columns, std::size_t first) const {
+    constexpr std::size_t FewestRows = 3;
+    std::size_t begin = first;
+    while (begin > 0 && Shapes[begin - 1].Line() == Shapes[begin].Line() - 1 &&
+           Shapes[begin - 1].Cells() >= Shapes[first].Cells() && Shapes[begin - 1].LooksLikeData() &&
+           !columns.IsUnlike(Shapes[begin - 1])) {
+        --begin;
+    }
+    return first - begin < FewestRows ? first : begin;
+}
+
+// Says where the table stands that begins with the row `first`.
+void SplitFile::Place(TableProposal& table, std::size_t first, const ValueColumns& columns) const {
+    table.Cells = Shapes[first].Cells();
+    table.Format = {Separator, Shapes[first].Line(), false};
+    const bool isBelowRow =
+        first > 0 && !Shapes[first - 1].IsBlank() && Shapes[first - 1].Line() == table.Format.FirstLine - 1;
+    if (isBelowRow && IsHeader(first, first - 1, columns)) {
+        table.Format.Header = true;
+        --table.Format.FirstLine;
+    }
+    FindNames(table, first);
 }
 
 // The first row of the table after which nearly all are its rows: not a line of the preamble that looks like
@@ -81,7 +100,7 @@ std::optional<std::size_t> SplitFile::Beginning(const ValueColumns& columns, std
             ++looked;
             good += IsRowOf(Shapes[k], columns, cells);
         }
-        if (5 * good >= 4 * looked) return i;
+        if (5 * good >= 4 * looked || (good > 1 && good + 1 == looked)) return i;
     }
     return std::nullopt;
 }

@@ -8,12 +8,11 @@
 
 struct TableProposal {
     TableFormat Format;
-    std::size_t Rows = 0;     // that look like the table's, among the lines looked at
-    std::size_t Cells = 0;    // of each of them
-    int LastLine = 0;         // the last of them
-    int NamesLine = 0;        // where the names seem to stand; 0 for nowhere
-    std::u16string Names;     // the beginning of that line's cells
-    bool BlankAbove = false;  // the line above the values is blank
+    std::size_t Rows = 0;   // that look like the table's, among the lines looked at
+    std::size_t Cells = 0;  // of each of them
+    int LastLine = 0;       // the last of them
+    int NamesLine = 0;      // where the names seem to stand; 0 for nowhere
+    std::u16string Names;   // the beginning of that line's cells
 
     // The names stand where the module can't take them from.
     bool NamesAreLost() const { return NamesLine != 0 && !(Format.Header && Format.FirstLine == NamesLine); }

@@ -53,16 +53,18 @@ void FindLateLine(const Explanation& explanation, std::vector<Surprise>& found) 
     const auto linesTaken = static_cast<std::size_t>(
         std::count_if(record.Counted.begin(), record.Counted.end(),
                       [&](const SeenLine& line) { return line.Line >= record.RunStart; }));
-    const bool isMoved = longest.After != 0 && longest.First < record.RunStart &&
+    const bool isElsewhere =
+        explanation.IsAdvised() && explanation.Proposal->Format.FirstDataLine() < record.RunStart;
+    const bool isMoved = isElsewhere && longest.After != 0 && longest.First < record.RunStart &&
                          longest.Lines >= EnoughLines && longest.Lines > linesTaken;
     if (!isMoved) return;
-    found.push_back({"late-line-moves-the-table",
-                     Phrase("The lines {} to {} are alike by their count of the separator {}, but line {} "
-                            "has {} of them: {}. One such line among the first hundred moves the table's "
-                            "beginning behind it, here to line {}.",
-                            longest.First, longest.Last, SeparatorName(longest.Separator), longest.After,
-                            longest.CountAfter, Quoted(record.TextOf(longest.After)), record.RunStart),
-                     RemedyOf(explanation)});
+    found.push_back(
+        {"late-line-moves-the-table",
+         Phrase("The lines {} to {} have the same count of the separator {}, but line {} has {} of them: {}. "
+                "One such line among the first hundred moves the table's beginning below, here to line {}.",
+                longest.First, longest.Last, SeparatorName(longest.Separator), longest.After,
+                longest.CountAfter, Quoted(record.TextOf(longest.After)), record.RunStart),
+         RemedyOf(explanation)});
 }
 
 // A line in which an open quote keeps separators from being counted that its neighbours have.
@@ -149,6 +151,7 @@ void FindLostNames(const Explanation& explanation, std::vector<Surprise>& found)
     if (!explanation.Proposal || !explanation.Proposal->NamesAreLost()) return;
     const TableProposal& table = *explanation.Proposal;
     const int data = table.Format.FirstDataLine();
+    if (!explanation.IsAdvised() && data != explanation.Format.FirstDataLine) return;
     const bool isOne = table.NamesLine + 1 == data - 1;
     found.push_back(
         {"names-not-above-the-data",
@@ -173,10 +176,14 @@ void FindWideRows(const Explanation& explanation, std::vector<Surprise>& found) 
         }
     }
     if (lost.Count == 0) return;
+    const std::string where = Phrase("{} in line {}", Quoted(lost.FirstText), lost.FirstLine);
     found.push_back({"more-cells-than-columns",
-                     Phrase("{} rows have more cells than the table's first line, which has {}; the surplus "
-                            "is not imported, first {} in line {}.",
-                            lost.Count, columns, Quoted(lost.FirstText), lost.FirstLine),
+                     lost.Count == 1 ? Phrase("A row has more than the {} cells of the table's first line; "
+                                              "the surplus is not imported: {}.",
+                                              columns, where)
+                                     : Phrase("{} rows have more than the {} cells of the table's first "
+                                              "line; the surplus is not imported, first {}.",
+                                              lost.Count, columns, where),
                      explanation.IsAdvised()
                          ? explanation.ProposedOptions()
                          : Phrase("Give line {} as many separators as the longest row.", record.FirstLine)});
