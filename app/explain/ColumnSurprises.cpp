@@ -150,9 +150,8 @@ void FindEmptyBeginnings(const Explanation& explanation, std::vector<Surprise>& 
             int line = 0;
             FindCell(
                 record, column, [](std::u16string_view text) { return !text.empty(); }, line);
-            return Phrase(
-                "{} is text only because its first rows are empty; from line {} on it is of type {}.",
-                ColumnName(explanation, column), line, TypeInWords(reason.MostType));
+            return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
+                          ColumnName(explanation, column), line, TypeInWords(reason.MostType));
         },
         found);
 }

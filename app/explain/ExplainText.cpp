@@ -52,8 +52,8 @@ void WriteAdvice(std::ostream& out, const Explanation& explanation) {
     if (explanation.IsAdvised()) {
         const TableProposal& table = *explanation.Proposal;
         WriteLine(out, Phrase("advice"),
-                  Phrase("{} rows of {} cells each look like a table from line {} on; to take it ({}):",
-                         table.Rows, table.Cells, table.Format.FirstDataLine(), explanation.ProposalGives));
+                  Phrase("A table seems to begin in line {} (rows: {}, cells in each: {}). To take it ({}):",
+                         table.Format.FirstDataLine(), table.Rows, table.Cells, explanation.ProposalGives));
         WriteLine(out, "", explanation.ProposedOptions());
     }
     if (explanation.ReadsTimes)

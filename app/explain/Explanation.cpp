@@ -19,16 +19,17 @@ std::size_t TypedColumns(const AnalysisRecord& record) {
     return typed;
 }
 
-// How the module reads the proposal; empty if it reads no more values than from the table that it took, or
-// the proposal can't be had.
+// How the module reads the proposal; empty if it reads fewer values than from the table that it took, unless
+// that is but a scrap, or if the proposal can't be had.
 std::string TryProposal(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
                         const AnalysisRecord& taken) {
     AnalysisRecord tried;
     if (!TryFormat(module, path, format, tried) || tried.DataRows() == 0) return {};
     const std::size_t typed = TypedColumns(tried);
-    if (typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size()) return {};
+    const bool readsFewer = typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size();
+    if (readsFewer && 2 * taken.Rows.size() > tried.Rows.size()) return {};
     const std::size_t columns = tried.Rows.front().CellCount;
-    return Phrase("{} columns, {} of them text", columns,
+    return Phrase("columns: {}, of them text: {}", columns,
                   std::min(columns, AnalysisRecord::MostColumns) - typed);
 }
 

@@ -57,8 +57,12 @@ bool RowShape::LooksLikeData() const {
 ValueColumns::ValueColumns(const std::vector<RowShape>& rows, std::size_t cells) {
     std::vector<std::size_t> values(std::min(cells, AnalysisRecord::MostColumns), 0);
     std::vector<std::size_t> words(values.size(), 0);
+    const auto isOne = [cells](const RowShape& row) { return row.Cells() == cells && row.LooksLikeData(); };
+    // What stands above a table may have its number of cells and hold numbers as well; what stands below
+    // seldom has.
+    auto skipped = std::count_if(rows.begin(), rows.end(), isOne) / 2;
     for (const RowShape& row : rows) {
-        if (row.Cells() != cells || !row.LooksLikeData()) continue;
+        if (!isOne(row) || skipped-- > 0) continue;
         for (std::size_t column = 0; column < values.size(); ++column) {
             const CellKind kind = row.Kind(column);
             if (kind == CellKind::Empty) continue;

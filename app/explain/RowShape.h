@@ -44,7 +44,7 @@ class RowShape {
 // The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty.
 class ValueColumns {
   public:
-    // Learns from the rows with this number of cells that look like data.
+    // Learns from the lower half of the rows with this number of cells that look like data.
     ValueColumns(const std::vector<RowShape>& rows, std::size_t cells);
 
     bool IsEmpty() const;

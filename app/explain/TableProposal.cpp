@@ -17,8 +17,8 @@ class SplitFile {
         for (const SeenRow& row : Rows) Shapes.emplace_back(row);
     }
 
-    // The best table among rows of this separator, with its score.
-    void Propose(std::optional<TableProposal>& best, double& bestScore) const;
+    // The best table among rows of this separator and of so many cells at least, with its score.
+    void Propose(std::size_t fewestCells, std::optional<TableProposal>& best, double& bestScore) const;
 
   private:
     std::size_t WiderBeginning(const ValueColumns& columns, std::size_t first) const;
@@ -28,18 +28,19 @@ class SplitFile {
         return shape.Cells() == cells && shape.LooksLikeData() && !columns.IsUnlike(shape);
     }
     bool IsHeader(std::size_t first, std::size_t index, const ValueColumns& columns) const;
-    void FindNames(TableProposal& proposal, std::size_t first) const;
+    void FindNames(TableProposal& proposal, std::size_t first, const ValueColumns& columns) const;
     std::size_t DistinctTexts(std::size_t index) const;
 
-    const std::vector<SeenRow> Rows;
-    const int Separator;
+    std::vector<SeenRow> Rows;
+    int Separator;
     std::vector<RowShape> Shapes;
 };
 
-void SplitFile::Propose(std::optional<TableProposal>& best, double& bestScore) const {
+void SplitFile::Propose(std::size_t fewestCells, std::optional<TableProposal>& best,
+                        double& bestScore) const {
     std::set<std::size_t> widths;
     for (const RowShape& shape : Shapes) {
-        if (shape.Cells() > 1 && shape.LooksLikeData()) widths.insert(shape.Cells());
+        if (shape.Cells() >= fewestCells && shape.LooksLikeData()) widths.insert(shape.Cells());
     }
     for (const std::size_t cells : widths) {
         const ValueColumns columns(Shapes, cells);
@@ -85,7 +86,7 @@ void SplitFile::Place(TableProposal& table, std::size_t first, const ValueColumn
         table.Format.Header = true;
         --table.Format.FirstLine;
     }
-    FindNames(table, first);
+    FindNames(table, first, columns);
 }
 
 // The first row of the table after which nearly all are its rows: not a line of the preamble that looks like
@@ -109,7 +110,7 @@ std::optional<std::size_t> SplitFile::Beginning(const ValueColumns& columns, std
 // be lost.
 bool SplitFile::IsHeader(std::size_t first, std::size_t index, const ValueColumns& columns) const {
     const std::size_t named = Shapes[index].Cells();
-    if (named < 2 || !columns.IsUnlike(Shapes[index])) return false;
+    if ((named < 2 && Shapes[first].Cells() > 1) || !columns.IsUnlike(Shapes[index])) return false;
     return std::none_of(Shapes.begin() + static_cast<std::ptrdiff_t>(first), Shapes.end(),
                         [&](const RowShape& shape) {
                             bool isLost = false;
@@ -129,7 +130,7 @@ std::size_t SplitFile::DistinctTexts(std::size_t index) const {
 
 // Units repeat and leave cells empty, names don't: of the lines above the table that are nearly as rich in
 // different texts as the richest, the lowest. One gap of blank lines may lie between.
-void SplitFile::FindNames(TableProposal& proposal, std::size_t first) const {
+void SplitFile::FindNames(TableProposal& proposal, std::size_t first, const ValueColumns& columns) const {
     std::size_t richest = 0;
     std::vector<std::pair<std::size_t, std::size_t>> candidates;  // texts and row, from below
     int gaps = 0;
@@ -138,10 +139,10 @@ void SplitFile::FindNames(TableProposal& proposal, std::size_t first) const {
     for (std::size_t i = first; i-- > 0 && Shapes[i].Line() >= top;) {
         if (Shapes[i].Line() != below - 1 || Shapes[i].IsBlank()) ++gaps;
         below = Shapes[i].Line();
-        if (gaps > 1) break;
+        const bool isRow = Shapes[i].LooksLikeData() && !columns.IsUnlike(Shapes[i]);
+        if (gaps > 1 || isRow) break;
         const std::size_t cells = Shapes[i].Cells();
         if (2 * cells < proposal.Cells || cells > proposal.Cells + 1 || Shapes[i].IsBlank()) continue;
-        if (Shapes[i].Kind(0) == CellKind::Number) continue;
         candidates.emplace_back(DistinctTexts(i), i);
         richest = std::max(richest, candidates.back().first);
     }
@@ -161,8 +162,12 @@ void SplitFile::FindNames(TableProposal& proposal, std::size_t first) const {
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path) {
     std::optional<TableProposal> best;
     double score = 0;
+    std::vector<SplitFile> files;
     for (int separator = 0; separator < SeparatorsCounted; ++separator) {
-        SplitFile(RowsSplitBy(module, path, separator), separator).Propose(best, score);
+        files.emplace_back(RowsSplitBy(module, path, separator), separator);
+        files.back().Propose(2, best, score);
     }
+    // Rows of one cell are a table only where there is no other.
+    if (!best) files.front().Propose(1, best, score);
     return best;
 }

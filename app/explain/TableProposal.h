@@ -18,6 +18,6 @@ struct TableProposal {
     bool NamesAreLost() const { return NamesLine != 0 && !(Format.Header && Format.FirstLine == NamesLine); }
 };
 
-// The rows of most value that are alike, whatever the separator. Nothing if no rows of two or more cells are,
-// or a sidecar settles the format.
+// The rows of most value that are alike, whatever the separator. Nothing if no rows hold values, or a
+// sidecar settles the format.
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path);

@@ -6,65 +6,38 @@
 
 namespace {
 
-// Neighbouring counted lines with the same count of a separator, not zero.
-struct Stretch {
-    int Separator = 0;
-    int First = 0;
-    int Last = 0;
-    int After = 0;  // the counted line that broke it; 0 if none did
-    std::int32_t CountAfter = 0;
-    std::size_t Lines = 0;
-};
-
-Stretch LongestStretch(const AnalysisRecord& record) {
-    Stretch longest;
-    for (int separator = 0; separator < SeparatorsCounted; ++separator) {
-        const auto place = static_cast<std::size_t>(separator);
-        Stretch current{separator};
-        for (const SeenLine& line : record.Counted) {
-            const SeparatorRun& run = line.Runs[place];
-            if (run.Start == current.First && current.Lines > 0) {
-                current.Last = line.Line;
-                ++current.Lines;
-            } else {
-                if (current.Lines > longest.Lines) {
-                    longest = current;
-                    longest.After = line.Line;
-                    longest.CountAfter = run.LastCount;
-                }
-                const bool begins = run.LastCount != 0;
-                current = {separator, line.Line, line.Line, 0, 0, begins ? std::size_t{1} : 0};
-            }
-        }
-        if (current.Lines > longest.Lines) longest = current;
-    }
-    return longest;
-}
-
 std::string RemedyOf(const Explanation& explanation) {
     return explanation.IsAdvised() ? explanation.ProposedOptions() : std::string();
+}
+
+// Says that the lines from `first` on count for nothing because of the odd line `breaker`.
+void AddLateLine(const Explanation& explanation, int first, const SeenLine& breaker, int separator,
+                 std::vector<Surprise>& found) {
+    const std::int32_t count = breaker.Runs[static_cast<std::size_t>(separator)].LastCount;
+    found.push_back({"late-line-moves-the-table",
+                     Phrase("The lines from {} on look like the table's, but line {} has another count of "
+                            "the separator {}, {}: {}. One such line "
+                            "among the first hundred moves the table's beginning below, here to line {}.",
+                            first, breaker.Line, SeparatorName(separator), count, Quoted(breaker.Text),
+                            explanation.Record.RunStart),
+                     explanation.IsAdvised()
+                         ? explanation.ProposedOptions()
+                         : Phrase("Delete line {} in a copy of the file.", breaker.Line)});
 }
 
 // One odd line late among the first hundred makes every run before it count for nothing.
 void FindLateLine(const Explanation& explanation, std::vector<Surprise>& found) {
     const AnalysisRecord& record = explanation.Record;
-    const Stretch longest = LongestStretch(record);
-    constexpr std::size_t EnoughLines = 3;
-    const auto linesTaken = static_cast<std::size_t>(
-        std::count_if(record.Counted.begin(), record.Counted.end(),
-                      [&](const SeenLine& line) { return line.Line >= record.RunStart; }));
-    const bool isElsewhere =
-        explanation.IsAdvised() && explanation.Proposal->Format.FirstDataLine() < record.RunStart;
-    const bool isMoved = isElsewhere && longest.After != 0 && longest.First < record.RunStart &&
-                         longest.Lines >= EnoughLines && longest.Lines > linesTaken;
-    if (!isMoved) return;
-    found.push_back(
-        {"late-line-moves-the-table",
-         Phrase("The lines {} to {} have the same count of the separator {}, but line {} has {} of them: {}. "
-                "One such line among the first hundred moves the table's beginning below, here to line {}.",
-                longest.First, longest.Last, SeparatorName(longest.Separator), longest.After,
-                longest.CountAfter, Quoted(record.TextOf(longest.After)), record.RunStart),
-         RemedyOf(explanation)});
+    if (!explanation.Proposal || !explanation.FollowsDetection) return;
+    const int first = explanation.Proposal->Format.FirstDataLine();
+    const int separator = explanation.Proposal->Format.Separator;
+    if (first >= record.RunStart || (!explanation.IsAdvised() && separator != record.Separator)) return;
+    const auto place = static_cast<std::size_t>(separator);
+    for (std::size_t i = 1; i < record.Counted.size(); ++i) {
+        const SeenLine& line = record.Counted[i];
+        const bool isOdd = line.Runs[place].LastCount != record.Counted[i - 1].Runs[place].LastCount;
+        if (line.Line > first && isOdd) return AddLateLine(explanation, first, line, separator, found);
+    }
 }
 
 // A line in which an open quote keeps separators from being counted that its neighbours have.
