@@ -58,6 +58,7 @@ std::string MisfitsInWords(const ColumnReason& reason) {
 }
 
 std::string TextReasonInWords(const ColumnReason& reason) {
+    if (reason.Cells == 1 && reason.Empty.Count == 1) return Phrase("since its only cell is empty");
     if (reason.Empty.Count == reason.Cells)
         return Phrase("since each of the {} cells is empty", reason.Cells);
     if (reason.MostType != NoType) return MisfitsInWords(reason);
