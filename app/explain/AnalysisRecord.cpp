@@ -23,7 +23,7 @@ int AnalysisRecord::TypeOf(std::size_t column) const {
 
 void AnalysisRecord::OnLineCounted(int line, std::u16string_view text, std::span<const SeparatorRun> runs) {
     if (line == 1 || (!Counted.empty() && Counted.back().Line >= line)) Counted.clear();
-    SeenLine& seen = Counted.emplace_back(line, std::u16string(text.substr(0, LongestText)));
+    SeenLine& seen = Counted.emplace_back(line, std::u16string(text.substr(0, LongestLine)));
     std::copy_n(runs.begin(), std::min(runs.size(), seen.Runs.size()), seen.Runs.begin());
 }
 

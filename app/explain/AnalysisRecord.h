@@ -54,7 +54,8 @@ struct SeenRow {
 class AnalysisRecord : private IAnalysisObserver {
   public:
     static constexpr std::size_t MostColumns = 200;
-    static constexpr std::size_t LongestText = 400;
+    static constexpr std::size_t LongestLine = 8000;
+    static constexpr std::size_t LongestText = 400;  // of a cell
 
     AnalysisRecord() : Outer(GetAnalysisObserver()) { SetAnalysisObserver(this); }
     AnalysisRecord(const AnalysisRecord&) = delete;

@@ -63,9 +63,11 @@ Json ColumnJson(const Explanation& explanation, std::size_t column) {
             {"fell", fell}};
 }
 
-Json TableJson(const AnalysisRecord& record) {
+Json TableJson(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
     constexpr const char* Ends[] = {"end of file", "empty line", "enough rows"};
-    return {{"firstLine", record.FirstLine},
+    return {{"separator", explanation.Format.Separator},
+            {"firstLine", record.FirstLine},
             {"header", record.Header},
             {"rows", record.DataRows()},
             {"end", Ends[static_cast<int>(record.End)]},
@@ -102,7 +104,7 @@ void WriteExplanationJson(std::ostream& out, const std::string& file, const Expl
                            {"why", FormatReasons(explanation)},
                            {"runnerUp", RunnerUp(explanation.Record)},
                            {"detection", DetectionJson(explanation.Record)},
-                           {"table", TableJson(explanation.Record)},
+                           {"table", TableJson(explanation)},
                            {"columns", columns},
                            {"columnCount", explanation.Columns.size()},
                            {"warnings", surprises},

@@ -6,8 +6,9 @@
 
 namespace {
 
-std::string RemedyOf(const Explanation& explanation) {
-    return explanation.IsAdvised() ? explanation.ProposedOptions() : std::string();
+// The advised options, else another remedy.
+std::string RemedyOf(const Explanation& explanation, const std::string& other) {
+    return explanation.IsAdvised() ? explanation.ProposedOptions() : other;
 }
 
 // Says that the lines from `first` on count for nothing because of the odd line `breaker`.
@@ -20,9 +21,7 @@ void AddLateLine(const Explanation& explanation, int first, const SeenLine& brea
                             "among the first hundred moves the table's beginning below, here to line {}.",
                             first, breaker.Line, SeparatorName(separator), count, Quoted(breaker.Text),
                             explanation.Record.RunStart),
-                     explanation.IsAdvised()
-                         ? explanation.ProposedOptions()
-                         : Phrase("Delete line {} in a copy of the file.", breaker.Line)});
+                     RemedyOf(explanation, Phrase("Delete line {} in a copy of the file.", breaker.Line))});
 }
 
 // One odd line late among the first hundred makes every run before it count for nothing.
@@ -40,27 +39,28 @@ void FindLateLine(const Explanation& explanation, std::vector<Surprise>& found) 
     }
 }
 
-// A line in which an open quote keeps separators from being counted that its neighbours have.
+// Separators of a line that its neighbour has and that an open quote keeps from being counted.
+std::int32_t HiddenSeparators(const SeenLine& line, const SeenLine& neighbour, std::size_t separator) {
+    constexpr char16_t Characters[] = {u';', u',', u'\t', u' '};
+    const auto count = [&](char16_t c) { return std::count(line.Text.begin(), line.Text.end(), c); };
+    const bool isOpen = count(u'\'') % 2 == 1 || count(u'"') % 2 == 1;
+    const std::int32_t usual = neighbour.Runs[separator].LastCount;
+    return isOpen && count(Characters[separator]) == usual ? usual - line.Runs[separator].LastCount : 0;
+}
+
 void FindHiddenSeparators(const Explanation& explanation, std::vector<Surprise>& found) {
-    constexpr char16_t Separators[] = {u';', u',', u'\t'};
-    const AnalysisRecord& record = explanation.Record;
-    for (std::size_t place = 0; place < std::size(Separators); ++place) {
-        for (std::size_t i = 0; i < record.Counted.size(); ++i) {
-            const SeenLine& line = record.Counted[i];
-            const SeenLine& next =
-                record.Counted[i + 1 < record.Counted.size() ? i + 1 : i - (i > 0 ? 1 : 0)];
-            const auto count = [&](char16_t c) { return std::count(line.Text.begin(), line.Text.end(), c); };
-            const bool isOpen = count(u'\'') % 2 == 1 || count(u'"') % 2 == 1;
-            const std::int32_t counted = line.Runs[place].LastCount;
-            const std::int32_t usual = next.Runs[place].LastCount;
-            if (!isOpen || counted >= usual || count(Separators[place]) != usual) continue;
+    const std::vector<SeenLine>& lines = explanation.Record.Counted;
+    for (int separator = 0; separator < SeparatorsCounted; ++separator) {
+        for (std::size_t i = 0; lines.size() > 1 && i < lines.size(); ++i) {
+            const SeenLine& neighbour = lines[i + 1 < lines.size() ? i + 1 : i - 1];
+            const std::int32_t hidden =
+                HiddenSeparators(lines[i], neighbour, static_cast<std::size_t>(separator));
+            if (hidden <= 0) continue;
             found.push_back({"quote-hides-separators",
-                             Phrase("In line {} an apostrophe or a quote without its partner hides {} of {} "
-                                    "separators ({}) from the count: {}.",
-                                    line.Line, usual - counted, usual, SeparatorName(static_cast<int>(place)),
-                                    Quoted(line.Text)),
-                             explanation.IsAdvised() ? explanation.ProposedOptions()
-                                                     : Phrase("Remove it from the file, or double it.")});
+                             Phrase("In line {} an apostrophe or a quote without its partner keeps {} of the "
+                                    "separator {} from being counted: {}.",
+                                    lines[i].Line, hidden, SeparatorName(separator), Quoted(lines[i].Text)),
+                             RemedyOf(explanation, Phrase("Remove it from the file, or double it."))});
             return;
         }
     }
@@ -104,20 +104,19 @@ void FindEmptyLine(const Explanation& explanation, std::vector<Surprise>& found)
     if (explanation.Proposal) lastKnown = std::max(lastKnown, explanation.Proposal->LastLine);
     if (lastKnown <= record.EndLine) return;
     if (record.DataRows() == 0) {
-        found.push_back({"empty-line-ends-the-table",
-                         Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
-                                "column gets a type.",
-                                record.EndLine),
-                         explanation.IsAdvised()
-                             ? explanation.ProposedOptions()
-                             : Phrase("Delete line {} in a copy of the file.", record.EndLine)});
+        found.push_back(
+            {"empty-line-ends-the-table",
+             Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
+                    "column gets a type.",
+                    record.EndLine),
+             RemedyOf(explanation, Phrase("Delete line {} in a copy of the file.", record.EndLine))});
         return;
     }
     found.push_back({"empty-line-ends-the-table",
                      Phrase("Line {} is empty and ends the analysis: the types are settled by the {} rows "
                             "above it alone. The import itself goes on behind it.",
                             record.EndLine, record.DataRows()),
-                     RemedyOf(explanation)});
+                     RemedyOf(explanation, {})});
 }
 
 void FindLostNames(const Explanation& explanation, std::vector<Surprise>& found) {
@@ -157,9 +156,8 @@ void FindWideRows(const Explanation& explanation, std::vector<Surprise>& found) 
                                      : Phrase("{} rows have more than the {} cells of the table's first "
                                               "line; the surplus is not imported, first {}.",
                                               lost.Count, columns, where),
-                     explanation.IsAdvised()
-                         ? explanation.ProposedOptions()
-                         : Phrase("Give line {} as many separators as the longest row.", record.FirstLine)});
+                     RemedyOf(explanation, Phrase("Give line {} as many separators as the longest row.",
+                                                  record.FirstLine))});
 }
 
 }  // namespace

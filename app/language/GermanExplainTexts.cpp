@@ -133,10 +133,10 @@ constexpr Translation Texts[] = {
      "{}: {}. Eine solche Zeile unter den ersten hundert verschiebt den Anfang der Tabelle nach unten, hier "
      "auf Zeile {}."},
     {"Delete line {} in a copy of the file.", "In einer Kopie der Datei Zeile {} löschen."},
-    {"In line {} an apostrophe or a quote without its partner hides {} of {} separators ({}) from the count: "
-     "{}.",
-     "In Zeile {} verbirgt ein Hochkomma oder Anführungszeichen ohne Gegenstück {} von {} Trennzeichen ({}) "
-     "vor der Zählung: {}."},
+    {"In line {} an apostrophe or a quote without its partner keeps {} of the separator {} from being "
+     "counted: {}.",
+     "In Zeile {} nimmt ein Hochkomma oder Anführungszeichen ohne Gegenstück {} vom Trennzeichen {} von der "
+     "Zählung aus: {}."},
     {"Remove it from the file, or double it.", "Es aus der Datei entfernen oder verdoppeln."},
     {"Line {} seems to hold the columns' names, but is taken for the first row of data: {}.",
      "Zeile {} scheint die Namen der Spalten zu enthalten, gilt aber als erste Datenzeile: {}."},
