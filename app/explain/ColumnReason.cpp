@@ -1,5 +1,6 @@
 #include "app/explain/ColumnReason.h"
 
+#include "app/TextReport.h"
 #include "app/TextTable.h"
 #include "app/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -35,7 +36,7 @@ int NearestBelow(const ColumnReason& reason) {
 }
 
 std::string MisfitsInWords(const ColumnReason& reason) {
-    const std::string type = TypeInWords(reason.MostType);
+    const std::string type = DataTypeInWords(reason.MostType);
     const CellGroup& empty = reason.Empty;
     const CellGroup& other = reason.Others;
     if (other.Count == 0 && empty.Count == 1)
@@ -105,30 +106,7 @@ std::string ReasonInWords(const ColumnReason& reason) {
     const int below = NearestBelow(reason);
     const CellGroup& end = reason.Fell[static_cast<std::size_t>(below - 1)];
     if (end.Count == 0) return Phrase("each of the {} cells fits", reason.Cells);
-    return Phrase("{} in line {} is no {}", Quoted(end.FirstText), end.FirstLine, TypeInWords(below));
-}
-
-std::string TypeInWords(int type) {
-    switch (type) {
-        case BooleanType:
-            return Phrase("boolean");
-        case IntegerType:
-            return Phrase("integer");
-        case IntegerUnitType:
-            return Phrase("integer with unit");
-        case HexType:
-            return Phrase("hexadecimal");
-        case FloatType:
-            return Phrase("float");
-        case FloatUnitType:
-            return Phrase("float with unit");
-        case CharType:
-            return Phrase("character");
-        case TextType:
-            return Phrase("text");
-        default:
-            return Phrase("no type");
-    }
+    return Phrase("{} in line {} is no {}", Quoted(end.FirstText), end.FirstLine, DataTypeInWords(below));
 }
 
 std::string Quoted(const std::u16string& text) {

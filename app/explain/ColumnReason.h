@@ -36,8 +36,5 @@ ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column);
 // One sentence without the type itself.
 std::string ReasonInWords(const ColumnReason& reason);
 
-// A type as people call it.
-std::string TypeInWords(int type);
-
 // A text of a file in a sentence: quoted, on one line, of 40 characters at most.
 std::string Quoted(const std::u16string& text);

@@ -2,6 +2,7 @@
 #include <functional>
 #include <string_view>
 
+#include "app/TextReport.h"
 #include "app/explain/ColumnReason.h"
 #include "app/explain/Surprises.h"
 #include "app/language/Phrase.h"
@@ -151,7 +152,7 @@ void FindEmptyBeginnings(const Explanation& explanation, std::vector<Surprise>& 
             FindCell(
                 record, column, [](std::u16string_view text) { return !text.empty(); }, line);
             return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
-                          ColumnName(explanation, column), line, TypeInWords(reason.MostType));
+                          ColumnName(explanation, column), line, DataTypeInWords(reason.MostType));
         },
         found);
 }

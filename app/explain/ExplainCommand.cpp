@@ -32,12 +32,16 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const 
 }  // namespace
 
 void AddExplainCommand(CommandLine& line) {
-    line.Add("explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
-             [](const ModuleLoader& module, const CommonOptions& common) {
-                 int status = ExitDone;
-                 for (const std::string& file : common.Files) {
-                     status = std::max(status, ExplainFile(module, common, file));
-                 }
-                 return status;
-             });
+    CLI::App& command =
+        line.Add("explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
+                 [](const ModuleLoader& module, const CommonOptions& common) {
+                     int status = ExitDone;
+                     for (const std::string& file : common.Files) {
+                         status = std::max(status, ExplainFile(module, common, file));
+                     }
+                     return status;
+                 });
+    command.footer(
+        Phrase("Examples:\n  kelvarin-import explain data.csv\n  kelvarin-import explain --json *.csv "
+               ">reasons.json"));
 }

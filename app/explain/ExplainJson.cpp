@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "app/TextReport.h"
 #include "app/explain/ColumnReason.h"
 #include "app/explain/ExplainReport.h"
 #include "app/explain/FormatReason.h"
@@ -100,7 +101,7 @@ void WriteExplanationJson(std::ostream& out, const std::string& file, const Expl
         surprises.push_back({{"kind", surprise.Kind}, {"text", surprise.Text}, {"remedy", surprise.Remedy}});
     }
     const Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
-                           {"taken", FormatTaken(explanation)},
+                           {"taken", FormatInWords(explanation.Format)},
                            {"why", FormatReasons(explanation)},
                            {"runnerUp", RunnerUp(explanation.Record)},
                            {"detection", DetectionJson(explanation.Record)},

@@ -37,6 +37,3 @@ struct Explanation {
 // about that. `filter` has just analysed the file at `path`.
 Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
                     const AnalysisRecord& record);
-
-// The name of a separator of an index 0 to 3, as in "separated by comma".
-std::string SeparatorName(int separator);

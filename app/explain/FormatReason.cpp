@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/TextReport.h"
 #include "app/explain/ColumnReason.h"
 #include "app/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -99,33 +100,7 @@ std::string HeaderReason(const AnalysisRecord& record) {
         last.Line, TestInWords(last), record.DetectedFirstLine, Quoted(text));
 }
 
-std::string FormatWords(const std::string& separator, int headerLine, int dataLine) {
-    if (headerLine == 0) return Phrase("separated by {}, no header, data from line {}", separator, dataLine);
-    return Phrase("separated by {}, header in line {}, data from line {}", separator, headerLine, dataLine);
-}
-
 }  // namespace
-
-std::string SeparatorName(int separator) {
-    switch (separator) {
-        case 0:
-            return Phrase("semicolon");
-        case 1:
-            return Phrase("comma");
-        case 2:
-            return Phrase("tab");
-        default:
-            return Phrase("space");
-    }
-}
-
-std::string FormatTaken(const Explanation& explanation) {
-    const FormatSummary& format = explanation.Format;
-    const std::string separator = format.Separator < SeparatorsCounted
-                                      ? SeparatorName(format.Separator)
-                                      : Quoted(format.OtherSeparator.substr(0, 1));
-    return FormatWords(separator, format.HeaderLine, format.FirstDataLine);
-}
 
 std::vector<std::string> FormatReasons(const Explanation& explanation) {
     const AnalysisRecord& record = explanation.Record;
@@ -133,10 +108,13 @@ std::vector<std::string> FormatReasons(const Explanation& explanation) {
         return {Phrase("The first lines are blank, so nothing speaks for a separator.")};
     std::vector<std::string> reasons;
     if (!explanation.FollowsDetection) {
-        const int header = record.DetectedHeader ? record.DetectedFirstLine : 0;
-        const int data = record.DetectedFirstLine + (record.DetectedHeader ? 1 : 0);
-        reasons.push_back(Phrase("The settings say so; without them it would be: {}.",
-                                 FormatWords(SeparatorName(record.Separator), header, data)));
+        FormatSummary detected = explanation.Format;
+        detected.Separator = record.Separator;
+        detected.MergeSeparators = TableFormat{record.Separator}.Merges();
+        detected.HeaderLine = record.DetectedHeader ? record.DetectedFirstLine : 0;
+        detected.FirstDataLine = record.DetectedFirstLine + (record.DetectedHeader ? 1 : 0);
+        reasons.push_back(
+            Phrase("The settings say so; without them it would be: {}.", FormatInWords(detected)));
     }
     reasons.push_back(SeparatorReason(record));
     reasons.push_back(HeaderReason(record));

@@ -6,9 +6,6 @@
 
 #include "app/explain/Explanation.h"
 
-// What was taken.
-std::string FormatTaken(const Explanation& explanation);
-
 // Why the separator, then why the header.
 std::vector<std::string> FormatReasons(const Explanation& explanation);
 

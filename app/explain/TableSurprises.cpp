@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "app/TextReport.h"
 #include "app/explain/ColumnReason.h"
 #include "app/explain/Surprises.h"
 #include "app/language/Phrase.h"
@@ -43,7 +44,9 @@ void FindLateLine(const Explanation& explanation, std::vector<Surprise>& found) 
 std::int32_t HiddenSeparators(const SeenLine& line, const SeenLine& neighbour, std::size_t separator) {
     constexpr char16_t Characters[] = {u';', u',', u'\t', u' '};
     const auto count = [&](char16_t c) { return std::count(line.Text.begin(), line.Text.end(), c); };
-    const bool isOpen = count(u'\'') % 2 == 1 || count(u'"') % 2 == 1;
+    constexpr std::u16string_view Quotes = u"'\"";
+    const bool isOpen =
+        std::any_of(Quotes.begin(), Quotes.end(), [&](char16_t quote) { return count(quote) % 2 == 1; });
     const std::int32_t usual = neighbour.Runs[separator].LastCount;
     return isOpen && count(Characters[separator]) == usual ? usual - line.Runs[separator].LastCount : 0;
 }

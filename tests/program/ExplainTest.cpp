@@ -22,7 +22,7 @@ TEST(Explain, TellsWhatWasTakenAndWhy) {
     EXPECT_EQ(result.Status, 0);
     EXPECT_EQ(result.Out,
               "a.csv\n"
-              "  taken     separated by semicolon, header in line 2, data from line 3\n"
+              "  taken     separated by semicolon; header in line 2, data from line 3\n"
               "  why       The semicolon is regular from the earliest line on: each line from 2 to 5 has 2 "
               "semicolons, "
               "while line 1 has 0.\n"
@@ -102,7 +102,7 @@ TEST(Explain, KnowsWhoNamedTheFormat) {
     const Json set =
         Json::parse(run({"explain", "--json", "--set", "AutoFormat=0", "--set", "FirstLine=2", "a.csv"}).Out);
     EXPECT_EQ(set["why"][0],
-              "The settings say so; without them it would be: separated by semicolon, header in "
+              "The settings say so; without them it would be: separated by semicolon; header in "
               "line 1, data from line 2.");
     EXPECT_EQ(set["proposal"]["options"], OptionsFor(0, 1, 1));
     EXPECT_EQ(run({"explain", "absent.csv"}).Status, 1);
