@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 int LowestType(DataTypeSet set) {
     return set == 0 ? NoType : std::countr_zero(set) + 1;
@@ -23,8 +24,9 @@ int AnalysisRecord::TypeOf(std::size_t column) const {
 
 void AnalysisRecord::OnLineCounted(int line, std::u16string_view text, std::span<const SeparatorRun> runs) {
     if (line == 1 || (!Counted.empty() && Counted.back().Line >= line)) Counted.clear();
-    SeenLine& seen = Counted.emplace_back(line, std::u16string(text.substr(0, LongestLine)));
+    SeenLine seen{line, std::u16string(text.substr(0, LongestLine)), {}};
     std::copy_n(runs.begin(), std::min(runs.size(), seen.Runs.size()), seen.Runs.begin());
+    Counted.push_back(std::move(seen));
 }
 
 void AnalysisRecord::OnSeparatorChosen(int separator, int firstLine) {
