@@ -20,10 +20,9 @@ constexpr std::size_t MostColumnsShown = 200;
 constexpr std::size_t MostLinesNamed = 8;
 
 std::string SeparatorInWords(const FormatSummary& format) {
-    const std::string words[] = {Phrase("semicolon"), Phrase("comma"), Phrase("tab"), Phrase("space")};
     std::string separator;
     if (format.Separator >= 0 && format.Separator < 4) {
-        separator = words[format.Separator];
+        separator = SeparatorName(format.Separator);
     } else if (!format.OtherSeparator.empty()) {
         separator = "'" + Utf16ToUtf8(format.OtherSeparator.substr(0, 1)) + "'";
     } else {
@@ -31,22 +30,6 @@ std::string SeparatorInWords(const FormatSummary& format) {
     }
     return format.MergeSeparators ? Phrase("separated by {}, neighbours merged", separator)
                                   : Phrase("separated by {}", separator);
-}
-
-std::string FormatInWords(const FormatSummary& format) {
-    const std::string separator = SeparatorInWords(format);
-    if (format.HeaderLine == 0)
-        return Phrase("{}; no header, data from line {}", separator, format.FirstDataLine);
-    return Phrase("{}; header in line {}, data from line {}", separator, format.HeaderLine,
-                  format.FirstDataLine);
-}
-
-// In the order of the module's data types.
-std::string DataTypeInWords(int type) {
-    const std::string words[] = {Phrase("no type"),           Phrase("boolean"),     Phrase("integer"),
-                                 Phrase("integer with unit"), Phrase("hexadecimal"), Phrase("float"),
-                                 Phrase("float with unit"),   Phrase("character"),   Phrase("text")};
-    return type >= 0 && type <= 8 ? words[type] : words[0];
 }
 
 // The analysis may leave a unit with a column that turned out to be of a type without.
@@ -150,6 +133,26 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
 }
 
 }  // namespace
+
+std::string SeparatorName(int separator) {
+    const std::string words[] = {Phrase("semicolon"), Phrase("comma"), Phrase("tab"), Phrase("space")};
+    return words[separator];
+}
+
+std::string FormatInWords(const FormatSummary& format) {
+    const std::string separator = SeparatorInWords(format);
+    if (format.HeaderLine == 0)
+        return Phrase("{}; no header, data from line {}", separator, format.FirstDataLine);
+    return Phrase("{}; header in line {}, data from line {}", separator, format.HeaderLine,
+                  format.FirstDataLine);
+}
+
+std::string DataTypeInWords(int type) {
+    const std::string words[] = {Phrase("no type"),           Phrase("boolean"),     Phrase("integer"),
+                                 Phrase("integer with unit"), Phrase("hexadecimal"), Phrase("float"),
+                                 Phrase("float with unit"),   Phrase("character"),   Phrase("text")};
+    return type >= 0 && type <= 8 ? words[type] : words[0];
+}
 
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter) {
     const CCsvImportSettings& settings = SettingsOf(filter);

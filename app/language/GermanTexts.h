@@ -11,3 +11,4 @@ struct Translation {
 
 std::span<const Translation> GermanImportTexts();
 std::span<const Translation> GermanShellTexts();
+std::span<const Translation> GermanExplainTexts();

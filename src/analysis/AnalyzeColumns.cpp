@@ -5,6 +5,7 @@
 #include "analysis/PreviewTableCallbacks.h"
 #include "analysis/SplitLine.h"
 #include "analysis/TypeCandidates.h"
+#include "host/AnalysisObserver.h"
 #include "host/StdioFileEx.h"
 #include "settings/CsvImportSettings.h"
 
@@ -30,13 +31,54 @@ ColumnList StartColumns(CCsvImportSettings& settings, const CellList& cells,
     return columns;
 }
 
-void AnalyzeRow(CCsvImportSettings& settings, const ColumnList& columns, int row, const CellList& cells,
-                IPreviewTableCallbacks* callbacks) {
+DataTypeSet SetOf(const std::array<bool, CsvTypeCount>& candidates) {
+    DataTypeSet set = 0;
+    for (std::size_t i = 0; i < candidates.size(); ++i) set |= DataTypeSet{candidates[i]} << i;
+    return set;
+}
+
+// As NarrowTypes, told to the observer. What the cell alone would leave is asked of a column of its own.
+void NarrowObserved(CCsvColumnInfo& info, const char16_t* cell, JudgedCell judged,
+                    IAnalysisObserver& observer) {
+    CCsvColumnInfo fresh;
+    fresh.TypeCandidates.fill(true);
+    fresh.Unit = info.Unit;
+    NarrowTypes(fresh, cell);
+    judged.Text = cell;
+    judged.Fits = SetOf(fresh.TypeCandidates);
+    judged.Before = SetOf(info.TypeCandidates);
+    NarrowTypes(info, cell);
+    judged.After = SetOf(info.TypeCandidates);
+    observer.OnCell(judged);
+}
+
+// Who is told of the rows and cells; all of it may be null.
+struct Listeners {
+    IPreviewTableCallbacks* Preview;
+    IAnalysisObserver* Observer;
+};
+
+// `row` counts the rows of data from 0, `line` the lines of the file from 1.
+void AnalyzeRow(CCsvImportSettings& settings, const ColumnList& columns, int row, int line,
+                const CellList& cells, const Listeners& listeners) {
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const int column = static_cast<int>(i);
-        NarrowTypes(i < columns.size() ? *columns[i] : settings.GetColumn(column), cells[i]);
-        if (callbacks != nullptr) callbacks->SetCell(row, column, cells[i]);
+        CCsvColumnInfo& info = i < columns.size() ? *columns[i] : settings.GetColumn(column);
+        if (listeners.Observer == nullptr) {
+            NarrowTypes(info, cells[i]);
+        } else {
+            NarrowObserved(info, cells[i], {line, column, {}, 0, 0, 0}, *listeners.Observer);
+        }
+        if (listeners.Preview != nullptr) listeners.Preview->SetCell(row, column, cells[i]);
     }
+}
+
+// The next line of the table; false, with the reason, if the table ends before it.
+bool ReadRow(CStdioFileEx& file, std::u16string& line, TableEnd& end) {
+    const bool isRead = file.ReadString(line);
+    if (isRead && !line.empty()) return true;
+    end = isRead ? TableEnd::EmptyLine : TableEnd::EndOfFile;
+    return false;
 }
 
 // A column without any type can't become a signal. Fills the gaps of the map on the way, so that every index
@@ -54,20 +96,31 @@ bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbac
                                         std::u16string* timestampText) {
     std::u16string line, joined;
     CellList cells;
+    const Listeners listeners{callbacks, GetAnalysisObserver()};
+    IAnalysisObserver* const observer = listeners.Observer;
     file.SeekToBegin(true);
     RemoveDefaultColumns();
     ColumnCount = 0;
+    if (observer != nullptr) observer->OnTableBegun(GetFirstLine(), ImportHeader != 0);
     for (int skipped = 1; skipped < GetFirstLine(); ++skipped) {
-        if (!file.ReadString(line)) return false;
+        if (file.ReadString(line)) continue;
+        if (observer != nullptr) observer->OnTableEnded(TableEnd::EndOfFile, skipped);
+        return false;
     }
     ColumnList columns;
     const int firstDataRow = ImportHeader != 0 ? 1 : 0;
-    for (int row = 0; row < RowsLookedAt && file.ReadString(line) && !line.empty(); ++row) {
+    int row = 0;
+    TableEnd end = TableEnd::EnoughRows;
+    for (; row < RowsLookedAt && ReadRow(file, line, end); ++row) {
         SplitLine(line.data(), GetSeparatorChar(), MergeSeparators != 0, cells);
+        if (observer != nullptr) observer->OnRow(GetFirstLine() + row, cells.size());
         if (row == 0) columns = StartColumns(*this, cells, callbacks);
         if (row == firstDataRow && timestampText != nullptr) *timestampText = GetTimestampText(cells, joined);
-        if (row >= firstDataRow) AnalyzeRow(*this, columns, row - firstDataRow, cells, callbacks);
+        if (row >= firstDataRow) {
+            AnalyzeRow(*this, columns, row - firstDataRow, GetFirstLine() + row, cells, listeners);
+        }
     }
+    if (observer != nullptr) observer->OnTableEnded(end, GetFirstLine() + row);
     DropUntypedColumns(*this);
     return !ColumnMap.empty();
 }

@@ -2,9 +2,11 @@
 // regular from the earliest line on, then the first line with enough numbers below it.
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "analysis/NumberCells.h"
 #include "analysis/SplitLine.h"
+#include "host/AnalysisObserver.h"
 #include "host/StdioFileEx.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
@@ -27,31 +29,28 @@ class SeparatorRuns {
 
     // The separator whose run starts first; of several the one of the lowest index.
     int Winner() const {
-        const auto earlier = [](const Run& a, const Run& b) { return a.Start < b.Start; };
+        const auto earlier = [](const SeparatorRun& a, const SeparatorRun& b) { return a.Start < b.Start; };
         return static_cast<int>(std::min_element(Runs.begin(), Runs.end(), earlier) - Runs.begin());
     }
     int WinnersStart() const { return Runs[static_cast<std::size_t>(Winner())].Start; }
+    std::span<const SeparatorRun> All() const { return Runs; }
 
   private:
-    struct Run {
-        int Start = 0;
-        std::int32_t LastCount = 0;
-    };
-    std::array<Run, FixedSeparatorCount> Runs;
+    std::array<SeparatorRun, FixedSeparatorCount> Runs;
 };
 
-// True if at least a quarter of the cells, rounded up, are numbers.
-bool IsDataLine(const CellList& cells) {
-    std::size_t numbers = 0;
+// A line of data needs numbers in a quarter of its cells, rounded up.
+TestedLine TestLine(int number, const CellList& cells) {
+    TestedLine tested{number, cells.size(), 0, (cells.size() + 3) / 4};
     for (char16_t* cell : cells) {
         double value;
-        if (ParseFloat(cell, value, nullptr)) ++numbers;
+        if (ParseFloat(cell, value, nullptr)) ++tested.Numbers;
     }
-    return numbers >= (cells.size() + 3) / 4;
+    return tested;
 }
 
 // The first data line from `firstLine` on, or 0.
-int FindDataLine(CStdioFileEx& file, int firstLine, int separator) {
+int FindDataLine(CStdioFileEx& file, int firstLine, int separator, IAnalysisObserver* observer) {
     std::u16string line;
     CellList cells;
     file.SeekToBegin(true);
@@ -59,7 +58,9 @@ int FindDataLine(CStdioFileEx& file, int firstLine, int separator) {
         if (number < firstLine) continue;
         SplitLine(line.data(), SeparatorCharOf(static_cast<std::uint32_t>(separator)),
                   separator == SeparatorSpace, cells);
-        if (IsDataLine(cells)) return number;
+        const TestedLine tested = TestLine(number, cells);
+        if (observer != nullptr) observer->OnLineTested(tested);
+        if (tested.IsData()) return number;
     }
     return 0;
 }
@@ -69,22 +70,28 @@ int FindDataLine(CStdioFileEx& file, int firstLine, int separator) {
 bool CCsvImportSettings::DetectFormat(CStdioFileEx& file) {
     std::u16string line;
     SeparatorRuns runs;
+    IAnalysisObserver* const observer = GetAnalysisObserver();
     file.SeekToBegin(true);
     if (!file.ReadString(line)) return false;
     for (int number = 1;;) {
         const std::u16string_view trimmed = TrimWhiteSpace(line);
-        if (!trimmed.empty()) runs.AddLine(trimmed, number);
+        if (!trimmed.empty()) {
+            runs.AddLine(trimmed, number);
+            if (observer != nullptr) observer->OnLineCounted(number, trimmed, runs.All());
+        }
         if (++number > LinesLookedAt || !file.ReadString(line)) break;
     }
     DetectedSeparator = runs.Winner();
     DetectedFirstLine = std::max(runs.WinnersStart(), 1);
     DetectedHeader = 0;
+    if (observer != nullptr) observer->OnSeparatorChosen(DetectedSeparator, DetectedFirstLine);
 
-    const int dataLine = FindDataLine(file, DetectedFirstLine, DetectedSeparator);
+    const int dataLine = FindDataLine(file, DetectedFirstLine, DetectedSeparator, observer);
     if (dataLine > DetectedFirstLine) {
         DetectedFirstLine = dataLine - 1;
         DetectedHeader = 1;
     }
+    if (observer != nullptr) observer->OnFormatDetected(DetectedFirstLine, DetectedHeader != 0);
     ApplyAutoFormat();
     return true;
 }

@@ -9,7 +9,7 @@
 TEST(Shell, ManualNamesEveryOptionOfEveryCommand) {
     const ProgramRun run;
     const std::string manual = run({"manual"}).Out;
-    for (const char* command : {"import", "analyze", "sidecar", "dialog"}) {
+    for (const char* command : {"import", "analyze", "explain", "sidecar", "dialog"}) {
         const std::size_t begin = manual.find(std::string(".SS ") + command + "\n");
         ASSERT_NE(begin, std::string::npos) << command;
         const std::string section = manual.substr(begin, manual.find(".SS ", begin + 1) - begin);

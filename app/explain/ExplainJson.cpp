@@ -1,0 +1,114 @@
+#include <nlohmann/json.hpp>
+
+#include "app/TextReport.h"
+#include "app/explain/ColumnReason.h"
+#include "app/explain/ExplainReport.h"
+#include "app/explain/FormatReason.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+Json DetectionJson(const AnalysisRecord& record) {
+    Json lines = Json::array();
+    for (const SeenLine& line : record.Counted) {
+        Json counts = Json::array();
+        Json starts = Json::array();
+        for (const SeparatorRun& run : line.Runs) {
+            counts.push_back(run.LastCount);
+            starts.push_back(run.Start);
+        }
+        lines.push_back({{"line", line.Line}, {"counts", counts}, {"runStarts", starts}});
+    }
+    Json tested = Json::array();
+    for (const TestedLine& line : record.Tested) {
+        tested.push_back({{"line", line.Line},
+                          {"cells", line.Cells},
+                          {"numbers", line.Numbers},
+                          {"needed", line.Needed},
+                          {"isData", line.IsData()}});
+    }
+    return {{"separator", record.Separator},
+            {"runStart", record.RunStart},
+            {"firstLine", record.DetectedFirstLine},
+            {"header", record.DetectedHeader},
+            {"lines", lines},
+            {"tested", tested}};
+}
+
+Json GroupJson(const CellGroup& group) {
+    if (group.Count == 0) return nullptr;
+    return {{"count", group.Count}, {"line", group.FirstLine}, {"text", Utf16ToUtf8(group.FirstText)}};
+}
+
+Json ColumnJson(const Explanation& explanation, std::size_t column) {
+    const ColumnReason reason = ReasonFor(explanation.Record, column);
+    Json fell = Json::object();
+    for (int type = BooleanType; type <= TextType; ++type) {
+        const CellGroup& end = reason.Fell[static_cast<std::size_t>(type - 1)];
+        if (end.Count == 0) continue;
+        fell[std::to_string(type)] = {{"line", end.FirstLine}, {"text", Utf16ToUtf8(end.FirstText)}};
+    }
+    return {{"index", column},
+            {"name", Utf16ToUtf8(explanation.Columns[column].Name)},
+            {"timestamp", explanation.Columns[column].IsTimestamp},
+            {"type", reason.Type},
+            {"why", ReasonInWords(reason)},
+            {"cells", reason.Cells},
+            {"empty", GroupJson(reason.Empty)},
+            {"mostType", reason.MostType},
+            {"most", reason.Most},
+            {"others", GroupJson(reason.Others)},
+            {"fell", fell}};
+}
+
+Json TableJson(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    constexpr const char* Ends[] = {"end of file", "empty line", "enough rows"};
+    return {{"separator", explanation.Format.Separator},
+            {"firstLine", record.FirstLine},
+            {"header", record.Header},
+            {"rows", record.DataRows()},
+            {"end", Ends[static_cast<int>(record.End)]},
+            {"endLine", record.EndLine}};
+}
+
+Json ProposalJson(const Explanation& explanation) {
+    if (!explanation.Proposal) return nullptr;
+    const TableProposal& table = *explanation.Proposal;
+    return {{"separator", table.Format.Separator},
+            {"firstLine", table.Format.FirstLine},
+            {"header", table.Format.Header},
+            {"firstDataLine", table.Format.FirstDataLine()},
+            {"rows", table.Rows},
+            {"cells", table.Cells},
+            {"namesLine", table.NamesLine},
+            {"names", Utf16ToUtf8(table.Names)},
+            {"advised", explanation.IsAdvised()},
+            {"options", explanation.IsAdvised() ? explanation.ProposedOptions() : std::string()}};
+}
+
+}  // namespace
+
+void WriteExplanationJson(std::ostream& out, const std::string& file, const Explanation& explanation) {
+    Json columns = Json::array();
+    const std::size_t shown = std::min(explanation.Columns.size(), AnalysisRecord::MostColumns);
+    for (std::size_t i = 0; i < shown; ++i) columns.push_back(ColumnJson(explanation, i));
+    Json surprises = Json::array();
+    for (const Surprise& surprise : explanation.Surprises) {
+        surprises.push_back({{"kind", surprise.Kind}, {"text", surprise.Text}, {"remedy", surprise.Remedy}});
+    }
+    const Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
+                           {"taken", FormatInWords(explanation.Format)},
+                           {"why", FormatReasons(explanation)},
+                           {"runnerUp", RunnerUp(explanation.Record)},
+                           {"detection", DetectionJson(explanation.Record)},
+                           {"table", TableJson(explanation)},
+                           {"columns", columns},
+                           {"columnCount", explanation.Columns.size()},
+                           {"warnings", surprises},
+                           {"proposal", ProposalJson(explanation)}};
+    out << document.dump() << "\n";
+}

@@ -1,0 +1,15 @@
+#include "host/AnalysisObserver.h"
+
+namespace {
+
+IAnalysisObserver* s_Observer = nullptr;
+
+}  // namespace
+
+void SetAnalysisObserver(IAnalysisObserver* observer) {
+    s_Observer = observer;
+}
+
+IAnalysisObserver* GetAnalysisObserver() {
+    return s_Observer;
+}

@@ -1,0 +1,111 @@
+// What explain says of files that surprise people, and the options that it prints.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program/ProgramRun.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string Rows(int count, const std::string& row) {
+    std::string rows;
+    for (int i = 0; i < count; ++i) rows += std::to_string(i) + row + "\n";
+    return rows;
+}
+
+TEST(Explain, TellsWhatWasTakenAndWhy) {
+    const ProgramRun run;
+    run.Write("a.csv", "bench 7\nt;n;v\n0;1e5;\n1;2e5;1,5\n2;3e5;x\n");
+    const ProgramResult result = run({"explain", "a.csv"});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Out,
+              "a.csv\n"
+              "  taken     separated by semicolon; header in line 2, data from line 3\n"
+              "  why       The semicolon is regular from the earliest line on: each line from 2 to 5 has 2 "
+              "semicolons, "
+              "while line 1 has 0.\n"
+              "            Line 3 is the first with enough numbers for data (2 of 3 cells, 1 needed), so "
+              "line 2 above it "
+              "is the header: \"t;n;v\".\n"
+              "  runner-up none, no other separator occurs in line 5, the last one looked at\n"
+              "  analysed  3 rows, lines 3 to 5; there the file ends\n"
+              "  columns\n"
+              "    1  Datum / Uhrzeit  timestamp    gives the rows their time, by the settings\n"
+              "    2  n                hexadecimal  \"1e5\" in line 3 is no integer\n"
+              "    3  v                text         \"1,5\" in line 4 fits no other type, and 1 of 3 cells "
+              "are empty\n"
+              "  warning   In column 2 \"n\", \"1e5\" in line 3 is read as a hexadecimal number, since an "
+              "exponent without "
+              "a decimal mark is one as well.\n"
+              "            Remedy: Write 1.0e5 in one of the first rows, or choose the type float on the "
+              "signal page of "
+              "the settings dialog.\n"
+              "  times     no timestamp format is set; --guess-time proposes one\n");
+}
+
+struct ExplainCase {
+    std::string File;
+    std::string Kinds;    // of the warnings
+    std::string Options;  // advised; empty for none
+};
+
+std::string OptionsFor(int separator, int firstLine, int header) {
+    return "--set AutoFormat=0 --set Separator=" + std::to_string(separator) +
+           " --set FirstLine=" + std::to_string(firstLine) + " --set ImportHeader=" + std::to_string(header);
+}
+
+TEST(Explain, WarnsOfSurprisesAndAdvises) {
+    const ExplainCase cases[] = {
+        // Nothing to say.
+        {"t;v\n" + Rows(9, ";1.5"), "", ""},
+        {"Lower,325\nUpper,480\n,,\nnm,A,T\n" + Rows(9, ",2.3,0.4"), "", ""},
+        // The table is elsewhere.
+        {"t,v\n" + Rows(9, ",1.5") + "end of data\n", "late-line-moves-the-table", OptionsFor(1, 1, 1)},
+        {"t,v\n" + Rows(9, ",1.5") + "\nv: volts; measured\n", "late-line-moves-the-table",
+         OptionsFor(1, 1, 1)},
+        {"it's;a;b\n" + Rows(9, ";4;5"), "quote-hides-separators names-skipped", OptionsFor(0, 1, 1)},
+        {"x,1\nsecond,Volt\n" + Rows(9, ",1.5"), "preamble-taken-for-data", OptionsFor(1, 2, 1)},
+        {"t;u;p;q;r\n" + Rows(9, ";;x;x;x"), "names-taken-for-data", OptionsFor(0, 1, 1)},
+        {"t,v\n" + Rows(9, ",1.5,"), "names-skipped", OptionsFor(1, 1, 1)},
+        {"t;v\n\n" + Rows(9, ";1.5"), "empty-line-ends-the-table names-not-above-the-data",
+         OptionsFor(0, 3, 0)},
+        {"n\n" + Rows(9, ""), "", OptionsFor(0, 1, 1)},
+        // It is right, and yet.
+        {"t,v\n" + Rows(9, ",1.5") + "# restarted\n" + Rows(40, ",1.5"), "late-line-moves-the-table", ""},
+        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), "names-not-above-the-data", ""},
+        {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"), "empty-line-ends-the-table", ""},
+        {"t;v\n" + Rows(120, ";1") + "0;1;7\n", "more-cells-than-columns", ""},
+        {"t;v\n0;\n1;\n" + Rows(9, ";2"), "text-because-of-empty-cells", ""},
+        {"t;v\n" + Rows(3, ";1,234"), "thousands-read-as-decimals", ""},
+        {"t;v;w\n" + Rows(3, ";1.234;2,5"), "thousands-read-as-decimals", ""},
+        {"t;v;w\n" + Rows(3, ";0,234;1e5") + "0;1,2;1ea\n", "", ""},
+    };
+    for (const ExplainCase& c : cases) {
+        SCOPED_TRACE(c.File);
+        const ProgramRun run;
+        run.Write("c.csv", c.File);
+        const Json found = Json::parse(run({"explain", "--json", "c.csv"}).Out);
+        std::string kinds;
+        for (const Json& warning : found["warnings"])
+            kinds += (kinds.empty() ? "" : " ") + warning["kind"].get<std::string>();
+        EXPECT_EQ(kinds, c.Kinds);
+        EXPECT_EQ(found["proposal"].is_null() ? "" : found["proposal"]["options"], c.Options);
+    }
+}
+
+// What the settings or a sidecar name is told beside what the analysis would take.
+TEST(Explain, KnowsWhoNamedTheFormat) {
+    const ProgramRun run;
+    run.Write("a.csv", "t;v\n0;1.5\n1;2.5\n");
+    const Json set =
+        Json::parse(run({"explain", "--json", "--set", "AutoFormat=0", "--set", "FirstLine=2", "a.csv"}).Out);
+    EXPECT_EQ(set["why"][0],
+              "The settings say so; without them it would be: separated by semicolon; header in "
+              "line 1, data from line 2.");
+    EXPECT_EQ(set["proposal"]["options"], OptionsFor(0, 1, 1));
+    EXPECT_EQ(run({"explain", "absent.csv"}).Status, 1);
+}
+
+}  // namespace
