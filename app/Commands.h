@@ -5,6 +5,7 @@
 
 void AddImportCommand(CommandLine& line);
 void AddAnalyzeCommand(CommandLine& line);
+void AddCheckCommand(CommandLine& line);
 void AddSidecarCommand(CommandLine& line);
 void AddDialogCommand(CommandLine& line);
 

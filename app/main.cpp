@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     CommandLine line;
     AddImportCommand(line);
     AddAnalyzeCommand(line);
+    AddCheckCommand(line);
     AddSidecarCommand(line);
     AddDialogCommand(line);
     AddShellCommands(line);
