@@ -35,7 +35,17 @@ std::string AdviceFor(const ModuleLoader& module, const std::u16string& path, co
 std::string WhyFailed(const std::u16string& path, const CheckResult& result) {
     if (!result.Failed) return {};
     const std::string reason = WhyUnreadable(path);
-    return reason.empty() ? Utf16ToUtf8(result.Failure) : reason;
+    if (!reason.empty()) return reason;
+    const std::string failure = Utf16ToUtf8(result.Failure);
+    if (result.Begun) return failure;
+    if (result.Above.First != 0) {
+        return failure + " " +
+               Phrase("Lines {} to {} look like rows; name the table's start: {}", result.Above.First,
+                      result.Above.Last, TableOptions(result));
+    }
+    return failure + " " +
+           Phrase("No table was found at line {}; name its line: {}", result.Reading.FirstDataLine,
+                  "--set AutoFormat=0 --set FirstLine=<line> --set ImportHeader=<0 or 1>");
 }
 
 RejectsNote SaveRejects(const CheckOptions& options, const std::u16string& path, const CheckResult& result,

@@ -125,6 +125,7 @@ void WriteCheckJson(std::ostream& out, const std::string& file, const CheckResul
                      {"findings", FindingsToJson(findings)},
                      {"lines", result.Lines},
                      {"blank", result.BlankLines}};
+    document["rowsAbove"] = {{"first", result.Above.First}, {"last", result.Above.Last}};
     document["columns"] = ColumnsToJson(result);
     document["dropped"] = DroppedToJson(result.Dropped);
     document["before1990"] = PlacesToJson(result.Before1990);

@@ -8,6 +8,7 @@
 
 #include "app/check/DroppedRows.h"
 #include "app/check/FilePlaces.h"
+#include "app/check/RowsAbove.h"
 #include "app/check/TimeReading.h"
 #include "app/check/TimeSeries.h"
 
@@ -34,6 +35,7 @@ struct CheckResult {
     TimeReading Reading;
     std::vector<ColumnCheck> Columns;
     DroppedRows Dropped;
+    RowsAbove Above;
     std::unique_ptr<TimeSeries> Series;  // null unless the run began
 
     std::uint64_t RefusedCells() const {

@@ -27,10 +27,8 @@ CheckResult CheckRun::Run(const std::function<void(std::uint32_t)>& onProgress) 
     Begin();
     if (Result.Begun) ReadLines(onProgress);
     Host.Filter().EndImport();
-    if (Result.Begun) {
-        FinishColumns();
-        LookAgain();
-    }
+    FinishColumns();
+    LookAgain();
     return std::move(Result);
 }
 
@@ -40,8 +38,8 @@ void CheckRun::Begin() {
     for (const ImportMessage& message : Host.Filter().TakeMessages()) {
         if (message.Failure || message.Column == -2) Result.Failure = message.Text;
     }
-    if (!Result.Begun) return;
     Result.Reading = ReadingOf(Module, Host.Filter());
+    if (!Result.Begun) return;
     Result.Series = std::make_unique<TimeSeries>(Result.Reading);
     for (const auto& signal : Host.Store().Signals) {
         const auto column = static_cast<std::size_t>(signal->Column);
@@ -133,12 +131,26 @@ void CheckRun::FinishColumns() {
 }
 
 void CheckRun::LookAgain() {
-    if (Result.Dropped.Count() == 0) return;
     TimeProbe probe(Module.Factory(), Result.Reading);
-    const RowRange stored{Result.Series->FirstLine(), Result.Series->LastLine()};
     try {
-        Result.Dropped.Examine(Path, Result.Reading, probe, stored);
+        if (Result.Begun) {
+            const RowRange stored{Result.Series->FirstLine(), Result.Series->LastLine()};
+            Result.Dropped.Examine(Path, Result.Reading, probe, stored);
+        }
+        LookAbove();
     } catch (CFileException* error) {
         error->Delete();
     }
+}
+
+void CheckRun::LookAbove() {
+    const bool isEmpty = Result.Series == nullptr || Result.Series->Count() == 0;
+    if (Result.Reading.IsInterval ? !Result.Begun : Result.Reading.Format.empty()) return;
+    RowSearch search;
+    search.End = Result.Begun ? static_cast<std::uint64_t>(Result.Reading.FirstDataLine)
+                              : std::numeric_limits<std::uint64_t>::max();
+    search.AnySeparator = isEmpty;
+    const bool isPlain = Result.Reading.DateFrom != TimeReading::Date::Fixed && !Result.Reading.IsAdjusted;
+    if (!isEmpty && isPlain) search.BeforeTime = Result.Series->First();
+    Result.Above = FindRowsAbove(Path, Result.Reading, Module.Factory(), search);
 }

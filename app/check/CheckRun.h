@@ -38,6 +38,7 @@ class CheckRun {
     void TakeRefusedCell(const ImportMessage& message, std::uint64_t line);
     void FinishColumns();
     void LookAgain();
+    void LookAbove();
 
     const ModuleLoader& Module;
     const std::u16string Path;

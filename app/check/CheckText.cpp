@@ -18,8 +18,10 @@ std::string FaultsInWords(const CheckResult& result) {
     std::string words;
     const auto add = [&](const std::string& more) { words += (words.empty() ? "" : ", ") + more; };
     if (result.Dropped.Count() != 0)
-        add(Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines));
-    if (result.RefusedCells() != 0) add(Phrase("{} cells refused", result.RefusedCells()));
+        add(Phrase("{} of {} dropped", result.Dropped.Count(),
+                   RowsInWords(result.Lines - result.BlankLines)));
+    const std::uint64_t cells = result.RefusedCells();
+    if (cells != 0) add(Phrase("{} refused", cells == 1 ? Phrase("1 cell") : Phrase("{} cells", cells)));
     return words;
 }
 
@@ -29,7 +31,7 @@ void WriteVerdict(std::ostream& out, const CheckResult& result, const std::vecto
         std::count_if(findings.begin(), findings.end(), [](const Finding& f) { return f.IsFault; });
     const std::string words = FaultsInWords(result);
     if (IsClean(result, findings)) {
-        out << Phrase("clean: {} rows stored, every cell read", result.Series->Count());
+        out << Phrase("clean: {} stored, every cell read", RowsInWords(result.Series->Count()));
     } else if (faults == 1) {
         out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
     } else {
@@ -83,7 +85,7 @@ void WriteIntervals(TextTable& table, const TimeSeries& series) {
     const IntervalCounts& counts = series.Intervals();
     if (counts.Count() == 0) return;
     const std::string about = counts.IsExact() ? "" : " " + Phrase("(to 1/64)");
-    table.AddRow({Phrase("interval"), Phrase("{} in the middle", SpanInWords(rhythm.Median)) + about});
+    table.AddRow({Phrase("interval"), Phrase("{} (median)", SpanInWords(rhythm.Median)) + about});
     if (counts.Shortest() == counts.Longest()) return;
     table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
                                            SpanInWords(rhythm.Low), SpanInWords(rhythm.High))});
@@ -124,7 +126,7 @@ void WriteGaps(std::ostream& out, const CheckResult& result) {
 void WriteRejectsNote(std::ostream& out, const CheckResult& result, const RejectsNote& rejects) {
     if (rejects.File.empty() || !rejects.Failure.empty()) return;
     const std::string name = Utf16ToUtf8(PathFromNative(rejects.File));
-    out << "  " << Phrase("rejects") << "   " << Phrase("{} rows in {}", rejects.Rows, name) << "\n";
+    out << "  " << Phrase("rejects") << "   " << Phrase("{} in {}", RowsInWords(rejects.Rows), name) << "\n";
     if (rejects.Rows == 0) return;
     out << "         -> "
         << Phrase("once mended, import it with the same settings and these: {}",

@@ -57,6 +57,13 @@ std::string LinesInWords(const FilePlaces& places, std::size_t most) {
     return Phrase("lines {}", lines);
 }
 
+std::string RowsInWords(std::uint64_t count, bool isEstimate) {
+    if (isEstimate) return Phrase("about {} rows", count);
+    return count == 1 ? Phrase("1 row") : Phrase("{} rows", count);
+}
+
 std::string Quoted(const std::u16string& text, std::size_t width) {
-    return "\"" + OneLine(Utf16ToUtf8(text), width) + "\"";
+    std::u16string shown(TrimWhiteSpace(text));
+    std::replace(shown.begin(), shown.end(), u'\t', u' ');
+    return "\"" + OneLine(Utf16ToUtf8(shown), width) + "\"";
 }

@@ -18,5 +18,8 @@ std::string SpanInWords(double nanoseconds);
 // "line 3", or "lines 3, 4, 5 ... 1204"; `most` lines in front at most.
 std::string LinesInWords(const FilePlaces& places, std::size_t most = 5);
 
+// "1 row", "3 rows"; of about so many if it is an estimate.
+std::string RowsInWords(std::uint64_t count, bool isEstimate = false);
+
 // A cell or a line in quotes, cut where it is long.
 std::string Quoted(const std::u16string& text, std::size_t width = 60);

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr std::uint64_t MostNamedLine = 999;  // the greatest value of the setting FirstLine
+
 // Options for a fixed interval in place of times that are too coarse. The time of day of the first row goes
 // in as a correction, since of the start date only the date counts.
 std::string IntervalOptions(const CheckResult& result, double step) {
@@ -45,8 +47,11 @@ std::string RepeatRemedy(const CheckResult& result) {
     }
     if (step < 1) {
         return Phrase(
-            "{} rows share each nanosecond, the finest time there is: an import can only keep one of them",
-            shared.RowsEach);
+            "{} rows share each nanosecond, the finest time there is; all are kept on an axis that is a "
+            "thousand "
+            "times as long, with a fixed interval of {} for {}: {}",
+            shared.RowsEach, SpanInWords(step * 1000), SpanInWords(step),
+            IntervalOptions(result, step * 1000));
     }
     const std::string options = IntervalOptions(result, step);
     return shared.IsEven
@@ -81,6 +86,15 @@ std::string FallRemedy(const CheckResult& result) {
         "tells them apart");
 }
 
+// Names and units among the rows also turn their columns into text.
+std::string HeadRemedy(const CheckResult& result) {
+    const std::uint64_t first = result.Series->FirstLine();
+    const std::uint64_t last = result.Dropped.Of(DropReason::UnreadableAtStart).Last().Line;
+    if (first > MostNamedLine) return {};
+    return Phrase("they make text of their columns; to begin the table below them: {}",
+                  FormatOptions(result.Reading, last + 1 == first ? last : 0, first));
+}
+
 struct DropWords {
     DropReason Reason;
     const char* Kind;
@@ -88,6 +102,7 @@ struct DropWords {
 
 // In the order of telling.
 constexpr DropWords AllReasons[] = {
+    {DropReason::Empty, "emptyRow"},
     {DropReason::Unreadable, "unreadableTime"},
     {DropReason::UnreadableAtStart, "unreadableAtStart"},
     {DropReason::UnreadableAtEnd, "unreadableAtEnd"},
@@ -105,33 +120,34 @@ std::string TextOf(const CheckResult& result, DropReason reason, const std::stri
     const std::string text = places.FirstFew().empty() ? "" : Quoted(places.FirstFew().front().Text);
     const std::string format = Utf16ToUtf8(result.Reading.Format);
     switch (reason) {
+        case DropReason::Empty:
+            return Phrase("{} dropped: they hold separators and blanks only: {}", count, lines);
         case DropReason::Unreadable:
-            if (format.empty()) return Phrase("{} rows dropped: no format for their times is set", count);
-            return Phrase("{} rows dropped: the format '{}' reads no time in them: {}, the first {}", count,
+            if (format.empty()) return Phrase("{} dropped: no format for their times is set", count);
+            return Phrase("{} dropped: the format '{}' reads no time in them: {}, the first {}", count,
                           format, lines, text);
         case DropReason::UnreadableAtStart:
-            return Phrase("{} rows dropped above the first with a time: {}, the first {}", count, lines,
-                          text);
+            return Phrase("{} dropped above the first with a time: {}, the first {}", count, lines, text);
         case DropReason::UnreadableAtEnd:
-            return Phrase("{} rows dropped below the last with a time: {}, the first {}", count, lines, text);
+            return Phrase("{} dropped below the last with a time: {}, the first {}", count, lines, text);
         case DropReason::Repeats:
-            return Phrase("{} rows dropped: they repeat the time of the row before: {}", count, lines);
+            return Phrase("{} dropped: they repeat the time of the row before: {}", count, lines);
         case DropReason::Falls:
-            return Phrase("{} rows dropped: they are earlier than a row before, the first by {}: {}", count,
+            return Phrase("{} dropped: they are earlier than a row before, the first by {}: {}", count,
                           SpanInWords(result.Dropped.FirstFall()), lines);
         case DropReason::NotLater:
-            return Phrase("{} rows dropped: their times don't rise: {}", count, lines);
+            return Phrase("{} dropped: their times don't rise: {}", count, lines);
         case DropReason::OutOfRange:
             return Phrase(
                 "{} rows dropped: their times lie outside the years that can be stored: {}, the first {}",
                 count, lines, text);
         case DropReason::NoStep:
-            return Phrase("{} rows dropped: the fixed interval doesn't lead beyond the row before: {}", count,
+            return Phrase("{} dropped: the fixed interval doesn't lead beyond the row before: {}", count,
                           lines);
         case DropReason::Unknown:
             break;
     }
-    return Phrase("{} rows dropped; they could not be looked at again", count);
+    return Phrase("{} dropped; they could not be looked at again", count);
 }
 
 std::string RemedyOf(const CheckResult& result, DropReason reason) {
@@ -139,9 +155,11 @@ std::string RemedyOf(const CheckResult& result, DropReason reason) {
         case DropReason::Unreadable:
             return Phrase("mend them in a file of their own: --rejects FILE");
         case DropReason::UnreadableAtStart:
-            return Phrase("nothing is lost if they hold units or the like");
+            return HeadRemedy(result);
         case DropReason::UnreadableAtEnd:
             return Phrase("nothing is lost if they hold a legend or sums");
+        case DropReason::Empty:
+            return Phrase("nothing is lost");
         case DropReason::Repeats:
             return RepeatRemedy(result);
         case DropReason::Falls:
@@ -153,7 +171,30 @@ std::string RemedyOf(const CheckResult& result, DropReason reason) {
     }
 }
 
+void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) {
+    const FilePlaces& places = result.Before1990;
+    if (places.Count() == 0) return;
+    findings.push_back({"before1990", true,
+                        Phrase("{} before 1990, which are stored but can't be processed by every host: {}",
+                               RowsInWords(places.Count()), LinesInWords(places)),
+                        Phrase("give them later dates in the file, or a fixed interval in relative time")});
+}
+
+void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
+    if (result.Above.First == 0) return;
+    findings.push_back({"rowsAbove", true,
+                        Phrase("{} above the table are not read: lines {} to {} look like rows of it",
+                               RowsInWords(result.Above.Last - result.Above.First + 1), result.Above.First,
+                               result.Above.Last),
+                        Phrase("name the table's start: {}", TableOptions(result))});
+}
+
 }  // namespace
+
+std::string TableOptions(const CheckResult& result) {
+    const RowsAbove& rows = result.Above;
+    return FormatOptions(result.Reading, rows.FollowsText ? rows.First - 1 : 0, rows.First);
+}
 
 void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std::vector<Finding>& findings) {
     const DroppedRows& dropped = result.Dropped;
@@ -161,8 +202,8 @@ void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std:
     for (const DropWords& words : AllReasons) {
         const FilePlaces& places = dropped.Of(words.Reason);
         if (places.Count() == 0) continue;
-        std::string count = std::to_string(places.Count());
-        if (isEstimate && places.Count() != dropped.Count()) count = Phrase("about {}", count);
+        const std::string count =
+            RowsInWords(places.Count(), isEstimate && places.Count() != dropped.Count());
         Finding finding{words.Kind, true, TextOf(result, words.Reason, count),
                         RemedyOf(result, words.Reason)};
         if (words.Reason <= DropReason::UnreadableAtEnd && !dropped.BetterFormat().empty()) {
@@ -173,10 +214,6 @@ void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std:
         }
         findings.push_back(std::move(finding));
     }
-    if (result.Before1990.Count() != 0) {
-        findings.push_back({"before1990", true,
-                            Phrase("{} rows lie before 1990, which the host can't process: {}",
-                                   result.Before1990.Count(), LinesInWords(result.Before1990)),
-                            Phrase("as relative time they can be: --set DateSetting=2")});
-    }
+    JudgeEarlyTimes(result, findings);
+    JudgeRowsAbove(result, findings);
 }

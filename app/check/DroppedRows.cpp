@@ -4,6 +4,7 @@
 
 #include "app/check/SourceLines.h"
 #include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
 
 namespace {
 
@@ -11,6 +12,11 @@ constexpr std::size_t AllUpTo = 1000;     // rows that are all looked at
 constexpr std::size_t PerStride = 500;    // rows looked at before the stride doubles
 constexpr std::uint64_t MostTried = 100;  // unreadable rows that other formats are tried on
 constexpr std::size_t MostOfALine = 200;  // characters
+
+bool IsEmpty(const std::u16string& line, char16_t separator) {
+    return std::all_of(line.begin(), line.end(),
+                       [&](char16_t c) { return c == separator || c == u'"' || IsWhiteSpace(c); });
+}
 
 }  // namespace
 
@@ -26,7 +32,6 @@ void DroppedRows::Add(std::uint64_t line, std::uint64_t moduleLine, std::optiona
 
 void DroppedRows::Examine(const std::u16string& path, const TimeReading& reading, TimeProbe& probe,
                           RowRange stored) {
-    IsFixedDate = reading.DateFrom == TimeReading::Date::Fixed;
     for (const std::u16string& format : {reading.WithDayAndMonthExchanged(), reading.WithOtherMark()}) {
         if (!format.empty()) Variants.push_back({format});
     }
@@ -38,12 +43,9 @@ void DroppedRows::Examine(const std::u16string& path, const TimeReading& reading
             Reference.reset();
         }
         if (!lines.GoTo(row.Line)) break;
-        const bool needsProbe = !reading.IsInterval && !reading.Format.empty();
-        const std::optional<ProbedTime> probed = needsProbe ? probe.Read(lines.Text()) : ProbedTime{};
-        const DropReason reason = reading.IsInterval ? DropReason::NoStep : ReasonOf(row, probed, stored);
-        if (needsProbe && probed && !probed->Reads) TryVariants(lines.Text(), probe);
-        Reasons[static_cast<std::size_t>(reason)].Add(
-            {row.Line, row.ModuleLine, lines.Text().substr(0, MostOfALine)}, row.Weight);
+        const DropReason reason = ReasonOf(row, lines.Text(), reading, probe, stored);
+        const std::u16string text(TrimWhiteSpace(lines.Text()).substr(0, MostOfALine));
+        Reasons[static_cast<std::size_t>(reason)].Add({row.Line, row.ModuleLine, text}, row.Weight);
     }
     std::uint64_t seen = 0;
     for (const FilePlaces& places : Reasons) seen += places.Count();
@@ -58,17 +60,22 @@ void DroppedRows::SettleCorrection(const std::optional<ProbedTime>& probed) {
     if (probed && probed->Time) Correction = WrappingSubtract(*Reference->LastTime, *probed->Time);
 }
 
-DropReason DroppedRows::ReasonOf(const Chosen& row, const std::optional<ProbedTime>& probed,
-                                 RowRange stored) {
+DropReason DroppedRows::ReasonOf(const Chosen& row, const std::u16string& line, const TimeReading& reading,
+                                 TimeProbe& probe, RowRange stored) {
+    if (IsEmpty(line, reading.SeparatorSign())) return DropReason::Empty;
+    if (reading.IsInterval) return DropReason::NoStep;
+    if (reading.Format.empty()) return DropReason::Unreadable;
+    const std::optional<ProbedTime> probed = probe.Read(line);
     if (!probed) return DropReason::Unknown;
     if (!probed->Reads) {
+        TryVariants(line, probe);
         if (stored.First == 0) return DropReason::Unreadable;
         if (row.Line < stored.First) return DropReason::UnreadableAtStart;
         return row.Line > stored.Last ? DropReason::UnreadableAtEnd : DropReason::Unreadable;
     }
     if (!row.LastTime) return DropReason::OutOfRange;
     // A time of day that falls is the next day's there.
-    if (IsFixedDate) return DropReason::Repeats;
+    if (reading.DateFrom == TimeReading::Date::Fixed) return DropReason::Repeats;
     return probed->Time ? CompareTime(WrappingAdd(*probed->Time, Correction), row) : DropReason::NotLater;
 }
 

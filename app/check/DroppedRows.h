@@ -12,6 +12,7 @@
 #include "app/check/TimeProbe.h"
 
 enum class DropReason : std::size_t {
+    Empty,              // nothing but separators and blanks
     UnreadableAtStart,  // no time in it that fits the format, before the first row with one
     Unreadable,
     UnreadableAtEnd,  // behind the last row with one
@@ -22,7 +23,7 @@ enum class DropReason : std::size_t {
     NoStep,           // counted by an interval that is nothing
     Unknown           // could not be looked at again
 };
-constexpr std::size_t DropReasonCount = 9;
+constexpr std::size_t DropReasonCount = 10;
 
 struct RowRange {
     std::uint64_t First = 0, Last = 0;  // lines of the first and the last stored row; 0 without one
@@ -68,7 +69,8 @@ class DroppedRows {
         std::uint64_t Reads = 0;
     };
 
-    DropReason ReasonOf(const Chosen& row, const std::optional<ProbedTime>& probed, RowRange stored);
+    DropReason ReasonOf(const Chosen& row, const std::u16string& line, const TimeReading& reading,
+                        TimeProbe& probe, RowRange stored);
     DropReason CompareTime(std::int64_t time, const Chosen& row);
     void TryVariants(const std::u16string& line, TimeProbe& probe);
     void SettleCorrection(const std::optional<ProbedTime>& probed);
@@ -79,7 +81,6 @@ class DroppedRows {
     std::uint64_t Unseen = 0;  // dropped since the last chosen row
     std::optional<Chosen> Reference;
     std::int64_t Correction = 0;
-    bool IsFixedDate = false;
 
     std::array<FilePlaces, DropReasonCount> Reasons;
     std::int64_t Deepest = 0, FallOfFirst = 0, TimeBeforeFall = 0;

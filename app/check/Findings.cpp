@@ -52,12 +52,11 @@ void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
 
 void JudgeBlankLines(const CheckResult& result, std::vector<Finding>& findings) {
     if (result.Blank.Count() == 0) return;
-    findings.push_back(
-        {"blankLines",
-         false,
-         Phrase("{} blank lines in the table ({}); the module's own line numbers don't count them",
-                result.Blank.Count(), LinesInWords(result.Blank)),
-         {}});
+    findings.push_back({"blankLines",
+                        false,
+                        Phrase("blank lines in the table: {}; the module's own line numbers don't count them",
+                               LinesInWords(result.Blank)),
+                        {}});
 }
 
 void JudgeSidecar(const CheckResult& result, std::vector<Finding>& findings) {

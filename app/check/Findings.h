@@ -19,3 +19,6 @@ std::vector<Finding> Judge(const CheckResult& result, const std::string& timeAdv
 // Findings about dropped rows, and about the times of the others.
 void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std::vector<Finding>& findings);
 void JudgeTimes(const CheckResult& result, std::vector<Finding>& findings);
+
+// Options that begin the table at the rows that were found above it; there are some.
+std::string TableOptions(const CheckResult& result);

@@ -11,7 +11,8 @@ void JudgeGaps(const CheckResult& result, std::vector<Finding>& findings) {
     const TimeStep longest = result.Series->LongestSteps().front();
     const std::string text =
         rhythm.IsSteady
-            ? Phrase("{} gaps in rows that come every {}; the longest, {}, ends in line {}", rhythm.Gaps,
+            ? Phrase("{} in rows that come every {}; the longest, {}, ends in line {}",
+                     rhythm.Gaps == 1 ? Phrase("1 gap") : Phrase("{} gaps", rhythm.Gaps),
                      SpanInWords(rhythm.Median), SpanInWords(longest.Length()), longest.Line)
             : Phrase(
                   "the rows come unevenly; {} intervals are beyond ten times the middle one of {}; the "
@@ -70,7 +71,7 @@ void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
              Phrase("the clock was set back, or rows are in disorder: everything behind lies a "
                     "day late")});
     } else if (all != 0) {
-        findings.push_back({"rollOvers", false, Phrase("the times run over midnight {} times", all), {}});
+        findings.push_back({"rollOvers", false, Phrase("midnights that the times run over: {}", all), {}});
     }
 }
 

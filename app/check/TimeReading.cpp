@@ -27,6 +27,12 @@ double NumberOf(const nlohmann::ordered_json& value) {
 
 }  // namespace
 
+char16_t TimeReading::SeparatorSign() const {
+    constexpr char16_t Signs[] = {u';', u',', u'\t', u' '};
+    if (Separator >= 0 && Separator < 4) return Signs[Separator];
+    return OtherSeparator.empty() ? u'\0' : OtherSeparator.front();
+}
+
 std::int64_t TimeReading::Resolution() const {
     constexpr std::pair<std::u16string_view, std::int64_t> Units[] = {
         {u"[ns]", 1},   {u"[µs]", 1'000},    {u"[ms]", 1'000'000},
@@ -92,14 +98,20 @@ TimeReading ReadingOf(const ModuleLoader& module, const CImportFilter& filter) {
     return reading;
 }
 
-std::string FormatOptions(const TimeReading& reading) {
-    const bool hasHeader = reading.HeaderLine != 0;
+std::string FormatOptions(const TimeReading& reading, std::uint64_t headerLine, std::uint64_t firstDataLine) {
+    const bool hasHeader = headerLine != 0;
     std::string options = SetOption("AutoFormat", 0) + " " + SetOption("Separator", reading.Separator);
     if (!reading.OtherSeparator.empty())
         options += " " + SetOption("OtherSeparator", Utf16ToUtf8(reading.OtherSeparator));
     options += " " + SetOption("MergeSeparators", reading.MergeSeparators);
-    options += " " + SetOption("FirstLine", hasHeader ? reading.HeaderLine : reading.FirstDataLine);
+    options +=
+        " " + SetOption("FirstLine", static_cast<std::int64_t>(hasHeader ? headerLine : firstDataLine));
     return options + " " + SetOption("ImportHeader", hasHeader ? 1 : 0);
+}
+
+std::string FormatOptions(const TimeReading& reading) {
+    return FormatOptions(reading, static_cast<std::uint64_t>(reading.HeaderLine),
+                         static_cast<std::uint64_t>(reading.FirstDataLine));
 }
 
 std::string SetOption(const std::string& key, const std::string& value) {

@@ -26,6 +26,9 @@ struct TimeReading {
     std::u16string
         Letters;  // of the format in the language in force: year, month, day, hours, minutes, seconds
 
+    // The character between cells.
+    char16_t SeparatorSign() const;
+
     // The shortest difference that the format's fields can tell, in nanoseconds, but for digits behind a
     // mark.
     std::int64_t Resolution() const;
@@ -43,7 +46,11 @@ struct TimeReading {
 // Of a filter that has analysed its file.
 TimeReading ReadingOf(const ModuleLoader& module, const CImportFilter& filter);
 
-// Options for the command line that bring a file with the same header, imported alone, to the same table.
+// Options for the command line that name the table instead of leaving it to the analysis. The header stands
+// in `headerLine`, or there is none (0) and the first row stands in `firstDataLine`.
+std::string FormatOptions(const TimeReading& reading, std::uint64_t headerLine, std::uint64_t firstDataLine);
+
+// The same for the table that was read.
 std::string FormatOptions(const TimeReading& reading);
 
 // One option for the command line; a text is quoted for a shell.
