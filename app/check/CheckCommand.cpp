@@ -27,7 +27,7 @@ struct CheckOptions {
 std::string AdviceFor(const ModuleLoader& module, const std::u16string& path, const CheckResult& result,
                       const CImportFilter& filter) {
     const bool lostAll = result.Series && result.Series->Count() == 0 && result.Dropped.Count() != 0;
-    if (!lostAll || result.Reading.IsInterval) return {};
+    if (!lostAll || result.Reading.IsInterval || result.Above.First != 0) return {};
     return AdviseTimestamp(module, path, filter);
 }
 

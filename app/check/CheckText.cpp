@@ -85,8 +85,11 @@ void WriteIntervals(TextTable& table, const TimeSeries& series) {
     const IntervalCounts& counts = series.Intervals();
     if (counts.Count() == 0) return;
     const std::string about = counts.IsExact() ? "" : " " + Phrase("(to 1/64)");
+    if (counts.Shortest() == counts.Longest()) {
+        table.AddRow({Phrase("interval"), Phrase("{} between all rows", SpanInWords(rhythm.Median))});
+        return;
+    }
     table.AddRow({Phrase("interval"), Phrase("{} (median)", SpanInWords(rhythm.Median)) + about});
-    if (counts.Shortest() == counts.Longest()) return;
     table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
                                            SpanInWords(rhythm.Low), SpanInWords(rhythm.High))});
     table.AddRow({Phrase("extremes"),

@@ -41,26 +41,23 @@ std::string RepeatRemedy(const CheckResult& result) {
     if (!isTooCoarse) {
         return Phrase(
             "{} rows share each time, and the times lie {} apart: if they are of several sources in turn, "
-            "split "
-            "the file by the column that tells them apart",
+            "split the file by the column that tells them apart",
             shared.RowsEach, median);
     }
     if (step < 1) {
         return Phrase(
             "{} rows share each nanosecond, the finest time there is; all are kept on an axis that is a "
-            "thousand "
-            "times as long, with a fixed interval of {} for {}: {}",
+            "thousand times as long, with a fixed interval of {} for {}: {}",
             shared.RowsEach, SpanInWords(step * 1000), SpanInWords(step),
             IntervalOptions(result, step * 1000));
     }
     const std::string options = IntervalOptions(result, step);
-    return shared.IsEven
-               ? Phrase("{} rows share each {}: a fixed interval of {}? {}", shared.RowsEach, median,
-                        SpanInWords(step), options)
-               : Phrase(
-                     "about {} rows share each {}, not always as many: a fixed interval of {} would "
-                     "be right on average only: {}",
-                     shared.RowsEach, median, SpanInWords(step), options);
+    return shared.IsEven ? Phrase("{} rows share each {}: a fixed interval of {}? {}", shared.RowsEach,
+                                  median, SpanInWords(step), options)
+                         : Phrase(
+                               "about {} rows share each {}, not always as many: a fixed interval of {} "
+                               "would be right on average only: {}",
+                               shared.RowsEach, median, SpanInWords(step), options);
 }
 
 std::string FallRemedy(const CheckResult& result) {
@@ -69,8 +66,8 @@ std::string FallRemedy(const CheckResult& result) {
     if (dropped.RunsBackwards()) {
         const int head = result.Reading.FirstDataLine - 1;
         return Phrase(
-            "the file runs backwards; turn its rows round, where there are head, tail and tac: "
-            "(head -n {} FILE; tail -n +{} FILE | tac) > TURNED",
+            "the file runs backwards; turn its rows round, where there are head, tail and tac: (head -n {} "
+            "FILE; tail -n +{} FILE | tac) > TURNED",
             head, head + 1);
     }
     const std::string before = MomentInWords(result.Reading, dropped.BeforeFirstFall());
@@ -78,12 +75,12 @@ std::string FallRemedy(const CheckResult& result) {
     if (result.Reading.DateFrom == TimeReading::Date::FromColumn && dropped.DeepestFall() <= Hour &&
         isNight) {
         return Phrase(
-            "the clock went back by an hour at most, at night: the end of summer time? The rows of the "
-            "hour that comes twice need another time: --rejects FILE");
+            "the clock went back by an hour at most, at night: the end of summer time? The rows of the hour "
+            "that comes twice need another time: --rejects FILE");
     }
     return Phrase(
-        "sort the rows by time, or, if they are of several sources, split the file by the column that "
-        "tells them apart");
+        "sort the rows by time, or, if they are of several sources, split the file by the column that tells "
+        "them apart");
 }
 
 // Names and units among the rows also turn their columns into text.
@@ -91,7 +88,7 @@ std::string HeadRemedy(const CheckResult& result) {
     const std::uint64_t first = result.Series->FirstLine();
     const std::uint64_t last = result.Dropped.Of(DropReason::UnreadableAtStart).Last().Line;
     if (first > MostNamedLine) return {};
-    return Phrase("they make text of their columns; to begin the table below them: {}",
+    return Phrase("names and units among the rows make text of their columns; to begin the table below: {}",
                   FormatOptions(result.Reading, last + 1 == first ? last : 0, first));
 }
 
@@ -121,43 +118,42 @@ std::string TextOf(const CheckResult& result, DropReason reason, const std::stri
     const std::string format = Utf16ToUtf8(result.Reading.Format);
     switch (reason) {
         case DropReason::Empty:
-            return Phrase("{} dropped: they hold separators and blanks only: {}", count, lines);
+            return Phrase("{} dropped with separators and blanks only: {}", count, lines);
         case DropReason::Unreadable:
-            if (format.empty()) return Phrase("{} dropped: no format for their times is set", count);
-            return Phrase("{} dropped: the format '{}' reads no time in them: {}, the first {}", count,
+            if (format.empty()) return Phrase("{} dropped, since no format for times is set", count);
+            return Phrase("{} dropped without a time that the format '{}' reads: {}, the first {}", count,
                           format, lines, text);
         case DropReason::UnreadableAtStart:
             return Phrase("{} dropped above the first with a time: {}, the first {}", count, lines, text);
         case DropReason::UnreadableAtEnd:
             return Phrase("{} dropped below the last with a time: {}, the first {}", count, lines, text);
         case DropReason::Repeats:
-            return Phrase("{} dropped: they repeat the time of the row before: {}", count, lines);
+            return Phrase("{} dropped for repeating the time of the row before: {}", count, lines);
         case DropReason::Falls:
-            return Phrase("{} dropped: they are earlier than a row before, the first by {}: {}", count,
+            return Phrase("{} dropped for being earlier than a row before, the first by {}: {}", count,
                           SpanInWords(result.Dropped.FirstFall()), lines);
         case DropReason::NotLater:
-            return Phrase("{} dropped: their times don't rise: {}", count, lines);
+            return Phrase("{} dropped for not being later than a row before: {}", count, lines);
         case DropReason::OutOfRange:
-            return Phrase(
-                "{} rows dropped: their times lie outside the years that can be stored: {}, the first {}",
-                count, lines, text);
+            return Phrase("{} dropped with a time outside the years that can be stored: {}, the first {}",
+                          count, lines, text);
         case DropReason::NoStep:
-            return Phrase("{} dropped: the fixed interval doesn't lead beyond the row before: {}", count,
-                          lines);
+            return Phrase("{} dropped, since the fixed interval doesn't lead beyond the row before: {}",
+                          count, lines);
         case DropReason::Unknown:
             break;
     }
-    return Phrase("{} dropped; they could not be looked at again", count);
+    return Phrase("{} dropped; the file could not be read again to say why", count);
 }
 
 std::string RemedyOf(const CheckResult& result, DropReason reason) {
     switch (reason) {
         case DropReason::Unreadable:
-            return Phrase("mend them in a file of their own: --rejects FILE");
+            return Phrase("to mend in a file of its own: --rejects FILE");
         case DropReason::UnreadableAtStart:
             return HeadRemedy(result);
         case DropReason::UnreadableAtEnd:
-            return Phrase("nothing is lost if they hold a legend or sums");
+            return Phrase("a legend or sums are no loss; a row that was cut off is");
         case DropReason::Empty:
             return Phrase("nothing is lost");
         case DropReason::Repeats:
@@ -182,10 +178,11 @@ void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) 
 
 void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
     if (result.Above.First == 0) return;
+    const std::uint64_t count = result.Above.Last - result.Above.First + 1;
     findings.push_back({"rowsAbove", true,
-                        Phrase("{} above the table are not read: lines {} to {} look like rows of it",
-                               RowsInWords(result.Above.Last - result.Above.First + 1), result.Above.First,
-                               result.Above.Last),
+                        count == 1 ? Phrase("line {} is not read, but looks like a row", result.Above.First)
+                                   : Phrase("lines {} to {} above the table are not read, but look like rows",
+                                            result.Above.First, result.Above.Last),
                         Phrase("name the table's start: {}", TableOptions(result))});
 }
 
@@ -193,10 +190,13 @@ void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
 
 std::string TableOptions(const CheckResult& result) {
     const RowsAbove& rows = result.Above;
-    return FormatOptions(result.Reading, rows.FollowsText ? rows.First - 1 : 0, rows.First);
+    TimeReading reading = result.Reading;
+    reading.Separator = rows.Separator;
+    return FormatOptions(reading, rows.FollowsText ? rows.First - 1 : 0, rows.First);
 }
 
 void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std::vector<Finding>& findings) {
+    JudgeRowsAbove(result, findings);
     const DroppedRows& dropped = result.Dropped;
     const bool isEstimate = dropped.Examined() < dropped.Count();
     for (const DropWords& words : AllReasons) {
@@ -215,5 +215,4 @@ void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std:
         findings.push_back(std::move(finding));
     }
     JudgeEarlyTimes(result, findings);
-    JudgeRowsAbove(result, findings);
 }

@@ -73,7 +73,11 @@ TimeProbe::~TimeProbe() {
 
 std::optional<ProbedTime> TimeProbe::Read(const std::u16string& line, const std::u16string& format) {
     {
-        std::ofstream out(File, std::ios::binary | std::ios::trunc);
+        // A new file each time: some file systems write one that is cut to nothing and filled again to the
+        // disk at once, which takes a hundred times as long.
+        std::error_code ignored;
+        std::filesystem::remove(File, ignored);
+        std::ofstream out(File, std::ios::binary);
         out << Utf16ToUtf8(line) << "\n";
         if (!out.flush()) return std::nullopt;
     }
