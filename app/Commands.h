@@ -6,6 +6,7 @@
 void AddImportCommand(CommandLine& line);
 void AddAnalyzeCommand(CommandLine& line);
 void AddExplainCommand(CommandLine& line);
+void AddCheckCommand(CommandLine& line);
 void AddSidecarCommand(CommandLine& line);
 void AddDialogCommand(CommandLine& line);
 

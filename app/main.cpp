@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     AddImportCommand(line);
     AddAnalyzeCommand(line);
     AddExplainCommand(line);
+    AddCheckCommand(line);
     AddSidecarCommand(line);
     AddDialogCommand(line);
     AddShellCommands(line);

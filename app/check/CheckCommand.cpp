@@ -1,0 +1,135 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+#include "app/Commands.h"
+#include "app/Complaints.h"
+#include "app/ExitStatus.h"
+#include "app/ProgressLine.h"
+#include "app/SourceCheck.h"
+#include "app/TimeAdvice.h"
+#include "app/check/CheckReport.h"
+#include "app/check/CheckRun.h"
+#include "app/check/RejectsFile.h"
+#include "app/language/Phrase.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
+#include "platform/framework/Text.h"
+
+namespace {
+
+struct CheckOptions {
+    std::string Rejects;       // a file for the rejected rows; empty: none
+    bool RejectCells = false;  // among them those with a refused cell
+};
+
+// Options that give the rows times, if times are read and none of them was.
+std::string AdviceFor(const ModuleLoader& module, const std::u16string& path, const CheckResult& result,
+                      const CImportFilter& filter) {
+    const bool lostAll = result.Series && result.Series->Count() == 0 && result.Dropped.Count() != 0;
+    if (!lostAll || result.Reading.IsInterval || result.Above.First != 0) return {};
+    return AdviseTimestamp(module, path, filter);
+}
+
+// Empty, or why the file could not be checked.
+std::string WhyFailed(const std::u16string& path, const CheckResult& result) {
+    if (!result.Failed) return {};
+    const std::string reason = WhyUnreadable(path);
+    if (!reason.empty()) return reason;
+    const std::string failure = Utf16ToUtf8(result.Failure);
+    if (result.Begun) return failure;
+    if (result.Above.First != 0) {
+        return failure + " " +
+               Phrase("Lines {} to {} look like rows; name the table's start: {}", result.Above.First,
+                      result.Above.Last, TableOptions(result));
+    }
+    return failure + " " +
+           Phrase("No table was found at line {}; name its line: {}", result.Reading.FirstDataLine,
+                  "--set AutoFormat=0 --set FirstLine=<line> --set ImportHeader=<0 or 1>");
+}
+
+RejectsNote SaveRejects(const CheckOptions& options, const std::u16string& path, const CheckResult& result,
+                        const LineSet& dropped, const LineSet& refused) {
+    RejectsNote note;
+    if (options.Rejects.empty() || !result.Begun || result.Failed) return note;
+    note.File = options.Rejects;
+    const auto firstLine = static_cast<std::uint64_t>(result.Reading.FirstDataLine);
+    note.Rows = CountRejects(dropped, refused);
+    note.Failure = WriteRejects(path, PathFromNative(options.Rejects), firstLine, dropped, refused);
+    return note;
+}
+
+int CheckFile(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
+              const std::string& file) {
+    const std::u16string path = PathFromNative(file);
+    LineSet dropped, refused;
+    WantedLines wanted;
+    if (!options.Rejects.empty()) wanted.Dropped = &dropped;
+    if (options.RejectCells) wanted.Refused = &refused;
+    CheckRun run(module, path, wanted);
+    CheckResult result;
+    {
+        ProgressLine progress(file);
+        result = run.Run([&](std::uint32_t percent) { progress.Show(percent); });
+    }
+    const std::vector<Finding> findings = Judge(result, AdviceFor(module, path, result, run.Filter()));
+    const RejectsNote rejects = SaveRejects(options, path, result, dropped, refused);
+    if (common.Json) {
+        WriteCheckJson(std::cout, file, result, findings, rejects);
+    } else {
+        WriteCheckText(std::cout, file, result, findings, rejects);
+    }
+    const std::string reason = WhyFailed(path, result);
+    if (!reason.empty()) ComplainAbout(file, reason);
+    if (!rejects.Failure.empty()) ComplainAbout(rejects.File, rejects.Failure);
+    if (result.Interrupted) return ExitInterrupted;
+    if (result.Failed || !rejects.Failure.empty()) return ExitFileFailed;
+    return IsClean(result, findings) ? ExitDone : ExitFindings;
+}
+
+// A file that failed outweighs one with findings.
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options) {
+    if (!options.Rejects.empty()) {
+        const std::u16string target = PathFromNative(options.Rejects);
+        if (common.Files.size() > 1) {
+            Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
+            return ExitWrongUsage;
+        }
+        if (IsSameFile(PathFromNative(common.Files.front()), target)) {
+            Complain(Phrase("--rejects would overwrite the file itself"));
+            return ExitWrongUsage;
+        }
+    }
+    CatchInterrupt();
+    bool anyFailed = false;
+    bool anyFindings = false;
+    for (const std::string& file : common.Files) {
+        const int status = CheckFile(module, common, options, file);
+        if (status == ExitInterrupted) return status;
+        anyFailed |= status == ExitFileFailed;
+        anyFindings |= status == ExitFindings;
+    }
+    if (anyFailed) return ExitFileFailed;
+    return anyFindings ? ExitFindings : ExitDone;
+}
+
+}  // namespace
+
+void AddCheckCommand(CommandLine& line) {
+    const auto options = std::make_shared<CheckOptions>();
+    CLI::App& command =
+        line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
+                 [options](const ModuleLoader& module, const CommonOptions& common) {
+                     return CheckFiles(module, common, *options);
+                 });
+    CLI::Option* const rejects =
+        command
+            .add_option(
+                "--rejects", options->Rejects,
+                Phrase("Write the dropped rows to a file of their own, to be mended and imported alone"))
+            ->type_name("FILE");
+    command
+        .add_flag("--reject-cells", options->RejectCells,
+                  Phrase("With --rejects: also the rows with a refused cell"))
+        ->needs(rejects);
+}

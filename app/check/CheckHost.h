@@ -1,0 +1,32 @@
+// The host's objects for a run that keeps nothing.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "app/check/NullStore.h"
+#include "host/ImportDllInfo.h"
+#include "host/ImportFilter.h"
+
+// Where relative measurement time begins here: the fixed epoch, 1980-01-01 00:00 at UTC+1. In nanoseconds.
+constexpr std::int64_t RelativeTimeBase = 315'529'200'000'000'000;
+
+// A filter for one file with a null store. Relative times begin at RelativeTimeBase.
+class CheckHost : private IDeviceHost, private IRelativeTimeContext {
+  public:
+    CheckHost(ImportFilterFactory factory, const std::u16string& path);
+
+    CImportFilter& Filter() { return *ImportFilter; }
+    NullStore& Store() { return Device; }
+
+  private:
+    CDevice* CreateDevice(std::u16string, const char16_t*, int) override { return &Device; }
+    void FinishDevice(CDevice*) override {}
+    std::int64_t GetBaseTime() override { return RelativeTimeBase; }
+    bool QueryFixedBaseB() override { return false; }
+    bool QueryFixedBaseA() override { return false; }
+
+    NullStore Device;  // outlives the filter's use of its signals
+    std::unique_ptr<CImportFilter> ImportFilter;
+};

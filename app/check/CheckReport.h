@@ -1,0 +1,26 @@
+// A check's result for people and for scripts.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "app/check/CheckResult.h"
+#include "app/check/Findings.h"
+
+// Where the rejected rows went.
+struct RejectsNote {
+    std::string File;  // as given; empty without one
+    std::uint64_t Rows = 0;
+    std::string Failure;  // why it could not be written
+};
+
+// True if the file was read to its end without a fault.
+bool IsClean(const CheckResult& result, const std::vector<Finding>& findings);
+
+void WriteCheckText(std::ostream& out, const std::string& file, const CheckResult& result,
+                    const std::vector<Finding>& findings, const RejectsNote& rejects);
+
+// One line.
+void WriteCheckJson(std::ostream& out, const std::string& file, const CheckResult& result,
+                    const std::vector<Finding>& findings, const RejectsNote& rejects);

@@ -1,0 +1,157 @@
+#include <algorithm>
+
+#include "app/TextTable.h"
+#include "app/check/CheckReport.h"
+#include "app/check/CheckWords.h"
+#include "app/language/Phrase.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+namespace {
+
+constexpr std::size_t MostColumnsShown = 40;
+constexpr std::size_t NameWidth = 40;
+constexpr std::size_t CellWidth = 24;
+
+// Joins what is wrong in a few words.
+std::string FaultsInWords(const CheckResult& result) {
+    std::string words;
+    const auto add = [&](const std::string& more) { words += (words.empty() ? "" : ", ") + more; };
+    if (result.Dropped.Count() != 0)
+        add(Phrase("{} of {} dropped", result.Dropped.Count(),
+                   RowsInWords(result.Lines - result.BlankLines)));
+    const std::uint64_t cells = result.RefusedCells();
+    if (cells != 0) add(Phrase("{} refused", cells == 1 ? Phrase("1 cell") : Phrase("{} cells", cells)));
+    return words;
+}
+
+void WriteVerdict(std::ostream& out, const CheckResult& result, const std::vector<Finding>& findings) {
+    out << "  " << Phrase("verdict") << "   ";
+    const auto faults =
+        std::count_if(findings.begin(), findings.end(), [](const Finding& f) { return f.IsFault; });
+    const std::string words = FaultsInWords(result);
+    if (IsClean(result, findings)) {
+        out << Phrase("clean: {} stored, every cell read", RowsInWords(result.Series->Count()));
+    } else if (faults == 1) {
+        out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
+    } else {
+        out << Phrase("not clean: {} faults", faults) << (words.empty() ? "" : "; ") << words;
+    }
+    if (result.Interrupted) out << "; " << Phrase("ended by Ctrl-C");
+    out << "\n";
+}
+
+void WriteFindings(std::ostream& out, const std::vector<Finding>& findings) {
+    for (const Finding& finding : findings) {
+        out << "  " << (finding.IsFault ? Phrase("fault") : Phrase("note")) << "  " << finding.Text << "\n";
+        if (!finding.Remedy.empty()) out << "         -> " << finding.Remedy << "\n";
+    }
+}
+
+std::string PlaceText(const FilePlace& place) {
+    return Phrase("line {}", place.Line) + " " + Quoted(place.Text, CellWidth);
+}
+
+void WriteColumns(std::ostream& out, const CheckResult& result) {
+    using Align = TextTable::Align;
+    TextTable table(
+        {Align::Right, Align::Left, Align::Left, Align::Right, Align::Left, Align::Left, Align::Right});
+    std::size_t shown = 0;
+    std::size_t others = 0;
+    for (const ColumnCheck& column : result.Columns) {
+        const FilePlaces& refused = column.Refused;
+        if (refused.Count() == 0 && column.Empty == 0) continue;
+        if (shown == MostColumnsShown) {
+            ++others;
+            continue;
+        }
+        ++shown;
+        const bool any = refused.Count() != 0;
+        table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
+                      Utf16ToUtf8(column.TypeName),
+                      any ? Phrase("{} refused", refused.Count()) : std::string(),
+                      any ? PlaceText(refused.FirstFew().front()) : std::string(),
+                      refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : std::string(),
+                      column.Empty != 0 ? Phrase("{} empty", column.Empty) : std::string()});
+    }
+    if (shown == 0) return;
+    out << "  " << Phrase("columns") << "\n";
+    table.Write(out, "    ");
+    if (others != 0) out << "    ... " << Phrase("{} more columns", others) << "\n";
+}
+
+void WriteIntervals(TextTable& table, const TimeSeries& series) {
+    const Rhythm rhythm = series.GetRhythm();
+    const IntervalCounts& counts = series.Intervals();
+    if (counts.Count() == 0) return;
+    const std::string about = counts.IsExact() ? "" : " " + Phrase("(to 1/64)");
+    if (counts.Shortest() == counts.Longest()) {
+        table.AddRow({Phrase("interval"), Phrase("{} between all rows", SpanInWords(rhythm.Median))});
+        return;
+    }
+    table.AddRow({Phrase("interval"), Phrase("{} (median)", SpanInWords(rhythm.Median)) + about});
+    table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
+                                           SpanInWords(rhythm.Low), SpanInWords(rhythm.High))});
+    table.AddRow({Phrase("extremes"),
+                  Phrase("{} to {}", SpanInWords(counts.Shortest()), SpanInWords(counts.Longest()))});
+}
+
+void WriteTime(std::ostream& out, const CheckResult& result) {
+    const TimeSeries& series = *result.Series;
+    if (series.Count() == 0) return;
+    TextTable table({TextTable::Align::Left, TextTable::Align::Left});
+    table.AddRow({Phrase("rows"), std::to_string(series.Count())});
+    table.AddRow({Phrase("first"), MomentInWords(result.Reading, series.First()) + "  " +
+                                       Phrase("line {}", series.FirstLine())});
+    table.AddRow({Phrase("last"), MomentInWords(result.Reading, series.Last()) + "  " +
+                                      Phrase("line {}", series.LastLine())});
+    table.AddRow({Phrase("span"), SpanInWords(series.Last() - series.First())});
+    WriteIntervals(table, series);
+    out << "  " << Phrase("time axis") << "\n";
+    table.Write(out, "    ");
+}
+
+void WriteGaps(std::ostream& out, const CheckResult& result) {
+    const Rhythm rhythm = result.Series->GetRhythm();
+    if (rhythm.Gaps == 0 || result.Reading.IsInterval) return;
+    out << "  " << Phrase("longest gaps") << "\n";
+    using Align = TextTable::Align;
+    TextTable table({Align::Right, Align::Left, Align::Left});
+    for (const TimeStep& step : result.Series->LongestSteps()) {
+        if (step.Length() <= rhythm.GapAbove) break;
+        table.AddRow({SpanInWords(step.Length()), Phrase("before line {}", step.Line),
+                      Phrase("{} to {}", MomentInWords(result.Reading, step.From),
+                             MomentInWords(result.Reading, step.To))});
+    }
+    table.Write(out, "    ");
+}
+
+void WriteRejectsNote(std::ostream& out, const CheckResult& result, const RejectsNote& rejects) {
+    if (rejects.File.empty() || !rejects.Failure.empty()) return;
+    const std::string name = Utf16ToUtf8(PathFromNative(rejects.File));
+    out << "  " << Phrase("rejects") << "   " << Phrase("{} in {}", RowsInWords(rejects.Rows), name) << "\n";
+    if (rejects.Rows == 0) return;
+    out << "         -> "
+        << Phrase("once mended, import it with the same settings and these: {}",
+                  FormatOptions(result.Reading))
+        << "\n";
+}
+
+}  // namespace
+
+bool IsClean(const CheckResult& result, const std::vector<Finding>& findings) {
+    return result.Begun && !result.Failed && !result.Interrupted &&
+           std::none_of(findings.begin(), findings.end(), [](const Finding& f) { return f.IsFault; });
+}
+
+void WriteCheckText(std::ostream& out, const std::string& file, const CheckResult& result,
+                    const std::vector<Finding>& findings, const RejectsNote& rejects) {
+    if (!result.Begun) return;
+    out << Utf16ToUtf8(PathFromNative(file)) << "\n";
+    WriteVerdict(out, result, findings);
+    WriteFindings(out, findings);
+    WriteColumns(out, result);
+    WriteTime(out, result);
+    WriteGaps(out, result);
+    WriteRejectsNote(out, result, rejects);
+}
