@@ -15,6 +15,8 @@
 #include "app/TextReport.h"
 #include "app/TimeAdvice.h"
 #include "app/WholeNumber.h"
+#include "app/guess/GuessInForce.h"
+#include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -27,6 +29,7 @@ struct ImportOptions {
     bool KeepAll = false;                  // keep every sample in memory
     std::optional<std::size_t> Samples;    // how many of each signal the report lists
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
+    GuessOptions Guessing;
 };
 
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
@@ -63,15 +66,16 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, HostS
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
-               const RunResult& result, HostSession& session) {
+               const RunResult& result, HostSession& session, const TimeGuess* guess) {
     if (!result.Begun) return;
     std::string advice;
     const bool readsTime = SummarizeFormat(SettingsOf(session.Filter())).TimeSetting == 0;
     const bool hasReason =
         !session.Messages().IsEmpty();  // a lone column of times gives no signal, and rightly so
-    if (LostEveryRow(result, session) && readsTime && hasReason)
+    if (LostEveryRow(result, session) && readsTime && hasReason && guess == nullptr)
         advice = AdviseTimestamp(module, path, session.Filter());
     WriteFormatText(std::cout, file, session.Filter());
+    if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);
 }
 
@@ -82,15 +86,16 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
     std::string reason;
     {
         ProgressLine progress(file);
+        const GuessInForce guessed(module, common, options.Guessing, path);
         HostSession session(module.Factory(), path, MakeRunOptions(common, options, progress));
         result = session.Run([&] {
             return static_cast<std::uint64_t>(SummarizeFormat(SettingsOf(session.Filter())).FirstDataLine);
         });
         reason = WhyFailed(path, result, session);
         if (common.Json) {
-            WriteImportJson(std::cout, file, result, session, options.Samples);
+            WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {
-            WriteText(module, file, path, result, session);
+            WriteText(module, file, path, result, session, guessed.Guess());
         }
     }
     if (!reason.empty()) ComplainAbout(file, reason);
@@ -155,6 +160,7 @@ void AddImportCommand(CommandLine& line) {
             "--base-time", [options](const std::string& text) { SetBaseTime(text, *options); },
             Phrase("Start of relative measurement time in nanoseconds"))
         ->type_name("NS");
+    AddGuessOptions(command, options->Guessing);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import data.csv\n"

@@ -1,0 +1,39 @@
+// The options --guess-time and --save, and what they do around the work on one file.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/CommandLine.h"
+#include "app/guess/TimeGuess.h"
+
+struct GuessOptions {
+    bool GuessTime = false;
+    bool Save = false;  // write the guess beside the file
+};
+
+// Adds the options to a command; they outlive it.
+void AddGuessOptions(CLI::App& command, GuessOptions& options);
+
+// Guesses the times of a file and makes the guess the settings of whatever is done with it while the object
+// lives. What the user has set by hand stays, and so does what a sidecar says; the guess then tells so.
+// Nothing at all without --guess-time.
+class GuessInForce {
+  public:
+    GuessInForce(const ModuleLoader& module, const CommonOptions& common, const GuessOptions& options,
+                 const std::u16string& path);
+    GuessInForce(const GuessInForce&) = delete;
+    GuessInForce& operator=(const GuessInForce&) = delete;
+    ~GuessInForce();
+
+    // Null without --guess-time.
+    const TimeGuess* Guess() const { return Made ? &*Made : nullptr; }
+
+  private:
+    void LayOver(const CommonOptions& common);
+    void Save(const ModuleLoader& module, const std::u16string& path);
+
+    const std::shared_ptr<ProfileStore> Before;
+    std::optional<TimeGuess> Made;
+};
