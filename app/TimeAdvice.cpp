@@ -15,7 +15,7 @@ std::string AdviseTimestamp(const ModuleLoader& module, const std::u16string& pa
     const TimeGuess guess = GuessTime(module, path);
     if (!guess.Failure.empty()) return why;
     if (guess.IsFixedInterval) {
-        return why + Phrase(" and no format fits; {}: {}", guess.Basis, OptionsText(guess));
+        return why + Phrase(" and no format fits; {}: {}", guess.Basis, OptionsText(guess.Settings));
     }
-    return why + Phrase("; {} ({}): {}", guess.Basis, CertaintyText(guess.Sureness), OptionsText(guess));
+    return why + Phrase("; {} ({}): {}", guess.Basis, CertaintyText(guess.Sureness), OptionsText(guess.Settings));
 }

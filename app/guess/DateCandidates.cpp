@@ -112,14 +112,16 @@ std::optional<TimeCandidate> DateAlone(const TableTrial& trial, const ColumnText
     return best;
 }
 
-// Digits that would be no time of day must not make one in the first rows.
+// Most of the first rows must be times of day by themselves: a format would take any digits for one.
 bool AreTimes(const TextList& texts, const std::u16string& letters) {
     constexpr std::size_t Looked = 32;
-    for (std::size_t i = 0; i < std::min(texts.size(), Looked); ++i) {
+    const std::size_t count = std::min(texts.size(), Looked);
+    std::size_t misfits = 0;
+    for (std::size_t i = 0; i < count; ++i) {
         const std::vector<FormatShape> shapes = ShapesOf(texts[i], letters);
-        if (!texts[i].empty() && (shapes.empty() || shapes.front().Order != DateOrder::NoDate)) return false;
+        if (!texts[i].empty() && (shapes.empty() || shapes.front().Order != DateOrder::NoDate)) ++misfits;
     }
-    return true;
+    return misfits * 3 <= count;
 }
 
 std::optional<TimeCandidate> Pair(const TableTrial& trial, const std::vector<ColumnTexts>& columns,

@@ -66,7 +66,8 @@ class DoubtList {
 
     void AboutKind() {
         if (Candidate.Kind == TimeKind::Elapsed && Candidate.Hint.Unit.empty()) {
-            Add(Certainty::Uncertain,
+            const bool isUsual = Candidate.Unit == u"s" && Candidate.Hint.IsTime;
+            Add(isUsual ? Certainty::Likely : Certainty::Uncertain,
                 Phrase("no unit is named; {} makes usual steps", Utf16ToUtf8(Candidate.Unit)));
         } else if (Candidate.Kind != TimeKind::TimeOfDay && !Candidate.HasDate() && !Candidate.Hint.IsTime) {
             Add(Certainty::Likely, Phrase("the column's name does not speak of time"));

@@ -30,9 +30,9 @@ const char* CertaintyName(Certainty sureness) {
 
 }  // namespace
 
-std::string OptionsText(const TimeGuess& guess) {
+std::string OptionsText(const SettingList& settings) {
     std::string options;
-    for (const auto& [key, value] : guess.Settings) {
+    for (const auto& [key, value] : settings) {
         options += (options.empty() ? "--set " : " --set ") + Quoted(key + "=" + value);
     }
     return options;
@@ -51,8 +51,10 @@ void WriteGuessText(std::ostream& out, const TimeGuess& guess) {
     }
     out << CertaintyText(guess.Sureness) << ": " << guess.Basis;
     if (!guess.IsFixedInterval) out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
-    out << "\n" << Indent << OptionsText(guess) << "\n";
+    out << "\n" << Indent << OptionsText(guess.Settings) << "\n";
     for (const std::string& objection : guess.Objections) out << Indent << Phrase("but: {}", objection) << "\n";
+    if (!guess.OtherBasis.empty())
+        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
     if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }
@@ -64,11 +66,13 @@ Json GuessToJson(const TimeGuess& guess) {
     return {{"certainty", CertaintyName(guess.Sureness)},
             {"basis", guess.Basis},
             {"settings", settings},
-            {"options", OptionsText(guess)},
+            {"options", OptionsText(guess.Settings)},
             {"fixedInterval", guess.IsFixedInterval},
             {"rows", guess.Rows},
             {"fitting", guess.Read},
             {"rising", guess.Rising},
             {"objections", guess.Objections},
+            {"otherBasis", guess.OtherBasis},
+            {"otherOptions", OptionsText(guess.OtherSettings)},
             {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
 }

@@ -7,8 +7,8 @@
 
 #include "app/guess/TimeGuess.h"
 
-// The options that make the guess the settings of a run, quoted for a shell.
-std::string OptionsText(const TimeGuess& guess);
+// The options that make these the settings of a run, quoted for a shell.
+std::string OptionsText(const SettingList& settings);
 
 // "certain", "likely" or "a guess".
 std::string CertaintyText(Certainty sureness);

@@ -9,8 +9,6 @@
 
 namespace {
 
-using SettingList = std::vector<std::pair<std::string, std::string>>;
-
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t DaySeconds = 86'400;
 

@@ -17,16 +17,24 @@ namespace {
 // With fewer rows a column's times are no axis, and an interval serves better.
 constexpr double LeastRisingPart = 0.02;
 
+bool HasFractions(const TimeReading& reading) {
+    constexpr std::int64_t Second = 1'000'000'000;
+    return std::any_of(reading.Times.begin(), reading.Times.end(),
+                       [](std::int64_t time) { return time != -1 && time % Second != 0; });
+}
+
+// A time with fractions beside a date that may be read in two ways is the axis that is known.
 double WeightOf(const TimeCandidate& candidate) {
+    const double doubt = candidate.Proof == OrderProof::Missing ? 0.1 : 0;
     switch (candidate.Kind) {
         case TimeKind::DateAndTime:
-            return 1.0;
+            return 1.0 - doubt;
         case TimeKind::Epoch:
             return 0.98;
         case TimeKind::Date:
-            return 0.93;
+            return 0.93 - doubt;
         case TimeKind::TimeOfDay:
-            return 0.85;
+            return HasFractions(candidate.Reading) ? 0.95 : 0.85;
         default:
             if (candidate.Hint.Unit.empty()) return candidate.Hint.IsTime ? 0.75 : 0.6;
             return candidate.Hint.IsTime ? 0.8 : 0.7;
@@ -43,17 +51,39 @@ double ScoreOf(const TimeCandidate& candidate) {
     return part < LeastRisingPart ? 0 : part * WeightOf(candidate);
 }
 
-// The best one; the leftmost of those that are as good.
-std::optional<TimeCandidate> Choose(std::vector<TimeCandidate> candidates) {
+// The time of a date's neighbour column belongs to that date.
+void DropTimesOfPairs(std::vector<TimeCandidate>& candidates) {
+    const std::vector<TimeCandidate> all = candidates;
+    std::erase_if(candidates, [&](const TimeCandidate& time) {
+        return time.Kind == TimeKind::TimeOfDay &&
+               std::any_of(all.begin(), all.end(), [&](const TimeCandidate& pair) {
+                   return pair.HasDate() && pair.TimeColumn == time.TimeColumn;
+               });
+    });
+}
+
+// The best one, the leftmost of those that are as good; it is taken out of the list.
+std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, double leastScore) {
     constexpr double Better = 0.02;
+    auto best = candidates.end();
+    for (auto candidate = candidates.begin(); candidate != candidates.end(); ++candidate) {
+        const double score = ScoreOf(*candidate);
+        if (score <= leastScore) continue;
+        if (best == candidates.end() || score > ScoreOf(*best) + Better) best = candidate;
+    }
+    if (best == candidates.end()) return std::nullopt;
+    TimeCandidate taken = std::move(*best);
+    candidates.erase(best);
+    return taken;
+}
+
+std::vector<TimeCandidate> AllCandidates(const TableTrial& trial) {
+    std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
+    DropTimesOfPairs(candidates);
+    for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const auto& one, const auto& other) { return one.TimeColumn < other.TimeColumn; });
-    std::optional<TimeCandidate> best;
-    for (TimeCandidate& candidate : candidates) {
-        const double score = ScoreOf(candidate);
-        if (score > 0 && (!best || score > ScoreOf(*best) + Better)) best = std::move(candidate);
-    }
-    return best;
+    return candidates;
 }
 
 }  // namespace
@@ -68,9 +98,8 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         return guess;
     }
     const TableTrial trial(module.TableTool(), table);
-    std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
-    for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
-    std::optional<TimeCandidate> best = Choose(std::move(candidates));
+    std::vector<TimeCandidate> candidates = AllCandidates(trial);
+    std::optional<TimeCandidate> best = TakeBest(candidates, 0);
     if (!best) {
         GuessInterval(trial, guess);
         return guess;
@@ -81,5 +110,11 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     guess.Settings = SettingsOf(*best, path);
     guess.Basis = BasisOf(*best);
     AddDoubts(trial, *best, guess);
+    constexpr double NearlyAsGood = 0.8;
+    if (std::optional<TimeCandidate> other = TakeBest(candidates, ScoreOf(*best) * NearlyAsGood)) {
+        UseStandardSpelling(module, trial, *other);
+        guess.OtherBasis = BasisOf(*other);
+        guess.OtherSettings = SettingsOf(*other, path);
+    }
     return guess;
 }

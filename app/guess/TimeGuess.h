@@ -9,12 +9,16 @@
 
 enum class Certainty { Certain, Likely, Uncertain };
 
+using SettingList = std::vector<std::pair<std::string, std::string>>;
+
 struct TimeGuess {
     // Keys and values as --set takes them, in UTF-8; empty if the file has no table to guess from.
-    std::vector<std::pair<std::string, std::string>> Settings;
+    SettingList Settings;
     Certainty Sureness = Certainty::Certain;
     std::string Basis;                    // one phrase: what was found where
     std::vector<std::string> Objections;  // what speaks against it, a phrase each
+    std::string OtherBasis;               // of a proposal that is nearly as good; empty if there is none
+    SettingList OtherSettings;
     std::string Failure;                  // why there is no guess
     bool IsFixedInterval = false;         // no column holds times that a format can read
     std::size_t Rows = 0;                 // sampled
