@@ -10,6 +10,7 @@
 #include "app/guess/GuessInForce.h"
 #include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
+#include "app/many/ManyFiles.h"
 #include "platform/framework/Path.h"
 
 namespace {
@@ -35,16 +36,16 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& options, const 
 
 void AddAnalyzeCommand(CommandLine& line) {
     const auto guessing = std::make_shared<GuessOptions>();
-    CLI::App& command = line.Add(
-        "analyze", Phrase("What the analysis finds: format and columns"),
-        [guessing](const ModuleLoader& module, const CommonOptions& common) {
-            int status = ExitDone;
-            for (const std::string& file : common.Files) {
-                if (AnalyzeFile(module, common, *guessing, file) != ExitDone) status = ExitFileFailed;
-            }
-            return status;
-        });
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command =
+        line.Add("analyze", Phrase("What the analysis finds: format and columns"),
+                 [guessing, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return many->Run(common, Phrase("analyzed"), [&](const std::string& file, Tally&) {
+                         return AnalyzeFile(module, common, *guessing, file);
+                     });
+                 });
     AddGuessOptions(command, *guessing);
+    many->AddOptions(command);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import analyze data.csv\n"

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -18,8 +17,8 @@
 #include "app/guess/GuessInForce.h"
 #include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
+#include "app/many/ManyFiles.h"
 #include "platform/framework/Path.h"
-#include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace {
@@ -46,6 +45,14 @@ bool LostEveryRow(const RunResult& result, const HostSession& session) {
     const StoredDevice* const device = session.Device();
     if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
     return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
+}
+
+std::uint64_t CountSamples(const HostSession& session) {
+    std::uint64_t count = 0;
+    if (const StoredDevice* const device = session.Device()) {
+        for (const auto& signal : device->Signals) count += signal->Summary().Count;
+    }
+    return count;
 }
 
 // Empty, or why the file counts as failed.
@@ -80,7 +87,7 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
 }
 
 int ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
-               const std::string& file) {
+               const std::string& file, Tally& tally) {
     const std::u16string path = PathFromNative(file);
     RunResult result;
     std::string reason;
@@ -92,6 +99,7 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
             return static_cast<std::uint64_t>(SummarizeFormat(SettingsOf(session.Filter())).FirstDataLine);
         });
         reason = WhyFailed(path, result, session);
+        tally.Samples += CountSamples(session);
         if (common.Json) {
             WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {
@@ -101,16 +109,6 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
     if (!reason.empty()) ComplainAbout(file, reason);
     if (result.Interrupted) return ExitInterrupted;
     return reason.empty() ? ExitDone : ExitFileFailed;
-}
-
-int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options) {
-    CatchInterrupt();
-    int status = ExitDone;
-    for (const std::string& file : common.Files) {
-        status = std::max(status, ImportFile(module, common, options, file));
-        if (status == ExitInterrupted) break;
-    }
-    return status;
 }
 
 void SetSamples(const std::string& text, ImportOptions& options) {
@@ -141,10 +139,14 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
 
 void AddImportCommand(CommandLine& line) {
     const auto options = std::make_shared<ImportOptions>();
-    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
-                                 [options](const ModuleLoader& module, const CommonOptions& common) {
-                                     return ImportFiles(module, common, *options);
-                                 });
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command =
+        line.Add("import", Phrase("Run the import (the default for a file)"),
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return many->Run(common, Phrase("imported"), [&](const std::string& file, Tally& tally) {
+                         return ImportFile(module, common, *options, file, tally);
+                     });
+                 });
     command
         .add_option_function<std::string>(
             "--samples", [options](const std::string& text) { SetSamples(text, *options); },
@@ -161,6 +163,7 @@ void AddImportCommand(CommandLine& line) {
             Phrase("Start of relative measurement time in nanoseconds"))
         ->type_name("NS");
     AddGuessOptions(command, options->Guessing);
+    many->AddOptions(command);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import data.csv\n"
