@@ -38,10 +38,10 @@ class DoubtList {
                     Phrase("day and month could be swapped: no row tells which comes first"));
                 break;
             case OrderProof::BySteps:
-                Add(Certainty::Likely, Phrase("that the day comes {} follows from the distances of the rows alone",
-                                              Candidate.Shape.Order == DateOrder::DayFirst
-                                                  ? Phrase("before the month")
-                                                  : Phrase("behind the month")));
+                Add(Certainty::Likely,
+                    Candidate.Shape.Order == DateOrder::DayFirst
+                        ? Phrase("that the day comes before the month follows from the distances of the rows alone")
+                        : Phrase("that the month comes before the day follows from the distances of the rows alone"));
                 break;
             default:
                 break;

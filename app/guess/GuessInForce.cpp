@@ -8,11 +8,23 @@
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
+CLI::Option* AddGuessOption(CLI::App& command, GuessOptions& options) {
+    return command.add_flag("--guess-time", options.GuessTime,
+                            Phrase("Find out the columns and the format of the times, use and print them"));
+}
+
 void AddGuessOptions(CLI::App& command, GuessOptions& options) {
-    CLI::Option* const guess =
-        command.add_flag("--guess-time", options.GuessTime,
-                         Phrase("Find out the columns and the format of the times, use and print them"));
+    CLI::Option* const guess = AddGuessOption(command, options);
     command.add_flag("--save", options.Save, Phrase("Keep what was guessed in FILE.info"))->needs(guess);
+}
+
+std::string SaveBeside(const ModuleLoader& module, const std::u16string& path) {
+    const std::u16string sidecar = path + u".info";
+    if (module.SidecarTool().CheckSidecar(sidecar.c_str()).Errors >= 0)
+        return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(sidecar)));
+    std::string reason;
+    module.SidecarTool().SaveSidecar(path.c_str(), reason);
+    return reason;
 }
 
 GuessInForce::GuessInForce(const ModuleLoader& module, const CommonOptions& common,
@@ -26,7 +38,9 @@ GuessInForce::GuessInForce(const ModuleLoader& module, const CommonOptions& comm
         Made->Objections.push_back(Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
     }
     LayOver(common);
-    if (options.Save) Save(module, path);
+    if (!options.Save) return;
+    Made->SaveFailure = SaveBeside(module, path);
+    if (Made->SaveFailure.empty()) Made->Saved = Utf16ToUtf8(path + u".info");
 }
 
 GuessInForce::~GuessInForce() {
@@ -48,13 +62,4 @@ void GuessInForce::LayOver(const CommonOptions& common) {
         }
     }
     SetProcessProfile(std::move(layer));
-}
-
-void GuessInForce::Save(const ModuleLoader& module, const std::u16string& path) {
-    std::string reason;
-    if (module.SidecarTool().SaveSidecar(path.c_str(), reason)) {
-        Made->Saved = Utf16ToUtf8(path + u".info");
-    } else {
-        Made->SaveFailure = reason;
-    }
 }

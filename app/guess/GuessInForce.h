@@ -13,8 +13,14 @@ struct GuessOptions {
     bool Save = false;  // write the guess beside the file
 };
 
-// Adds the options to a command; they outlive it.
+// Adds --guess-time to a command; the options outlive it.
+CLI::Option* AddGuessOption(CLI::App& command, GuessOptions& options);
+
+// Adds --save too.
 void AddGuessOptions(CLI::App& command, GuessOptions& options);
+
+// Writes the settings in force beside the file, where no sidecar is. Empty, or why they were not written.
+std::string SaveBeside(const ModuleLoader& module, const std::u16string& path);
 
 // Guesses the times of a file and makes the guess the settings of whatever is done with it while the object
 // lives. What the user has set by hand stays, and so does what a sidecar says; the guess then tells so.
@@ -32,8 +38,6 @@ class GuessInForce {
 
   private:
     void LayOver(const CommonOptions& common);
-    void Save(const ModuleLoader& module, const std::u16string& path);
-
     const std::shared_ptr<ProfileStore> Before;
     std::optional<TimeGuess> Made;
 };

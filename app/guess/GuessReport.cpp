@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "app/Style.h"
 #include "app/language/Phrase.h"
 
 using Json = nlohmann::ordered_json;
@@ -44,7 +45,7 @@ std::string CertaintyText(Certainty sureness) {
 }
 
 void WriteGuessText(std::ostream& out, const TimeGuess& guess) {
-    out << "  guess     ";
+    out << ReportLabel(Phrase("guess"));
     if (!guess.Failure.empty()) {
         out << Phrase("none: {}", guess.Failure) << "\n";
         return;

@@ -73,6 +73,9 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
                          UnitNames[unit], times.Column + 1);
     guess.Objections.push_back(
         Phrase("no format can read column {}: its letter {} is a field of the format", times.Column + 1, letter));
+    // The letters of the other language are Y, M, D, h, m and s.
+    if (times.Letter == u'T' || times.Letter == u'J')
+        guess.Objections.push_back(Phrase("in English the format holds it: --language en"));
     const bool isRegular = reading.LargestStep == reading.MedianStep && reading.Rising == guess.Rows;
     guess.Sureness = isRegular ? Certainty::Likely : Certainty::Uncertain;
     if (!isRegular)

@@ -11,3 +11,5 @@ struct Translation {
 
 std::span<const Translation> GermanImportTexts();
 std::span<const Translation> GermanShellTexts();
+std::span<const Translation> GermanGuessTexts();
+std::span<const Translation> GermanManyTexts();
