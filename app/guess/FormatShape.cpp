@@ -219,6 +219,11 @@ class ShapeReader {
     // "0" would add the zone's digits as a fraction of a second; "[ns]" makes nanoseconds of them, but takes
     // the place of a fraction read before.
     bool ReadZone() {
+        if (Text[At] == u'Z' && At + 1 == Text.size()) {
+            Shape.Zone = u"Z";
+            AddLiteral();
+            return true;
+        }
         const std::size_t hours = DigitsAt(At + 1);
         if (!(IsAt(At, u'+') || IsAt(At, u'-')) || (hours != 2 && hours != 4)) return false;
         const bool hasMinutes = hours == 2 && IsAt(At + 3, u':') && DigitsAt(At + 4) == 2;

@@ -100,8 +100,11 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     const TableTrial trial(module.TableTool(), table);
     std::vector<TimeCandidate> candidates = AllCandidates(trial);
     std::optional<TimeCandidate> best = TakeBest(candidates, 0);
+    // Texts that are times count more than numbers of which nothing tells what they are.
+    const bool isSpoken = best && (best->Kind != TimeKind::Elapsed || best->Hint.IsTime || !best->Hint.Unit.empty());
+    if (!isSpoken && GuessFromUnreadableTimes(trial, guess)) return guess;
     if (!best) {
-        GuessInterval(trial, guess);
+        GuessAnyInterval(trial, guess);
         return guess;
     }
     UseStandardSpelling(module, trial, *best);

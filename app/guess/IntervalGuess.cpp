@@ -24,12 +24,11 @@ struct BlockedTimes {
     TimeCandidate Candidate;
 };
 
-std::optional<BlockedTimes> TryColumn(const TableTrial& trial, std::size_t column, bool& twelveHours) {
+std::optional<BlockedTimes> TryColumn(const TableTrial& trial, std::size_t column) {
     TextList texts = trial.Texts(column);
     std::vector<FormatShape> shapes;
     for (const std::u16string& example : trial.Examples(texts)) {
         for (FormatShape& shape : ShapesOf(example, trial.Letters())) {
-            twelveHours |= shape.IsTwelveHours;
             if (shape.Blocked == u'\0' || shape.IsTwelveHours || shape.Order == DateOrder::NoDate) continue;
             if (!shape.RangeMark.empty()) shape.Format = shape.FormatUpToMark;
             shapes.push_back(std::move(shape));
@@ -45,6 +44,15 @@ std::optional<BlockedTimes> TryColumn(const TableTrial& trial, std::size_t colum
     return BlockedTimes{column, shapes.front().Blocked, std::move(*best)};
 }
 
+bool HasTwelveHours(const TableTrial& trial, std::size_t column) {
+    for (const std::u16string& example : trial.Examples(trial.Texts(column))) {
+        for (const FormatShape& shape : ShapesOf(example, trial.Letters())) {
+            if (shape.IsTwelveHours) return true;
+        }
+    }
+    return false;
+}
+
 // The step in the largest unit that makes a whole number of it.
 std::pair<std::int64_t, int> InUnits(std::int64_t step) {
     int unit = 0;
@@ -53,6 +61,7 @@ std::pair<std::int64_t, int> InUnits(std::int64_t step) {
 }
 
 void SetInterval(TimeGuess& guess, const char* dateSetting, std::int64_t value, int unit) {
+    guess.IsFixedInterval = true;
     guess.Settings = {{"DateSetting", dateSetting},
                       {"TimeSetting", "1"},
                       {"IntervalValue", std::to_string(value)},
@@ -76,7 +85,8 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
     // The letters of the other language are Y, M, D, h, m and s.
     if (times.Letter == u'T' || times.Letter == u'J')
         guess.Objections.push_back(Phrase("in English the format holds it: --language en"));
-    const bool isRegular = reading.LargestStep == reading.MedianStep && reading.Rising == guess.Rows;
+    const std::int64_t span = reading.MedianStep * static_cast<std::int64_t>(guess.Rows - 1);
+    const bool isRegular = reading.Rising == guess.Rows && reading.Last - reading.First == span;
     guess.Sureness = isRegular ? Certainty::Likely : Certainty::Uncertain;
     if (!isRegular)
         guess.Objections.push_back(Phrase("the rows do not follow each other evenly, so that an interval is wrong for some"));
@@ -84,15 +94,25 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
 
 }  // namespace
 
-void GuessInterval(const TableTrial& trial, TimeGuess& guess) {
-    guess.IsFixedInterval = true;
-    bool twelveHours = false;
+bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess) {
     for (std::size_t column = 0; column < trial.Columns(); ++column) {
-        if (const auto times = TryColumn(trial, column, twelveHours)) return GuessFromBlocked(*times, guess);
+        const std::optional<BlockedTimes> times = TryColumn(trial, column);
+        if (!times) continue;
+        GuessFromBlocked(*times, guess);
+        return true;
     }
+    return false;
+}
+
+void GuessAnyInterval(const TableTrial& trial, TimeGuess& guess) {
     SetInterval(guess, "2", 1, 2);
     guess.Sureness = Certainty::Uncertain;
     guess.Basis = Phrase("a fixed interval of {} {}", 1, "s");
-    guess.Objections.push_back(Phrase("no column holds times that a format can read; the interval is a mere example"));
-    if (twelveHours) guess.Objections.push_back(Phrase("no format can read a clock of twelve hours (AM, PM)"));
+    guess.Objections.push_back(
+        Phrase("no column holds times that a format can read; the interval is a mere example"));
+    for (std::size_t column = 0; column < trial.Columns(); ++column) {
+        if (!HasTwelveHours(trial, column)) continue;
+        guess.Objections.push_back(Phrase("no format can read a clock of twelve hours (AM, PM)"));
+        return;
+    }
 }

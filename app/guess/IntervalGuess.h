@@ -4,5 +4,9 @@
 #include "app/guess/TableTrial.h"
 #include "app/guess/TimeGuess.h"
 
-// The interval and the start of times that can be told but not read by a format; else one second per row.
-void GuessInterval(const TableTrial& trial, TimeGuess& guess);
+// The interval and the start of times that can be told but not read by a format. False, with the guess left
+// alone, if there are none.
+bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess);
+
+// One second per row.
+void GuessAnyInterval(const TableTrial& trial, TimeGuess& guess);
