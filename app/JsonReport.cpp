@@ -62,8 +62,8 @@ Json MessagesToJson(const std::vector<ImportMessage>& messages) {
 
 }  // namespace
 
-void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
-                      const CImportFilter& filter, const TimeGuess* guess) {
+void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
+                      const TimeGuess* guess) {
     const CCsvImportSettings& settings = SettingsOf(filter);
     Json document = {{"file", FileText(file)},
                      {"analyzed", analyzed},

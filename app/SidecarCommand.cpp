@@ -117,7 +117,8 @@ int RunSidecarCommand(const ModuleLoader& module, const CommonOptions& common,
 }
 
 void AddParts(CLI::App& command, SidecarOptions& options) {
-    options.Apply = command.add_subcommand("apply", Phrase("Copy a sidecar beside files with the same columns"));
+    options.Apply =
+        command.add_subcommand("apply", Phrase("Copy a sidecar beside files with the same columns"));
     options.Apply->add_option("SIDECAR", options.Sidecar, Phrase("The sidecar"))->required()->type_name("");
     options.Apply->add_option("FILE", options.Targets, Phrase("Text files with separators"))
         ->required()

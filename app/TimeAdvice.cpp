@@ -17,5 +17,6 @@ std::string AdviseTimestamp(const ModuleLoader& module, const std::u16string& pa
     if (guess.IsFixedInterval) {
         return why + Phrase(" and no format fits; {}: {}", guess.Basis, OptionsText(guess.Settings));
     }
-    return why + Phrase("; {} ({}): {}", guess.Basis, CertaintyText(guess.Sureness), OptionsText(guess.Settings));
+    return why +
+           Phrase("; {} ({}): {}", guess.Basis, CertaintyText(guess.Sureness), OptionsText(guess.Settings));
 }

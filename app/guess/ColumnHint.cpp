@@ -9,22 +9,24 @@
 namespace {
 
 // Parts of words and whole words for time, as names of columns have them.
-constexpr std::u16string_view WordParts[] = {u"time", u"zeit",  u"stamp", u"date", u"datum", u"uhr",
+constexpr std::u16string_view WordParts[] = {u"time", u"zeit",  u"stamp", u"date",    u"datum", u"uhr",
                                              u"tijd", u"temps", u"epoch", u"elapsed", u"dauer", u"duration"};
-constexpr std::u16string_view Words[] = {u"t", u"ts", u"utc", u"gmt", u"day", u"tag", u"ora", u"hora", u"heure"};
+constexpr std::u16string_view Words[] = {u"t",   u"ts",  u"utc",  u"gmt",  u"day",
+                                         u"tag", u"ora", u"hora", u"heure"};
 
 struct UnitWord {
     std::u16string_view Word;
     std::u16string_view Unit;
 };
-constexpr UnitWord UnitWords[] = {
-    {u"s", u"s"},         {u"sec", u"s"},   {u"secs", u"s"},         {u"second", u"s"},
-    {u"seconds", u"s"},   {u"sek", u"s"},   {u"sekunden", u"s"},     {u"ms", u"ms"},
-    {u"msec", u"ms"},     {u"millis", u"ms"}, {u"milliseconds", u"ms"}, {u"millisekunden", u"ms"},
-    {u"µs", u"µs"},       {u"μs", u"µs"},   {u"us", u"µs"},          {u"usec", u"µs"},
-    {u"micros", u"µs"},   {u"microseconds", u"µs"}, {u"ns", u"ns"},  {u"nsec", u"ns"},
-    {u"nanoseconds", u"ns"}, {u"min", u"min"}, {u"minutes", u"min"}, {u"h", u"h"},
-    {u"hours", u"h"},     {u"std", u"h"},   {u"stunden", u"h"}};
+constexpr UnitWord UnitWords[] = {{u"s", u"s"},        {u"sec", u"s"},           {u"secs", u"s"},
+                                  {u"second", u"s"},   {u"seconds", u"s"},       {u"sek", u"s"},
+                                  {u"sekunden", u"s"}, {u"ms", u"ms"},           {u"msec", u"ms"},
+                                  {u"millis", u"ms"},  {u"milliseconds", u"ms"}, {u"millisekunden", u"ms"},
+                                  {u"µs", u"µs"},      {u"μs", u"µs"},           {u"us", u"µs"},
+                                  {u"usec", u"µs"},    {u"micros", u"µs"},       {u"microseconds", u"µs"},
+                                  {u"ns", u"ns"},      {u"nsec", u"ns"},         {u"nanoseconds", u"ns"},
+                                  {u"min", u"min"},    {u"minutes", u"min"},     {u"h", u"h"},
+                                  {u"hours", u"h"},    {u"std", u"h"},           {u"stunden", u"h"}};
 
 bool IsLetter(char16_t c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c > 0x7F;
@@ -74,7 +76,8 @@ void ReadLabel(std::u16string_view label, ColumnHint& hint) {
         const std::u16string lowered = Lowered(word);
         const auto* const unit = std::find_if(std::begin(UnitWords), std::end(UnitWords),
                                               [&](const UnitWord& known) { return known.Word == lowered; });
-        if (unit != std::end(UnitWords) && !isDenominator && !isNumerator && !isCapital) hint.Unit = unit->Unit;
+        if (unit != std::end(UnitWords) && !isDenominator && !isNumerator && !isCapital)
+            hint.Unit = unit->Unit;
         begin = end;
     }
 }

@@ -7,9 +7,9 @@
 #include "host/TableTool.h"
 
 struct ColumnHint {
-    bool IsNamed = false;      // any text stands above the column
-    bool IsTime = false;       // a word for time or date is among them
-    std::u16string Unit;       // h, min, s, ms, µs, ns; empty if none is named
+    bool IsNamed = false;                 // any text stands above the column
+    bool IsTime = false;                  // a word for time or date is among them
+    std::u16string Unit;                  // h, min, s, ms, µs, ns; empty if none is named
     DateOrder Order = DateOrder::NoDate;  // as "DD.MM.YYYY" tells
 };
 

@@ -57,7 +57,8 @@ std::vector<FormatShape> UsableShapes(const TableTrial& trial, const TextList& t
 }
 
 std::vector<FormatShape> OnlyWithDate(std::vector<FormatShape> shapes, bool hasDate) {
-    std::erase_if(shapes, [&](const FormatShape& shape) { return (shape.Order != DateOrder::NoDate) != hasDate; });
+    std::erase_if(shapes,
+                  [&](const FormatShape& shape) { return (shape.Order != DateOrder::NoDate) != hasDate; });
     return shapes;
 }
 
@@ -92,7 +93,8 @@ ColumnTexts LookAt(const TableTrial& trial, std::size_t column) {
     return result;
 }
 
-std::optional<TimeCandidate> TimeAlone(const TableTrial& trial, const ColumnTexts& texts, std::size_t column) {
+std::optional<TimeCandidate> TimeAlone(const TableTrial& trial, const ColumnTexts& texts,
+                                       std::size_t column) {
     const ColumnHint hint = HintOf(trial.Sample(), column);
     std::optional<TimeCandidate> best = BestOrder(trial, texts.Times, texts.Texts, hint);
     // Four or six digits are a time only where the name says so.
@@ -102,7 +104,8 @@ std::optional<TimeCandidate> TimeAlone(const TableTrial& trial, const ColumnText
     return best;
 }
 
-std::optional<TimeCandidate> DateAlone(const TableTrial& trial, const ColumnTexts& texts, std::size_t column) {
+std::optional<TimeCandidate> DateAlone(const TableTrial& trial, const ColumnTexts& texts,
+                                       std::size_t column) {
     const ColumnHint hint = HintOf(trial.Sample(), column);
     std::optional<TimeCandidate> best = BestOrder(trial, texts.Dates, texts.Texts, hint);
     if (!best || (best->Shape.IsDigitsOnly && !hint.IsTime)) return std::nullopt;
@@ -135,7 +138,8 @@ std::optional<TimeCandidate> Pair(const TableTrial& trial, const std::vector<Col
     for (const FormatShape& day : columns[date].Dates) {
         for (const FormatShape& clock : columns[time].Times) {
             shapes.push_back(day);
-            shapes.back().Format = date < time ? day.Format + joint + clock.Format : clock.Format + joint + day.Format;
+            shapes.back().Format =
+                date < time ? day.Format + joint + clock.Format : clock.Format + joint + day.Format;
             shapes.back().HasTime = true;
             shapes.back().IsDigitsOnly = day.IsDigitsOnly || clock.IsDigitsOnly;
             shapes.back().Zone = clock.Zone;
@@ -181,7 +185,8 @@ std::optional<TimeCandidate> BestOrder(const TableTrial& trial, const std::vecto
             continue;
         }
         if (shape.Order == best->Shape.Order) {
-            if (candidate.Reading.Read > best->Reading.Read) best->Shape = shape, best->Reading = candidate.Reading;
+            if (candidate.Reading.Read > best->Reading.Read)
+                best->Shape = shape, best->Reading = candidate.Reading;
             continue;
         }
         const OrderProof forOther = ProofOver(candidate, *best);

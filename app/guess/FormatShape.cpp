@@ -125,7 +125,8 @@ class ShapeReader {
         char16_t mark = u'\0';
         for (std::size_t i = 0; i < 3; ++i) {
             lengths[i] = DigitsAt(at);
-            if (lengths[i] == 0 || lengths[i] > 4 || !IsInRange(letters[i], NumberAt(at, lengths[i]), lengths[i]))
+            if (lengths[i] == 0 || lengths[i] > 4 ||
+                !IsInRange(letters[i], NumberAt(at, lengths[i]), lengths[i]))
                 return false;
             at += lengths[i];
             if (i == 2) break;
@@ -133,6 +134,8 @@ class ShapeReader {
             if ((c != u'.' && c != u'/' && c != u'-') || (i == 1 && c != mark)) return false;
             mark = c;
         }
+        // Nobody writes the month first with points.
+        if (mark == u'.' && Order == DateOrder::MonthFirst) return false;
         for (std::size_t i = 0; i < 3; ++i) {
             if (i != 0) Shape.Format += Text[At++];
             AddField(letters[i], letters[i] == Year ? 4 : 2, lengths[i]);
@@ -183,8 +186,8 @@ class ShapeReader {
         const std::size_t second = At + digits + 1;
         const bool hasSeconds = IsAt(second + 2, mark) && DigitsAt(second + 3) == 2;
         if (mark == u'.' && !hasSeconds) return false;
-        const bool hasFraction = mark == u':' && (IsAt(second + 2, u'.') || IsAt(second + 2, u',')) &&
-                                 DigitsAt(second + 3) != 0;
+        const bool hasFraction =
+            mark == u':' && (IsAt(second + 2, u'.') || IsAt(second + 2, u',')) && DigitsAt(second + 3) != 0;
         if (!IsInRange(Minutes, NumberAt(second, 2), 2)) return false;
         if (!hasSeconds && hasFraction) {
             AddField(Minutes, 2, digits);

@@ -22,8 +22,8 @@ class DoubtList {
         }
         const std::size_t lost = Reading.Read - Reading.Rising;
         if (Reading.IsDescending()) {
-            Add(Certainty::Uncertain,
-                Phrase("the newest row stands first: only the first row is taken, unless the file is turned around"));
+            Add(Certainty::Uncertain, Phrase("the newest row stands first: only the first row is taken, "
+                                             "unless the file is turned around"));
         } else if (lost != 0) {
             const bool many = lost * 2 > Reading.Read;
             const bool some = lost * 50 > Reading.Read;
@@ -38,10 +38,11 @@ class DoubtList {
                     Phrase("day and month could be swapped: no row tells which comes first"));
                 break;
             case OrderProof::BySteps:
-                Add(Certainty::Likely,
-                    Candidate.Shape.Order == DateOrder::DayFirst
-                        ? Phrase("that the day comes before the month follows from the distances of the rows alone")
-                        : Phrase("that the month comes before the day follows from the distances of the rows alone"));
+                Add(Certainty::Likely, Candidate.Shape.Order == DateOrder::DayFirst
+                                           ? Phrase("that the day comes before the month follows from the "
+                                                    "distances of the rows alone")
+                                           : Phrase("that the month comes before the day follows from the "
+                                                    "distances of the rows alone"));
                 break;
             default:
                 break;
@@ -49,16 +50,19 @@ class DoubtList {
     }
 
     void AboutText() {
-        if (Candidate.Shape.IsDigitsOnly) Add(Certainty::Likely, Phrase("plain numbers may mean something else"));
+        if (Candidate.Shape.IsDigitsOnly)
+            Add(Certainty::Likely, Phrase("plain numbers may mean something else"));
         if (!Candidate.Shape.Zone.empty()) {
-            Add(Guess.Sureness, Phrase("the zone {} is not applied: the times count as local ones of this computer",
-                                       Utf16ToUtf8(Candidate.Shape.Zone)));
+            Add(Guess.Sureness,
+                Phrase("the zone {} is not applied: the times count as local ones of this computer",
+                       Utf16ToUtf8(Candidate.Shape.Zone)));
         }
         if (Candidate.Shape.ZoneShiftsFraction)
             Add(Certainty::Likely, Phrase("the zone's digits add up to a quarter of a second to every time"));
         if (Candidate.Shape.RangeMark.empty()) return;
         if (Candidate.RangeLength) {
-            Add(Guess.Sureness, Phrase("the cells hold two times; the later is read and set back to the earlier"));
+            Add(Guess.Sureness,
+                Phrase("the cells hold two times; the later is read and set back to the earlier"));
         } else {
             Add(Certainty::Likely, Phrase("the cells hold two times; the later is taken"));
         }
@@ -73,7 +77,8 @@ class DoubtList {
             Add(Certainty::Likely, Phrase("the column's name does not speak of time"));
         }
         if (RunsOverMidnight(Candidate))
-            Add(Certainty::Likely, Phrase("the rows have no date; the start is that of the file's last change"));
+            Add(Certainty::Likely,
+                Phrase("the rows have no date; the start is that of the file's last change"));
         if (Candidate.HasDate() && Reading.First < FirstGoodTime)
             Add(Guess.Sureness, Phrase("there are times before 1990, which the host can't process"));
     }
@@ -119,7 +124,8 @@ std::string BasisOf(const TimeCandidate& candidate) {
     switch (candidate.Kind) {
         case TimeKind::DateAndTime:
             if (candidate.DateColumn != candidate.TimeColumn)
-                return Phrase("date in column {}, time in column {}", candidate.DateColumn, candidate.TimeColumn);
+                return Phrase("date in column {}, time in column {}", candidate.DateColumn,
+                              candidate.TimeColumn);
             return Phrase("date and time in column {}", candidate.TimeColumn);
         case TimeKind::Date:
             return Phrase("date in column {}", candidate.TimeColumn);

@@ -35,7 +35,8 @@ GuessInForce::GuessInForce(const ModuleLoader& module, const CommonOptions& comm
     if (!Made->Failure.empty()) return;
     const std::u16string sidecar = path + u".info";
     if (module.SidecarTool().CheckSidecar(sidecar.c_str()).Errors == 0) {
-        Made->Objections.push_back(Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
+        Made->Objections.push_back(
+            Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
     }
     LayOver(common);
     if (!options.Save) return;

@@ -15,7 +15,8 @@ constexpr const char* Indent = "            ";
 // Words of letters, digits and a few marks need no quotes in any shell.
 std::string Quoted(const std::string& word) {
     const bool isPlain = std::all_of(word.begin(), word.end(), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '=' || c == '.';
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '=' ||
+               c == '.';
     });
     if (isPlain) return word;
     std::string quoted = "'";
@@ -51,9 +52,11 @@ void WriteGuessText(std::ostream& out, const TimeGuess& guess) {
         return;
     }
     out << CertaintyText(guess.Sureness) << ": " << guess.Basis;
-    if (!guess.IsFixedInterval) out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
+    if (!guess.IsFixedInterval)
+        out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
     out << "\n" << Indent << OptionsText(guess.Settings) << "\n";
-    for (const std::string& objection : guess.Objections) out << Indent << Phrase("but: {}", objection) << "\n";
+    for (const std::string& objection : guess.Objections)
+        out << Indent << Phrase("but: {}", objection) << "\n";
     if (!guess.OtherBasis.empty())
         out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
     if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";

@@ -46,7 +46,8 @@ double ScoreOf(const TimeCandidate& candidate) {
     const TimeReading& reading = candidate.Reading;
     double part = reading.RisingPart();
     if (reading.IsDescending()) {
-        part = std::max(part, static_cast<double>(reading.Falling) / static_cast<double>(reading.Times.size()) / 2);
+        part = std::max(part,
+                        static_cast<double>(reading.Falling) / static_cast<double>(reading.Times.size()) / 2);
     }
     return part < LeastRisingPart ? 0 : part * WeightOf(candidate);
 }
@@ -101,7 +102,8 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     std::vector<TimeCandidate> candidates = AllCandidates(trial);
     std::optional<TimeCandidate> best = TakeBest(candidates, 0);
     // Texts that are times count more than numbers of which nothing tells what they are.
-    const bool isSpoken = best && (best->Kind != TimeKind::Elapsed || best->Hint.IsTime || !best->Hint.Unit.empty());
+    const bool isSpoken =
+        best && (best->Kind != TimeKind::Elapsed || best->Hint.IsTime || !best->Hint.Unit.empty());
     if (!isSpoken && GuessFromUnreadableTimes(trial, guess)) return guess;
     if (!best) {
         GuessAnyInterval(trial, guess);

@@ -74,14 +74,15 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
     const std::string start = std::to_string(reading.First / UnitNanoseconds[2]);
     SetInterval(guess, "1", value, unit);
     guess.Settings.insert(guess.Settings.begin() + 1, {"StartDate", start});
-    guess.Settings.insert(guess.Settings.end(), {{"Adjust", "1"}, {"AdjustMode", "0"}, {"AdjustTime", start}});
+    guess.Settings.insert(guess.Settings.end(),
+                          {{"Adjust", "1"}, {"AdjustMode", "0"}, {"AdjustTime", start}});
     guess.Read = reading.Read;
     guess.Rising = reading.Rising;
     const std::string letter = Utf16ToUtf8(std::u16string(1, times.Letter));
-    guess.Basis = Phrase("a fixed interval of {} {} from the time of the first row, as column {} tells", value,
-                         UnitNames[unit], times.Column + 1);
-    guess.Objections.push_back(
-        Phrase("no format can read column {}: its letter {} is a field of the format", times.Column + 1, letter));
+    guess.Basis = Phrase("a fixed interval of {} {} from the time of the first row, as column {} tells",
+                         value, UnitNames[unit], times.Column + 1);
+    guess.Objections.push_back(Phrase("no format can read column {}: its letter {} is a field of the format",
+                                      times.Column + 1, letter));
     // The letters of the other language are Y, M, D, h, m and s.
     if (times.Letter == u'T' || times.Letter == u'J')
         guess.Objections.push_back(Phrase("in English the format holds it: --language en"));
@@ -89,7 +90,8 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
     const bool isRegular = reading.Rising == guess.Rows && reading.Last - reading.First == span;
     guess.Sureness = isRegular ? Certainty::Likely : Certainty::Uncertain;
     if (!isRegular)
-        guess.Objections.push_back(Phrase("the rows do not follow each other evenly, so that an interval is wrong for some"));
+        guess.Objections.push_back(
+            Phrase("the rows do not follow each other evenly, so that an interval is wrong for some"));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The unit comes from the name of the column, or else from the size of the numbers: those that lie between the
-// years 2000 and 2040 count from 1970, others are taken for what makes the usual steps of a logger.
+// The unit comes from the name of the column, or else from the size of the numbers: those that lie between
+// the years 2000 and 2040 count from 1970, others are taken for what makes the usual steps of a logger.
 #include "app/guess/NumberCandidates.h"
 
 #include <algorithm>
@@ -115,7 +115,8 @@ std::optional<TimeCandidate> TryColumn(const TableTrial& trial, std::size_t colu
 std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> found;
     for (std::size_t column = 0; column < trial.Columns(); ++column) {
-        if (std::optional<TimeCandidate> candidate = TryColumn(trial, column)) found.push_back(std::move(*candidate));
+        if (std::optional<TimeCandidate> candidate = TryColumn(trial, column))
+            found.push_back(std::move(*candidate));
     }
     return found;
 }

@@ -17,10 +17,12 @@ TextList Items(const ModuleLoader& module, unsigned id) {
     return items;
 }
 
-TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial, const TimeCandidate& candidate) {
+TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
+                         const TimeCandidate& candidate) {
     TextList times = Items(module, TimeFormatsId);
     if (!candidate.HasDate()) {
-        for (std::u16string& elapsed : Items(module, ElapsedTimeFormatsId)) times.push_back(std::move(elapsed));
+        for (std::u16string& elapsed : Items(module, ElapsedTimeFormatsId))
+            times.push_back(std::move(elapsed));
         return times;
     }
     const TextList dates = Items(module, DateFormatsId);

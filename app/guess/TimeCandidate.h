@@ -21,10 +21,10 @@ struct TimeCandidate {
     int TimeColumn = 0;  // from 1; that of the date if the time stands in the same
     FormatShape Shape;   // its format is the one that was tried
     TimeReading Reading;
-    ColumnHint Hint;                                // of the time column
+    ColumnHint Hint;  // of the time column
     OrderProof Proof = OrderProof::NotNeeded;
-    std::u16string Unit;                            // of an elapsed time, as a bracket field names it
-    std::optional<std::int64_t> RangeLength;        // of a text with two times, if it is always the same
+    std::u16string Unit;                      // of an elapsed time, as a bracket field names it
+    std::optional<std::int64_t> RangeLength;  // of a text with two times, if it is always the same
 
     bool HasDate() const { return Kind == TimeKind::DateAndTime || Kind == TimeKind::Date; }
 };

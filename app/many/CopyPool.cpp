@@ -58,7 +58,8 @@ int CopyPool::Run(const std::vector<std::string>& files, Tally& tally) {
             Shares.resize(next);
             continue;
         }
-        while (!interrupted && next < Shares.size() && CountRunning() < Jobs) Start(Shares[next++], status, tally);
+        while (!interrupted && next < Shares.size() && CountRunning() < Jobs)
+            Start(Shares[next++], status, tally);
         while (passed < next && (!Shares[passed].Copy || Shares[passed].Copy->HasEnded()))
             PassOn(Shares[passed++], status, tally);
         std::this_thread::sleep_for(Pause);
@@ -100,11 +101,11 @@ void CopyPool::PassOn(Share& share, int& status, Tally& tally) {
         own.Files = share.Files.size();
     }
     tally.Add(own);
-    status = std::max(status, ended >= FirstUnusual && ended != ExitInterrupted ? int{ExitFileFailed} : ended);
+    status =
+        std::max(status, ended >= FirstUnusual && ended != ExitInterrupted ? int{ExitFileFailed} : ended);
 }
 
 std::size_t CopyPool::CountRunning() {
-    return static_cast<std::size_t>(std::count_if(Shares.begin(), Shares.end(), [](Share& share) {
-        return share.Copy && !share.Copy->HasEnded();
-    }));
+    return static_cast<std::size_t>(std::count_if(
+        Shares.begin(), Shares.end(), [](Share& share) { return share.Copy && !share.Copy->HasEnded(); }));
 }

@@ -24,7 +24,8 @@ std::vector<std::string> ArgumentsOfCopies(const CLI::App& command) {
         const std::string name = "--" + option->get_lnames().front();
         if (name == JobsOption || name == "--recursive") continue;
         const bool isFlag = option->get_items_expected_max() == 0;
-        for (const std::string& value : option->results()) arguments.push_back(isFlag ? name : name + "=" + value);
+        for (const std::string& value : option->results())
+            arguments.push_back(isFlag ? name : name + "=" + value);
     }
     arguments.push_back(TallyOption);
     return arguments;

@@ -15,9 +15,10 @@ class ManyFiles {
     // Adds the options to a command, which outlives this object.
     void AddOptions(CLI::App& command);
 
-    // Does the files one after the other, or hands shares of them to copies of the program, whose output comes
-    // in the order of the files. Folders and patterns are expanded. `done` is the word of the summary for a
-    // file that was done; there is one after an expansion and with --jobs. Answers the worst exit status.
+    // Does the files one after the other, or hands shares of them to copies of the program, whose output
+    // comes in the order of the files. Folders and patterns are expanded. `done` is the word of the summary
+    // for a file that was done; there is one after an expansion and with --jobs. Answers the worst exit
+    // status.
     int Run(const CommonOptions& common, const std::string& done, const Work& work) const;
 
   private:
@@ -25,7 +26,7 @@ class ManyFiles {
     int RunInCopies(const std::vector<std::string>& files, Tally& tally) const;
 
     CLI::App* Command = nullptr;
-    int Jobs = 0;             // 0: not asked for
+    int Jobs = 0;  // 0: not asked for
     bool Recursive = false;
     bool TellsTally = false;  // this is a copy: the summary is made by who started it
 };

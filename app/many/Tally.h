@@ -13,8 +13,8 @@ struct Tally {
     void Add(const Tally& other);
 };
 
-// "26 files: 24 imported, 2 failed: a.csv, b.csv; 1,234,567 samples". `done` is the word for what was done with
-// a file; without samples they are not told.
+// "26 files: 24 imported, 2 failed: a.csv, b.csv; 1,234,567 samples". `done` is the word for what was done
+// with a file; without samples they are not told.
 std::string TallyText(const Tally& tally, const std::string& done);
 
 // The line that a copy of the program ends its complaints with, and the tally in it.

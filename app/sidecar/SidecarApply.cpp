@@ -71,7 +71,8 @@ int ApplySidecar(const ModuleLoader& module, const std::string& sidecar,
         return ExitFileFailed;
     }
     if (!fit.KnowsNames())
-        ComplainAbout(sidecar, Phrase("its own file is not beside it, so that names of columns are not compared"));
+        ComplainAbout(sidecar,
+                      Phrase("its own file is not beside it, so that names of columns are not compared"));
     const std::string bytes = BytesOf(path);
     Tally tally;
     for (const std::string& file : ListFiles(files, false).Files) {

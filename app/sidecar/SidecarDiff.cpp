@@ -25,7 +25,8 @@ std::vector<Difference> Compare(const SidecarCheck& one, const SidecarCheck& oth
     for (std::size_t i = 0; i < one.Fields.size(); ++i) {
         const SidecarField& a = one.Fields[i];
         const SidecarField& b = other.Fields[i];
-        if (a.Value != b.Value) differences.push_back({a.Element, Utf16ToUtf8(a.Value), Utf16ToUtf8(b.Value)});
+        if (a.Value != b.Value)
+            differences.push_back({a.Element, Utf16ToUtf8(a.Value), Utf16ToUtf8(b.Value)});
     }
     return differences;
 }

@@ -17,4 +17,3 @@ std::string ComplaintOf(const SidecarCheck& check) {
     return Phrase("format-rev \"{}\" is unknown, so nothing is read; known are 1 and 2",
                   Utf16ToUtf8(check.Revision));
 }
-

@@ -1,5 +1,5 @@
-// What a module offers to a host that works out how the times of a file are written: samples of the table, and
-// the reading of times by any format.
+// What a module offers to a host that works out how the times of a file are written: samples of the table,
+// and the reading of times by any format.
 #pragma once
 
 #include <cstdint>

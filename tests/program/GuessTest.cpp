@@ -11,7 +11,7 @@ using Json = nlohmann::ordered_json;
 
 struct GuessCase {
     const char* File;
-    const char* Format;     // that is proposed; empty for a fixed interval
+    const char* Format;  // that is proposed; empty for a fixed interval
     const char* Certainty;
     const char* Objection;  // part of one, or empty if there must be none
     std::size_t Count;      // samples of the first signal
@@ -42,7 +42,8 @@ TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
         // Numbers: the unit from the name, else from the size; since 1970 exact in any zone.
         {"x;time [ms];v\na;0,5;1\na;0,75;2\na;1,25;3\na;2;4\n", "[ms],000", "certain", "", 4, -1},
         {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n", "[s],000", "likely", "no unit", 3, -1},
-        {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs],000", "guess", "no unit", 3, -1},
+        {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs],000", "guess", "no unit", 3,
+         -1},
         {"t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n", "[s].000", "certain", "", 4,
          1706778000},
         // Fractions beside a doubtful date.
@@ -101,7 +102,8 @@ TEST(GuessTime, SavedServesEveryLaterRun) {
         const ProgramRun run;
         run.Write("data.csv", std::string(header) + "2024-02-01;1,5\n2024-02-02;2\n2024-02-03;2\n");
         const Json first = Json::parse(run({"--guess-time", "--save", "--json", "data.csv"}).Out);
-        EXPECT_EQ(std::filesystem::path(first["guess"]["saved"].get<std::string>()).filename(), "data.csv.info");
+        EXPECT_EQ(std::filesystem::path(first["guess"]["saved"].get<std::string>()).filename(),
+                  "data.csv.info");
         const Json later = Json::parse(run({"--json", "data.csv"}).Out);
         EXPECT_EQ(later["signals"].dump(), first["signals"].dump()) << header;
         EXPECT_EQ(later["signals"][0]["count"], 3) << header;

@@ -16,10 +16,10 @@ struct PatternCase {
 
 TEST(ManyFiles, PatternsKnowStarsAndQuestionMarks) {
     const PatternCase cases[] = {
-        {"a.csv", "*.csv", true},   {"A.CSV", "*.csv", true},   {"a.csv.info", "*.csv", false},
-        {"a.csv", "?.csv", true},   {"ab.csv", "?.csv", false}, {"ä.csv", "?.csv", true},
-        {"aXbXc", "a*b*c", true},   {"abcb", "a*b", true},      {"abc", "a*b", false},
-        {"", "*", true},            {"a", "", false},           {"run-07.txt", "run-0?.*", true},
+        {"a.csv", "*.csv", true}, {"A.CSV", "*.csv", true},   {"a.csv.info", "*.csv", false},
+        {"a.csv", "?.csv", true}, {"ab.csv", "?.csv", false}, {"ä.csv", "?.csv", true},
+        {"aXbXc", "a*b*c", true}, {"abcb", "a*b", true},      {"abc", "a*b", false},
+        {"", "*", true},          {"a", "", false},           {"run-07.txt", "run-0?.*", true},
     };
     for (const PatternCase& c : cases) {
         EXPECT_EQ(MatchesPattern(c.Name, c.Pattern), c.Fits) << c.Name << " by " << c.Pattern;
@@ -70,7 +70,8 @@ TEST_F(Folders, InSeveralProcessesSayTheSameInTheSameOrder) {
         Run.Write("d/n" + std::to_string(i) + ".csv", "t;v\n2024-02-01;" + std::to_string(i) + "\n");
     }
     for (const char* const json : {"--json", "--guess-time"}) {
-        const ProgramResult alone = Run({"import", json, "--samples=1", "--set", "TimestampFormat=JJJJ-MM-TT", "d"});
+        const ProgramResult alone =
+            Run({"import", json, "--samples=1", "--set", "TimestampFormat=JJJJ-MM-TT", "d"});
         const ProgramResult spread =
             Run({"import", json, "--samples=1", "--set", "TimestampFormat=JJJJ-MM-TT", "--jobs", "3", "d"});
         EXPECT_EQ(spread.Out, alone.Out);

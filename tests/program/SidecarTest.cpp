@@ -64,13 +64,14 @@ TEST(Sidecar, IsCopiedToFilesThatItFits) {
     const ProgramResult applied = run({"sidecar", "apply", "a.csv.info", "*.csv"});
     EXPECT_EQ(applied.Status, 1);
     EXPECT_EQ(applied.Out, "b.csv.info\n");
-    EXPECT_EQ(applied.Err,
-              "kelvarin-import: has.csv: has.csv.info exists already; --force replaces it\n"
-              "kelvarin-import: name.csv: its column 2 is 'w' instead of 'v'\n"
-              "kelvarin-import: time.csv: the format 'TT.MM.JJJJ hh:mm:ss' does not read its first time "
-              "'2024-02-01'\n"
-              "kelvarin-import: wide.csv: it has 3 columns instead of 2\n"
-              "kelvarin-import: 5 files: 1 with the sidecar, 4 failed: has.csv, name.csv, time.csv, wide.csv\n");
+    EXPECT_EQ(
+        applied.Err,
+        "kelvarin-import: has.csv: has.csv.info exists already; --force replaces it\n"
+        "kelvarin-import: name.csv: its column 2 is 'w' instead of 'v'\n"
+        "kelvarin-import: time.csv: the format 'TT.MM.JJJJ hh:mm:ss' does not read its first time "
+        "'2024-02-01'\n"
+        "kelvarin-import: wide.csv: it has 3 columns instead of 2\n"
+        "kelvarin-import: 5 files: 1 with the sidecar, 4 failed: has.csv, name.csv, time.csv, wide.csv\n");
     EXPECT_EQ(run.Folder.Read("b.csv.info"), run.Folder.Read("a.csv.info"));
     EXPECT_EQ(run({"sidecar", "apply", "--force", "a.csv.info", "has.csv"}).Status, 0);
     EXPECT_EQ(run.Folder.Read("has.csv.info"), run.Folder.Read("a.csv.info"));

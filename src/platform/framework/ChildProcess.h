@@ -14,7 +14,8 @@ class ChildProcess {
     ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess();
 
-    // Starts the copy with these arguments in UTF-8. False, with the reason, if the system has no room for it.
+    // Starts the copy with these arguments in UTF-8. False, with the reason, if the system has no room for
+    // it.
     bool Start(const std::vector<std::string>& arguments, std::string& reason);
 
     // True once the copy has ended; doesn't wait.

@@ -19,10 +19,10 @@ std::FILE* OpenPassingFile() {
     if (GetTempPathW(MAX_PATH, W(folder.data())) == 0) return nullptr;
     if (GetTempFileNameW(W(folder.data()), L"kel", 0, W(path.data())) == 0) return nullptr;
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    const HANDLE handle = CreateFileW(W(path.data()), GENERIC_READ | GENERIC_WRITE | DELETE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inherited,
-                                      CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE,
-                                      nullptr);
+    const HANDLE handle =
+        CreateFileW(W(path.data()), GENERIC_READ | GENERIC_WRITE | DELETE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, &inherited, CREATE_ALWAYS,
+                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return nullptr;
     return _fdopen(_open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_RDWR | _O_BINARY), "w+b");
 }
