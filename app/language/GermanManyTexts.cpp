@@ -6,7 +6,6 @@ namespace {
 constexpr Translation Texts[] = {
     {"Spread the files over N processes", "Die Dateien auf N Prozesse verteilen"},
     {"With a folder as FILE: also the folders in it", "Mit einem Ordner als FILE: auch die Ordner darin"},
-    {"the folder holds no *.csv and no *.txt", "der Ordner enthält keine *.csv und keine *.txt"},
     {"imported", "importiert"},
     {"analyzed", "analysiert"},
     {"with the sidecar", "mit der Sidecar-Datei"},

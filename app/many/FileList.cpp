@@ -97,21 +97,17 @@ FileList ListFiles(const std::vector<std::string>& arguments, bool recursive) {
         std::vector<std::string> found;
         std::error_code ignored;
         if (fs::is_directory(path, ignored)) {
-            list.IsExpanded = true;
             if (recursive) {
                 AddTables<fs::recursive_directory_iterator>(path, found);
             } else {
                 AddTables<fs::directory_iterator>(path, found);
             }
-            if (found.empty()) list.Empty.push_back(argument);
         } else if (argument.find_first_of("*?") != std::string::npos && !fs::exists(path, ignored)) {
             const fs::path relative = path.relative_path();
             AddMatches(path.root_path(), relative.begin(), relative.end(), found);
-            list.IsExpanded |= !found.empty();
-            if (found.empty()) found.push_back(argument);
-        } else {
-            found.push_back(argument);
         }
+        list.IsExpanded |= !found.empty();
+        if (found.empty()) found.push_back(argument);
         std::sort(found.begin(), found.end());
         list.Files.insert(list.Files.end(), found.begin(), found.end());
     }

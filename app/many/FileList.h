@@ -6,7 +6,6 @@
 
 struct FileList {
     std::vector<std::string> Files;  // in the order of the arguments, those of a folder or pattern sorted
-    std::vector<std::string> Empty;  // folders without any *.csv or *.txt
     bool IsExpanded = false;         // a folder or a pattern was among the arguments
 };
 

@@ -46,13 +46,8 @@ int ManyFiles::Run(const CommonOptions& common, const std::string& done, const W
     CatchInterrupt();
     const FileList list = ListFiles(common.Files, Recursive);
     Tally tally;
-    int status = ExitDone;
-    for (const std::string& folder : list.Empty) {
-        ComplainAbout(folder, Phrase("the folder holds no *.csv and no *.txt"));
-        status = ExitFileFailed;
-    }
     const bool inCopies = Jobs > 1 && list.Files.size() > 1;
-    status = std::max(status, inCopies ? RunInCopies(list.Files, tally) : RunHere(list.Files, work, tally));
+    const int status = inCopies ? RunInCopies(list.Files, tally) : RunHere(list.Files, work, tally);
     if (TellsTally) {
         std::cout.flush();
         std::cerr << TallyLine(tally);
