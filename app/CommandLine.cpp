@@ -22,7 +22,7 @@ int Refuse(const std::string& text) {
 std::string AllowedOptions(const CLI::App& command) {
     std::string names;
     for (const CLI::Option* option : command.get_options()) {
-        if (option->get_lnames().empty()) continue;
+        if (option->get_lnames().empty() || option->get_group().empty()) continue;
         names += (names.empty() ? "--" : ", --") + option->get_lnames().front();
     }
     return names;

@@ -5,6 +5,6 @@ enum ExitStatus : int {
     ExitDone = 0,          // every file was done
     ExitFileFailed = 1,    // a file could not be imported or analysed; the others are done
     ExitWrongUsage = 2,    // the command line is wrong; nothing was done
-    ExitFindings = 3,      // a check has found fault with a file; none failed
+    ExitFindings = 3,      // a check or a comparison has found something; none failed
     ExitInterrupted = 130  // ended by Ctrl-C
 };

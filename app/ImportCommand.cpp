@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -15,9 +14,11 @@
 #include "app/TextReport.h"
 #include "app/TimeAdvice.h"
 #include "app/WholeNumber.h"
+#include "app/guess/GuessInForce.h"
+#include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
+#include "app/many/ManyFiles.h"
 #include "platform/framework/Path.h"
-#include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace {
@@ -27,6 +28,7 @@ struct ImportOptions {
     bool KeepAll = false;                  // keep every sample in memory
     std::optional<std::size_t> Samples;    // how many of each signal the report lists
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
+    GuessOptions Guessing;
 };
 
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
@@ -43,6 +45,14 @@ bool LostEveryRow(const RunResult& result, const HostSession& session) {
     const StoredDevice* const device = session.Device();
     if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
     return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
+}
+
+std::uint64_t CountSamples(const HostSession& session) {
+    std::uint64_t count = 0;
+    if (const StoredDevice* const device = session.Device()) {
+        for (const auto& signal : device->Signals) count += signal->Summary().Count;
+    }
+    return count;
 }
 
 // Empty, or why the file counts as failed.
@@ -63,49 +73,42 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, HostS
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
-               const RunResult& result, HostSession& session) {
+               const RunResult& result, HostSession& session, const TimeGuess* guess) {
     if (!result.Begun) return;
     std::string advice;
     const bool readsTime = SummarizeFormat(SettingsOf(session.Filter())).TimeSetting == 0;
     const bool hasReason =
         !session.Messages().IsEmpty();  // a lone column of times gives no signal, and rightly so
-    if (LostEveryRow(result, session) && readsTime && hasReason)
+    if (LostEveryRow(result, session) && readsTime && hasReason && guess == nullptr)
         advice = AdviseTimestamp(module, path, session.Filter());
     WriteFormatText(std::cout, file, session.Filter());
+    if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);
 }
 
 int ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
-               const std::string& file) {
+               const std::string& file, Tally& tally) {
     const std::u16string path = PathFromNative(file);
     RunResult result;
     std::string reason;
     {
         ProgressLine progress(file);
+        const GuessInForce guessed(module, common, options.Guessing, path);
         HostSession session(module.Factory(), path, MakeRunOptions(common, options, progress));
         result = session.Run([&] {
             return static_cast<std::uint64_t>(SummarizeFormat(SettingsOf(session.Filter())).FirstDataLine);
         });
         reason = WhyFailed(path, result, session);
+        tally.Samples += CountSamples(session);
         if (common.Json) {
-            WriteImportJson(std::cout, file, result, session, options.Samples);
+            WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {
-            WriteText(module, file, path, result, session);
+            WriteText(module, file, path, result, session, guessed.Guess());
         }
     }
     if (!reason.empty()) ComplainAbout(file, reason);
     if (result.Interrupted) return ExitInterrupted;
     return reason.empty() ? ExitDone : ExitFileFailed;
-}
-
-int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options) {
-    CatchInterrupt();
-    int status = ExitDone;
-    for (const std::string& file : common.Files) {
-        status = std::max(status, ImportFile(module, common, options, file));
-        if (status == ExitInterrupted) break;
-    }
-    return status;
 }
 
 void SetSamples(const std::string& text, ImportOptions& options) {
@@ -136,10 +139,14 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
 
 void AddImportCommand(CommandLine& line) {
     const auto options = std::make_shared<ImportOptions>();
-    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
-                                 [options](const ModuleLoader& module, const CommonOptions& common) {
-                                     return ImportFiles(module, common, *options);
-                                 });
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command =
+        line.Add("import", Phrase("Run the import (the default for a file)"),
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return many->Run(common, Phrase("imported"), [&](const std::string& file, Tally& tally) {
+                         return ImportFile(module, common, *options, file, tally);
+                     });
+                 });
     command
         .add_option_function<std::string>(
             "--samples", [options](const std::string& text) { SetSamples(text, *options); },
@@ -155,6 +162,8 @@ void AddImportCommand(CommandLine& line) {
             "--base-time", [options](const std::string& text) { SetBaseTime(text, *options); },
             Phrase("Start of relative measurement time in nanoseconds"))
         ->type_name("NS");
+    AddGuessOptions(command, options->Guessing);
+    many->AddOptions(command);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import data.csv\n"

@@ -4,6 +4,7 @@
 
 #include "app/SampleValue.h"
 #include "app/SettingsJson.h"
+#include "app/guess/GuessReport.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -61,19 +62,20 @@ Json MessagesToJson(const std::vector<ImportMessage>& messages) {
 
 }  // namespace
 
-void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
-                      const CImportFilter& filter) {
+void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
+                      const TimeGuess* guess) {
     const CCsvImportSettings& settings = SettingsOf(filter);
-    const Json document = {{"file", FileText(file)},
-                           {"analyzed", analyzed},
-                           {"settings", SettingsToJson(settings)},
-                           {"columns", ColumnsToJson(settings)},
-                           {"sidecarWarning", SidecarWarningOf(filter)}};
+    Json document = {{"file", FileText(file)},
+                     {"analyzed", analyzed},
+                     {"settings", SettingsToJson(settings)},
+                     {"columns", ColumnsToJson(settings)},
+                     {"sidecarWarning", SidecarWarningOf(filter)}};
+    if (guess != nullptr) document["guess"] = GuessToJson(*guess);
     out << document.dump() << "\n";
 }
 
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples) {
+                     const HostSession& session, std::optional<std::size_t> samples, const TimeGuess* guess) {
     Json head = {{"file", FileText(file)}, {"begun", result.Begun}, {"lines", result.Lines}};
     head["device"] = DeviceToJson(session.Device());
     std::string text = head.dump();
@@ -88,5 +90,7 @@ void WriteImportJson(std::ostream& out, const std::string& file, const RunResult
         }
     }
     out << "],\"messages\":" << MessagesToJson(session.Messages().All()).dump();
-    out << ",\"progress\":" << Json(result.Progress).dump() << "}\n";
+    out << ",\"progress\":" << Json(result.Progress).dump();
+    if (guess != nullptr) out << ",\"guess\":" << GuessToJson(*guess).dump();
+    out << "}\n";
 }

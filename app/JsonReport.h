@@ -7,9 +7,12 @@
 
 #include "app/HostSession.h"
 
-// What AnalyzeFile found in the filter's file.
-void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter);
+struct TimeGuess;
 
-// What became of a run; `samples` of each signal, or no samples at all.
+// What AnalyzeFile found in the filter's file. `guess` may be null.
+void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
+                      const TimeGuess* guess);
+
+// What became of a run; `samples` of each signal, or no samples at all. `guess` may be null.
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples);
+                     const HostSession& session, std::optional<std::size_t> samples, const TimeGuess* guess);

@@ -17,6 +17,7 @@ class ModuleLoader {
 
     ImportFilterFactory Factory() const { return Info->Factory; }
     ISidecarTool& SidecarTool() const { return *Info->SidecarTool; }
+    ITableTool& TableTool() const { return *Info->TableTool; }
 
     // The items of a string of the module that are separated by vertical bars.
     std::vector<std::u16string> ResourceItems(unsigned id) const;

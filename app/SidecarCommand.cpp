@@ -7,7 +7,13 @@
 #include "app/ExitStatus.h"
 #include "app/Style.h"
 #include "app/TextTable.h"
+#include "app/guess/GuessInForce.h"
+#include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
+#include "app/many/FileList.h"
+#include "app/sidecar/SidecarApply.h"
+#include "app/sidecar/SidecarDiff.h"
+#include "app/sidecar/SidecarText.h"
 #include "host/SidecarTool.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -15,21 +21,6 @@
 using Json = nlohmann::ordered_json;
 
 namespace {
-
-std::string PrintableName(const std::string& file) {
-    return Utf16ToUtf8(PathFromNative(file));
-}
-
-// Empty, or what is wrong with the sidecar.
-std::string ComplaintOf(const SidecarCheck& check) {
-    if (check.Errors < 0) return check.Reason;
-    if (check.Errors > 0) {
-        return Phrase("line {}, column {}: {}", check.Line, check.Column, check.Reason);
-    }
-    if (check.KnownRevision) return {};
-    return Phrase("format-rev \"{}\" is unknown, so nothing is read; known are 1 and 2",
-                  Utf16ToUtf8(check.Revision));
-}
 
 void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
     Json fields = Json::object();
@@ -73,38 +64,100 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& options, const st
     return ExitFileFailed;
 }
 
-int WriteFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
+// The settings in force replace a sidecar; guessed ones are written only where there is none.
+int WriteFile(const ModuleLoader& module, const CommonOptions& options, const GuessOptions& guessing,
+              const std::string& file) {
+    const std::u16string path = PathFromNative(file);
+    const GuessInForce guessed(module, options, guessing, path);
+    const TimeGuess* const guess = guessed.Guess();
     std::string reason;
-    const bool written = module.SidecarTool().WriteSidecar(PathFromNative(file).c_str(), reason);
+    if (guess == nullptr) {
+        module.SidecarTool().WriteSidecar(path.c_str(), reason);
+    } else {
+        reason = guess->Failure.empty() ? SaveBeside(module, path) : guess->Failure;
+    }
+    const bool written = reason.empty();
     if (options.Json) {
-        const Json document = {{"file", PrintableName(file)}, {"written", written}};
+        Json document = {{"file", PrintableName(file)}, {"written", written}};
+        if (guess != nullptr) document["guess"] = GuessToJson(*guess);
         std::cout << document.dump() << "\n";
-    } else if (written) {
-        std::cout << PrintableName(file) << ".info\n";
+    } else {
+        if (written) std::cout << PrintableName(file) << ".info\n";
+        if (guess != nullptr) WriteGuessText(std::cout, *guess);
     }
     if (written) return ExitDone;
     ComplainAbout(file, reason);
     return ExitFileFailed;
 }
 
+// What the parts of the command take beside the common options.
+struct SidecarOptions {
+    bool CheckOnly = false;
+    GuessOptions Guessing;
+    bool Force = false;
+    std::string Sidecar;               // of apply, and the first of diff
+    std::string Other;                 // the second of diff
+    std::vector<std::string> Targets;  // of apply
+    CLI::App* Apply = nullptr;
+    CLI::App* Diff = nullptr;
+};
+
+int RunSidecarCommand(const ModuleLoader& module, const CommonOptions& common,
+                      const SidecarOptions& options) {
+    if (options.Apply->parsed())
+        return ApplySidecar(module, options.Sidecar, options.Targets, options.Force, common.Json);
+    if (options.Diff->parsed()) return DiffSidecars(module, options.Sidecar, options.Other, common.Json);
+    int status = ExitDone;
+    for (const std::string& file : ListFiles(common.Files, false).Files) {
+        const int done = options.CheckOnly ? CheckFile(module, common, file)
+                                           : WriteFile(module, common, options.Guessing, file);
+        if (done != ExitDone) status = done;
+    }
+    return status;
+}
+
+void AddParts(CLI::App& command, SidecarOptions& options) {
+    options.Apply =
+        command.add_subcommand("apply", Phrase("Copy a sidecar beside files with the same columns"));
+    options.Apply->add_option("SIDECAR", options.Sidecar, Phrase("The sidecar"))->required()->type_name("");
+    options.Apply->add_option("FILE", options.Targets, Phrase("Text files with separators"))
+        ->required()
+        ->type_name("");
+    options.Apply->add_flag("--force", options.Force, Phrase("Replace sidecars that are there already"));
+    options.Diff = command.add_subcommand("diff", Phrase("Show where two sidecars differ"));
+    options.Diff->add_option("SIDECAR", options.Sidecar, Phrase("The sidecar"))->required()->type_name("");
+    options.Diff->add_option("OTHER", options.Other, Phrase("The other sidecar"))->required()->type_name("");
+    for (CLI::App* const part : {options.Apply, options.Diff}) {
+        part->fallthrough();
+        part->group(Phrase("Commands"));
+        part->get_help_ptr()->group(Phrase("Options"));
+    }
+    // The parts have files of their own.
+    CLI::Option* const files = command.get_option("FILE");
+    files->required(false);
+    command.require_subcommand(0, 1);
+    command.parse_complete_callback([&command, files] {
+        if (files->count() == 0 && command.get_subcommands().empty()) throw CLI::RequiredError("FILE");
+    });
+}
+
 }  // namespace
 
 void AddSidecarCommand(CommandLine& line) {
-    const auto checkOnly = std::make_shared<bool>(false);
+    const auto options = std::make_shared<SidecarOptions>();
     CLI::App& command =
-        line.Add("sidecar", Phrase("Write FILE.info from the settings in force, or check one"),
-                 [checkOnly](const ModuleLoader& module, const CommonOptions& common) {
-                     int status = ExitDone;
-                     for (const std::string& file : common.Files) {
-                         const int done =
-                             *checkOnly ? CheckFile(module, common, file) : WriteFile(module, common, file);
-                         if (done != ExitDone) status = done;
-                     }
-                     return status;
+        line.Add("sidecar", Phrase("Write FILE.info from the settings in force, check, copy or compare some"),
+                 [options](const ModuleLoader& module, const CommonOptions& common) {
+                     return RunSidecarCommand(module, common, *options);
                  });
-    command.add_flag("--check", *checkOnly, Phrase("FILE is a sidecar: say how it reads"));
+    command.add_flag("--check", options->CheckOnly, Phrase("FILE is a sidecar: say how it reads"));
+    AddGuessOption(command, options->Guessing);
+    AddParts(command, *options);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
-               "  kelvarin-import sidecar --check data.csv.info"));
+               "  kelvarin-import sidecar --guess-time data.csv\n"
+               "  kelvarin-import sidecar --check data.csv.info\n"
+               "  kelvarin-import sidecar apply data.csv.info '*.csv'\n"
+               "  kelvarin-import sidecar diff data.csv.info other.csv.info"));
 }

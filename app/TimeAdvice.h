@@ -7,7 +7,6 @@
 
 class CImportFilter;
 
-// One line that names the options, tried on the file's first rows with the module itself; the standard
-// formats that fit come first. `filter` has analysed the file at `path`.
+// One line that names the options which the guess proposes. `filter` has analysed the file at `path`.
 std::string AdviseTimestamp(const ModuleLoader& module, const std::u16string& path,
                             const CImportFilter& filter);

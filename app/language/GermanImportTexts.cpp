@@ -32,8 +32,8 @@ constexpr Translation Texts[] = {
     {"{}; see --help", "{}; siehe --help"},
     {"Run the import (the default for a file)", "Importieren (ohne Befehl die Vorgabe)"},
     {"What the analysis finds: format and columns", "Was die Analyse findet: Format und Spalten"},
-    {"Write FILE.info from the settings in force, or check one",
-     "FILE.info aus den geltenden Einstellungen schreiben, oder eine prüfen"},
+    {"Write FILE.info from the settings in force, check, copy or compare some",
+     "FILE.info aus den geltenden Einstellungen schreiben, welche prüfen, kopieren, vergleichen"},
     {"FILE is a sidecar: say how it reads", "FILE ist eine Sidecar-Datei: sagen, wie sie gelesen wird"},
     {"The settings dialog of one file, driven by a script",
      "Der Einstellungsdialog einer Datei, gesteuert von einem Skript"},
@@ -72,10 +72,16 @@ constexpr Translation Texts[] = {
      "  kelvarin-import analyze --set AutoFormat=0 --set Separator=2 --set FirstLine=25 daten.txt"},
     {"Examples:\n"
      "  kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
-     "  kelvarin-import sidecar --check data.csv.info",
+     "  kelvarin-import sidecar --guess-time data.csv\n"
+     "  kelvarin-import sidecar --check data.csv.info\n"
+     "  kelvarin-import sidecar apply data.csv.info '*.csv'\n"
+     "  kelvarin-import sidecar diff data.csv.info other.csv.info",
      "Beispiele:\n"
      "  kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' daten.csv\n"
-     "  kelvarin-import sidecar --check daten.csv.info"},
+     "  kelvarin-import sidecar --guess-time daten.csv\n"
+     "  kelvarin-import sidecar --check daten.csv.info\n"
+     "  kelvarin-import sidecar apply daten.csv.info '*.csv'\n"
+     "  kelvarin-import sidecar diff daten.csv.info andere.csv.info"},
     {"Example:\n"
      "  printf 'click 1022\\nok\\n' | kelvarin-import dialog --script - data.csv",
      "Beispiel:\n"

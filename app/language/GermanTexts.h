@@ -12,3 +12,5 @@ struct Translation {
 std::span<const Translation> GermanImportTexts();
 std::span<const Translation> GermanShellTexts();
 std::span<const Translation> GermanExplainTexts();
+std::span<const Translation> GermanGuessTexts();
+std::span<const Translation> GermanManyTexts();

@@ -5,6 +5,7 @@
 
 class CImportFilter;
 class ISidecarTool;
+class ITableTool;
 
 // Makes a filter for the file at a path. The caller owns it and destroys it.
 using ImportFilterFactory = CImportFilter* (*)(const char16_t* path);
@@ -16,14 +17,19 @@ using ModuleHandle = const void*;
 class CImportDllInfo {
   public:
     CImportDllInfo(ModuleHandle instance, ModuleHandle resources, ImportFilterFactory factory,
-                   ISidecarTool* sidecarTool = nullptr)
-        : Instance(instance), Resources(resources), Factory(factory), SidecarTool(sidecarTool) {}
+                   ISidecarTool* sidecarTool = nullptr, ITableTool* tableTool = nullptr)
+        : Instance(instance),
+          Resources(resources),
+          Factory(factory),
+          SidecarTool(sidecarTool),
+          TableTool(tableTool) {}
     virtual ~CImportDllInfo() = default;
 
     const ModuleHandle Instance;
     const ModuleHandle Resources;
     const ImportFilterFactory Factory;
     ISidecarTool* const SidecarTool;  // the module's, for hosts without a dialog; null if it has none
+    ITableTool* const TableTool;      // as that one
 };
 
 // The answer of the export of every module that this host can use.

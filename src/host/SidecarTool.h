@@ -31,6 +31,10 @@ class ISidecarTool {
     // read or the sidecar not be written.
     virtual bool WriteSidecar(const char16_t* sourcePath, std::string& reason) = 0;
 
+    // Writes a sidecar where there is none, such that the next import reads the same lines as one now. False,
+    // with the reason, also if there is one already.
+    virtual bool SaveSidecar(const char16_t* sourcePath, std::string& reason) = 0;
+
     // Reads the sidecar at this path.
     virtual SidecarCheck CheckSidecar(const char16_t* sidecarPath) = 0;
 };

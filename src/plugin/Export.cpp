@@ -3,6 +3,7 @@
 #include "plugin/CsvImportApp.h"
 #include "plugin/CsvImportFactory.h"
 #include "plugin/SidecarTool.h"
+#include "plugin/TableTool.h"
 #include "resources/ModuleResources.h"
 
 namespace {
@@ -24,7 +25,9 @@ const LoadedApp theApp;
 extern "C" std::uint32_t GetKelvarinImportDllInfo(CImportDllInfo** info) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     static CSidecarTool sidecarTool;
-    static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter, &sidecarTool);
+    static CTableTool tableTool;
+    static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter, &sidecarTool,
+                                  &tableTool);
     *info = &dllInfo;
     return ImportDllVersion;
 }

@@ -2,6 +2,7 @@
 
 #include "host/StdioFileEx.h"
 #include "host/XmlString.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/CsvInfoFile.h"
@@ -59,6 +60,20 @@ bool CSidecarTool::WriteSidecar(const char16_t* sourcePath, std::string& reason)
     CCsvInfoFile file(sourcePath);
     file.Read();  // for what only the file knows
     file.TakeFromSettings(settings);
+    return file.Replace(reason);
+}
+
+bool CSidecarTool::SaveSidecar(const char16_t* sourcePath, std::string& reason) {
+    CCsvImportSettings settings;
+    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
+    CCsvInfoFile file(sourcePath);
+    if (file.Read() >= 0) {
+        reason = Utf16ToUtf8(PathStripPath(file.GetPath())) + " exists already and stays as it is";
+        return false;
+    }
+    file.TakeFromSettings(settings);
+    // What is read is one line below what is written, with a header or without.
+    file.StartLine = settings.GetFirstLine() - 1;
     return file.Replace(reason);
 }
 

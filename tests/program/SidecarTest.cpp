@@ -51,4 +51,46 @@ TEST(Sidecar, WithErrorsIsReportedAndNotUsed) {
     EXPECT_EQ(check["fields"]["SEPARATOR"], ",");
 }
 
+TEST(Sidecar, IsCopiedToFilesThatItFits) {
+    const ProgramRun run;
+    run.Write("a.csv", Data);
+    run.Write("b.csv", Data);
+    run.Write("has.csv", Data);
+    run.Write("has.csv.info", "old");
+    run.Write("name.csv", "t;w\n01.02.2024 10:00:00;1,5\n");
+    run.Write("time.csv", "t;v\n2024-02-01;1,5\n");
+    run.Write("wide.csv", "t;v;w\n01.02.2024 10:00:00;1,5;1\n");
+    ASSERT_EQ(run({"sidecar", "--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss", "a.csv"}).Status, 0);
+    const ProgramResult applied = run({"sidecar", "apply", "a.csv.info", "*.csv"});
+    EXPECT_EQ(applied.Status, 1);
+    EXPECT_EQ(applied.Out, "b.csv.info\n");
+    EXPECT_EQ(
+        applied.Err,
+        "kelvarin-import: has.csv: has.csv.info exists already; --force replaces it\n"
+        "kelvarin-import: name.csv: its column 2 is 'w' instead of 'v'\n"
+        "kelvarin-import: time.csv: the format 'TT.MM.JJJJ hh:mm:ss' does not read its first time "
+        "'2024-02-01'\n"
+        "kelvarin-import: wide.csv: it has 3 columns instead of 2\n"
+        "kelvarin-import: 5 files: 1 with the sidecar, 4 failed: has.csv, name.csv, time.csv, wide.csv\n");
+    EXPECT_EQ(run.Folder.Read("b.csv.info"), run.Folder.Read("a.csv.info"));
+    EXPECT_EQ(run({"sidecar", "apply", "--force", "a.csv.info", "has.csv"}).Status, 0);
+    EXPECT_EQ(run.Folder.Read("has.csv.info"), run.Folder.Read("a.csv.info"));
+}
+
+TEST(Sidecar, TellsWhereTwoDiffer) {
+    const ProgramRun run;
+    run.Write("a.csv", Data);
+    run.Write("b.csv", Data);
+    run({"sidecar", "a.csv"});
+    run({"sidecar", "--set", "TimeColumn=2", "b.csv"});
+    const ProgramResult differ = run({"sidecar", "diff", "a.csv.info", "b.csv.info"});
+    EXPECT_EQ(differ.Status, 3);
+    EXPECT_EQ(differ.Out, "TIME-COLUMN  \"0\"  ->  \"1\"\n");
+    const ProgramResult equal = run({"sidecar", "diff", "--json", "a.csv.info", "a.csv.info"});
+    EXPECT_EQ(equal.Status, 0);
+    EXPECT_EQ(Json::parse(equal.Out)["equal"], true);
+    EXPECT_EQ(run({"sidecar", "diff", "a.csv.info", "missing.info"}).Status, 1);
+    EXPECT_EQ(run({"sidecar"}).Status, 2);
+}
+
 }  // namespace

@@ -1,0 +1,40 @@
+// Tries formats on the rows of a sampled table.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/guess/TimeReading.h"
+#include "host/TableTool.h"
+
+using TextList = std::vector<std::u16string>;
+
+class TableTrial {
+  public:
+    // Both outlive the trial.
+    TableTrial(ITableTool& tool, const TableSample& table) : Tool(tool), Table(table) {}
+
+    const TableSample& Sample() const { return Table; }
+    std::size_t Columns() const;
+    const std::u16string& Letters() const { return FormatLetters; }
+
+    // The cells of a column, from 0; an empty text for a row without.
+    TextList Texts(std::size_t column) const;
+
+    // The cells of two columns as the import joins them, the left one first.
+    TextList JoinedTexts(std::size_t left, std::size_t right) const;
+
+    // The texts that tell the look of a column: its first one, and the longest of the first rows.
+    TextList Examples(const TextList& texts) const;
+
+    // True if the format fits at least half of the first rows.
+    bool FitsFirstRows(const std::u16string& format, const TextList& texts, bool hasDate) const;
+
+    // Reads all rows.
+    TimeReading Read(const std::u16string& format, const TextList& texts, bool hasDate) const;
+
+  private:
+    ITableTool& Tool;
+    const TableSample& Table;
+    const std::u16string FormatLetters = Tool.FormatLetters();
+};

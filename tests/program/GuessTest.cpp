@@ -1,0 +1,117 @@
+// --guess-time: what it proposes, how sure it is, and that the run uses it.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program/ProgramRun.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+struct GuessCase {
+    const char* File;
+    const char* Format;  // that is proposed; empty for a fixed interval
+    const char* Certainty;
+    const char* Objection;  // part of one, or empty if there must be none
+    std::size_t Count;      // samples of the first signal
+    std::int64_t First;     // time of its first sample in seconds, -1 for relative time
+};
+
+TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
+    const GuessCase cases[] = {
+        // The zone of these runs is an hour ahead of UTC.
+        {"t;v\n01.02.2024 10:00:00;1\n13.02.2024 10:00:00;2\n14.02.2024 10:00:00;3\n15.02.2024 10:00:00;4\n",
+         "TT.MM.JJJJ hh:mm:ss,000", "certain", "", 4, 1706778000},
+        {"t,u,v\n2024-02-01,100000,1\n2024-02-01,100001,2\n2024-02-01,100002,2\n2024-02-01,100003,2\n",
+         "JJJJ-MM-TT, hhmmss", "likely", "plain numbers", 4, 1706778000},
+        // The day is the one that makes even steps, or the one above 12; or nothing tells.
+        {"t,v\n09/01/2024 23:50,1\n10/01/2024 00:00,2\n10/01/2024 00:10,3\n10/01/2024 00:20,4\n",
+         "TT/MM/JJJJ hh:mm", "likely", "distances", 4, 1704840600},
+        {"t,v\n01/02/2024,1\n01/05/2024,2\n01/12/2024,3\n01/13/2024,4\n", "MM/TT/JJJJ", "certain", "", 4,
+         1704150000},
+        {"t,v\n01/02/2024 10:00,1\n01/02/2024 10:01,2\n01/02/2024 10:02,3\n01/02/2024 10:03,4\n",
+         "MM/TT/JJJJ hh:mm", "guess", "swapped", 4, 1704186000},
+        // Rows that an import loses.
+        {"t;v\n01.02.2024;1\n01.02.2024;2\n01.02.2024;3\n02.02.2024;4\n", "TT.MM.JJJJ", "likely", "repeat", 2,
+         1706742000},
+        {"t;v\n04.02.2024;1\n03.02.2024;2\n02.02.2024;3\n01.02.2024;4\n", "TT.MM.JJJJ", "guess", "newest", 1,
+         1707001200},
+        {"t;v\n13.02.2024;1\n14.02.2024;2\n15.02.2024;3\nsum;6\n", "TT.MM.JJJJ", "likely", "line 5", 3,
+         1707778800},
+        // Numbers: the unit from the name, else from the size; since 1970 exact in any zone.
+        {"x;time [ms];v\na;0,5;1\na;0,75;2\na;1,25;3\na;2;4\n", "[ms],000", "certain", "", 4, -1},
+        {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n", "[s],000", "likely", "no unit", 3, -1},
+        {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs],000", "guess", "no unit", 3,
+         -1},
+        {"t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n", "[s].000", "certain", "", 4,
+         1706778000},
+        // Fractions beside a doubtful date.
+        {"elapsed,real,v\n0:00:00.1,01/06/2024 10:00:00,1\n0:00:01.2,01/06/2024 10:00:01,2\n"
+         "0:00:02.3,01/06/2024 10:00:02,3\n0:00:03.4,01/06/2024 10:00:03,4\n",
+         "hh:mm:ss.000", "certain", "", 4, -1},
+        // Two times in a cell: the rows get the earlier.
+        {"t,v\n2024-02-01 10:00 to 2024-02-01 11:00,1\n2024-02-01 11:00 to 2024-02-01 12:00,2\n"
+         "2024-02-01 12:00 to 2024-02-01 13:00,3\n2024-02-01 13:00 to 2024-02-01 14:00,4\n",
+         "JJJJ-MM-TT hh:mm to JJJJ-MM-TT hh:mm", "certain", "two times", 4, 1706778000},
+        // Times that no format reads, and none.
+        {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "", "likely",
+         "letter T", 3, 1706778000},
+        {"nm;v\n325;3\n326;2\n327;1\n", "", "guess", "no column", 3, -1},
+    };
+    for (const GuessCase& c : cases) {
+        SCOPED_TRACE(c.File);
+        const ProgramRun run;
+        run.Write("data.csv", c.File);
+        const ProgramResult result = run({"--guess-time", "--json", "--samples", "1", "data.csv"});
+        ASSERT_EQ(result.Status, 0) << result.Err;
+        const Json document = Json::parse(result.Out);
+        const Json& guess = document["guess"];
+        EXPECT_EQ(guess["settings"].value("TimestampFormat", ""), c.Format);
+        EXPECT_EQ(guess["certainty"], c.Certainty) << guess.dump();
+        const std::string objections = guess["objections"].dump();
+        EXPECT_NE(objections.find(c.Objection), std::string::npos) << objections;
+        EXPECT_EQ(*c.Objection == '\0', guess["objections"].empty()) << objections;
+        const Json& signal = document["signals"].back();
+        EXPECT_EQ(signal["count"], c.Count);
+        const std::int64_t first = signal["samples"][0][0].get<std::int64_t>() / 1'000'000'000;
+        constexpr std::int64_t RelativeStart = 315'529'200;
+        EXPECT_EQ(first < 2 * RelativeStart ? -1 : first, c.First);
+        // The printed options alone do the same.
+        std::vector<std::string> options = {"--json", "--samples", "1", "data.csv"};
+        for (const auto& [key, value] : guess["settings"].items())
+            options.insert(options.end(), {"--set", key + "=" + value.get<std::string>()});
+        EXPECT_EQ(Json::parse(run(options).Out)["signals"].dump(), document["signals"].dump());
+    }
+}
+
+TEST(GuessTime, StepsBackBehindWhatTheUserSet) {
+    const ProgramRun run;
+    run.Write("data.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
+    const std::string set = "TimestampFormat=JJJJ-TT-MM";
+    const Json document = Json::parse(run({"--guess-time", "--json", "--set", set, "data.csv"}).Out);
+    EXPECT_NE(document["guess"]["objections"].dump().find("stays as it was set"), std::string::npos);
+    EXPECT_EQ(document["signals"][0]["count"], 2) << "2 January lies a month behind 1 January";
+    EXPECT_FALSE(Json::parse(run({"--json", "data.csv"}).Out).contains("guess"));
+    EXPECT_EQ(run({"--save", "data.csv"}).Status, 2);
+}
+
+// With a header and without one the next run reads the same rows.
+TEST(GuessTime, SavedServesEveryLaterRun) {
+    for (const char* const header : {"t;v\n", ""}) {
+        const ProgramRun run;
+        run.Write("data.csv", std::string(header) + "2024-02-01;1,5\n2024-02-02;2\n2024-02-03;2\n");
+        const Json first = Json::parse(run({"--guess-time", "--save", "--json", "data.csv"}).Out);
+        EXPECT_EQ(std::filesystem::path(first["guess"]["saved"].get<std::string>()).filename(),
+                  "data.csv.info");
+        const Json later = Json::parse(run({"--json", "data.csv"}).Out);
+        EXPECT_EQ(later["signals"].dump(), first["signals"].dump()) << header;
+        EXPECT_EQ(later["signals"][0]["count"], 3) << header;
+        const std::string sidecar = run.Folder.Read("data.csv.info");
+        const ProgramResult again = run({"--guess-time", "--save", "--set", "AutoFormat=1", "data.csv"});
+        EXPECT_NE(again.Out.find("not saved: data.csv.info exists already"), std::string::npos) << again.Out;
+        EXPECT_EQ(run.Folder.Read("data.csv.info"), sidecar);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,84 @@
+// Folders, patterns and processes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "app/many/FileList.h"
+#include "program/ProgramRun.h"
+
+namespace {
+
+struct PatternCase {
+    const char* Name;
+    const char* Pattern;
+    bool Fits;
+};
+
+TEST(ManyFiles, PatternsKnowStarsAndQuestionMarks) {
+    const PatternCase cases[] = {
+        {"a.csv", "*.csv", true}, {"A.CSV", "*.csv", true},   {"a.csv.info", "*.csv", false},
+        {"a.csv", "?.csv", true}, {"ab.csv", "?.csv", false}, {"ä.csv", "?.csv", true},
+        {"aXbXc", "a*b*c", true}, {"abcb", "a*b", true},      {"abc", "a*b", false},
+        {"", "*", true},          {"a", "", false},           {"run-07.txt", "run-0?.*", true},
+    };
+    for (const PatternCase& c : cases) {
+        EXPECT_EQ(MatchesPattern(c.Name, c.Pattern), c.Fits) << c.Name << " by " << c.Pattern;
+    }
+}
+
+// The names that a text report begins with: its lines that are not indented.
+std::string Headings(const std::string& report) {
+    std::string names;
+    for (std::size_t begin = 0; begin < report.size();) {
+        const std::size_t end = report.find('\n', begin);
+        if (report[begin] != ' ') names += report.substr(begin, end - begin) + " ";
+        begin = end + 1;
+    }
+    std::replace(names.begin(), names.end(), '\\', '/');
+    return names;
+}
+
+class Folders : public testing::Test {
+  protected:
+    Folders() {
+        std::filesystem::create_directories(Run.Folder.NativePath("d/deep"));
+        Run.Write("d/b.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
+        Run.Write("d/a.TXT", "t;v\n2024-02-01;1\n");
+        Run.Write("d/c.dat", "no table of this program");
+        Run.Write("d/deep/e.csv", "t;v\n2024-02-01;1\n");
+        Run.Write("d/empty.csv", "");
+    }
+    const ProgramRun Run;
+};
+
+TEST_F(Folders, StandForTheirTablesWithOneSummary) {
+    const ProgramResult flat = Run({"import", "--guess-time", "d"});
+    EXPECT_EQ(Headings(flat.Out), "d/a.TXT d/b.csv ");
+    EXPECT_EQ(flat.Status, 1);
+    std::string errors = flat.Err;
+    std::replace(errors.begin(), errors.end(), '\\', '/');
+    EXPECT_EQ(errors,
+              "kelvarin-import: d/empty.csv: the file is empty\n"
+              "kelvarin-import: 3 files: 2 imported, 1 failed: d/empty.csv; 3 samples\n");
+    EXPECT_EQ(Headings(Run({"analyze", "--recursive", "d"}).Out), "d/a.TXT d/b.csv d/deep/e.csv ");
+    EXPECT_EQ(Headings(Run({"analyze", "d*/*/?.csv", "d/[b].csv"}).Out), "d/deep/e.csv ");
+    EXPECT_EQ(Run({"analyze", "none*.csv"}).Status, 1);
+}
+
+TEST_F(Folders, InSeveralProcessesSayTheSameInTheSameOrder) {
+    for (int i = 100; i < 130; ++i) {
+        Run.Write("d/n" + std::to_string(i) + ".csv", "t;v\n2024-02-01;" + std::to_string(i) + "\n");
+    }
+    for (const char* const json : {"--json", "--guess-time"}) {
+        const ProgramResult alone =
+            Run({"import", json, "--samples=1", "--set", "TimestampFormat=JJJJ-MM-TT", "d"});
+        const ProgramResult spread =
+            Run({"import", json, "--samples=1", "--set", "TimestampFormat=JJJJ-MM-TT", "--jobs", "3", "d"});
+        EXPECT_EQ(spread.Out, alone.Out);
+        EXPECT_EQ(spread.Err, alone.Err);
+        EXPECT_EQ(spread.Status, alone.Status);
+        EXPECT_NE(alone.Err.find("33 files: 32 imported, 1 failed: "), std::string::npos) << alone.Err;
+    }
+}
+
+}  // namespace
