@@ -10,7 +10,7 @@ using Dictionary = std::unordered_map<std::string_view, std::string_view>;
 
 Dictionary LoadGerman() {
     Dictionary words;
-    for (const auto texts : {GermanImportTexts, GermanShellTexts, GermanExplainTexts}) {
+    for (const auto texts : {GermanCheckTexts, GermanExplainTexts, GermanImportTexts, GermanShellTexts}) {
         for (const Translation& text : texts()) words.emplace(text.English, text.German);
     }
     return words;
