@@ -44,8 +44,10 @@ std::string WhyFailed(const std::u16string& path, const CheckResult& result) {
                       result.Above.Last, TableOptions(result));
     }
     return failure + " " +
-           Phrase("No table was found at line {}; name its line: {}", result.Reading.FirstDataLine,
-                  "--set AutoFormat=0 --set FirstLine=<line> --set ImportHeader=<0 or 1>");
+           Phrase(
+               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
+               "--set ImportHeader=<0 or 1>",
+               result.Reading.HeaderLine != 0 ? result.Reading.HeaderLine : result.Reading.FirstDataLine);
 }
 
 RejectsNote SaveRejects(const CheckOptions& options, const std::u16string& path, const CheckResult& result,
@@ -132,4 +134,8 @@ void AddCheckCommand(CommandLine& line) {
         .add_flag("--reject-cells", options->RejectCells,
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
+    command.footer(
+        Phrase("Examples:\n"
+               "  kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
+               "  kelvarin-import check --rejects rejected.csv data.csv"));
 }

@@ -36,9 +36,9 @@ Json ColumnsToJson(const CheckResult& result) {
 }
 
 Json DroppedToJson(const DroppedRows& dropped) {
-    constexpr const char* Names[DropReasonCount] = {"unreadableAtStart", "unreadable", "unreadableAtEnd",
-                                                    "repeats",           "falls",      "notLater",
-                                                    "outOfRange",        "noStep",     "unknown"};
+    constexpr const char* Names[DropReasonCount] = {
+        "empty", "unreadableAtStart", "unreadable", "unreadableAtEnd", "repeats",
+        "falls", "notLater",          "outOfRange", "noStep",          "unknown"};
     Json reasons = Json::object();
     for (std::size_t i = 0; i < DropReasonCount; ++i) {
         const FilePlaces& places = dropped.Of(static_cast<DropReason>(i));

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "app/Style.h"
 #include "app/TextTable.h"
 #include "app/check/CheckReport.h"
 #include "app/check/CheckWords.h"
@@ -18,15 +19,14 @@ std::string FaultsInWords(const CheckResult& result) {
     std::string words;
     const auto add = [&](const std::string& more) { words += (words.empty() ? "" : ", ") + more; };
     if (result.Dropped.Count() != 0)
-        add(Phrase("{} of {} dropped", result.Dropped.Count(),
-                   RowsInWords(result.Lines - result.BlankLines)));
+        add(Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines));
     const std::uint64_t cells = result.RefusedCells();
-    if (cells != 0) add(Phrase("{} refused", cells == 1 ? Phrase("1 cell") : Phrase("{} cells", cells)));
+    if (cells != 0) add(Phrase("{} refused", CellsInWords(cells)));
     return words;
 }
 
 void WriteVerdict(std::ostream& out, const CheckResult& result, const std::vector<Finding>& findings) {
-    out << "  " << Phrase("verdict") << "   ";
+    out << ReportLabel(Phrase("verdict"));
     const auto faults =
         std::count_if(findings.begin(), findings.end(), [](const Finding& f) { return f.IsFault; });
     const std::string words = FaultsInWords(result);
@@ -43,8 +43,12 @@ void WriteVerdict(std::ostream& out, const CheckResult& result, const std::vecto
 
 void WriteFindings(std::ostream& out, const std::vector<Finding>& findings) {
     for (const Finding& finding : findings) {
-        out << "  " << (finding.IsFault ? Phrase("fault") : Phrase("note")) << "  " << finding.Text << "\n";
-        if (!finding.Remedy.empty()) out << "         -> " << finding.Remedy << "\n";
+        if (finding.IsFault) {
+            out << ReportLabel(Phrase("fault")) << Styled(Style::Warning, finding.Text) << "\n";
+        } else {
+            out << ReportLabel(Phrase("note")) << finding.Text << "\n";
+        }
+        if (!finding.Remedy.empty()) out << ReportLabel("") << "-> " << finding.Remedy << "\n";
     }
 }
 
@@ -75,9 +79,9 @@ void WriteColumns(std::ostream& out, const CheckResult& result) {
                       column.Empty != 0 ? Phrase("{} empty", column.Empty) : std::string()});
     }
     if (shown == 0) return;
-    out << "  " << Phrase("columns") << "\n";
+    out << ReportHeading(Phrase("columns")) << "\n";
     table.Write(out, "    ");
-    if (others != 0) out << "    ... " << Phrase("{} more columns", others) << "\n";
+    if (others != 0) out << "    " << Phrase("... and {} more columns", others) << "\n";
 }
 
 void WriteIntervals(TextTable& table, const TimeSeries& series) {
@@ -107,14 +111,14 @@ void WriteTime(std::ostream& out, const CheckResult& result) {
                                       Phrase("line {}", series.LastLine())});
     table.AddRow({Phrase("span"), SpanInWords(series.Last() - series.First())});
     WriteIntervals(table, series);
-    out << "  " << Phrase("time axis") << "\n";
+    out << ReportHeading(Phrase("time axis")) << "\n";
     table.Write(out, "    ");
 }
 
 void WriteGaps(std::ostream& out, const CheckResult& result) {
     const Rhythm rhythm = result.Series->GetRhythm();
     if (rhythm.Gaps == 0 || result.Reading.IsInterval) return;
-    out << "  " << Phrase("longest gaps") << "\n";
+    out << ReportHeading(Phrase("longest gaps")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left});
     for (const TimeStep& step : result.Series->LongestSteps()) {
@@ -129,9 +133,9 @@ void WriteGaps(std::ostream& out, const CheckResult& result) {
 void WriteRejectsNote(std::ostream& out, const CheckResult& result, const RejectsNote& rejects) {
     if (rejects.File.empty() || !rejects.Failure.empty()) return;
     const std::string name = Utf16ToUtf8(PathFromNative(rejects.File));
-    out << "  " << Phrase("rejects") << "   " << Phrase("{} in {}", RowsInWords(rejects.Rows), name) << "\n";
+    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", RowsInWords(rejects.Rows), name) << "\n";
     if (rejects.Rows == 0) return;
-    out << "         -> "
+    out << ReportLabel("") << "-> "
         << Phrase("once mended, import it with the same settings and these: {}",
                   FormatOptions(result.Reading))
         << "\n";
@@ -147,7 +151,7 @@ bool IsClean(const CheckResult& result, const std::vector<Finding>& findings) {
 void WriteCheckText(std::ostream& out, const std::string& file, const CheckResult& result,
                     const std::vector<Finding>& findings, const RejectsNote& rejects) {
     if (!result.Begun) return;
-    out << Utf16ToUtf8(PathFromNative(file)) << "\n";
+    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
     WriteVerdict(out, result, findings);
     WriteFindings(out, findings);
     WriteColumns(out, result);

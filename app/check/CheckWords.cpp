@@ -62,6 +62,10 @@ std::string RowsInWords(std::uint64_t count, bool isEstimate) {
     return count == 1 ? Phrase("1 row") : Phrase("{} rows", count);
 }
 
+std::string CellsInWords(std::uint64_t count) {
+    return count == 1 ? Phrase("1 cell") : Phrase("{} cells", count);
+}
+
 std::string Quoted(const std::u16string& text, std::size_t width) {
     std::u16string shown(TrimWhiteSpace(text));
     std::replace(shown.begin(), shown.end(), u'\t', u' ');

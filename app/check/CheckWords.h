@@ -21,5 +21,8 @@ std::string LinesInWords(const FilePlaces& places, std::size_t most = 5);
 // "1 row", "3 rows"; of about so many if it is an estimate.
 std::string RowsInWords(std::uint64_t count, bool isEstimate = false);
 
+// "1 cell", "3 cells".
+std::string CellsInWords(std::uint64_t count);
+
 // A cell or a line in quotes, cut where it is long.
 std::string Quoted(const std::u16string& text, std::size_t width = 60);

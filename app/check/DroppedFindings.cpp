@@ -33,7 +33,8 @@ std::string IntervalOptions(const CheckResult& result, double step) {
 
 std::string RepeatRemedy(const CheckResult& result) {
     const SharedTimes shared = result.Series->GetSharedTimes();
-    if (shared.RowsEach == 0) return {};
+    const bool isRule = result.Dropped.Of(DropReason::Repeats).Count() * 2 >= result.Dropped.Count();
+    if (shared.RowsEach == 0 || !isRule) return {};
     const Rhythm rhythm = result.Series->GetRhythm();
     const std::string median = SpanInWords(rhythm.Median);
     const double step = static_cast<double>(rhythm.Median) / static_cast<double>(shared.RowsEach);
@@ -204,7 +205,8 @@ void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std:
         if (places.Count() == 0) continue;
         const std::string count =
             RowsInWords(places.Count(), isEstimate && places.Count() != dropped.Count());
-        Finding finding{words.Kind, true, TextOf(result, words.Reason, count),
+        const bool isFault = words.Reason != DropReason::Empty;
+        Finding finding{words.Kind, isFault, TextOf(result, words.Reason, count),
                         RemedyOf(result, words.Reason)};
         if (words.Reason <= DropReason::UnreadableAtEnd && !dropped.BetterFormat().empty()) {
             const std::string format = Utf16ToUtf8(dropped.BetterFormat());

@@ -40,8 +40,8 @@ void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
     if (cells == 0) return;
     findings.push_back(
         {"refusedCells", true,
-         Phrase("{} cells in {} columns are not of their column's type; their samples have no value", cells,
-                columns),
+         Phrase("{} refused for not being of their column's type, in {}; their samples have no value",
+                CellsInWords(cells), columns == 1 ? Phrase("1 column") : Phrase("{} columns", columns)),
          onlyWords ? Phrase("those seen are the file's word for no value, such as {}: "
                             "nothing is lost",
                             words)

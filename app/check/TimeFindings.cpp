@@ -65,13 +65,14 @@ void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
     if (doubtful.Count() != 0) {
         findings.push_back(
             {"doubtfulRollOvers", true,
-             Phrase("{} of {} times a day was added since the time of day fell, far from midnight: "
-                    "{}",
-                    doubtful.Count(), all, LinesInWords(doubtful)),
-             Phrase("the clock was set back, or rows are in disorder: everything behind lies a "
-                    "day late")});
-    } else if (all != 0) {
-        findings.push_back({"rollOvers", false, Phrase("midnights that the times run over: {}", all), {}});
+             Phrase("a day was added where the time of day fell far from midnight: {}",
+                    LinesInWords(doubtful)),
+             Phrase("was the clock set back, or are rows in disorder? All rows from there on lie a "
+                    "day later")});
+    }
+    if (all > doubtful.Count()) {
+        const std::uint64_t plain = all - doubtful.Count();
+        findings.push_back({"rollOvers", false, Phrase("midnights that the times run over: {}", plain), {}});
     }
 }
 

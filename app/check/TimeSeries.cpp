@@ -9,6 +9,7 @@ namespace {
 constexpr std::int64_t Hour = 3'600'000'000'000;
 constexpr std::int64_t Day = 24 * Hour;
 constexpr std::size_t MostSteps = 8;
+constexpr std::uint64_t FewestGroups = 3;  // that show a rule
 
 bool IsLonger(const TimeStep& a, const TimeStep& b) {
     return a.Length() != b.Length() ? a.Length() > b.Length() : a.Line < b.Line;
@@ -87,7 +88,7 @@ SharedTimes TimeSeries::GetSharedTimes() const {
     shared.Finest = Finest < 1'000'000'000 ? Finest : std::max(Resolution, Finest);
     std::uint64_t groups = 0;
     for (const std::uint64_t count : SizesOfGroups) groups += count;
-    if (groups == 0) return shared;
+    if (groups < FewestGroups) return shared;
     std::uint64_t below = 0;
     std::size_t middle = 0;
     while ((below += SizesOfGroups[middle]) * 2 <= groups) ++middle;

@@ -28,7 +28,7 @@ struct Rhythm {
 
 // Rows that share a time, of which the module stores the first.
 struct SharedTimes {
-    std::uint64_t RowsEach = 0;  // in the middle; 0 if there are no such rows
+    std::uint64_t RowsEach = 0;  // in the middle; 0 if there are too few such rows to tell
     bool IsEven = false;         // nine of ten times have about so many
     std::int64_t Finest = 0;     // the shortest difference that the times can tell, in nanoseconds
 };

@@ -9,6 +9,7 @@ struct Translation {
     std::string_view German;
 };
 
+std::span<const Translation> GermanCheckTexts();
 std::span<const Translation> GermanImportTexts();
 std::span<const Translation> GermanShellTexts();
 std::span<const Translation> GermanExplainTexts();

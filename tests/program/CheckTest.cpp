@@ -1,0 +1,226 @@
+// The check as scripts and people see it: its findings, its exit status, the file of rejected rows.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "program/ProgramRun.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* Dated = "TimestampFormat=TT.MM.JJJJ hh:mm:ss";
+
+ProgramResult Check(const ProgramRun& run, const std::vector<std::string>& settings,
+                    std::vector<std::string> more) {
+    std::vector<std::string> arguments = {"check"};
+    for (const std::string& setting : settings) arguments.insert(arguments.end(), {"--set", setting});
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return run(arguments);
+}
+
+std::string Rows(int count, int step, int perTime = 1) {
+    std::string rows;
+    for (int i = 0; i < count; ++i) {
+        const int second = i / perTime * step;
+        const std::string clock = std::to_string(second / 60 % 60) + ":" + std::to_string(second % 60);
+        rows +=
+            "13.02.2024 " + std::to_string(8 + second / 3600) + ":" + clock + ";" + std::to_string(i) + "\n";
+    }
+    return rows;
+}
+
+struct FindingCase {
+    const char* Name;
+    std::string File;
+    std::vector<std::string> Settings;
+    int Status;
+    std::string Findings;  // kinds and, behind a colon, their lines; faults first, notes in brackets
+    const char* Remedy;    // a part of one; empty: none is asked for
+};
+
+// "repeatedTime:4,5 (dateOrder)" for a document of the check.
+std::string Kinds(const Json& document) {
+    std::string kinds;
+    for (const Json& finding : document["findings"]) {
+        const std::string kind = finding["kind"];
+        kinds += (kinds.empty() ? "" : " ") + (finding["fault"] ? kind : "(" + kind + ")");
+    }
+    return kinds;
+}
+
+TEST(Check, FindsWhatAnImportLoses) {
+    const std::string head = "Zeit;n\n";
+    const FindingCase cases[] = {
+        {"clean", head + Rows(20, 1), {Dated}, 0, "(dateOrder)", ""},
+        {"no format", head + Rows(3, 1), {}, 3, "unreadableTime", "TimestampFormat=TT.MM.JJJJ hh:mm:ss"},
+        {"day and month exchanged",
+         head + Rows(3, 1),
+         {"TimestampFormat=MM.TT.JJJJ hh:mm:ss"},
+         3,
+         "unreadableTime",
+         "'TimestampFormat=TT.MM.JJJJ hh:mm:ss'"},
+        {"other mark",
+         head + "13.02.2024 8:00:00.5;1\n13.02.2024 8:00:01.5;2\n",
+         {"TimestampFormat=TT.MM.JJJJ hh:mm:ss,0"},
+         3,
+         "unreadableTime",
+         "hh:mm:ss.0"},
+        {"ten rows a second",
+         head + Rows(100, 1, 10),
+         {Dated},
+         3,
+         "repeatedTime (dateOrder)",
+         "IntervalValue=100 --set IntervalUnit=3"},
+        {"two sources", head + Rows(40, 600, 2), {Dated}, 3, "repeatedTime (dateOrder)", "split the file"},
+        {"backwards",
+         head + "15.02.2024 8:00:00;1\n14.02.2024 8:00:00;2\n13.02.2024 8:00:00;3\n",
+         {Dated},
+         3,
+         "fallingTime (dateOrder)",
+         "tail -n +2 FILE | tac"},
+        {"summer time ends",
+         head + "27.10.2024 2:59:00;1\n27.10.2024 2:00:00;2\n27.10.2024 3:00:00;3\n",
+         {Dated},
+         3,
+         "fallingTime (dateOrder)",
+         "summer time"},
+        {"gap",
+         head + Rows(20, 1) + "13.02.2024 8:01:00;1\n13.02.2024 8:01:01;1\n",
+         {Dated},
+         3,
+         "gaps (dateOrder)",
+         ""},
+        {"footer",
+         head + Rows(5, 1) + "\nEnd;of data\n",
+         {Dated},
+         3,
+         "unreadableAtEnd (dateOrder) (blankLines)",
+         "no loss"},
+        {"empty rows", head + Rows(5, 1) + ";\n", {Dated}, 0, "(emptyRow) (dateOrder)", ""},
+        {"refused cells",
+         head + Rows(600, 1) + "13.02.2024 9:00:00;x\n",
+         {Dated},
+         3,
+         "refusedCells gaps (dateOrder)",
+         "--reject-cells"},
+        {"words for nothing",
+         head + Rows(600, 1) + "13.02.2024 8:10:00;NaN\n",
+         {Dated},
+         3,
+         "refusedCells (dateOrder)",
+         "\"NaN\""},
+        {"interval of nothing",
+         head + Rows(3, 1),
+         {"DateSetting=2", "TimeSetting=1", "IntervalValue=0"},
+         3,
+         "noStep (interval)",
+         "IntervalValue=1"},
+        {"before 1990",
+         "Zeit;n\n13.02.1985 8:00:00;1\n14.02.1985 8:00:00;1\n",
+         {Dated},
+         3,
+         "before1990 (dateOrder)",
+         ""},
+        {"clock set back",
+         "Zeit;n\n12:00:00;1\n12:00:01;1\n11:00:00;1\n",
+         {"TimestampFormat=hh:mm:ss", "DateSetting=1", "StartDate=1700000000"},
+         3,
+         "doubtfulRollOvers",
+         ""},
+    };
+    for (const FindingCase& c : cases) {
+        SCOPED_TRACE(c.Name);
+        const ProgramRun run;
+        run.Write("data.csv", c.File);
+        const ProgramResult result = Check(run, c.Settings, {"--json", "data.csv"});
+        EXPECT_EQ(result.Status, c.Status) << result.Out << result.Err;
+        const Json document = Json::parse(result.Out);
+        EXPECT_EQ(Kinds(document), c.Findings) << result.Out;
+        std::string remedies;
+        for (const Json& finding : document["findings"]) remedies += std::string(finding["remedy"]) + "\n";
+        EXPECT_NE(remedies.find(c.Remedy), std::string::npos) << remedies;
+    }
+}
+
+TEST(Check, NamesTheLinesOfTheFileAndThoseOfTheModule) {
+    const ProgramRun run;
+    run.Write("data.csv", "Zeit;n\n" + Rows(600, 1) + "\n\n13.02.2024 8:09:59;5\n13.02.2024 8:10:00;x\n");
+    const Json document = Json::parse(Check(run, {Dated}, {"--json", "data.csv"}).Out);
+    EXPECT_EQ(document["blank"], 2);
+    const Json& repeated = document["dropped"]["reasons"]["repeats"]["first"][0];
+    EXPECT_EQ(repeated.dump(), R"({"line":604,"moduleLine":602,"text":"13.02.2024 8:09:59;5"})");
+    const Json& refused = document["columns"][0]["refused"]["last"];
+    EXPECT_EQ(refused.dump(), R"({"line":605,"moduleLine":603,"text":"x"})");
+}
+
+TEST(Check, FindsRowsAboveTheTable) {
+    const ProgramRun run;
+    run.Write("data.csv",
+              "Head\nZeit,n\n13.02.2024 8:00:00,1\n13.02.2024 8:00:01,2\n13.02.2024 8:00:02,3\nEnd\n");
+    const ProgramResult lost =
+        Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=5"}, {"data.csv"});
+    EXPECT_EQ(lost.Status, 3);
+    const std::string options =
+        "--set AutoFormat=0 --set Separator=1 --set MergeSeparators=0 --set FirstLine=2 --set ImportHeader=1";
+    EXPECT_NE(lost.Out.find("lines 3 to 5"), std::string::npos) << lost.Out;
+    EXPECT_NE(lost.Out.find(options), std::string::npos) << lost.Out;
+}
+
+std::string Utf16(const std::string& ascii) {
+    std::string bytes = "\xFE\xFF";
+    for (const char c : ascii) bytes += {'\0', c};
+    return bytes;
+}
+
+std::string Same(const std::string& text) {
+    return text;
+}
+
+// The samples that an import stores.
+Json ImportedSamples(const ProgramRun& run, const std::string& file) {
+    const ProgramResult result = run({"import", "--json", "--samples", "all", "--set", Dated, "--set",
+                                      "AutoFormat=0", "--set", "Separator=0", "--set", "FirstLine=2", file});
+    return Json::parse(result.Out)["signals"][0]["samples"];
+}
+
+TEST(Rejects, AreMendedAndImportedAlone) {
+    for (const auto encode : {Same, Utf16}) {
+        const ProgramRun run;
+        const std::string bad = "13.Q2.2024 9:00:01;2\r\n";
+        const std::string refused = "13.02.2024 9:00:02;x\r\n";
+        run.Write("data.csv",
+                  encode("note\r\nZeit;n\r\n" + Rows(500, 1) + bad + refused + "13.02.2024 9:00:02;4"));
+        const ProgramResult some = Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=2"},
+                                         {"--rejects", "rejects.csv", "data.csv"});
+        EXPECT_EQ(some.Status, 3) << some.Err;
+        EXPECT_EQ(run.Folder.Read("rejects.csv"),
+                  encode("note\r\nZeit;n\r\n" + bad + "13.02.2024 9:00:02;4"));
+        Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=2"},
+              {"--rejects", "rejects.csv", "--reject-cells", "data.csv"});
+        const std::string rejects = run.Folder.Read("rejects.csv");
+        EXPECT_EQ(rejects, encode("note\r\nZeit;n\r\n" + bad + refused + "13.02.2024 9:00:02;4"));
+
+        std::string mended = rejects;
+        mended[mended.find('Q')] = '0';
+        mended[mended.find('x')] = '3';
+        mended[mended.rfind('2')] = '3';
+        run.Write("mended.csv", mended);
+        EXPECT_EQ(ImportedSamples(run, "mended.csv").dump(),
+                  "[[1707811201000000000,2],[1707811202000000000,3],[1707811203000000000,4]]");
+    }
+}
+
+TEST(Rejects, AreRefusedWhereTheyWouldDoHarm) {
+    const ProgramRun run;
+    const std::string file = "Zeit;n\n" + Rows(2, 1);
+    run.Write("a.csv", file);
+    run.Write("b.csv", file);
+    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "r.csv", "a.csv", "b.csv"}).Status, 2);
+    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "a.csv", "a.csv"}).Status, 2);
+    EXPECT_EQ(run.Folder.Read("a.csv"), file);
+    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "no/r.csv", "a.csv"}).Status, 1);
+    EXPECT_EQ(Check(run, {Dated}, {"a.csv", "missing.csv"}).Status, 1);
+}
+
+}  // namespace
