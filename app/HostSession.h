@@ -23,6 +23,7 @@ struct RunOptions {
     bool KeepAllMessages = false;
     std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
     std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
+    DeviceSink* Sink = nullptr;                     // gets every sample; the run ends when it has failed
 };
 
 // What became of a run.

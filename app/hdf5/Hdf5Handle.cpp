@@ -1,0 +1,34 @@
+#include "app/hdf5/Hdf5Handle.h"
+
+namespace {
+
+// Reads the entries of the library's error stack from the outermost call inwards.
+herr_t ReadEntry(unsigned, const H5E_error2_t* entry, void* data) {
+    auto& reason = *static_cast<std::string*>(data);
+    const std::string text = entry->desc == nullptr ? "" : entry->desc;
+    // What the operating system said stands among other things in the innermost entry.
+    constexpr std::string_view Mark = "error message = '";
+    const std::size_t mark = text.find(Mark);
+    if (mark == std::string::npos) {
+        reason = text;
+    } else {
+        const std::size_t begin = mark + Mark.size();
+        reason = text.substr(begin, text.find('\'', begin) - begin);
+    }
+    return 0;
+}
+
+}  // namespace
+
+void RaiseHdf5Error() {
+    std::string reason;
+    H5Ewalk2(H5E_DEFAULT, H5E_WALK_DOWNWARD, ReadEntry, &reason);
+    H5Eclear2(H5E_DEFAULT);
+    throw Hdf5Error(reason.empty() ? "unknown error" : reason);
+}
+
+void BeginHdf5() {
+    H5dont_atexit();
+    Hdf5Checked(H5open());
+    Hdf5Checked(H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr));
+}
