@@ -41,6 +41,7 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     HostSession(ImportFilterFactory factory, const std::u16string& path, RunOptions options);
 
     CImportFilter& Filter() { return *ImportFilter; }
+    const CImportFilter& Filter() const { return *ImportFilter; }
 
     // BeginImport, ImportNextLine until it ends, EndImport. `firstDataLine` is asked once the run has begun.
     RunResult Run(const std::function<std::uint64_t()>& firstDataLine);

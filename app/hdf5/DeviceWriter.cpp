@@ -52,7 +52,7 @@ void WriteSignalAttributes(hid_t group, const SignalDescription& about) {
 }  // namespace
 
 DeviceWriter::DeviceWriter(const DatasetPlace& place)
-    : State{place}, Times(place, ElementOf<std::int64_t>()) {}
+    : State{place, 0, {}}, Times(place, ElementOf<std::int64_t>()) {}
 
 SignalSink* DeviceWriter::AddSignal(const SignalDescription& about) {
     Signals.push_back(MakeSignalWriter(about.Type, State));

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 #include "app/hdf5/SignalWriter.h"
 
 // Gathers the samples of all signals and the times that they share; becomes a group of the file at the end.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/hdf5/Hdf5Handle.h"
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 
 class Hdf5Archive final : public SampleArchive {
   public:

@@ -8,7 +8,7 @@
 #include "app/hdf5/ChunkPacker.h"
 #include "app/hdf5/DeviceWriter.h"
 #include "app/hdf5/PartFile.h"
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 
 class Hdf5File final : public SampleFile {
   public:

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "app/hdf5/ColumnReader.h"
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 #include "app/store/StoredSignal.h"
 
 // What the signals of a device share while they are compared.

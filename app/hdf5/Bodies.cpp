@@ -1,4 +1,4 @@
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 
 #include "app/hdf5/Hdf5Archive.h"
 #include "app/hdf5/Hdf5File.h"
