@@ -18,8 +18,17 @@ class ChunkPacker {
     std::span<const std::uint8_t> Pack(std::span<const std::uint8_t> chunk, std::size_t width);
 
   private:
-    // Appends a part of the chunk; false if there is no room.
+    // Fills Packed; false if that isn't worth it.
+    bool PackParts(std::span<const std::uint8_t> chunk, std::size_t width);
+
+    // Each appends a part of the chunk; false if there is no room.
+    bool Append(std::span<const std::uint8_t> part, bool isLast);
+    bool Repeat(std::size_t size, bool isLast);
+    bool Store(std::span<const std::uint8_t> part, bool isLast);
     bool Deflate(std::span<const std::uint8_t> part, bool isLast);
+
+    // True if trying to shrink a part is a waste of time.
+    bool IsNoise(std::span<const std::uint8_t> part);
 
     std::vector<std::uint8_t> Planes;  // of the chunk: the first byte of every value, then the second
     std::vector<std::uint8_t> Packed;
