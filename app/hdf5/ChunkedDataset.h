@@ -4,14 +4,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 #include "app/hdf5/ChunkPacker.h"
 #include "app/hdf5/Hdf5Handle.h"
 
-// What a file's data sets share.
+// Where the data sets of a device are made.
 struct DatasetPlace {
-    hid_t File;
+    hid_t Group;  // holds them until they get their place
     ChunkPacker& Packer;
+    std::uint64_t Made = 0;
 };
 
 // The element type of a data set.
@@ -20,15 +22,18 @@ struct ElementType {
     std::size_t Width;  // in bytes
 };
 
-// Writes whole chunks past the library's own filters. It belongs to no group until it is linked.
+// Writes whole chunks past the library's own filters. Between two writes it is closed: an open one takes
+// twenty kilobytes, and there may be ten thousand.
 class ChunkedDataset {
   public:
+    // The place must outlive it.
+    ChunkedDataset(DatasetPlace& place, const ElementType& type) : Place(place), Type(type) {}
+
     // Makes the data set with chunks of `chunkValues` elements. Elements never written read as `fill` if that
     // isn't null.
-    void Create(const DatasetPlace& place, const ElementType& type, std::size_t chunkValues,
-                const void* fill);
+    void Create(std::size_t chunkValues, const void* fill);
 
-    bool IsOpen() const { return Set.IsOpen(); }
+    bool IsMade() const { return !Name.empty(); }
 
     // Writes a whole chunk of which the first elements count, so that there are now `count` of them. Chunks
     // may be left out but come in order.
@@ -37,11 +42,14 @@ class ChunkedDataset {
     // Sets the number of elements, which is not below that of the last Write.
     void SetCount(std::uint64_t count);
 
-    hid_t Id() const { return Set; }
+    // Gives it its place in a group.
+    void MoveInto(hid_t group, const char* name);
 
   private:
-    Hdf5Handle Set;
-    ChunkPacker* Packer = nullptr;
+    Hdf5Handle Open() const;
+
+    DatasetPlace& Place;
+    const ElementType Type;
+    std::string Name;
     std::size_t ChunkValues = 0;
-    std::size_t Width = 0;
 };

@@ -8,39 +8,41 @@
 void ColumnWriter::Append(const void* values, std::size_t count, std::size_t chunkValues) {
     if (Chunk == nullptr) {
         ChunkValues = chunkValues;
-        Chunk = std::make_unique_for_overwrite<std::uint8_t[]>(ChunkValues * Type.Width);
+        Chunk = std::make_unique_for_overwrite<std::uint8_t[]>(ChunkValues * Width);
     }
     const auto* next = static_cast<const std::uint8_t*>(values);
     while (count != 0) {
         const std::size_t taken = std::min(count, ChunkValues - Used);
-        std::memcpy(Chunk.get() + Used * Type.Width, next, taken * Type.Width);
+        std::memcpy(Chunk.get() + Used * Width, next, taken * Width);
         Used += taken;
-        next += taken * Type.Width;
+        next += taken * Width;
         count -= taken;
         if (Used == ChunkValues) Turn();
     }
 }
 
 void ColumnWriter::Turn() {
-    if (!Set.IsOpen()) Set.Create(Place, Type, ChunkValues, nullptr);
+    if (!Set.IsMade()) Set.Create(ChunkValues, nullptr);
     const std::uint64_t count = Count();
-    const std::size_t used = Used * Type.Width;
-    const std::size_t size = ChunkValues * Type.Width;
+    const std::size_t used = Used * Width;
+    const std::size_t size = ChunkValues * Width;
     std::memset(Chunk.get() + used, 0, size - used);
     Set.Write(Full, {Chunk.get(), size}, count);
     ++Full;
     Used = 0;
 }
 
-hid_t ColumnWriter::Finish() {
+void ColumnWriter::Finish(hid_t group, const char* name) {
     if (Full == 0) ChunkValues = std::max<std::size_t>(Used, 1);
     if (Used != 0) {
         Turn();
-    } else if (!Set.IsOpen()) {
-        Set.Create(Place, Type, ChunkValues, nullptr);
+    } else if (!Set.IsMade()) {
+        Set.Create(ChunkValues, nullptr);
     }
-    return Set.Id();
+    Set.MoveInto(group, name);
 }
+
+FlagWriter::FlagWriter(DatasetPlace& place) : Set(place, ElementOf<std::uint8_t>()) {}
 
 void FlagWriter::Append(const std::uint8_t* gaps, std::size_t count, std::size_t chunkValues) {
     if (ChunkValues == 0) ChunkValues = chunkValues;
@@ -61,7 +63,7 @@ void FlagWriter::Append(const std::uint8_t* gaps, std::size_t count, std::size_t
 void FlagWriter::Turn(std::size_t chunkValues) {
     if (!Flags.empty()) {
         constexpr std::uint8_t HasValue = 1;
-        if (!Set.IsOpen()) Set.Create(Place, ElementOf<std::uint8_t>(), chunkValues, &HasValue);
+        if (!Set.IsMade()) Set.Create(chunkValues, &HasValue);
         Set.Write(Full, std::span(Flags).first(chunkValues), Full * chunkValues + Used);
         Flags.clear();
     }
@@ -69,10 +71,10 @@ void FlagWriter::Turn(std::size_t chunkValues) {
     Used = 0;
 }
 
-hid_t FlagWriter::Finish() {
+void FlagWriter::Finish(hid_t group, const char* name) {
     const std::uint64_t count = Full * ChunkValues + Used;
     if (Used != 0) Turn(Full == 0 ? Used : ChunkValues);
-    if (!Set.IsOpen()) return H5I_INVALID_HID;
+    if (!Set.IsMade()) return;
     Set.SetCount(count);
-    return Set.Id();
+    Set.MoveInto(group, name);
 }

@@ -9,22 +9,23 @@
 // Values of one type, one behind the other, on their way into a data set.
 class ColumnWriter {
   public:
-    ColumnWriter(const DatasetPlace& place, const ElementType& type) : Place(place), Type(type) {}
+    // The place must outlive it.
+    ColumnWriter(DatasetPlace& place, const ElementType& type) : Set(place, type), Width(type.Width) {}
 
     // Takes `count` values. The chunk's size, in values, is that of the first call.
     void Append(const void* values, std::size_t count, std::size_t chunkValues);
 
-    // Writes the rest; answers the data set. One that never filled a chunk gets a chunk as small as it is.
-    hid_t Finish();
+    // Writes the rest and gives the data set its place. One that never filled a chunk gets a chunk as small
+    // as it is.
+    void Finish(hid_t group, const char* name);
 
     std::uint64_t Count() const { return Full * ChunkValues + Used; }
 
   private:
     void Turn();
 
-    const DatasetPlace Place;
-    const ElementType Type;
     ChunkedDataset Set;
+    const std::size_t Width;
     std::size_t ChunkValues = 0;
     std::unique_ptr<std::uint8_t[]> Chunk;
     std::size_t Used = 0;    // values in Chunk
@@ -35,19 +36,19 @@ class ColumnWriter {
 // a zero.
 class FlagWriter {
   public:
-    explicit FlagWriter(const DatasetPlace& place) : Place(place) {}
+    // The place must outlive it.
+    explicit FlagWriter(DatasetPlace& place);
 
     // The next samples; a flag in `gaps` that isn't 0 is a sample without a value, null is none. The chunk's
     // size is that of the first call.
     void Append(const std::uint8_t* gaps, std::size_t count, std::size_t chunkValues);
 
-    // Writes the rest; answers the data set, or H5I_INVALID_HID if every sample has a value.
-    hid_t Finish();
+    // Writes the rest and gives the data set its place, if there is one.
+    void Finish(hid_t group, const char* name);
 
   private:
     void Turn(std::size_t chunkValues);
 
-    const DatasetPlace Place;
     ChunkedDataset Set;
     std::size_t ChunkValues = 0;
     std::vector<std::uint8_t> Flags;  // of the open chunk; empty if all are ones

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::size_t TimesAtOnce = 64;
+constexpr const char* UnfinishedName = ".unfinished";
 
 // Samples of a chunk: as many as the chunks of all signals have room for together, so that memory has a
 // bound, but not so many that reading a few samples means unpacking megabytes.
@@ -51,8 +52,16 @@ void WriteSignalAttributes(hid_t group, const SignalDescription& about) {
 
 }  // namespace
 
-DeviceWriter::DeviceWriter(const DatasetPlace& place)
-    : State{place, 0, {}}, Times(place, ElementOf<std::int64_t>()) {}
+DeviceWriter::DeviceWriter(hid_t file, ChunkPacker& packer)
+    : File(file),
+      Unfinished(MakeGroup(file, UnfinishedName)),
+      State{{Unfinished, packer}, 0, {}},
+      Times(State.Place, ElementOf<std::int64_t>()) {}
+
+DeviceWriter::~DeviceWriter() {
+    // With all that is still in it. If the file can't be written any more, that isn't news.
+    H5Ldelete(File, UnfinishedName, H5P_DEFAULT);
+}
 
 SignalSink* DeviceWriter::AddSignal(const SignalDescription& about) {
     Signals.push_back(MakeSignalWriter(about.Type, State));
@@ -82,8 +91,8 @@ bool DeviceWriter::Keep(const StoredDevice& device, const SampleOrigin& origin) 
 
 void DeviceWriter::WriteGroup(const StoredDevice& device, const SampleOrigin& origin) {
     const std::string name = Utf16ToUtf8(device.Name);
-    GroupNames names(State.Place.File);
-    const Hdf5Handle group = MakeGroup(State.Place.File, names.Add(name));
+    GroupNames names(File);
+    const Hdf5Handle group = MakeGroup(File, names.Add(name));
     WriteAttribute(group, Layout::Name, name);
     WriteAttribute(group, Layout::Description, Utf16ToUtf8(device.Description));
     WriteAttribute(group, Layout::SourceSize, static_cast<std::int64_t>(origin.SourceSize));
@@ -92,20 +101,20 @@ void DeviceWriter::WriteGroup(const StoredDevice& device, const SampleOrigin& or
     WriteAttribute(group, Layout::TimeKind, origin.IsRelative ? Layout::Relative : Layout::Absolute);
     if (origin.BaseTime) WriteAttribute(group, Layout::BaseTime, *origin.BaseTime);
 
-    const hid_t times = Times.Finish();
+    Times.Finish(group, Layout::Time);
+    const Hdf5Handle times(H5Dopen2(group, Layout::Time, H5P_DEFAULT));
     WriteAttribute(times, Layout::Unit, "ns");
     WriteAttribute(times, Layout::Epoch, Layout::EpochText);
-    LinkInto(group, Layout::Time, times);
-    WriteSignals(group, device, times);
+    WriteSignals(group, device);
 }
 
-void DeviceWriter::WriteSignals(hid_t group, const StoredDevice& device, hid_t times) {
+void DeviceWriter::WriteSignals(hid_t group, const StoredDevice& device) {
     GroupNames names(group);
     for (std::size_t i = 0; i < Signals.size(); ++i) {
         const SignalDescription& about = device.Signals[i]->Description();
         const Hdf5Handle signal = MakeGroup(group, names.Add(Utf16ToUtf8(about.Symbol)));
         WriteSignalAttributes(signal, about);
-        LinkInto(signal, Layout::Time, times);
+        Hdf5Checked(H5Lcreate_hard(group, Layout::Time, signal, Layout::Time, H5P_DEFAULT, H5P_DEFAULT));
         Signals[i]->Finish(signal);
     }
 }

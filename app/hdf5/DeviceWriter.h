@@ -11,7 +11,9 @@
 // Gathers the samples of all signals and the times that they share; becomes a group of the file at the end.
 class DeviceWriter final : public DeviceSink {
   public:
-    explicit DeviceWriter(const DatasetPlace& place);
+    // Raises Hdf5Error. The file and the packer must outlive it.
+    DeviceWriter(hid_t file, ChunkPacker& packer);
+    ~DeviceWriter() override;
 
     SignalSink* AddSignal(const SignalDescription& about) override;
     void TakeTime(std::int64_t time) override;
@@ -24,9 +26,11 @@ class DeviceWriter final : public DeviceSink {
 
   private:
     void WriteGroup(const StoredDevice& device, const SampleOrigin& origin);
-    void WriteSignals(hid_t group, const StoredDevice& device, hid_t times);
+    void WriteSignals(hid_t group, const StoredDevice& device);
     void FlushTimes();
 
+    const hid_t File;
+    const Hdf5Handle Unfinished;  // the group of data sets without a place
     DeviceState State;
     ColumnWriter Times;
     std::vector<std::int64_t> NewTimes;  // not in Times yet

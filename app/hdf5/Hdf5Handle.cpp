@@ -30,5 +30,9 @@ void RaiseHdf5Error() {
 void BeginHdf5() {
     H5dont_atexit();
     Hdf5Checked(H5open());
+    // What it frees it would else keep for the next data set of the kind.
+    constexpr int Most = 1 << 20;
+    constexpr int MostOfAKind = 1 << 16;
+    Hdf5Checked(H5set_free_list_limits(Most, MostOfAKind, Most, MostOfAKind, Most, MostOfAKind));
     Hdf5Checked(H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr));
 }

@@ -25,9 +25,8 @@ class ValueWriter final : public SignalWriter {
     void TakeText(const char16_t*, std::size_t) override {}
 
     void Finish(hid_t group) override {
-        LinkInto(group, Layout::Value, Values.Finish());
-        const hid_t flags = Flags.Finish();
-        if (flags != H5I_INVALID_HID) LinkInto(group, Layout::Valid, flags);
+        Values.Finish(group, Layout::Value);
+        Flags.Finish(group, Layout::Valid);
     }
     std::uint64_t Count() const override { return Values.Count(); }
 
@@ -77,10 +76,9 @@ class TextWriter final : public SignalWriter {
     }
 
     void Finish(hid_t group) override {
-        LinkInto(group, Layout::Text, Units.Finish());
-        LinkInto(group, Layout::Length, Lengths.Finish());
-        const hid_t flags = Flags.Finish();
-        if (flags != H5I_INVALID_HID) LinkInto(group, Layout::Valid, flags);
+        Units.Finish(group, Layout::Text);
+        Lengths.Finish(group, Layout::Length);
+        Flags.Finish(group, Layout::Valid);
     }
     std::uint64_t Count() const override { return Lengths.Count(); }
 
@@ -93,10 +91,6 @@ class TextWriter final : public SignalWriter {
 };
 
 }  // namespace
-
-void LinkInto(hid_t group, const char* name, hid_t object) {
-    Hdf5Checked(H5Olink(object, group, name, H5P_DEFAULT, H5P_DEFAULT));
-}
 
 std::unique_ptr<SignalWriter> MakeSignalWriter(std::uint32_t type, DeviceState& state) {
     switch (type) {

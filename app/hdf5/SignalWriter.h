@@ -9,7 +9,7 @@
 
 // What the signals of a device share while they are written.
 struct DeviceState {
-    const DatasetPlace Place;
+    DatasetPlace Place;
     std::size_t ChunkValues = 0;  // samples of a chunk, settled when the first one comes
     std::string Failure;          // empty, or why the file can't be written
 
@@ -27,7 +27,7 @@ struct DeviceState {
 
 class SignalWriter : public SignalSink {
   public:
-    // Writes the rest and links the data sets into the signal's group.
+    // Writes the rest and gives the data sets their places in the signal's group.
     virtual void Finish(hid_t group) = 0;
 
     // Samples so far.
@@ -36,6 +36,3 @@ class SignalWriter : public SignalSink {
 
 // A writer for the values of a type code. The state must outlive it.
 std::unique_ptr<SignalWriter> MakeSignalWriter(std::uint32_t type, DeviceState& state);
-
-// Gives an object that belongs to no group yet its place in one.
-void LinkInto(hid_t group, const char* name, hid_t object);
