@@ -9,25 +9,26 @@ namespace {
 // A foreign file may have chunks of any size.
 constexpr hsize_t MostBlockValues = 64 << 10;
 
-Hdf5Handle OpenDataset(hid_t group, const char* name) {
+Hdf5Handle OpenDataset(hid_t group, const std::string& path) {
     // A block is a chunk, so that none is read twice.
     const Hdf5Handle access(H5Pcreate(H5P_DATASET_ACCESS));
     Hdf5Checked(H5Pset_chunk_cache(access, 1, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
-    return Hdf5Handle(H5Dopen2(group, name, access));
+    return Hdf5Handle(H5Dopen2(group, path.c_str(), access));
 }
 
 }  // namespace
 
-ColumnReader::ColumnReader(hid_t group, const char* name, const ElementType& type)
-    : Type(type), Set(OpenDataset(group, name)) {
-    const Hdf5Handle stored(H5Dget_type(Set));
-    const Hdf5Handle space(H5Dget_space(Set));
+ColumnReader::ColumnReader(hid_t group, std::string path, const ElementType& type)
+    : Group(group), Path(std::move(path)), Type(type) {
+    const Hdf5Handle set = OpenDataset(Group, Path);
+    const Hdf5Handle stored(H5Dget_type(set));
+    const Hdf5Handle space(H5Dget_space(set));
     if (Hdf5Checked(H5Tequal(stored, Type.Id)) == 0 || H5Sget_simple_extent_ndims(space) != 1)
-        throw Hdf5Error(Phrase("data set '{}' is of another type", name));
+        throw Hdf5Error(Phrase("data set '{}' is of another type", Path));
     hsize_t count = 0;
     Hdf5Checked(H5Sget_simple_extent_dims(space, &count, nullptr));
     All = count;
-    const Hdf5Handle creation(H5Dget_create_plist(Set));
+    const Hdf5Handle creation(H5Dget_create_plist(set));
     hsize_t chunk = MostBlockValues;
     if (H5Pget_layout(creation) == H5D_CHUNKED) Hdf5Checked(H5Pget_chunk(creation, 1, &chunk));
     BlockValues = static_cast<std::size_t>(std::min(chunk, MostBlockValues));
@@ -46,9 +47,10 @@ void ColumnReader::ReadBlock() {
     Block.resize(static_cast<std::size_t>(count) * Type.Width);
     At = 0;
     if (count == 0) return;
-    const Hdf5Handle file(H5Dget_space(Set));
+    const Hdf5Handle set = OpenDataset(Group, Path);
+    const Hdf5Handle file(H5Dget_space(set));
     Hdf5Checked(H5Sselect_hyperslab(file, H5S_SELECT_SET, &begin, nullptr, &count, nullptr));
     const Hdf5Handle memory(H5Screate_simple(1, &count, nullptr));
-    Hdf5Checked(H5Dread(Set, Type.Id, memory, file, H5P_DEFAULT, Block.data()));
+    Hdf5Checked(H5Dread(set, Type.Id, memory, file, H5P_DEFAULT, Block.data()));
     Read += count;
 }

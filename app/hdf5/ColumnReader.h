@@ -3,15 +3,17 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "app/hdf5/ChunkedDataset.h"
 
-// A data set of one dimension of a group, from its first element on. Every operation raises Hdf5Error.
+// A data set of one dimension, from its first element on. It is open only while a block is read, as there may
+// be ten thousand. Every operation raises Hdf5Error.
 class ColumnReader {
   public:
-    // The data set must have elements of exactly this type.
-    ColumnReader(hid_t group, const char* name, const ElementType& type);
+    // The data set at a path below a group, which must outlive it. It must have elements of exactly this type.
+    ColumnReader(hid_t group, std::string path, const ElementType& type);
 
     // All elements.
     std::uint64_t Count() const { return All; }
@@ -25,11 +27,12 @@ class ColumnReader {
   private:
     void ReadBlock();
 
+    const hid_t Group;
+    const std::string Path;
     const ElementType Type;
-    Hdf5Handle Set;
     std::uint64_t All = 0;
     std::size_t BlockValues = 1;
     std::vector<std::uint8_t> Block;
-    std::size_t At = 0;  // bytes of Block that were given out
+    std::size_t At = 0;      // bytes of Block that were given out
     std::uint64_t Read = 0;  // elements that were in this block and those before
 };

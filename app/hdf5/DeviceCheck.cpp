@@ -58,7 +58,7 @@ SignalSink* DeviceCheck::AddSignal(const SignalDescription& about) {
         const Hdf5Handle signal = OpenGroup(Group, Names[index]);
         const std::int64_t type = ReadNumberAttribute(signal, Layout::Type);
         if (type == about.Type) {
-            Signals.back() = MakeSignalCheck(signal, about, State);
+            Signals.back() = MakeSignalCheck({Group, Names[index]}, about, State);
         } else {
             CompareField(Names[index], "type", std::to_string(type), std::to_string(about.Type));
         }

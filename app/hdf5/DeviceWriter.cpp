@@ -19,7 +19,7 @@ constexpr const char* UnfinishedName = ".unfinished";
 // Samples of a chunk: as many as the chunks of all signals have room for together, so that memory has a
 // bound, but not so many that reading a few samples means unpacking megabytes.
 std::size_t ChunkValuesFor(std::size_t signals) {
-    constexpr std::size_t MostMemory = 32 << 20;
+    constexpr std::size_t MostMemory = 64 << 20;
     constexpr std::size_t Smallest = 128;
     constexpr std::size_t Largest = 32 << 10;
     const std::size_t room = MostMemory / (sizeof(std::int64_t) * (signals + 1));
@@ -53,10 +53,10 @@ void WriteSignalAttributes(hid_t group, const SignalDescription& about) {
 }  // namespace
 
 DeviceWriter::DeviceWriter(hid_t file, ChunkPacker& packer)
-    : File(file),
-      Unfinished(MakeGroup(file, UnfinishedName)),
-      State{{Unfinished, packer}, 0, {}},
-      Times(State.Place, ElementOf<std::int64_t>()) {}
+    : File(file), State{{H5I_INVALID_HID, packer}, 0, {}}, Times(State.Place, ElementOf<std::int64_t>()) {
+    State.Try([&] { Unfinished = MakeGroup(File, UnfinishedName); });
+    State.Place.Group = Unfinished;
+}
 
 DeviceWriter::~DeviceWriter() {
     // With all that is still in it. If the file can't be written any more, that isn't news.

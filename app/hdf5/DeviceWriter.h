@@ -11,7 +11,7 @@
 // Gathers the samples of all signals and the times that they share; becomes a group of the file at the end.
 class DeviceWriter final : public DeviceSink {
   public:
-    // Raises Hdf5Error. The file and the packer must outlive it.
+    // The file and the packer must outlive it.
     DeviceWriter(hid_t file, ChunkPacker& packer);
     ~DeviceWriter() override;
 
@@ -30,7 +30,7 @@ class DeviceWriter final : public DeviceSink {
     void FlushTimes();
 
     const hid_t File;
-    const Hdf5Handle Unfinished;  // the group of data sets without a place
+    Hdf5Handle Unfinished;  // the group of data sets without a place
     DeviceState State;
     ColumnWriter Times;
     std::vector<std::int64_t> NewTimes;  // not in Times yet

@@ -6,17 +6,7 @@
 #include "app/hdf5/Layout.h"
 #include "app/language/Phrase.h"
 
-namespace {
-
-Hdf5Handle OpenFile(const std::string& path) {
-    const Hdf5Handle access(H5Pcreate(H5P_FILE_ACCESS));
-    Hdf5Checked(H5Pset_file_locking(access, false, true));  // a folder that is only for reading has no locks
-    return Hdf5Handle(H5Fopen(path.c_str(), H5F_ACC_RDONLY, access));
-}
-
-}  // namespace
-
-Hdf5Archive::Hdf5Archive(const std::string& path) : File(OpenFile(path)) {
+Hdf5Archive::Hdf5Archive(const std::string& path) : File(H5Fopen(path.c_str(), H5F_ACC_RDONLY, MakeFileAccess())) {
     if (!HasAttribute(File, Layout::Format) ||
         ReadTextAttribute(File, Layout::Format) != Layout::FormatName)
         throw Hdf5Error(Phrase("it was not written by import --store"));

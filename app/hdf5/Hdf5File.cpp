@@ -1,32 +1,19 @@
 #include "app/hdf5/Hdf5File.h"
 
-#include <algorithm>
-
 #include "app/hdf5/Attributes.h"
 #include "app/hdf5/Layout.h"
 
 namespace {
 
-constexpr std::size_t MostCached = 4 << 20;
+// Nodes of the lists of chunks take ten times their size in memory.
 constexpr unsigned ChunksPerHalfNode = 8;
 
 Hdf5Handle CreateFile(const std::string& path) {
-    const Hdf5Handle access(H5Pcreate(H5P_FILE_ACCESS));
+    const Hdf5Handle access = MakeFileAccess();
     // As old a format as knows groups in the order of their making.
     Hdf5Checked(H5Pset_libver_bounds(access, H5F_LIBVER_V18, H5F_LIBVER_LATEST));
-    // The library counts what it keeps of groups and data sets as they are in the file; in memory they take
-    // several times that.
-    H5AC_cache_config_t cache = {};
-    cache.version = H5AC__CURR_CACHE_CONFIG_VERSION;
-    Hdf5Checked(H5Pget_mdc_config(access, &cache));
-    cache.max_size = cache.initial_size = MostCached;
-    cache.min_size = std::min(cache.min_size, MostCached);
-    Hdf5Checked(H5Pset_mdc_config(access, &cache));
-    // The lock on the file is ours: the library would cut a file first and ask for its lock then.
-    Hdf5Checked(H5Pset_file_locking(access, false, true));
     const Hdf5Handle creation(H5Pcreate(H5P_FILE_CREATE));
     Hdf5Checked(H5Pset_link_creation_order(creation, H5P_CRT_ORDER_TRACKED | H5P_CRT_ORDER_INDEXED));
-    // Small nodes of the list of chunks, for the same reason.
     Hdf5Checked(H5Pset_istore_k(creation, ChunksPerHalfNode));
     Hdf5Handle file(H5Fcreate(path.c_str(), H5F_ACC_TRUNC, creation, access));
     WriteAttribute(file, Layout::Format, Layout::FormatName);

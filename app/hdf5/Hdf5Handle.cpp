@@ -1,5 +1,8 @@
 #include "app/hdf5/Hdf5Handle.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace {
 
 // Reads the entries of the library's error stack from the outermost call inwards.
@@ -25,6 +28,23 @@ void RaiseHdf5Error() {
     H5Ewalk2(H5E_DEFAULT, H5E_WALK_DOWNWARD, ReadEntry, &reason);
     H5Eclear2(H5E_DEFAULT);
     throw Hdf5Error(reason.empty() ? "unknown error" : reason);
+}
+
+Hdf5Handle MakeFileAccess() {
+    Hdf5Handle access(H5Pcreate(H5P_FILE_ACCESS));
+    // The library counts what it keeps of groups and data sets as they are in the file; in memory they take
+    // several times that.
+    constexpr std::size_t MostCached = 4 << 20;
+    H5AC_cache_config_t cache = {};
+    cache.version = H5AC__CURR_CACHE_CONFIG_VERSION;
+    Hdf5Checked(H5Pget_mdc_config(access, &cache));
+    cache.max_size = cache.initial_size = MostCached;
+    cache.min_size = std::min(cache.min_size, MostCached);
+    Hdf5Checked(H5Pset_mdc_config(access, &cache));
+    // For writing it would cut a file first and ask for its lock then; a folder that is only for reading may
+    // have no locks.
+    Hdf5Checked(H5Pset_file_locking(access, false, true));
+    return access;
 }
 
 void BeginHdf5() {

@@ -50,3 +50,6 @@ class Hdf5Handle {
   private:
     hid_t Id = H5I_INVALID_HID;
 };
+
+// How files are opened: without the library's locks, and with little memory.
+Hdf5Handle MakeFileAccess();

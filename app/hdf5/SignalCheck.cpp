@@ -16,9 +16,11 @@ namespace {
 // What both kinds of signals do.
 class CheckBase : public SignalCheck {
   public:
-    CheckBase(hid_t group, const SignalDescription& about, CheckState& state) : About(about), State(state) {
-        if (Hdf5Checked(H5Lexists(group, Layout::Valid, H5P_DEFAULT)) > 0)
-            Flags.emplace(group, Layout::Valid, ElementOf<std::uint8_t>());
+    CheckBase(const SignalPlace& place, const SignalDescription& about, CheckState& state)
+        : About(about), State(state) {
+        const std::string flags = place.PathOf(Layout::Valid);
+        if (Hdf5Checked(H5Lexists(place.Device, flags.c_str(), H5P_DEFAULT)) > 0)
+            Flags.emplace(place.Device, flags, ElementOf<std::uint8_t>());
     }
 
   protected:
@@ -52,8 +54,8 @@ constexpr const char* NoValue = "-";
 template <class Value>
 class ValueCheck final : public CheckBase {
   public:
-    ValueCheck(hid_t group, const SignalDescription& about, CheckState& state)
-        : CheckBase(group, about, state), Values(group, Layout::Value, ElementOf<Value>()) {}
+    ValueCheck(const SignalPlace& place, const SignalDescription& about, CheckState& state)
+        : CheckBase(place, about, state), Values(place.Device, place.PathOf(Layout::Value), ElementOf<Value>()) {}
 
     void TakeValues(const void* values, std::size_t count, const std::uint8_t* gaps) override {
         State.Try([&] {
@@ -115,10 +117,10 @@ class ValueCheck final : public CheckBase {
 
 class TextCheck final : public CheckBase {
   public:
-    TextCheck(hid_t group, const SignalDescription& about, CheckState& state)
-        : CheckBase(group, about, state),
-          Lengths(group, Layout::Length, ElementOf<std::uint32_t>()),
-          Units(group, Layout::Text, ElementOf<char16_t>()) {}
+    TextCheck(const SignalPlace& place, const SignalDescription& about, CheckState& state)
+        : CheckBase(place, about, state),
+          Lengths(place.Device, place.PathOf(Layout::Length), ElementOf<std::uint32_t>()),
+          Units(place.Device, place.PathOf(Layout::Text), ElementOf<char16_t>()) {}
 
     void TakeValues(const void*, std::size_t, const std::uint8_t*) override {}
 
@@ -175,17 +177,18 @@ void CheckState::Report(SampleCheck::Difference difference) {
     if (!First || rank(difference) < rank(*First)) First = std::move(difference);
 }
 
-std::unique_ptr<SignalCheck> MakeSignalCheck(hid_t group, const SignalDescription& about, CheckState& state) {
+std::unique_ptr<SignalCheck> MakeSignalCheck(const SignalPlace& place, const SignalDescription& about,
+                                             CheckState& state) {
     switch (about.Type) {
         case KelvarinBool:
-            return std::make_unique<ValueCheck<std::uint8_t>>(group, about, state);
+            return std::make_unique<ValueCheck<std::uint8_t>>(place, about, state);
         case KelvarinInt64:
-            return std::make_unique<ValueCheck<std::int64_t>>(group, about, state);
+            return std::make_unique<ValueCheck<std::int64_t>>(place, about, state);
         case KelvarinDouble:
-            return std::make_unique<ValueCheck<double>>(group, about, state);
+            return std::make_unique<ValueCheck<double>>(place, about, state);
         case KelvarinChar16:
-            return std::make_unique<ValueCheck<char16_t>>(group, about, state);
+            return std::make_unique<ValueCheck<char16_t>>(place, about, state);
         default:
-            return std::make_unique<TextCheck>(group, about, state);
+            return std::make_unique<TextCheck>(place, about, state);
     }
 }

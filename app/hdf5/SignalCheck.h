@@ -36,6 +36,15 @@ class SignalCheck : public SignalSink {
     virtual void Finish() = 0;
 };
 
-// Compares with the data sets of a signal's group, by the signal's type code. The state and the description
-// must outlive it. Raises Hdf5Error if the group isn't as it should be.
-std::unique_ptr<SignalCheck> MakeSignalCheck(hid_t group, const SignalDescription& about, CheckState& state);
+// Where the data sets of a signal stand.
+struct SignalPlace {
+    hid_t Device;
+    std::string Name;
+
+    std::string PathOf(const char* set) const { return Name + "/" + set; }
+};
+
+// Compares with the data sets of a signal, by its type code. The device's group, the state and the description
+// must outlive it. Raises Hdf5Error if they aren't as they should be.
+std::unique_ptr<SignalCheck> MakeSignalCheck(const SignalPlace& place, const SignalDescription& about,
+                                             CheckState& state);
