@@ -77,8 +77,8 @@ void StoreFile::Abandon() {
 
 bool StoreFile::Fail(const std::string& reason) {
     File.reset();
-    ComplainAbout(Path, Phrase("can't be written: {}; what was there before is unchanged. Make room or name "
-                               "another folder in --store",
+    ComplainAbout(Path, Phrase("can't be written: {}; what was there before is unchanged. Make room, or name "
+                               "another file in --store",
                                reason));
     return false;
 }

@@ -10,8 +10,8 @@ using Dictionary = std::unordered_map<std::string_view, std::string_view>;
 
 Dictionary LoadGerman() {
     Dictionary words;
-    for (const auto texts :
-         {GermanImportTexts, GermanShellTexts, GermanExplainTexts, GermanGuessTexts, GermanManyTexts}) {
+    for (const auto texts : {GermanImportTexts, GermanShellTexts, GermanExplainTexts, GermanGuessTexts,
+                             GermanManyTexts, GermanArchiveTexts}) {
         for (const Translation& text : texts()) words.emplace(text.English, text.German);
     }
     return words;
