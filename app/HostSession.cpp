@@ -12,8 +12,7 @@ HostSession::HostSession(ImportFilterFactory factory, const std::u16string& path
 }
 
 CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
-    Store = std::make_unique<StoredDevice>(std::move(name), description, Options.KeepSamples,
-                                           Options.Sink);
+    Store = std::make_unique<StoredDevice>(std::move(name), description, Options.KeepSamples, Options.Sink);
     return Store.get();
 }
 

@@ -50,8 +50,7 @@ bool StoreFile::EndRun(const HostSession& session, const std::string& source,
         return true;
     }
     ++Kept;
-    const std::string reason =
-        File->KeepDevice(*session.Device(), OriginOf(session, source, baseTime));
+    const std::string reason = File->KeepDevice(*session.Device(), OriginOf(session, source, baseTime));
     return reason.empty() || Fail(reason);
 }
 

@@ -47,7 +47,8 @@ void TransposeEight(const std::uint8_t* in, std::uint8_t* out, std::size_t strid
     const __m128i high4567 = _mm_unpackhi_epi16(bytes45, bytes67);
     const auto store = [&](std::size_t plane, __m128i two) {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(out + plane * stride), two);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + (plane + 1) * stride), _mm_unpackhi_epi64(two, two));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + (plane + 1) * stride),
+                         _mm_unpackhi_epi64(two, two));
     };
     store(0, _mm_unpacklo_epi32(low0123, low4567));
     store(2, _mm_unpackhi_epi32(low0123, low4567));

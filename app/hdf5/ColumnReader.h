@@ -12,7 +12,8 @@
 // be ten thousand. Every operation raises Hdf5Error.
 class ColumnReader {
   public:
-    // The data set at a path below a group, which must outlive it. It must have elements of exactly this type.
+    // The data set at a path below a group, which must outlive it. It must have elements of exactly this
+    // type.
     ColumnReader(hid_t group, std::string path, const ElementType& type);
 
     // All elements.

@@ -72,7 +72,8 @@ void DeviceCheck::TakeTime(std::int64_t time) {
         const std::span<const std::uint8_t> bytes = Times.Next(1);
         if (!bytes.empty()) std::memcpy(&stored, bytes.data(), sizeof stored);
         if (bytes.empty() || stored != time)
-            State.Report({"", Rows, "time", bytes.empty() ? "-" : std::to_string(stored), std::to_string(time)});
+            State.Report(
+                {"", Rows, "time", bytes.empty() ? "-" : std::to_string(stored), std::to_string(time)});
         ++Rows;
     });
 }

@@ -22,8 +22,8 @@ std::vector<std::string> MemberNames(hid_t group) {
     std::vector<std::string> names;
     for (hsize_t i = 0; i < info.nlinks; ++i) {
         const auto get = [&](char* name, std::size_t size) {
-            return static_cast<std::size_t>(Hdf5Checked(H5Lget_name_by_idx(
-                group, ".", H5_INDEX_CRT_ORDER, H5_ITER_INC, i, name, size, H5P_DEFAULT)));
+            return static_cast<std::size_t>(Hdf5Checked(
+                H5Lget_name_by_idx(group, ".", H5_INDEX_CRT_ORDER, H5_ITER_INC, i, name, size, H5P_DEFAULT)));
         };
         std::string name(get(nullptr, 0), '\0');
         get(name.data(), name.size() + 1);

@@ -6,9 +6,9 @@
 #include "app/hdf5/Layout.h"
 #include "app/language/Phrase.h"
 
-Hdf5Archive::Hdf5Archive(const std::string& path) : File(H5Fopen(path.c_str(), H5F_ACC_RDONLY, MakeFileAccess())) {
-    if (!HasAttribute(File, Layout::Format) ||
-        ReadTextAttribute(File, Layout::Format) != Layout::FormatName)
+Hdf5Archive::Hdf5Archive(const std::string& path)
+    : File(H5Fopen(path.c_str(), H5F_ACC_RDONLY, MakeFileAccess())) {
+    if (!HasAttribute(File, Layout::Format) || ReadTextAttribute(File, Layout::Format) != Layout::FormatName)
         throw Hdf5Error(Phrase("it was not written by import --store"));
     const std::int64_t version = ReadNumberAttribute(File, Layout::Version);
     if (version != Layout::KnownVersion)

@@ -1,8 +1,8 @@
 // A finished file of samples.
 #pragma once
 
-#include "app/hdf5/Hdf5Handle.h"
 #include "app/archive/SampleFile.h"
+#include "app/hdf5/Hdf5Handle.h"
 
 class Hdf5Archive final : public SampleArchive {
   public:

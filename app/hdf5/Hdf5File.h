@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
+#include "app/archive/SampleFile.h"
 #include "app/hdf5/ChunkPacker.h"
 #include "app/hdf5/DeviceWriter.h"
 #include "app/hdf5/PartFile.h"
-#include "app/archive/SampleFile.h"
 
 class Hdf5File final : public SampleFile {
   public:

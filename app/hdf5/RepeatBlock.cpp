@@ -35,8 +35,8 @@ class BitWriter {
 }  // namespace
 
 std::vector<std::uint8_t> MakeRepeatBlock(std::size_t size, bool isLast) {
-    // The format's numbers: a block of fixed codes; lengths 227 to 257 are symbol 284 and 5 bits; the distance
-    // 2^n is symbol 2n - 1 and n - 2 bits, all ones, the last of its group.
+    // The format's numbers: a block of fixed codes; lengths 227 to 257 are symbol 284 and 5 bits; the
+    // distance 2^n is symbol 2n - 1 and n - 2 bits, all ones, the last of its group.
     constexpr std::size_t Length = 256;
     constexpr unsigned LengthCode = 0b11000100;
     constexpr unsigned LengthBits = Length - 227;

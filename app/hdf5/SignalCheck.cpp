@@ -55,7 +55,8 @@ template <class Value>
 class ValueCheck final : public CheckBase {
   public:
     ValueCheck(const SignalPlace& place, const SignalDescription& about, CheckState& state)
-        : CheckBase(place, about, state), Values(place.Device, place.PathOf(Layout::Value), ElementOf<Value>()) {}
+        : CheckBase(place, about, state),
+          Values(place.Device, place.PathOf(Layout::Value), ElementOf<Value>()) {}
 
     void TakeValues(const void* values, std::size_t count, const std::uint8_t* gaps) override {
         State.Try([&] {
@@ -173,7 +174,9 @@ class TextCheck final : public CheckBase {
 }  // namespace
 
 void CheckState::Report(SampleCheck::Difference difference) {
-    const auto rank = [](const SampleCheck::Difference& one) { return one.Sample.value_or(~std::uint64_t{0}); };
+    const auto rank = [](const SampleCheck::Difference& one) {
+        return one.Sample.value_or(~std::uint64_t{0});
+    };
     if (!First || rank(difference) < rank(*First)) First = std::move(difference);
 }
 

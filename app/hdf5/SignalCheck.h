@@ -3,15 +3,15 @@
 
 #include <memory>
 
-#include "app/hdf5/ColumnReader.h"
 #include "app/archive/SampleFile.h"
+#include "app/hdf5/ColumnReader.h"
 #include "app/store/StoredSignal.h"
 
 // What the signals of a device share while they are compared.
 struct CheckState {
-    std::string Failure;                              // empty, or why the file can't be read
-    std::optional<SampleCheck::Difference> First;     // the earliest
-    std::uint64_t Compared = 0;                       // values
+    std::string Failure;                           // empty, or why the file can't be read
+    std::optional<SampleCheck::Difference> First;  // the earliest
+    std::uint64_t Compared = 0;                    // values
 
     // Keeps a difference unless an earlier one is known; one without a sample comes last.
     void Report(SampleCheck::Difference difference);
@@ -44,7 +44,7 @@ struct SignalPlace {
     std::string PathOf(const char* set) const { return Name + "/" + set; }
 };
 
-// Compares with the data sets of a signal, by its type code. The device's group, the state and the description
-// must outlive it. Raises Hdf5Error if they aren't as they should be.
+// Compares with the data sets of a signal, by its type code. The device's group, the state and the
+// description must outlive it. Raises Hdf5Error if they aren't as they should be.
 std::unique_ptr<SignalCheck> MakeSignalCheck(const SignalPlace& place, const SignalDescription& about,
                                              CheckState& state);

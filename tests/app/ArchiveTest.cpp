@@ -19,9 +19,9 @@ struct Change {
     int Rows = 70'000;  // three chunks, the last one partly filled
     int Row = -1;       // where something else comes, for one column:
     Column In = Flag;
-    bool IsGap = false;              // no value, or else another one
-    std::int64_t LaterBy = 0;        // the row's time, in nanoseconds
-    const char16_t* Unit = u"kN";    // of Force
+    bool IsGap = false;            // no value, or else another one
+    std::int64_t LaterBy = 0;      // the row's time, in nanoseconds
+    const char16_t* Unit = u"kN";  // of Force
     const char16_t* Symbol = u"F/x";
     bool HasNote = true;
 };
@@ -32,7 +32,9 @@ std::optional<std::string> ValueAt(Column column, int row, const Change& change)
     const bool isChanged = row == change.Row && column == change.In;
     const bool isGap = column != Flag && row >= 34'000 && row < 34'010 && row % 2 == 0;
     if (isGap != (isChanged && change.IsGap)) return std::nullopt;
-    const auto bytes = [](auto value) { return std::string(reinterpret_cast<const char*>(&value), sizeof value); };
+    const auto bytes = [](auto value) {
+        return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+    };
     const auto noise = static_cast<std::uint64_t>(row + 1) * 0x9E3779B97F4A7C15u;
     switch (column) {
         case Flag:
@@ -118,11 +120,15 @@ TEST(Archive, GivesBackWhatItWasGivenAndFindsEveryChange) {
         {"the same", {}, "equal"},
         {"a truth", {.Row = 69'999, .In = Flag}, "s[69999] value: false <> true"},
         {"a bit of a whole number", {.Row = 33'001, .In = Count}, "s[33001] value: 38 <> 39"},
-        {"a bit of a real number", {.Row = 1, .In = Force}, "F/x[1] value: 786.4299999999999 <> 786.4300000000002"},
+        {"a bit of a real number",
+         {.Row = 1, .In = Force},
+         "F/x[1] value: 786.4299999999999 <> 786.4300000000002"},
         {"not a number", {.Row = 10, .In = Force}, "F/x[10] value: nan <> inf"},
         {"a character", {.Row = 5, .In = Letter}, "s[5] value: € <> \xE2\x82\xAD"},
         {"a text", {.Row = 3, .In = Note}, "s[3] value: \"\" <> \"!\""},
-        {"a long text", {.Row = 50'000, .In = Note}, "s[50000] value: \"xxxxxxxxxxxxxxxxxxx <> \"xxxxxxxxxxxxxxxxxxx"},
+        {"a long text",
+         {.Row = 50'000, .In = Note},
+         "s[50000] value: \"xxxxxxxxxxxxxxxxxxx <> \"xxxxxxxxxxxxxxxxxxx"},
         {"a missing number", {.Row = 7, .In = Force, .IsGap = true}, "F/x[7] value: 42.5 <> -"},
         {"a missing text", {.Row = 6, .In = Note, .IsGap = true}, "s[6] value: \"\" <> -"},
         {"a number that was missing", {.Row = 34'002, .In = Count, .IsGap = true}, "s[34002] value: - <> 75"},

@@ -23,14 +23,18 @@ std::string Table(int rows) {
     for (int i = 0; i < rows; ++i) {
         const std::string number = std::to_string(i);
         table += number + ";" + (i == 600 ? "?" : number + ",25 bar") + ";" + number + "000;0x" + number +
-                 ";ab"[i % 2 + 1] + ";" + (i % 3 == 0 ? "Öl auf" : i % 3 == 1 ? "zu" : "") + ";" +
-                 (i % 2 == 0 ? "true" : "false") + "\n";
+                 ";ab"[i % 2 + 1] + ";" +
+                 (i % 3 == 0   ? "Öl auf"
+                  : i % 3 == 1 ? "zu"
+                               : "") +
+                 ";" + (i % 2 == 0 ? "true" : "false") + "\n";
     }
     return table;
 }
 
 // Runs a line of the shell before the program, with both outputs.
-ProgramResult RunAfter(const std::string& line, const ProgramRun& run, const std::vector<std::string>& arguments) {
+ProgramResult RunAfter(const std::string& line, const ProgramRun& run,
+                       const std::vector<std::string>& arguments) {
     FILE* const pipe = popen((line + "; (" + run.CommandLine(arguments) + ") 2>&1").c_str(), "r");
     ProgramResult result;
     char block[4096];
@@ -93,7 +97,8 @@ TEST(Hdf5, VerifyTellsWhatDiffersByStatusAndJson) {
     const ProgramResult different = run({"verify", "--json", "data.h5", "data.csv"});
     EXPECT_EQ(different.Status, 3);
     EXPECT_NE(different.Out.find(R"("equal":false)"), std::string::npos) << different.Out;
-    EXPECT_NE(different.Out.find(R"({"signal":"Druck","sample":700,"what":"value","stored":"700.25","imported":"707.25"})"),
+    EXPECT_NE(different.Out.find(
+                  R"({"signal":"Druck","sample":700,"what":"value","stored":"700.25","imported":"707.25"})"),
               std::string::npos)
         << different.Out;
     EXPECT_EQ(run({"verify", "--set", "DateSetting=1", "data.h5", "data.csv"}).Status, 3);
@@ -111,7 +116,8 @@ TEST(Hdf5, KeepsTheFilesThatCouldBeImported) {
     EXPECT_EQ(result.Status, 1);
     EXPECT_NE(result.Err.find("all.h5: holds 2 of 3 files"), std::string::npos) << result.Err;
     EXPECT_EQ(run({"verify", "all.h5", "a.csv", "a.csv"}).Status, 0);
-    EXPECT_NE(run({"verify", "all.h5", "a.csv", "a.csv", "a.csv"}).Err.find("no device 'a.csv'"), std::string::npos);
+    EXPECT_NE(run({"verify", "all.h5", "a.csv", "a.csv", "a.csv"}).Err.find("no device 'a.csv'"),
+              std::string::npos);
     EXPECT_EQ(run(Import({"--store", "none.h5", "missing.csv"})).Status, 1);
     EXPECT_EQ(run.Folder.Names(), "a.csv all.h5") << "what has no samples is not written";
 }
@@ -129,8 +135,9 @@ TEST(Hdf5, LeavesWhatWasThereUntilItIsWhole) {
 
     const ProgramResult refused = RunAfter("trap '' XFSZ; ulimit -f 500", run, arguments);
     EXPECT_EQ(refused.Status, 1);
-    EXPECT_NE(refused.Out.find("data.h5: can't be written: File too large; what was there before is unchanged."),
-              std::string::npos)
+    EXPECT_NE(
+        refused.Out.find("data.h5: can't be written: File too large; what was there before is unchanged."),
+        std::string::npos)
         << refused.Out;
     EXPECT_EQ(run.Folder.Names(), "data.csv data.h5") << "no rest is left";
     EXPECT_EQ(run.Folder.Read("data.h5"), "before");
