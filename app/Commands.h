@@ -8,6 +8,7 @@ void AddAnalyzeCommand(CommandLine& line);
 void AddExplainCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
 void AddSidecarCommand(CommandLine& line);
+void AddVerifyCommand(CommandLine& line);
 void AddDialogCommand(CommandLine& line);
 
 // The tools around the program: completion and manual.

@@ -12,7 +12,7 @@ HostSession::HostSession(ImportFilterFactory factory, const std::u16string& path
 }
 
 CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
-    Store = std::make_unique<StoredDevice>(std::move(name), description, Options.KeepSamples);
+    Store = std::make_unique<StoredDevice>(std::move(name), description, Options.KeepSamples, Options.Sink);
     return Store.get();
 }
 
@@ -46,6 +46,7 @@ void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
     std::uint32_t progress = Unset;
     std::uint32_t shown = Unset;
     while (result.Lines < Options.MostLines) {
+        if (Options.Sink != nullptr && Options.Sink->HasFailed()) return;
         if (WasInterrupted()) {
             result.Interrupted = true;
             return;

@@ -23,6 +23,7 @@ struct RunOptions {
     bool KeepAllMessages = false;
     std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
     std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
+    DeviceSink* Sink = nullptr;                     // gets every sample; the run ends when it has failed
 };
 
 // What became of a run.
@@ -40,6 +41,7 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     HostSession(ImportFilterFactory factory, const std::u16string& path, RunOptions options);
 
     CImportFilter& Filter() { return *ImportFilter; }
+    const CImportFilter& Filter() const { return *ImportFilter; }
 
     // BeginImport, ImportNextLine until it ends, EndImport. `firstDataLine` is asked once the run has begun.
     RunResult Run(const std::function<std::uint64_t()>& firstDataLine);

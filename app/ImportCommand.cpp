@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <iostream>
 #include <limits>
 #include <memory>
@@ -14,6 +15,7 @@
 #include "app/TextReport.h"
 #include "app/TimeAdvice.h"
 #include "app/WholeNumber.h"
+#include "app/archive/StoreFile.h"
 #include "app/guess/GuessInForce.h"
 #include "app/guess/GuessReport.h"
 #include "app/language/Phrase.h"
@@ -27,6 +29,7 @@ namespace {
 struct ImportOptions {
     bool KeepAll = false;                  // keep every sample in memory
     std::optional<std::size_t> Samples;    // how many of each signal the report lists
+    std::string StorePath;                 // of the file for every sample; empty: none
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
     GuessOptions Guessing;
 };
@@ -87,19 +90,24 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
 }
 
 int ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
-               const std::string& file, Tally& tally) {
+               const std::string& file, StoreFile& store, Tally& tally) {
     const std::u16string path = PathFromNative(file);
     RunResult result;
     std::string reason;
+    bool hasStored = true;
     {
         ProgressLine progress(file);
         const GuessInForce guessed(module, common, options.Guessing, path);
-        HostSession session(module.Factory(), path, MakeRunOptions(common, options, progress));
+        RunOptions run = MakeRunOptions(common, options, progress);
+        run.Sink = store.BeginRun();
+        HostSession session(module.Factory(), path, std::move(run));
         result = session.Run([&] {
             return static_cast<std::uint64_t>(SummarizeFormat(SettingsOf(session.Filter())).FirstDataLine);
         });
         reason = WhyFailed(path, result, session);
         tally.Samples += CountSamples(session);
+        const bool isDone = reason.empty() && !result.Interrupted;
+        hasStored = store.EndRun(session, file, options.BaseTime, isDone);
         if (common.Json) {
             WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {
@@ -108,7 +116,25 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
     }
     if (!reason.empty()) ComplainAbout(file, reason);
     if (result.Interrupted) return ExitInterrupted;
-    return reason.empty() ? ExitDone : ExitFileFailed;
+    return reason.empty() && hasStored ? ExitDone : ExitFileFailed;
+}
+
+int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
+                const ManyFiles& many) {
+    if (!options.StorePath.empty() && many.HasCopies()) {
+        Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
+        return ExitWrongUsage;
+    }
+    StoreFile store(options.StorePath);
+    if (!store.Open()) return ExitFileFailed;
+    const int status = many.Run(common, Phrase("imported"), [&](const std::string& file, Tally& tally) {
+        return ImportFile(module, common, options, file, store, tally);
+    });
+    if (status == ExitInterrupted) {
+        store.Abandon();
+        return status;
+    }
+    return store.Finish() ? status : std::max<int>(status, ExitFileFailed);
 }
 
 void SetSamples(const std::string& text, ImportOptions& options) {
@@ -124,8 +150,11 @@ void SetSamples(const std::string& text, ImportOptions& options) {
 
 void SetStore(const std::string& text, ImportOptions& options) {
     options.KeepAll = text == "memory";
-    if (text != "none" && text != "memory")
-        RefuseOption("--store", Phrase("'{}' is not allowed; allowed are none and memory", text));
+    if (text == "none" || text == "memory") return;
+    options.StorePath = text;
+    if (!text.ends_with(".h5"))
+        RefuseOption("--store", Phrase("'{}' is not allowed; allowed are none, memory and FILE.h5", text));
+    if (!HasSampleFiles()) RefuseOption("--store", Phrase("this build has no HDF5"));
 }
 
 void SetBaseTime(const std::string& text, ImportOptions& options) {
@@ -140,13 +169,10 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
 void AddImportCommand(CommandLine& line) {
     const auto options = std::make_shared<ImportOptions>();
     const auto many = std::make_shared<ManyFiles>();
-    CLI::App& command =
-        line.Add("import", Phrase("Run the import (the default for a file)"),
-                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
-                     return many->Run(common, Phrase("imported"), [&](const std::string& file, Tally& tally) {
-                         return ImportFile(module, common, *options, file, tally);
-                     });
-                 });
+    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
+                                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                                     return ImportFiles(module, common, *options, *many);
+                                 });
     command
         .add_option_function<std::string>(
             "--samples", [options](const std::string& text) { SetSamples(text, *options); },
@@ -155,8 +181,10 @@ void AddImportCommand(CommandLine& line) {
     command
         .add_option_function<std::string>(
             "--store", [options](const std::string& text) { SetStore(text, *options); },
-            Phrase("none: keep a summary of each signal (default); memory: keep every sample"))
-        ->type_name("none|memory");
+            Phrase("none: keep a summary of each signal (default); memory: keep every sample; FILE.h5: write "
+                   "every "
+                   "sample to an HDF5 file"))
+        ->type_name("none|memory|FILE.h5");
     command
         .add_option_function<std::string>(
             "--base-time", [options](const std::string& text) { SetBaseTime(text, *options); },

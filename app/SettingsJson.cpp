@@ -131,6 +131,18 @@ Json ColumnsToJson(const CCsvImportSettings& settings) {
     return columns;
 }
 
+std::vector<std::string> SettingOptions(const CCsvImportSettings& settings) {
+    std::vector<std::string> options;
+    for (const Setting& setting : SettingsTable) {
+        Json fields;
+        const std::string key = Utf16ToUtf8(setting.Key);
+        std::visit(FieldWriter{fields, key, settings}, setting.Kind);
+        const Json& value = fields[key];
+        options.push_back(key + "=" + (value.is_string() ? value.get<std::string>() : value.dump()));
+    }
+    return options;
+}
+
 FormatSummary SummarizeFormat(const CCsvImportSettings& settings) {
     const int firstLine = settings.GetFirstLine();
     const bool hasHeader = settings.ImportHeader != 0;

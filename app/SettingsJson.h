@@ -23,6 +23,9 @@ nlohmann::ordered_json ColumnsToJson(const CCsvImportSettings& settings);
 // A double as JSON; one that is not finite as text.
 nlohmann::ordered_json NumberToJson(double number);
 
+// The settings of the profile as ParseSettingOption reads them, KEY=VALUE each.
+std::vector<std::string> SettingOptions(const CCsvImportSettings& settings);
+
 // What a text report needs of the settings.
 struct FormatSummary {
     int Separator;  // an index, 4 for the user's own

@@ -32,6 +32,7 @@ int main(int argc, char** argv) {
     AddExplainCommand(line);
     AddCheckCommand(line);
     AddSidecarCommand(line);
+    AddVerifyCommand(line);
     AddDialogCommand(line);
     AddShellCommands(line);
     if (const std::optional<int> status = line.Parse(arguments)) return *status;

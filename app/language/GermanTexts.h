@@ -15,3 +15,4 @@ std::span<const Translation> GermanShellTexts();
 std::span<const Translation> GermanExplainTexts();
 std::span<const Translation> GermanGuessTexts();
 std::span<const Translation> GermanManyTexts();
+std::span<const Translation> GermanArchiveTexts();

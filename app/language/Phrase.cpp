@@ -11,7 +11,7 @@ using Dictionary = std::unordered_map<std::string_view, std::string_view>;
 Dictionary LoadGerman() {
     Dictionary words;
     for (const auto texts : {GermanImportTexts, GermanShellTexts, GermanExplainTexts, GermanCheckTexts,
-                             GermanGuessTexts, GermanManyTexts}) {
+                             GermanGuessTexts, GermanManyTexts, GermanArchiveTexts}) {
         for (const Translation& text : texts()) words.emplace(text.English, text.German);
     }
     return words;

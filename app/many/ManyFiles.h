@@ -21,6 +21,9 @@ class ManyFiles {
     // status.
     int Run(const CommonOptions& common, const std::string& done, const Work& work) const;
 
+    // True if the files are to be spread over processes.
+    bool HasCopies() const { return Jobs > 1; }
+
   private:
     int RunHere(const std::vector<std::string>& files, const Work& work, Tally& tally) const;
     int RunInCopies(const std::vector<std::string>& files, Tally& tally) const;

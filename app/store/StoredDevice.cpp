@@ -2,8 +2,9 @@
 
 #include <utility>
 
-StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit)
-    : Name(std::move(name)), Description(std::move(description)), Store(keepLimit) {}
+StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
+                           DeviceSink* sink)
+    : Name(std::move(name)), Description(std::move(description)), Store(keepLimit, sink) {}
 
 DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
                                        std::uint32_t size) {

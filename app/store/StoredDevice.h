@@ -10,8 +10,9 @@
 
 class StoredDevice : public CDevice, public DM::SourceProxy {
   public:
-    // Its signals keep at most `keepLimit` samples each.
-    StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit);
+    // Its signals keep at most `keepLimit` samples each. All of them go to `sink` too, unless it is null.
+    StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
+                 DeviceSink* sink = nullptr);
 
     DM::SourceProxy* GetDmSource() override { return this; }
     DM::EResult CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,

@@ -7,7 +7,13 @@
 #include "app/store/StoredValues.h"
 
 StoredSignal::StoredSignal(SignalDescription description, std::uint32_t id, const SharedStore& store)
-    : Axis(store.Axis), About(std::move(description)), Id{{0, 0, 0}, id}, KeepLimit(store.KeepLimit) {}
+    : Axis(store.Axis),
+      About(std::move(description)),
+      Id{{0, 0, 0}, id},
+      KeepLimit(store.KeepLimit),
+      TimeSink(store.Sink) {
+    if (TimeSink != nullptr) Sink = TimeSink->AddSignal(About);
+}
 
 DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml) {
     About.MetaData.push_back(xml.GetString());
@@ -15,8 +21,14 @@ DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml)
 }
 
 void StoredSignal::AppendTime(std::int64_t time) {
-    if (Axis->Count() != Sum.Count) Axis = std::make_shared<TimeAxis>(*Axis, Sum.Count);
+    if (Axis->Count() != Sum.Count) {
+        Axis = std::make_shared<TimeAxis>(*Axis, Sum.Count);
+        // A sink knows the shared times alone; it sees that the signal falls behind them.
+        Sink = nullptr;
+        TimeSink = nullptr;
+    }
     Axis->Append(time);
+    if (TimeSink != nullptr) TimeSink->TakeTime(time);
 }
 
 void StoredSignal::Finish() {

@@ -10,16 +10,18 @@
 #include <vector>
 
 #include "app/store/Arena.h"
+#include "app/store/SampleSink.h"
 #include "app/store/Sparkline.h"
 #include "app/store/TimeAxis.h"
 #include "host/DataStore.h"
 
 // What the signals of a device share. Outlives them.
 struct SharedStore {
-    explicit SharedStore(std::uint64_t keepLimit)
-        : KeepLimit(keepLimit), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
+    SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
+        : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
 
     const std::uint64_t KeepLimit;  // samples that each signal keeps
+    DeviceSink* const Sink;         // may be null
     Arena Memory;
     const std::shared_ptr<TimeAxis> Axis;
 };
@@ -97,11 +99,13 @@ class StoredSignal : public DM::SignalProxy {
 
     SignalSummary Sum;
     std::shared_ptr<TimeAxis> Axis;
+    SignalSink* Sink = nullptr;  // null: nobody wants the samples
 
   private:
     SignalDescription About;
     const DM::SUniqueSignalId Id;
     const std::uint64_t KeepLimit;
+    DeviceSink* TimeSink;  // null once the signal has an axis of its own
 };
 
 // A signal for the values of a type code.

@@ -13,6 +13,7 @@ DM::EResult TextSignal::AddSample(const void* data, std::uint32_t size, std::int
     const bool keep = KeepsBlock(0);
     if (!IsTimeOfRow(time)) AppendTime(time);
     CountAt(time);
+    if (Sink != nullptr) Sink->TakeText(static_cast<const char16_t*>(data), size / sizeof(char16_t));
     if (keep) {
         if (Sizes.IsFull()) Sizes.Turn(true);
         Sizes.Append(data == nullptr ? NoValue : KeepText(static_cast<const char16_t*>(data), size));

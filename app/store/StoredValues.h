@@ -79,12 +79,16 @@ class FixedSignal final : public StoredSignal {
     void SummarizeRest() override {
         std::span<const Value> open = Values.Open();
         std::vector<Value> valid;
+        std::vector<std::uint8_t> gaps;
         if (Gaps.size() > OpenRow) {
             for (std::size_t i = 0; i < open.size(); ++i) {
-                if (!IsGap(OpenRow + i)) valid.push_back(open[i]);
+                gaps.push_back(IsGap(OpenRow + i));
+                if (gaps.back() == 0) valid.push_back(open[i]);
             }
-            open = valid;
         }
+        if (Sink != nullptr && !open.empty())
+            Sink->TakeValues(open.data(), open.size(), gaps.empty() ? nullptr : gaps.data());
+        if (!gaps.empty()) open = valid;
         if (open.empty()) return;
         SummarizeEnds(&open.front(), &open.back(), sizeof(Value));
         if constexpr (!std::is_same_v<Value, char16_t>) Sum.Course.Add(open);

@@ -1,0 +1,26 @@
+// For builds without the HDF5 library.
+#include "app/hdf5/SampleFile.h"
+
+#include "app/language/Phrase.h"
+
+namespace {
+
+std::string Regret() {
+    return Phrase("this build has no HDF5");
+}
+
+}  // namespace
+
+bool HasSampleFiles() {
+    return false;
+}
+
+std::unique_ptr<SampleFile> CreateSampleFile(const std::string&, std::string& complaint) {
+    complaint = Regret();
+    return nullptr;
+}
+
+std::unique_ptr<SampleArchive> OpenSampleFile(const std::string&, std::string& complaint) {
+    complaint = Regret();
+    return nullptr;
+}
