@@ -133,7 +133,7 @@ class Verification {
                                 check.Compared())
                       << "\n";
         } else {
-            std::cout << Phrase("{}: {}", Printable(source), InWords(*difference)) << "\n";
+            std::cout << Printable(source) + ": " + InWords(*difference) << "\n";
         }
         return difference == nullptr ? ExitDone : ExitFindings;
     }
