@@ -9,8 +9,8 @@
 #include "app/check/DroppedRows.h"
 #include "app/check/FilePlaces.h"
 #include "app/check/RowsAbove.h"
-#include "app/check/TimeReading.h"
 #include "app/check/TimeSeries.h"
+#include "app/check/TimeSource.h"
 
 // A column that became a signal.
 struct ColumnCheck {
@@ -32,7 +32,7 @@ struct CheckResult {
     std::uint64_t BlankLines = 0;
     FilePlaces Blank;       // blank lines with rows behind them; the module doesn't count them
     FilePlaces Before1990;  // rows with an absolute time that the host can't process
-    TimeReading Reading;
+    TimeSource Reading;
     std::vector<ColumnCheck> Columns;
     DroppedRows Dropped;
     RowsAbove Above;

@@ -150,7 +150,7 @@ void CheckRun::LookAbove() {
     search.End = Result.Begun ? static_cast<std::uint64_t>(Result.Reading.FirstDataLine)
                               : std::numeric_limits<std::uint64_t>::max();
     search.AnySeparator = isEmpty;
-    const bool isPlain = Result.Reading.DateFrom != TimeReading::Date::Fixed && !Result.Reading.IsAdjusted;
+    const bool isPlain = Result.Reading.DateFrom != TimeSource::Date::Fixed && !Result.Reading.IsAdjusted;
     if (!isEmpty && isPlain) search.BeforeTime = Result.Series->First();
     Result.Above = FindRowsAbove(Path, Result.Reading, Module.Factory(), search);
 }

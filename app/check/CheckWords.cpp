@@ -24,8 +24,8 @@ std::string ShortNumber(double value) {
 
 }  // namespace
 
-std::string MomentInWords(const TimeReading& reading, std::int64_t time) {
-    if (reading.DateFrom != TimeReading::Date::None) return Utf16ToUtf8(CTimeStamp(time).ToText());
+std::string MomentInWords(const TimeSource& reading, std::int64_t time) {
+    if (reading.DateFrom != TimeSource::Date::None) return Utf16ToUtf8(CTimeStamp(time).ToText());
     return Utf16ToUtf8(CTimeStampSpan(WrappingSubtract(time, RelativeTimeBase)).ToText());
 }
 

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "app/check/FilePlaces.h"
-#include "app/check/TimeReading.h"
+#include "app/check/TimeSource.h"
 
 // The moment of a row; under relative time its distance from the start. Nanoseconds.
-std::string MomentInWords(const TimeReading& reading, std::int64_t time);
+std::string MomentInWords(const TimeSource& reading, std::int64_t time);
 
 // A duration, which is not negative: "200 ns", "12.5 ms", "1 s", then hours, minutes and seconds, from two
 // days on with days in front.

@@ -21,7 +21,7 @@ std::string IntervalOptions(const CheckResult& result, double step) {
         unit = candidate;
         break;
     }
-    const bool isRelative = result.Reading.DateFrom == TimeReading::Date::None;
+    const bool isRelative = result.Reading.DateFrom == TimeSource::Date::None;
     std::string options = SetOption("DateSetting", isRelative ? 2 : 1) + " " + SetOption("TimeSetting", 1) +
                           " " + SetOption("IntervalValue", whole / unit.first) + " " +
                           SetOption("IntervalUnit", unit.second);
@@ -73,8 +73,7 @@ std::string FallRemedy(const CheckResult& result) {
     }
     const std::string before = MomentInWords(result.Reading, dropped.BeforeFirstFall());
     const bool isNight = before.size() > 13 && (before.substr(11, 2) == "01" || before.substr(11, 2) == "02");
-    if (result.Reading.DateFrom == TimeReading::Date::FromColumn && dropped.DeepestFall() <= Hour &&
-        isNight) {
+    if (result.Reading.DateFrom == TimeSource::Date::FromColumn && dropped.DeepestFall() <= Hour && isNight) {
         return Phrase(
             "the clock went back by an hour at most, at night: the end of summer time? The rows of the hour "
             "that comes twice need another time: --rejects FILE");
@@ -191,7 +190,7 @@ void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
 
 std::string TableOptions(const CheckResult& result) {
     const RowsAbove& rows = result.Above;
-    TimeReading reading = result.Reading;
+    TimeSource reading = result.Reading;
     reading.Separator = rows.Separator;
     return FormatOptions(reading, rows.FollowsText ? rows.First - 1 : 0, rows.First);
 }

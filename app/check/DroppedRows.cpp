@@ -30,7 +30,7 @@ void DroppedRows::Add(std::uint64_t line, std::uint64_t moduleLine, std::optiona
     UntilNext = Stride;
 }
 
-void DroppedRows::Examine(const std::u16string& path, const TimeReading& reading, TimeProbe& probe,
+void DroppedRows::Examine(const std::u16string& path, const TimeSource& reading, TimeProbe& probe,
                           RowRange stored) {
     for (const std::u16string& format : {reading.WithDayAndMonthExchanged(), reading.WithOtherMark()}) {
         if (!format.empty()) Variants.push_back({format});
@@ -60,7 +60,7 @@ void DroppedRows::SettleCorrection(const std::optional<ProbedTime>& probed) {
     if (probed && probed->Time) Correction = WrappingSubtract(*Reference->LastTime, *probed->Time);
 }
 
-DropReason DroppedRows::ReasonOf(const Chosen& row, const std::u16string& line, const TimeReading& reading,
+DropReason DroppedRows::ReasonOf(const Chosen& row, const std::u16string& line, const TimeSource& reading,
                                  TimeProbe& probe, RowRange stored) {
     if (IsEmpty(line, reading.SeparatorSign())) return DropReason::Empty;
     if (reading.IsInterval) return DropReason::NoStep;
@@ -75,7 +75,7 @@ DropReason DroppedRows::ReasonOf(const Chosen& row, const std::u16string& line, 
     }
     if (!row.LastTime) return DropReason::OutOfRange;
     // A time of day that falls is the next day's there.
-    if (reading.DateFrom == TimeReading::Date::Fixed) return DropReason::Repeats;
+    if (reading.DateFrom == TimeSource::Date::Fixed) return DropReason::Repeats;
     return probed->Time ? CompareTime(WrappingAdd(*probed->Time, Correction), row) : DropReason::NotLater;
 }
 

@@ -41,7 +41,7 @@ class DroppedRows {
     void SetReference(std::uint64_t line, std::int64_t time) { Reference = Chosen{line, 0, 0, time}; }
 
     // Reads the chosen rows in the file again, which the module has closed. Raises CFileException.
-    void Examine(const std::u16string& path, const TimeReading& reading, TimeProbe& probe, RowRange stored);
+    void Examine(const std::u16string& path, const TimeSource& reading, TimeProbe& probe, RowRange stored);
 
     std::uint64_t Count() const { return Number; }
     std::uint64_t Examined() const { return Rows.size(); }
@@ -69,7 +69,7 @@ class DroppedRows {
         std::uint64_t Reads = 0;
     };
 
-    DropReason ReasonOf(const Chosen& row, const std::u16string& line, const TimeReading& reading,
+    DropReason ReasonOf(const Chosen& row, const std::u16string& line, const TimeSource& reading,
                         TimeProbe& probe, RowRange stored);
     DropReason CompareTime(std::int64_t time, const Chosen& row);
     void TryVariants(const std::u16string& line, TimeProbe& probe);

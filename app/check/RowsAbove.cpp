@@ -35,7 +35,7 @@ bool HasText(const std::u16string& line) {
     return !TrimWhiteSpace(line).empty();
 }
 
-RowTest TestByShape(const std::u16string& path, const TimeReading& reading) {
+RowTest TestByShape(const std::u16string& path, const TimeSource& reading) {
     SourceLines lines(path);
     const char16_t separator = reading.SeparatorSign();
     const bool found = lines.GoTo(static_cast<std::uint64_t>(reading.FirstDataLine));
@@ -77,14 +77,14 @@ RowsAbove FindLongest(const std::u16string& path, std::uint64_t end, const RowTe
 
 }  // namespace
 
-RowsAbove FindRowsAbove(const std::u16string& path, const TimeReading& reading, ImportFilterFactory factory,
+RowsAbove FindRowsAbove(const std::u16string& path, const TimeSource& reading, ImportFilterFactory factory,
                         const RowSearch& search) {
     if (reading.IsInterval) {
         RowsAbove rows = FindLongest(path, search.End, TestByShape(path, reading));
         rows.Separator = reading.Separator;
         return rows;
     }
-    TimeReading tried = reading;
+    TimeSource tried = reading;
     for (int i = -1; i < (search.AnySeparator ? NamedSeparators : 0); ++i) {
         if (i == reading.Separator) continue;
         if (i >= 0) tried.Separator = i;

@@ -25,5 +25,5 @@ struct RowSearch {
 // line counts as a row if its time reads or, with times that are counted, if it is written like the first
 // row but for its numbers. Looks at the first 999 lines: a table can't be told to begin further below. Raises
 // CFileException.
-RowsAbove FindRowsAbove(const std::u16string& path, const TimeReading& reading, ImportFilterFactory factory,
+RowsAbove FindRowsAbove(const std::u16string& path, const TimeSource& reading, ImportFilterFactory factory,
                         const RowSearch& search);

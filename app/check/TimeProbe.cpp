@@ -33,7 +33,7 @@ ProfileBlock MomentBlock(std::int64_t seconds) {
 // The settings that read the time of a lone first line, over the process's profile while the object lives.
 class ProbeSettings {
   public:
-    ProbeSettings(const TimeReading& reading, const std::u16string& format) : Before(GetProcessProfile()) {
+    ProbeSettings(const TimeSource& reading, const std::u16string& format) : Before(GetProcessProfile()) {
         auto layer = std::make_shared<ProfileOverlay>(Before);
         const auto set = [&](const char16_t* key, ProfileOverlay::Value value) {
             layer->Set(SettingsSectionName(), key, std::move(value));
@@ -63,7 +63,7 @@ class ProbeSettings {
 
 }  // namespace
 
-TimeProbe::TimeProbe(ImportFilterFactory factory, TimeReading reading)
+TimeProbe::TimeProbe(ImportFilterFactory factory, TimeSource reading)
     : Factory(factory), Reading(std::move(reading)), File(UnusedName()) {}
 
 TimeProbe::~TimeProbe() {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "app/check/TimeReading.h"
+#include "app/check/TimeSource.h"
 
 // What the module makes of the time of a row that stands alone.
 struct ProbedTime {
@@ -19,7 +19,7 @@ struct ProbedTime {
 // with the object.
 class TimeProbe {
   public:
-    TimeProbe(ImportFilterFactory factory, TimeReading reading);
+    TimeProbe(ImportFilterFactory factory, TimeSource reading);
     TimeProbe(const TimeProbe&) = delete;
     TimeProbe& operator=(const TimeProbe&) = delete;
     ~TimeProbe();
@@ -32,6 +32,6 @@ class TimeProbe {
     ProbedTime Import(const std::u16string& format) const;
 
     const ImportFilterFactory Factory;
-    const TimeReading Reading;
+    const TimeSource Reading;
     const std::filesystem::path File;
 };

@@ -18,10 +18,10 @@ bool IsLonger(const TimeStep& a, const TimeStep& b) {
 }  // namespace
 
 // A format in square brackets counts on over midnight, and an interval has no clock at all.
-TimeSeries::TimeSeries(const TimeReading& reading)
-    : WatchesDates(reading.DateFrom == TimeReading::Date::FromColumn && !reading.IsInterval &&
+TimeSeries::TimeSeries(const TimeSource& reading)
+    : WatchesDates(reading.DateFrom == TimeSource::Date::FromColumn && !reading.IsInterval &&
                    !reading.IsAdjusted && !reading.HasNoDayMonthDoubt()),
-      WatchesRollOvers(reading.DateFrom == TimeReading::Date::Fixed && !reading.IsInterval &&
+      WatchesRollOvers(reading.DateFrom == TimeSource::Date::Fixed && !reading.IsInterval &&
                        reading.Format.find(u'[') == std::u16string::npos),
       Resolution(reading.Resolution()) {
     Longest.reserve(MostSteps + 1);

@@ -8,7 +8,7 @@
 #include "app/check/DateOrder.h"
 #include "app/check/FilePlaces.h"
 #include "app/check/IntervalCounts.h"
-#include "app/check/TimeReading.h"
+#include "app/check/TimeSource.h"
 
 // The way from one stored row to the next.
 struct TimeStep {
@@ -37,7 +37,7 @@ struct SharedTimes {
 // bounded.
 class TimeSeries {
   public:
-    explicit TimeSeries(const TimeReading& reading);
+    explicit TimeSeries(const TimeSource& reading);
 
     void Add(std::int64_t time, std::uint64_t line);
 

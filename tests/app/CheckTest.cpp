@@ -56,7 +56,7 @@ std::int64_t At(int month, int day, int hour = 0) {
     return CTimeStamp(2024, month, day, hour, 0, 0, 0).toTIME();
 }
 
-TimeSeries SeriesOf(const TimeReading& reading, const std::vector<std::int64_t>& times) {
+TimeSeries SeriesOf(const TimeSource& reading, const std::vector<std::int64_t>& times) {
     TimeSeries series(reading);
     for (std::size_t i = 0; i < times.size(); ++i) series.Add(times[i], i + 2);
     return series;
@@ -79,7 +79,7 @@ TEST(DateOrder, IsProvenOrNot) {
         {"rising either way", {At(2, 3), At(4, 5), At(6, 7)}, DateOrderState::Ambiguous, 0},
         {"months where days are meant", {At(2, 1), At(3, 1), At(4, 1)}, DateOrderState::OtherIsEven, 0},
     };
-    TimeReading reading;
+    TimeSource reading;
     reading.Letters = u"JMThms";
     reading.Format = u"TT.MM.JJJJ";
     for (const DateCase& c : cases) {
@@ -93,8 +93,8 @@ TEST(DateOrder, IsProvenOrNot) {
 }
 
 TEST(TimeSeries, TellsMidnightFromAClockThatWasSetBack) {
-    TimeReading reading;
-    reading.DateFrom = TimeReading::Date::Fixed;
+    TimeSource reading;
+    reading.DateFrom = TimeSource::Date::Fixed;
     reading.Format = u"hh:mm:ss";
     const std::int64_t day = At(5, 1);
     const std::int64_t half = Hour / 2;

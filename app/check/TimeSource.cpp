@@ -1,4 +1,4 @@
-#include "app/check/TimeReading.h"
+#include "app/check/TimeSource.h"
 
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -14,11 +14,11 @@ constexpr std::size_t YearLetter = 0, MonthLetter = 1, DayLetter = 2, LetterCoun
 
 constexpr std::int64_t Second = 1'000'000'000;
 
-TimeReading::Date DateOf(int setting) {
+TimeSource::Date DateOf(int setting) {
     constexpr int Fixed = 1, None = 2;
-    return setting == None    ? TimeReading::Date::None
-           : setting == Fixed ? TimeReading::Date::Fixed
-                              : TimeReading::Date::FromColumn;
+    return setting == None    ? TimeSource::Date::None
+           : setting == Fixed ? TimeSource::Date::Fixed
+                              : TimeSource::Date::FromColumn;
 }
 
 double NumberOf(const nlohmann::ordered_json& value) {
@@ -27,13 +27,13 @@ double NumberOf(const nlohmann::ordered_json& value) {
 
 }  // namespace
 
-char16_t TimeReading::SeparatorSign() const {
+char16_t TimeSource::SeparatorSign() const {
     constexpr char16_t Signs[] = {u';', u',', u'\t', u' '};
     if (Separator >= 0 && Separator < 4) return Signs[Separator];
     return OtherSeparator.empty() ? u'\0' : OtherSeparator.front();
 }
 
-std::int64_t TimeReading::Resolution() const {
+std::int64_t TimeSource::Resolution() const {
     constexpr std::pair<std::u16string_view, std::int64_t> Units[] = {
         {u"[ns]", 1},   {u"[µs]", 1'000},    {u"[ms]", 1'000'000},
         {u"s", Second}, {u"m", 60 * Second}, {u"h", 3600 * Second},
@@ -44,7 +44,7 @@ std::int64_t TimeReading::Resolution() const {
     return 86400 * Second;
 }
 
-std::u16string TimeReading::WithDayAndMonthExchanged() const {
+std::u16string TimeSource::WithDayAndMonthExchanged() const {
     if (Letters.size() != LetterCount) return {};
     std::u16string other = Format;
     bool hasDay = false, hasMonth = false;
@@ -60,7 +60,7 @@ std::u16string TimeReading::WithDayAndMonthExchanged() const {
     return hasDay && hasMonth ? other : std::u16string();
 }
 
-std::u16string TimeReading::WithOtherMark() const {
+std::u16string TimeSource::WithOtherMark() const {
     std::u16string other = Format;
     for (std::size_t i = 1; i < other.size(); ++i) {
         char16_t& mark = other[i - 1];
@@ -71,16 +71,16 @@ std::u16string TimeReading::WithOtherMark() const {
     return {};
 }
 
-bool TimeReading::HasNoDayMonthDoubt() const {
+bool TimeSource::HasNoDayMonthDoubt() const {
     if (WithDayAndMonthExchanged().empty()) return true;
     return Format.find(Letters[YearLetter]) <
            std::min(Format.find(Letters[MonthLetter]), Format.find(Letters[DayLetter]));
 }
 
-TimeReading ReadingOf(const ModuleLoader& module, const CImportFilter& filter) {
+TimeSource ReadingOf(const ModuleLoader& module, const CImportFilter& filter) {
     const FormatSummary format = SummarizeFormat(SettingsOf(filter));
     const nlohmann::ordered_json settings = SettingsToJson(SettingsOf(filter));
-    TimeReading reading;
+    TimeSource reading;
     reading.DateFrom = DateOf(format.DateSetting);
     reading.IsInterval = format.TimeSetting == 1;
     reading.IsAdjusted = settings.at("Adjust") != 0;
@@ -98,7 +98,7 @@ TimeReading ReadingOf(const ModuleLoader& module, const CImportFilter& filter) {
     return reading;
 }
 
-std::string FormatOptions(const TimeReading& reading, std::uint64_t headerLine, std::uint64_t firstDataLine) {
+std::string FormatOptions(const TimeSource& reading, std::uint64_t headerLine, std::uint64_t firstDataLine) {
     const bool hasHeader = headerLine != 0;
     std::string options = SetOption("AutoFormat", 0) + " " + SetOption("Separator", reading.Separator);
     if (!reading.OtherSeparator.empty())
@@ -109,7 +109,7 @@ std::string FormatOptions(const TimeReading& reading, std::uint64_t headerLine, 
     return options + " " + SetOption("ImportHeader", hasHeader ? 1 : 0);
 }
 
-std::string FormatOptions(const TimeReading& reading) {
+std::string FormatOptions(const TimeSource& reading) {
     return FormatOptions(reading, static_cast<std::uint64_t>(reading.HeaderLine),
                          static_cast<std::uint64_t>(reading.FirstDataLine));
 }

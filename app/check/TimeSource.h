@@ -8,7 +8,7 @@
 
 class CImportFilter;
 
-struct TimeReading {
+struct TimeSource {
     enum class Date { FromColumn, Fixed, None };
 
     Date DateFrom = Date::FromColumn;
@@ -44,14 +44,14 @@ struct TimeReading {
 };
 
 // Of a filter that has analysed its file.
-TimeReading ReadingOf(const ModuleLoader& module, const CImportFilter& filter);
+TimeSource ReadingOf(const ModuleLoader& module, const CImportFilter& filter);
 
 // Options for the command line that name the table instead of leaving it to the analysis. The header stands
 // in `headerLine`, or there is none (0) and the first row stands in `firstDataLine`.
-std::string FormatOptions(const TimeReading& reading, std::uint64_t headerLine, std::uint64_t firstDataLine);
+std::string FormatOptions(const TimeSource& reading, std::uint64_t headerLine, std::uint64_t firstDataLine);
 
 // The same for the table that was read.
-std::string FormatOptions(const TimeReading& reading);
+std::string FormatOptions(const TimeSource& reading);
 
 // One option for the command line; a text is quoted for a shell.
 std::string SetOption(const std::string& key, const std::string& value);
