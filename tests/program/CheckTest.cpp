@@ -23,7 +23,8 @@ std::string Rows(int count, int step, int perTime = 1) {
     std::string rows;
     for (int i = 0; i < count; ++i) {
         const int second = i / perTime * step;
-        const std::string clock = std::to_string(second / 60 % 60) + ":" + std::to_string(second % 60);
+        const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
+        const std::string clock = two(second / 60 % 60) + ":" + two(second % 60);
         rows +=
             "13.02.2024 " + std::to_string(8 + second / 3600) + ":" + clock + ";" + std::to_string(i) + "\n";
     }
