@@ -41,6 +41,7 @@ std::string Hdf5File::KeepDevice(const StoredDevice& device, const SampleOrigin&
 }
 
 std::string Hdf5File::Finish() {
+    DropDevice();
     try {
         File.Close();
         Part.Finish();

@@ -23,7 +23,7 @@ std::string Table(int rows) {
     for (int i = 0; i < rows; ++i) {
         const std::string number = std::to_string(i);
         table += number + ";" + (i == 600 ? "?" : number + ",25 bar") + ";" + number + "000;0x" + number +
-                 ";ab"[i % 2 + 1] + ";" +
+                 (i % 2 == 0 ? ";x;" : ";y;") +
                  (i % 3 == 0   ? "Öl auf"
                   : i % 3 == 1 ? "zu"
                                : "") +
@@ -71,7 +71,7 @@ for told in json.load(open("told.json"))["signals"]:
     valid = signal["valid"][:] if "valid" in signal else [1] * len(values)
     read = [[time, value if good else None] for time, value, good in zip(signal["time"][:].tolist(), values, valid)]
     assert read == told["samples"], (told["symbol"], read[:3], told["samples"][:3])
-assert str(times[1]) == "1980-01-01T00:00:00.000000000", times[1]
+assert str(times[1]) == "1979-12-31T23:00:01.000000000", times[1]
 print(len(device), "valid" in device["Druck"], "valid" in device["n"])
 )");
     const std::string folder = run.Folder.NativePath("").string();
@@ -128,19 +128,19 @@ TEST(Hdf5, LeavesWhatWasThereUntilItIsWhole) {
     run.Write("data.h5", "before");
     // The system ends a writer, or refuses it, in the middle of the file.
     const auto arguments = Import({"--store", "data.h5", "data.csv"});
-    const ProgramResult killed = RunAfter("ulimit -f 500", run, arguments);
+    const ProgramResult killed = RunAfter("ulimit -f 100", run, arguments);
     EXPECT_EQ(killed.Status, 128 + SIGXFSZ) << killed.Out;
     EXPECT_EQ(run.Folder.Names(), "data.csv data.h5 data.h5.part");
-    EXPECT_EQ(run.Folder.Read("data.h5"), "before");
+    EXPECT_TRUE(run.Folder.Read("data.h5") == "before");
 
-    const ProgramResult refused = RunAfter("trap '' XFSZ; ulimit -f 500", run, arguments);
+    const ProgramResult refused = RunAfter("trap '' XFSZ; ulimit -f 100", run, arguments);
     EXPECT_EQ(refused.Status, 1);
     EXPECT_NE(
         refused.Out.find("data.h5: can't be written: File too large; what was there before is unchanged."),
         std::string::npos)
         << refused.Out;
     EXPECT_EQ(run.Folder.Names(), "data.csv data.h5") << "no rest is left";
-    EXPECT_EQ(run.Folder.Read("data.h5"), "before");
+    EXPECT_TRUE(run.Folder.Read("data.h5") == "before");
 
     EXPECT_EQ(run(arguments).Status, 0);
     EXPECT_EQ(run({"verify", "data.h5", "data.csv"}).Status, 0);
