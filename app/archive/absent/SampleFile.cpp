@@ -1,5 +1,5 @@
 // For builds without the HDF5 library.
-#include "app/hdf5/SampleFile.h"
+#include "app/archive/SampleFile.h"
 
 #include "app/language/Phrase.h"
 
