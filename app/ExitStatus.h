@@ -8,3 +8,14 @@ enum ExitStatus : int {
     ExitFindings = 3,      // a check or a comparison has found something; none failed
     ExitInterrupted = 130  // ended by Ctrl-C
 };
+
+// The status of two pieces of work: a failure outweighs findings, an interruption everything.
+constexpr int WorseStatus(int one, int other) {
+    constexpr auto weight = [](int status) {
+        return status == ExitFindings     ? 1
+               : status == ExitFileFailed ? 2
+               : status == ExitDone       ? 0
+                                          : 3 + status;
+    };
+    return weight(one) < weight(other) ? other : one;
+}

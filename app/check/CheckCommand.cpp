@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -12,8 +11,8 @@
 #include "app/check/CheckRun.h"
 #include "app/check/RejectsFile.h"
 #include "app/language/Phrase.h"
+#include "app/many/ManyFiles.h"
 #include "platform/framework/Path.h"
-#include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace {
@@ -89,40 +88,33 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Che
     return IsClean(result, findings) ? ExitDone : ExitFindings;
 }
 
-// A file that failed outweighs one with findings.
-int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options) {
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
+               const ManyFiles& many) {
     if (!options.Rejects.empty()) {
-        const std::u16string target = PathFromNative(options.Rejects);
-        if (common.Files.size() > 1) {
+        const std::vector<std::string> files = many.FilesOf(common);
+        if (files.size() > 1) {
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
         }
-        if (IsSameFile(PathFromNative(common.Files.front()), target)) {
+        if (IsSameFile(PathFromNative(files.front()), PathFromNative(options.Rejects))) {
             Complain(Phrase("--rejects would overwrite the file itself"));
             return ExitWrongUsage;
         }
     }
-    CatchInterrupt();
-    bool anyFailed = false;
-    bool anyFindings = false;
-    for (const std::string& file : common.Files) {
-        const int status = CheckFile(module, common, options, file);
-        if (status == ExitInterrupted) return status;
-        anyFailed |= status == ExitFileFailed;
-        anyFindings |= status == ExitFindings;
-    }
-    if (anyFailed) return ExitFileFailed;
-    return anyFindings ? ExitFindings : ExitDone;
+    return many.Run(common, Phrase("checked"), [&](const std::string& file, Tally&) {
+        return CheckFile(module, common, options, file);
+    });
 }
 
 }  // namespace
 
 void AddCheckCommand(CommandLine& line) {
     const auto options = std::make_shared<CheckOptions>();
+    const auto many = std::make_shared<ManyFiles>();
     CLI::App& command =
         line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
-                 [options](const ModuleLoader& module, const CommonOptions& common) {
-                     return CheckFiles(module, common, *options);
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return CheckFiles(module, common, *options, *many);
                  });
     CLI::Option* const rejects =
         command
@@ -134,6 +126,7 @@ void AddCheckCommand(CommandLine& line) {
         .add_flag("--reject-cells", options->RejectCells,
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
+    many->AddOptions(command);
     command.footer(
         Phrase("Examples:\n"
                "  kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"

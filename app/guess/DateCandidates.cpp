@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace {
@@ -71,7 +72,7 @@ std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCan
     std::optional<std::int64_t> length;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (starts.Times[i] == -1 || candidate.Reading.Times[i] == -1) continue;
-        const std::int64_t own = candidate.Reading.Times[i] - starts.Times[i];
+        const std::int64_t own = WrappingSubtract(candidate.Reading.Times[i], starts.Times[i]);
         if (own < 0 || own >= Day || (length && *length != own)) return std::nullopt;
         length = own;
     }

@@ -9,6 +9,7 @@
 
 #include "app/guess/DateCandidates.h"
 #include "app/language/Phrase.h"
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace {
@@ -86,8 +87,9 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
     // The letters of the other language are Y, M, D, h, m and s.
     if (times.Letter == u'T' || times.Letter == u'J')
         guess.Objections.push_back(Phrase("in English the format holds it: --language en"));
-    const std::int64_t span = reading.MedianStep * static_cast<std::int64_t>(guess.Rows - 1);
-    const bool isRegular = reading.Rising == guess.Rows && reading.Last - reading.First == span;
+    const std::int64_t span = WrappingMultiply(reading.MedianStep, static_cast<std::int64_t>(guess.Rows - 1));
+    const bool isRegular =
+        reading.Rising == guess.Rows && WrappingSubtract(reading.Last, reading.First) == span;
     guess.Sureness = isRegular ? Certainty::Likely : Certainty::Uncertain;
     if (!isRegular)
         guess.Objections.push_back(

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/framework/Numbers.h"
+
 namespace {
 
 constexpr std::int64_t Unread = -1;
@@ -15,11 +17,6 @@ void AddMisfit(TimeReading& reading, bool isNewRun, std::uint64_t line) {
     } else if (reading.MisfitRuns == reading.Misfits.size()) {
         reading.Misfits.back().LastLine = line;
     }
-}
-
-// Times of files may lie so far apart that their distance doesn't fit.
-std::int64_t Distance(std::int64_t from, std::int64_t to) {
-    return static_cast<std::int64_t>(static_cast<std::uint64_t>(to) - static_cast<std::uint64_t>(from));
 }
 
 }  // namespace
@@ -48,7 +45,7 @@ TimeReading JudgeTimes(const std::vector<SampledRow>& rows, std::vector<std::int
             if (time == reading.Last) ++reading.Repeats;
             if (time > latest) {
                 ++reading.Rising;
-                steps.push_back(Distance(latest, time));
+                steps.push_back(WrappingSubtract(time, latest));
                 latest = time;
             } else if (time < earliest) {
                 ++reading.Falling;

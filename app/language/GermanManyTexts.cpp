@@ -11,6 +11,8 @@ constexpr Translation Texts[] = {
     {"with the sidecar", "mit der Sidecar-Datei"},
     {"{} files: {} {}", "{} Dateien: {} {}"},
     {", {} failed: {}", ", {} gescheitert: {}"},
+    {"checked", "geprüft"},
+    {", {} of them with findings", ", davon {} mit Befunden"},
     {"; {} samples", "; {} Abtastwerte"},
     {",", "."},
     {"no process could be started: {}", "es konnte kein Prozess gestartet werden: {}"},

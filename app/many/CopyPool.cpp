@@ -80,7 +80,7 @@ void CopyPool::Start(Share& share, int& status, Tally& tally) {
         tally.Failed.push_back(file);
     }
     tally.Files += share.Files.size();
-    status = std::max<int>(status, ExitFileFailed);
+    status = WorseStatus(status, ExitFileFailed);
 }
 
 void CopyPool::PassOn(Share& share, int& status, Tally& tally) {
@@ -101,8 +101,8 @@ void CopyPool::PassOn(Share& share, int& status, Tally& tally) {
         own.Files = share.Files.size();
     }
     tally.Add(own);
-    status =
-        std::max(status, ended >= FirstUnusual && ended != ExitInterrupted ? int{ExitFileFailed} : ended);
+    const bool isUnusual = ended >= FirstUnusual && ended != ExitInterrupted;
+    status = WorseStatus(status, isUnusual ? int{ExitFileFailed} : ended);
 }
 
 std::size_t CopyPool::CountRunning() {

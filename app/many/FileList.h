@@ -10,8 +10,8 @@ struct FileList {
 };
 
 // A folder means its *.csv and *.txt, with `recursive` those of the folders in it too. A name with * or ?
-// that is no file is a pattern, whose folders may be patterns too; upper and lower case are one. A pattern
-// that nothing fits stays as it is, and so gives its complaint as a file would.
+// that is no file is a pattern, whose folders may be patterns too; upper and lower case are one. A folder
+// or pattern without any such file stays as it is, and so gives its complaint as a file would.
 FileList ListFiles(const std::vector<std::string>& arguments, bool recursive);
 
 // True if the name fits a pattern of * (any text) and ? (one character). Letters of ASCII in any case.

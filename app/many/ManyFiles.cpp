@@ -1,6 +1,5 @@
 #include "app/many/ManyFiles.h"
 
-#include <algorithm>
 #include <iostream>
 
 #include "app/Complaints.h"
@@ -57,6 +56,10 @@ int ManyFiles::Run(const CommonOptions& common, const std::string& done, const W
     return status;
 }
 
+std::vector<std::string> ManyFiles::FilesOf(const CommonOptions& common) const {
+    return ListFiles(common.Files, Recursive).Files;
+}
+
 int ManyFiles::RunHere(const std::vector<std::string>& files, const Work& work, Tally& tally) const {
     int status = ExitDone;
     for (const std::string& file : files) {
@@ -64,7 +67,8 @@ int ManyFiles::RunHere(const std::vector<std::string>& files, const Work& work, 
         const int done = work(file, tally);
         ++tally.Files;
         if (done == ExitFileFailed) tally.Failed.push_back(file);
-        status = std::max(status, done);
+        if (done == ExitFindings) ++tally.WithFindings;
+        status = WorseStatus(status, done);
         if (done == ExitInterrupted) break;
     }
     return status;

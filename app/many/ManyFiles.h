@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/CommandLine.h"
 #include "app/many/Tally.h"
@@ -20,6 +21,9 @@ class ManyFiles {
     // for a file that was done; there is one after an expansion and with --jobs. Answers the worst exit
     // status.
     int Run(const CommonOptions& common, const std::string& done, const Work& work) const;
+
+    // The files that Run will do.
+    std::vector<std::string> FilesOf(const CommonOptions& common) const;
 
     // True if the files are to be spread over processes.
     bool HasCopies() const { return Jobs > 1; }

@@ -26,10 +26,12 @@ void Tally::Add(const Tally& other) {
     Files += other.Files;
     Failed.insert(Failed.end(), other.Failed.begin(), other.Failed.end());
     Samples += other.Samples;
+    WithFindings += other.WithFindings;
 }
 
 std::string TallyText(const Tally& tally, const std::string& done) {
     std::string text = Phrase("{} files: {} {}", tally.Files, tally.Files - tally.Failed.size(), done);
+    if (tally.WithFindings != 0) text += Phrase(", {} of them with findings", tally.WithFindings);
     if (!tally.Failed.empty()) {
         std::string names;
         for (std::size_t i = 0; i < std::min(tally.Failed.size(), MostNamed); ++i)
@@ -42,7 +44,10 @@ std::string TallyText(const Tally& tally, const std::string& done) {
 }
 
 std::string TallyLine(const Tally& tally) {
-    const Json document = {{"files", tally.Files}, {"failed", tally.Failed}, {"samples", tally.Samples}};
+    const Json document = {{"files", tally.Files},
+                           {"failed", tally.Failed},
+                           {"samples", tally.Samples},
+                           {"findings", tally.WithFindings}};
     return Mark + document.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
@@ -55,6 +60,7 @@ Tally TakeTally(std::string& complaints) {
     if (document.is_discarded()) return tally;
     tally.Files = document.value("files", std::size_t{0});
     tally.Failed = document.value("failed", std::vector<std::string>());
+    tally.WithFindings = document.value("findings", std::size_t{0});
     tally.Samples = document.value("samples", std::uint64_t{0});
     return tally;
 }

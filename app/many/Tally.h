@@ -9,6 +9,7 @@ struct Tally {
     std::size_t Files = 0;            // begun
     std::vector<std::string> Failed;  // as the command line named them
     std::uint64_t Samples = 0;        // stored
+    std::size_t WithFindings = 0;     // checked, with something to be looked at
 
     void Add(const Tally& other);
 };
