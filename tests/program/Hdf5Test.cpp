@@ -2,7 +2,8 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include <regex>
+#include <fstream>
+#include <iterator>
 
 #include "program/ProgramRun.h"
 
@@ -47,10 +48,12 @@ ProgramResult RunAfter(const std::string& line, const ProgramRun& run,
 std::string PythonOfTheDocs() {
     std::ifstream page(KELVARIN_TEST_DATA "/../../docs/hdf5.md");
     const std::string text(std::istreambuf_iterator<char>(page), {});
-    const std::regex fence("```python\n([^`]*)```");
+    const std::string open = "```python\n";
     std::string code;
-    for (std::sregex_iterator piece(text.begin(), text.end(), fence), end; piece != end; ++piece)
-        code += (*piece)[1];
+    for (std::size_t at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
+        at += open.size();
+        code += text.substr(at, text.find("```", at) - at);
+    }
     return code;
 }
 
