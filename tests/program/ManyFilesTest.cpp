@@ -84,7 +84,9 @@ TEST_F(Folders, InSeveralProcessesSayTheSameInTheSameOrder) {
 // A file that fails outweighs findings, which outweigh a clean one; in one process as in several.
 TEST_F(Folders, AreCheckedWithTheWorstStatusOfAll) {
     const std::vector<std::string> check = {"check", "--set", "TimestampFormat=JJJJ-MM-TT"};
-    Run.Write("clean.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n2024-02-03;3\n");
+    // Two files: processes that check one at the same time would shut each other out.
+    for (const char* const name : {"clean.csv", "clean too.csv"})
+        Run.Write(name, "t;v\n2024-02-01;1\n2024-02-02;2\n2024-02-03;3\n");
     Run.Write("falls.csv", "t;v\n2024-02-03;1\n2024-02-02;2\n2024-02-01;3\n");
     for (const char* const jobs : {"--jobs=1", "--jobs=2"}) {
         const auto statusOf = [&](std::vector<std::string> files) {
@@ -92,7 +94,7 @@ TEST_F(Folders, AreCheckedWithTheWorstStatusOfAll) {
             files.insert(files.end(), jobs);
             return Run(files).Status;
         };
-        EXPECT_EQ(statusOf({"clean.csv", "clean.csv"}), 0) << jobs;
+        EXPECT_EQ(statusOf({"clean.csv", "clean too.csv"}), 0) << jobs;
         EXPECT_EQ(statusOf({"falls.csv", "clean.csv"}), 3) << jobs;
         EXPECT_EQ(statusOf({"d/empty.csv", "falls.csv"}), 1) << jobs;
     }
