@@ -52,6 +52,7 @@ bool CCsvImportFilter::BeginImport() {
         if (!MakeDevice() || !MakeSignals()) return false;
         CollectSampleColumns();
         Times = {};
+        BlankLines = 0;
         if (!SidecarWarning.empty()) AddMessage(false, -2, false, SidecarWarning);
         return true;
     } catch (CFileException* error) {

@@ -1,6 +1,6 @@
 #include "plugin/CsvImportFilter.h"
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/FormatText.h"
 #include "platform/framework/Locale.h"
 #include "resources/AppString.h"
@@ -9,6 +9,12 @@
 
 CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), InfoFile(FilePath) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    Offer<ISettingsView>(OptionalInterfaces);
+    Offer<ISidecarTool>(OptionalInterfaces);
+    Offer<ITableReader>(OptionalInterfaces);
+    Offer<ITimeReader>(OptionalInterfaces);
+    Offer<IObservedAnalysis>(OptionalInterfaces);
+    Offer<IObservedRun>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
     Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
     ReadSidecar();

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "analysis/SplitPaddedLine.h"
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
 #include "resources/AppString.h"
@@ -30,7 +30,11 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
         const bool blank = IsBlank(LineText);
         LineText.append(Padding, LinePadding);
         SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
-        if (blank && Cells.size() == 1) return true;
+        if (blank && Cells.size() == 1) {
+            if (RunObserver != nullptr) RunObserver->OnBlankLine(CurrentPlace());
+            ++BlankLines;
+            return true;
+        }
         std::int64_t time = NoTimestamp;
         if (SettleRowTime(time)) AddRowSamples(time);
         ++CurrentLine;
@@ -56,8 +60,23 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     if (!result.Accepted) {
         AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
     }
+    if (RunObserver != nullptr) TellObserver(result, text);
     time = result.Time;
     return result.Accepted;
+}
+
+RowPlace CCsvImportFilter::CurrentPlace() const {
+    const auto line = static_cast<std::uint64_t>(CurrentLine);
+    return {line + BlankLines, line};
+}
+
+void CCsvImportFilter::TellObserver(const RowTimestamp& row, const char16_t* text) {
+    if (row.Before1990) RunObserver->OnTimeBefore1990(CurrentPlace(), row.Time);
+    if (row.Accepted) return RunObserver->OnRowStored(CurrentPlace(), row.Time);
+    std::optional<std::int64_t> time;
+    if (row.HasTime) time = row.Time;
+    RunObserver->OnRowDropped(
+        {CurrentPlace(), row.Reason, text, time, std::span(Cells.begin(), Cells.size())});
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
@@ -84,4 +103,5 @@ void CCsvImportFilter::CollectSampleColumns() {
 void CCsvImportFilter::ReportWrongCell(const SampleColumn& column, const char16_t* cell) {
     AddMessage(false, column.Index, false, LoadAppString(IdWrongCell), cell, column.Info->GetDisplayName(),
                CurrentLine, LoadSubString(IdDataTypeNames, static_cast<unsigned>(column.Type)));
+    if (RunObserver != nullptr) RunObserver->OnCellRefused({CurrentPlace(), column.Index, column.Type, cell});
 }

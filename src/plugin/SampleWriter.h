@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "host/DataStore.h"
+#include "contract/DataStore.h"
 #include "settings/CellList.h"
 #include "settings/CsvColumnInfo.h"
 

@@ -1,20 +1,22 @@
-#include "plugin/SidecarTool.h"
+// Sidecar files made and checked without a dialog.
 
-#include "host/StdioFileEx.h"
-#include "host/XmlString.h"
+#include "contract/StdioFileEx.h"
+#include "contract/XmlString.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "plugin/CsvImportFilter.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/CsvInfoFile.h"
 
 namespace {
 
 // Fills the record's format from the file; false with the reason if there is none to find.
-bool DetectFormatOf(const char16_t* path, CCsvImportSettings& settings, std::string& reason) {
+bool DetectFormatOf(const std::u16string& path, CCsvImportSettings& settings, std::string& reason) {
     CStdioFileEx file;
     CFileException error(false);
     try {
-        if (!file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareExclusive, &error)) throw &error;
+        if (!file.Open(path.c_str(), CFile::modeRead | CFile::typeText | CFile::shareExclusive, &error))
+            throw &error;
         if (settings.DetectFormat(file)) return true;
         reason = "the file is empty";
     } catch (CFileException* failure) {
@@ -54,19 +56,19 @@ std::vector<SidecarField> FieldsOf(const CCsvInfoFile& file) {
 
 }  // namespace
 
-bool CSidecarTool::WriteSidecar(const char16_t* sourcePath, std::string& reason) {
+bool CFilterInterfaces::WriteSidecar(std::string& reason) {
     CCsvImportSettings settings;
-    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
-    CCsvInfoFile file(sourcePath);
+    if (!DetectFormatOf(Owner.FilePath, settings, reason)) return false;
+    CCsvInfoFile file(Owner.FilePath);
     file.Read();  // for what only the file knows
     file.TakeFromSettings(settings);
     return file.Replace(reason);
 }
 
-bool CSidecarTool::SaveSidecar(const char16_t* sourcePath, std::string& reason) {
+bool CFilterInterfaces::SaveSidecar(std::string& reason) {
     CCsvImportSettings settings;
-    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
-    CCsvInfoFile file(sourcePath);
+    if (!DetectFormatOf(Owner.FilePath, settings, reason)) return false;
+    CCsvInfoFile file(Owner.FilePath);
     if (file.Read() >= 0) {
         reason = Utf16ToUtf8(PathStripPath(file.GetPath())) + " exists already and stays as it is";
         return false;
@@ -77,7 +79,7 @@ bool CSidecarTool::SaveSidecar(const char16_t* sourcePath, std::string& reason) 
     return file.Replace(reason);
 }
 
-SidecarCheck CSidecarTool::CheckSidecar(const char16_t* sidecarPath) {
+SidecarCheck CFilterInterfaces::CheckSidecar(const char16_t* sidecarPath) {
     CCsvInfoFile file{std::u16string()};
     file.Path = sidecarPath;
     SidecarCheck check;

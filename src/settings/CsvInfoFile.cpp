@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "platform/framework/Locale.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"

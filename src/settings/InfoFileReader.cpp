@@ -6,8 +6,8 @@
 // An absent or empty format-rev, and "1", mean revision 1.
 #include <algorithm>
 
-#include "host/StdioFileEx.h"
-#include "host/XmlString.h"
+#include "contract/StdioFileEx.h"
+#include "contract/XmlString.h"
 #include "platform/framework/FormatText.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvInfoFile.h"

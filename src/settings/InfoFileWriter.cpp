@@ -1,5 +1,5 @@
 // From the fields to a sidecar of revision 2.
-#include "host/XmlString.h"
+#include "contract/XmlString.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvInfoFile.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/DeviceHost.h"
+#include "contract/DeviceHost.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
 
@@ -54,6 +54,14 @@ std::int64_t BaseTime(IRelativeTimeContext& context, RunTimes& times) {
     return *times.Base;
 }
 
+// Why a row that has a time isn't stored.
+DropReason ReasonOf(const CCsvImportSettings& settings, std::int64_t time, std::int64_t last) {
+    if (time > MaxTimestamp) return DropReason::OutOfRange;
+    if (settings.TimeSetting == TimeInterval) return DropReason::NoStep;
+    if (last == 0) return DropReason::OutOfRange;
+    return time == last ? DropReason::Repeats : DropReason::Falls;
+}
+
 }  // namespace
 
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
@@ -61,7 +69,11 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
     RowTimestamp result;
     std::int64_t time = settings.TimeSetting == TimeInterval ? IntervalTime(settings, row, times)
                                                              : TextTime(settings, row, text, times);
-    if (time == NoTimestamp) return result;
+    if (time == NoTimestamp) {
+        if (settings.TimeSetting == TimeInterval) result.Reason = DropReason::NoStep;
+        return result;
+    }
+    result.HasTime = true;
     if (settings.DateSetting == DateNone) {
         time = WrappingAdd(time, BaseTime(context, times));
     } else {
@@ -69,6 +81,10 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
     }
     result.Time = time;
     result.Accepted = time > times.LastTime && time <= MaxTimestamp;
-    if (result.Accepted) times.LastTime = time;
+    if (result.Accepted) {
+        times.LastTime = time;
+    } else {
+        result.Reason = ReasonOf(settings, time, times.LastTime);
+    }
     return result;
 }

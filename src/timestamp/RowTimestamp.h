@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "contract/RunObserver.h"
 #include "timestamp/TimestampFormat.h"
 
 class CCsvImportSettings;
@@ -31,12 +32,14 @@ struct RunTimes {
 // What became of a row.
 struct RowTimestamp {
     std::int64_t Time = NoTimestamp;
-    bool Accepted = false;    // the row's samples are stored under Time
-    bool Before1990 = false;  // an absolute time below the limit, accepted or not
+    bool Accepted = false;                       // the row's samples are stored under Time
+    bool Before1990 = false;                     // an absolute time below the limit, accepted or not
+    bool HasTime = false;                        // Time is one, accepted or not; else nothing was read
+    DropReason Reason = DropReason::DoesNotFit;  // if it isn't accepted
 };
 
-// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`,
-// which has ValuePadding readable units behind it. An accepted
-// row becomes times.LastTime. All arithmetic wraps at 64 bits.
+// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`, after which
+// ValuePadding units are readable. The time of an accepted row becomes times.LastTime. All arithmetic wraps
+// at 64 bits.
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
                               IRelativeTimeContext& context, RunTimes& times);

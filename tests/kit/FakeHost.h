@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "host/DataStore.h"
-#include "host/DeviceHost.h"
+#include "contract/DataStore.h"
+#include "contract/DeviceHost.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/Text.h"
 

@@ -1,4 +1,4 @@
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 
 #include <cstdio>
 #include <initializer_list>

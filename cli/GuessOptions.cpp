@@ -1,0 +1,17 @@
+#include "cli/GuessOptions.h"
+
+#include "host/language/Phrase.h"
+
+namespace kelvarin::cli {
+
+CLI::Option* AddGuessOption(CLI::App& command, guess::GuessOptions& options) {
+    return command.add_flag("--guess-time", options.GuessTime,
+                            Phrase("Find out the columns and the format of the times, use and print them"));
+}
+
+void AddGuessOptions(CLI::App& command, guess::GuessOptions& options) {
+    CLI::Option* const guess = AddGuessOption(command, options);
+    command.add_flag("--save", options.Save, Phrase("Keep what was guessed in FILE.info"))->needs(guess);
+}
+
+}  // namespace kelvarin::cli

@@ -1,0 +1,126 @@
+// The unit comes from the name of the column, or else from the size of the numbers: those that lie between
+// the years 2000 and 2040 count from 1970, others are taken for what makes the usual steps of a logger.
+#include "host/guess/NumberCandidates.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+#include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::guess {
+
+namespace {
+
+// How the numbers of a column are written.
+struct NumberForm {
+    bool HasPlus = false;  // a sign before positive ones
+    char16_t Mark = u'\0';
+    double First = 0;
+};
+
+// Reads "[+-]digits[mark digits][e[sign]digits]".
+bool ReadForm(const std::u16string& text, NumberForm& form) {
+    std::size_t at = 0;
+    const auto digits = [&] {
+        const std::size_t begin = at;
+        while (at < text.size() && IsDigit(text[at])) ++at;
+        return at != begin;
+    };
+    if (at < text.size() && (text[at] == u'+' || text[at] == u'-')) form.HasPlus |= text[at++] == u'+';
+    if (!digits()) return false;
+    if (at < text.size() && (text[at] == u'.' || text[at] == u',')) {
+        form.Mark = text[at++];
+        if (!digits()) return false;
+    }
+    if (at < text.size() && (text[at] == u'e' || text[at] == u'E')) {
+        ++at;
+        if (at < text.size() && (text[at] == u'+' || text[at] == u'-')) ++at;
+        if (!digits()) return false;
+    }
+    return at == text.size();
+}
+
+std::optional<NumberForm> FormOf(const TableTrial& trial, const TextList& texts) {
+    NumberForm form;
+    const TextList examples = trial.Examples(texts);
+    for (const std::u16string& example : examples) {
+        if (!ReadForm(example, form)) return std::nullopt;
+    }
+    if (examples.empty()) return std::nullopt;
+    const std::u16string first = ReplaceAll(examples.front(), u",", u".");
+    const char16_t* end = nullptr;
+    form.First = ParseDouble(first.c_str(), u'.', &end);
+    // The first number with a fraction may stand anywhere.
+    for (std::size_t i = 0; i < texts.size() && form.Mark == u'\0'; ++i) {
+        const std::size_t mark = texts[i].find_first_of(u".,");
+        if (mark != std::u16string::npos) form.Mark = texts[i][mark];
+    }
+    return form;
+}
+
+// The unit in which a number since 1970 lies in our time; nothing for none.
+std::optional<std::u16string> EpochUnit(double number) {
+    struct Scale {
+        double Factor;
+        const char16_t* Unit;
+    };
+    constexpr double From = 946'684'800;  // 2000 and 2040
+    constexpr double To = 2'208'988'800;
+    for (const Scale scale : {Scale{1, u"s"}, {1e3, u"ms"}, {1e6, u"µs"}, {1e9, u"ns"}}) {
+        if (number >= From * scale.Factor && number <= To * scale.Factor) return scale.Unit;
+    }
+    return std::nullopt;
+}
+
+// The unit that makes a usual step of numbers without one. `step` is their median step as if they counted
+// seconds, in nanoseconds.
+std::u16string UsualUnit(std::int64_t step, double first) {
+    constexpr std::int64_t Second = 1'000'000'000;
+    if (step >= 1000 * Second && first >= 1e7) return u"µs";
+    return step > Second ? u"ms" : u"s";
+}
+
+std::u16string FormatOf(const NumberForm& form, const std::u16string& unit, const std::u16string& letters) {
+    std::u16string format = form.HasPlus ? u"+" : u"";
+    format += unit == u"min" ? std::u16string(2, letters[4]) : u"[" + unit + u"]";
+    if (form.Mark != u'\0') format += std::u16string(1, form.Mark) + u"000";
+    return format;
+}
+
+std::optional<TimeCandidate> TryColumn(const TableTrial& trial, std::size_t column) {
+    TimeCandidate candidate;
+    candidate.Hint = HintOf(trial.Sample(), column);
+    const bool isPlace = !candidate.Hint.IsNamed && column == 0;
+    if (!candidate.Hint.IsTime && candidate.Hint.Unit.empty() && !isPlace) return std::nullopt;
+    const TextList texts = trial.Texts(column);
+    const std::optional<NumberForm> form = FormOf(trial, texts);
+    if (!form) return std::nullopt;
+    candidate.TimeColumn = static_cast<int>(column) + 1;
+    const std::optional<std::u16string> epoch = EpochUnit(form->First);
+    candidate.Kind = epoch && candidate.Hint.Unit.empty() ? TimeKind::Epoch : TimeKind::Elapsed;
+    candidate.Unit = candidate.Kind == TimeKind::Epoch ? *epoch : candidate.Hint.Unit;
+    if (candidate.Unit.empty()) {
+        const std::u16string seconds = FormatOf(*form, u"s", trial.Letters());
+        if (!trial.FitsFirstRows(seconds, texts, false)) return std::nullopt;
+        candidate.Unit = UsualUnit(trial.Read(seconds, texts, false).MedianStep, form->First);
+    }
+    candidate.Shape.Format = FormatOf(*form, candidate.Unit, trial.Letters());
+    if (!trial.FitsFirstRows(candidate.Shape.Format, texts, false)) return std::nullopt;
+    candidate.Reading = trial.Read(candidate.Shape.Format, texts, false);
+    return candidate;
+}
+
+}  // namespace
+
+std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial) {
+    std::vector<TimeCandidate> found;
+    for (std::size_t column = 0; column < trial.Columns(); ++column) {
+        if (std::optional<TimeCandidate> candidate = TryColumn(trial, column))
+            found.push_back(std::move(*candidate));
+    }
+    return found;
+}
+
+}  // namespace kelvarin::guess

@@ -1,0 +1,184 @@
+#include "host/hdf5/ChunkPacker.h"
+
+#include <immintrin.h>
+#include <isa-l/igzip_lib.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#include "host/hdf5/RepeatBlock.h"
+
+namespace kelvarin::hdf5 {
+
+namespace {
+
+constexpr int Level = 1;
+
+// A part of its own costs the tables of its codes.
+constexpr std::size_t SmallestPart = 8 * 1024;
+
+// Of a block that the format stores as it is.
+constexpr std::size_t MostStored = 0xFFFF;
+
+constexpr std::size_t LongestDistance = 32 * 1024;
+
+constexpr std::size_t SumSize = 4;  // of the checksum at the end
+
+// Above this share of its size a chunk is kept as it is: it reads faster.
+constexpr std::size_t WorthNumerator = 31;
+constexpr std::size_t WorthDenominator = 32;
+
+// Eight rows of eight bytes become eight planes of eight bytes.
+void TransposeEight(const std::uint8_t* in, std::uint8_t* out, std::size_t stride) {
+    const auto load = [&](std::size_t pair) {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + pair * sizeof(__m128i)));
+    };
+    const __m128i row01 = load(0);
+    const __m128i row23 = load(1);
+    const __m128i row45 = load(2);
+    const __m128i row67 = load(3);
+    const auto interleave = [](__m128i a) { return _mm_unpacklo_epi8(a, _mm_unpackhi_epi64(a, a)); };
+    const __m128i bytes01 = interleave(row01);
+    const __m128i bytes23 = interleave(row23);
+    const __m128i bytes45 = interleave(row45);
+    const __m128i bytes67 = interleave(row67);
+    const __m128i low0123 = _mm_unpacklo_epi16(bytes01, bytes23);
+    const __m128i high0123 = _mm_unpackhi_epi16(bytes01, bytes23);
+    const __m128i low4567 = _mm_unpacklo_epi16(bytes45, bytes67);
+    const __m128i high4567 = _mm_unpackhi_epi16(bytes45, bytes67);
+    const auto store = [&](std::size_t plane, __m128i two) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + plane * stride), two);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + (plane + 1) * stride),
+                         _mm_unpackhi_epi64(two, two));
+    };
+    store(0, _mm_unpacklo_epi32(low0123, low4567));
+    store(2, _mm_unpackhi_epi32(low0123, low4567));
+    store(4, _mm_unpacklo_epi32(high0123, high4567));
+    store(6, _mm_unpackhi_epi32(high0123, high4567));
+}
+
+// True if every byte occurs about as often as every other, judged by a few stretches.
+bool IsFlat(std::span<const std::uint8_t> part) {
+    constexpr std::size_t Stretches = 8;
+    constexpr std::size_t StretchSize = 256;
+    std::uint32_t counts[256] = {};
+    for (std::size_t stretch = 0; stretch < Stretches; ++stretch) {
+        const auto bytes = part.subspan(stretch * (part.size() / Stretches), StretchSize);
+        for (const std::uint8_t byte : bytes) ++counts[byte];
+    }
+    std::uint32_t squares = 0;
+    for (const std::uint32_t count : counts) squares += count * count;
+    // 18,424 for chance. Up to this no code of whole bits saves more than a fiftieth.
+    constexpr std::uint32_t MostForChance = 30'000;
+    return squares < MostForChance;
+}
+
+// The packing library leaves the upper halves of the registers in use, which makes all arithmetic outside it
+// wait for them: an import would take a quarter longer.
+[[gnu::target("avx")]] void ClearUpperHalves() {
+    _mm256_zeroupper();
+}
+
+const bool HasWideRegisters = __builtin_cpu_supports("avx") != 0;
+
+void Shuffle(std::span<const std::uint8_t> in, std::uint8_t* out, std::size_t width) {
+    const std::size_t count = in.size() / width;
+    std::size_t done = 0;
+    if (width == 8) {
+        for (; done + 8 <= count; done += 8) TransposeEight(in.data() + done * width, out + done, count);
+    }
+    for (std::size_t plane = 0; plane < width; ++plane) {
+        for (std::size_t i = done; i < count; ++i) out[plane * count + i] = in[i * width + plane];
+    }
+}
+
+}  // namespace
+
+ChunkPacker::ChunkPacker() : Workspace(ISAL_DEF_LVL1_DEFAULT) {}
+
+std::span<const std::uint8_t> ChunkPacker::Pack(std::span<const std::uint8_t> chunk, std::size_t width) {
+    const bool isWorthIt = PackParts(chunk, width);
+    if (HasWideRegisters) ClearUpperHalves();
+    return std::span(Packed).first(isWorthIt ? Used : 0);
+}
+
+bool ChunkPacker::PackParts(std::span<const std::uint8_t> chunk, std::size_t width) {
+    std::span<const std::uint8_t> bytes = chunk;
+    if (width > 1) {
+        Planes.resize(chunk.size());
+        Shuffle(chunk, Planes.data(), width);
+        bytes = Planes;
+    }
+    constexpr std::uint8_t Head[] = {0x78, 0x01};  // of the zlib format: a window of 32 KiB, fastest
+    Packed.resize(chunk.size() / WorthDenominator * WorthNumerator + sizeof Head + SumSize + 64);
+    std::copy(std::begin(Head), std::end(Head), Packed.begin());
+    Used = sizeof Head;
+    // The planes of a number are as different as can be: codes of its own for each pack it better.
+    const std::size_t plane = chunk.size() / width;
+    const std::size_t part = plane >= SmallestPart ? plane : chunk.size();
+    const bool canRepeat = part == plane && std::has_single_bit(part) && part <= LongestDistance;
+    for (std::size_t at = 0; at < bytes.size(); at += part) {
+        const bool isLast = at + part == bytes.size();
+        const bool isAsBefore =
+            canRepeat && at != 0 && std::memcmp(bytes.data() + at - part, bytes.data() + at, part) == 0;
+        if (!(isAsBefore ? Repeat(part, isLast) : Append(bytes.subspan(at, part), isLast))) return false;
+    }
+    const std::uint32_t sum = isal_adler32(1, bytes.data(), bytes.size());
+    for (int shift = 24; shift >= 0; shift -= 8) Packed[Used++] = static_cast<std::uint8_t>(sum >> shift);
+    return true;
+}
+
+bool ChunkPacker::Append(std::span<const std::uint8_t> part, bool isLast) {
+    return IsNoise(part) ? Store(part, isLast) : Deflate(part, isLast);
+}
+
+bool ChunkPacker::Repeat(std::size_t size, bool isLast) {
+    const std::vector<std::uint8_t> block = MakeRepeatBlock(size, isLast);
+    if (Packed.size() - Used < block.size() + SumSize) return false;
+    std::memcpy(Packed.data() + Used, block.data(), block.size());
+    Used += block.size();
+    return true;
+}
+
+bool ChunkPacker::IsNoise(std::span<const std::uint8_t> part) {
+    constexpr std::size_t TrialSize = SmallestPart / 2;
+    if (part.size() < SmallestPart || part.size() > MostStored || !IsFlat(part)) return false;
+    // Flat may also be what repeats.
+    const std::size_t before = Used;
+    const bool fits = Deflate(part.first(TrialSize), false);
+    const std::size_t size = Used - before;
+    Used = before;
+    return !fits || size > TrialSize / WorthDenominator * WorthNumerator;
+}
+
+bool ChunkPacker::Store(std::span<const std::uint8_t> part, bool isLast) {
+    const auto size = static_cast<std::uint16_t>(part.size());
+    const auto low = [](unsigned value) { return static_cast<std::uint8_t>(value); };
+    const std::uint8_t head[] = {isLast, low(size), low(size >> 8), low(~size), low(~size >> 8)};
+    if (Packed.size() - Used < sizeof head + part.size() + SumSize) return false;
+    std::copy(std::begin(head), std::end(head), Packed.begin() + static_cast<std::ptrdiff_t>(Used));
+    std::memcpy(Packed.data() + Used + sizeof head, part.data(), part.size());
+    Used += sizeof head + part.size();
+    return true;
+}
+
+bool ChunkPacker::Deflate(std::span<const std::uint8_t> part, bool isLast) {
+    isal_zstream stream;
+    isal_deflate_stateless_init(&stream);
+    stream.level = Level;
+    stream.level_buf = Workspace.data();
+    stream.level_buf_size = static_cast<std::uint32_t>(Workspace.size());
+    stream.gzip_flag = IGZIP_DEFLATE;
+    stream.flush = isLast ? NO_FLUSH : FULL_FLUSH;
+    stream.end_of_stream = isLast ? 1 : 0;
+    stream.next_in = const_cast<std::uint8_t*>(part.data());
+    stream.avail_in = static_cast<std::uint32_t>(part.size());
+    stream.next_out = Packed.data() + Used;
+    stream.avail_out = static_cast<std::uint32_t>(Packed.size() - SumSize - Used);
+    if (isal_deflate_stateless(&stream) != COMP_OK) return false;
+    Used += stream.total_out;
+    return true;
+}
+
+}  // namespace kelvarin::hdf5
