@@ -42,9 +42,7 @@ bool CCsvImportFilter::HasOptionDialog() {
 
 void CCsvImportFilter::CopyOptionsFrom(CImportFilter& other) {
     Settings = static_cast<CCsvImportFilter&>(other).Settings;
-    // Nothing of a run may point into the old columns.
-    SampleColumns.clear();
-    Times.Correction.reset();
+    SettledFor.reset();  // nothing of a run may point into the old columns
 }
 
 void CCsvImportFilter::AddFileMessage(unsigned id) {
