@@ -10,7 +10,7 @@
 CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), InfoFile(FilePath) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
-    Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+    Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();
 }
 
