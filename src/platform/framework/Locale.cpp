@@ -36,10 +36,11 @@ std::int64_t FromLocalTime(const LocalTime& local) {
     std::int64_t offset = 0;
     std::int64_t before = 0;
     std::int64_t after = 0;
-    // Offsets are less than a day, so the moment is between these two, and the clocks change once at most.
-    if (!OffsetAt(inUtc - DaySeconds, before) || !OffsetAt(inUtc + DaySeconds, after)) return -1;
-    // Clocks set back show the time first by the offset before, then by the one after.
+    // Offsets are less than a day, so the moment is less than a day from `inUtc`, and in that time the clocks
+    // change once at most. Set back, they show the time first by the offset before the change.
+    if (!OffsetAt(inUtc - DaySeconds, before)) return -1;
     if (OffsetAt(inUtc - before, offset) && offset == before) return inUtc - before;
+    if (!OffsetAt(inUtc + DaySeconds, after)) return -1;
     if (OffsetAt(inUtc - after, offset) && offset == after) return inUtc - after;
     return inUtc - before;
 }

@@ -38,18 +38,22 @@ SYSTEMTIME ToCalendar(std::int64_t seconds) {
     return calendar;
 }
 
-// The zone's rules in a year, which may have been others than today's.
-TIME_ZONE_INFORMATION ZoneIn(WORD year) {
-    TIME_ZONE_INFORMATION zone{};
-    if (!GetTimeZoneInformationForYear(year, nullptr, &zone)) GetTimeZoneInformation(&zone);
+// The zone's rules in a year, which may have been others than today's. Those of the last year are kept: the
+// system reads them anew for every call.
+const TIME_ZONE_INFORMATION& ZoneIn(WORD year) {
+    thread_local TIME_ZONE_INFORMATION zone{};
+    thread_local WORD yearOfZone = 0;
+    if (year != yearOfZone) {
+        if (!GetTimeZoneInformationForYear(year, nullptr, &zone)) GetTimeZoneInformation(&zone);
+        yearOfZone = year;
+    }
     return zone;
 }
 
 // Local time of a moment in the years that the system can convert. False if it refuses.
 bool ToLocalCalendar(std::int64_t seconds, SYSTEMTIME& shown) {
     const SYSTEMTIME utc = ToCalendar(seconds);
-    const TIME_ZONE_INFORMATION zone = ZoneIn(utc.wYear);
-    return SystemTimeToTzSpecificLocalTime(&zone, &utc, &shown) != FALSE;
+    return SystemTimeToTzSpecificLocalTime(&ZoneIn(utc.wYear), &utc, &shown) != FALSE;
 }
 
 // Writes a moment as GetDateFormatW or GetTimeFormatW do: by the user's settings once the user's locale is in
