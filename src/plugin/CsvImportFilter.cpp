@@ -16,7 +16,7 @@ CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), 
     Offer<IObservedAnalysis>(OptionalInterfaces);
     Offer<IObservedRun>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
-    Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+    Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();
 }
 
