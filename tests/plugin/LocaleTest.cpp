@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/NumberCells.h"
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "kit/BuiltLocale.h"
 #include "kit/TestProfile.h"
 #include "platform/framework/Text.h"

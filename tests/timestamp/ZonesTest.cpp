@@ -9,7 +9,7 @@
 #include <set>
 #include <vector>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "kit/LocalMoment.h"
 #include "kit/OwnZone.h"
 #include "kit/TestProfile.h"

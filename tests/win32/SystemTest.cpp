@@ -4,7 +4,7 @@
 
 #include <clocale>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "kit/Workdir.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Locale.h"
