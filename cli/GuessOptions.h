@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/CommandLine.h"
-#include "host/guess/GuessInForce.h"
+#include "host/guess/TimeGuess.h"
 
 namespace kelvarin::cli {
 

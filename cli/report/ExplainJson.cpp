@@ -1,10 +1,9 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/report/ExplainReport.h"
-#include "cli/report/TextReport.h"
+#include "cli/report/Options.h"
 #include "host/Words.h"
 #include "host/explain/ColumnReason.h"
-#include "host/explain/FormatReason.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -49,7 +48,7 @@ Json GroupJson(const explain::CellGroup& group) {
 Json ColumnJson(const explain::Explanation& explanation, std::size_t column) {
     const explain::ColumnReason reason = explain::ReasonFor(explanation.Record, column);
     Json fell = Json::object();
-    for (int type = explain::BooleanType; type <= explain::TextType; ++type) {
+    for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
         const explain::CellGroup& end = reason.Fell[static_cast<std::size_t>(type - 1)];
         if (end.Count == 0) continue;
         fell[std::to_string(type)] = {{"line", end.FirstLine}, {"text", Utf16ToUtf8(end.FirstText)}};
@@ -90,7 +89,7 @@ Json ProposalJson(const explain::Explanation& explanation) {
             {"namesLine", table.NamesLine},
             {"names", Utf16ToUtf8(table.Names)},
             {"advised", explanation.IsAdvised()},
-            {"options", explanation.IsAdvised() ? explanation.ProposedOptions() : std::string()}};
+            {"options", explanation.IsAdvised() ? OptionsText(explanation.ProposedSettings()) : ""}};
 }
 
 }  // namespace
@@ -100,9 +99,10 @@ void WriteExplanationJson(std::ostream& out, const std::string& file,
     Json columns = Json::array();
     const std::size_t shown = std::min(explanation.Columns.size(), explain::AnalysisRecord::MostColumns);
     for (std::size_t i = 0; i < shown; ++i) columns.push_back(ColumnJson(explanation, i));
-    Json surprises = Json::array();
-    for (const explain::Surprise& surprise : explanation.Surprises) {
-        surprises.push_back({{"kind", surprise.Kind}, {"text", surprise.Text}, {"remedy", surprise.Remedy}});
+    Json warnings = Json::array();
+    for (const explain::Warning& warning : explanation.Warnings) {
+        warnings.push_back(
+            {{"kind", warning.Kind}, {"text", warning.Text}, {"remedy", RemedyText(warning.Remedy)}});
     }
     const Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
                            {"taken", FormatInWords(explanation.Format)},
@@ -112,7 +112,7 @@ void WriteExplanationJson(std::ostream& out, const std::string& file,
                            {"table", TableJson(explanation)},
                            {"columns", columns},
                            {"columnCount", explanation.Columns.size()},
-                           {"warnings", surprises},
+                           {"warnings", warnings},
                            {"proposal", ProposalJson(explanation)}};
     out << document.dump() << "\n";
 }

@@ -2,11 +2,11 @@
 #include <sstream>
 
 #include "cli/report/ExplainReport.h"
+#include "cli/report/Options.h"
 #include "cli/report/Style.h"
 #include "cli/report/TextReport.h"
 #include "cli/report/TextTable.h"
 #include "host/explain/ColumnReason.h"
-#include "host/explain/FormatReason.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -56,13 +56,12 @@ void WriteColumns(std::ostream& out, const explain::Explanation& explanation) {
         out << "    " << Phrase("... and {} more columns", explanation.Columns.size() - shown) << "\n";
 }
 
-void WriteSurprises(std::ostream& out, const explain::Explanation& explanation) {
-    for (const explain::Surprise& surprise : explanation.Surprises) {
-        WriteLine(out, ReportLabel(Phrase("warning")), surprise.Text);
-        if (surprise.Remedy.empty() ||
-            (explanation.IsAdvised() && surprise.Remedy == explanation.ProposedOptions()))
-            continue;
-        WriteLine(out, ReportLabel(""), Phrase("Remedy: {}", surprise.Remedy));
+void WriteWarnings(std::ostream& out, const explain::Explanation& explanation) {
+    for (const explain::Warning& warning : explanation.Warnings) {
+        WriteLine(out, ReportLabel(Phrase("warning")), warning.Text);
+        // Settings alone are those of the advice below.
+        if (!warning.Remedy.Text.empty())
+            WriteLine(out, ReportLabel(""), Phrase("Remedy: {}", RemedyText(warning.Remedy)));
     }
 }
 
@@ -72,7 +71,7 @@ void WriteAdvice(std::ostream& out, const explain::Explanation& explanation) {
         WriteLine(out, ReportLabel(Phrase("advice")),
                   Phrase("A table seems to begin in line {} (rows: {}, cells in each: {}). To take it ({}):",
                          table.Format.FirstDataLine(), table.Rows, table.Cells, explanation.ProposalGives));
-        out << ReportLabel("") << explanation.ProposedOptions() << "\n";
+        out << ReportLabel("") << OptionsText(explanation.ProposedSettings()) << "\n";
     }
     if (explanation.ReadsTimes)
         WriteLine(out, ReportLabel(Phrase("times")),
@@ -94,7 +93,7 @@ void WriteExplanationText(std::ostream& out, const std::string& file,
     if (!second.empty()) WriteLine(out, ReportLabel(Phrase("runner-up")), second);
     WriteLine(out, ReportLabel(Phrase("analysed")), explain::RowsRead(explanation.Record));
     WriteColumns(out, explanation);
-    WriteSurprises(out, explanation);
+    WriteWarnings(out, explanation);
     WriteAdvice(out, explanation);
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/report/Options.h"
 #include "cli/report/Style.h"
-#include "host/guess/TimeAdvice.h"
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
@@ -21,6 +21,12 @@ const char* CertaintyName(guess::Certainty sureness) {
     return Names[static_cast<int>(sureness)];
 }
 
+std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
+    std::vector<std::string> objections = guess.Objections;
+    if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
+    return objections;
+}
+
 }  // namespace
 
 void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
@@ -29,14 +35,14 @@ void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
         out << Phrase("none: {}", guess.Failure) << "\n";
         return;
     }
-    out << guess::CertaintyText(guess.Sureness) << ": " << guess.Basis;
+    out << guess::CertaintyInWords(guess.Sureness) << ": " << guess.Basis;
     if (!guess.IsFixedInterval)
         out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
-    out << "\n" << Indent << guess::OptionsText(guess.Settings) << "\n";
-    for (const std::string& objection : guess.Objections)
+    out << "\n" << Indent << OptionsText(guess.Settings) << "\n";
+    for (const std::string& objection : ObjectionsOf(guess))
         out << Indent << Phrase("but: {}", objection) << "\n";
     if (!guess.OtherBasis.empty())
-        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, guess::OptionsText(guess.OtherSettings)) << "\n";
+        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
     if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }
@@ -48,14 +54,14 @@ Json GuessToJson(const guess::TimeGuess& guess) {
     return {{"certainty", CertaintyName(guess.Sureness)},
             {"basis", guess.Basis},
             {"settings", settings},
-            {"options", guess::OptionsText(guess.Settings)},
+            {"options", OptionsText(guess.Settings)},
             {"fixedInterval", guess.IsFixedInterval},
             {"rows", guess.Rows},
             {"fitting", guess.Read},
             {"rising", guess.Rising},
-            {"objections", guess.Objections},
+            {"objections", ObjectionsOf(guess)},
             {"otherBasis", guess.OtherBasis},
-            {"otherOptions", guess::OptionsText(guess.OtherSettings)},
+            {"otherOptions", OptionsText(guess.OtherSettings)},
             {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
 }
 

@@ -3,14 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/guess/DateCandidates.h"
-#include "host/guess/GuessDoubts.h"
-#include "host/guess/GuessSettings.h"
-#include "host/guess/IntervalGuess.h"
-#include "host/guess/NumberCandidates.h"
-#include "host/guess/StandardSpelling.h"
-#include "host/guess/TimeGuess.h"
+#include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
@@ -20,7 +15,7 @@ namespace {
 constexpr double LeastRisingPart = 0.02;
 
 bool HasFractions(const TimeReading& reading) {
-    constexpr std::int64_t Second = 1'000'000'000;
+    constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
     return std::any_of(reading.Times.begin(), reading.Times.end(),
                        [](std::int64_t time) { return time != -1 && time % Second != 0; });
 }
@@ -80,7 +75,7 @@ std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, do
     return taken;
 }
 
-std::vector<TimeCandidate> AllCandidates(const TableTrial& trial) {
+std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
     DropTimesOfPairs(candidates);
     for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
@@ -90,6 +85,11 @@ std::vector<TimeCandidate> AllCandidates(const TableTrial& trial) {
 }
 
 }  // namespace
+
+std::string CertaintyInWords(Certainty certainty) {
+    if (certainty == Certainty::Certain) return Phrase("certain");
+    return certainty == Certainty::Likely ? Phrase("likely") : Phrase("a guess");
+}
 
 TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     TimeGuess guess;
@@ -108,7 +108,7 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         return guess;
     }
     const TableTrial trial(*times, table);
-    std::vector<TimeCandidate> candidates = AllCandidates(trial);
+    std::vector<TimeCandidate> candidates = FindCandidates(trial);
     std::optional<TimeCandidate> best = TakeBest(candidates, 0);
     // Texts that are times count more than numbers of which nothing tells what they are.
     const bool isSpoken =
@@ -118,15 +118,15 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         GuessAnyInterval(trial, guess);
         return guess;
     }
-    UseStandardSpelling(module, trial, *best);
+    UseStandardFormat(module, trial, *best);
     guess.Read = best->Reading.Read;
     guess.Rising = best->Reading.Rising;
     guess.Settings = SettingsFor(*best, path);
     guess.Basis = BasisOf(*best);
-    AddDoubts(trial, *best, guess);
+    AddObjections(*best, guess);
     constexpr double NearlyAsGood = 0.8;
     if (std::optional<TimeCandidate> other = TakeBest(candidates, ScoreOf(*best) * NearlyAsGood)) {
-        UseStandardSpelling(module, trial, *other);
+        UseStandardFormat(module, trial, *other);
         guess.OtherBasis = BasisOf(*other);
         guess.OtherSettings = SettingsFor(*other, path);
     }
