@@ -15,12 +15,6 @@ namespace {
 
 constexpr const char* Indent = "            ";
 
-// Names of a language of its own, for scripts.
-const char* CertaintyName(guess::Certainty sureness) {
-    constexpr const char* Names[] = {"certain", "likely", "guess"};
-    return Names[static_cast<int>(sureness)];
-}
-
 std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
     std::vector<std::string> objections = guess.Objections;
     if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
@@ -49,9 +43,10 @@ void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
 
 Json GuessToJson(const guess::TimeGuess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
+    constexpr const char* Certainties[] = {"certain", "likely", "guess"};  // the same in every language
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
-    return {{"certainty", CertaintyName(guess.Sureness)},
+    return {{"certainty", Certainties[static_cast<int>(guess.Sureness)]},
             {"basis", guess.Basis},
             {"settings", settings},
             {"options", OptionsText(guess.Settings)},

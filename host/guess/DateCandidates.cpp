@@ -74,7 +74,7 @@ std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCan
     return length;
 }
 
-// What stands in one column alone.
+// The texts of one column and the ways to read them.
 struct ColumnTexts {
     TextList Texts;
     std::vector<FormatShape> Dates, Times;

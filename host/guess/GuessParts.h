@@ -12,8 +12,8 @@ std::string BasisOf(const TimeCandidate& candidate);
 // Settles how sure the guess is and adds what speaks against it.
 void AddObjections(const TimeCandidate& candidate, TimeGuess& guess);
 
-// The settings that make a candidate the times of a file. The path is that of the file, whose own date stands
-// in for one that its rows lack.
+// The settings that make a candidate the times of a file. The path is that of the file, whose own date is
+// taken if its rows lack one.
 SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& path);
 
 // True if the times are times of day that run over midnight, so that they need a start date.

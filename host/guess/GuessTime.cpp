@@ -11,8 +11,16 @@ namespace kelvarin::guess {
 
 namespace {
 
-// With fewer rows a column's times are no axis, and an interval serves better.
+// With fewer rows a column's times are no axis, and an interval serves better. Days beside hourly rows keep
+// one row in 24 and are worth a proposal with its objection; a least part of 0.1 loses them.
 constexpr double LeastRisingPart = 0.02;
+
+// Scores so close are equal, and the column further left is taken, as people do. At 0.05 times of day tie
+// with dates, and minutes with seconds. At 0 the files tried give the same, but one lost row would decide.
+constexpr double Better = 0.02;
+
+// From here on another proposal is worth a line: elapsed times with a unit and a name beside a full date.
+constexpr double NearlyAsGood = 0.8;
 
 bool HasFractions(const TimeReading& reading) {
     constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
@@ -20,7 +28,24 @@ bool HasFractions(const TimeReading& reading) {
                        [](std::int64_t time) { return time != -1 && time % Second != 0; });
 }
 
-// A time with fractions beside a date that may be read in two ways is the axis that is known.
+// What a kind of time is worth where several columns keep as many rows. Only the order and the distances
+// count. Each figure was tried at those beside it, on some 45 files of loggers, meters, battery testers and
+// buses, and on made ones:
+//
+// Date and time: the complete axis. In doubt about day and month it loses 0.1 and so comes below the time of
+// day with fractions, above the one without. With no loss, or the fractions at 0.85, a battery tester's
+// doubtful date wins over its exact test time; with a loss of 0.2 a clock in whole seconds wins over the
+// date.
+//
+// Seconds since 1970: as complete, so within Better of 1; anything from 0.9 to 1 gave the same.
+//
+// Date alone: at 1 it wins over dates with times if it is further left.
+//
+// Time of day: with fractions within Better of a date alone; without, at 0.93, it wins over doubtful dates.
+//
+// Elapsed: a number may be anything, so below all texts; at 1 the seconds of a step win over a date. A name
+// that speaks of time is worth more than a unit alone, which may be another word: in "min. V" a minimum.
+// With the name at 0.6 or the unit at 0.8 the record number below that wins over the test time.
 double WeightOf(const TimeCandidate& candidate) {
     const double doubt = candidate.Proof == OrderProof::Missing ? 0.1 : 0;
     switch (candidate.Kind) {
@@ -62,7 +87,6 @@ void DropTimesOfPairs(std::vector<TimeCandidate>& candidates) {
 
 // The best one, the leftmost of those that are as good; it is taken out of the list.
 std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, double leastScore) {
-    constexpr double Better = 0.02;
     auto best = candidates.end();
     for (auto candidate = candidates.begin(); candidate != candidates.end(); ++candidate) {
         const double score = ScoreOf(*candidate);
@@ -124,7 +148,6 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     guess.Settings = SettingsFor(*best, path);
     guess.Basis = BasisOf(*best);
     AddObjections(*best, guess);
-    constexpr double NearlyAsGood = 0.8;
     if (std::optional<TimeCandidate> other = TakeBest(candidates, ScoreOf(*best) * NearlyAsGood)) {
         UseStandardFormat(module, trial, *other);
         guess.OtherBasis = BasisOf(*other);

@@ -52,7 +52,7 @@ std::optional<NumberForm> FormOf(const TableTrial& trial, const TextList& texts)
     const std::u16string first = ReplaceAll(examples.front(), u",", u".");
     const char16_t* end = nullptr;
     form.First = ParseDouble(first.c_str(), u'.', &end);
-    // The first number with a fraction may stand anywhere.
+    // The first number with a fraction may be anywhere.
     for (std::size_t i = 0; i < texts.size() && form.Mark == u'\0'; ++i) {
         const std::size_t mark = texts[i].find_first_of(u".,");
         if (mark != std::u16string::npos) form.Mark = texts[i][mark];
