@@ -20,14 +20,14 @@ GuessLayer::GuessLayer(const ModuleLoader& module, const std::u16string& path, c
         Made->Objections.push_back(
             Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
     }
-    for (const auto& [key, value] : Made->Settings) {
+    for (const auto& guessed : Made->Settings) {
         const bool isChosen = std::any_of(chosen.begin(), chosen.end(), [&](const ParsedSetting& setting) {
-            return Utf16ToUtf8(setting.Key) == key;
+            return Utf16ToUtf8(setting.Key) == guessed.first;
         });
         if (isChosen) {
-            Made->Objections.push_back(Phrase("{} stays as it was set", key));
+            Made->Objections.push_back(Phrase("{} stays as it was set", guessed.first));
         } else {
-            Layer.Set(key, value);
+            Layer.Set(guessed.first, guessed.second);
         }
     }
     if (!options.Save) return;
