@@ -20,7 +20,7 @@ namespace {
 int AnalyzeFile(const ModuleLoader& module, const CommonOptions& options, const guess::GuessOptions& guessing,
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessInForce guessed(module, path, guessing, options.Settings);
+    const guess::GuessLayer guessed(module, path, guessing, options.Settings);
     HostSession session(module, path, RunOptions());
     const bool analyzed = session.Filter().AnalyzeFile();
     if (options.Json) {

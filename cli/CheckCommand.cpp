@@ -7,6 +7,7 @@
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
+#include "cli/report/Options.h"
 #include "host/SourceCheck.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
@@ -29,7 +30,7 @@ std::string AdviceFor(const ModuleLoader& module, const std::u16string& path,
                       const check::CheckResult& result, const CImportFilter& filter) {
     const bool lostAll = result.Series && result.Series->Count() == 0 && result.Dropped.Count() != 0;
     if (!lostAll || result.Reading.IsInterval || result.Above.First != 0) return {};
-    return guess::AdviseTimestamp(module, path, filter);
+    return RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(filter)));
 }
 
 // Empty, or why the file could not be checked.

@@ -13,6 +13,7 @@
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
+#include "cli/report/Options.h"
 #include "cli/report/TextReport.h"
 #include "host/HostSession.h"
 #include "host/Reading.h"
@@ -87,7 +88,7 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     const bool hasReason =
         !session.Messages().IsEmpty();  // a lone column of times gives no signal, and rightly so
     if (LostEveryRow(result, session) && readsTime && hasReason && guess == nullptr)
-        advice = guess::AdviseTimestamp(module, path, session.Filter());
+        advice = RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(session.Filter())));
     WriteFormatText(std::cout, file, session.Filter());
     if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);
@@ -101,7 +102,7 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
     bool hasStored = true;
     {
         ProgressLine progress(file);
-        const guess::GuessInForce guessed(module, path, options.Guessing, common.Settings);
+        const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
         RunOptions run = MakeRunOptions(common, options, progress);
         run.Sink = store.BeginRun();
         HostSession session(module, path, std::move(run));

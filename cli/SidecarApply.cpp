@@ -11,7 +11,6 @@
 #include "cli/many/Tally.h"
 #include "host/FileList.h"
 #include "host/language/Phrase.h"
-#include "host/sidecar/SidecarFit.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"

@@ -70,13 +70,13 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& options, const st
 int WriteFile(const ModuleLoader& module, const CommonOptions& options, const guess::GuessOptions& guessing,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessInForce guessed(module, path, guessing, options.Settings);
+    const guess::GuessLayer guessed(module, path, guessing, options.Settings);
     const guess::TimeGuess* const guess = guessed.Guess();
     std::string reason;
     if (guess == nullptr) {
         reason = sidecar::WriteSidecar(module, path);
     } else {
-        reason = guess->Failure.empty() ? guess::SaveBeside(module, path) : guess->Failure;
+        reason = guess->Failure.empty() ? sidecar::SaveSidecar(module, path) : guess->Failure;
     }
     const bool written = reason.empty();
     if (options.Json) {

@@ -10,8 +10,9 @@ namespace kelvarin {
 // What a front end can do itself, by an option or a button, beside putting settings in force.
 enum class RemedyAction {
     None,
-    ExtractRows,         // copy the dropped rows to a file of their own
-    ExtractRowsAndCells  // and those with a refused cell
+    ExtractRows,          // copy the dropped rows to a file of their own
+    ExtractRowsAndCells,  // and those with a refused cell
+    SwitchToEnglish       // read the file once more in English, whose formats have other letters
 };
 
 struct Remedy {

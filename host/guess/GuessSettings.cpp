@@ -1,4 +1,4 @@
-#include "host/guess/GuessSettings.h"
+#include "host/guess/GuessParts.h"
 
 #include <chrono>
 #include <filesystem>
@@ -6,12 +6,13 @@
 #include "contract/TimeStamp.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
 namespace {
 
-constexpr std::int64_t Second = 1'000'000'000;
+constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
 constexpr std::int64_t DaySeconds = 86'400;
 
 // The day on which the first row was written, if the file was last changed with its last row.

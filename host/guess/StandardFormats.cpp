@@ -1,17 +1,11 @@
-#include "host/guess/StandardSpelling.h"
-
-#include <algorithm>
-
+// The module's standard formats in place of those made from a text.
+#include "host/guess/TimeCandidate.h"
 #include "platform/framework/Text.h"
+#include "resources/ResourceIds.h"
 
 namespace kelvarin::guess {
 
 namespace {
-
-// Strings of the module with its standard formats.
-constexpr unsigned TimeFormatsId = 1000;
-constexpr unsigned ElapsedTimeFormatsId = 1001;
-constexpr unsigned DateFormatsId = 1002;
 
 TextList Items(const ModuleLoader& module, unsigned id) {
     TextList items;
@@ -21,13 +15,13 @@ TextList Items(const ModuleLoader& module, unsigned id) {
 
 TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
                          const TimeCandidate& candidate) {
-    TextList times = Items(module, TimeFormatsId);
+    TextList times = Items(module, IdTimeFormats);
     if (!candidate.HasDate()) {
-        for (std::u16string& elapsed : Items(module, ElapsedTimeFormatsId))
-            times.push_back(std::move(elapsed));
+        const TextList elapsed = Items(module, IdElapsedTimeFormats);
+        times.insert(times.end(), elapsed.begin(), elapsed.end());
         return times;
     }
-    const TextList dates = Items(module, DateFormatsId);
+    const TextList dates = Items(module, IdDateFormats);
     if (candidate.Kind == TimeKind::Date) return dates;
     const bool sameColumn = candidate.DateColumn == candidate.TimeColumn;
     const std::u16string& separator = trial.Sample().Separator;
@@ -45,15 +39,14 @@ TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
 
 }  // namespace
 
-void UseStandardSpelling(const ModuleLoader& module, const TableTrial& trial, TimeCandidate& candidate) {
-    const auto date = static_cast<std::size_t>(candidate.DateColumn) - 1;
+void UseStandardFormat(const ModuleLoader& module, const TableTrial& trial, TimeCandidate& candidate) {
+    const bool hasDate = candidate.HasDate();
     const auto time = static_cast<std::size_t>(candidate.TimeColumn) - 1;
-    const bool joined = candidate.HasDate() && date != time;
     const TextList texts =
-        joined ? trial.JoinedTexts(std::min(date, time), std::max(date, time)) : trial.Texts(time);
+        trial.Texts(time, hasDate ? static_cast<std::size_t>(candidate.DateColumn) - 1 : time);
     for (const std::u16string& format : StandardFormats(module, trial, candidate)) {
-        if (!trial.FitsFirstRows(format, texts, candidate.HasDate())) continue;
-        if (trial.Read(format, texts, candidate.HasDate()).Times != candidate.Reading.Times) continue;
+        if (!trial.FitsFirstRows(format, texts, hasDate)) continue;
+        if (trial.Read(format, texts, hasDate).Times != candidate.Reading.Times) continue;
         candidate.Shape.Format = format;
         return;
     }
