@@ -25,14 +25,6 @@ std::int64_t FirstDayOf(const std::u16string& path, std::size_t rollOvers) {
     return moment.count() - static_cast<std::int64_t>(rollOvers) * DaySeconds;
 }
 
-// The local midnight of 1970-01-01 lies beside the moment from which the numbers count, unless the zone is
-// UTC. A correction by the moment's own time of day makes it exact.
-void AddEpoch(SettingList& settings) {
-    settings.emplace_back("StartDate", "0");
-    if (CTimeStamp(CTime{0}).DaytimeToTIME(true) == 0) return;
-    settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "1"}, {"AdjustTime", "0"}});
-}
-
 // The later of two times is the one that a format reads; the rows belong to the earlier.
 void AddRange(SettingList& settings, std::int64_t length) {
     const auto seconds = static_cast<int>(length / Second);
@@ -51,7 +43,7 @@ SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& pa
     const bool fixedDate = candidate.Kind == TimeKind::Epoch || RunsOverMidnight(candidate);
     SettingList settings = {{"DateSetting", candidate.HasDate() ? "0" : fixedDate ? "1" : "2"}};
     if (candidate.HasDate()) settings.emplace_back("DateColumn", std::to_string(candidate.DateColumn));
-    if (candidate.Kind == TimeKind::Epoch) AddEpoch(settings);
+    if (candidate.Kind == TimeKind::Epoch) settings.emplace_back("StartDate", "0");
     if (RunsOverMidnight(candidate))
         settings.emplace_back("StartDate", std::to_string(FirstDayOf(path, candidate.Reading.RollOvers)));
     settings.emplace_back("TimeSetting", "0");
