@@ -110,7 +110,7 @@ int ImportFile(const ModuleLoader& module, const CommonOptions& common, const Im
         reason = WhyFailed(path, result, session);
         tally.Samples += CountSamples(session);
         const bool isDone = reason.empty() && !result.Interrupted;
-        hasStored = store.EndRun(session, file, options.BaseTime, isDone);
+        hasStored = store.EndRun(session, isDone);
         if (common.Json) {
             WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {

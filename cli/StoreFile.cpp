@@ -1,38 +1,9 @@
 #include "cli/StoreFile.h"
 
-#include <chrono>
-#include <filesystem>
-
 #include "cli/Complaints.h"
-#include "host/HostSession.h"
-#include "host/Reading.h"
-#include "host/SettingText.h"
 #include "host/language/Phrase.h"
-#include "platform/framework/Path.h"
 
 namespace kelvarin::cli {
-
-namespace {
-
-store::SampleOrigin OriginOf(const HostSession& session, const std::string& source,
-                             std::optional<std::int64_t> baseTime) {
-    store::SampleOrigin origin;
-    const std::filesystem::path path = PathForStream(PathFromNative(source));
-    std::error_code ignored;
-    origin.SourceSize = std::filesystem::file_size(path, ignored);
-    const auto written = std::filesystem::last_write_time(path, ignored);
-    const auto moment = std::chrono::file_clock::to_sys(written).time_since_epoch();
-    origin.SourceModified = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
-    if (const CCsvImportSettings* const settings = SettingsOf(session.Filter())) {
-        for (const auto& [key, value] : SettingsAsText(*settings))
-            origin.Settings.push_back(key + "=" + value);
-    }
-    origin.BaseTime = baseTime;
-    origin.IsRelative = ReadingOf(session.Filter()).DateSetting == DateNone;
-    return origin;
-}
-
-}  // namespace
 
 bool StoreFile::Open() {
     if (Path.empty()) return true;
@@ -45,8 +16,7 @@ store::DeviceSink* StoreFile::BeginRun() {
     return File == nullptr ? nullptr : &File->BeginDevice();
 }
 
-bool StoreFile::EndRun(const HostSession& session, const std::string& source,
-                       std::optional<std::int64_t> baseTime, bool isDone) {
+bool StoreFile::EndRun(const HostSession& session, bool isDone) {
     if (File == nullptr) return true;
     ++Runs;
     if (!isDone) {
@@ -54,7 +24,7 @@ bool StoreFile::EndRun(const HostSession& session, const std::string& source,
         return true;
     }
     ++Kept;
-    const std::string reason = File->KeepDevice(*session.Device(), OriginOf(session, source, baseTime));
+    const std::string reason = File->KeepDevice(*session.Device(), session.Origin());
     return reason.empty() || Fail(reason);
 }
 

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "host/HostSession.h"
@@ -11,8 +10,7 @@
 
 namespace kelvarin::cli {
 
-
-// Leads a sample file through the runs over all source files, and says on standard error what became of it.
+// Fills a sample file from the runs over all source files, and reports on standard error what went wrong.
 // Without a path it does nothing.
 class StoreFile {
   public:
@@ -25,8 +23,7 @@ class StoreFile {
     store::DeviceSink* BeginRun();
 
     // Takes the run's device into the file if `isDone`. False if the file can't be written any more.
-    bool EndRun(const HostSession& session, const std::string& source, std::optional<std::int64_t> baseTime,
-                bool isDone);
+    bool EndRun(const HostSession& session, bool isDone);
 
     // Puts the file in its place; it then holds the runs that were done. False if there is none.
     bool Finish();

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -57,6 +58,9 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     // The device of the run, or null.
     const store::StoredDevice* Device() const { return Store.get(); }
 
+    // Where its samples come from: the file as it is now, and the settings of the run.
+    store::SampleOrigin Origin() const;
+
   private:
     CDevice* CreateDevice(std::u16string name, const char16_t* description, int reserved) override;
     void FinishDevice(CDevice* device) override;
@@ -68,6 +72,7 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     bool CollectMessages(std::uint64_t line);
     void ReadLines(RunResult& result, std::uint64_t firstDataLine);
 
+    const std::filesystem::path Path;
     const RunOptions Options;
     MessageList AllMessages;
     std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals

@@ -42,6 +42,8 @@ struct ColumnSummary {
     ECsvDataType Type;
     std::u16string Unit;
     bool IsTimestamp;  // its cells are the rows' times
+    int Index;         // from 0
+    bool IsSignal;     // a run makes a signal of it
 };
 std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter);
 

@@ -24,6 +24,10 @@ struct Change {
     const char16_t* Unit = u"kN";  // of Force
     const char16_t* Symbol = u"F/x";
     bool HasNote = true;
+    std::uint32_t ForceType = KelvarinDouble;
+    const char* MetaData = "a";  // of Force
+    const char16_t* Description = u"Text";
+    int FirstColumn = 1;  // in the source
 };
 
 // The bytes of a sample; nothing for one without a value. Count and Force have chunks that pack in every way:
@@ -57,12 +61,13 @@ std::optional<std::string> ValueAt(Column column, int row, const Change& change)
 
 // Gives a new device its samples, all to the sink too.
 std::unique_ptr<kelvarin::store::StoredDevice> Feed(kelvarin::store::DeviceSink& sink, const Change& change) {
-    auto device = std::make_unique<kelvarin::store::StoredDevice>(u"d/1.csv", u"Text", 0, &sink);
+    auto device = std::make_unique<kelvarin::store::StoredDevice>(
+        u"d/1.csv", change.Description, 0, &sink, std::vector<int>{change.FirstColumn, 2, 3, 4, 5});
     std::vector<DM::SignalProxy*> signals;
     for (int column = 0; column < (change.HasNote ? Columns : Note); ++column) {
         const std::u16string name = u"Spalte " + Utf8ToUtf16(std::to_string(column + 2));
-        device->CreateSignal(signals.emplace_back(), name.c_str(), Types[column],
-                             SizeOfKelvarinType(Types[column]));
+        const std::uint32_t type = column == Force ? change.ForceType : Types[column];
+        device->CreateSignal(signals.emplace_back(), name.c_str(), type, SizeOfKelvarinType(type));
         signals.back()->SetSymbol(column == Force ? change.Symbol : u"s");
     }
     for (int row = 0; row < change.Rows; ++row) {
@@ -74,6 +79,9 @@ std::unique_ptr<kelvarin::store::StoredDevice> Feed(kelvarin::store::DeviceSink&
         }
     }
     signals[Force]->SetUnit(change.Unit);
+    DM::XmlString xml(true);
+    xml.WriteIntegerElement(change.MetaData, 1);
+    signals[Force]->WriteMetaData(0, xml);
     device->Finish();
     return device;
 }
@@ -90,7 +98,8 @@ std::string WriteAndCompare(const Change& stored, const Change& imported) {
     const Workdir folder;
     const std::string path = folder.NativePath("a.h5").string();
     std::string complaint;
-    const kelvarin::store::SampleOrigin origin{12, 34, {"Separator=1", "DateSetting=2"}, 56, true};
+    const kelvarin::store::SampleOrigin origin{
+        12, 34, {{"Separator", "1"}, {"OtherSeparator", "a=b"}}, 56, true};
     {
         const auto file = kelvarin::store::CreateSampleFile(path, complaint);
         if (file == nullptr) return complaint;
@@ -139,6 +148,10 @@ TEST(Archive, GivesBackWhatItWasGivenAndFindsEveryChange) {
         {"a unit", {.Unit = u"MN"}, "F/x unit: kN <> MN"},
         {"a symbol", {.Symbol = u"F"}, "F symbol: F/x <> F"},
         {"a signal", {.HasNote = false}, " number of signals: 5 <> 4"},
+        {"a type", {.ForceType = KelvarinInt64}, "F_x type: 13 <> 15"},
+        {"metadata", {.MetaData = "b"}, "F/x metadata: <a>1</a> <> <b>1</b>"},
+        {"a description", {.Description = u"Table"}, " description: Text <> Table"},
+        {"a column", {.FirstColumn = 9}, "s column: 1 <> 9"},
     };
     for (const auto& test : cases) EXPECT_EQ(WriteAndCompare({}, test.Imported), test.Found) << test.Name;
     EXPECT_EQ(WriteAndCompare({.Rows = 3}, {.Rows = 3}), "equal") << "less than a chunk";
@@ -157,6 +170,108 @@ TEST(Archive, RefusesTimesThatAreNotShared) {
     signals[1]->AddSample(&value, 8, 11);
     device.Finish();
     EXPECT_EQ(file->KeepDevice(device, {}), "signals with times of their own can't be kept in this file");
+}
+
+// A device of one signal, the values of which are a few numbers.
+std::unique_ptr<kelvarin::store::StoredDevice> FeedNumbers(kelvarin::store::DeviceSink& sink,
+                                                           const std::u16string& name, std::int64_t count) {
+    auto device = std::make_unique<kelvarin::store::StoredDevice>(name, u"", 0, &sink);
+    DM::SignalProxy* signal = nullptr;
+    device->CreateSignal(signal, u"s", KelvarinInt64, 8);
+    for (std::int64_t i = 0; i < count; ++i) signal->AddSample(&i, 8, i);
+    device->Finish();
+    return device;
+}
+
+TEST(Archive, FindsDevicesByNameAndPlace) {
+    const Workdir folder;
+    const std::string path = folder.NativePath("a.h5").string();
+    std::string complaint;
+    const auto file = kelvarin::store::CreateSampleFile(path, complaint);
+    const std::u16string names[] = {u"a", u"b/c", u"a", u".", u"", u"time", u"a (2)", u"b_c"};
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        const auto count = static_cast<std::int64_t>(i);
+        const auto device = FeedNumbers(file->BeginDevice(), names[i], count);
+        EXPECT_EQ(file->KeepDevice(*device, {}), "");
+    }
+    EXPECT_EQ(file->Finish(), "");
+    const auto archive = kelvarin::store::OpenSampleFile(path, complaint);
+    ASSERT_NE(archive, nullptr) << complaint;
+    const struct {
+        const char* Name;
+        std::size_t Nth;
+        std::int64_t Count;  // of samples; -1: there is none
+    } cases[] = {
+        {"a", 0, 0}, {"a", 1, 2}, {"a", 2, -1},   {"b/c", 0, 1},   {"b_c", 0, 7},    {".", 0, 3},
+        {"", 0, 4},  {"", 1, -1}, {"time", 0, 5}, {"a (2)", 0, 6}, {"a (3)", 0, -1}, {"B_C", 0, -1},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(std::string(test.Name) + ", " + std::to_string(test.Nth));
+        const auto check = archive->FindDevice(test.Name, test.Nth, complaint);
+        EXPECT_EQ(check != nullptr, test.Count >= 0);
+        EXPECT_EQ(
+            complaint.starts_with("it has no device '" + std::string(test.Name) + "'; it has 'a', 'b/c', "),
+            test.Count < 0)
+            << complaint;
+        if (check == nullptr) continue;
+        const auto device = FeedNumbers(*check, Utf8ToUtf16(test.Name), test.Count);
+        EXPECT_EQ(InWords(check->Compare(*device)), "equal");
+        EXPECT_EQ(check->Compared(), static_cast<std::uint64_t>(test.Count));
+    }
+}
+
+TEST(Archive, SaysWhyAFileCantBeWritten) {
+    const Workdir folder;
+    std::filesystem::create_directory(folder.NativePath("folder"));
+    std::filesystem::create_symlink("real.h5", folder.NativePath("link.h5"));
+    folder.Write("real.h5", "before");
+    std::string complaint;
+    const auto other = kelvarin::store::CreateSampleFile(folder.NativePath("busy.h5").string(), complaint);
+    const struct {
+        const char* Name;
+        const char* Complaint;
+    } cases[] = {
+        {"no/a.h5", "No such file or directory"},
+        {"folder", "it exists and is no file"},
+        {"busy.h5", "another run is just writing it"},
+        {"link.h5", ""},
+        {"new.h5", ""},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.Name);
+        const auto file = kelvarin::store::CreateSampleFile(folder.NativePath(test.Name).string(), complaint);
+        EXPECT_EQ(complaint, test.Complaint);
+        EXPECT_EQ(file != nullptr, complaint.empty());
+    }
+    EXPECT_EQ(folder.Names(), "busy.h5.part folder link.h5 real.h5") << "what isn't finished is removed";
+    EXPECT_EQ(folder.Read("real.h5"), "before");
+    const auto file = kelvarin::store::CreateSampleFile(folder.NativePath("link.h5").string(), complaint);
+    EXPECT_EQ(file->Finish(), "");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.NativePath("link.h5")));
+    EXPECT_TRUE(folder.Read("real.h5").starts_with("\x89HDF")) << "the link's target is replaced";
+}
+
+// Wherever a file is cut off, reading it fails with a reason; it never shows other samples.
+TEST(Archive, NoticesACutFile) {
+    const Workdir folder;
+    const std::string path = folder.NativePath("a.h5").string();
+    std::string complaint;
+    const auto file = kelvarin::store::CreateSampleFile(path, complaint);
+    const auto device = FeedNumbers(file->BeginDevice(), u"a", 100'000);
+    ASSERT_EQ(file->KeepDevice(*device, {}) + file->Finish(), "");
+    const std::string whole = folder.Read("a.h5");
+    for (std::size_t size = 0; size < whole.size(); size += whole.size() / 50) {
+        SCOPED_TRACE(size);
+        folder.Write("cut.h5", whole.substr(0, size));
+        complaint.clear();
+        const auto archive = kelvarin::store::OpenSampleFile(folder.NativePath("cut.h5").string(), complaint);
+        const auto check = archive == nullptr ? nullptr : archive->FindDevice("a", 0, complaint);
+        EXPECT_EQ(check == nullptr, !complaint.empty());
+        if (check == nullptr) continue;
+        const auto again = FeedNumbers(*check, u"a", 100'000);
+        const bool isEqual = check->Compare(*again) == nullptr && check->Failure().empty();
+        EXPECT_FALSE(isEqual);
+    }
 }
 
 }  // namespace
