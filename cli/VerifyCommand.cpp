@@ -2,43 +2,38 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "cli/Commands.h"
+#include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/ExitStatus.h"
 #include "cli/ProgressLine.h"
-#include "contract/TimeStamp.h"
+#include "cli/many/ManyFiles.h"
+#include "cli/report/JsonReport.h"
 #include "host/HostSession.h"
-#include "host/SettingText.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
 #include "platform/framework/Path.h"
-#include "platform/framework/ProfileStore.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
 
 using Json = nlohmann::ordered_json;
+using Difference = store::SampleCheck::Difference;
 
 namespace {
-
-std::string Printable(const std::string& file) {
-    return Utf16ToUtf8(PathFromNative(file));
-}
 
 // Puts the settings of a run, KEY=VALUE each, in force; empty, or what is wrong with one.
 std::string LayOver(SettingsLayer& layer, const std::vector<std::string>& options) {
     for (const std::string& option : options) {
-        const std::size_t equals = option.find('=');
-        if (equals == std::string::npos) return Phrase("'{}' is not of the form KEY=VALUE", option);
-        const std::string complaint = layer.Set(option.substr(0, equals), option.substr(equals + 1));
+        ParsedSetting setting;
+        const std::string complaint = ParseSetting(option, setting);
         if (!complaint.empty()) return complaint;
+        layer.Set(setting);
     }
     return {};
 }
 
 // One sentence: where the file and a fresh import differ.
-std::string InWords(const store::SampleCheck::Difference& difference) {
+std::string InWords(const Difference& difference) {
     std::string place;
     if (!difference.Signal.empty()) place += Phrase("signal '{}', ", difference.Signal);
     if (difference.Sample) place += Phrase("sample {}, ", *difference.Sample + 1);
@@ -46,24 +41,16 @@ std::string InWords(const store::SampleCheck::Difference& difference) {
                           difference.Stored, difference.Imported);
 }
 
-void WriteJson(const std::string& archive, const std::string& source, const store::SampleCheck& check,
-               const store::SampleCheck::Difference* difference) {
-    Json document = {{"file", Printable(source)},
-                     {"store", Printable(archive)},
-                     {"equal", difference == nullptr},
-                     {"samples", check.Compared()},
-                     {"difference", nullptr}};
-    if (difference != nullptr) {
-        document["difference"] = {{"signal", difference->Signal},
-                                  {"sample", nullptr},
-                                  {"what", difference->What},
-                                  {"stored", difference->Stored},
-                                  {"imported", difference->Imported}};
-        if (difference->Sample) document["difference"]["sample"] = *difference->Sample;
-    }
-    std::cout << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+Json ToJson(const Difference* difference) {
+    if (difference == nullptr) return nullptr;
+    return {{"signal", difference->Signal},
+            {"sample", difference->Sample ? Json(*difference->Sample) : Json()},
+            {"what", difference->What},
+            {"stored", difference->Stored},
+            {"imported", difference->Imported}};
 }
 
+// The comparison of one file of samples with imports of its sources.
 class Verification {
   public:
     Verification(const ModuleLoader& module, const CommonOptions& common)
@@ -73,14 +60,9 @@ class Verification {
         std::string complaint;
         Archive = store::OpenSampleFile(ArchivePath, complaint);
         if (Archive == nullptr) return Fail(ArchivePath, complaint);
-        int status = ExitDone;
-        for (std::size_t i = 1; i < Common.Files.size(); ++i) {
-            const int one = Verify(Common.Files[i]);
-            // What could not be compared weighs more than what differs.
-            if (one != ExitDone && status != ExitFileFailed) status = one;
-            if (one == ExitInterrupted) return one;
-        }
-        return status;
+        const std::vector<std::string> sources(Common.Files.begin() + 1, Common.Files.end());
+        return ManyFiles().Run(sources, Phrase("compared"),
+                               [this](const std::string& source) { return Verify(source); });
     }
 
   private:
@@ -90,8 +72,8 @@ class Verification {
         std::string complaint;
         const auto check = Archive->FindDevice(name, Seen[name]++, complaint);
         if (check == nullptr) return Fail(ArchivePath, complaint);
-        // What the user says on the command line is meant.
         SettingsLayer settings;
+        // What the user says on the command line is meant.
         if (Common.Settings.empty()) complaint = LayOver(settings, check->Origin().Settings);
         if (!complaint.empty()) return Fail(ArchivePath, complaint);
         return Compare(source, path, *check);
@@ -99,7 +81,7 @@ class Verification {
 
     int Compare(const std::string& source, const std::u16string& path, store::SampleCheck& check) {
         RunResult result;
-        const store::SampleCheck::Difference* difference = nullptr;
+        const Difference* difference = nullptr;
         {
             ProgressLine progress(source);
             RunOptions options;
@@ -109,27 +91,25 @@ class Verification {
             options.Sink = &check;
             HostSession session(Module, path, std::move(options));
             result = session.Run();
-            if (result.Failed || session.Device() == nullptr)
-                return Fail(source, Utf16ToUtf8(session.Messages().Groups().back().FirstText));
+            if (result.Failed || session.Device() == nullptr) return Fail(source, result.Failure);
             if (!result.Interrupted) difference = check.Compare(*session.Device());
         }
         if (result.Interrupted) return ExitInterrupted;
         if (!check.Failure().empty()) return Fail(ArchivePath, check.Failure());
         if (Common.Json) {
-            WriteJson(ArchivePath, source, check, difference);
+            WriteDocument(std::cout, {{"file", PrintableName(source)},
+                                      {"store", PrintableName(ArchivePath)},
+                                      {"equal", difference == nullptr},
+                                      {"samples", check.Compared()},
+                                      {"difference", ToJson(difference)}});
         } else if (difference == nullptr) {
-            std::cout << Phrase("{}: equal to a fresh import, {} samples compared", Printable(source),
+            std::cout << Phrase("{}: equal to a fresh import, {} samples compared", PrintableName(source),
                                 check.Compared())
                       << "\n";
         } else {
-            std::cout << Printable(source) + ": " + InWords(*difference) << "\n";
+            std::cout << PrintableName(source) + ": " + InWords(*difference) << "\n";
         }
         return difference == nullptr ? ExitDone : ExitFindings;
-    }
-
-    static int Fail(const std::string& file, const std::string& reason) {
-        ComplainAbout(file, reason);
-        return ExitFileFailed;
     }
 
     const ModuleLoader& Module;
@@ -139,24 +119,18 @@ class Verification {
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
 };
 
-int VerifyFiles(const ModuleLoader& module, const CommonOptions& common) {
-    if (common.Files.size() < 2) {
-        Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
-        return ExitWrongUsage;
-    }
-    CatchInterrupt();
-    return Verification(module, common).Run();
-}
-
 }  // namespace
 
 void AddVerifyCommand(CommandLine& line) {
     CLI::App& command =
-        line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"), VerifyFiles);
-    command.footer(
-        Phrase("The settings are those that the file was written with, unless --set is given.\n"
-               "Examples:\n"
-               "  kelvarin-import verify data.h5 data.csv"));
+        line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
+                 [](const ModuleLoader& module, const CommonOptions& common) -> int {
+                     if (common.Files.size() > 1) return Verification(module, common).Run();
+                     Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
+                     return ExitWrongUsage;
+                 });
+    AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
+                Phrase("The settings are those that the file was written with, unless --set is given."));
 }
 
 }  // namespace kelvarin::cli

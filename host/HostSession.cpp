@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "host/Reading.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin {
 
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
-    : Options(std::move(options)),
-      AllMessages(Options.KeepAllMessages),
-      ImportFilter(module.MakeFilter(path)) {
+    : Options(std::move(options)), AllMessages(Options.KeepMessages), ImportFilter(module.MakeFilter(path)) {
     ImportFilter->DeviceHost = this;
     ImportFilter->TimeContext = this;
 }
@@ -26,12 +26,15 @@ void HostSession::FinishDevice(CDevice*) {
     Store->Finish();
 }
 
-bool HostSession::CollectMessages(std::uint64_t line) {
+bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
     if (!ImportFilter->HasMessages()) return false;
     bool anyFailure = false;
-    for (const ImportMessage& message : ImportFilter->TakeMessages()) {
-        AllMessages.Add(message, line);
-        anyFailure |= message.Failure;
+    for (ImportMessage& message : ImportFilter->TakeMessages()) {
+        if (message.Failure) {
+            anyFailure = true;
+            result.Failure = Utf16ToUtf8(message.Text);
+        }
+        AllMessages.Add(std::move(message), line);
     }
     return anyFailure;
 }
@@ -41,9 +44,11 @@ RunResult HostSession::Run() {
     if (IObservedRun* const run = ImportFilter->Find<IObservedRun>()) run->ObserveRun(Options.Observer);
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
-    CollectMessages(0);
+    CollectMessages(0, result);
     if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
     ImportFilter->EndImport();
+    if (result.Failed && result.Failure.empty())
+        result.Failure = Phrase("the module can't read the file and doesn't say why");
     return result;
 }
 
@@ -58,7 +63,7 @@ void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
             return;
         }
         const bool more = ImportFilter->ImportNextLine(&progress);
-        const bool anyFailure = CollectMessages(firstDataLine + result.Lines);
+        const bool anyFailure = CollectMessages(firstDataLine + result.Lines, result);
         if (progress != shown) {
             shown = progress;
             result.Progress.push_back(progress);

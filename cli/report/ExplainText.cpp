@@ -2,9 +2,8 @@
 #include <sstream>
 
 #include "cli/report/ExplainReport.h"
-#include "cli/report/Style.h"
+#include "cli/report/TextLayout.h"
 #include "cli/report/TextReport.h"
-#include "cli/report/TextTable.h"
 #include "host/explain/ColumnReason.h"
 #include "host/explain/FormatReason.h"
 #include "host/language/Phrase.h"

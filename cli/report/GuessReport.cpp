@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/report/Style.h"
+#include "cli/report/TextLayout.h"
 #include "host/guess/TimeAdvice.h"
 #include "host/language/Phrase.h"
 
@@ -36,7 +36,8 @@ void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
     for (const std::string& objection : guess.Objections)
         out << Indent << Phrase("but: {}", objection) << "\n";
     if (!guess.OtherBasis.empty())
-        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, guess::OptionsText(guess.OtherSettings)) << "\n";
+        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, guess::OptionsText(guess.OtherSettings))
+            << "\n";
     if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }

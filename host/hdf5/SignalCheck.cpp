@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "contract/DataStore.h"
-#include "host/SampleValue.h"
+#include "host/Words.h"
 #include "host/hdf5/ElementTypes.h"
 #include "host/hdf5/Layout.h"
 #include "host/language/Phrase.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "contract/TimeReader.h"
-#include "host/WholeNumber.h"
+#include "host/SettingText.h"
 #include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
 #include "host/sidecar/Sidecars.h"
