@@ -1,14 +1,13 @@
 #include <iostream>
 #include <memory>
 
-#include "cli/Commands.h"
+#include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/ExitStatus.h"
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
-#include "host/SourceCheck.h"
+#include "host/SourceFiles.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
 #include "host/guess/TimeAdvice.h"
@@ -96,7 +95,7 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Che
 int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
                const ManyFiles& many) {
     if (!options.Rejects.empty()) {
-        const std::vector<std::string> files = many.FilesOf(common);
+        const std::vector<std::string> files = many.FilesOf(common.Files);
         if (files.size() > 1) {
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
@@ -106,9 +105,8 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Ch
             return ExitWrongUsage;
         }
     }
-    return many.Run(common, Phrase("checked"), [&](const std::string& file, Tally&) {
-        return CheckFile(module, common, options, file);
-    });
+    return many.Run(common.Files, Phrase("checked"),
+                    [&](const std::string& file) { return CheckFile(module, common, options, file); });
 }
 
 }  // namespace
@@ -132,10 +130,8 @@ void AddCheckCommand(CommandLine& line) {
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
     many->AddOptions(command);
-    command.footer(
-        Phrase("Examples:\n"
-               "  kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n"
-               "  kelvarin-import check --rejects rejected.csv data.csv"));
+    AddExamples(command, {"kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
+                          "kelvarin-import check --rejects rejected.csv data.csv"});
 }
 
 }  // namespace kelvarin::cli

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "cli/Complaints.h"
-#include "cli/ExitStatus.h"
 #include "contract/SupportFunctions.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Language.h"
@@ -13,11 +12,6 @@ namespace kelvarin::cli {
 namespace {
 
 constexpr const char* ProgramName = "kelvarin-import";
-
-int Refuse(const std::string& text) {
-    Complain(text);
-    return ExitWrongUsage;
-}
 
 // The names of the options of a command, for a complaint about another one.
 std::string AllowedOptions(const CLI::App& command) {
@@ -29,7 +23,7 @@ std::string AllowedOptions(const CLI::App& command) {
     return names;
 }
 
-// What the parser says, in the user's language as far as it says it often.
+// What is wrong with the line, in the user's language as far as the parser says it often.
 std::string ReasonOf(const CLI::ParseError& error) {
     const std::string text = error.what();
     if (text == "A subcommand is required") return Phrase("A subcommand is required");
@@ -57,6 +51,13 @@ std::string WantedLanguage(const std::vector<std::string>& arguments) {
 
 void RefuseOption(const std::string& option, const std::string& reason) {
     throw CLI::ValidationError(option, reason);
+}
+
+void AddExamples(CLI::App& command, std::initializer_list<const char*> lines, const std::string& note) {
+    std::string text = note.empty() ? "" : note + "\n";
+    text += lines.size() == 1 ? Phrase("Example:") : Phrase("Examples:");
+    for (const char* const line : lines) text += std::string("\n  ") + line;
+    command.footer(text);
 }
 
 CommandLine::CommandLine()
@@ -96,14 +97,8 @@ void CommandLine::AddCommonOptions(CLI::App& command) {
         ->type_name("FILE");
     const auto addSettings = [this](const std::vector<std::string>& texts) {
         for (const std::string& text : texts) {
-            const std::size_t equals = text.find('=');
-            if (equals == std::string::npos)
-                RefuseOption("--set", Phrase("'{}' is not of the form KEY=VALUE", text));
-            ParsedSetting setting;
-            const std::string complaint =
-                ParseSetting(text.substr(0, equals), text.substr(equals + 1), setting);
+            const std::string complaint = ParseSetting(text, CommonValues.Settings.emplace_back());
             if (!complaint.empty()) RefuseOption("--set", complaint);
-            CommonValues.Settings.push_back(std::move(setting));
         }
     };
     command
@@ -113,16 +108,16 @@ void CommandLine::AddCommonOptions(CLI::App& command) {
         ->allow_extra_args(false);
     command.add_flag("--json", CommonValues.Json, Phrase("One JSON document per file on standard output"));
     const auto checkLanguage = [](const std::string& code) {
-        if (code != "de" && code != "en")
-            RefuseOption("--language", Phrase("there are no texts for '{}'; allowed are de and en", code));
+        if (!HasTexts(code))
+            RefuseOption("--language",
+                         Phrase("there are no texts for '{}'; allowed are {}", code, TextLanguages(", ")));
         SetPreferredLanguage(code);
     };
     command
         .add_option_function<std::string>(
             "--language", checkLanguage,
-            Phrase(
-                "Language of all texts and of the letters of a time format: de or en (default: the user's)"))
-        ->type_name("CODE");
+            Phrase("Language of all texts and of the letters of a time format (default: the user's)"))
+        ->type_name(TextLanguages("|"));
     command.add_option("FILE", CommonValues.Files, Phrase("Text files with separators"))
         ->required()
         ->type_name("");
@@ -142,18 +137,19 @@ std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments
 std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments) {
     try {
         Program.parse(InOrder(arguments));
+        if (Bodies.contains(Program.get_subcommands().front())) return std::nullopt;
+        return ExitDone;  // a tool, and it has run
     } catch (const CLI::Success& wish) {
         return Program.exit(wish);
     } catch (const CLI::ValidationError& error) {
-        return Refuse(error.what());
+        Complain(error.what());
     } catch (const CLI::ExtrasError& error) {
         const CLI::App& command = *Program.get_subcommands().front();
-        return Refuse(Phrase("{}; allowed are {}", ReasonOf(error), AllowedOptions(command)));
+        Complain(Phrase("{}; allowed are {}", ReasonOf(error), AllowedOptions(command)));
     } catch (const CLI::ParseError& error) {
-        return Refuse(Phrase("{}; see --help", ReasonOf(error)));
+        Complain(Phrase("{}; see --help", ReasonOf(error)));
     }
-    if (!Bodies.contains(Program.get_subcommands().front())) return ExitDone;  // a tool, and it has run
-    return std::nullopt;
+    return ExitWrongUsage;
 }
 
 int CommandLine::Run(const ModuleLoader& module) const {

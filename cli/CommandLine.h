@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <optional>
 #include <string>
@@ -28,12 +29,12 @@ std::string WantedLanguage(const std::vector<std::string>& arguments);
 
 class CommandLine {
   public:
-    // Does all files and answers the exit status; a file that fails doesn't stop the others.
+    // Does all files and returns the exit status; a file that fails doesn't stop the others.
     using Body = std::function<int(const ModuleLoader& module, const CommonOptions& common)>;
 
     CommandLine();
 
-    // Adds a command that takes files and the common options. The caller adds the command's own ones.
+    // Adds a command that takes files and the common options; the caller adds its own ones.
     CLI::App& Add(const std::string& name, const std::string& description, Body body);
 
     // Adds a command that does its work while the line is parsed, without files or the module.
@@ -42,8 +43,8 @@ class CommandLine {
     // All commands with their options.
     const CLI::App& Tree() const { return Program; }
 
-    // Reads the arguments. Answers nothing if there is work to do, else the exit status after help, version,
-    // or one line of complaint on standard error.
+    // Reads the arguments. Nothing if a command is to be run, else the exit status: after help, version, a
+    // tool's work, or one line on standard error about what is wrong.
     std::optional<int> Parse(const std::vector<std::string>& arguments);
 
     // Those of the command that was asked for.
@@ -63,5 +64,20 @@ class CommandLine {
 
 // Ends the parsing: the value of an option (with its dashes) can't be used. `reason` names what is allowed.
 [[noreturn]] void RefuseOption(const std::string& option, const std::string& reason);
+
+// Ends the help of a command with a note, or none, and examples: command lines.
+void AddExamples(CLI::App& command, std::initializer_list<const char*> lines, const std::string& note = {});
+
+// The commands; each adds itself, with its options.
+void AddImportCommand(CommandLine& line);
+void AddAnalyzeCommand(CommandLine& line);
+void AddExplainCommand(CommandLine& line);
+void AddCheckCommand(CommandLine& line);
+void AddSidecarCommand(CommandLine& line);
+void AddVerifyCommand(CommandLine& line);
+void AddDialogCommand(CommandLine& line);
+
+// The tools around the program: completion and manual.
+void AddShellCommands(CommandLine& line);
 
 }  // namespace kelvarin::cli

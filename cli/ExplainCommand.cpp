@@ -1,12 +1,12 @@
-#include <algorithm>
 #include <iostream>
+#include <memory>
 
-#include "cli/Commands.h"
+#include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/ExitStatus.h"
+#include "cli/many/ManyFiles.h"
 #include "cli/report/ExplainReport.h"
 #include "host/HostSession.h"
-#include "host/SourceCheck.h"
+#include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 
@@ -19,10 +19,7 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const 
     explain::AnalysisRecord record;
     HostSession session(module, path, RunOptions());
     record.ListenTo(session.Filter());
-    if (!session.Filter().AnalyzeFile()) {
-        ComplainAbout(file, WhyUnreadable(path));
-        return ExitFileFailed;
-    }
+    if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(path));
     const explain::Explanation explanation = explain::Explain(module, path, session.Filter(), record);
     if (options.Json) {
         WriteExplanationJson(std::cout, file, explanation);
@@ -35,18 +32,16 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const 
 }  // namespace
 
 void AddExplainCommand(CommandLine& line) {
-    CLI::App& command =
-        line.Add("explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
-                 [](const ModuleLoader& module, const CommonOptions& common) {
-                     int status = ExitDone;
-                     for (const std::string& file : common.Files) {
-                         status = std::max(status, ExplainFile(module, common, file));
-                     }
-                     return status;
-                 });
-    command.footer(
-        Phrase("Examples:\n  kelvarin-import explain data.csv\n  kelvarin-import explain --json *.csv "
-               ">reasons.json"));
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command = line.Add(
+        "explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
+        [many](const ModuleLoader& module, const CommonOptions& common) {
+            return many->Run(common.Files, Phrase("explained"),
+                             [&](const std::string& file) { return ExplainFile(module, common, file); });
+        });
+    many->AddOptions(command);
+    AddExamples(command,
+                {"kelvarin-import explain data.csv", "kelvarin-import explain --json *.csv >reasons.json"});
 }
 
 }  // namespace kelvarin::cli

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <filesystem>
 #include <iostream>
-#include <utility>
 
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
@@ -11,27 +10,25 @@
 
 namespace kelvarin::cli {
 
-ProgressLine::ProgressLine(std::string file) : File(std::move(file)), OnTerminal(IsErrorTerminal()) {
-    std::error_code unknown;
-    const std::uintmax_t bytes = std::filesystem::file_size(PathForStream(PathFromNative(File)), unknown);
-    constexpr double BytesInMegabyte = 1e6;
-    if (!unknown) Megabytes = static_cast<double>(bytes) / BytesInMegabyte;
-}
+constexpr const char* ClearLine = "\r\033[K";
 
 ProgressLine::~ProgressLine() {
-    if (Shown) std::cerr << "\r\033[K" << std::flush;
+    if (Shown) std::cerr << ClearLine << std::flush;
 }
 
 void ProgressLine::Show(std::uint32_t percent) {
-    if (!OnTerminal) return;
+    if (!IsErrorTerminal()) return;
     Shown = true;
-    std::cerr << "\r\033[K" << File << "  " << percent << " %";
-    // The first moments tell nothing of the rest.
+    std::cerr << ClearLine << File << "  " << percent << " %";
+    // The first moments say nothing about the rest.
     constexpr double LeastSeconds = 0.3;
+    constexpr double BytesInMegabyte = 1e6;
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - Start;
-    if (elapsed.count() >= LeastSeconds && percent > 0 && percent <= 100) {
+    std::error_code unknown;
+    const std::uintmax_t bytes = std::filesystem::file_size(PathForStream(PathFromNative(File)), unknown);
+    if (elapsed.count() >= LeastSeconds && percent > 0 && percent <= 100 && !unknown) {
         const double done = percent / 100.0;
-        const auto speed = std::lround(Megabytes * done / elapsed.count());
+        const auto speed = std::lround(static_cast<double>(bytes) / BytesInMegabyte * done / elapsed.count());
         const auto left = std::lround(elapsed.count() * (1 - done) / done);
         std::cerr << "  " << Phrase("{} MB/s, {} s left", speed, left);
     }

@@ -4,15 +4,16 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace kelvarin::cli {
 
-// One line on standard error that is rewritten and taken away at the end: percentage, throughput and time
-// left. Nothing at all if that is no terminal.
+// One line on standard error that is rewritten and removed at the end: percentage, throughput and time left.
+// Nothing at all if that is no terminal.
 class ProgressLine {
   public:
     // The file's path as given; its size counts for the throughput.
-    explicit ProgressLine(std::string file);
+    explicit ProgressLine(std::string file) : File(std::move(file)) {}
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine();
@@ -21,9 +22,7 @@ class ProgressLine {
 
   private:
     const std::string File;
-    const bool OnTerminal;
     const std::chrono::steady_clock::time_point Start = std::chrono::steady_clock::now();
-    double Megabytes = 0;
     bool Shown = false;
 };
 

@@ -1,9 +1,8 @@
 // The embedded host: loads the import module and drives it as the host does.
-#include "cli/Commands.h"
+#include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/ExitStatus.h"
+#include "cli/language/Texts.h"
 #include "contract/SupportFunctions.h"
-#include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 
@@ -22,7 +21,7 @@ void OpenProfile(const CommonOptions& options) {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments = BeginProgram(argc, argv);
-    SetPhraseLanguage(WantedLanguage(arguments));
+    UseTexts(WantedLanguage(arguments));
     CommandLine line;
     AddImportCommand(line);
     AddAnalyzeCommand(line);
@@ -38,9 +37,7 @@ int main(int argc, char** argv) {
     for (const ParsedSetting& setting : line.Common().Settings) settings.Set(setting);
     ModuleLoader module;
     const std::string reason = module.Load();
-    if (!reason.empty()) {
-        Complain(reason);
-        return ExitFileFailed;
-    }
-    return line.Run(module);
+    if (reason.empty()) return line.Run(module);
+    Complain(reason);
+    return ExitFileFailed;
 }

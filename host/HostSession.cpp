@@ -6,7 +6,9 @@
 
 #include "host/Reading.h"
 #include "host/SettingText.h"
+#include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin {
 
@@ -26,7 +28,7 @@ std::vector<int> SignalColumns(const CImportFilter& filter) {
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
     : Path(PathForStream(path)),
       Options(std::move(options)),
-      AllMessages(Options.KeepAllMessages),
+      AllMessages(Options.KeepMessages),
       ImportFilter(module.MakeFilter(path)) {
     ImportFilter->DeviceHost = this;
     ImportFilter->TimeContext = this;
@@ -57,12 +59,15 @@ store::SampleOrigin HostSession::Origin() const {
     return origin;
 }
 
-bool HostSession::CollectMessages(std::uint64_t line) {
+bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
     if (!ImportFilter->HasMessages()) return false;
     bool anyFailure = false;
-    for (const ImportMessage& message : ImportFilter->TakeMessages()) {
-        AllMessages.Add(message, line);
-        anyFailure |= message.Failure;
+    for (ImportMessage& message : ImportFilter->TakeMessages()) {
+        if (message.Failure) {
+            anyFailure = true;
+            result.Failure = Utf16ToUtf8(message.Text);
+        }
+        AllMessages.Add(std::move(message), line);
     }
     return anyFailure;
 }
@@ -72,9 +77,11 @@ RunResult HostSession::Run() {
     if (IObservedRun* const run = ImportFilter->Find<IObservedRun>()) run->ObserveRun(Options.Observer);
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
-    CollectMessages(0);
+    CollectMessages(0, result);
     if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
     ImportFilter->EndImport();
+    if (result.Failed && result.Failure.empty())
+        result.Failure = Phrase("the module can't read the file and doesn't say why");
     return result;
 }
 
@@ -89,7 +96,7 @@ void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
             return;
         }
         const bool more = ImportFilter->ImportNextLine(&progress);
-        const bool anyFailure = CollectMessages(firstDataLine + result.Lines);
+        const bool anyFailure = CollectMessages(firstDataLine + result.Lines, result);
         if (progress != shown) {
             shown = progress;
             result.Progress.push_back(progress);

@@ -1,10 +1,9 @@
-// The messages of one file, grouped by kind.
+// The messages of one file: the first ones as they are, all of them grouped by kind.
 #pragma once
 
 #include <cstdint>
 #include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "contract/ImportFilter.h"
@@ -14,33 +13,39 @@ namespace kelvarin {
 // Messages of one kind: about the cells of one column, or alike but for their numbers.
 struct MessageGroup {
     std::u16string FirstText;
-    std::vector<std::uint64_t> Lines;  // of the first messages; 0 for one outside the run
+    std::vector<std::uint64_t> Lines;  // of the first 100 messages, from 1; 0 for one outside the run
     std::uint64_t Count = 0;
     bool Failure = false;
 };
 
-// Keeps the first 100 of each kind and counts the rest, so that a file in which every row fails costs no
-// memory; or keeps all.
+// A message that isn't kept costs a look-up and no memory, so that a file may fail in every row.
 class MessageList {
   public:
-    explicit MessageList(bool keepAll) : KeepAll(keepAll) {}
+    // Keeps at most the first `keep` messages.
+    explicit MessageList(std::size_t keep) : Keep(keep) {}
 
     // `line` is the line of the file that was being read, 0 before the run.
-    void Add(const ImportMessage& message, std::uint64_t line);
+    void Add(ImportMessage message, std::uint64_t line);
 
     // In the order of each kind's first message.
     const std::vector<MessageGroup>& Groups() const { return AllGroups; }
 
-    // Every message in order; empty unless all are kept.
-    const std::vector<ImportMessage>& All() const { return AllMessages; }
+    // The messages that were kept, in order, and the number of those that came after them.
+    const std::vector<ImportMessage>& Kept() const { return First; }
+    std::uint64_t LeftOut() const { return Count - First.size(); }
 
-    bool IsEmpty() const { return AllGroups.empty(); }
+    bool IsEmpty() const { return Count == 0; }
 
   private:
-    const bool KeepAll;
+    struct KindOrder {
+        bool operator()(const ImportMessage& one, const ImportMessage& other) const;
+    };
+
+    const std::size_t Keep;
+    std::uint64_t Count = 0;
     std::vector<MessageGroup> AllGroups;
-    std::map<std::pair<int, std::u16string>, std::size_t> GroupOfKind;  // column and text without numbers
-    std::vector<ImportMessage> AllMessages;
+    std::map<ImportMessage, std::size_t, KindOrder> GroupOfKind;  // index by a message of the kind
+    std::vector<ImportMessage> First;
 };
 
 }  // namespace kelvarin

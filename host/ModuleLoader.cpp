@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "host/language/Phrase.h"
+#include "platform/framework/Module.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 

@@ -16,35 +16,33 @@ const CCsvImportSettings* SettingsOf(const CImportFilter& filter) {
 }
 
 Reading ReadingOf(const CImportFilter& filter) {
-    const CCsvImportSettings* const shown = SettingsOf(filter);
-    if (shown == nullptr) return {};
-    const CCsvImportSettings& settings = *shown;
-    const int firstLine = settings.GetFirstLine();
-    const bool hasHeader = settings.ImportHeader != 0;
-    return {settings.Separator,
-            settings.OtherSeparator,
-            settings.MergeSeparators != 0,
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    if (settings == nullptr) return {};
+    const int firstLine = settings->GetFirstLine();
+    const bool hasHeader = settings->ImportHeader != 0;
+    return {settings->Separator,
+            settings->OtherSeparator,
+            settings->MergeSeparators != 0,
             hasHeader ? firstLine : 0,
             hasHeader ? firstLine + 1 : firstLine,
-            settings.DateSetting,
-            settings.DateColumn,
-            settings.TimeSetting,
-            settings.TimeColumn,
-            settings.TimestampFormat,
-            settings.Adjust != 0,
-            settings.IntervalValue,
-            settings.IntervalUnit};
+            settings->DateSetting,
+            settings->DateColumn,
+            settings->TimeSetting,
+            settings->TimeColumn,
+            settings->TimestampFormat,
+            settings->Adjust != 0,
+            settings->IntervalValue,
+            settings->IntervalUnit};
 }
 
 std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter) {
     std::vector<ColumnSummary> columns;
-    const CCsvImportSettings* const shown = SettingsOf(filter);
-    if (shown == nullptr) return columns;
-    const CCsvImportSettings& settings = *shown;
-    for (const auto& [index, column] : settings.ColumnMap) {
-        if (index < 0 || index >= settings.ColumnCount) continue;
-        const bool isDate = settings.DateSetting == DateFromColumn && index + 1 == settings.DateColumn;
-        const bool isTime = settings.TimeSetting == TimeFromColumn && index + 1 == settings.TimeColumn;
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    if (settings == nullptr) return columns;
+    for (const auto& [index, column] : settings->ColumnMap) {
+        if (index < 0 || index >= settings->ColumnCount) continue;
+        const bool isDate = settings->DateSetting == DateFromColumn && index + 1 == settings->DateColumn;
+        const bool isTime = settings->TimeSetting == TimeFromColumn && index + 1 == settings->TimeColumn;
         const bool isTimestamp = isDate || isTime;
         columns.push_back({column.GetDisplayName(), column.GetEffectiveType(), column.Unit, isTimestamp,
                            index, column.ImportColumn && !isTimestamp});

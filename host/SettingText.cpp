@@ -1,10 +1,9 @@
 #include "host/SettingText.h"
 
-#include <charconv>
-#include <cmath>
+#include <concepts>
 #include <cstring>
 
-#include "host/WholeNumber.h"
+#include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/ProfileText.h"
@@ -22,7 +21,7 @@ ProfileBlock BlockOf(const Value& value) {
     return block;
 }
 
-// Reads the value of one row of the table; answers what is allowed if it isn't one.
+// Reads the value of one row of the table. Returns an empty text, or what is allowed.
 struct ValueReader {
     const std::string& Text;
     ProfileOverlay::Value& Value;
@@ -69,28 +68,18 @@ std::string KnownKeys() {
     return keys;
 }
 
-// The shortest digits that ParseDouble reads back as the same number.
-std::string RealText(double number) {
-    if (std::isnan(number)) return "nan";
-    if (std::isinf(number)) return number > 0 ? "inf" : "-inf";
-    constexpr std::size_t Capacity = 32;
-    char digits[Capacity];
-    return {digits, std::to_chars(digits, digits + Capacity, number).ptr};
+template <std::integral Whole>
+std::string ValueText(Whole number) {
+    return std::to_string(number);
 }
 
-// The value of one row of the table as text.
-struct ValueWriter {
-    const CCsvImportSettings& Settings;
+std::string ValueText(double number) {
+    return ShortestText(number);
+}
 
-    std::string operator()(const IntSetting& setting) const {
-        return std::to_string(Settings.*setting.Field);
-    }
-    std::string operator()(const TextSetting& setting) const { return Utf16ToUtf8(Settings.*setting.Field); }
-    std::string operator()(const MomentSetting& setting) const {
-        return std::to_string(Settings.*setting.Field);
-    }
-    std::string operator()(const RealSetting& setting) const { return RealText(Settings.*setting.Field); }
-};
+std::string ValueText(const std::u16string& text) {
+    return Utf16ToUtf8(text);
+}
 
 }  // namespace
 
@@ -105,10 +94,18 @@ std::string ParseSetting(const std::string& key, const std::string& value, Parse
     return Phrase("there is no setting '{}'; allowed are {}", key, KnownKeys());
 }
 
+std::string ParseSetting(const std::string& text, ParsedSetting& setting) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos) return Phrase("'{}' is not of the form KEY=VALUE", text);
+    return ParseSetting(text.substr(0, equals), text.substr(equals + 1), setting);
+}
+
 SettingList SettingsAsText(const CCsvImportSettings& settings) {
     SettingList list;
-    for (const Setting& setting : SettingsTable)
-        list.emplace_back(Utf16ToUtf8(setting.Key), std::visit(ValueWriter{settings}, setting.Kind));
+    for (const Setting& setting : SettingsTable) {
+        const auto valueOf = [&](const auto& kind) { return ValueText(settings.*kind.Field); };
+        list.emplace_back(Utf16ToUtf8(setting.Key), std::visit(valueOf, setting.Kind));
+    }
     return list;
 }
 

@@ -1,43 +1,68 @@
-// The options --jobs and --recursive, and a command's walk over its files.
+// A command's walk over its files, with the options --jobs and --recursive.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "cli/CommandLine.h"
-#include "cli/many/Tally.h"
 
 namespace kelvarin::cli {
 
+// What became of one file: its exit status, and the samples that were stored of it.
+struct FileOutcome {
+    FileOutcome(int status, std::uint64_t samples = 0) : Status(status), Samples(samples) {}
+
+    int Status;
+    std::uint64_t Samples;
+};
+
+// What became of the files of a command.
+struct FilesSummary {
+    std::size_t Files = 0;            // begun
+    std::vector<std::string> Failed;  // as the command line named them
+    std::uint64_t Samples = 0;        // stored
+    std::size_t WithFindings = 0;     // checked, with something to be looked at
+
+    void Add(const FilesSummary& other);
+
+    // "26 files: 24 imported, 2 failed: a.csv, b.csv; 1,234,567 samples". `done` is the word for what was
+    // done with a file; without samples their number is left out.
+    std::string Text(const std::string& done) const;
+};
+
+// A process of the program ends its messages with its summary in one line, which the one that started it
+// takes off their end again. Messages without such a line give an empty summary.
+std::string SummaryLine(const FilesSummary& summary);
+FilesSummary TakeSummary(std::string& messages);
+
 class ManyFiles {
   public:
-    // Does one file and answers the exit status; may add samples to the tally.
-    using Work = std::function<int(const std::string& file, Tally& tally)>;
+    using Work = std::function<FileOutcome(const std::string& file)>;
 
-    // Adds the options to a command, which outlives this object.
+    enum class Sum { IfMany, Always };
+
+    // Adds the options to a command, which outlives this object. Without them the files are done one by one.
     void AddOptions(CLI::App& command);
 
-    // Does the files one after the other, or hands shares of them to copies of the program, whose output
-    // comes in the order of the files. Folders and patterns are expanded. `done` is the word of the summary
-    // for a file that was done; there is one after an expansion and with --jobs. Answers the worst exit
-    // status.
-    int Run(const CommonOptions& common, const std::string& done, const Work& work) const;
+    // Does the work for each file, or hands shares of the files to processes of the program. Folders and
+    // patterns are expanded. One line at the end sums up, always or after an expansion and with --jobs;
+    // `done` is its word for a file that was done. Returns the worst exit status.
+    int Run(const std::vector<std::string>& arguments, const std::string& done, const Work& work,
+            Sum sum = Sum::IfMany) const;
 
     // The files that Run will do.
-    std::vector<std::string> FilesOf(const CommonOptions& common) const;
+    std::vector<std::string> FilesOf(const std::vector<std::string>& arguments) const;
 
     // True if the files are to be spread over processes.
-    bool HasCopies() const { return Jobs > 1; }
+    bool HasProcesses() const { return Jobs > 1; }
 
   private:
-    int RunHere(const std::vector<std::string>& files, const Work& work, Tally& tally) const;
-    int RunInCopies(const std::vector<std::string>& files, Tally& tally) const;
-
     CLI::App* Command = nullptr;
     int Jobs = 0;  // 0: not asked for
     bool Recursive = false;
-    bool TellsTally = false;  // this is a copy: the summary is made by who started it
+    bool IsProcess = false;  // started by another one, which makes the summary
 };
 
 }  // namespace kelvarin::cli

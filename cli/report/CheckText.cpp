@@ -1,8 +1,7 @@
 #include <algorithm>
 
 #include "cli/report/CheckReport.h"
-#include "cli/report/Style.h"
-#include "cli/report/TextTable.h"
+#include "cli/report/TextLayout.h"
 #include "host/check/CheckWords.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"

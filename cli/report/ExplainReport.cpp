@@ -5,9 +5,8 @@
 #include <sstream>
 
 #include "cli/report/Options.h"
-#include "cli/report/Style.h"
+#include "cli/report/TextLayout.h"
 #include "cli/report/TextReport.h"
-#include "cli/report/TextTable.h"
 #include "host/Words.h"
 #include "host/explain/ColumnReason.h"
 #include "host/language/Phrase.h"

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/report/Options.h"
-#include "cli/report/Style.h"
+#include "cli/report/TextLayout.h"
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-#include "cli/report/SettingsJson.h"
-#include "cli/report/Style.h"
-#include "cli/report/TextTable.h"
+#include "cli/Complaints.h"
+#include "cli/report/TextLayout.h"
 #include "contract/TimeStamp.h"
-#include "host/SampleValue.h"
+#include "host/Reading.h"
+#include "host/Words.h"
 #include "host/language/Phrase.h"
-#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -56,9 +55,7 @@ std::string RangeText(const store::StoredSignal& signal) {
     const std::uint32_t type = signal.Description().Type;
     const store::NumberRange range = signal.Summary().Plot.Range();
     if ((type != KelvarinDouble && type != KelvarinInt64) || range.IsEmpty()) return {};
-    constexpr std::uint32_t Bytes = sizeof(double);
-    return SampleText(KelvarinDouble, &range.Lowest, Bytes) + " .. " +
-           SampleText(KelvarinDouble, &range.Highest, Bytes);
+    return ShortestText(range.Lowest) + " .. " + ShortestText(range.Highest);
 }
 
 void WriteSignals(std::ostream& out, const store::StoredDevice& device) {
@@ -122,7 +119,8 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
 }  // namespace
 
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter) {
-    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
+    out << Styled(Style::Heading, PrintableName(file)) << "\n";
+    if (SettingsOf(filter) == nullptr) return;
     out << ReportLabel(Phrase("format")) << FormatInWords(ReadingOf(filter)) << "\n";
     out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
@@ -140,7 +138,7 @@ void WriteFormatText(std::ostream& out, const std::string& file, const CImportFi
     }
 }
 
-void WriteRunText(std::ostream& out, const RunResult& result, HostSession& session,
+void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
                   const std::string& advice) {
     if (const store::StoredDevice* const device = session.Device()) {
         const std::string_view signals =

@@ -1,7 +1,6 @@
 // What people read about a file.
 #pragma once
 
-#include <optional>
 #include <ostream>
 #include <string>
 
@@ -9,12 +8,12 @@
 
 namespace kelvarin::cli {
 
-// The detected format in words and the columns.
+// The detected format in words and the columns, as far as the filter shows its settings.
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter);
 
 // The signals with their samples, the time they span and the messages. `advice` is a line about what to do
 // next, or empty.
-void WriteRunText(std::ostream& out, const RunResult& result, HostSession& session,
+void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
                   const std::string& advice);
 
 }  // namespace kelvarin::cli

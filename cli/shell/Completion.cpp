@@ -1,23 +1,22 @@
-#include "cli/shell/Completion.h"
+#include "cli/shell/CommandList.h"
 
 namespace kelvarin::cli {
 
 namespace {
 
+void AddWord(std::string& words, const std::string& word) {
+    words += (words.empty() ? "" : " ") + word;
+}
+
 // The values among which an option chooses, such as "none memory" of "none|memory"; empty if it takes any
 // text. A word in capitals stands for a text of the user's.
 std::string ChoicesOf(const ListedOption& option) {
     std::string choices;
-    std::string word;
-    for (const char c : option.Value + "|") {
-        if (c != '|') {
-            word += c;
-            continue;
-        }
-        const bool isChoice =
-            !word.empty() && word.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == std::string::npos;
-        if (isChoice) choices += (choices.empty() ? "" : " ") + word;
-        word.clear();
+    for (std::size_t begin = 0, end = 0; end != std::string::npos; begin = end + 1) {
+        end = option.Value.find('|', begin);
+        const std::string word = option.Value.substr(begin, end - begin);
+        const bool isText = word.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") != std::string::npos;
+        if (!word.empty() && !isText) AddWord(choices, word);
     }
     return choices;
 }
@@ -39,70 +38,67 @@ std::string InBrackets(const std::string& text) {
     return escaped;
 }
 
-std::string NamesOf(const std::vector<ListedCommand>& commands) {
-    std::string names;
-    for (const ListedCommand& command : commands) names += (names.empty() ? "" : " ") + command.Name;
-    return names;
-}
-
 void WriteBash(std::ostream& out, const std::vector<ListedCommand>& commands) {
-    out << "_kelvarin_import() {\n"
-           "    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} "
-           "command=${COMP_WORDS[1]}\n"
-           "    local words=\n"
-           "    case $command in\n";
+    out << R"(_kelvarin_import() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} command=${COMP_WORDS[1]}
+    local words=
+    case $command in
+)";
+    std::string commandNames;
     for (const ListedCommand& command : commands) {
+        AddWord(commandNames, command.Name);
         out << "    " << command.Name << ")\n        case $before in\n";
         std::string names;
         for (const ListedOption& option : command.Options) {
-            names += (names.empty() ? "" : " ") + option.Name;
+            AddWord(names, option.Name);
             const std::string choices = ChoicesOf(option);
             if (!choices.empty()) out << "        " << option.Name << ") words='" << choices << "' ;;\n";
         }
         out << "        *) [[ $word != -* ]] || words='" << names << "' ;;\n        esac ;;\n";
     }
-    out << "    *) [[ COMP_CWORD -ne 1 ]] || words='" << NamesOf(commands) << "' ;;\n"
-        << "    esac\n"
-           "    COMPREPLY=($(compgen -W \"$words\" -- \"$word\"))\n"
-           "}\n"
-           "complete -o default -F _kelvarin_import kelvarin-import\n";
+    out << "    *) [[ COMP_CWORD -ne 1 ]] || words='" << commandNames << R"(' ;;
+    esac
+    COMPREPLY=($(compgen -W "$words" -- "$word"))
+}
+complete -o default -F _kelvarin_import kelvarin-import
+)";
 }
 
 void WriteZsh(std::ostream& out, const std::vector<ListedCommand>& commands) {
-    out << "#compdef kelvarin-import\n"
-           "_kelvarin_import() {\n"
-           "    if (( CURRENT == 2 )); then\n"
-           "        local -a commands=(\n";
-    for (const ListedCommand& command : commands) {
+    out << R"(#compdef kelvarin-import
+_kelvarin_import() {
+    if (( CURRENT == 2 )); then
+        local -a commands=(
+)";
+    for (const ListedCommand& command : commands)
         out << "            " << Quoted(command.Name + ":" + command.Description) << "\n";
-    }
-    out << "        )\n"
-           "        _describe command commands\n"
-           "        _files\n"
-           "        return\n"
-           "    fi\n"
-           "    local command=$words[2]\n"
-           "    shift words\n"
-           "    (( CURRENT-- ))\n"
-           "    case $command in\n";
+    out << R"(        )
+        _describe command commands
+        _files
+        return
+    fi
+    local command=$words[2]
+    shift words
+    (( CURRENT-- ))
+    case $command in
+)";
     for (const ListedCommand& command : commands) {
         out << "    " << command.Name << ")\n        _arguments";
         for (const ListedOption& option : command.Options) {
             std::string entry = "*" + option.Name + "[" + InBrackets(option.Description) + "]";
             const std::string choices = ChoicesOf(option);
-            if (!choices.empty()) {
-                entry += ":" + InBrackets(option.Value) + ":(" + choices + ")";
-            } else if (!option.Value.empty()) {
-                entry += ":" + InBrackets(option.Value) + ":_files";
-            }
+            if (!option.Value.empty())
+                entry +=
+                    ":" + InBrackets(option.Value) + ":" + (choices.empty() ? "_files" : "(" + choices + ")");
             out << " \\\n            " << Quoted(entry);
         }
         out << " \\\n            '*:file:_files' ;;\n";
     }
-    out << "    *) _files ;;\n"
-           "    esac\n"
-           "}\n"
-           "compdef _kelvarin_import kelvarin-import\n";
+    out << R"(    *) _files ;;
+    esac
+}
+compdef _kelvarin_import kelvarin-import
+)";
 }
 
 void WriteFish(std::ostream& out, const std::vector<ListedCommand>& commands) {
@@ -124,16 +120,14 @@ void WriteFish(std::ostream& out, const std::vector<ListedCommand>& commands) {
 
 bool WriteCompletion(std::ostream& out, const std::string& shell,
                      const std::vector<ListedCommand>& commands) {
-    if (shell == "bash") {
-        WriteBash(out, commands);
-    } else if (shell == "zsh") {
-        WriteZsh(out, commands);
-    } else if (shell == "fish") {
-        WriteFish(out, commands);
-    } else {
-        return false;
+    constexpr std::pair<const char*, decltype(&WriteBash)> Writers[] = {
+        {"bash", WriteBash}, {"zsh", WriteZsh}, {"fish", WriteFish}};
+    for (const auto& [name, write] : Writers) {
+        if (shell != name) continue;
+        write(out, commands);
+        return true;
     }
-    return true;
+    return false;
 }
 
 }  // namespace kelvarin::cli

@@ -1,4 +1,4 @@
-#include "cli/shell/Manual.h"
+#include "cli/shell/CommandList.h"
 
 #include "host/language/Phrase.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <sstream>
 
-#include "host/SampleValue.h"
+#include "host/Words.h"
 #include "host/hdf5/Column.h"
 #include "host/hdf5/Layout.h"
 #include "host/language/Phrase.h"

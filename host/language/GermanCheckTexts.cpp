@@ -12,10 +12,6 @@ constexpr Translation Texts[] = {
      "Schreibt die verworfenen Zeilen in eine eigene Datei, um sie zu berichtigen und allein zu importieren"},
     {"With --rejects: also the rows with a refused cell",
      "Mit --rejects: auch die Zeilen mit einer abgelehnten Zelle"},
-    {"Examples:\n  kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv\n  "
-     "kelvarin-import check --rejects rejected.csv data.csv",
-     "Beispiele:\n  kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' daten.csv\n  "
-     "kelvarin-import check --rejects verworfen.csv daten.csv"},
     {"--rejects takes the rows of one file; check the files one by one",
      "--rejects nimmt die Zeilen einer einzigen Datei auf; prüfen Sie die Dateien einzeln"},
     {"--rejects would overwrite the file itself", "--rejects würde die Datei selbst überschreiben"},

@@ -151,8 +151,6 @@ constexpr Translation Texts[] = {
      "importiert, zuerst {}."},
     {"Give line {} as many separators as the longest row.",
      "Zeile {} so viele Trennzeichen geben wie der längsten Datenzeile."},
-    {"Examples:\n  kelvarin-import explain data.csv\n  kelvarin-import explain --json *.csv >reasons.json",
-     "Beispiele:\n  kelvarin-import explain daten.csv\n  kelvarin-import explain --json *.csv >gruende.json"},
 };
 
 }  // namespace

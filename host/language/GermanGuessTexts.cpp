@@ -82,6 +82,7 @@ constexpr Translation Texts[] = {
     {"no row fits the timestamp format '{}'", "keine Zeile passt zum Zeitstempelformat '{}'"},
     {" and no format fits; {}", " und kein Format passt; {}"},
     {"; {} ({})", "; {} ({})"},
+    {"this module shows no rows", "dieses Modul zeigt keine Datensätze"},
 };
 
 }  // namespace

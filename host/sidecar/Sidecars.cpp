@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/WholeNumber.h"
+#include "host/SettingText.h"
 #include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "host/FileList.h"
+#include "host/SourceFiles.h"
 #include "program/ProgramRun.h"
 
 namespace {

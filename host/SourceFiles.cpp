@@ -1,9 +1,13 @@
-#include "host/FileList.h"
+#include "host/SourceFiles.h"
 
 #include <algorithm>
+#include <bitset>
 #include <filesystem>
 
+#include "contract/StdioFileEx.h"
+#include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin {
 
@@ -66,6 +70,26 @@ void AddMatches(const fs::path& folder, fs::path::iterator part, fs::path::itera
     }
 }
 
+// Empty, or what speaks against a text with separators in the first lines of a file.
+std::string JudgeLines(CStdioFileEx& file) {
+    constexpr int MostLines = 100;
+    // A text that holds a NUL by accident has few other control characters.
+    constexpr std::size_t KindsInData = 8;
+    std::bitset<u' '> controls;
+    int lines = 0;
+    int lineOfNul = 0;
+    for (std::u16string line; lines < MostLines && file.ReadString(line);) {
+        ++lines;
+        for (const char16_t c : line) {
+            if (c < u' ' && !IsWhiteSpace(c)) controls.set(c);
+        }
+        if (lineOfNul == 0 && controls.test(0)) lineOfNul = lines;
+    }
+    if (lines == 0) return Phrase("the file is empty");
+    if (lineOfNul == 0 || controls.count() < KindsInData) return {};
+    return Phrase("looks like a binary file (NUL byte in line {})", lineOfNul);
+}
+
 }  // namespace
 
 bool MatchesPattern(const std::string& name, const std::string& pattern) {
@@ -114,6 +138,20 @@ FileList ListFiles(const std::vector<std::string>& arguments, bool recursive) {
         list.Files.insert(list.Files.end(), found.begin(), found.end());
     }
     return list;
+}
+
+std::string WhyUnreadable(const std::u16string& path) {
+    CStdioFileEx file;
+    CFileException error(false);
+    if (!file.Open(path.c_str(), CFile::modeRead | CFile::shareExclusive, &error))
+        return Utf16ToUtf8(DescribeFileError(error));
+    try {
+        return JudgeLines(file);
+    } catch (CFileException* failure) {
+        std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+        return reason;
+    }
 }
 
 }  // namespace kelvarin
