@@ -25,6 +25,9 @@ class IDeviceHost {
     virtual void FinishDevice(CDevice* device) = 0;
 };
 
+// 1980-01-01 00:00 at UTC+1 in nanoseconds since 1970: the fixed epoch of relative measurement time.
+constexpr std::int64_t RelativeTimeEpoch = 315'529'200'000'000'000;
+
 // Where relative measurement time begins.
 class IRelativeTimeContext {
   public:
