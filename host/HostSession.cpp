@@ -42,6 +42,7 @@ RunResult HostSession::Run() {
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
     CollectMessages(0);
+    if (result.Begun && Options.OnBegun) Options.OnBegun(*ImportFilter);
     if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
     ImportFilter->EndImport();
     return result;

@@ -25,11 +25,12 @@ struct RunOptions {
     std::optional<std::int64_t> BaseTime;  // start of relative time; none: the fixed epoch
     std::size_t KeepSamples = 0;           // of each signal
     bool KeepAllMessages = false;
-    std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
-    std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
-    store::DeviceSink* Sink = nullptr;              // gets every sample; the run ends when it has failed
-    IRunObserver* Observer = nullptr;               // told what becomes of each row
-    const std::atomic<bool>* Cancel = nullptr;      // ends the run once it is true, set from any thread
+    std::uint64_t MostLines = ~std::uint64_t{0};        // the run ends after so many
+    std::function<void(const CImportFilter&)> OnBegun;  // told before the first line, if the run has begun
+    std::function<void(std::uint32_t)> OnProgress;      // told each new percentage
+    store::DeviceSink* Sink = nullptr;                  // gets every sample; the run ends when it has failed
+    IRunObserver* Observer = nullptr;                   // told what becomes of each row
+    const std::atomic<bool>* Cancel = nullptr;          // ends the run once it is true, set from any thread
 };
 
 // What became of a run.

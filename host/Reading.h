@@ -42,7 +42,11 @@ struct ColumnSummary {
     ECsvDataType Type;
     std::u16string Unit;
     bool IsTimestamp;  // its cells are the rows' times
+    bool IsImported;   // it becomes a signal, unless IsTimestamp
+    int Index;         // 0-based place in the file
 };
+
+// In the order of the file, and so in the order in which a run makes the signals.
 std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter);
 
 }  // namespace kelvarin
