@@ -78,6 +78,7 @@ RunResult HostSession::Run() {
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
     CollectMessages(0, result);
+    if (result.Begun && Options.OnBegun) Options.OnBegun(*ImportFilter);
     if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
     ImportFilter->EndImport();
     if (result.Failed && result.Failure.empty())

@@ -28,6 +28,7 @@ struct RunOptions {
     std::size_t KeepSamples = 0;                    // of each signal, in memory
     std::size_t KeepMessages = 0;                   // with their texts; the groups count all
     std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
+    std::function<void(const CImportFilter&)> OnBegun;  // gets the filter before the first line; may be empty
     std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage, within Run; may be empty
     store::DeviceSink* Sink = nullptr;              // gets every sample; the run ends when it has failed
     IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it

@@ -1,6 +1,7 @@
 #include "host/MissingValue.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/framework/Text.h"
 

@@ -25,6 +25,7 @@ class IDeviceHost {
     virtual void FinishDevice(CDevice* device) = 0;
 };
 
+
 // Where relative measurement time begins.
 class IRelativeTimeContext {
   public:

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "contract/DeviceHost.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/IntervalUnits.h"
@@ -54,9 +53,8 @@ std::int64_t BaseTime(IRelativeTimeContext& context, RunTimes& times) {
 
 // Why a row that has a time isn't stored.
 DropReason ReasonOf(const CCsvImportSettings& settings, std::int64_t time, std::int64_t last) {
-    if (time > MaxTimestamp) return DropReason::OutOfRange;
+    if (time > MaxTimestamp || last == 0) return DropReason::OutOfRange;
     if (settings.TimeSetting == TimeInterval) return DropReason::NoStep;
-    if (last == 0) return DropReason::OutOfRange;
     return time == last ? DropReason::Repeats : DropReason::Falls;
 }
 
