@@ -1,12 +1,12 @@
-// Cells of a file that stand for a value that is missing.
+// How files write that there is no value.
 #pragma once
 
 #include <string_view>
 
 namespace kelvarin {
 
-// True for an empty text and for the usual markers: nan, na, n/a, null, none, one to three hyphens, a
-// question mark. Upper and lower case are one, and white space at the ends does not count.
+// True for a cell that is empty or holds a missing-value marker, such as "NaN", "n/a" or "--", in any case
+// and with white space around it.
 bool IsMissingValue(std::u16string_view text);
 
 }  // namespace kelvarin
