@@ -20,8 +20,7 @@ void Prepare(const CImportFilter& filter, CheckResult& result) {
     TakeFormat(filter, result);
     result.Series = std::make_unique<TimeSeries>(result.Format, result.Letters);
     for (const ColumnSummary& column : SummarizeColumns(filter)) {
-        if (column.IsSignal)
-            result.Columns.push_back({column.Index + 1, column.Name, column.Type, 0, 0, {}});
+        if (column.IsSignal) result.Columns.push_back({column.Index + 1, column.Name, column.Type, 0, 0, {}});
     }
 }
 
@@ -86,7 +85,7 @@ void Advise(const ModuleLoader& module, const std::u16string& path, const CImpor
             CheckResult& result) {
     const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
     if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
-    result.TimeAdvice.Text = guess::AdviseTimestamp(module, path, filter);
+    result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(filter));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-#include "contract/FixedTimes.h"
 #include "host/check/CheckWords.h"
+#include "contract/FixedTimes.h"
 
 #include <algorithm>
 #include <array>

@@ -25,7 +25,6 @@ class IDeviceHost {
     virtual void FinishDevice(CDevice* device) = 0;
 };
 
-
 // Where relative measurement time begins.
 class IRelativeTimeContext {
   public:

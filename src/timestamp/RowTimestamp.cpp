@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contract/DeviceHost.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/IntervalUnits.h"
