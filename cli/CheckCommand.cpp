@@ -58,21 +58,22 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
     check::LineSet rejected;
-    const check::CheckResult result = RunWithProgress(module, options, file, rejected);
-    const std::vector<check::Finding> findings = check::Judge(result);
-    RejectsNote rejects;
+    CheckReport report{file, RunWithProgress(module, options, file, rejected), {}, {}, 0, {}};
+    const check::CheckResult& result = report.Result;
+    report.Findings = check::Judge(result);
     if (!options.File.empty() && result.Begun && !result.Failed) {
+        report.RejectsFile = options.File;
+        report.RejectedRows = rejected.Count();
         const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
-        rejects = {options.File, rejected.Count(),
-                   check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected)};
+        report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected);
     }
-    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, file, result, findings, rejects);
+    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, report);
     const std::string reason = WhyFailed(path, result);
     if (!reason.empty()) ComplainAbout(file, reason);
-    if (!rejects.Failure.empty()) ComplainAbout(rejects.File, rejects.Failure);
+    if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);
     if (result.Interrupted) return ExitInterrupted;
-    if (result.Failed || !rejects.Failure.empty()) return ExitFileFailed;
-    return check::IsClean(result, findings) ? ExitDone : ExitFindings;
+    if (result.Failed || !report.RejectsFailure.empty()) return ExitFileFailed;
+    return check::IsClean(result, report.Findings) ? ExitDone : ExitFindings;
 }
 
 int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,

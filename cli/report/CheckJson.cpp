@@ -46,24 +46,9 @@ Json DroppedToJson(const check::DroppedRows& dropped) {
     return {{"count", dropped.Count()}, {"examined", dropped.Count()}, {"reasons", reasons}};
 }
 
-const char* NameOf(check::DayMonthState state) {
-    switch (state) {
-        case check::DayMonthState::DayAbove12:
-        case check::DayMonthState::WouldFall:
-        case check::DayMonthState::RunsOn:
-            return "proven";
-        case check::DayMonthState::OneDate:
-        case check::DayMonthState::Ambiguous:
-            return "ambiguous";
-        case check::DayMonthState::OtherIsCloser:
-            return "doubtful";
-        case check::DayMonthState::Same:
-            return "equal";
-        case check::DayMonthState::NotChecked:
-            break;
-    }
-    return "unasked";
-}
+// In the order of DayMonthState.
+constexpr const char* DayMonthStates[] = {"unasked",   "proven", "proven",    "proven",
+                                          "ambiguous", "equal",  "ambiguous", "doubtful"};
 
 Json GapsToJson(const check::TimeSeries& series, const check::IntervalStatistics& intervals) {
     Json longest = Json::array();
@@ -94,33 +79,35 @@ Json TimeToJson(const check::TimeSeries& series) {
             {"rowsPerTime", series.GetSharedTimes().RowsEach},
             {"rollOvers", series.RollOvers()},
             {"doubtfulRollOvers", PlacesToJson(series.DoubtfulRollOvers())},
-            {"dateOrder", {{"state", NameOf(series.Dates().State())}, {"line", series.Dates().Line()}}}};
+            {"dateOrder",
+             {{"state", DayMonthStates[static_cast<int>(series.Dates().State())]},
+              {"line", series.Dates().Line()}}}};
 }
 
-Json FindingsToJson(const check::CheckResult& result, const std::vector<check::Finding>& findings) {
+Json FindingsToJson(const CheckReport& report) {
     Json list = Json::array();
-    for (const check::Finding& finding : findings) {
+    for (const check::Finding& finding : report.Findings) {
         list.push_back({{"kind", finding.Kind},
                         {"fault", finding.IsFault},
                         {"text", finding.Text},
-                        {"remedy", AdviceText(result, finding)}});
+                        {"remedy", AdviceText(report, finding)}});
     }
     return list;
 }
 
-Json RejectsToJson(const RejectsNote& rejects) {
-    if (rejects.File.empty() || !rejects.Failure.empty()) return nullptr;
-    return {{"file", Utf16ToUtf8(PathFromNative(rejects.File))}, {"rows", rejects.Rows}};
+Json RejectsToJson(const CheckReport& report) {
+    if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return nullptr;
+    return {{"file", Utf16ToUtf8(PathFromNative(report.RejectsFile))}, {"rows", report.RejectedRows}};
 }
 
 }  // namespace
 
-void WriteCheckJson(std::ostream& out, const std::string& file, const check::CheckResult& result,
-                    const std::vector<check::Finding>& findings, const RejectsNote& rejects) {
-    Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
+void WriteCheckJson(std::ostream& out, const CheckReport& report) {
+    const check::CheckResult& result = report.Result;
+    Json document = {{"file", Utf16ToUtf8(PathFromNative(report.File))},
                      {"begun", result.Begun},
-                     {"clean", check::IsClean(result, findings)},
-                     {"findings", FindingsToJson(result, findings)},
+                     {"clean", check::IsClean(result, report.Findings)},
+                     {"findings", FindingsToJson(report)},
                      {"lines", result.Lines},
                      {"blank", result.BlankLines}};
     document["rowsAbove"] = {{"first", result.Above.First}, {"last", result.Above.Last}};
@@ -128,7 +115,7 @@ void WriteCheckJson(std::ostream& out, const std::string& file, const check::Che
     document["dropped"] = DroppedToJson(result.Dropped);
     document["before1990"] = PlacesToJson(result.Before1990);
     document["time"] = result.Series ? TimeToJson(*result.Series) : Json();
-    document["rejects"] = RejectsToJson(rejects);
+    document["rejects"] = RejectsToJson(report);
     out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 

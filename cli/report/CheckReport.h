@@ -9,21 +9,21 @@
 
 namespace kelvarin::cli {
 
-// Where the rejected rows went.
-struct RejectsNote {
-    std::string File;  // as given; empty without one
-    std::uint64_t Rows = 0;
-    std::string Failure;  // why it could not be written
+struct CheckReport {
+    std::string File;  // as given
+    check::CheckResult Result;
+    std::vector<check::Finding> Findings;
+    std::string RejectsFile;  // as given; empty without one
+    std::uint64_t RejectedRows = 0;
+    std::string RejectsFailure;  // why it could not be written
 };
 
 // What to do about a finding, with the options or the commands that do it; empty if there is nothing to do.
-std::string AdviceText(const check::CheckResult& result, const check::Finding& finding);
+std::string AdviceText(const CheckReport& report, const check::Finding& finding);
 
-void WriteCheckText(std::ostream& out, const std::string& file, const check::CheckResult& result,
-                    const std::vector<check::Finding>& findings, const RejectsNote& rejects);
+void WriteCheckText(std::ostream& out, const CheckReport& report);
 
 // One line.
-void WriteCheckJson(std::ostream& out, const std::string& file, const check::CheckResult& result,
-                    const std::vector<check::Finding>& findings, const RejectsNote& rejects);
+void WriteCheckJson(std::ostream& out, const CheckReport& report);
 
 }  // namespace kelvarin::cli

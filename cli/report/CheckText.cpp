@@ -27,32 +27,27 @@ std::string FaultsInWords(const check::CheckResult& result) {
     return words;
 }
 
-void WriteVerdict(std::ostream& out, const check::CheckResult& result,
-                  const std::vector<check::Finding>& findings) {
+void WriteVerdict(std::ostream& out, const CheckReport& report) {
     out << ReportLabel(Phrase("verdict"));
-    const auto faults =
-        std::count_if(findings.begin(), findings.end(), [](const check::Finding& f) { return f.IsFault; });
-    const std::string words = FaultsInWords(result);
-    if (check::IsClean(result, findings)) {
-        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(result.StoredRows()));
+    const auto faults = std::count_if(report.Findings.begin(), report.Findings.end(),
+                                      [](const check::Finding& finding) { return finding.IsFault; });
+    const std::string words = FaultsInWords(report.Result);
+    if (check::IsClean(report.Result, report.Findings)) {
+        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(report.Result.StoredRows()));
     } else if (faults == 1) {
         out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
     } else {
         out << Phrase("not clean: {} faults", faults) << (words.empty() ? "" : "; ") << words;
     }
-    if (result.Interrupted) out << "; " << Phrase("ended by Ctrl-C");
+    if (report.Result.Interrupted) out << "; " << Phrase("ended by Ctrl-C");
     out << "\n";
 }
 
-void WriteFindings(std::ostream& out, const check::CheckResult& result,
-                   const std::vector<check::Finding>& findings) {
-    for (const check::Finding& finding : findings) {
-        if (finding.IsFault) {
-            out << ReportLabel(Phrase("fault")) << Styled(Style::Warning, finding.Text) << "\n";
-        } else {
-            out << ReportLabel(Phrase("note")) << finding.Text << "\n";
-        }
-        const std::string advice = AdviceText(result, finding);
+void WriteFindings(std::ostream& out, const CheckReport& report) {
+    for (const check::Finding& finding : report.Findings) {
+        out << ReportLabel(finding.IsFault ? Phrase("fault") : Phrase("note"))
+            << (finding.IsFault ? Styled(Style::Warning, finding.Text) : finding.Text) << "\n";
+        const std::string advice = AdviceText(report, finding);
         if (!advice.empty()) out << ReportLabel("") << "-> " << advice << "\n";
     }
 }
@@ -62,31 +57,25 @@ std::string PlaceText(const check::FilePlace& place) {
 }
 
 void WriteColumns(std::ostream& out, const check::CheckResult& result) {
-    using Align = TextTable::Align;
-    TextTable table(
-        {Align::Right, Align::Left, Align::Left, Align::Right, Align::Left, Align::Left, Align::Right});
-    std::size_t shown = 0;
-    std::size_t others = 0;
+    constexpr auto Left = TextTable::Align::Left, Right = TextTable::Align::Right;
+    TextTable table({Right, Left, Left, Right, Left, Left, Right});
+    std::size_t count = 0;
     for (const check::ColumnCheck& column : result.Columns) {
         const check::FilePlaces& refused = column.Refused;
-        if (refused.Count() == 0 && column.Empty == 0) continue;
-        if (shown == MostColumnsShown) {
-            ++others;
-            continue;
-        }
-        ++shown;
         const bool any = refused.Count() != 0;
+        if ((!any && column.Empty == 0) || ++count > MostColumnsShown) continue;
         table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      any ? DataTypeInWords(column.Type) : std::string(),
-                      any ? Phrase("{} refused", refused.Count()) : std::string(),
-                      any ? PlaceText(refused.FirstFew().front()) : std::string(),
-                      refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : std::string(),
-                      column.Empty != 0 ? Phrase("{} empty", column.Empty) : std::string()});
+                      any ? DataTypeInWords(column.Type) : "",
+                      any ? Phrase("{} refused", refused.Count()) : "",
+                      any ? PlaceText(refused.FirstFew().front()) : "",
+                      refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : "",
+                      column.Empty != 0 ? Phrase("{} empty", column.Empty) : ""});
     }
-    if (shown == 0) return;
+    if (count == 0) return;
     out << ReportHeading(Phrase("columns")) << "\n";
     table.Write(out, "    ");
-    if (others != 0) out << "    " << Phrase("... and {} more columns", others) << "\n";
+    if (count > MostColumnsShown)
+        out << "    " << Phrase("... and {} more columns", count - MostColumnsShown) << "\n";
 }
 
 void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals) {
@@ -108,12 +97,13 @@ void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals
 void WriteTime(std::ostream& out, const check::CheckResult& result) {
     const check::TimeSeries& series = *result.Series;
     if (series.Count() == 0) return;
+    const auto moment = [&](std::int64_t time, std::uint64_t line) {
+        return check::MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
+    };
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     table.AddRow({Phrase("rows"), std::to_string(series.Count())});
-    table.AddRow({Phrase("first"), check::MomentInWords(result.Format, series.First()) + "  " +
-                                       Phrase("line {}", series.FirstLine())});
-    table.AddRow({Phrase("last"), check::MomentInWords(result.Format, series.Last()) + "  " +
-                                      Phrase("line {}", series.LastLine())});
+    table.AddRow({Phrase("first"), moment(series.First(), series.FirstLine())});
+    table.AddRow({Phrase("last"), moment(series.Last(), series.LastLine())});
     table.AddRow({Phrase("span"), check::SpanInWords(series.Last() - series.First())});
     WriteIntervals(table, series.Intervals());
     out << ReportHeading(Phrase("time axis")) << "\n";
@@ -124,8 +114,7 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     const check::IntervalStatistics intervals = result.Series->Intervals();
     if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
     out << ReportHeading(Phrase("longest gaps")) << "\n";
-    using Align = TextTable::Align;
-    TextTable table({Align::Right, Align::Left, Align::Left});
+    TextTable table({TextTable::Align::Right, TextTable::Align::Left, TextTable::Align::Left});
     for (const check::TimeStep& step : result.Series->LongestSteps()) {
         if (step.Length() <= intervals.GapAbove) break;
         table.AddRow({check::SpanInWords(step.Length()), Phrase("before line {}", step.Line),
@@ -135,38 +124,37 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     table.Write(out, "    ");
 }
 
-void WriteRejectsNote(std::ostream& out, const check::CheckResult& result, const RejectsNote& rejects) {
-    if (rejects.File.empty() || !rejects.Failure.empty()) return;
-    const std::string name = Utf16ToUtf8(PathFromNative(rejects.File));
-    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", check::RowsInWords(rejects.Rows), name)
+void WriteRejectsNote(std::ostream& out, const CheckReport& report) {
+    if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return;
+    const std::string name = Utf16ToUtf8(PathFromNative(report.RejectsFile));
+    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", check::RowsInWords(report.RejectedRows), name)
         << "\n";
-    if (rejects.Rows == 0) return;
+    if (report.RejectedRows == 0) return;
     out << ReportLabel("") << "-> "
         << Phrase("once mended, import it with the same settings and these: {}",
-                  OptionsText(check::TableSettings(result.Format)))
+                  OptionsText(check::TableSettings(report.Result.Format)))
         << "\n";
 }
 
 }  // namespace
 
-std::string AdviceText(const check::CheckResult& result, const check::Finding& finding) {
+std::string AdviceText(const CheckReport& report, const check::Finding& finding) {
     if (finding.Advice.Action != RemedyAction::ReverseRows) return RemedyText(finding.Advice);
-    const int head = result.Format.FirstDataLine - 1;
+    const int head = report.Result.Format.FirstDataLine - 1;
     return finding.Advice.Text + ", " +
            Phrase("where there are head, tail and tac: (head -n {} FILE; tail -n +{} FILE | tac) > REVERSED",
                   head, head + 1);
 }
 
-void WriteCheckText(std::ostream& out, const std::string& file, const check::CheckResult& result,
-                    const std::vector<check::Finding>& findings, const RejectsNote& rejects) {
-    if (!result.Begun) return;
-    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
-    WriteVerdict(out, result, findings);
-    WriteFindings(out, result, findings);
-    WriteColumns(out, result);
-    WriteTime(out, result);
-    WriteGaps(out, result);
-    WriteRejectsNote(out, result, rejects);
+void WriteCheckText(std::ostream& out, const CheckReport& report) {
+    if (!report.Result.Begun) return;
+    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(report.File))) << "\n";
+    WriteVerdict(out, report);
+    WriteFindings(out, report);
+    WriteColumns(out, report.Result);
+    WriteTime(out, report.Result);
+    WriteGaps(out, report.Result);
+    WriteRejectsNote(out, report);
 }
 
 }  // namespace kelvarin::cli

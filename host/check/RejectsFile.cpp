@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 
 #include "contract/StdioFileEx.h"
 #include "platform/framework/Path.h"
@@ -17,6 +18,14 @@ constexpr std::size_t BlockSize = 65536;
 void OpenOrRaise(CFile& file, const std::u16string& path, unsigned flags) {
     auto error = std::make_unique<CFileException>();
     if (!file.Open(path.c_str(), flags, error.get())) throw error.release();
+}
+
+std::uint64_t LengthOfByteOrderMark(CFile& file) {
+    char begin[3] = {};
+    file.Read(begin, sizeof begin);
+    const std::string_view bytes(begin, sizeof begin);
+    if (bytes == "\xEF\xBB\xBF") return 3;
+    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ? 2 : 0;
 }
 
 // Reads the lines as the module does, to learn where each begins and ends.
@@ -37,8 +46,8 @@ void CopyLines(const std::u16string& from, const std::u16string& to, std::uint64
         target.Write(held.data(), held.size());
         held.clear();
     };
-    std::uint64_t begin = lines.GetPosition();
-    copy(0, begin);  // the byte order mark
+    std::uint64_t begin = LengthOfByteOrderMark(source);
+    copy(0, begin);
     std::u16string text;
     const std::uint64_t end = std::max(firstDataLine, chosen.End());
     for (std::uint64_t line = 1; line < end && lines.ReadString(text); ++line) {

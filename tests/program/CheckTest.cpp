@@ -155,6 +155,56 @@ TEST(Check, NamesTheLinesOfTheFileAndThoseOfTheModule) {
     EXPECT_EQ(refused.dump(), R"({"line":605,"moduleLine":603,"text":"x"})");
 }
 
+struct ReasonCase {
+    const char* Name;
+    std::string File;
+    std::vector<std::string> Settings;
+    std::string Reasons;  // each with the lines of its rows
+};
+
+TEST(Check, NamesTheReasonOfEveryDroppedRow) {
+    const ReasonCase cases[] = {
+        {"times that are read",
+         "t;n\n"                    // 1
+         "[ns];[V]\n"               // 2: units
+         "4;1\n"                    // 3: stored
+         "4;2\n"                    // 4: repeats
+         "3;3\n"                    // 5: falls
+         "\n"                       // 6: blank
+         ";\n"                      // 7: empty
+         "x;4\n"                    // 8: unreadable
+         "6;5\n"                    // 9: stored
+         "4611686018427387904;6\n"  // 10: beyond the greatest time
+         "7;7\n"                    // 11: stored
+         ";\n"                      // 12: empty
+         "end;of data\n",           // 13: a legend
+         {"AutoFormat=0", "Separator=0", "DateSetting=2", "TimestampFormat=[ns]"},
+         "empty 7 12, unreadableAtStart 2, unreadable 8, unreadableAtEnd 13, repeats 4, falls 5, outOfRange "
+         "10"},
+        {"dates",
+         "t;n\n01.01.1970 00:00:00;1\n13.02.2024 8:00:00;2\n31.02.2024 8:00:00;3\n13.02.2024 9:00:00;4\n",
+         {Dated},
+         "unreadable 4, outOfRange 2"},
+        {"times that are counted",
+         "n\n1\n2\n\n3\n",
+         {"AutoFormat=0", "DateSetting=2", "TimeSetting=1", "IntervalValue=0"},
+         "noStep 3 5"},
+        {"no format", "t;n\n1;1\n;\n2;1\n", {"AutoFormat=0", "Separator=0"}, "empty 3, unreadable 2 4"},
+    };
+    for (const ReasonCase& c : cases) {
+        SCOPED_TRACE(c.Name);
+        const ProgramRun run;
+        run.Write("data.csv", c.File);
+        const Json document = Json::parse(Check(run, c.Settings, {"--json", "data.csv"}).Out);
+        std::string reasons;
+        for (const auto& [reason, places] : document["dropped"]["reasons"].items()) {
+            reasons += (reasons.empty() ? "" : ", ") + reason;
+            for (const Json& place : places["first"]) reasons += " " + place["line"].dump();
+        }
+        EXPECT_EQ(reasons, c.Reasons);
+    }
+}
+
 TEST(Check, FindsRowsAboveTheTable) {
     const ProgramRun run;
     run.Write("data.csv",

@@ -45,10 +45,10 @@ class FakeRun {
     }
 
     void Take(const std::vector<Row>& rows, bool cameToEnd = true) {
-        for (const Row& row : rows) Take(row);
+        for (const Row& row : rows) TakeRow(row);
         Result.Dropped.Finish(cameToEnd);
     }
-    void Take(const Row& row) {
+    void TakeRow(const Row& row) {
         const RowPlace place{++Line, Line};
         if (!row.Reason) return Observer.OnRowStored(place, row.Time);
         std::u16string text = row.Cells;
@@ -153,11 +153,11 @@ TEST(DroppedRows, QuoteTheTimeInTheTableAndTheRowElsewhere) {
 
 TEST(DroppedRows, KeepTheFirstFewPlacesAndTheLast) {
     FakeRun run;
-    run.Take(Stored(1));
+    run.TakeRow(Stored(1));
     for (int i = 0; i < 1000; ++i)
-        run.Take(Misfit(u"x" + std::u16string(1, static_cast<char16_t>(u'a' + i % 26))));
-    run.Take(Stored(2));
-    for (int i = 0; i < 500; ++i) run.Take(Misfit(u"y"));
+        run.TakeRow(Misfit(u"x" + std::u16string(1, static_cast<char16_t>(u'a' + i % 26))));
+    run.TakeRow(Stored(2));
+    for (int i = 0; i < 500; ++i) run.TakeRow(Misfit(u"y"));
     run.Result.Dropped.Finish(true);
     const check::FilePlaces& between = run.Result.Dropped.Of(DropKind::Unreadable);
     EXPECT_EQ(between.Count(), 1000u);
@@ -203,10 +203,10 @@ TEST(CheckObserver, TellsBlankLinesInTheTableFromThoseBelowIt) {
     FakeRun run;
     const auto blank = [&] { run.Observer.OnBlankLine({++run.Line, 0}); };
     blank();
-    run.Take(Stored(1));
+    run.TakeRow(Stored(1));
     blank();
     blank();
-    run.Take(Misfit(u"x;1"));
+    run.TakeRow(Misfit(u"x;1"));
     blank();
     run.Result.Dropped.Finish(true);
     EXPECT_EQ(run.Result.BlankLines, 4u);
@@ -220,13 +220,13 @@ TEST(CheckObserver, CountsCellsByColumnAndNotesTheLinesThatAreWanted) {
     const auto refuse = [&](int column) {
         run.Observer.OnCellRefused({{run.Line, run.Line}, column, 2, u"x"});
     };
-    run.Take(Stored(1));
+    run.TakeRow(Stored(1));
     refuse(1);
     refuse(4);
-    run.Take(Stored(2));
+    run.TakeRow(Stored(2));
     refuse(4);
     refuse(2);  // of no signal
-    run.Take(Falling(0));
+    run.TakeRow(Falling(0));
     EXPECT_EQ(check::LinesInWords(run.Result.Columns[0].Refused), "line 2");
     EXPECT_EQ(check::LinesInWords(run.Result.Columns[1].Refused), "lines 2, 3");
     EXPECT_EQ(run.Result.RefusedCells(), 3u);
