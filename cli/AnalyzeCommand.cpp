@@ -13,9 +13,7 @@
 #include "platform/framework/Path.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
@@ -30,7 +28,6 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const g
     }
     return analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(path));
 }
-
 }  // namespace
 
 void AddAnalyzeCommand(CommandLine& line) {
@@ -49,5 +46,4 @@ void AddAnalyzeCommand(CommandLine& line) {
                 {"kelvarin-import analyze data.csv",
                  "kelvarin-import analyze --set AutoFormat=0 --set Separator=2 --set FirstLine=25 data.txt"});
 }
-
 }  // namespace kelvarin::cli

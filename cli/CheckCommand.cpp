@@ -16,9 +16,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 struct RejectsOptions {
     std::string File;    // for the rejected rows; empty: none
     bool Cells = false;  // among them those with a refused cell
@@ -92,7 +90,6 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Re
     return many.Run(common.Files, Phrase("checked"),
                     [&](const std::string& file) { return CheckFile(module, common, options, file); });
 }
-
 }  // namespace
 
 void AddCheckCommand(CommandLine& line) {
@@ -117,5 +114,4 @@ void AddCheckCommand(CommandLine& line) {
     AddExamples(command, {"kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
                           "kelvarin-import check --rejects rejected.csv data.csv"});
 }
-
 }  // namespace kelvarin::cli

@@ -8,9 +8,7 @@
 #include "platform/framework/Language.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 constexpr const char* ProgramName = "kelvarin-import";
 
 // The names of the options of a command, for a complaint about another one.
@@ -35,7 +33,6 @@ std::string ReasonOf(const CLI::ParseError& error) {
         return Phrase("The following argument was not expected: {}", text.substr(Unexpected.size()));
     return text;
 }
-
 }  // namespace
 
 std::string WantedLanguage(const std::vector<std::string>& arguments) {
@@ -155,5 +152,4 @@ std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments)
 int CommandLine::Run(const ModuleLoader& module) const {
     return Bodies.at(Program.get_subcommands().front())(module, CommonValues);
 }
-
 }  // namespace kelvarin::cli

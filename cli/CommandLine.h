@@ -14,7 +14,6 @@
 #include "host/SettingText.h"
 
 namespace kelvarin::cli {
-
 // What every command takes.
 struct CommonOptions {
     std::vector<std::string> Files;       // as given, at least one
@@ -79,5 +78,4 @@ void AddDialogCommand(CommandLine& line);
 
 // The tools around the program: completion and manual.
 void AddShellCommands(CommandLine& line);
-
 }  // namespace kelvarin::cli

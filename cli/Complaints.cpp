@@ -8,7 +8,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 int WorseStatus(int one, int other) {
     constexpr int Order[] = {ExitDone, ExitFindings, ExitFileFailed, ExitWrongUsage, ExitInterrupted};
     return std::find(std::begin(Order), std::end(Order), one) <
@@ -38,5 +37,4 @@ int Finish(const std::string& file, const std::string& reason) {
 std::string PrintableName(const std::string& file) {
     return Utf16ToUtf8(PathFromNative(file));
 }
-
 }  // namespace kelvarin::cli

@@ -4,7 +4,6 @@
 #include <string>
 
 namespace kelvarin::cli {
-
 enum ExitStatus : int {
     ExitDone = 0,          // every file was done
     ExitFileFailed = 1,    // a file could not be imported or analysed; the others are done
@@ -30,5 +29,4 @@ int Finish(const std::string& file, const std::string& reason);
 
 // A file's name as valid UTF-8, whatever its bytes are.
 std::string PrintableName(const std::string& file);
-
 }  // namespace kelvarin::cli

@@ -20,11 +20,9 @@
 #include "platform/framework/UserInput.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 // Controls that steps name without a number.
 constexpr int PreviewId = 1026;
 constexpr int SignalListId = 1021;
@@ -300,7 +298,6 @@ int RunDialog(const ModuleLoader& module, const std::string& file, const std::st
     }
     return ExitWrongUsage;
 }
-
 }  // namespace
 
 void AddDialogCommand(CommandLine& line) {
@@ -314,5 +311,4 @@ void AddDialogCommand(CommandLine& line) {
         ->type_name("FILE");
     AddExamples(command, {"printf 'click 1022\\nok\\n' | kelvarin-import dialog --script - data.csv"});
 }
-
 }  // namespace kelvarin::cli

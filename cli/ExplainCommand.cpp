@@ -11,9 +11,7 @@
 #include "platform/framework/Path.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
     const std::u16string path = PathFromNative(file);
     explain::AnalysisRecord record;
@@ -28,7 +26,6 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const 
     }
     return ExitDone;
 }
-
 }  // namespace
 
 void AddExplainCommand(CommandLine& line) {
@@ -43,5 +40,4 @@ void AddExplainCommand(CommandLine& line) {
     AddExamples(command,
                 {"kelvarin-import explain data.csv", "kelvarin-import explain --json *.csv >reasons.json"});
 }
-
 }  // namespace kelvarin::cli

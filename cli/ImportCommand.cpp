@@ -19,9 +19,7 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 // The command's own options.
 struct ImportOptions {
     bool KeepSamples = false;              // every one, in memory
@@ -229,7 +227,6 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
     if (!ParseWhole(text, options.BaseTime.emplace()))
         RefuseOption("--base-time", Phrase("'{}' is no 64-bit number of nanoseconds", text));
 }
-
 }  // namespace
 
 void AddImportCommand(CommandLine& line) {
@@ -258,5 +255,4 @@ void AddImportCommand(CommandLine& line) {
                           "kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
                           "kelvarin-import import --json --samples all data.csv >data.json"});
 }
-
 }  // namespace kelvarin::cli

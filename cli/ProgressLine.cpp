@@ -9,7 +9,6 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-
 constexpr const char* ClearLine = "\r\033[K";
 
 ProgressLine::~ProgressLine() {
@@ -34,5 +33,4 @@ void ProgressLine::Show(std::uint32_t percent) {
     }
     std::cerr << std::flush;
 }
-
 }  // namespace kelvarin::cli

@@ -7,7 +7,6 @@
 #include <utility>
 
 namespace kelvarin::cli {
-
 // One line on standard error that is rewritten and removed at the end: percentage, throughput and time left.
 // Nothing at all if that is no terminal.
 class ProgressLine {
@@ -25,5 +24,4 @@ class ProgressLine {
     const std::chrono::steady_clock::time_point Start = std::chrono::steady_clock::now();
     bool Shown = false;
 };
-
 }  // namespace kelvarin::cli

@@ -20,11 +20,9 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 // What the command and its parts take beside the common options.
 struct SidecarOptions {
     bool CheckOnly = false;
@@ -214,7 +212,6 @@ void AddParts(CLI::App& command, SidecarOptions& options) {
         if (files->count() == 0 && command.get_subcommands().empty()) throw CLI::RequiredError("FILE");
     });
 }
-
 }  // namespace
 
 void AddSidecarCommand(CommandLine& line) {
@@ -233,5 +230,4 @@ void AddSidecarCommand(CommandLine& line) {
                           "kelvarin-import sidecar apply data.csv.info '*.csv'",
                           "kelvarin-import sidecar diff data.csv.info other.csv.info"});
 }
-
 }  // namespace kelvarin::cli

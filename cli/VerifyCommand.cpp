@@ -15,12 +15,10 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 using Difference = store::SampleCheck::Difference;
 
 namespace {
-
 // Puts the settings of a run in force; empty, or what is wrong with one.
 std::string LayOver(SettingsLayer& layer, const SettingList& settings) {
     for (const auto& [key, value] : settings) {
@@ -116,7 +114,6 @@ class Verification {
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
 };
-
 }  // namespace
 
 void AddVerifyCommand(CommandLine& line) {
@@ -130,5 +127,4 @@ void AddVerifyCommand(CommandLine& line) {
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
                 Phrase("The settings are those that the file was written with, unless --set is given."));
 }
-
 }  // namespace kelvarin::cli

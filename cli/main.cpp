@@ -10,13 +10,11 @@ using namespace kelvarin;
 using namespace kelvarin::cli;
 
 namespace {
-
 // The store that the module will read: the user's or a file.
 void OpenProfile(const CommonOptions& options) {
     SetProcessProfile(options.ProfilePath.empty() ? OpenUserProfile(u"Brenholt", GetCommonProfileName())
                                                   : OpenProfileFile(PathFromNative(options.ProfilePath)));
 }
-
 }  // namespace
 
 int main(int argc, char** argv) {

@@ -11,9 +11,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 namespace {
-
 // The 0-based columns of the source that become signals, in the order in which a filter makes them.
 std::vector<int> SignalColumns(const CImportFilter& filter) {
     std::vector<int> columns;
@@ -22,7 +20,6 @@ std::vector<int> SignalColumns(const CImportFilter& filter) {
     }
     return columns;
 }
-
 }  // namespace
 
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
@@ -111,5 +108,4 @@ void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
         ++result.Lines;
     }
 }
-
 }  // namespace kelvarin

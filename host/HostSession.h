@@ -18,7 +18,6 @@
 #include "host/store/StoredDevice.h"
 
 namespace kelvarin {
-
 // A number of samples or messages that no file reaches.
 constexpr std::size_t KeepAll = std::numeric_limits<std::size_t>::max();
 
@@ -83,5 +82,4 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals
     std::unique_ptr<CImportFilter> ImportFilter;
 };
-
 }  // namespace kelvarin

@@ -5,7 +5,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 // Compares in place: a copy of each text without its digits would cost more than all the rest.
 bool MessageList::KindOrder::operator()(const ImportMessage& one, const ImportMessage& other) const {
     if (one.Column != other.Column || one.Column >= 0) return one.Column < other.Column;
@@ -32,5 +31,4 @@ void MessageList::Add(ImportMessage message, std::uint64_t line) {
     ++Count;
     if (First.size() < Keep) First.push_back(std::move(message));
 }
-
 }  // namespace kelvarin

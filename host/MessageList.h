@@ -9,7 +9,6 @@
 #include "contract/ImportFilter.h"
 
 namespace kelvarin {
-
 // Messages of one kind: about the cells of one column, or alike but for their numbers.
 struct MessageGroup {
     std::u16string FirstText;
@@ -47,5 +46,4 @@ class MessageList {
     std::map<ImportMessage, std::size_t, KindOrder> GroupOfKind;  // index by a message of the kind
     std::vector<ImportMessage> First;
 };
-
 }  // namespace kelvarin

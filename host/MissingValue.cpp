@@ -6,7 +6,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 bool IsMissingValue(std::u16string_view text) {
     constexpr std::u16string_view Markers[] = {u"nan", u"na", u"n/a", u"null", u"none",
                                                u"-",   u"--", u"---", u"?"};
@@ -15,5 +14,4 @@ bool IsMissingValue(std::u16string_view text) {
            std::any_of(std::begin(Markers), std::end(Markers),
                        [&](std::u16string_view marker) { return EqualsIgnoreCase(cell, marker); });
 }
-
 }  // namespace kelvarin

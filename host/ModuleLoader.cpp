@@ -8,9 +8,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 namespace {
-
 // Beside the program, where a build and a zip have it, or else in the plug-in folder of an installed tree.
 std::u16string FindModule(const std::u16string& name) {
     const std::u16string beside = ProgramFolder() + u"/" + ModuleFileName(name);
@@ -21,7 +19,6 @@ std::u16string FindModule(const std::u16string& name) {
                              std::filesystem::exists(PathForStream(installed), unknown);
     return isInstalled ? installed : beside;
 }
-
 }  // namespace
 
 std::string ModuleLoader::Load() {
@@ -49,5 +46,4 @@ std::vector<std::u16string> ModuleLoader::ResourceItems(unsigned id) const {
         begin = end + 1;
     }
 }
-
 }  // namespace kelvarin

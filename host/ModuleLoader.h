@@ -10,7 +10,6 @@
 #include "platform/framework/SharedLibrary.h"
 
 namespace kelvarin {
-
 // One module, loaded to the end of this object, which outlives every filter made by it. Filters read settings
 // and texts that are the process's, so one thread at a time makes them.
 class ModuleLoader {
@@ -35,5 +34,4 @@ class ModuleLoader {
     SharedLibrary Library;
     CImportDllInfo* Info = nullptr;  // the module's
 };
-
 }  // namespace kelvarin

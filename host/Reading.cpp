@@ -4,7 +4,6 @@
 #include "contract/SettingsView.h"
 
 namespace kelvarin {
-
 char16_t Reading::SeparatorSign() const {
     if (Separator == SeparatorOther) return OtherSeparator.empty() ? u'\0' : OtherSeparator.front();
     return SeparatorCharOf(static_cast<std::uint32_t>(Separator));
@@ -49,5 +48,4 @@ std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter) {
     }
     return columns;
 }
-
 }  // namespace kelvarin

@@ -9,7 +9,6 @@
 class CImportFilter;
 
 namespace kelvarin {
-
 // What a report needs of the settings, valid beyond the life of the filter. Lines and columns count from 1.
 struct Reading {
     int Separator = 0;  // an ESeparator
@@ -46,5 +45,4 @@ const CCsvImportSettings* SettingsOf(const CImportFilter& filter);
 // Both of a filter that has analysed its file; the defaults, and no column, if it doesn't show its settings.
 Reading ReadingOf(const CImportFilter& filter);
 std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter);
-
 }  // namespace kelvarin

@@ -6,7 +6,6 @@
 #include "host/SettingText.h"
 
 namespace kelvarin {
-
 // What a front end can do itself, by an option or a button, beside putting settings in force.
 enum class RemedyAction {
     None,
@@ -21,5 +20,4 @@ struct Remedy {
     SettingList Settings = {};  // that do what the text says; empty if no setting does
     RemedyAction Action = RemedyAction::None;
 };
-
 }  // namespace kelvarin

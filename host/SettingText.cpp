@@ -11,9 +11,7 @@
 #include "settings/SettingsTable.h"
 
 namespace kelvarin {
-
 namespace {
-
 template <class Value>
 ProfileBlock BlockOf(const Value& value) {
     ProfileBlock block(sizeof value);
@@ -80,7 +78,6 @@ std::string ValueText(double number) {
 std::string ValueText(const std::u16string& text) {
     return Utf16ToUtf8(text);
 }
-
 }  // namespace
 
 std::string ParseSetting(const std::string& key, const std::string& value, ParsedSetting& parsed) {
@@ -132,5 +129,4 @@ std::string SettingsLayer::Set(const std::string& key, const std::string& value)
 void SettingsLayer::Set(const char16_t* key, int value) {
     Layer->Set(SettingsSection, key, value);
 }
-
 }  // namespace kelvarin

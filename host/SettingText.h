@@ -12,7 +12,6 @@
 class CCsvImportSettings;
 
 namespace kelvarin {
-
 // One setting of the profile as ParseSetting has read it.
 struct ParsedSetting {
     std::u16string Key;
@@ -61,5 +60,4 @@ class SettingsLayer {
     const std::shared_ptr<ProfileStore> Before;
     const std::shared_ptr<ProfileOverlay> Layer;
 };
-
 }  // namespace kelvarin

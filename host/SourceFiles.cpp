@@ -10,11 +10,9 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 namespace fs = std::filesystem;
 
 namespace {
-
 // As the arguments have it: bytes, or UTF-8 where the system's names are no bytes.
 std::string NativeText(const fs::path& path) {
     const std::u8string text = path.u8string();
@@ -89,7 +87,6 @@ std::string JudgeLines(CStdioFileEx& file) {
     if (lineOfNul == 0 || controls.count() < KindsInData) return {};
     return Phrase("looks like a binary file (NUL byte in line {})", lineOfNul);
 }
-
 }  // namespace
 
 bool MatchesPattern(const std::string& name, const std::string& pattern) {
@@ -153,5 +150,4 @@ std::string WhyUnreadable(const std::u16string& path) {
         return reason;
     }
 }
-
 }  // namespace kelvarin

@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace kelvarin {
-
 struct FileList {
     std::vector<std::string> Files;  // in the order of the arguments, those of a folder or pattern sorted
     bool IsExpanded = false;         // a folder or a pattern was among the arguments
@@ -22,5 +21,4 @@ bool MatchesPattern(const std::string& name, const std::string& pattern);
 // Why a file gave no signals: the system's reason if it can't be opened or read, that it is empty, or that
 // NUL bytes make it hardly a text. One clause in UTF-8, empty if none of that is so.
 std::string WhyUnreadable(const std::u16string& path);
-
 }  // namespace kelvarin

@@ -10,9 +10,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-
 namespace {
-
 bool StartsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
@@ -36,7 +34,6 @@ Value Load(const void* data) {
     std::memcpy(&value, data, sizeof value);
     return value;
 }
-
 }  // namespace
 
 std::string SeparatorName(int separator) {
@@ -98,5 +95,4 @@ std::string OneLine(const std::string& text, std::size_t width) {
     }
     return line;
 }
-
 }  // namespace kelvarin

@@ -8,7 +8,6 @@
 #include "host/Reading.h"
 
 namespace kelvarin {
-
 // The name of a separator: an ESeparator that has one of its own, 0 to 3.
 std::string SeparatorName(int separator);
 
@@ -29,5 +28,4 @@ std::size_t TextWidth(const std::string& text);
 
 // The text with "?" for line ends and other control characters, cut after `width` characters.
 std::string OneLine(const std::string& text, std::size_t width);
-
 }  // namespace kelvarin

@@ -1,9 +1,7 @@
 #include "cli/language/Texts.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 constexpr Translation Texts[] = {
     // The command line.
     {"Turns measurement text files (*.csv, *.txt) into signals.",
@@ -163,11 +161,9 @@ constexpr Translation Texts[] = {
     {"written", "geschrieben"},
     {"there are no texts for '{}'; allowed are {}", "für '{}' gibt es keine Texte; erlaubt sind {}"},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanCommandTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin::cli

@@ -5,7 +5,6 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
-
 // A table per language.
 std::span<const Translation> GermanCommandTexts();
 
@@ -14,5 +13,4 @@ inline void UseTexts(std::string_view code) {
     SetPhraseLanguage(code);
     AddPhrases("de", GermanCommandTexts());
 }
-
 }  // namespace kelvarin::cli

@@ -10,11 +10,9 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 // No message begins with it.
 constexpr char Mark = '\x1e';
 
@@ -60,7 +58,6 @@ int RunOneByOne(const std::vector<std::string>& files, const ManyFiles::Work& wo
     }
     return status;
 }
-
 }  // namespace
 
 void FilesSummary::Add(const FilesSummary& other) {
@@ -132,5 +129,4 @@ int ManyFiles::Run(const std::vector<std::string>& arguments, const std::string&
 std::vector<std::string> ManyFiles::FilesOf(const std::vector<std::string>& arguments) const {
     return ListFiles(arguments, Recursive).Files;
 }
-
 }  // namespace kelvarin::cli

@@ -9,7 +9,6 @@
 #include "cli/CommandLine.h"
 
 namespace kelvarin::cli {
-
 // What became of one file: its exit status, and the samples that were stored of it.
 struct FileOutcome {
     FileOutcome(int status, std::uint64_t samples = 0) : Status(status), Samples(samples) {}
@@ -64,5 +63,4 @@ class ManyFiles {
     bool Recursive = false;
     bool IsProcess = false;  // started by another one, which makes the summary
 };
-
 }  // namespace kelvarin::cli

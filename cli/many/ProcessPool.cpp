@@ -12,9 +12,7 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 // Small shares spread uneven files; to start a process costs some milliseconds.
 constexpr std::size_t SharesPerJob = 4;
 constexpr std::size_t LargestShare = 16;
@@ -123,7 +121,6 @@ class ProcessPool {
     std::vector<Share> Shares;
     int Status = ExitDone;
 };
-
 }  // namespace
 
 int RunInProcesses(const std::vector<std::string>& arguments, std::size_t jobs,
@@ -132,5 +129,4 @@ int RunInProcesses(const std::vector<std::string>& arguments, std::size_t jobs,
     pool.Deal(files, jobs);
     return pool.Run(jobs);
 }
-
 }  // namespace kelvarin::cli

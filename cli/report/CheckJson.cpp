@@ -5,11 +5,9 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 Json PlaceToJson(const check::FilePlace& place) {
     Json json = {{"line", place.Line}};
     if (place.ModuleLine != 0) json["moduleLine"] = place.ModuleLine;
@@ -99,7 +97,6 @@ Json RejectsToJson(const CheckReport& report) {
     if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return nullptr;
     return {{"file", Utf16ToUtf8(PathFromNative(report.RejectsFile))}, {"rows", report.RejectedRows}};
 }
-
 }  // namespace
 
 void WriteCheckJson(std::ostream& out, const CheckReport& report) {
@@ -118,5 +115,4 @@ void WriteCheckJson(std::ostream& out, const CheckReport& report) {
     document["rejects"] = RejectsToJson(report);
     out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
 }
-
 }  // namespace kelvarin::cli

@@ -8,7 +8,6 @@
 #include "host/check/Findings.h"
 
 namespace kelvarin::cli {
-
 struct CheckReport {
     std::string File;  // as given
     check::CheckResult Result;
@@ -25,5 +24,4 @@ void WriteCheckText(std::ostream& out, const CheckReport& report);
 
 // One line.
 void WriteCheckJson(std::ostream& out, const CheckReport& report);
-
 }  // namespace kelvarin::cli

@@ -9,9 +9,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 constexpr std::size_t MostColumnsShown = 40;
 constexpr std::size_t NameWidth = 40;
 constexpr std::size_t CellWidth = 24;
@@ -135,7 +133,6 @@ void WriteRejectsNote(std::ostream& out, const CheckReport& report) {
                   OptionsText(check::TableSettings(report.Result.Format)))
         << "\n";
 }
-
 }  // namespace
 
 std::string AdviceText(const CheckReport& report, const check::Finding& finding) {
@@ -156,5 +153,4 @@ void WriteCheckText(std::ostream& out, const CheckReport& report) {
     WriteGaps(out, report.Result);
     WriteRejectsNote(out, report);
 }
-
 }  // namespace kelvarin::cli

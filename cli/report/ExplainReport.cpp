@@ -15,11 +15,9 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 constexpr std::size_t NameWidth = 40;
 
 // A line of the report, or several where the terminal is narrower.
@@ -164,7 +162,6 @@ Json ProposalJson(const explain::Explanation& explanation) {
             {"advised", explanation.IsAdvised()},
             {"options", explanation.IsAdvised() ? OptionsText(explanation.ProposedSettings()) : ""}};
 }
-
 }  // namespace
 
 void WriteExplanationText(std::ostream& out, const std::string& file,
@@ -205,5 +202,4 @@ void WriteExplanationJson(std::ostream& out, const std::string& file,
                            {"proposal", ProposalJson(explanation)}};
     out << document.dump() << "\n";
 }
-
 }  // namespace kelvarin::cli

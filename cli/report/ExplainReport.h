@@ -6,10 +6,8 @@
 #include "host/explain/Explanation.h"
 
 namespace kelvarin::cli {
-
 void WriteExplanationText(std::ostream& out, const std::string& file,
                           const explain::Explanation& explanation);
 void WriteExplanationJson(std::ostream& out, const std::string& file,
                           const explain::Explanation& explanation);
-
 }  // namespace kelvarin::cli

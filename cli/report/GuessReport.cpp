@@ -8,11 +8,9 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 constexpr const char* Indent = "            ";
 
 std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
@@ -20,7 +18,6 @@ std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
     if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
     return objections;
 }
-
 }  // namespace
 
 void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
@@ -59,5 +56,4 @@ Json GuessToJson(const guess::TimeGuess& guess) {
             {"otherOptions", OptionsText(guess.OtherSettings)},
             {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
 }
-
 }  // namespace kelvarin::cli

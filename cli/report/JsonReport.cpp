@@ -14,11 +14,9 @@
 #include "settings/SettingsTable.h"
 
 namespace kelvarin::cli {
-
 using Json = nlohmann::ordered_json;
 
 namespace {
-
 Json ToJson(const std::u16string& text) {
     return Utf16ToUtf8(text);
 }
@@ -130,7 +128,6 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
     out << ",\"messages\":" << list.dump();
     if (messages.LeftOut() != 0) out << ",\"messagesLeftOut\":" << messages.LeftOut();
 }
-
 }  // namespace
 
 void WriteDocument(std::ostream& out, const Json& document) {
@@ -172,5 +169,4 @@ void WriteImportJson(std::ostream& out, const std::string& file, const RunResult
     if (guess != nullptr) out << ",\"guess\":" << GuessToJson(*guess).dump();
     out << "}\n";
 }
-
 }  // namespace kelvarin::cli

@@ -10,7 +10,6 @@
 #include "host/guess/TimeGuess.h"
 
 namespace kelvarin::cli {
-
 // Writes a document in a line of its own, with U+FFFD for bytes that are no UTF-8.
 void WriteDocument(std::ostream& out, const nlohmann::ordered_json& document);
 
@@ -26,5 +25,4 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
                      const HostSession& session, std::optional<std::size_t> samples,
                      const guess::TimeGuess* guess);
-
 }  // namespace kelvarin::cli

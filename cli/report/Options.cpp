@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace kelvarin::cli {
-
 std::string ShellQuoted(const std::string& word) {
     const bool isPlain = !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '=' ||
@@ -30,5 +29,4 @@ std::string RemedyText(const Remedy& remedy) {
     if (options.empty() || remedy.Text.empty()) return remedy.Text + options;
     return remedy.Text + ": " + options;
 }
-
 }  // namespace kelvarin::cli

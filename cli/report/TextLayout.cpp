@@ -6,9 +6,7 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 std::string WithStyle(Style style, const std::string& text, bool isTerminal) {
     const char* const noColour = std::getenv("NO_COLOR");
     const char* const terminal = std::getenv("TERM");
@@ -30,7 +28,6 @@ void FitWidths(std::vector<std::size_t>& widths, std::size_t indent) {
         --*widest;
     }
 }
-
 }  // namespace
 
 std::string Styled(Style style, const std::string& text) {
@@ -70,5 +67,4 @@ void TextTable::Write(std::ostream& out, const std::string& indent) const {
         out << line << "\n";
     }
 }
-
 }  // namespace kelvarin::cli

@@ -8,7 +8,6 @@
 #include "host/Words.h"
 
 namespace kelvarin::cli {
-
 enum class Style {
     Heading,  // the file that a report is about
     Label,    // what a line is about
@@ -44,5 +43,4 @@ class TextTable {
     const std::vector<Align> Columns;
     std::vector<std::vector<std::string>> Rows;
 };
-
 }  // namespace kelvarin::cli

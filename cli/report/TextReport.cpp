@@ -11,9 +11,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 constexpr std::size_t NameWidth = 40;
 constexpr std::size_t ValueWidth = 24;
 constexpr std::size_t PlotWidth = 24;
@@ -115,7 +113,6 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
         if (!lines.empty()) out << "      " << lines << "\n";
     }
 }
-
 }  // namespace
 
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter) {
@@ -151,5 +148,4 @@ void WriteRunText(std::ostream& out, const RunResult& result, const HostSession&
     WriteMessages(out, session.Messages());
     if (!advice.empty()) out << ReportLabel(Phrase("advice")) << advice << "\n";
 }
-
 }  // namespace kelvarin::cli

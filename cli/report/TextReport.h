@@ -7,7 +7,6 @@
 #include "host/HostSession.h"
 
 namespace kelvarin::cli {
-
 // The detected format in words and the columns, as far as the filter shows its settings.
 void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter);
 
@@ -15,5 +14,4 @@ void WriteFormatText(std::ostream& out, const std::string& file, const CImportFi
 // next, or empty.
 void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
                   const std::string& advice);
-
 }  // namespace kelvarin::cli

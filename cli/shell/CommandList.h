@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace kelvarin::cli {
-
 struct ListedOption {
     std::string Name;         // with its dashes
     std::string Value;        // its type, such as FILE or none|memory; empty for a flag
@@ -25,5 +24,4 @@ bool WriteCompletion(std::ostream& out, const std::string& shell, const std::vec
 
 // Writes the page for section 1 of the manual in the format of man(7).
 void WriteManual(std::ostream& out, const std::string& version, const std::vector<ListedCommand>& commands);
-
 }  // namespace kelvarin::cli

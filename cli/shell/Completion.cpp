@@ -1,9 +1,7 @@
 #include "cli/shell/CommandList.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 void AddWord(std::string& words, const std::string& word) {
     words += (words.empty() ? "" : " ") + word;
 }
@@ -115,7 +113,6 @@ void WriteFish(std::ostream& out, const std::vector<ListedCommand>& commands) {
         }
     }
 }
-
 }  // namespace
 
 bool WriteCompletion(std::ostream& out, const std::string& shell,
@@ -129,5 +126,4 @@ bool WriteCompletion(std::ostream& out, const std::string& shell,
     }
     return false;
 }
-
 }  // namespace kelvarin::cli

@@ -3,9 +3,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 // A text as roff reads it back: a backslash and a leading dot or quote would be its own.
 std::string Roff(const std::string& text) {
     std::string escaped;
@@ -37,7 +35,6 @@ void WriteCommand(std::ostream& out, const ListedCommand& command) {
     }
     if (!command.Examples.empty()) out << ".PP\n.nf\n" << Roff(command.Examples) << "\n.fi\n";
 }
-
 }  // namespace
 
 void WriteManual(std::ostream& out, const std::string& version, const std::vector<ListedCommand>& commands) {
@@ -73,5 +70,4 @@ void WriteManual(std::ostream& out, const std::string& version, const std::vecto
     for (const auto& [name, meaning] : variables)
         out << ".TP\n.B " << Roff(name) << "\n" << Roff(meaning) << ".\n";
 }
-
 }  // namespace kelvarin::cli

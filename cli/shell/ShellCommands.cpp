@@ -5,9 +5,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
-
 namespace {
-
 // The commands and options that the help names, in its order.
 std::vector<ListedCommand> ListCommands(const CLI::App& program) {
     std::vector<ListedCommand> commands;
@@ -24,7 +22,6 @@ std::vector<ListedCommand> ListCommands(const CLI::App& program) {
     }
     return commands;
 }
-
 }  // namespace
 
 void AddShellCommands(CommandLine& line) {
@@ -42,5 +39,4 @@ void AddShellCommands(CommandLine& line) {
     manual.callback([&line] { WriteManual(std::cout, KELVARIN_VERSION, ListCommands(line.Tree())); });
     AddExamples(manual, {"kelvarin-import manual | man -l -"});
 }
-
 }  // namespace kelvarin::cli

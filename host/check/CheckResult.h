@@ -14,7 +14,6 @@
 #include "host/check/TimeSeries.h"
 
 namespace kelvarin::check {
-
 // A column that became a signal.
 struct ColumnCheck {
     int Column = 0;  // 1-based
@@ -55,5 +54,4 @@ struct CheckResult {
         return count;
     }
 };
-
 }  // namespace kelvarin::check

@@ -8,9 +8,7 @@
 #include "host/guess/TimeAdvice.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 void TakeFormat(const CImportFilter& filter, CheckResult& result) {
     result.Format = ReadingOf(filter);
     if (auto* const reader = filter.Find<ITimeReader>()) result.Letters = reader->FormatLetters();
@@ -87,7 +85,6 @@ void Advise(const ModuleLoader& module, const std::u16string& path, const CImpor
     if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
     result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(filter));
 }
-
 }  // namespace
 
 void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
@@ -147,5 +144,4 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     Advise(module, path, session.Filter(), result);
     return result;
 }
-
 }  // namespace kelvarin::check

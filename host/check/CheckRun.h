@@ -12,7 +12,6 @@
 #include "host/check/RejectsFile.h"
 
 namespace kelvarin::check {
-
 // Which lines a run is to note; null: not wanted. They outlive the run.
 struct WantedLines {
     LineSet* Dropped = nullptr;  // rows without a sample
@@ -55,5 +54,4 @@ class CheckObserver final : public IRunObserver {
     const WantedLines Wanted;
     FilePlaces BlankAtEnd;  // with no row below them yet
 };
-
 }  // namespace kelvarin::check

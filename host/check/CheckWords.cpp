@@ -13,9 +13,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t Day = 86'400 * Second;
 constexpr std::size_t MostNamed = 5;  // lines, beside the last
@@ -25,7 +23,6 @@ std::string ShortNumber(double value) {
     std::snprintf(text.data(), text.size(), "%.6g", value);
     return text.data();
 }
-
 }  // namespace
 
 std::string MomentInWords(const Reading& format, std::int64_t time) {
@@ -74,5 +71,4 @@ std::string Quoted(const std::u16string& text, std::size_t width) {
     std::replace(shown.begin(), shown.end(), u'\t', u' ');
     return "\"" + OneLine(Utf16ToUtf8(shown), width) + "\"";
 }
-
 }  // namespace kelvarin::check

@@ -8,7 +8,6 @@
 #include "host/check/FilePlaces.h"
 
 namespace kelvarin::check {
-
 // The moment of a row; under relative time its distance from the start. Nanoseconds.
 std::string MomentInWords(const Reading& format, std::int64_t time);
 
@@ -28,5 +27,4 @@ std::string CellsInWords(std::uint64_t count);
 
 // A cell or a row in quotes, cut where it is long.
 std::string Quoted(const std::u16string& text, std::size_t width = 60);
-
 }  // namespace kelvarin::check

@@ -7,9 +7,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::int64_t Hour = 3'600'000'000'000;
 constexpr int MonthsOfYear = 12;
 constexpr std::size_t YearLetter = 0, MonthLetter = 1, DayLetter = 2, LetterCount = 6;
@@ -22,7 +20,6 @@ CalendarDate DateOf(std::int64_t time) {
     const std::string text = Utf16ToUtf8(CTimeStamp(time).ToText());  // YYYY-MM-DD ...
     return {std::stoi(text), std::stoi(text.substr(5)), std::stoi(text.substr(8))};
 }
-
 }  // namespace
 
 std::u16string WithDayAndMonthExchanged(const std::u16string& format, const std::u16string& letters) {
@@ -84,5 +81,4 @@ DayMonthState DayMonthOrder::State() const {
     if (Dates == 1) return DayMonthState::OneDate;
     return ExchangedSteps < Steps / 4 ? DayMonthState::OtherIsCloser : DayMonthState::Ambiguous;
 }
-
 }  // namespace kelvarin::check

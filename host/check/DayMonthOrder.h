@@ -5,7 +5,6 @@
 #include <string>
 
 namespace kelvarin::check {
-
 // The format with day and month exchanged; empty if it doesn't have both. `letters` are those of
 // ITimeReader::FormatLetters, here and below.
 std::u16string WithDayAndMonthExchanged(const std::u16string& format, const std::u16string& letters);
@@ -52,5 +51,4 @@ class DayMonthOrder {
     DayMonthState Decided = DayMonthState::NotChecked;
     std::uint64_t DecidingLine = 0;
 };
-
 }  // namespace kelvarin::check

@@ -7,9 +7,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::uint64_t MostNamedLine = 999;  // the greatest value of the setting FirstLine
 
@@ -169,7 +167,6 @@ void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) 
                                RowsInWords(places.Count()), LinesInWords(places)),
                         {Phrase("give them later dates in the file, or a fixed interval in relative time")}});
 }
-
 }  // namespace
 
 void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
@@ -181,5 +178,4 @@ void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
         JudgeKind(result, kind, findings);
     JudgeEarlyTimes(result, findings);
 }
-
 }  // namespace kelvarin::check

@@ -8,9 +8,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::size_t MostUnread = 100;
 constexpr std::size_t MostOfAText = 200;
 
@@ -38,7 +36,6 @@ std::u16string JoinedCells(std::span<char16_t* const> cells, char16_t separator)
     }
     return Shortened(row);
 }
-
 }  // namespace
 
 const char* NameOf(DropKind kind) {
@@ -80,5 +77,4 @@ void DroppedRows::SettlePending(DropKind kind) {
     PlacesOf(kind).Append(kind == DropKind::Unreadable ? PendingTimes : Pending);
     Pending = PendingTimes = {};
 }
-
 }  // namespace kelvarin::check

@@ -12,7 +12,6 @@
 #include "host/check/FilePlaces.h"
 
 namespace kelvarin::check {
-
 // The reasons of the run; rows whose time doesn't fit the format are told apart by where they are.
 enum class DropKind : std::size_t {
     Empty,              // only blank cells
@@ -82,5 +81,4 @@ class DroppedRows {
     std::vector<std::u16string> Unread;
     FallSummary Fallen;
 };
-
 }  // namespace kelvarin::check

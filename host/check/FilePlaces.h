@@ -9,7 +9,6 @@
 #include <vector>
 
 namespace kelvarin::check {
-
 struct FilePlace {
     std::uint64_t Line = 0;        // of the file, from 1
     std::uint64_t ModuleLine = 0;  // as the module's messages count: without blank lines; 0 for a blank line
@@ -45,5 +44,4 @@ class FilePlaces {
     std::vector<FilePlace> First;
     FilePlace Newest;
 };
-
 }  // namespace kelvarin::check

@@ -8,9 +8,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 bool AreMissingValues(const FilePlaces& cells) {
     const auto isMissing = [](const FilePlace& place) { return IsMissingValue(place.Text); };
     return isMissing(cells.Last()) &&
@@ -137,7 +135,6 @@ void JudgeTimes(const CheckResult& result, std::vector<Finding>& findings) {
         findings.push_back({"noRows", result.Columns.size() != 0, Phrase("no row was stored")});
     }
 }
-
 }  // namespace
 
 std::vector<Finding> Judge(const CheckResult& result) {
@@ -176,5 +173,4 @@ Reading TableAbove(const CheckResult& result) {
     table.HeaderLine = result.Above.FollowsText ? table.FirstDataLine - 1 : 0;
     return table;
 }
-
 }  // namespace kelvarin::check

@@ -8,7 +8,6 @@
 #include "host/check/CheckResult.h"
 
 namespace kelvarin::check {
-
 struct Finding {
     const char* Kind = "";  // a word for scripts; of dropped rows that of NameOf
     bool IsFault = true;    // else a note: it leaves a file clean
@@ -30,5 +29,4 @@ SettingList TableSettings(const Reading& table);
 
 // The table that begins at the rows found above the one that was read; there are some.
 Reading TableAbove(const CheckResult& result);
-
 }  // namespace kelvarin::check

@@ -6,9 +6,7 @@
 #include <utility>
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::size_t MostExact = 4096;
 constexpr int KeptBits = 7;  // of a rounded interval: 64 values from one power of two to the next
 
@@ -39,7 +37,6 @@ std::uint64_t CountBetween(const SortedCounts& counts, double lowest, double hig
     }
     return found;
 }
-
 }  // namespace
 
 void IntervalCounts::Add(std::int64_t interval) {
@@ -78,5 +75,4 @@ IntervalStatistics IntervalCounts::Statistics() const {
     all.Gaps = Total - CountBetween(counts, 0, gapAbove);
     return all;
 }
-
 }  // namespace kelvarin::check

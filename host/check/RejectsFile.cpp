@@ -10,9 +10,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::size_t BlockSize = 65536;
 
 void OpenOrRaise(CFile& file, const std::u16string& path, unsigned flags) {
@@ -58,7 +56,6 @@ void CopyLines(const std::u16string& from, const std::u16string& to, std::uint64
     target.Write(held.data(), held.size());
     target.Close();
 }
-
 }  // namespace
 
 std::string WriteRejects(const std::u16string& from, const std::u16string& to, std::uint64_t firstDataLine,
@@ -77,5 +74,4 @@ bool IsSameFile(const std::u16string& a, const std::u16string& b) {
     std::error_code ignored;
     return std::filesystem::equivalent(PathForStream(a), PathForStream(b), ignored);
 }
-
 }  // namespace kelvarin::check

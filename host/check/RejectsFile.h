@@ -7,7 +7,6 @@
 #include <vector>
 
 namespace kelvarin::check {
-
 // Lines of a file by number, from 1; a bit each.
 class LineSet {
   public:
@@ -35,5 +34,4 @@ std::string WriteRejects(const std::u16string& from, const std::u16string& to, s
 
 // True if both paths lead to one file.
 bool IsSameFile(const std::u16string& a, const std::u16string& b);
-
 }  // namespace kelvarin::check

@@ -10,9 +10,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::uint64_t MostLines = 999;  // the greatest value of the setting FirstLine
 constexpr std::size_t MostOfACell = 200;
 
@@ -107,7 +105,6 @@ RowsAbove FindByShape(ITableReader& table, const Reading& format, std::uint64_t 
     rows.Separator = format.Separator;
     return rows;
 }
-
 }  // namespace
 
 RowsAbove FindRowsAbove(const CImportFilter& filter, const Reading& format, const RowSearch& search) {
@@ -126,5 +123,4 @@ RowsAbove FindRowsAbove(const CImportFilter& filter, const Reading& format, cons
     }
     return {};
 }
-
 }  // namespace kelvarin::check

@@ -8,7 +8,6 @@
 #include "host/Reading.h"
 
 namespace kelvarin::check {
-
 // The longest stretch of such lines, numbered from 1; First is 0 if there is none.
 struct RowsAbove {
     std::uint64_t First = 0, Last = 0;
@@ -29,5 +28,4 @@ struct RowSearch {
 // start further down. Nothing is found by a filter without ITableReader and ITimeReader, or whose file can't
 // be read.
 RowsAbove FindRowsAbove(const CImportFilter& filter, const Reading& format, const RowSearch& search);
-
 }  // namespace kelvarin::check

@@ -7,9 +7,7 @@
 #include "contract/TimeStamp.h"
 
 namespace kelvarin::check {
-
 namespace {
-
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t Hour = 3600 * Second;
 constexpr std::int64_t Day = 24 * Hour;
@@ -30,7 +28,6 @@ std::int64_t ResolutionOf(const std::u16string& format) {
     }
     return Day;
 }
-
 }  // namespace
 
 // A format in square brackets counts on over midnight, and an interval has no clock at all.
@@ -102,5 +99,4 @@ SharedTimes TimeSeries::GetSharedTimes() const {
     shared.IsEven = alike * 10 >= groups * 9;
     return shared;
 }
-
 }  // namespace kelvarin::check

@@ -12,7 +12,6 @@
 #include "host/check/FilePlaces.h"
 
 namespace kelvarin::check {
-
 // Intervals are in nanoseconds.
 struct IntervalStatistics {
     std::uint64_t Count = 0;
@@ -116,5 +115,4 @@ class TimeSeries {
     std::uint64_t RollOverCount = 0;
     FilePlaces Doubtful;
 };
-
 }  // namespace kelvarin::check

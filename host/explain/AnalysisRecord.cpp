@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace kelvarin::explain {
-
 const std::u16string& AnalysisRecord::TextOf(int line) const {
     static const std::u16string none;
     const auto found = std::lower_bound(Counted.begin(), Counted.end(), line,
@@ -62,5 +61,4 @@ void AnalysisRecord::OnTableEnded(TableEnd why, int line) {
     End = why;
     EndLine = line;
 }
-
 }  // namespace kelvarin::explain

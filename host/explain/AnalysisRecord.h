@@ -10,7 +10,6 @@
 #include "settings/DataType.h"
 
 namespace kelvarin::explain {
-
 // Semicolon, comma, tab and space, the indices 0 to 3 of the setting.
 constexpr int SeparatorsCounted = 4;
 
@@ -87,5 +86,4 @@ class AnalysisRecord : private IAnalysisObserver {
     void OnCell(const JudgedCell& cell) override;
     void OnTableEnded(TableEnd why, int line) override;
 };
-
 }  // namespace kelvarin::explain

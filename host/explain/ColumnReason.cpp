@@ -5,9 +5,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 const CellGroup& FallOf(const ColumnReason& reason, int type) {
     return reason.Fell[static_cast<std::size_t>(type - 1)];
 }
@@ -56,7 +54,6 @@ std::string TextReasonInWords(const ColumnReason& reason) {
     return Phrase("{} in line {} fits no other type, and {} of {} cells are empty", Quoted(other.FirstText),
                   other.FirstLine, reason.Empty.Count, reason.Cells);
 }
-
 }  // namespace
 
 ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column) {
@@ -99,5 +96,4 @@ std::string Quoted(const std::u16string& text) {
     constexpr std::size_t Width = 40;
     return "\"" + OneLine(Utf16ToUtf8(text), Width) + "\"";
 }
-
 }  // namespace kelvarin::explain

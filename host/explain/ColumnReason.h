@@ -7,7 +7,6 @@
 #include "host/explain/AnalysisRecord.h"
 
 namespace kelvarin::explain {
-
 // Some cells of a column.
 struct CellGroup {
     std::size_t Count = 0;
@@ -46,5 +45,4 @@ CellGroup CellsWhere(const AnalysisRecord& record, std::size_t column, Test&& pa
     }
     return group;
 }
-
 }  // namespace kelvarin::explain

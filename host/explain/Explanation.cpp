@@ -7,9 +7,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 // Analyses the file under this format into `record`. False if the file can't be read, or a sidecar takes
 // precedence over the profile, so that the format isn't used.
 bool TryFormat(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
@@ -52,7 +50,6 @@ std::string TryProposal(const ModuleLoader& module, const std::u16string& path, 
     if (readsFewer && 2 * taken.Rows.size() > tried.Rows.size()) return {};
     return Phrase("columns: {}, of them text: {}", tried.Rows.front().CellCount, ColumnsKept(tried) - typed);
 }
-
 }  // namespace
 
 SettingList Explanation::ProposedSettings() const {
@@ -81,5 +78,4 @@ Explanation Explain(const ModuleLoader& module, const std::u16string& path, cons
     explanation.Warnings = FindWarnings(explanation);
     return explanation;
 }
-
 }  // namespace kelvarin::explain

@@ -11,7 +11,6 @@
 #include "host/explain/TableProposal.h"
 
 namespace kelvarin::explain {
-
 // What people do not expect of the way a file was read.
 struct Warning {
     std::string Kind;         // for scripts, the same in every language
@@ -52,5 +51,4 @@ std::string RunnerUp(const AnalysisRecord& record);
 
 // How far the columns were analysed and what ended it.
 std::string RowsRead(const AnalysisRecord& record);
-
 }  // namespace kelvarin::explain

@@ -7,9 +7,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 // "4 semicolons".
 std::string CountOf(std::int32_t count, int separator) {
     const std::string one[] = {Phrase("one semicolon"), Phrase("one comma"), Phrase("one tab"),
@@ -83,7 +81,6 @@ std::string HeaderReason(const AnalysisRecord& record) {
         "Line {} is the first with enough numbers for data ({}), so line {} above it is the header: {}.",
         last.Line, TestInWords(last), record.DetectedFirstLine, Quoted(text));
 }
-
 }  // namespace
 
 std::vector<std::string> FormatReasons(const Explanation& explanation) {
@@ -137,5 +134,4 @@ std::string RowsRead(const AnalysisRecord& record) {
     }
     return text;
 }
-
 }  // namespace kelvarin::explain

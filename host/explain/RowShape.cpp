@@ -8,9 +8,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 // A date, a time, a value with a unit: it begins with a digit, after a sign or a bracket at most.
 bool BeginsWithDigit(std::u16string_view text) {
     const std::size_t skipped = std::u16string_view(u"+-<>$~").find(text.front()) != text.npos ? 1 : 0;
@@ -33,7 +31,6 @@ CellKind KindOf(const CutCell& cell) {
     const bool isShortHex = Contains(cell.Fits, CsvTypeHex) && text.size() == 2;
     return isShortHex || BeginsWithDigit(text) ? CellKind::Digits : CellKind::Word;
 }
-
 }  // namespace
 
 RowShape::RowShape(const CutLine& row) : LineNumber(static_cast<int>(row.Line)), CellCount(row.CellCount) {
@@ -86,5 +83,4 @@ bool ValueColumns::IsUnlike(const RowShape& row) const {
     const bool beginsWithWord = HoldsValues[0] && row.Kind(0) == CellKind::Word;
     return beginsWithWord || 2 * words > filled;
 }
-
 }  // namespace kelvarin::explain

@@ -6,7 +6,6 @@
 #include "contract/TableReader.h"
 
 namespace kelvarin::explain {
-
 enum class CellKind {
     Empty,   // or a marker of a missing value
     Number,  // as the module reads it
@@ -59,5 +58,4 @@ class ValueColumns {
   private:
     std::vector<bool> HoldsValues;
 };
-
 }  // namespace kelvarin::explain

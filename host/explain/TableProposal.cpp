@@ -9,9 +9,7 @@
 #include "host/explain/RowShape.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 // The rows of a file as one separator cuts them.
 class SplitFile {
   public:
@@ -170,7 +168,6 @@ bool IsSettledBySidecar(const ModuleLoader& module, const std::u16string& path) 
     const CCsvImportSettings* const settings = SettingsOf(*filter);
     return settings != nullptr && settings->AutoFormat == 0;
 }
-
 }  // namespace
 
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path) {
@@ -195,5 +192,4 @@ std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std:
     if (!best) files.front().Propose(1, best, score);
     return best;
 }
-
 }  // namespace kelvarin::explain

@@ -7,7 +7,6 @@
 #include "host/ModuleLoader.h"
 
 namespace kelvarin::explain {
-
 // A format as the settings of the profile say it.
 struct TableFormat {
     int Separator = 0;  // 0 to 3
@@ -35,5 +34,4 @@ struct TableProposal {
 // The rows of most value that are alike, whatever the separator. Nothing if no rows hold values, or a
 // sidecar settles the format.
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path);
-
 }  // namespace kelvarin::explain

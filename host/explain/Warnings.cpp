@@ -11,9 +11,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::explain {
-
 namespace {
-
 // The advised settings, else another remedy.
 Remedy AdvisedOr(const Explanation& explanation, std::string other) {
     return explanation.IsAdvised() ? Remedy{{}, explanation.ProposedSettings()}
@@ -299,7 +297,6 @@ std::optional<Warning> EmptyBeginnings(const Explanation& explanation) {
                           DataTypeInWords(reason.MostType));
         });
 }
-
 }  // namespace
 
 std::vector<Warning> FindWarnings(const Explanation& explanation) {
@@ -310,5 +307,4 @@ std::vector<Warning> FindWarnings(const Explanation& explanation) {
     }
     return found;
 }
-
 }  // namespace kelvarin::explain

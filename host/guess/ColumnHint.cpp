@@ -6,9 +6,7 @@
 #include "host/guess/TimeCandidate.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 // Parts of words and whole words for time, as the columns of loggers are called in the languages of Western
 // Europe. Short ones count as whole words only: "day" is in "Monday", "ts" in "volts".
 constexpr std::u16string_view WordParts[] = {u"time", u"zeit",  u"stamp", u"date",    u"datum", u"uhr",
@@ -82,7 +80,6 @@ void ReadLabel(std::u16string_view label, ColumnHint& hint) {
         begin = end;
     }
 }
-
 }  // namespace
 
 ColumnHint HintOf(const TableSample& table, std::size_t column) {
@@ -97,5 +94,4 @@ ColumnHint HintOf(const TableSample& table, std::size_t column) {
     }
     return hint;
 }
-
 }  // namespace kelvarin::guess

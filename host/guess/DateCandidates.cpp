@@ -7,9 +7,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 // The order that a mark between the numbers has in most countries that use it.
 DateOrder UsualOrder(const std::u16string& format) {
     return format.find(u'/') != std::u16string::npos ? DateOrder::MonthFirst : DateOrder::DayFirst;
@@ -156,7 +154,6 @@ std::optional<TimeCandidate> WithNeighbour(const TableTrial& trial, const std::v
     }
     return best;
 }
-
 }  // namespace
 
 std::optional<TimeCandidate> BestOrder(const TableTrial& trial, const std::vector<FormatShape>& shapes,
@@ -210,5 +207,4 @@ std::vector<TimeCandidate> FindDateCandidates(const TableTrial& trial) {
     }
     return found;
 }
-
 }  // namespace kelvarin::guess

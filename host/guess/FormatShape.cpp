@@ -15,9 +15,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 enum Letter : std::size_t { Year, Month, Day, Hours, Minutes, Seconds };
 
 // The letters of a date from left to right.
@@ -250,7 +248,6 @@ class ShapeReader {
     std::u16string LiteralsAfterTime;
     FormatShape Shape;
 };
-
 }  // namespace
 
 std::vector<FormatShape> ShapesOf(std::u16string_view text, const std::u16string& letters) {
@@ -262,5 +259,4 @@ std::vector<FormatShape> ShapesOf(std::u16string_view text, const std::u16string
     }
     return shapes;
 }
-
 }  // namespace kelvarin::guess

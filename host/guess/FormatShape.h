@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace kelvarin::guess {
-
 // What the numbers of a date are, from left to right.
 enum class DateOrder { NoDate, YearFirst, DayFirst, MonthFirst };
 
@@ -26,5 +25,4 @@ struct FormatShape {
 
 // Every way to read the text as a date, a time of day or both. `letters` are the six of a format.
 std::vector<FormatShape> ShapesOf(std::u16string_view text, const std::u16string& letters);
-
 }  // namespace kelvarin::guess

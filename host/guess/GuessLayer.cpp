@@ -9,7 +9,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::guess {
-
 GuessLayer::GuessLayer(const ModuleLoader& module, const std::u16string& path, const GuessOptions& options,
                        const std::vector<ParsedSetting>& chosen) {
     if (!options.GuessTime) return;
@@ -47,5 +46,4 @@ Remedy AdviseTimestamp(const ModuleLoader& module, const std::u16string& path, c
                                  : Phrase("; {} ({})", guess.Basis, CertaintyInWords(guess.Sureness));
     return {why + what, guess.Settings};
 }
-
 }  // namespace kelvarin::guess

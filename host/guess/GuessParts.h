@@ -5,7 +5,6 @@
 #include "host/guess/TimeGuess.h"
 
 namespace kelvarin::guess {
-
 // What was found where, as one phrase.
 std::string BasisOf(const TimeCandidate& candidate);
 
@@ -25,5 +24,4 @@ bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess);
 
 // One second per row, for want of times.
 void GuessAnyInterval(const TableTrial& trial, TimeGuess& guess);
-
 }  // namespace kelvarin::guess

@@ -9,9 +9,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
 constexpr std::int64_t DaySeconds = 86'400;
 
@@ -33,7 +31,6 @@ void AddRange(SettingList& settings, std::int64_t length) {
     const std::string time = std::to_string(amount.GetCTime().Seconds);
     settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", time}});
 }
-
 }  // namespace
 
 bool RunsOverMidnight(const TimeCandidate& candidate) {
@@ -53,5 +50,4 @@ SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& pa
     settings.emplace_back("TimestampFormat", Utf16ToUtf8(candidate.Shape.Format));
     return settings;
 }
-
 }  // namespace kelvarin::guess

@@ -8,9 +8,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 // With fewer rows a column's times are no axis, and an interval serves better. Days beside hourly rows keep
 // one row in 24 and are worth a proposal with its objection; a least part of 0.1 loses them.
 constexpr double LeastRisingPart = 0.02;
@@ -107,7 +105,6 @@ std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
                      [](const auto& one, const auto& other) { return one.TimeColumn < other.TimeColumn; });
     return candidates;
 }
-
 }  // namespace
 
 std::string CertaintyInWords(Certainty certainty) {
@@ -155,5 +152,4 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     }
     return guess;
 }
-
 }  // namespace kelvarin::guess

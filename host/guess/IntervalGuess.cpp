@@ -13,9 +13,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 constexpr std::size_t Seconds = 2;  // of the units
 
 // The times of a column whose texts no format reads.
@@ -90,7 +88,6 @@ void GuessFromBlocked(const BlockedTimes& times, TimeGuess& guess) {
         guess.Objections.push_back(
             Phrase("the rows do not follow each other evenly, so that an interval is wrong for some"));
 }
-
 }  // namespace
 
 bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess) {
@@ -115,5 +112,4 @@ void GuessAnyInterval(const TableTrial& trial, TimeGuess& guess) {
         return;
     }
 }
-
 }  // namespace kelvarin::guess

@@ -10,9 +10,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 // How the numbers of a column are written.
 struct NumberForm {
     bool HasPlus = false;  // a sign before positive ones
@@ -113,7 +111,6 @@ std::optional<TimeCandidate> TryColumn(const TableTrial& trial, std::size_t colu
     candidate.Reading = trial.Read(candidate.Shape.Format, texts, false);
     return candidate;
 }
-
 }  // namespace
 
 std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial) {
@@ -124,5 +121,4 @@ std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial) {
     }
     return found;
 }
-
 }  // namespace kelvarin::guess

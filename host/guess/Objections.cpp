@@ -6,9 +6,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 void Add(TimeGuess& guess, Certainty most, std::string text) {
     guess.Sureness = std::max(guess.Sureness, most);
     guess.Objections.push_back(std::move(text));
@@ -102,7 +100,6 @@ void AddAboutKind(const TimeCandidate& candidate, TimeGuess& guess) {
     if (candidate.HasDate() && candidate.Reading.First < FirstGoodTime)
         Add(guess, guess.Sureness, Phrase("there are times before 1990, which the host can't process"));
 }
-
 }  // namespace
 
 std::string BasisOf(const TimeCandidate& candidate) {
@@ -128,5 +125,4 @@ void AddObjections(const TimeCandidate& candidate, TimeGuess& guess) {
     AddAboutText(candidate, guess);
     AddAboutKind(candidate, guess);
 }
-
 }  // namespace kelvarin::guess

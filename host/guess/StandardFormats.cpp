@@ -4,9 +4,7 @@
 #include "resources/ResourceIds.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 TextList Items(const ModuleLoader& module, unsigned id) {
     TextList items;
     for (const std::u16string& item : module.ResourceItems(id)) items.emplace_back(TrimWhiteSpace(item));
@@ -36,7 +34,6 @@ TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
     }
     return formats;
 }
-
 }  // namespace
 
 void UseStandardFormat(const ModuleLoader& module, const TableTrial& trial, TimeCandidate& candidate) {
@@ -51,5 +48,4 @@ void UseStandardFormat(const ModuleLoader& module, const TableTrial& trial, Time
         return;
     }
 }
-
 }  // namespace kelvarin::guess

@@ -6,9 +6,7 @@
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
-
 namespace {
-
 // So many rows tell whether a format is worth trying on all, at a hundredth of the cost.
 constexpr std::size_t FirstRows = 32;
 constexpr std::size_t MostColumns = 256;  // what a sampled row holds
@@ -23,7 +21,6 @@ bool IsRollOver(std::int64_t before, std::int64_t time) {
     constexpr std::int64_t Hour = IntervalUnits[0].Nanoseconds;
     return before >= 20 * Hour && before <= 24 * Hour && time >= 0 && time <= 4 * Hour;
 }
-
 }  // namespace
 
 TimeReading::TimeReading(const std::vector<SampledRow>& rows, std::vector<std::int64_t> times)
@@ -114,5 +111,4 @@ bool TableTrial::FitsFirstRows(const std::u16string& format, const TextList& tex
     const auto misfits = static_cast<std::size_t>(std::count(times.begin(), times.end(), -1));
     return misfits * 2 <= first.size() && misfits != first.size();
 }
-
 }  // namespace kelvarin::guess

@@ -9,7 +9,6 @@
 #include "contract/TimeReader.h"
 
 namespace kelvarin::guess {
-
 using TextList = std::vector<std::u16string>;
 
 // A run of rows that a format doesn't fit. Lines count from 1; 0 is a line far down in a long file.
@@ -83,5 +82,4 @@ class TableTrial {
     const TableSample& Table;
     const std::u16string FormatLetters = Reader.FormatLetters();
 };
-
 }  // namespace kelvarin::guess

@@ -10,7 +10,6 @@
 #include "host/guess/TableTrial.h"
 
 namespace kelvarin::guess {
-
 // What the texts above a column say about times in it.
 struct ColumnHint {
     bool IsNamed = false;                 // there is any text above the column
@@ -57,5 +56,4 @@ std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial);
 // Takes the first standard format of the module that reads every sampled row as the candidate's own does: the
 // user finds it in the settings dialog's list.
 void UseStandardFormat(const ModuleLoader& module, const TableTrial& trial, TimeCandidate& candidate);
-
 }  // namespace kelvarin::guess

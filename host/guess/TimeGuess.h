@@ -10,7 +10,6 @@
 #include "host/SettingText.h"
 
 namespace kelvarin::guess {
-
 enum class Certainty { Certain, Likely, Uncertain };
 
 // "certain", "likely" or "a guess".
@@ -57,5 +56,4 @@ class GuessLayer {
     SettingsLayer Layer;
     std::optional<TimeGuess> Made;
 };
-
 }  // namespace kelvarin::guess

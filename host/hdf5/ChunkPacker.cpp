@@ -8,9 +8,7 @@
 #include <cstring>
 
 namespace kelvarin::hdf5 {
-
 namespace {
-
 constexpr int Level = 1;
 
 // A part of its own costs the tables of its codes.
@@ -129,7 +127,6 @@ std::vector<std::uint8_t> MakeRepeatBlock(std::size_t size, bool isLast) {
     block.insert(block.end(), {0x00, 0x00, 0xFF, 0xFF});
     return block;
 }
-
 }  // namespace
 
 ChunkPacker::ChunkPacker() : Workspace(ISAL_DEF_LVL1_DEFAULT) {}
@@ -211,5 +208,4 @@ bool ChunkPacker::Deflate(std::span<const std::uint8_t> part, bool isLast) {
     Used += stream.total_out;
     return true;
 }
-
 }  // namespace kelvarin::hdf5

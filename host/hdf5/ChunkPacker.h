@@ -8,7 +8,6 @@
 #include <vector>
 
 namespace kelvarin::hdf5 {
-
 // Does what the library's own filters "shuffle" and "deflate" do, so that every reader undoes it, but several
 // times faster. Used for all data sets of a file in turn.
 class ChunkPacker {
@@ -36,5 +35,4 @@ class ChunkPacker {
     std::size_t Used = 0;  // of Packed
     std::vector<std::uint8_t> Workspace;
 };
-
 }  // namespace kelvarin::hdf5

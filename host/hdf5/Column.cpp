@@ -7,9 +7,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::hdf5 {
-
 namespace {
-
 // A chunk of texts is then as large as one of numbers.
 constexpr std::size_t UnitsPerText = 4;
 
@@ -28,7 +26,6 @@ void SetExtent(hid_t set, std::uint64_t count) {
     const hsize_t extent = count;
     Hdf5Checked(H5Dset_extent(set, &extent));
 }
-
 }  // namespace
 
 hid_t ElementTypeOf(std::uint32_t type) {
@@ -166,5 +163,4 @@ void ColumnReader::ReadBlock() {
     Hdf5Checked(H5Dread(set, Type, memory, file, H5P_DEFAULT, Block.data()));
     Read += count;
 }
-
 }  // namespace kelvarin::hdf5

@@ -12,7 +12,6 @@
 #include "host/hdf5/Hdf5Library.h"
 
 namespace kelvarin::hdf5 {
-
 // The element type, in the file and in memory, for a type code of the store; of a text it is that of its code
 // units.
 hid_t ElementTypeOf(std::uint32_t type);
@@ -90,5 +89,4 @@ class ColumnReader {
     std::size_t At = 0;      // bytes of Block that were given out
     std::uint64_t Read = 0;  // elements of this block and those before
 };
-
 }  // namespace kelvarin::hdf5

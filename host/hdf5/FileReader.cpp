@@ -12,9 +12,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::hdf5 {
-
 namespace {
-
 constexpr const char* NoValue = "-";
 
 store::SampleOrigin ReadOrigin(hid_t group) {
@@ -295,9 +293,7 @@ class Hdf5Archive final : public store::SampleArchive {
   private:
     Hdf5Handle File;
 };
-
 }  // namespace
-
 }  // namespace kelvarin::hdf5
 
 std::unique_ptr<kelvarin::store::SampleArchive> kelvarin::store::OpenSampleFile(const std::string& path,

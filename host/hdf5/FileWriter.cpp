@@ -18,9 +18,7 @@
 #include "platform/framework/portable/FileCalls.h"
 
 namespace kelvarin::hdf5 {
-
 namespace {
-
 constexpr const char* UnfinishedName = ".unfinished";
 
 // Samples of a chunk: as many as the chunks of all signals have room for together, so that memory has a
@@ -317,9 +315,7 @@ class Hdf5File final : public store::SampleFile {
     Hdf5Handle File;
     std::unique_ptr<DeviceWriter> Device;
 };
-
 }  // namespace
-
 }  // namespace kelvarin::hdf5
 
 bool kelvarin::store::HasSampleFiles() {

@@ -6,9 +6,7 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::hdf5 {
-
 namespace {
-
 // Reads the entries of the library's error stack from the outermost call inwards.
 herr_t ReadEntry(unsigned, const H5E_error2_t* entry, void* data) {
     auto& reason = *static_cast<std::string*>(data);
@@ -48,7 +46,6 @@ void ReadScalar(hid_t object, const char* name, hid_t type, void* value) {
         throw Hdf5Error(Phrase("attribute '{}' is of another type", name));
     Hdf5Checked(H5Aread(attribute, type, value));
 }
-
 }  // namespace
 
 void RaiseHdf5Error() {
@@ -150,5 +147,4 @@ std::string ReadTextAttribute(hid_t object, const char* name) {
 bool HasAttribute(hid_t object, const char* name) {
     return Hdf5Checked(H5Aexists(object, name)) > 0;
 }
-
 }  // namespace kelvarin::hdf5

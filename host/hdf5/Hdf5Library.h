@@ -11,7 +11,6 @@
 #include <vector>
 
 namespace kelvarin::hdf5 {
-
 // A call of the library failed. The text is a clause for people. All functions here raise it.
 class Hdf5Error : public std::runtime_error {
   public:
@@ -109,5 +108,4 @@ void WriteAttribute(hid_t object, const char* name, const std::string& text);
 std::int64_t ReadNumberAttribute(hid_t object, const char* name);
 std::string ReadTextAttribute(hid_t object, const char* name);
 bool HasAttribute(hid_t object, const char* name);
-
 }  // namespace kelvarin::hdf5

@@ -6,9 +6,7 @@
 #include <vector>
 
 namespace kelvarin::hdf5 {
-
 namespace Layout {
-
 // Of the file.
 inline constexpr const char* Format = "format";  // FormatName
 inline constexpr const char* FormatName = "kelvarin samples";
@@ -44,7 +42,6 @@ inline constexpr const char* Value = "value";
 inline constexpr const char* Valid = "valid";
 inline constexpr const char* Text = "text";
 inline constexpr const char* Length = "length";
-
 }  // namespace Layout
 
 // How an attribute holds several texts.
@@ -53,5 +50,4 @@ inline std::string JoinLines(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
     return text;
 }
-
 }  // namespace kelvarin::hdf5

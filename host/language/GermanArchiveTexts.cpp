@@ -1,9 +1,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 // The HDF5 file that an import writes, and its comparison.
 constexpr Translation Texts[] = {
     {"this build has no HDF5", "diese Ausgabe des Programms kann kein HDF5"},
@@ -30,11 +28,9 @@ constexpr Translation Texts[] = {
     {"data set '{}' is of another type", "der Datensatz '{}' hat einen anderen Typ"},
     {"attribute '{}' is of another type", "das Attribut '{}' hat einen anderen Typ"},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanArchiveTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin

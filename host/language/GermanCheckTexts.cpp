@@ -1,9 +1,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 constexpr Translation Texts[] = {
     // The command.
     {"Say what an import would lose, and why; status 3 if anything",
@@ -165,11 +163,9 @@ constexpr Translation Texts[] = {
      "die Zeiten sind nach einem festen Intervall gezählt: nichts in der Datei kann sie belegen"},
     {"no row was stored", "kein Datensatz wurde gespeichert"},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanCheckTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin

@@ -1,9 +1,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 constexpr Translation Texts[] = {
     {"because of one empty cell, in line {}, among {} of type {}",
      "wegen einer leeren Zelle in Zeile {} neben {} vom Typ {}"},
@@ -152,11 +150,9 @@ constexpr Translation Texts[] = {
     {"Give line {} as many separators as the longest row.",
      "Zeile {} so viele Trennzeichen geben wie der längsten Datenzeile."},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanExplainTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin

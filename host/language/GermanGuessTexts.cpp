@@ -1,9 +1,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 // What --guess-time says.
 constexpr Translation Texts[] = {
     {"Find out the columns and the format of the times, use and print them",
@@ -84,11 +82,9 @@ constexpr Translation Texts[] = {
     {"; {} ({})", "; {} ({})"},
     {"this module shows no rows", "dieses Modul zeigt keine Datensätze"},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanGuessTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin

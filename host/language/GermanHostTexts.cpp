@@ -1,9 +1,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 // What is common to all work on a file: settings, formats, reasons, sidecars.
 constexpr Translation Texts[] = {
     // The command line.
@@ -59,11 +57,9 @@ constexpr Translation Texts[] = {
      "das Modul kann die Datei nicht lesen und nennt keinen Grund"},
     {"this module has no sidecars", "dieses Modul kennt keine Sidecar-Dateien"},
 };
-
 }  // namespace
 
 std::span<const Translation> GermanHostTexts() {
     return Texts;
 }
-
 }  // namespace kelvarin

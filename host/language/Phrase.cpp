@@ -6,9 +6,7 @@
 #include "host/language/GermanTexts.h"
 
 namespace kelvarin {
-
 namespace {
-
 using TextTable = std::span<const Translation> (*)();
 
 constexpr TextTable German[] = {GermanHostTexts, GermanArchiveTexts, GermanCheckTexts, GermanExplainTexts,
@@ -29,7 +27,6 @@ const Language* FindLanguage(std::string_view code) {
                                     [&](const Language& language) { return language.Code == code; });
     return found == std::end(Languages) ? nullptr : found;
 }
-
 }  // namespace
 
 void SetPhraseLanguage(std::string_view code) {
@@ -75,5 +72,4 @@ std::string FillPhrase(std::string_view english, const std::vector<std::string>&
     }
     return text;
 }
-
 }  // namespace kelvarin

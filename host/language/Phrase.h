@@ -10,7 +10,6 @@
 #include <vector>
 
 namespace kelvarin {
-
 struct Translation {
     std::string_view English;
     std::string_view Own;
@@ -47,5 +46,4 @@ template <typename... Parts>
 std::string Phrase(std::string_view english, const Parts&... parts) {
     return FillPhrase(english, {PhrasePart(parts)...});
 }
-
 }  // namespace kelvarin

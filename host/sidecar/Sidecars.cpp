@@ -9,9 +9,7 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::sidecar {
-
 namespace {
-
 constexpr std::u16string_view Ending = u".info";
 
 std::string NoSidecars() {
@@ -34,7 +32,6 @@ std::size_t ColumnOf(const std::u16string& text) {
     std::size_t column = 0;
     return ParseWhole(Utf16ToUtf8(text), column) ? column : std::u16string::npos;
 }
-
 }  // namespace
 
 SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& sidecar) {
@@ -120,5 +117,4 @@ std::string SidecarFit::TryTimes(const TableSample& table) const {
     return Phrase("the format '{}' does not read its first time '{}'", Utf16ToUtf8(format),
                   Utf16ToUtf8(texts.front()));
 }
-
 }  // namespace kelvarin::sidecar

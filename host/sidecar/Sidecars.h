@@ -8,7 +8,6 @@
 #include "host/ModuleLoader.h"
 
 namespace kelvarin::sidecar {
-
 // Reads the sidecar at a path; the reason names what is wrong with it.
 SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& sidecar);
 
@@ -51,5 +50,4 @@ class SidecarFit {
     bool HasSource = false;
     TableSample Source;
 };
-
 }  // namespace kelvarin::sidecar

@@ -5,9 +5,7 @@
 #include "platform/framework/Pages.h"
 
 namespace kelvarin::store {
-
 namespace {
-
 constexpr std::size_t FirstChunk = 64 * 1024;
 constexpr std::size_t LargestChunk = 1024 * 1024;
 
@@ -33,7 +31,6 @@ auto WithWidth(std::uint32_t width, Use use) {
             return use(std::int64_t{});
     }
 }
-
 }  // namespace
 
 Arena::~Arena() {
@@ -69,5 +66,4 @@ std::int64_t UnpackInteger(const KeptBlock& block, std::size_t index) {
         return std::int64_t{static_cast<const Narrow*>(block.Values)[index]};
     });
 }
-
 }  // namespace kelvarin::store

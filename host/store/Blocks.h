@@ -9,7 +9,6 @@
 #include <vector>
 
 namespace kelvarin::store {
-
 // Hands out memory piece by piece and frees all of it in its destructor. Takes it from the system in chunks
 // that double from 64 KiB to 1 MiB. For one thread at a time.
 class Arena {
@@ -121,5 +120,4 @@ class BlockList {
     Value* Next = nullptr;
     Value* End = nullptr;
 };
-
 }  // namespace kelvarin::store

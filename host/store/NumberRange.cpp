@@ -6,7 +6,6 @@
 #include <cstddef>
 
 namespace kelvarin::store {
-
 NumberRange RangeOf(std::span<const double> numbers) {
     // Four lanes: each comparison would otherwise wait for the one before. What isn't a number leaves a lane
     // as it is.
@@ -47,5 +46,4 @@ NumberRange RangeOf(std::span<const std::uint8_t> truthValues) {
     if (std::any_of(truthValues.begin(), truthValues.end(), isTrue)) range.Include({1, 1});
     return range;
 }
-
 }  // namespace kelvarin::store

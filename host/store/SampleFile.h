@@ -14,7 +14,6 @@
 #include "host/SettingText.h"
 
 namespace kelvarin::store {
-
 class StoredDevice;
 struct SignalDescription;
 
@@ -118,5 +117,4 @@ bool HasSampleFiles();
 // The path is in the system's encoding. Null: the file can't be written or read, as `complaint` then says.
 std::unique_ptr<SampleFile> CreateSampleFile(const std::string& path, std::string& complaint);
 std::unique_ptr<SampleArchive> OpenSampleFile(const std::string& path, std::string& complaint);
-
 }  // namespace kelvarin::store

@@ -1,7 +1,6 @@
 #include "host/store/Sparkline.h"
 
 namespace kelvarin::store {
-
 std::uint64_t Sparkline::MakeRoom() {
     if (Count != 0 && InLast < BucketSize) return BucketSize - InLast;
     if (Count == Capacity) {
@@ -54,5 +53,4 @@ std::string Sparkline::Draw(std::size_t width) const {
     }
     return line;
 }
-
 }  // namespace kelvarin::store

@@ -11,7 +11,6 @@
 #include <string>
 
 namespace kelvarin::store {
-
 // The lowest and the highest of some numbers; empty at the start. Infinities count, what is not a number does
 // not.
 struct NumberRange {
@@ -78,5 +77,4 @@ class Sparkline {
     std::uint64_t BucketSize = 1;  // values that fill a bucket
     std::uint64_t InLast = 0;      // values in the last bucket
 };
-
 }  // namespace kelvarin::store

@@ -11,9 +11,7 @@
 #include "platform/framework/Numbers.h"
 
 namespace kelvarin::store {
-
 namespace {
-
 // A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
 // its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
 // for others.
@@ -78,7 +76,6 @@ class TimeAxis {
     std::int64_t FirstTime = 0;
     Moment Now;
 };
-
 }  // namespace
 
 struct SharedStore {
@@ -92,7 +89,6 @@ struct SharedStore {
 };
 
 namespace {
-
 // What all types of signals have in common. The signals of a device share its time axis while their times
 // agree.
 class SignalBase : public StoredSignal {
@@ -322,7 +318,6 @@ std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uin
             return std::make_unique<TextSignal>(std::move(description), id, store);
     }
 }
-
 }  // namespace
 
 DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml) {
@@ -352,5 +347,4 @@ DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t*
 void StoredDevice::Finish() {
     for (const auto& signal : Signals) signal->Finish();
 }
-
 }  // namespace kelvarin::store

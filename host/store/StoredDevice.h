@@ -17,7 +17,6 @@
 #include "host/store/Sparkline.h"
 
 namespace kelvarin::store {
-
 // What a signal is made with, and its texts.
 struct SignalDescription {
     std::u16string Name;     // unique within the device
@@ -103,5 +102,4 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
   public:
     std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making; they use Store
 };
-
 }  // namespace kelvarin::store

@@ -6,9 +6,7 @@
 #include <cstring>
 
 namespace kelvarin::store {
-
 namespace {
-
 constexpr std::size_t FirstSize = 256;
 constexpr std::size_t LargestSize = 64 * 1024;
 
@@ -40,7 +38,6 @@ void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
         std::memcpy(text.data(), bytes, text.size() * sizeof(char16_t));
     }
 }
-
 }  // namespace
 
 void TextBlocks::AddBlock(std::size_t size) {
@@ -72,5 +69,4 @@ const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
     At += size;
     return Text.data();
 }
-
 }  // namespace kelvarin::store

@@ -8,7 +8,6 @@
 #include "host/store/Blocks.h"
 
 namespace kelvarin::store {
-
 // Keeps a text whose characters all lie below 256 in one byte each: that is most texts of measurement files.
 class TextBlocks {
   public:
@@ -49,5 +48,4 @@ class TextBlocks {
     Arena& Memory;
     std::vector<Block> Blocks;
 };
-
 }  // namespace kelvarin::store

@@ -4,7 +4,6 @@
 #include "host/language/Phrase.h"
 
 namespace kelvarin::store {
-
 bool HasSampleFiles() {
     return false;
 }
@@ -18,5 +17,4 @@ std::unique_ptr<SampleArchive> OpenSampleFile(const std::string&, std::string& c
     complaint = Phrase("this build has no HDF5");
     return nullptr;
 }
-
 }  // namespace kelvarin::store
