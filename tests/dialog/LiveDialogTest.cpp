@@ -7,11 +7,13 @@
 
 #include "kit/TestProfile.h"
 #include "kit/Workdir.h"
+#include "languages/English.h"
 #include "platform/framework/Controls.h"
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/UserInput.h"
 #include "plugin/CsvImportFilter.h"
+#include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"
 
 namespace {
@@ -210,3 +212,39 @@ TEST(LiveDialog, RefusesASignalWithoutAType) {
 }
 
 }  // namespace
+TEST(LiveDialog, RefusesABadNumberOnceAndInTheUsersLanguage) {
+    const struct {
+        int Enabling;  // the control that has to be clicked before
+        int Id;
+        const char16_t* Text;
+        const char16_t* Message;
+    } cases[] = {{CtrlAutoFormat, CtrlFirstLine, u"", u"Enter a whole number between 1 and 999."},
+                 {CtrlDateFromColumn, CtrlDateColumn, u"0", u"Enter a whole number between 1 and 999."},
+                 {CtrlTimeFromColumn, CtrlTimeColumn, u"1000", u"Enter a whole number between 1 and 999."},
+                 {CtrlFixedInterval, CtrlIntervalValue, u"0", u"Enter a number between 0.001 and 1000000."}};
+    const std::pair<const char*, void (*)(CDialog&, CDialog&)> leavings[] = {
+        {"Enter", [](CDialog& frame, CDialog&) { frame.OnOK(); }},
+        {"OK", [](CDialog& frame, CDialog&) { UserClick(frame, Ok); }},
+        {"Tab", [](CDialog&, CDialog& page) { UserFocus(page, CtrlPreview); }},
+        {"a tab", [](CDialog& frame, CDialog&) { UserShowPage(frame, 1); }},
+        {"Ctrl+Tab", [](CDialog& frame, CDialog&) { frame.Sheet->SetActivePage(1); }}};
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    CsvImportModule().UseLanguage(&GetEnglishResources());
+    for (const auto& c : cases) {
+        for (const auto& [name, leave] : leavings) {
+            SCOPED_TRACE(std::string(name) + " in " + std::to_string(c.Id));
+            const Visitor visitor([&, leave = leave](CDialog& frame, CDialog& page) {
+                UserClick(page, c.Enabling);
+                ASSERT_TRUE(UserType(page, c.Id, c.Text));
+                leave(frame, page);
+                EXPECT_EQ(CWnd::GetFocus(), page.GetDlgItem(c.Id));
+                EXPECT_EQ(frame.Sheet->GetActiveIndex(), 0);
+            });
+            EXPECT_EQ(filter.ShowOptionDialog(), 2);
+            EXPECT_EQ(visitor.Messages, std::vector<std::u16string>{c.Message});
+        }
+    }
+    CsvImportModule().UseLanguage(nullptr);
+}
+

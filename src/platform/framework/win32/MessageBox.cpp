@@ -2,14 +2,29 @@
 
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/Module.h"
-#include "platform/framework/win32/Api.h"
+#include "platform/framework/win32/NativeWindow.h"
+
+namespace {
+
+// A driver shows no window. What a real one does to the dialog is done all the same: it has the focus while
+// it is open, and an edit that loses the focus reports it.
+int DriveMessage(DialogDriver& driver, const std::u16string& text, unsigned type) {
+    const CWnd focus = CWnd::GetFocus();
+    const bool isEdit = focus.Exists() && focus.Handle->Kind == ControlKind::Edit;
+    if (isEdit) ::SetFocus(nullptr);
+    const int button = driver.ShowMessage(text, type);
+    if (isEdit && focus.IsWindowEnabled()) CWnd(focus).SetFocus();
+    return button;
+}
+
+}  // namespace
 
 bool HasDisplay() {
     return true;
 }
 
 int AfxMessageBox(const std::u16string& text, unsigned type) {
-    if (DialogDriver* const driver = GetDialogDriver()) return driver->ShowMessage(text, type);
+    if (DialogDriver* const driver = GetDialogDriver()) return DriveMessage(*driver, text, type);
     const ModuleState* const module = GetCurrentModule();
     const std::u16string title = module == nullptr ? std::u16string() : module->CurrentAppName;
     return MessageBoxW(GetActiveWindow(), W(text), W(title), type);
