@@ -141,7 +141,7 @@ int DialogScript::ShowMessage(const std::u16string& text, unsigned) {
     return 1;
 }
 
-std::optional<std::u16string> DialogScript::ChooseFile(const std::u16string&, const std::u16string&) {
+std::optional<std::u16string> DialogScript::ChooseFile(const FileQuestion&) {
     return std::exchange(NextFile, std::nullopt);
 }
 

@@ -18,8 +18,7 @@ class DialogScript : public DialogDriver {
 
     void RunModal(CDialog& dialog) override;
     int ShowMessage(const std::u16string& text, unsigned type) override;
-    std::optional<std::u16string> ChooseFile(const std::u16string& title,
-                                             const std::u16string& filter) override;
+    std::optional<std::u16string> ChooseFile(const FileQuestion& question) override;
 
     // Empty, or the line and what is wrong with it.
     const std::string& GetError() const { return Error; }

@@ -33,11 +33,13 @@ class Visitor : public DialogDriver {
         Messages.push_back(text);
         return 1;
     }
-    std::optional<std::u16string> ChooseFile(const std::u16string&, const std::u16string&) override {
+    std::optional<std::u16string> ChooseFile(const FileQuestion& question) override {
+        Questions.push_back(question);
         return NextFile;
     }
 
     std::vector<std::u16string> Messages;
+    std::vector<FileQuestion> Questions;
     std::optional<std::u16string> NextFile;
 
   private:
@@ -135,6 +137,29 @@ TEST(LiveDialog, LoadsASidecarThatTheUserChose) {
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
     EXPECT_TRUE(visitor.Messages.empty());
     EXPECT_EQ(filter.GetSettings().FirstLine, 1);
+}
+
+TEST(LiveDialog, AsksForASidecarOverTheWholeDialog) {
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    Visitor* driver = nullptr;
+    Visitor visitor([&](CDialog& frame, CDialog& page) {
+        for (const auto& name :
+             {std::optional(folder.Path("other/b.info")), std::optional<std::u16string>()}) {
+            driver->NextFile = name;
+            UserClick(page, CtrlLoadSettings);
+            ASSERT_FALSE(driver->Questions.empty());
+            const FileQuestion& question = driver->Questions.back();
+            EXPECT_EQ(question.Owner, &frame);
+            EXPECT_EQ(question.Title, u"Öffnen");
+            EXPECT_EQ(question.Filter, u"Sidecar-Datei (*.info)|*.info");
+            EXPECT_EQ(question.DefaultExtension, u"*.info");
+        }
+        EXPECT_EQ(driver->Questions.back().Folder, folder.Path("other")) << "where the last one was chosen";
+    });
+    driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_EQ(visitor.Questions.size(), 2u);
 }
 
 TEST(LiveDialog, RefusesWhatNoUserCanDo) {

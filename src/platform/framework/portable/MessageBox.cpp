@@ -18,7 +18,7 @@ int AfxMessageBox(const std::u16string& text, unsigned type) {
     return button;
 }
 
-std::optional<std::u16string> AskForFile(const std::u16string& title, const std::u16string& filter) {
+std::optional<std::u16string> AskForFile(const FileQuestion& question) {
     DialogDriver* const driver = GetDialogDriver();
-    return driver == nullptr ? std::nullopt : driver->ChooseFile(title, filter);
+    return driver == nullptr ? std::nullopt : driver->ChooseFile(question);
 }

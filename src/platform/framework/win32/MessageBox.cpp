@@ -30,19 +30,22 @@ int AfxMessageBox(const std::u16string& text, unsigned type) {
     return MessageBoxW(GetActiveWindow(), W(text), W(title), type);
 }
 
-std::optional<std::u16string> AskForFile(const std::u16string& title, const std::u16string& filter) {
-    if (DialogDriver* const driver = GetDialogDriver()) return driver->ChooseFile(title, filter);
-    std::u16string parts = filter + u"||";
+std::optional<std::u16string> AskForFile(const FileQuestion& asked) {
+    if (DialogDriver* const driver = GetDialogDriver()) return driver->ChooseFile(asked);
+    std::u16string parts = asked.Filter + u"||";
     std::replace(parts.begin(), parts.end(), u'|', u'\0');
     constexpr DWORD Longest = 32768;
     std::u16string path(Longest, u'\0');
     OPENFILENAMEW question{};
     question.lStructSize = sizeof question;
-    question.hwndOwner = GetActiveWindow();
+    question.hwndOwner = asked.Owner->GetNative().Window;
     question.lpstrFilter = W(parts);
     question.lpstrFile = W(path.data());
     question.nMaxFile = Longest;
-    question.lpstrTitle = W(title);
+    question.lpstrInitialDir = asked.Folder.empty() ? nullptr : W(asked.Folder);
+    question.lpstrTitle = W(asked.Title);
+    // The system wants the extension without the pattern around it.
+    question.lpstrDefExt = W(asked.DefaultExtension) + asked.DefaultExtension.rfind(u'.') + 1;
     question.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
     if (!GetOpenFileNameW(&question)) return std::nullopt;
     return std::u16string(path.c_str());
