@@ -125,6 +125,9 @@ class CListCtrl : public CWnd {
     std::u16string GetColumnHeading(int column) const;
 };
 
-// System colours of window backgrounds and button faces, as 0x00BBGGRR.
-constexpr std::uint32_t WindowColor = 0x00FFFFFF;
-constexpr std::uint32_t ButtonFaceColor = 0x00F0F0F0;
+// Colours of the user's scheme, by the system's numbers.
+enum ESystemColor : int { WindowColor = 5, ButtonFaceColor = 15 };
+
+// A colour of the scheme in force at this moment, as 0x00BBGGRR. The scheme can change while a dialog is
+// open.
+std::uint32_t GetSystemColor(ESystemColor color);

@@ -10,6 +10,11 @@
 namespace {
 
 INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+BOOL CALLBACK ForwardNewColors(HWND window, LPARAM) {
+    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
+}
+
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, l);
         return FALSE;  // the dialog says itself who gets the focus
@@ -18,6 +23,9 @@ INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) 
     if (dialog == nullptr || !dialog->IsCreated() || dialog->GetNative().Closing) return FALSE;
     if (message == WM_COMMAND) return AnswerCommand(*dialog, w, l) ? TRUE : FALSE;
     if (message != WM_NOTIFY) return FALSE;
+    // The system reports a new colour scheme to the frame alone, and controls keep copies of its colours.
+    if (message == WM_SYSCOLORCHANGE && window == GetAncestor(window, GA_ROOT))
+        EnumChildWindows(window, ForwardNewColors, 0);
     const auto& header = *reinterpret_cast<const NMHDR*>(l);
     if (header.idFrom == TabsId && header.code == TCN_SELCHANGE && dialog->Sheet != nullptr) {
         const int index = TabCtrl_GetCurSel(header.hwndFrom);
