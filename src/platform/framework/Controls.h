@@ -67,9 +67,13 @@ struct ListCustomDraw {
     std::uint32_t CellBackground = 0;
 };
 
-// A click on a list, and a column of its header with its width.
+// A click on a list, a key pressed in it, and a column of its header with its width.
 struct ListClick {
     CPoint Point;
+};
+struct ListKey {
+    static constexpr int Space = 0x20;
+    int Key = 0;  // by the system's number
 };
 struct HeaderChange {
     int Column = 0;

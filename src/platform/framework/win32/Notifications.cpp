@@ -65,6 +65,10 @@ LRESULT AnswerList(NativeWindow& list, const NMHDR& header) {
             ListClick click{{point.x, point.y}};
             return list.Tell(static_cast<int>(header.code), &click);
         }
+        case ListKeyPressed: {
+            ListKey key{static_cast<NMLVKEYDOWN*>(data)->wVKey};
+            return list.Tell(ListKeyPressed, &key);
+        }
         case CustomDraw:
             return AnswerCustomDraw(list, *static_cast<NMLVCUSTOMDRAW*>(data));
         default:
