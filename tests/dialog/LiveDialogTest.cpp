@@ -220,23 +220,6 @@ TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
 }
 
-TEST(LiveDialog, RefusesASignalWithoutAType) {
-    const Workdir folder;
-    const TestProfile profile({"AutoFormat=0"});
-    CCsvImportFilter filter(folder.Write("a.csv", "a,b\n").c_str());  // names, and no cell to tell a type
-    const Visitor visitor([&](CDialog& frame, CDialog& page) {
-        UserType(page, CtrlFormat, u"[s]");
-        EXPECT_TRUE(UserShowPage(frame, 1));
-        EXPECT_TRUE(UserClickRow(frame.Sheet->GetPage(1), CtrlSignalList, 0, true));
-        EXPECT_FALSE(UserShowPage(frame, 0));
-    });
-    EXPECT_EQ(filter.ShowOptionDialog(), 2);
-    EXPECT_EQ(visitor.Messages.size(), 1u);
-    EXPECT_EQ(CCsvImportFilter(u"/no/file").ShowOptionDialog(), 0);
-    EXPECT_EQ(visitor.Messages.size(), 2u);
-}
-
-}  // namespace
 TEST(LiveDialog, RefusesABadNumberOnceAndInTheUsersLanguage) {
     const struct {
         int Enabling;  // the control that has to be clicked before
@@ -273,3 +256,37 @@ TEST(LiveDialog, RefusesABadNumberOnceAndInTheUsersLanguage) {
     CsvImportModule().UseLanguage(nullptr);
 }
 
+TEST(LiveDialog, LeavesNoKeysToAHiddenPage) {
+    const Workdir folder;
+    const TestProfile profile({"TimestampFormat=hh:mm:ss", "DateSetting=2"});
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserFocus(page, CtrlTimeColumn);
+        ASSERT_TRUE(frame.Sheet->SetActivePage(1));
+        EXPECT_EQ(CWnd::GetFocus(), frame.Sheet->GetPage(1).GetDlgItem(CtrlSignalList));
+        ASSERT_TRUE(frame.Sheet->SetActivePage(0));
+        EXPECT_EQ(CWnd::GetFocus(), page.GetDlgItem(CtrlAutoFormat));
+        UserFocus(frame, Ok);
+        ASSERT_TRUE(frame.Sheet->SetActivePage(1));
+        EXPECT_EQ(CWnd::GetFocus(), frame.GetDlgItem(Ok)) << "a button of the frame keeps it";
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+}
+
+TEST(LiveDialog, RefusesASignalWithoutAType) {
+    const Workdir folder;
+    const TestProfile profile({"AutoFormat=0"});
+    CCsvImportFilter filter(folder.Write("a.csv", "a,b\n").c_str());  // names, and no cell to tell a type
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserType(page, CtrlFormat, u"[s]");
+        EXPECT_TRUE(UserShowPage(frame, 1));
+        EXPECT_TRUE(UserClickRow(frame.Sheet->GetPage(1), CtrlSignalList, 0, true));
+        EXPECT_FALSE(UserShowPage(frame, 0));
+    });
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_EQ(visitor.Messages.size(), 1u);
+    EXPECT_EQ(CCsvImportFilter(u"/no/file").ShowOptionDialog(), 0);
+    EXPECT_EQ(visitor.Messages.size(), 2u);
+}
+
+}  // namespace

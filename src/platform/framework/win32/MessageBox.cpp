@@ -27,7 +27,9 @@ int AfxMessageBox(const std::u16string& text, unsigned type) {
     if (DialogDriver* const driver = GetDialogDriver()) return DriveMessage(*driver, text, type);
     const ModuleState* const module = GetCurrentModule();
     const std::u16string title = module == nullptr ? std::u16string() : module->CurrentAppName;
-    return MessageBoxW(GetActiveWindow(), W(text), W(title), type);
+    // No window here is active if the user has just switched to another program.
+    const HWND active = GetActiveWindow();
+    return MessageBoxW(active != nullptr ? active : ModalWindow(), W(text), W(title), type);
 }
 
 std::optional<std::u16string> AskForFile(const FileQuestion& asked) {

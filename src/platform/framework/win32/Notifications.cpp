@@ -103,7 +103,10 @@ bool AnswerCommand(CDialog& dialog, WPARAM w, LPARAM l) {
         return true;
     }
     if (l == 0) return false;
-    dialog.Notify(id, code);
+    // Enter sends the click on a page's button to the frame.
+    const NativeWindow* const sender = ControlOf(reinterpret_cast<HWND>(l));
+    CDialog& owner = sender == nullptr ? dialog : *sender->Parent;
+    owner.Notify(id, code);
     return true;
 }
 
