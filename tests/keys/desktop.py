@@ -81,7 +81,10 @@ class Desktop:
     def state(self):
         self.look.stdin.write("\n")
         self.look.stdin.flush()
-        return json.loads(self.look.stdout.readline())
+        line = self.look.stdout.readline()
+        if not line:
+            raise Missing("the program that looks at the windows has ended")
+        return json.loads(line)
 
     def xdotool(self, *words):
         subprocess.run(["xdotool", *words], env=self.environment, check=True)
@@ -107,7 +110,11 @@ class Dialog:
         command += ["--profile", str(self.path / "profile.ini"), *options, str(self.path / "data.csv")]
         self.output = open(self.path / "output", "w+")
         self.programs = [desktop.popen(command, stdout=self.output)]
-        wait_for(self.is_in_front, True, "the dialog in front")
+        try:
+            wait_for(self.is_in_front, True, "the dialog in front")
+        except Missing:
+            self.close()
+            raise
 
     def close(self):
         for program in self.programs:
@@ -130,8 +137,9 @@ class Dialog:
         return bool(windows) and windows[0]["foreground"] and self.focus() != "0"
 
     def control(self, number):
-        controls = [c for c in self.windows()[-1]["controls"] if c["id"] == number and c["class"] != "#32770"]
-        return controls[0] if controls else {}
+        """A control of the dialog, which is the lowest window; nothing if there is none."""
+        controls = [c for w in self.windows()[-1:] for c in w["controls"] if c["class"] != "#32770"]
+        return next((c for c in controls if c["id"] == number), {})
 
     def focus(self):
         state = self.desktop.state()
