@@ -14,10 +14,15 @@ void EnableDlgItems(CDialog& dialog, const int* ids, std::size_t count, bool ena
 // The mean of two colours, `first` counting `weight` times and `second` once. Colours are 0x00BBGGRR.
 std::uint32_t MixColors(std::uint32_t first, std::uint32_t second, int weight);
 
-// Lets the user choose a file to open; false without one. `filter` is a description, a vertical bar, a
-// pattern.
-bool OpenFileDlg(int category, const std::u16string& title, const std::u16string& filter,
-                 std::u16string& path);
+// What a file is for.
+enum EFileCategory : int { SettingsFile = 3 };
+
+// Lets the user choose a file to open; false if he chose none. `owner` is disabled while the question is
+// open. `filter` is a description, a vertical bar and a pattern. `defaultExtension`, a pattern as well, is
+// for a name entered without extension. The question starts in the folder of the file last chosen in the same
+// category.
+bool OpenFileDlg(EFileCategory category, CDialog& owner, const std::u16string& title,
+                 const std::u16string& filter, const std::u16string& defaultExtension, std::u16string& path);
 
 // Item number `index` of a text delimited by `separator`, without blanks at its ends if `trim`; empty behind
 // the last.

@@ -64,12 +64,12 @@ class COptionPage : public CPropertyPage, public IPreviewTableCallbacks {
     void ExchangeIntEdit(CDataExchange& exchange, int id, int& value, int lowest, int highest);
     void ExchangeStartDate(CDataExchange& exchange);
     bool CheckFields();
-    bool CheckNumbersOutOfFocus();
     bool Refuse(const std::u16string& message, int id);
 
     CCsvImportSettings* const Settings;
     CSignalPage* const SignalPage;
     const std::u16string FilePath;
+    bool IsBeingLeft = false;           // while OnKillActive exchanges
     std::u16string FirstTimestampText;  // of the first data row of the last analysis that reached one
     CSpinButtonCtrl FirstLineSpin, DateColumnSpin, TimeColumnSpin;
     CDateTimeCtrl StartDatePicker, AdjustTimePicker;

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int SettingsFileCategory = 3;
 constexpr std::size_t ExtensionLength = 5;  // ".info"
 
 // The first timestamp as people read it, or that the format doesn't fit.
@@ -52,8 +51,10 @@ void COptionPage::OnDateTimeChange() {
 
 void COptionPage::OnLoadSettings() {
     std::u16string path;
-    if (!OpenFileDlg(SettingsFileCategory, LoadAppString(IdOpenTitle), LoadAppString(IdSidecarFilter), path))
+    if (!OpenFileDlg(SettingsFile, *GetParent(), LoadAppString(IdOpenTitle), LoadAppString(IdSidecarFilter),
+                     u"*.info", path)) {
         return;
+    }
     if (path.size() < ExtensionLength) return;
     CCsvInfoFile file(path.substr(0, path.size() - ExtensionLength));
     if (file.Read() != 0) return;

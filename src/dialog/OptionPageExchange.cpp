@@ -56,7 +56,8 @@ void COptionPage::DoDataExchange(CDataExchange& exchange) {
     DDX_Check(exchange, CtrlSaveSidecar, s.SaveSidecarFile);
 }
 
-// A number is free while it is being typed, and held to its bounds once the focus is elsewhere.
+// A number is free while it is being typed, and held to its bounds once the focus is elsewhere or the page is
+// being left: Enter leaves it with the focus still in the edit.
 void COptionPage::ExchangeIntEdit(CDataExchange& exchange, int id, int& value, int lowest, int highest) {
     if (exchange.Failed) return;
     const CWnd edit = GetDlgItem(id);
@@ -64,7 +65,7 @@ void COptionPage::ExchangeIntEdit(CDataExchange& exchange, int id, int& value, i
         exchange.Failed = true;
         return;
     }
-    const bool isTyped = CWnd::GetFocus() == edit && edit.GetClassName() == u"Edit";
+    const bool isTyped = !IsBeingLeft && CWnd::GetFocus() == edit && edit.GetClassName() == u"Edit";
     if (!isTyped) {
         DDX_TextInRange(exchange, id, value, lowest, highest);
     } else if (exchange.SaveAndValidate) {

@@ -7,29 +7,16 @@
 #include "settings/CsvImportSettings.h"
 
 bool COptionPage::OnKillActive() {
-    return UpdateData(true) && CheckNumbersOutOfFocus() && CheckFields();
+    IsBeingLeft = true;
+    const bool isExchanged = UpdateData(true);
+    IsBeingLeft = false;
+    return isExchanged && CheckFields();
 }
 
 bool COptionPage::Refuse(const std::u16string& message, int id) {
     AfxMessageBox(message, MessageExclamation);
     GetDlgItem(id).SetFocus();
     return false;
-}
-
-// Enter closes the dialog with the focus still in an edit, whose number the exchange then took unchecked.
-bool COptionPage::CheckNumbersOutOfFocus() {
-    struct Number {
-        int Id, Value;
-    };
-    for (const Number number :
-         {Number{CtrlFirstLine, Settings->FirstLine}, Number{CtrlDateColumn, Settings->DateColumn},
-          Number{CtrlTimeColumn, Settings->TimeColumn}}) {
-        if (number.Value >= LowestNumber && number.Value <= HighestNumber) continue;
-        return Refuse(
-            FormatText(u"Geben Sie eine ganze Zahl zwischen %i und %i ein.", LowestNumber, HighestNumber),
-            number.Id);
-    }
-    return true;
 }
 
 bool COptionPage::CheckFields() {

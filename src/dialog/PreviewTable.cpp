@@ -58,7 +58,9 @@ void COptionPage::OnPreviewCustomDraw(ListCustomDraw& draw, std::intptr_t& resul
     if ((draw.Stage & ItemOrPrePaint) == 0) return;
     // The tint says that the column feeds the timestamp and so becomes no signal.
     const bool isTimestamp = Settings->IsTimestampColumn(draw.Column);
-    draw.CellBackground = isTimestamp ? MixColors(WindowColor, ButtonFaceColor, 1) : DefaultColor;
+    draw.CellBackground = isTimestamp
+                              ? MixColors(GetSystemColor(WindowColor), GetSystemColor(ButtonFaceColor), 1)
+                              : DefaultColor;
 }
 
 void COptionPage::OnPreviewItemChanging(const ListItemChange& change, std::intptr_t& result) {

@@ -43,7 +43,18 @@ void CSignalPage::OnSignalGetDispInfo(ListDispInfo& info) {
 void CSignalPage::OnSignalListClick(const ListClick& click) {
     unsigned flags = 0;
     const int row = SignalList.HitTest(click.Point, &flags);
-    if (row < 0 || flags != CListCtrl::HitOnCheckBox) return;
+    if (row >= 0 && flags == CListCtrl::HitOnCheckBox) FlipImport(row);
+}
+
+// The space key does to the focused row what a click does to its check box.
+void CSignalPage::OnSignalListKey(const ListKey& key) {
+    if (key.Key != ListKey::Space) return;
+    for (int row = 0; row < SignalList.GetItemCount(); ++row) {
+        if (SignalList.GetItemState(row, CListCtrl::Focused) != 0) FlipImport(row);
+    }
+}
+
+void CSignalPage::FlipImport(int row) {
     CCsvColumnInfo& column = ColumnOfRow(row);
     column.ImportColumn = !column.ImportColumn;
     SignalList.Update(row);

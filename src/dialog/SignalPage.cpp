@@ -34,6 +34,7 @@ void CSignalPage::OnNotification(const Notification& n) {
     if (n.Id == CtrlResetSignals && n.Code == ButtonClicked) OnResetSignals();
     if (n.Id != CtrlSignalList) return;
     if (n.Code == ListGetDispInfo) OnSignalGetDispInfo(*static_cast<ListDispInfo*>(n.Data));
+    if (n.Code == ListKeyPressed) OnSignalListKey(*static_cast<ListKey*>(n.Data));
     if (n.Code == ListClicked || n.Code == ListDoubleClicked)
         OnSignalListClick(*static_cast<ListClick*>(n.Data));
 }

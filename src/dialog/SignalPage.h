@@ -35,6 +35,8 @@ class CSignalPage : public CPropertyPage, public CParamListOwner {
     CCsvColumnInfo& ColumnOfRow(int row);
     void OnSignalGetDispInfo(ListDispInfo& info);
     void OnSignalListClick(const ListClick& click);
+    void OnSignalListKey(const ListKey& key);
+    void FlipImport(int row);
     void OnResetSignals();
     void FillTypeList();
     void SelectRow(int row);

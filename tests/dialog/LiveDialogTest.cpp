@@ -7,11 +7,13 @@
 
 #include "kit/TestProfile.h"
 #include "kit/Workdir.h"
+#include "languages/English.h"
 #include "platform/framework/Controls.h"
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/UserInput.h"
 #include "plugin/CsvImportFilter.h"
+#include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"
 
 namespace {
@@ -31,11 +33,13 @@ class Visitor : public DialogDriver {
         Messages.push_back(text);
         return 1;
     }
-    std::optional<std::u16string> ChooseFile(const std::u16string&, const std::u16string&) override {
+    std::optional<std::u16string> ChooseFile(const FileQuestion& question) override {
+        Questions.push_back(question);
         return NextFile;
     }
 
     std::vector<std::u16string> Messages;
+    std::vector<FileQuestion> Questions;
     std::optional<std::u16string> NextFile;
 
   private:
@@ -135,6 +139,29 @@ TEST(LiveDialog, LoadsASidecarThatTheUserChose) {
     EXPECT_EQ(filter.GetSettings().FirstLine, 1);
 }
 
+TEST(LiveDialog, AsksForASidecarOverTheWholeDialog) {
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    Visitor* driver = nullptr;
+    Visitor visitor([&](CDialog& frame, CDialog& page) {
+        for (const auto& name :
+             {std::optional(folder.Path("other/b.info")), std::optional<std::u16string>()}) {
+            driver->NextFile = name;
+            UserClick(page, CtrlLoadSettings);
+            ASSERT_FALSE(driver->Questions.empty());
+            const FileQuestion& question = driver->Questions.back();
+            EXPECT_EQ(question.Owner, &frame);
+            EXPECT_EQ(question.Title, u"Öffnen");
+            EXPECT_EQ(question.Filter, u"Sidecar-Datei (*.info)|*.info");
+            EXPECT_EQ(question.DefaultExtension, u"*.info");
+        }
+        EXPECT_EQ(driver->Questions.back().Folder, folder.Path("other")) << "where the last one was chosen";
+    });
+    driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+    EXPECT_EQ(visitor.Questions.size(), 2u);
+}
+
 TEST(LiveDialog, RefusesWhatNoUserCanDo) {
     const Workdir folder;
     CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
@@ -190,6 +217,59 @@ TEST(LiveDialog, HoldsColumnNumbersToTheTableAndShowsTheColumn) {
         }
     });
     driver = &visitor;
+    EXPECT_EQ(filter.ShowOptionDialog(), 2);
+}
+
+TEST(LiveDialog, RefusesABadNumberOnceAndInTheUsersLanguage) {
+    const struct {
+        int Enabling;  // the control that has to be clicked before
+        int Id;
+        const char16_t* Text;
+        const char16_t* Message;
+    } cases[] = {{CtrlAutoFormat, CtrlFirstLine, u"", u"Enter a whole number between 1 and 999."},
+                 {CtrlDateFromColumn, CtrlDateColumn, u"0", u"Enter a whole number between 1 and 999."},
+                 {CtrlTimeFromColumn, CtrlTimeColumn, u"1000", u"Enter a whole number between 1 and 999."},
+                 {CtrlFixedInterval, CtrlIntervalValue, u"0", u"Enter a number between 0.001 and 1000000."}};
+    const std::pair<const char*, void (*)(CDialog&, CDialog&)> leavings[] = {
+        {"Enter", [](CDialog& frame, CDialog&) { frame.OnOK(); }},
+        {"OK", [](CDialog& frame, CDialog&) { UserClick(frame, Ok); }},
+        {"Tab", [](CDialog&, CDialog& page) { UserFocus(page, CtrlPreview); }},
+        {"a tab", [](CDialog& frame, CDialog&) { UserShowPage(frame, 1); }},
+        {"Ctrl+Tab", [](CDialog& frame, CDialog&) { frame.Sheet->SetActivePage(1); }}};
+    const Workdir folder;
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    CsvImportModule().UseLanguage(&GetEnglishResources());
+    for (const auto& c : cases) {
+        for (const auto& [name, leave] : leavings) {
+            SCOPED_TRACE(std::string(name) + " in " + std::to_string(c.Id));
+            const Visitor visitor([&, leave = leave](CDialog& frame, CDialog& page) {
+                UserClick(page, c.Enabling);
+                ASSERT_TRUE(UserType(page, c.Id, c.Text));
+                leave(frame, page);
+                EXPECT_EQ(CWnd::GetFocus(), page.GetDlgItem(c.Id));
+                EXPECT_EQ(frame.Sheet->GetActiveIndex(), 0);
+            });
+            EXPECT_EQ(filter.ShowOptionDialog(), 2);
+            EXPECT_EQ(visitor.Messages, std::vector<std::u16string>{c.Message});
+        }
+    }
+    CsvImportModule().UseLanguage(nullptr);
+}
+
+TEST(LiveDialog, LeavesNoKeysToAHiddenPage) {
+    const Workdir folder;
+    const TestProfile profile({"TimestampFormat=hh:mm:ss", "DateSetting=2"});
+    CCsvImportFilter filter(folder.Write("a.csv", Data).c_str());
+    const Visitor visitor([&](CDialog& frame, CDialog& page) {
+        UserFocus(page, CtrlTimeColumn);
+        ASSERT_TRUE(frame.Sheet->SetActivePage(1));
+        EXPECT_EQ(CWnd::GetFocus(), frame.Sheet->GetPage(1).GetDlgItem(CtrlSignalList));
+        ASSERT_TRUE(frame.Sheet->SetActivePage(0));
+        EXPECT_EQ(CWnd::GetFocus(), page.GetDlgItem(CtrlAutoFormat));
+        UserFocus(frame, Ok);
+        ASSERT_TRUE(frame.Sheet->SetActivePage(1));
+        EXPECT_EQ(CWnd::GetFocus(), frame.GetDlgItem(Ok)) << "a button of the frame keeps it";
+    });
     EXPECT_EQ(filter.ShowOptionDialog(), 2);
 }
 

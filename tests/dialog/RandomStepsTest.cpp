@@ -23,9 +23,7 @@ class RandomUser : public DialogDriver {
         UserClick(dialog, 2);
     }
     int ShowMessage(const std::u16string&, unsigned) override { return 1; }
-    std::optional<std::u16string> ChooseFile(const std::u16string&, const std::u16string&) override {
-        return std::nullopt;
-    }
+    std::optional<std::u16string> ChooseFile(const FileQuestion&) override { return std::nullopt; }
 
   private:
     int Below(int bound) { return static_cast<int>(Random() % static_cast<unsigned>(bound)); }

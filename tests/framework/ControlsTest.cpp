@@ -63,9 +63,7 @@ class Steps : public DialogDriver {
     ~Steps() override { SetDialogDriver(nullptr); }
     void RunModal(CDialog& dialog) override { Run(dialog); }
     int ShowMessage(const std::u16string&, unsigned) override { return 1; }
-    std::optional<std::u16string> ChooseFile(const std::u16string&, const std::u16string&) override {
-        return {};
-    }
+    std::optional<std::u16string> ChooseFile(const FileQuestion&) override { return {}; }
 
   private:
     const std::function<void(CDialog&)> Run;

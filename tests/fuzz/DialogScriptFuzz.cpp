@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "cli/DialogScript.h"
-#include "cli/report/SettingsJson.h"
+#include "cli/report/JsonReport.h"
 #include "fuzz/kit/Check.h"
 #include "plugin/CsvImportFilter.h"
 
@@ -24,8 +24,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         CCsvImportFilter filter(path.c_str());
         Check(filter.AnalyzeFile(), "the file is analysed");
         const auto everything = [&] {
-            return kelvarin::cli::SettingsToJson(filter.GetSettings()).dump() +
-                   kelvarin::cli::ColumnsToJson(filter.GetSettings()).dump();
+            nlohmann::ordered_json document;
+            kelvarin::cli::AddSettings(document, filter);
+            return document.dump();
         };
         const std::string before = everything();
         kelvarin::cli::DialogScript driver(script, out, filter);

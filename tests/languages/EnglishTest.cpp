@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <set>
 
 #include "platform/framework/DialogTemplate.h"
+#include "platform/framework/FrameworkStrings.h"
 #include "platform/framework/Text.h"
 #include "resources/DialogTemplates.h"
 #include "resources/ModuleResources.h"
@@ -37,9 +40,11 @@ TEST(English, HasEveryTextWithItsPlaceholders) {
     const std::set<unsigned> free = {IdTimeFormats,   IdElapsedTimeFormats, IdDateFormats,
                                      IdTimestampView, IdSpanView,           IdNeutralFormatLetters};
     const StringTable& english = GetEnglishResources().Strings;
+    const StringTable framework = GetFrameworkStrings();
     int compared = 0;
-    for (unsigned id = 0; id <= IdOpenTitle; ++id) {
-        const std::u16string own = CsvImportModule().LoadString(id);
+    for (unsigned id = 0; id <= std::numeric_limits<std::uint16_t>::max(); ++id) {
+        std::u16string own = CsvImportModule().LoadString(id);
+        if (const char16_t* const text = framework.Find(id)) own = text;
         if (own.empty() || free.contains(id)) continue;
         ++compared;
         const char16_t* const text = english.Find(id);

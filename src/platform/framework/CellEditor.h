@@ -10,16 +10,16 @@
 // What the user entered; not called if he gave up.
 using CellDone = std::function<void(const std::u16string& text)>;
 
-// Calls `open` when the user wants to edit a cell: by a double click on it, or by F2 for the first column of
-// the focused row.
+// Calls `open` when the user wants to edit a cell: by a double click on it, by F2 for the first column of the
+// focused row, by F4 or Alt+Down for the second.
 void WatchCells(CListCtrl& list, std::function<void(int row, int column)> open);
 
-// Opens an edit box with a text over a cell. Return or leaving the box enters the text, Esc gives up. Answers
-// the box, which may not exist.
+// Opens an edit box with a text over a cell. Return, Tab or leaving the box enters the text, Esc gives up.
+// Answers the box, which may not exist.
 CEdit OpenCellEdit(CListCtrl& list, int row, int column, const std::u16string& text, CellDone done);
 
-// Opens a list below a cell, with nothing selected. Return or a click enters the entry; Esc or leaving gives
-// up.
+// Opens a list below a cell, with nothing selected. Return, Tab or a click enters the entry; Esc or leaving
+// gives up.
 void OpenCellList(CListCtrl& list, int row, int column, const std::vector<std::u16string>& entries,
                   CellDone done);
 void SelectInCellList(CListCtrl& list, int index);

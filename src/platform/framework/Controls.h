@@ -67,9 +67,13 @@ struct ListCustomDraw {
     std::uint32_t CellBackground = 0;
 };
 
-// A click on a list, and a column of its header with its width.
+// A click on a list, a key pressed in it, and a column of its header with its width.
 struct ListClick {
     CPoint Point;
+};
+struct ListKey {
+    static constexpr int Space = 0x20;
+    int Key = 0;  // by the system's number
 };
 struct HeaderChange {
     int Column = 0;
@@ -125,6 +129,9 @@ class CListCtrl : public CWnd {
     std::u16string GetColumnHeading(int column) const;
 };
 
-// System colours of window backgrounds and button faces, as 0x00BBGGRR.
-constexpr std::uint32_t WindowColor = 0x00FFFFFF;
-constexpr std::uint32_t ButtonFaceColor = 0x00F0F0F0;
+// Colours of the user's scheme, by the system's numbers.
+enum ESystemColor : int { WindowColor = 5, ButtonFaceColor = 15 };
+
+// A colour of the scheme in force at this moment, as 0x00BBGGRR. The scheme can change while a dialog is
+// open.
+std::uint32_t GetSystemColor(ESystemColor color);

@@ -6,7 +6,6 @@
 #include "platform/framework/FormatText.h"
 #include "platform/framework/FrameworkStrings.h"
 #include "platform/framework/Locale.h"
-#include "platform/framework/Module.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
@@ -23,9 +22,7 @@ std::u16string NumberText(double value) {
 }
 
 void FailRange(CDataExchange& exchange, int id, int lowest, int highest) {
-    exchange.Fail(id, FormatText(LoadFrameworkString(IdWholeRange,
-                                                     u"Geben Sie eine ganze Zahl zwischen %i und %i ein."),
-                                 lowest, highest));
+    exchange.Fail(id, FormatText(LoadFrameworkString(IdWholeRange), lowest, highest));
 }
 
 // The control of an exchange that still runs; one that doesn't exist is not exchanged.
@@ -94,9 +91,8 @@ void DDX_TextInRange(CDataExchange& exchange, int id, double& value, double lowe
     const bool isNumber = end != text.c_str() && *end == u'\0';
     if (isNumber) value = number;
     if (isNumber && value >= lowest && value <= highest) return;
-    exchange.Fail(
-        id, FormatText(LoadFrameworkString(IdNumberRange, u"Geben Sie eine Zahl zwischen %s und %s ein."),
-                       NumberText(lowest), NumberText(highest)));
+    exchange.Fail(id,
+                  FormatText(LoadFrameworkString(IdNumberRange), NumberText(lowest), NumberText(highest)));
 }
 
 void DDX_CBIndex(CDataExchange& exchange, int id, int& value) {
@@ -143,9 +139,6 @@ void DDV_MaxChars(CDataExchange& exchange, int id, const std::u16string& value, 
     CWnd control;
     if (!Begin(exchange, id, control)) return;
     if (!exchange.SaveAndValidate) return CEdit(control.Handle).LimitText(most);
-    if (value.size() > static_cast<std::size_t>(most)) {
-        exchange.Fail(
-            id,
-            FormatText(LoadFrameworkString(IdMostCharacters, u"Geben Sie höchstens %i Zeichen ein."), most));
-    }
+    if (value.size() > static_cast<std::size_t>(most))
+        exchange.Fail(id, FormatText(LoadFrameworkString(IdMostCharacters), most));
 }

@@ -6,6 +6,15 @@
 
 class CDialog;
 
+// How the user is asked for a file to open.
+struct FileQuestion {
+    CDialog* Owner;                   // disabled while the question is open
+    std::u16string Title;             // of the question's window
+    std::u16string Filter;            // descriptions and patterns, separated by vertical bars
+    std::u16string DefaultExtension;  // as a pattern, "*.info": for a name entered without extension
+    std::u16string Folder;            // shown at first; if it is empty the system decides
+};
+
 class DialogDriver {
   public:
     virtual ~DialogDriver() = default;
@@ -17,8 +26,7 @@ class DialogDriver {
     virtual int ShowMessage(const std::u16string& text, unsigned type) = 0;
 
     // The file that the user chose, or nothing.
-    virtual std::optional<std::u16string> ChooseFile(const std::u16string& title,
-                                                     const std::u16string& filter) = 0;
+    virtual std::optional<std::u16string> ChooseFile(const FileQuestion& question) = 0;
 };
 
 // The process's driver; null means that dialogs are cancelled and messages go unseen.
@@ -30,9 +38,8 @@ constexpr unsigned MessageExclamation = 48;  // exclamation icon, OK button
 // False if dialogs can't be shown to a user here, only driven.
 bool HasDisplay();
 
-// The file that the user or the driver chose, or nothing. `filter` is descriptions and patterns, separated by
-// vertical bars.
-std::optional<std::u16string> AskForFile(const std::u16string& title, const std::u16string& filter);
+// The file that the user or the driver chose, or nothing.
+std::optional<std::u16string> AskForFile(const FileQuestion& question);
 
 // Shows a message; answers the button, 1 for OK.
 int AfxMessageBox(const std::u16string& text, unsigned type);

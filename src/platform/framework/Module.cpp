@@ -74,11 +74,6 @@ ModuleState* GetCurrentModule() {
     return currentModule;
 }
 
-std::u16string LoadFrameworkString(unsigned id, const char16_t* own) {
-    std::u16string text = currentModule == nullptr ? std::u16string() : currentModule->LoadString(id);
-    return text.empty() ? std::u16string(own) : text;
-}
-
 AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(ModuleState& module) : Previous(currentModule) {
     currentModule = &module;
 }

@@ -67,9 +67,6 @@ class ModuleState {
 // The module whose context was entered last on this thread; null outside any.
 ModuleState* GetCurrentModule();
 
-// A text of this library in the language of the current module; `own` if that has none.
-std::u16string LoadFrameworkString(unsigned id, const char16_t* own);
-
 // Selects a module's context for as long as it lives and then gives the caller's back, on every way out.
 class AFX_MAINTAIN_STATE2 {
   public:

@@ -39,6 +39,7 @@ enum ENotification : int {
     ListGetDispInfo = -177,
     ListClicked = -2,
     ListDoubleClicked = -3,
+    ListKeyPressed = -155,
     CustomDraw = -12,
     HeaderItemChanged = -321
 };

@@ -1,6 +1,9 @@
 #include "contract/DialogFunctions.h"
 
+#include <map>
+
 #include "platform/framework/DialogDriver.h"
+#include "platform/framework/Path.h"
 
 namespace {
 
@@ -32,9 +35,14 @@ std::uint32_t MixColors(std::uint32_t first, std::uint32_t second, int weight) {
     return mixed;
 }
 
-bool OpenFileDlg(int, const std::u16string& title, const std::u16string& filter, std::u16string& path) {
-    const std::optional<std::u16string> chosen = AskForFile(title, filter);
+bool OpenFileDlg(EFileCategory category, CDialog& owner, const std::u16string& title,
+                 const std::u16string& filter, const std::u16string& defaultExtension, std::u16string& path) {
+    static std::map<EFileCategory, std::u16string> folders;
+    std::u16string& folder = folders[category];
+    const std::optional<std::u16string> chosen =
+        AskForFile({&owner, title, filter, defaultExtension, folder});
     path = chosen.value_or(std::u16string());
+    if (chosen) folder = PathFolder(path);
     return chosen.has_value();
 }
 

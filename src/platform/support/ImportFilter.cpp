@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "platform/framework/FrameworkStrings.h"
-#include "platform/framework/Module.h"
 
 CImportFilter::CImportFilter(const char16_t* path) : FilePath(path) {}
 
@@ -18,14 +17,11 @@ std::vector<ImportMessage> CImportFilter::TakeMessages() {
 }
 
 void CImportFilter::AddDevCountWarningMessage(bool reserved) {
-    AddMessage(true, -1, reserved,
-               LoadFrameworkString(IdNoDevice, u"Für die Quelldatei konnte kein Gerät angelegt werden."));
+    AddMessage(true, -1, reserved, LoadFrameworkString(IdNoDevice));
 }
 
 void CImportFilter::AddWriteErrorMessage() {
-    AddMessage(true, -1, false,
-               LoadFrameworkString(IdStoreFailed,
-                                   u"Beim Schreiben in den Datenspeicher ist ein Fehler aufgetreten."));
+    AddMessage(true, -1, false, LoadFrameworkString(IdStoreFailed));
 }
 
 void* CImportFilter::FindInterface(const char* id) const {

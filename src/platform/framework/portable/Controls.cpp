@@ -16,6 +16,11 @@ std::size_t At(int index) {
 
 }  // namespace
 
+// There is no scheme without a display: the colours of a usual one.
+std::uint32_t GetSystemColor(ESystemColor color) {
+    return color == WindowColor ? 0x00FFFFFF : 0x00F0F0F0;
+}
+
 void CEdit::LimitText(int characters) {
     Handle->TextLimit = characters;
 }

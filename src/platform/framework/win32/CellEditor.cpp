@@ -39,11 +39,11 @@ LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM w, LPARAM l, 
         case WM_GETDLGCODE:
             return DLGC_WANTALLKEYS;  // or Return would close the dialog
         case WM_KEYDOWN:
-            if (w != VK_RETURN && w != VK_ESCAPE) break;
-            Finish(list, w == VK_RETURN);
+            if (w != VK_RETURN && w != VK_TAB && w != VK_ESCAPE) break;
+            Finish(list, w != VK_ESCAPE);
             return 0;
         case WM_CHAR:
-            if (w == VK_RETURN || w == VK_ESCAPE) return 0;  // no beep
+            if (w == VK_RETURN || w == VK_TAB || w == VK_ESCAPE) return 0;  // no beep
             break;
         case WM_LBUTTONUP: {
             const LRESULT result = DefSubclassProc(window, message, w, l);
@@ -61,6 +61,13 @@ LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM w, LPARAM l, 
     return DefSubclassProc(window, message, w, l);
 }
 
+// Opens the editor of the focused row.
+void OpenEditorByKey(const NativeWindow& list, int column) {
+    const auto row =
+        static_cast<int>(list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LPARAM{LVNI_FOCUSED}));
+    if (row >= 0) list.OpenEditor(row, column);
+}
+
 LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR data) {
     auto& list = *reinterpret_cast<NativeWindow*>(data);
     const LRESULT result = DefSubclassProc(window, message, w, l);
@@ -71,11 +78,9 @@ LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UI
         if (hit.iItem >= 0 && (hit.flags & LVHT_ONITEMSTATEICON) == 0)
             list.OpenEditor(hit.iItem, hit.iSubItem);
     }
-    if (message == WM_KEYDOWN && w == VK_F2) {
-        const auto row =
-            static_cast<int>(list.Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LPARAM{LVNI_FOCUSED}));
-        if (row >= 0) list.OpenEditor(row, 0);
-    }
+    if (message == WM_KEYDOWN && w == VK_F2) OpenEditorByKey(list, 0);
+    if ((message == WM_KEYDOWN && w == VK_F4) || (message == WM_SYSKEYDOWN && w == VK_DOWN))
+        OpenEditorByKey(list, 1);
     // The editor would stay where its cell was.
     if (message == WM_VSCROLL || message == WM_HSCROLL || message == WM_MOUSEWHEEL) Finish(list, true);
     return result;

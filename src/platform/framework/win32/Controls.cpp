@@ -29,6 +29,10 @@ bool SameMoment(const SYSTEMTIME& a, const SYSTEMTIME& b) {
 
 }  // namespace
 
+std::uint32_t GetSystemColor(ESystemColor color) {
+    return GetSysColor(color);
+}
+
 void CEdit::LimitText(int characters) {
     Handle->Send(EM_LIMITTEXT, Index(characters));
 }

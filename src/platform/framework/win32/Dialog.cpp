@@ -2,12 +2,18 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/win32/NativeWindow.h"
 
 namespace {
+
+BOOL CALLBACK ForwardNewColors(HWND window, LPARAM) {
+    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
+}
 
 INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
     if (message == WM_INITDIALOG) {
@@ -17,6 +23,9 @@ INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) 
     auto* const dialog = reinterpret_cast<CDialog*>(GetWindowLongPtrW(window, DWLP_USER));
     if (dialog == nullptr || !dialog->IsCreated() || dialog->GetNative().Closing) return FALSE;
     if (message == WM_COMMAND) return AnswerCommand(*dialog, w, l) ? TRUE : FALSE;
+    // The system reports a new colour scheme to the frame alone, and controls keep copies of its colours.
+    if (message == WM_SYSCOLORCHANGE && window == GetAncestor(window, GA_ROOT))
+        EnumChildWindows(window, ForwardNewColors, 0);
     if (message != WM_NOTIFY) return FALSE;
     const auto& header = *reinterpret_cast<const NMHDR*>(l);
     if (header.idFrom == TabsId && header.code == TCN_SELCHANGE && dialog->Sheet != nullptr) {
@@ -30,6 +39,8 @@ INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM w, LPARAM l) 
     SetWindowLongPtrW(window, DWLP_MSGRESULT, result);
     return TRUE;
 }
+
+HWND modalWindow = nullptr;
 
 void InitControls() {
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_DATE_CLASSES};
@@ -59,13 +70,57 @@ std::unique_ptr<NativeWindow> RecordControl(CDialog& parent, const ControlTempla
     return control;
 }
 
+// Ctrl+Tab and Ctrl+PageDown show the next page; with Shift, and Ctrl+PageUp, the one before. False for any
+// other message.
+bool TurnPage(const CDialog& dialog, const MSG& message) {
+    if (message.message != WM_KEYDOWN || dialog.Sheet == nullptr || GetKeyState(VK_CONTROL) >= 0 ||
+        !IsChild(dialog.GetNative().Window, message.hwnd)) {
+        return false;
+    }
+    int step = 0;
+    if (message.wParam == VK_NEXT) step = 1;
+    if (message.wParam == VK_PRIOR) step = -1;
+    if (message.wParam == VK_TAB) step = GetKeyState(VK_SHIFT) < 0 ? -1 : 1;
+    if (step == 0) return false;
+    CPropertySheet& sheet = *dialog.Sheet;
+    sheet.SetActivePage((sheet.GetActiveIndex() + step + sheet.GetPageCount()) % sheet.GetPageCount());
+    return true;
+}
+
+// The window that a click on `clicked` gives the focus to, or null: a control or the tabs, but no part of a
+// control such as the header of a list.
+HWND FocusByClick(const CDialog& dialog, HWND clicked) {
+    const NativeWindow* const control = ControlOf(clicked);
+    if (control == nullptr) return clicked == dialog.GetNative().Tabs ? clicked : nullptr;
+    return control->TakesFocus() && (clicked == control->Window || control->IsCombo()) ? control->Window
+                                                                                       : nullptr;
+}
+
+// True for a click that would take the focus from an edit if the edit takes it back, since its content is
+// refused. The click is lost then: the control would capture the mouse when its button has long come up.
+bool IsLostClick(const CDialog& dialog, const MSG& message) {
+    if (message.message != WM_LBUTTONDOWN) return false;
+    const NativeWindow* const left = ControlOf(::GetFocus());
+    const HWND next = FocusByClick(dialog, message.hwnd);
+    if (left == nullptr || left->Kind != ControlKind::Edit || next == nullptr || next == left->Window)
+        return false;
+    // A radio button that a program gives the focus to checks itself; it takes it by the click.
+    const NativeWindow* const control = ControlOf(next);
+    const bool isRadio = control != nullptr && control->Kind == ControlKind::RadioButton;
+    ::SetFocus(isRadio ? nullptr : next);
+    return ::GetFocus() == left->Window;
+}
+
 // The user works the dialog until it ends. Its owner rests meanwhile.
 void RunLoop(const CDialog& dialog, HWND owner) {
     const CDialog::NativeDialog& native = dialog.GetNative();
     if (owner != nullptr) ::EnableWindow(owner, FALSE);
     MSG message;
     while (!dialog.IsEnded() && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (IsDialogMessageW(native.Window, &message)) continue;
+        if (TurnPage(dialog, message) || IsLostClick(dialog, message) ||
+            IsDialogMessageW(native.Window, &message)) {
+            continue;
+        }
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
@@ -74,6 +129,10 @@ void RunLoop(const CDialog& dialog, HWND owner) {
 }
 
 }  // namespace
+
+HWND ModalWindow() {
+    return modalWindow;
+}
 
 void RunPendingMessages() {
     MSG message;
@@ -113,6 +172,7 @@ CDialog::~CDialog() {
 int CDialog::DoModal() {
     const HWND owner = GetActiveWindow();
     CreateControls();
+    const HWND outer = std::exchange(modalWindow, Native->Window);
     OnInitDialog();
     // Driven, it stays hidden: shown, it and other programs would take the focus from each other.
     if (DialogDriver* const driver = GetDialogDriver()) {
@@ -130,6 +190,7 @@ int CDialog::DoModal() {
         if (Sheet->GetPage(page).IsCreated()) Sheet->GetPage(page).GetNative().Closing = true;
     }
     DestroyWindow(Native->Window);
+    modalWindow = outer;
     return Native->Result;
 }
 

@@ -36,6 +36,9 @@ struct NativeWindow {
     }
     bool IsCombo() const { return Kind == ControlKind::ComboBox || Kind == ControlKind::DropDownList; }
     bool IsPicker() const { return Kind == ControlKind::DatePicker || Kind == ControlKind::TimePicker; }
+    bool TakesFocus() const {
+        return Kind != ControlKind::Label && Kind != ControlKind::GroupBox && Kind != ControlKind::Spin;
+    }
     std::intptr_t Tell(int code, void* data = nullptr) { return Parent->Notify(Id, code, data); }
     LRESULT Send(UINT message, WPARAM w = 0, LPARAM l = 0) const {
         return SendMessageW(Window, message, w, l);
@@ -63,6 +66,9 @@ constexpr int TabsId = 0x3020;
 
 // The control that a window is or is part of, as an edit is of its combo; null for any other window.
 NativeWindow* ControlOf(HWND window);
+
+// The window of the innermost modal dialog, or null.
+HWND ModalWindow();
 
 // Lets the messages run that have come meanwhile.
 void RunPendingMessages();

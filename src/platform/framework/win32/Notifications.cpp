@@ -65,6 +65,10 @@ LRESULT AnswerList(NativeWindow& list, const NMHDR& header) {
             ListClick click{{point.x, point.y}};
             return list.Tell(static_cast<int>(header.code), &click);
         }
+        case ListKeyPressed: {
+            ListKey key{static_cast<NMLVKEYDOWN*>(data)->wVKey};
+            return list.Tell(ListKeyPressed, &key);
+        }
         case CustomDraw:
             return AnswerCustomDraw(list, *static_cast<NMLVCUSTOMDRAW*>(data));
         default:
@@ -99,7 +103,10 @@ bool AnswerCommand(CDialog& dialog, WPARAM w, LPARAM l) {
         return true;
     }
     if (l == 0) return false;
-    dialog.Notify(id, code);
+    // Enter sends the click on a page's button to the frame.
+    const NativeWindow* const sender = ControlOf(reinterpret_cast<HWND>(l));
+    CDialog& owner = sender == nullptr ? dialog : *sender->Parent;
+    owner.Notify(id, code);
     return true;
 }
 

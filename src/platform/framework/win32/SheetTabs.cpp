@@ -80,7 +80,11 @@ void CPropertySheet::BringToFront(CPropertyPage& page) {
     SetWindowPos(window, HWND_TOP, area.left, area.top, area.right - area.left, area.bottom - area.top,
                  SWP_SHOWWINDOW | SWP_NOACTIVATE);
     for (CPropertyPage* const other : Pages) {
-        if (other != &page && other->IsCreated()) ShowWindow(other->GetNative().Window, SW_HIDE);
+        if (other == &page || !other->IsCreated()) continue;
+        const HWND hidden = other->GetNative().Window;
+        // Keys must not reach a page that nobody sees.
+        if (IsChild(hidden, ::GetFocus())) ::SetFocus(GetNextDlgTabItem(window, nullptr, FALSE));
+        ShowWindow(hidden, SW_HIDE);
     }
     TabCtrl_SetCurSel(native.Tabs, Active);
 }
