@@ -11,7 +11,7 @@ namespace {
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t Hour = 3600 * Second;
 
-TEST(kelvarin::check::IntervalCounts, StaysTrueWhenItGivesUpExactness) {
+TEST(IntervalCounts, StaysTrueWhenItGivesUpExactness) {
     for (const int different : {100, 50'000}) {
         SCOPED_TRACE(different);
         kelvarin::check::IntervalCounts counts;
@@ -41,7 +41,7 @@ struct TemplateCase {
     std::vector<std::u16string> Values;
 };
 
-TEST(kelvarin::check::MessageTemplate, ReadsWhatWasFilledIn) {
+TEST(MessageTemplate, ReadsWhatWasFilledIn) {
     const TemplateCase cases[] = {
         {u"Value '%s' of '%s' in line %i.", u"Value 'x' of 'n' in line 7.", {u"x", u"n", u"7"}},
         {u"Value '%s' of '%s' in line %i.", u"Value 'a' of 'b' of 'n' in line 7.", {u"a' of 'b", u"n", u"7"}},
@@ -103,7 +103,7 @@ TEST(DateOrder, IsProvenOrNot) {
     EXPECT_EQ(SeriesOf(reading, cases[6].Times).Dates().State(), kelvarin::check::DateOrderState::Unasked);
 }
 
-TEST(kelvarin::check::TimeSeries, TellsMidnightFromAClockThatWasSetBack) {
+TEST(TimeSeries, TellsMidnightFromAClockThatWasSetBack) {
     kelvarin::check::TimeSource reading;
     reading.DateFrom = kelvarin::check::TimeSource::Date::Fixed;
     reading.Format = u"hh:mm:ss";

@@ -21,7 +21,7 @@ struct ShapeCase {
     const char* Formats;
 };
 
-TEST(kelvarin::guess::FormatShape, NamesEveryWayToReadAText) {
+TEST(FormatShape, NamesEveryWayToReadAText) {
     const ShapeCase cases[] = {
         // Dates: the order is open only where the numbers leave it open.
         {u"31.01.2024", "TT.MM.JJJJ"},
