@@ -19,7 +19,7 @@ namespace {
 int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessInForce guessed(module, path, guessing, common.Settings);
+    const guess::GuessLayer guessed(module, path, guessing, common.Settings);
     HostSession session(module, path, RunOptions());
     const bool analyzed = session.Filter().AnalyzeFile();
     if (common.Json) {

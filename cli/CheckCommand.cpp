@@ -6,30 +6,23 @@
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
+#include "cli/report/Options.h"
 #include "host/SourceFiles.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
-#include "host/guess/TimeAdvice.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
 
 namespace {
 
-struct CheckOptions {
-    std::string Rejects;       // a file for the rejected rows; empty: none
-    bool RejectCells = false;  // among them those with a refused cell
+struct RejectsOptions {
+    std::string File;    // for the rejected rows; empty: none
+    bool Cells = false;  // among them those with a refused cell
 };
-
-// Options that give the rows times, if times are read and none of them was.
-std::string AdviceFor(const ModuleLoader& module, const std::u16string& path,
-                      const check::CheckResult& result, const CImportFilter& filter) {
-    const bool lostAll = result.Series && result.Series->Count() == 0 && result.Dropped.Count() != 0;
-    if (!lostAll || result.Reading.IsInterval || result.Above.First != 0) return {};
-    return guess::AdviseTimestamp(module, path, filter);
-}
 
 // Empty, or why the file could not be checked.
 std::string WhyFailed(const std::u16string& path, const check::CheckResult& result) {
@@ -41,65 +34,56 @@ std::string WhyFailed(const std::u16string& path, const check::CheckResult& resu
     if (result.Above.First != 0) {
         return failure + " " +
                Phrase("Lines {} to {} look like rows; name the table's start: {}", result.Above.First,
-                      result.Above.Last, check::TableOptions(result));
+                      result.Above.Last, OptionsText(check::TableSettings(check::TableAbove(result))));
     }
     return failure + " " +
            Phrase(
                "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
                "--set ImportHeader=<0 or 1>",
-               result.Reading.HeaderLine != 0 ? result.Reading.HeaderLine : result.Reading.FirstDataLine);
+               result.Format.HeaderLine != 0 ? result.Format.HeaderLine : result.Format.FirstDataLine);
 }
 
-RejectsNote SaveRejects(const CheckOptions& options, const std::u16string& path,
-                        const check::CheckResult& result, const check::LineSet& dropped,
-                        const check::LineSet& refused) {
-    RejectsNote note;
-    if (options.Rejects.empty() || !result.Begun || result.Failed) return note;
-    note.File = options.Rejects;
-    const auto firstLine = static_cast<std::uint64_t>(result.Reading.FirstDataLine);
-    note.Rows = check::CountRejects(dropped, refused);
-    note.Failure = check::WriteRejects(path, PathFromNative(options.Rejects), firstLine, dropped, refused);
-    return note;
+check::CheckResult RunWithProgress(const ModuleLoader& module, const RejectsOptions& options,
+                                   const std::string& file, check::LineSet& rejected) {
+    ProgressLine progress(file);
+    check::CheckOptions wanted;
+    if (!options.File.empty()) wanted.Wanted.Dropped = &rejected;
+    if (options.Cells) wanted.Wanted.Refused = &rejected;
+    wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
+    wanted.Cancel = &InterruptFlag();
+    return check::RunCheck(module, PathFromNative(file), wanted);
 }
 
-int CheckFile(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
+int CheckFile(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    check::LineSet dropped, refused;
-    check::WantedLines wanted;
-    if (!options.Rejects.empty()) wanted.Dropped = &dropped;
-    if (options.RejectCells) wanted.Refused = &refused;
-    check::CheckRun run(module, path, wanted);
-    check::CheckResult result;
-    {
-        ProgressLine progress(file);
-        result = run.Run([&](std::uint32_t percent) { progress.Show(percent); });
+    check::LineSet rejected;
+    const check::CheckResult result = RunWithProgress(module, options, file, rejected);
+    const std::vector<check::Finding> findings = check::Judge(result);
+    RejectsNote rejects;
+    if (!options.File.empty() && result.Begun && !result.Failed) {
+        const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
+        rejects = {options.File, rejected.Count(),
+                   check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected)};
     }
-    const std::vector<check::Finding> findings =
-        check::Judge(result, AdviceFor(module, path, result, run.Filter()));
-    const RejectsNote rejects = SaveRejects(options, path, result, dropped, refused);
-    if (common.Json) {
-        WriteCheckJson(std::cout, file, result, findings, rejects);
-    } else {
-        WriteCheckText(std::cout, file, result, findings, rejects);
-    }
+    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, file, result, findings, rejects);
     const std::string reason = WhyFailed(path, result);
     if (!reason.empty()) ComplainAbout(file, reason);
     if (!rejects.Failure.empty()) ComplainAbout(rejects.File, rejects.Failure);
     if (result.Interrupted) return ExitInterrupted;
     if (result.Failed || !rejects.Failure.empty()) return ExitFileFailed;
-    return IsClean(result, findings) ? ExitDone : ExitFindings;
+    return check::IsClean(result, findings) ? ExitDone : ExitFindings;
 }
 
-int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
                const ManyFiles& many) {
-    if (!options.Rejects.empty()) {
+    if (!options.File.empty()) {
         const std::vector<std::string> files = many.FilesOf(common.Files);
         if (files.size() > 1) {
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
         }
-        if (check::IsSameFile(PathFromNative(files.front()), PathFromNative(options.Rejects))) {
+        if (check::IsSameFile(PathFromNative(files.front()), PathFromNative(options.File))) {
             Complain(Phrase("--rejects would overwrite the file itself"));
             return ExitWrongUsage;
         }
@@ -111,7 +95,7 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Ch
 }  // namespace
 
 void AddCheckCommand(CommandLine& line) {
-    const auto options = std::make_shared<CheckOptions>();
+    const auto options = std::make_shared<RejectsOptions>();
     const auto many = std::make_shared<ManyFiles>();
     CLI::App& command =
         line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
@@ -121,11 +105,11 @@ void AddCheckCommand(CommandLine& line) {
     CLI::Option* const rejects =
         command
             .add_option(
-                "--rejects", options->Rejects,
+                "--rejects", options->File,
                 Phrase("Write the dropped rows to a file of their own, to be mended and imported alone"))
             ->type_name("FILE");
     command
-        .add_flag("--reject-cells", options->RejectCells,
+        .add_flag("--reject-cells", options->Cells,
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
     many->AddOptions(command);

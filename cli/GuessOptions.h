@@ -2,14 +2,21 @@
 #pragma once
 
 #include "cli/CommandLine.h"
-#include "host/guess/GuessInForce.h"
+#include "host/guess/TimeGuess.h"
+#include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
 
 // Adds --guess-time to a command; the options outlive it.
-CLI::Option* AddGuessOption(CLI::App& command, guess::GuessOptions& options);
+inline CLI::Option* AddGuessOption(CLI::App& command, guess::GuessOptions& options) {
+    return command.add_flag("--guess-time", options.GuessTime,
+                            Phrase("Find out the columns and the format of the times, use and print them"));
+}
 
 // Adds --save too.
-void AddGuessOptions(CLI::App& command, guess::GuessOptions& options);
+inline void AddGuessOptions(CLI::App& command, guess::GuessOptions& options) {
+    CLI::Option* const guess = AddGuessOption(command, options);
+    command.add_flag("--save", options.Save, Phrase("Keep what was guessed in FILE.info"))->needs(guess);
+}
 
 }  // namespace kelvarin::cli

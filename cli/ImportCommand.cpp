@@ -1,5 +1,3 @@
-#include <chrono>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -10,6 +8,7 @@
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
+#include "cli/report/Options.h"
 #include "cli/report/TextReport.h"
 #include "host/Reading.h"
 #include "host/SourceFiles.h"
@@ -80,28 +79,10 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     // A lone column of times gives no signal, and no message either.
     const bool hasReason = !session.Messages().IsEmpty();
     if (LostEveryRow(result, session.Device()) && readsTime && hasReason && guess == nullptr)
-        advice = guess::AdviseTimestamp(module, path, session.Filter());
+        advice = RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(session.Filter())));
     WriteFormatText(std::cout, file, session.Filter());
     if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);
-}
-
-store::SampleOrigin OriginOf(const HostSession& session, const std::string& source,
-                             std::optional<std::int64_t> baseTime) {
-    store::SampleOrigin origin;
-    const std::filesystem::path path = PathForStream(PathFromNative(source));
-    std::error_code ignored;
-    origin.SourceSize = std::filesystem::file_size(path, ignored);
-    const auto written = std::filesystem::last_write_time(path, ignored);
-    const auto moment = std::chrono::file_clock::to_sys(written).time_since_epoch();
-    origin.SourceModified = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
-    if (const CCsvImportSettings* const settings = SettingsOf(session.Filter())) {
-        for (const auto& [key, value] : SettingsAsText(*settings))
-            origin.Settings.push_back(key + "=" + value);
-    }
-    origin.BaseTime = baseTime;
-    origin.IsRelative = ReadingOf(session.Filter()).DateSetting == DateNone;
-    return origin;
 }
 
 // Fills a sample file with the runs of all source files, and reports on standard error what became of it.
@@ -122,8 +103,7 @@ class StoreFile {
     store::DeviceSink* BeginRun() { return File == nullptr ? nullptr : &File->BeginDevice(); }
 
     // Keeps the device of the run if `isDone`. False if the file can't be written any more.
-    bool EndRun(const HostSession& session, const std::string& source, std::optional<std::int64_t> baseTime,
-                bool isDone) {
+    bool EndRun(const HostSession& session, bool isDone) {
         if (File == nullptr) return true;
         ++Runs;
         if (!isDone || session.Device() == nullptr) {
@@ -131,7 +111,7 @@ class StoreFile {
             return true;
         }
         ++Kept;
-        return CheckWritten(File->KeepDevice(*session.Device(), OriginOf(session, source, baseTime)));
+        return CheckWritten(File->KeepDevice(*session.Device(), session.Origin()));
     }
 
     // Puts the file in its place; it then holds the runs that were done. False if there is none.
@@ -182,14 +162,14 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     bool hasStored = true;
     {
         ProgressLine progress(file);
-        const guess::GuessInForce guessed(module, path, options.Guessing, common.Settings);
+        const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
         RunOptions run = MakeRunOptions(common, options, progress);
         run.Sink = store.BeginRun();
         HostSession session(module, path, std::move(run));
         result = session.Run();
         reason = WhyFailed(path, result, session);
         samples = CountSamples(session.Device());
-        hasStored = store.EndRun(session, file, options.BaseTime, reason.empty() && !result.Interrupted);
+        hasStored = store.EndRun(session, reason.empty() && !result.Interrupted);
         if (common.Json) {
             WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
         } else {

@@ -14,7 +14,6 @@
 #include "cli/report/TextLayout.h"
 #include "contract/SidecarTool.h"
 #include "host/language/Phrase.h"
-#include "host/sidecar/SidecarFit.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
@@ -83,13 +82,13 @@ int CheckFile(const ModuleLoader& module, bool json, const std::string& file) {
 int WriteFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessInForce guessed(module, path, guessing, common.Settings);
+    const guess::GuessLayer guessed(module, path, guessing, common.Settings);
     const guess::TimeGuess* const guess = guessed.Guess();
     std::string reason;
     if (guess == nullptr) {
         reason = sidecar::WriteSidecar(module, path);
     } else {
-        reason = guess->Failure.empty() ? guess::SaveBeside(module, path) : guess->Failure;
+        reason = guess->Failure.empty() ? sidecar::SaveSidecar(module, path) : guess->Failure;
     }
     if (common.Json) {
         Json document = {{"file", PrintableName(file)}, {"written", reason.empty()}};

@@ -21,13 +21,11 @@ using Difference = store::SampleCheck::Difference;
 
 namespace {
 
-// Puts the settings of a run, KEY=VALUE each, in force; empty, or what is wrong with one.
-std::string LayOver(SettingsLayer& layer, const std::vector<std::string>& options) {
-    for (const std::string& option : options) {
-        ParsedSetting setting;
-        const std::string complaint = ParseSetting(option, setting);
+// Puts the settings of a run in force; empty, or what is wrong with one.
+std::string LayOver(SettingsLayer& layer, const SettingList& settings) {
+    for (const auto& [key, value] : settings) {
+        const std::string complaint = layer.Set(key, value);
         if (!complaint.empty()) return complaint;
-        layer.Set(setting);
     }
     return {};
 }

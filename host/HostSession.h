@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -23,12 +24,13 @@ constexpr std::size_t KeepAll = std::numeric_limits<std::size_t>::max();
 
 // What a host wants of a run. Pointers are borrowed for the life of the session.
 struct RunOptions {
-    std::optional<std::int64_t> BaseTime;           // start of relative time in ns; none: the fixed epoch
-    std::size_t KeepSamples = 0;                    // of each signal, in memory
-    std::size_t KeepMessages = 0;                   // with their texts; the groups count all
-    std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
-    std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage, within Run; may be empty
-    store::DeviceSink* Sink = nullptr;              // gets every sample; the run ends when it has failed
+    std::optional<std::int64_t> BaseTime;               // start of relative time in ns; none: the fixed epoch
+    std::size_t KeepSamples = 0;                        // of each signal, in memory
+    std::size_t KeepMessages = 0;                       // with their texts; the groups count all
+    std::uint64_t MostLines = ~std::uint64_t{0};        // the run ends after so many
+    std::function<void(const CImportFilter&)> OnBegun;  // gets the filter before the first line; may be empty
+    std::function<void(std::uint32_t)> OnProgress;      // gets each new percentage, within Run; may be empty
+    store::DeviceSink* Sink = nullptr;                  // gets every sample; the run ends when it has failed
     IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it
     const std::atomic<bool>* Cancel = nullptr;  // any thread sets it to end the run before the next line
 };
@@ -61,6 +63,9 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     // The device of the run, or null if the filter made none. Lives as long as the session.
     const store::StoredDevice* Device() const { return Store.get(); }
 
+    // Where its samples come from: the file as it is now, and the settings of the run.
+    store::SampleOrigin Origin() const;
+
   private:
     CDevice* CreateDevice(std::u16string name, const char16_t* description, int reserved) override;
     void FinishDevice(CDevice* device) override;
@@ -72,6 +77,7 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     bool CollectMessages(std::uint64_t line, RunResult& result);
     void ReadLines(RunResult& result, std::uint64_t firstDataLine);
 
+    const std::filesystem::path Path;
     const RunOptions Options;
     MessageList AllMessages;
     std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals

@@ -43,8 +43,9 @@ std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter) {
         if (index < 0 || index >= settings->ColumnCount) continue;
         const bool isDate = settings->DateSetting == DateFromColumn && index + 1 == settings->DateColumn;
         const bool isTime = settings->TimeSetting == TimeFromColumn && index + 1 == settings->TimeColumn;
-        columns.push_back(
-            {column.GetDisplayName(), column.GetEffectiveType(), column.Unit, isDate || isTime});
+        const bool isTimestamp = isDate || isTime;
+        columns.push_back({column.GetDisplayName(), column.GetEffectiveType(), column.Unit, isTimestamp,
+                           index, column.ImportColumn && !isTimestamp});
     }
     return columns;
 }

@@ -36,6 +36,8 @@ struct ColumnSummary {
     ECsvDataType Type;
     std::u16string Unit;
     bool IsTimestamp;  // its cells are the rows' times
+    int Index;         // from 0
+    bool IsSignal;     // a run makes a signal of it
 };
 
 // The settings of a filter, which owns them and changes them with each analysis; null if it doesn't show any.

@@ -38,76 +38,72 @@ Json ColumnsToJson(const check::CheckResult& result) {
 }
 
 Json DroppedToJson(const check::DroppedRows& dropped) {
-    constexpr const char* Names[check::DropReasonCount] = {
-        "empty", "unreadableAtStart", "unreadable", "unreadableAtEnd", "repeats",
-        "falls", "notLater",          "outOfRange", "noStep",          "unknown"};
     Json reasons = Json::object();
-    for (std::size_t i = 0; i < check::DropReasonCount; ++i) {
-        const check::FilePlaces& places = dropped.Of(static_cast<check::DropReason>(i));
-        if (places.Count() != 0) reasons[Names[i]] = PlacesToJson(places);
+    for (std::size_t i = 0; i < check::DropKindCount; ++i) {
+        const auto kind = static_cast<check::DropKind>(i);
+        if (dropped.Of(kind).Count() != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
     }
-    return {{"count", dropped.Count()}, {"examined", dropped.Examined()}, {"reasons", reasons}};
+    return {{"count", dropped.Count()}, {"examined", dropped.Count()}, {"reasons", reasons}};
 }
 
-const char* NameOf(check::DateOrderState state) {
+const char* NameOf(check::DayMonthState state) {
     switch (state) {
-        case check::DateOrderState::DayAbove12:
-        case check::DateOrderState::WouldFall:
-        case check::DateOrderState::RunsOn:
+        case check::DayMonthState::DayAbove12:
+        case check::DayMonthState::WouldFall:
+        case check::DayMonthState::RunsOn:
             return "proven";
-        case check::DateOrderState::OneDate:
-        case check::DateOrderState::Ambiguous:
+        case check::DayMonthState::OneDate:
+        case check::DayMonthState::Ambiguous:
             return "ambiguous";
-        case check::DateOrderState::OtherIsEven:
+        case check::DayMonthState::OtherIsCloser:
             return "doubtful";
-        case check::DateOrderState::Same:
+        case check::DayMonthState::Same:
             return "equal";
-        case check::DateOrderState::Unasked:
+        case check::DayMonthState::NotChecked:
             break;
     }
     return "unasked";
 }
 
-Json GapsToJson(const check::TimeSeries& series, const check::Rhythm& rhythm) {
+Json GapsToJson(const check::TimeSeries& series, const check::IntervalStatistics& intervals) {
     Json longest = Json::array();
     for (const check::TimeStep& step : series.LongestSteps()) {
-        if (step.Length() <= rhythm.GapAbove) break;
+        if (step.Length() <= intervals.GapAbove) break;
         longest.push_back({{"line", step.Line}, {"from", step.From}, {"to", step.To}});
     }
-    return {{"above", rhythm.GapAbove}, {"count", rhythm.Gaps}, {"longest", longest}};
+    return {{"above", intervals.GapAbove}, {"count", intervals.Gaps}, {"longest", longest}};
 }
 
 Json TimeToJson(const check::TimeSeries& series) {
     if (series.Count() == 0) return nullptr;
-    const check::Rhythm rhythm = series.GetRhythm();
-    const check::IntervalCounts& counts = series.Intervals();
+    const check::IntervalStatistics intervals = series.Intervals();
     return {{"rows", series.Count()},
             {"first", series.First()},
             {"firstLine", series.FirstLine()},
             {"last", series.Last()},
             {"lastLine", series.LastLine()},
             {"interval",
-             {{"median", rhythm.Median},
-              {"low", rhythm.Low},
-              {"high", rhythm.High},
-              {"shortest", counts.Shortest()},
-              {"longest", counts.Longest()},
-              {"exact", counts.IsExact()},
-              {"steady", rhythm.IsSteady}}},
-            {"gaps", GapsToJson(series, rhythm)},
+             {{"median", intervals.Median},
+              {"low", intervals.Low},
+              {"high", intervals.High},
+              {"shortest", intervals.Shortest},
+              {"longest", intervals.Longest},
+              {"exact", intervals.IsExact},
+              {"steady", intervals.IsSteady}}},
+            {"gaps", GapsToJson(series, intervals)},
             {"rowsPerTime", series.GetSharedTimes().RowsEach},
             {"rollOvers", series.RollOvers()},
             {"doubtfulRollOvers", PlacesToJson(series.DoubtfulRollOvers())},
             {"dateOrder", {{"state", NameOf(series.Dates().State())}, {"line", series.Dates().Line()}}}};
 }
 
-Json FindingsToJson(const std::vector<check::Finding>& findings) {
+Json FindingsToJson(const check::CheckResult& result, const std::vector<check::Finding>& findings) {
     Json list = Json::array();
     for (const check::Finding& finding : findings) {
         list.push_back({{"kind", finding.Kind},
                         {"fault", finding.IsFault},
                         {"text", finding.Text},
-                        {"remedy", finding.Remedy}});
+                        {"remedy", AdviceText(result, finding)}});
     }
     return list;
 }
@@ -123,8 +119,8 @@ void WriteCheckJson(std::ostream& out, const std::string& file, const check::Che
                     const std::vector<check::Finding>& findings, const RejectsNote& rejects) {
     Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
                      {"begun", result.Begun},
-                     {"clean", IsClean(result, findings)},
-                     {"findings", FindingsToJson(findings)},
+                     {"clean", check::IsClean(result, findings)},
+                     {"findings", FindingsToJson(result, findings)},
                      {"lines", result.Lines},
                      {"blank", result.BlankLines}};
     document["rowsAbove"] = {{"first", result.Above.First}, {"last", result.Above.Last}};

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "host/check/CheckResult.h"
 #include "host/check/Findings.h"
 
 namespace kelvarin::cli {
@@ -17,8 +16,8 @@ struct RejectsNote {
     std::string Failure;  // why it could not be written
 };
 
-// True if the file was read to its end without a fault.
-bool IsClean(const check::CheckResult& result, const std::vector<check::Finding>& findings);
+// What to do about a finding, with the options or the commands that do it; empty if there is nothing to do.
+std::string AdviceText(const check::CheckResult& result, const check::Finding& finding);
 
 void WriteCheckText(std::ostream& out, const std::string& file, const check::CheckResult& result,
                     const std::vector<check::Finding>& findings, const RejectsNote& rejects);

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "cli/report/CheckReport.h"
+#include "cli/report/Options.h"
 #include "cli/report/TextLayout.h"
 #include "host/check/CheckWords.h"
 #include "host/language/Phrase.h"
@@ -32,8 +33,8 @@ void WriteVerdict(std::ostream& out, const check::CheckResult& result,
     const auto faults =
         std::count_if(findings.begin(), findings.end(), [](const check::Finding& f) { return f.IsFault; });
     const std::string words = FaultsInWords(result);
-    if (IsClean(result, findings)) {
-        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(result.Series->Count()));
+    if (check::IsClean(result, findings)) {
+        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(result.StoredRows()));
     } else if (faults == 1) {
         out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
     } else {
@@ -43,14 +44,16 @@ void WriteVerdict(std::ostream& out, const check::CheckResult& result,
     out << "\n";
 }
 
-void WriteFindings(std::ostream& out, const std::vector<check::Finding>& findings) {
+void WriteFindings(std::ostream& out, const check::CheckResult& result,
+                   const std::vector<check::Finding>& findings) {
     for (const check::Finding& finding : findings) {
         if (finding.IsFault) {
             out << ReportLabel(Phrase("fault")) << Styled(Style::Warning, finding.Text) << "\n";
         } else {
             out << ReportLabel(Phrase("note")) << finding.Text << "\n";
         }
-        if (!finding.Remedy.empty()) out << ReportLabel("") << "-> " << finding.Remedy << "\n";
+        const std::string advice = AdviceText(result, finding);
+        if (!advice.empty()) out << ReportLabel("") << "-> " << advice << "\n";
     }
 }
 
@@ -74,7 +77,7 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
         ++shown;
         const bool any = refused.Count() != 0;
         table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      Utf16ToUtf8(column.TypeName),
+                      any ? DataTypeInWords(column.Type) : std::string(),
                       any ? Phrase("{} refused", refused.Count()) : std::string(),
                       any ? PlaceText(refused.FirstFew().front()) : std::string(),
                       refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : std::string(),
@@ -86,20 +89,20 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
     if (others != 0) out << "    " << Phrase("... and {} more columns", others) << "\n";
 }
 
-void WriteIntervals(TextTable& table, const check::TimeSeries& series) {
-    const check::Rhythm rhythm = series.GetRhythm();
-    const check::IntervalCounts& counts = series.Intervals();
-    if (counts.Count() == 0) return;
-    const std::string about = counts.IsExact() ? "" : " " + Phrase("(to 1/64)");
-    if (counts.Shortest() == counts.Longest()) {
-        table.AddRow({Phrase("interval"), Phrase("{} between all rows", check::SpanInWords(rhythm.Median))});
+void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals) {
+    if (intervals.Count == 0) return;
+    const std::string median = check::SpanInWords(intervals.Median);
+    if (intervals.Shortest == intervals.Longest) {
+        table.AddRow({Phrase("interval"), Phrase("{} between all rows", median)});
         return;
     }
-    table.AddRow({Phrase("interval"), Phrase("{} (median)", check::SpanInWords(rhythm.Median)) + about});
-    table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
-                                           check::SpanInWords(rhythm.Low), check::SpanInWords(rhythm.High))});
-    table.AddRow({Phrase("extremes"), Phrase("{} to {}", check::SpanInWords(counts.Shortest()),
-                                             check::SpanInWords(counts.Longest()))});
+    const std::string about = intervals.IsExact ? "" : " " + Phrase("(to 1/64)");
+    table.AddRow({Phrase("interval"), Phrase("{} (median)", median) + about});
+    table.AddRow(
+        {Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
+                                  check::SpanInWords(intervals.Low), check::SpanInWords(intervals.High))});
+    table.AddRow({Phrase("extremes"), Phrase("{} to {}", check::SpanInWords(intervals.Shortest),
+                                             check::SpanInWords(intervals.Longest))});
 }
 
 void WriteTime(std::ostream& out, const check::CheckResult& result) {
@@ -107,27 +110,27 @@ void WriteTime(std::ostream& out, const check::CheckResult& result) {
     if (series.Count() == 0) return;
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     table.AddRow({Phrase("rows"), std::to_string(series.Count())});
-    table.AddRow({Phrase("first"), check::MomentInWords(result.Reading, series.First()) + "  " +
+    table.AddRow({Phrase("first"), check::MomentInWords(result.Format, series.First()) + "  " +
                                        Phrase("line {}", series.FirstLine())});
-    table.AddRow({Phrase("last"), check::MomentInWords(result.Reading, series.Last()) + "  " +
+    table.AddRow({Phrase("last"), check::MomentInWords(result.Format, series.Last()) + "  " +
                                       Phrase("line {}", series.LastLine())});
     table.AddRow({Phrase("span"), check::SpanInWords(series.Last() - series.First())});
-    WriteIntervals(table, series);
+    WriteIntervals(table, series.Intervals());
     out << ReportHeading(Phrase("time axis")) << "\n";
     table.Write(out, "    ");
 }
 
 void WriteGaps(std::ostream& out, const check::CheckResult& result) {
-    const check::Rhythm rhythm = result.Series->GetRhythm();
-    if (rhythm.Gaps == 0 || result.Reading.IsInterval) return;
+    const check::IntervalStatistics intervals = result.Series->Intervals();
+    if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
     out << ReportHeading(Phrase("longest gaps")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left});
     for (const check::TimeStep& step : result.Series->LongestSteps()) {
-        if (step.Length() <= rhythm.GapAbove) break;
+        if (step.Length() <= intervals.GapAbove) break;
         table.AddRow({check::SpanInWords(step.Length()), Phrase("before line {}", step.Line),
-                      Phrase("{} to {}", check::MomentInWords(result.Reading, step.From),
-                             check::MomentInWords(result.Reading, step.To))});
+                      Phrase("{} to {}", check::MomentInWords(result.Format, step.From),
+                             check::MomentInWords(result.Format, step.To))});
     }
     table.Write(out, "    ");
 }
@@ -140,15 +143,18 @@ void WriteRejectsNote(std::ostream& out, const check::CheckResult& result, const
     if (rejects.Rows == 0) return;
     out << ReportLabel("") << "-> "
         << Phrase("once mended, import it with the same settings and these: {}",
-                  check::FormatOptions(result.Reading))
+                  OptionsText(check::TableSettings(result.Format)))
         << "\n";
 }
 
 }  // namespace
 
-bool IsClean(const check::CheckResult& result, const std::vector<check::Finding>& findings) {
-    return result.Begun && !result.Failed && !result.Interrupted &&
-           std::none_of(findings.begin(), findings.end(), [](const check::Finding& f) { return f.IsFault; });
+std::string AdviceText(const check::CheckResult& result, const check::Finding& finding) {
+    if (finding.Advice.Action != RemedyAction::ReverseRows) return RemedyText(finding.Advice);
+    const int head = result.Format.FirstDataLine - 1;
+    return finding.Advice.Text + ", " +
+           Phrase("where there are head, tail and tac: (head -n {} FILE; tail -n +{} FILE | tac) > REVERSED",
+                  head, head + 1);
 }
 
 void WriteCheckText(std::ostream& out, const std::string& file, const check::CheckResult& result,
@@ -156,7 +162,7 @@ void WriteCheckText(std::ostream& out, const std::string& file, const check::Che
     if (!result.Begun) return;
     out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
     WriteVerdict(out, result, findings);
-    WriteFindings(out, findings);
+    WriteFindings(out, result, findings);
     WriteColumns(out, result);
     WriteTime(out, result);
     WriteGaps(out, result);

@@ -26,6 +26,7 @@ std::string RemedyText(const Remedy& remedy) {
     std::string options = OptionsText(remedy.Settings);
     if (remedy.Action == RemedyAction::ExtractRows) options = "--rejects FILE";
     if (remedy.Action == RemedyAction::ExtractRowsAndCells) options = "--rejects FILE --reject-cells";
+    if (remedy.Action == RemedyAction::SwitchToEnglish) options = "--language en";
     if (options.empty() || remedy.Text.empty()) return remedy.Text + options;
     return remedy.Text + ": " + options;
 }

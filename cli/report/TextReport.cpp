@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t NameWidth = 40;
 constexpr std::size_t ValueWidth = 24;
-constexpr std::size_t CourseWidth = 24;
+constexpr std::size_t PlotWidth = 24;
 constexpr std::size_t MostColumnsShown = 200;
 constexpr std::size_t MostLinesNamed = 8;
 
@@ -53,7 +53,7 @@ std::string ValueText(std::uint32_t type, const std::optional<std::string>& valu
 
 std::string RangeText(const store::StoredSignal& signal) {
     const std::uint32_t type = signal.Description().Type;
-    const store::NumberRange range = signal.Summary().Course.Range();
+    const store::NumberRange range = signal.Summary().Plot.Range();
     if ((type != KelvarinDouble && type != KelvarinInt64) || range.IsEmpty()) return {};
     return ShortestText(range.Lowest) + " .. " + ShortestText(range.Highest);
 }
@@ -72,7 +72,7 @@ void WriteSignals(std::ostream& out, const store::StoredDevice& device) {
             {OneLine(Utf16ToUtf8(about.Symbol), NameWidth), StoreTypeInWords(about.Type),
              UnitText(about.Unit), std::to_string(summary.Count), Phrase("samples"),
              ValueText(about.Type, summary.First), "->", ValueText(about.Type, summary.Last),
-             summary.Course.Draw(CourseWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
+             summary.Plot.Draw(PlotWidth) + (RangeText(signal).empty() ? "" : " " + RangeText(signal)),
              gaps});
     }
     table.Write(out, "    ");

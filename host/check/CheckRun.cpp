@@ -1,160 +1,151 @@
 #include "host/check/CheckRun.h"
 
+#include <algorithm>
 #include <limits>
 
-#include "host/check/TimeProbe.h"
-#include "platform/framework/Exceptions.h"
-#include "platform/framework/Terminal.h"
+#include "contract/TimeReader.h"
+#include "host/HostSession.h"
+#include "host/guess/TimeAdvice.h"
 
 namespace kelvarin::check {
 
 namespace {
 
-// Number of the module's message about a cell, and what it holds: cell, signal, line, type.
-constexpr unsigned WrongCellId = 1403;
-constexpr std::size_t CellOfWrongCell = 0, TypeOfWrongCell = 3, PartsOfWrongCell = 4;
+void TakeFormat(const CImportFilter& filter, CheckResult& result) {
+    result.Format = ReadingOf(filter);
+    if (auto* const reader = filter.Find<ITimeReader>()) result.Letters = reader->FormatLetters();
+}
 
-constexpr std::size_t NoColumn = std::numeric_limits<std::size_t>::max();
+void Prepare(const CImportFilter& filter, CheckResult& result) {
+    TakeFormat(filter, result);
+    result.Series = std::make_unique<TimeSeries>(result.Format, result.Letters);
+    for (const ColumnSummary& column : SummarizeColumns(filter)) {
+        if (column.IsSignal) result.Columns.push_back({column.Index + 1, column.Name, column.Type, 0, 0, {}});
+    }
+}
+
+// The store has a signal for each of the columns, in their order.
+void CountSamples(const store::StoredDevice& device, CheckResult& result) {
+    for (std::size_t i = 0; i < std::min(device.Signals.size(), result.Columns.size()); ++i) {
+        const store::SignalSummary& signal = device.Signals[i]->Summary();
+        result.Columns[i].Samples = signal.Count;
+        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count();
+    }
+}
+
+// What ended the run, or else what was said before it.
+std::u16string FailureOf(const MessageList& messages, bool failed) {
+    std::u16string failure;
+    for (const MessageGroup& group : messages.Groups()) {
+        if (failed || group.Lines.front() == 0) failure = group.FirstText;
+    }
+    return failure;
+}
+
+// The format with the other decimal mark before the fraction; empty without a fraction.
+std::u16string WithOtherDecimalMark(const std::u16string& format) {
+    std::u16string other = format;
+    for (std::size_t i = 1; i < other.size(); ++i) {
+        char16_t& mark = other[i - 1];
+        if (other[i] != u'0' || (mark != u',' && mark != u'.')) continue;
+        mark = mark == u',' ? u'.' : u',';
+        return other;
+    }
+    return {};
+}
+
+std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& result) {
+    auto* const reader = filter.Find<ITimeReader>();
+    const std::vector<std::u16string>& texts = result.Dropped.UnreadableTexts();
+    if (reader == nullptr || texts.empty()) return {};
+    const std::u16string& format = result.Format.TimestampFormat;
+    for (const std::u16string& other :
+         {WithOtherDecimalMark(format), WithDayAndMonthExchanged(format, result.Letters)}) {
+        if (other.empty()) continue;
+        const std::vector<std::int64_t> times =
+            reader->ReadTimes(other, texts, result.Format.DateSetting == DateFromColumn);
+        if (std::count(times.begin(), times.end(), -1) * 2 <= std::ssize(times)) return other;
+    }
+    return {};
+}
+
+void LookAbove(const CImportFilter& filter, CheckResult& result) {
+    const bool isCounted = result.Format.TimeSetting == TimeInterval;
+    if (isCounted ? !result.Begun : result.Format.TimestampFormat.empty()) return;
+    RowSearch search;
+    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
+                              : std::numeric_limits<std::uint64_t>::max();
+    search.AnySeparator = result.StoredRows() == 0;
+    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
+    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
+    result.Above = FindRowsAbove(filter, result.Format, search);
+}
+
+void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
+            CheckResult& result) {
+    const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
+    if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
+    result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(filter));
+}
 
 }  // namespace
 
-CheckRun::CheckRun(const ModuleLoader& module, const std::u16string& path, WantedLines wanted)
-    : Module(module),
-      Path(path),
-      Wanted(wanted),
-      Host(module, path),
-      RefusedCell(module.ResourceItems(WrongCellId).front()) {}
-
-CheckResult CheckRun::Run(const std::function<void(std::uint32_t)>& onProgress) {
-    Begin();
-    if (Result.Begun) ReadLines(onProgress);
-    Host.Filter().EndImport();
-    FinishColumns();
-    LookAgain();
-    return std::move(Result);
+void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
+    SettleBlankLines();
+    if (Result.Columns.empty()) return;  // a row without signals has a time, and is not stored
+    Result.Series->Add(time, place.Line);
+    Result.Dropped.AddStored();
 }
 
-void CheckRun::Begin() {
-    Result.Begun = Host.Filter().BeginImport();
-    Result.Failed = !Result.Begun;
-    for (const ImportMessage& message : Host.Filter().TakeMessages()) {
-        if (message.Failure || message.Column == -2) Result.Failure = message.Text;
-    }
-    Result.Reading = ReadingOf(Module, Host.Filter());
-    if (!Result.Begun) return;
-    Result.Series = std::make_unique<TimeSeries>(Result.Reading);
-    for (const auto& signal : Host.Store().Signals) {
-        const auto column = static_cast<std::size_t>(signal->Column);
-        if (ColumnAt.size() < column) ColumnAt.resize(column, NoColumn);
-        if (column != 0) ColumnAt[column - 1] = Result.Columns.size();
-        ColumnCheck check;
-        check.Column = signal->Column;
-        check.Name = signal->Symbol;
-        Result.Columns.push_back(std::move(check));
-    }
-}
-
-void CheckRun::ReadLines(const std::function<void(std::uint32_t)>& onProgress) {
-    CImportFilter& filter = Host.Filter();
-    const auto firstLine = static_cast<std::uint64_t>(Result.Reading.FirstDataLine);
-    std::uint32_t progress = 0;
-    std::uint32_t shown = 0;
-    while (!WasInterrupted()) {
-        Host.Store().RowTime.reset();
-        if (!filter.ImportNextLine(&progress)) {
-            // Only a read error ends the run with a message.
-            Result.Failed = filter.HasMessages();
-            if (Result.Failed) Result.Failure = filter.TakeMessages().back().Text;
-            return;
-        }
-        TakeRow(firstLine + Result.Lines++);
-        if (progress != shown) onProgress(shown = progress);
-    }
-    Result.Interrupted = true;
-}
-
-void CheckRun::TakeRow(std::uint64_t line) {
-    bool dropped = false;
-    CImportFilter& filter = Host.Filter();
-    if (filter.HasMessages()) {
-        for (const ImportMessage& message : filter.TakeMessages()) dropped |= TakeMessage(message, line);
-    }
-    if (const std::optional<std::int64_t>& time = Host.Store().RowTime) {
-        if (Result.Series->Count() == 0 && Result.Reading.IsAdjusted)
-            Result.Dropped.SetReference(line, *time);
-        Result.Series->Add(*time, line);
-    } else if (!dropped && !Host.Store().Signals.empty()) {
-        ++Result.BlankLines;
-        BlankAtEnd.Add({line, 0, {}});
-        return;
-    }
-    if (BlankAtEnd.Count() != 0) {
-        Result.Blank.Append(BlankAtEnd);
-        BlankAtEnd = {};
-    }
-}
-
-bool CheckRun::TakeMessage(const ImportMessage& message, std::uint64_t line) {
-    const std::uint64_t moduleLine = line - Result.BlankLines;
-    if (message.Column >= 0) {
-        TakeRefusedCell(message, line);
-        return false;
-    }
-    if (message.Failure) {
-        Result.Before1990.Add({line, moduleLine, {}});
-        return false;
-    }
-    std::optional<std::int64_t> last;
-    if (Result.Series->Count() != 0) last = Result.Series->Last();
-    Result.Dropped.Add(line, moduleLine, last);
+void CheckObserver::OnRowDropped(const DroppedRow& row) {
+    SettleBlankLines();
+    std::optional<std::int64_t> lastTime;
+    if (Result.Series->Count() != 0) lastTime = Result.Series->Last();
+    Result.Dropped.Add(row, Result.Format.SeparatorSign(), lastTime);
     Result.Series->AddDropped();
-    if (Wanted.Dropped != nullptr) Wanted.Dropped->Add(line);
-    return true;
+    if (Wanted.Dropped != nullptr) Wanted.Dropped->Add(row.Place.Line);
 }
 
-void CheckRun::TakeRefusedCell(const ImportMessage& message, std::uint64_t line) {
-    const auto column = static_cast<std::size_t>(message.Column);
-    if (column >= ColumnAt.size() || ColumnAt[column] == NoColumn) return;
-    ColumnCheck& check = Result.Columns[ColumnAt[column]];
-    std::vector<std::u16string> parts = RefusedCell.Read(message.Text);
-    if (parts.size() != PartsOfWrongCell) parts.assign(PartsOfWrongCell, {});
-    check.Refused.Add({line, line - Result.BlankLines, std::move(parts[CellOfWrongCell])});
-    check.TypeName = std::move(parts[TypeOfWrongCell]);
-    if (Wanted.Refused != nullptr) Wanted.Refused->Add(line);
+void CheckObserver::OnCellRefused(const RefusedCell& cell) {
+    const auto column =
+        std::lower_bound(Result.Columns.begin(), Result.Columns.end(), cell.Column + 1,
+                         [](const ColumnCheck& check, int number) { return check.Column < number; });
+    if (column == Result.Columns.end() || column->Column != cell.Column + 1) return;
+    column->Refused.Add({cell.Place.Line, cell.Place.MessageLine, cell.Text});
+    if (Wanted.Refused != nullptr) Wanted.Refused->Add(cell.Place.Line);
 }
 
-void CheckRun::FinishColumns() {
-    for (std::size_t i = 0; i < Result.Columns.size(); ++i) {
-        const NullSignal& signal = *Host.Store().Signals[i];
-        ColumnCheck& check = Result.Columns[i];
-        check.Samples = signal.Samples;
-        check.Empty = signal.WithoutValue - check.Refused.Count();
-    }
+void CheckObserver::OnTimeBefore1990(const RowPlace& place, std::int64_t) {
+    Result.Before1990.Add({place.Line, place.MessageLine, {}});
 }
 
-void CheckRun::LookAgain() {
-    TimeProbe probe(Module, Result.Reading);
-    try {
-        if (Result.Begun) {
-            const RowRange stored{Result.Series->FirstLine(), Result.Series->LastLine()};
-            Result.Dropped.Examine(Path, Result.Reading, probe, stored);
-        }
-        LookAbove();
-    } catch (CFileException* error) {
-        error->Delete();
-    }
+void CheckObserver::OnBlankLine(const RowPlace& place) {
+    ++Result.BlankLines;
+    BlankAtEnd.Add({place.Line, 0, {}});
 }
 
-void CheckRun::LookAbove() {
-    const bool isEmpty = Result.Series == nullptr || Result.Series->Count() == 0;
-    if (Result.Reading.IsInterval ? !Result.Begun : Result.Reading.Format.empty()) return;
-    RowSearch search;
-    search.End = Result.Begun ? static_cast<std::uint64_t>(Result.Reading.FirstDataLine)
-                              : std::numeric_limits<std::uint64_t>::max();
-    search.AnySeparator = isEmpty;
-    const bool isPlain = Result.Reading.DateFrom != TimeSource::Date::Fixed && !Result.Reading.IsAdjusted;
-    if (!isEmpty && isPlain) search.BeforeTime = Result.Series->First();
-    Result.Above = FindRowsAbove(Path, Result.Reading, Module, search);
+CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
+    CheckResult result;
+    CheckObserver observer(result, options.Wanted);
+    RunOptions runOptions;
+    runOptions.OnBegun = [&](const CImportFilter& filter) { Prepare(filter, result); };
+    runOptions.OnProgress = options.OnProgress;
+    runOptions.Observer = &observer;
+    runOptions.Cancel = options.Cancel;
+    HostSession session(module, path, runOptions);
+    const RunResult run = session.Run();
+    result.Begun = run.Begun;
+    result.Failed = run.Failed;
+    result.Interrupted = run.Interrupted;
+    result.Lines = run.Lines;
+    result.Failure = FailureOf(session.Messages(), run.Failed);
+    result.Dropped.Finish(!run.Interrupted && !run.Failed);
+    if (!run.Begun) TakeFormat(session.Filter(), result);
+    if (run.Begun) CountSamples(*session.Device(), result);
+    result.BetterFormat = FindBetterFormat(session.Filter(), result);
+    LookAbove(session.Filter(), result);
+    Advise(module, path, session.Filter(), result);
+    return result;
 }
 
 }  // namespace kelvarin::check

@@ -1,55 +1,59 @@
-// A whole file through the module, with nothing kept but what a check tells.
+// A whole file through the module, with nothing kept but what a check reports.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "contract/RunObserver.h"
 #include "host/ModuleLoader.h"
-#include "host/check/CheckHost.h"
 #include "host/check/CheckResult.h"
-#include "host/check/LineSet.h"
-#include "host/check/MessageTemplate.h"
+#include "host/check/RejectsFile.h"
 
 namespace kelvarin::check {
 
-// Which lines a run is to note.
+// Which lines a run is to note; null: not wanted. They outlive the run.
 struct WantedLines {
-    LineSet* Dropped = nullptr;  // rows without a sample; null: not wanted
-    LineSet* Refused = nullptr;  // rows with a refused cell
+    LineSet* Dropped = nullptr;  // rows without a sample
+    LineSet* Refused = nullptr;  // rows with a refused cell; may be the same set
 };
 
-class CheckRun {
+struct CheckOptions {
+    WantedLines Wanted;
+    std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
+    const std::atomic<bool>* Cancel = nullptr;      // ends the run once it is true, set from any thread
+};
+
+// Imports the file at `path` under the settings in force (SettingsLayer) and stores nothing. Takes the time
+// of an import, on the thread of the caller; memory doesn't grow with the file. Raises nothing: a file that
+// can't be read is a result.
+CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options);
+
+// Fills in the counts of a result whose Format, Letters, Columns and Series are there before the first row.
+// The columns rise. Memory is bounded but for a bit per line that is wanted.
+class CheckObserver final : public IRunObserver {
   public:
-    CheckRun(const ModuleLoader& module, const std::u16string& path, WantedLines wanted);
+    // The result outlives the observer.
+    CheckObserver(CheckResult& result, WantedLines wanted) : Result(result), Wanted(wanted) {}
 
-    // `onProgress` is told the percentages.
-    CheckResult Run(const std::function<void(std::uint32_t)>& onProgress);
-
-    // As the analysis of the run left it.
-    CImportFilter& Filter() { return Host.Filter(); }
+    void OnRowStored(const RowPlace& place, std::int64_t time) override;
+    void OnRowDropped(const DroppedRow& row) override;
+    void OnCellRefused(const RefusedCell& cell) override;
+    void OnTimeBefore1990(const RowPlace& place, std::int64_t time) override;
+    void OnBlankLine(const RowPlace& place) override;
 
   private:
-    void Begin();
-    void ReadLines(const std::function<void(std::uint32_t)>& onProgress);
-    void TakeRow(std::uint64_t line);
+    // Blank lines above a row are lines of the table.
+    void SettleBlankLines() {
+        if (BlankAtEnd.Count() == 0) return;
+        Result.Blank.Append(BlankAtEnd);
+        BlankAtEnd = {};
+    }
 
-    // A message of the row; true if it says that the row was dropped.
-    bool TakeMessage(const ImportMessage& message, std::uint64_t line);
-    void TakeRefusedCell(const ImportMessage& message, std::uint64_t line);
-    void FinishColumns();
-    void LookAgain();
-    void LookAbove();
-
-    const ModuleLoader& Module;
-    const std::u16string Path;
+    CheckResult& Result;
     const WantedLines Wanted;
-    CheckHost Host;
-    CheckResult Result;
-    const MessageTemplate RefusedCell;
-    std::vector<std::size_t> ColumnAt;  // place in Result.Columns by 0-based column of the file
-    FilePlaces BlankAtEnd;              // with no row behind them yet
+    FilePlaces BlankAtEnd;  // with no row below them yet
 };
 
 }  // namespace kelvarin::check

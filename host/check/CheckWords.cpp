@@ -1,12 +1,13 @@
 #include "host/check/CheckWords.h"
+#include "contract/FixedTimes.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 
+#include "contract/DeviceHost.h"
 #include "contract/TimeStamp.h"
 #include "host/Words.h"
-#include "host/check/CheckHost.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t Day = 86'400 * Second;
+constexpr std::size_t MostNamed = 5;  // lines, beside the last
 
 std::string ShortNumber(double value) {
     std::array<char, 32> text{};
@@ -26,9 +28,9 @@ std::string ShortNumber(double value) {
 
 }  // namespace
 
-std::string MomentInWords(const TimeSource& reading, std::int64_t time) {
-    if (reading.DateFrom != TimeSource::Date::None) return Utf16ToUtf8(CTimeStamp(time).ToText());
-    return Utf16ToUtf8(CTimeStampSpan(WrappingSubtract(time, RelativeTimeBase)).ToText());
+std::string MomentInWords(const Reading& format, std::int64_t time) {
+    if (format.DateSetting != DateNone) return Utf16ToUtf8(CTimeStamp(time).ToText());
+    return Utf16ToUtf8(CTimeStampSpan(WrappingSubtract(time, RelativeTimeEpoch)).ToText());
 }
 
 std::string SpanInWords(std::int64_t nanoseconds) {
@@ -46,12 +48,12 @@ std::string SpanInWords(double nanoseconds) {
     return ShortNumber(nanoseconds / 1e9) + " s";
 }
 
-std::string LinesInWords(const FilePlaces& places, std::size_t most) {
+std::string LinesInWords(const FilePlaces& places) {
     const std::vector<FilePlace>& first = places.FirstFew();
     if (first.empty()) return {};
     if (places.Count() == 1) return Phrase("line {}", first.front().Line);
     std::string lines;
-    const std::size_t named = std::min(first.size(), most);
+    const std::size_t named = std::min(first.size(), MostNamed);
     for (std::size_t i = 0; i < named; ++i) lines += (i == 0 ? "" : ", ") + std::to_string(first[i].Line);
     const std::uint64_t last = places.Last().Line;
     if (last != first[named - 1].Line)
@@ -59,8 +61,7 @@ std::string LinesInWords(const FilePlaces& places, std::size_t most) {
     return Phrase("lines {}", lines);
 }
 
-std::string RowsInWords(std::uint64_t count, bool isEstimate) {
-    if (isEstimate) return Phrase("about {} rows", count);
+std::string RowsInWords(std::uint64_t count) {
     return count == 1 ? Phrase("1 row") : Phrase("{} rows", count);
 }
 

@@ -1,4 +1,4 @@
-// The rows that the module dropped, by reason.
+// The rows that a run dropped, by reason.
 #pragma once
 
 #include <array>
@@ -8,89 +8,79 @@
 #include <string>
 #include <vector>
 
+#include "contract/RunObserver.h"
 #include "host/check/FilePlaces.h"
-#include "host/check/TimeProbe.h"
 
 namespace kelvarin::check {
 
-enum class DropReason : std::size_t {
-    Empty,              // nothing but separators and blanks
-    UnreadableAtStart,  // no time in it that fits the format, before the first row with one
-    Unreadable,
-    UnreadableAtEnd,  // behind the last row with one
-    Repeats,          // the time of the stored row before
-    Falls,            // before the time of the stored row before
-    NotLater,         // one of these two; the row has no other cell, so its time can't be seen
-    OutOfRange,       // a time outside the years that can be stored
-    NoStep,           // counted by an interval that is nothing
-    Unknown           // could not be looked at again
+// The reasons of the run; rows whose time doesn't fit the format are told apart by where they are.
+enum class DropKind : std::size_t {
+    Empty,              // only blank cells
+    UnreadableAtStart,  // the time doesn't fit the format, above the first stored row
+    Unreadable,         // between stored rows, or there is no stored row
+    UnreadableAtEnd,    // below the last stored row
+    Repeats,            // the time of the row stored last
+    Falls,              // before the time of the row stored last
+    OutOfRange,         // a time that can't be stored
+    NoStep              // the fixed interval doesn't lead beyond the row stored last
 };
-constexpr std::size_t DropReasonCount = 10;
+constexpr std::size_t DropKindCount = 8;
 
-struct RowRange {
-    std::uint64_t First = 0, Last = 0;  // lines of the first and the last stored row; 0 without one
+// The word for scripts: "empty", "unreadableAtStart" and so on.
+const char* NameOf(DropKind kind);
+
+// The rows that fall. Nanoseconds.
+struct FallSummary {
+    std::uint64_t Count = 0;
+    std::int64_t First = 0, Deepest = 0;  // by how much the first falls, and the one that falls most
+    std::int64_t BeforeFirst = 0;         // the time from which the first falls
+    std::int64_t Last = 0;                // the time of the last
+    std::uint64_t Descents = 0;           // rows that fall below the falling row before them
+
+    bool RunsBackwards() const { return Count > 1 && Descents * 10 >= Count * 9; }
 };
 
-// Counts all dropped rows and chooses those that are looked at one by one: the first 1000, then ever fewer,
-// so that a file in which every row fails costs neither memory nor hours. A row looked at stands for those
-// since the one before.
+// Takes the rows of a run in order. Memory is bounded.
 class DroppedRows {
   public:
-    // `lastTime` is that of the stored row before, if there is one.
-    void Add(std::uint64_t line, std::uint64_t moduleLine, std::optional<std::int64_t> lastTime);
+    // `lastTime` is that of the row stored last, if there is one. The text of a place is the row's cells with
+    // the separator between them, or, of an unreadable row in the table, the text of its time; at most 200
+    // characters.
+    void Add(const DroppedRow& row, char16_t separator, std::optional<std::int64_t> lastTime);
 
-    // Tells the row whose time shows by how much the run's times are corrected.
-    void SetReference(std::uint64_t line, std::int64_t time) { Reference = Chosen{line, 0, 0, time}; }
+    // A row was stored.
+    void AddStored() {
+        if (Pending.Count() != 0)
+            SettlePending(AnyStored ? DropKind::Unreadable : DropKind::UnreadableAtStart);
+        AnyStored = true;
+    }
 
-    // Reads the chosen rows in the file again, which the module has closed. Raises CFileException.
-    void Examine(const std::u16string& path, const TimeSource& reading, TimeProbe& probe, RowRange stored);
+    // The run is over. Unless it came to the end of the file, no row counts as being below the last stored
+    // one.
+    void Finish(bool cameToEnd) {
+        SettlePending(AnyStored && cameToEnd ? DropKind::UnreadableAtEnd : DropKind::Unreadable);
+    }
 
     std::uint64_t Count() const { return Number; }
-    std::uint64_t Examined() const { return Rows.size(); }
-    const FilePlaces& Of(DropReason reason) const { return Reasons[static_cast<std::size_t>(reason)]; }
+    const FilePlaces& Of(DropKind kind) const { return Kinds[static_cast<std::size_t>(kind)]; }
 
-    // Of the rows that fall: by how much at most, by how much the first, and from which time.
-    std::int64_t DeepestFall() const { return Deepest; }
-    std::int64_t FirstFall() const { return FallOfFirst; }
-    std::int64_t BeforeFirstFall() const { return TimeBeforeFall; }
+    const FallSummary& Falls() const { return Fallen; }
 
-    // True if nearly every row that falls also falls below the dropped one before it.
-    bool RunsBackwards() const { return Descents * 10 >= Falls * 9 && Falls > 1; }
-
-    // A format that reads at least half of the unreadable rows it was tried on; empty without one.
-    const std::u16string& BetterFormat() const { return OtherFormat; }
+    // The times of the first 100 unreadable rows.
+    const std::vector<std::u16string>& UnreadableTexts() const { return Unread; }
 
   private:
-    struct Chosen {
-        std::uint64_t Line, ModuleLine, Weight;
-        std::optional<std::int64_t> LastTime;
-    };
-    // Another format that may read rows, and how many it does.
-    struct Variant {
-        std::u16string Format;
-        std::uint64_t Reads = 0;
-    };
+    FilePlaces& PlacesOf(DropKind kind) { return Kinds[static_cast<std::size_t>(kind)]; }
+    void AddUnreadable(const DroppedRow& row, FilePlace place);
+    void AddFalling(std::int64_t time, std::int64_t lastTime);
+    void SettlePending(DropKind kind);
 
-    DropReason ReasonOf(const Chosen& row, const std::u16string& line, const TimeSource& reading,
-                        TimeProbe& probe, RowRange stored);
-    DropReason CompareTime(std::int64_t time, const Chosen& row);
-    void TryVariants(const std::u16string& line, TimeProbe& probe);
-    void SettleCorrection(const std::optional<ProbedTime>& probed);
-
-    std::vector<Chosen> Rows;
     std::uint64_t Number = 0;
-    std::uint64_t Stride = 1, UntilNext = 1;
-    std::uint64_t Unseen = 0;  // dropped since the last chosen row
-    std::optional<Chosen> Reference;
-    std::int64_t Correction = 0;
-
-    std::array<FilePlaces, DropReasonCount> Reasons;
-    std::int64_t Deepest = 0, FallOfFirst = 0, TimeBeforeFall = 0;
-    std::uint64_t Falls = 0, Descents = 0;
-    std::optional<std::int64_t> LastFallen;
-    std::vector<Variant> Variants;
-    std::uint64_t Tried = 0;
-    std::u16string OtherFormat;
+    std::array<FilePlaces, DropKindCount> Kinds;
+    bool AnyStored = false;
+    FilePlaces Pending, PendingTimes;  // unreadable since the row stored last: their rows, their times
+    std::vector<std::u16string> Unread;
+    FallSummary Fallen;
 };
 
 }  // namespace kelvarin::check

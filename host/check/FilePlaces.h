@@ -1,6 +1,7 @@
 // Where in a file something happened.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -9,40 +10,35 @@
 
 namespace kelvarin::check {
 
-// A line of the file, as an editor counts it, and as the module counts it: without blank lines in the table.
 struct FilePlace {
-    std::uint64_t Line = 0;
-    std::uint64_t ModuleLine = 0;
-    std::u16string Text;  // the cell or the line
+    std::uint64_t Line = 0;        // of the file, from 1
+    std::uint64_t ModuleLine = 0;  // as the module's messages count: without blank lines; 0 for a blank line
+    std::u16string Text;           // the cell or the row
 };
 
-// Counts places and keeps the first few and the last.
+// Counts places, which come in the order of the file, and keeps the first few and the last.
 class FilePlaces {
   public:
     static constexpr std::size_t MostKept = 8;
 
-    // `weight` is for how many places this one stands.
-    void Add(FilePlace place, std::uint64_t weight = 1) {
-        Number += weight;
+    void Add(FilePlace place) {
+        ++Number;
         if (First.size() < MostKept) First.push_back(place);
         Newest = std::move(place);
     }
 
-    // The places of another, which lie behind these.
+    // The places of another list, all of them further down in the file.
     void Append(const FilePlaces& other) {
         Number += other.Number;
-        for (const FilePlace& place : other.First) {
-            if (First.size() < MostKept) First.push_back(place);
-        }
+        const std::size_t room = std::min(MostKept - First.size(), other.First.size());
+        First.insert(First.end(), other.First.begin(),
+                     other.First.begin() + static_cast<std::ptrdiff_t>(room));
         if (other.Number != 0) Newest = other.Newest;
     }
 
-    // More places like the last one.
-    void AddUnseen(std::uint64_t number) { Number += number; }
-
     std::uint64_t Count() const { return Number; }
     const std::vector<FilePlace>& FirstFew() const { return First; }
-    const FilePlace& Last() const { return Newest; }  // of no meaning without a place
+    const FilePlace& Last() const { return Newest; }  // meaningless without a place
 
   private:
     std::uint64_t Number = 0;

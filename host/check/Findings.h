@@ -1,28 +1,34 @@
-// What a check has to say, in words, each with what to do about it.
+// What a check found, in words, each with what to do about it.
 #pragma once
 
 #include <string>
 #include <vector>
 
+#include "host/Remedy.h"
 #include "host/check/CheckResult.h"
 
 namespace kelvarin::check {
 
 struct Finding {
-    const char* Kind = "";  // a word for scripts
+    const char* Kind = "";  // a word for scripts; of dropped rows that of NameOf
     bool IsFault = true;    // else a note: it leaves a file clean
-    std::string Text;
-    std::string Remedy;  // empty if there is nothing to do
+    std::string Text;       // one clause, in the language in force
+    Remedy Advice = {};     // without text, settings and action if there is nothing to do
 };
 
-// The faults first. `timeAdvice` is what to set if no row has a time; empty without such advice.
-std::vector<Finding> Judge(const CheckResult& result, const std::string& timeAdvice);
+// The faults first; none if the run could not begin.
+std::vector<Finding> Judge(const CheckResult& result);
 
-// Findings about dropped rows, and about the times of the others.
-void JudgeDropped(const CheckResult& result, const std::string& timeAdvice, std::vector<Finding>& findings);
-void JudgeTimes(const CheckResult& result, std::vector<Finding>& findings);
+// The part of Judge about rows that were dropped or not read (DroppedFindings.cpp).
+void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings);
 
-// Options that begin the table at the rows that were found above it; there are some.
-std::string TableOptions(const CheckResult& result);
+// True if the file was read to its end without a fault.
+bool IsClean(const CheckResult& result, const std::vector<Finding>& findings);
+
+// The settings that name a table instead of leaving it to the analysis.
+SettingList TableSettings(const Reading& table);
+
+// The table that begins at the rows found above the one that was read; there are some.
+Reading TableAbove(const CheckResult& result);
 
 }  // namespace kelvarin::check

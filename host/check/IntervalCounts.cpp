@@ -1,30 +1,43 @@
-#include "host/check/IntervalCounts.h"
+#include "host/check/TimeSeries.h"
 
 #include <algorithm>
 #include <bit>
+#include <map>
+#include <utility>
 
 namespace kelvarin::check {
 
 namespace {
 
 constexpr std::size_t MostExact = 4096;
+constexpr int KeptBits = 7;  // of a rounded interval: 64 values from one power of two to the next
 
-// A bucket is an octave's 64th part; small intervals have a bucket each.
-constexpr int KeptBits = 7;
-constexpr std::size_t PerOctave = std::size_t{1} << (KeptBits - 1);
-constexpr std::size_t BucketCount = (63 - KeptBits + 2) * PerOctave;
+using SortedCounts = std::map<std::int64_t, std::uint64_t>;
 
-std::size_t BucketOf(std::int64_t interval) {
-    const auto value = static_cast<std::uint64_t>(interval);
-    const int shift = std::max(static_cast<int>(std::bit_width(value)) - KeptBits, 0);
-    return static_cast<std::size_t>(shift) * PerOctave + static_cast<std::size_t>(value >> shift);
+std::int64_t Rounded(std::int64_t interval) {
+    const auto bits = static_cast<int>(std::bit_width(static_cast<std::uint64_t>(interval)));
+    const int shift = std::max(bits - KeptBits, 0);
+    return interval >> shift << shift;
 }
 
-// The least interval of a bucket.
-std::int64_t StartOf(std::size_t bucket) {
-    if (bucket < 2 * PerOctave) return static_cast<std::int64_t>(bucket);
-    const std::size_t shift = bucket / PerOctave - 1;
-    return static_cast<std::int64_t>((bucket % PerOctave + PerOctave) << shift);
+// The interval below which the share (0 to 1) of all lies.
+std::int64_t Quantile(const SortedCounts& counts, std::uint64_t total, double share) {
+    const auto wanted = static_cast<std::uint64_t>(share * static_cast<double>(total));
+    std::uint64_t below = 0;
+    for (const auto& [interval, count] : counts) {
+        below += count;
+        if (below > wanted) return interval;
+    }
+    return counts.rbegin()->first;
+}
+
+std::uint64_t CountBetween(const SortedCounts& counts, double lowest, double highest) {
+    std::uint64_t found = 0;
+    for (const auto& [interval, count] : counts) {
+        const auto value = static_cast<double>(interval);
+        if (value >= lowest && value <= highest) found += count;
+    }
+    return found;
 }
 
 }  // namespace
@@ -33,54 +46,37 @@ void IntervalCounts::Add(std::int64_t interval) {
     Least = Total == 0 ? interval : std::min(Least, interval);
     Most = std::max(Most, interval);
     ++Total;
-    if (interval == LastInterval && LastCount != nullptr) {
-        ++*LastCount;
-        return;
+    if (interval != LastInterval || LastCount == nullptr) {
+        LastInterval = interval;
+        LastCount = &Counts[IsExact ? interval : Rounded(interval)];
     }
-    LastInterval = interval;
-    if (IsExact()) {
-        LastCount = &Exact[interval];
-        ++*LastCount;
-        if (Exact.size() > MostExact) TurnToBuckets();
-    } else {
-        LastCount = &Buckets[BucketOf(interval)];
-        ++*LastCount;
-    }
+    ++*LastCount;
+    if (IsExact && Counts.size() > MostExact) RoundAll();
 }
 
-void IntervalCounts::TurnToBuckets() {
-    Buckets.resize(BucketCount);
-    for (const auto& [interval, count] : Exact) Buckets[BucketOf(interval)] += count;
-    Exact.clear();
+void IntervalCounts::RoundAll() {
+    std::unordered_map<std::int64_t, std::uint64_t> rounded;
+    for (const auto& [interval, count] : Counts) rounded[Rounded(interval)] += count;
+    Counts = std::move(rounded);
+    IsExact = false;
     LastCount = nullptr;
 }
 
-std::vector<std::pair<std::int64_t, std::uint64_t>> IntervalCounts::Sorted() const {
-    std::vector<std::pair<std::int64_t, std::uint64_t>> counts(Exact.begin(), Exact.end());
-    std::sort(counts.begin(), counts.end());
-    for (std::size_t i = 0; i < Buckets.size(); ++i) {
-        if (Buckets[i] != 0) counts.emplace_back(std::clamp(StartOf(i), Least, Most), Buckets[i]);
-    }
-    return counts;
-}
-
-std::int64_t IntervalCounts::Quantile(double share) const {
-    const auto wanted = static_cast<std::uint64_t>(share * static_cast<double>(Total));
-    std::uint64_t below = 0;
-    for (const auto& [interval, count] : Sorted()) {
-        below += count;
-        if (below > wanted) return interval;
-    }
-    return Most;
-}
-
-std::uint64_t IntervalCounts::CountBetween(double lowest, double highest) const {
-    std::uint64_t found = 0;
-    for (const auto& [interval, count] : Sorted()) {
-        const auto value = static_cast<double>(interval);
-        if (value >= lowest && value <= highest) found += count;
-    }
-    return found;
+IntervalStatistics IntervalCounts::Statistics() const {
+    if (Total == 0) return {};
+    SortedCounts counts;
+    for (const auto& [interval, count] : Counts) counts[std::max(interval, Least)] += count;
+    IntervalStatistics all{Total, Least, Most};
+    all.Median = Quantile(counts, Total, 0.5);
+    all.Low = Quantile(counts, Total, 0.01);
+    all.High = Quantile(counts, Total, 0.99);
+    all.IsExact = IsExact;
+    const auto median = static_cast<double>(all.Median);
+    all.IsSteady = CountBetween(counts, 0.9 * median, 1.1 * median) * 10 >= Total * 9;
+    const double gapAbove = (all.IsSteady ? 1.5 : 10) * median;
+    all.GapAbove = static_cast<std::int64_t>(gapAbove);
+    all.Gaps = Total - CountBetween(counts, 0, gapAbove);
+    return all;
 }
 
 }  // namespace kelvarin::check

@@ -1,6 +1,8 @@
 #include "host/check/TimeSeries.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "contract/TimeStamp.h"
 
@@ -8,7 +10,8 @@ namespace kelvarin::check {
 
 namespace {
 
-constexpr std::int64_t Hour = 3'600'000'000'000;
+constexpr std::int64_t Second = 1'000'000'000;
+constexpr std::int64_t Hour = 3600 * Second;
 constexpr std::int64_t Day = 24 * Hour;
 constexpr std::size_t MostSteps = 8;
 constexpr std::uint64_t FewestGroups = 3;  // that show a rule
@@ -17,15 +20,26 @@ bool IsLonger(const TimeStep& a, const TimeStep& b) {
     return a.Length() != b.Length() ? a.Length() > b.Length() : a.Line < b.Line;
 }
 
+// The shortest difference that the fields of a format can express, in nanoseconds, without its fraction.
+std::int64_t ResolutionOf(const std::u16string& format) {
+    constexpr std::pair<std::u16string_view, std::int64_t> Units[] = {
+        {u"[ns]", 1}, {u"[µs]", 1'000}, {u"[ms]", 1'000'000}, {u"s", Second}, {u"m", Hour / 60}, {u"h", Hour},
+    };
+    for (const auto& [field, unit] : Units) {
+        if (format.find(field) != format.npos) return unit;
+    }
+    return Day;
+}
+
 }  // namespace
 
 // A format in square brackets counts on over midnight, and an interval has no clock at all.
-TimeSeries::TimeSeries(const TimeSource& reading)
-    : WatchesDates(reading.DateFrom == TimeSource::Date::FromColumn && !reading.IsInterval &&
-                   !reading.IsAdjusted && !reading.HasNoDayMonthDoubt()),
-      WatchesRollOvers(reading.DateFrom == TimeSource::Date::Fixed && !reading.IsInterval &&
-                       reading.Format.find(u'[') == std::u16string::npos),
-      Resolution(reading.Resolution()) {
+TimeSeries::TimeSeries(const Reading& format, const std::u16string& letters)
+    : WatchesDates(format.DateSetting == DateFromColumn && format.TimeSetting == TimeFromColumn &&
+                   !format.IsAdjusted && IsDayMonthInDoubt(format.TimestampFormat, letters)),
+      WatchesRollOvers(format.DateSetting == DateFixed && format.TimeSetting == TimeFromColumn &&
+                       format.TimestampFormat.find(u'[') == std::u16string::npos),
+      Resolution(ResolutionOf(format.TimestampFormat)) {
     Longest.reserve(MostSteps + 1);
 }
 
@@ -50,7 +64,7 @@ void TimeSeries::TakeStep(const TimeStep& step) {
     if (WatchesDates) Order.Add(step.To, step.Length(), step.Line);
     if (WatchesRollOvers) LookForRollOver(step);
     if (Longest.size() < MostSteps || step.Length() > Longest.back().Length()) KeepIfLong(step);
-    // The file may begin and end in the midst of a group.
+    // The file may begin and end in the middle of a group.
     if (LastStep != 0) ++SizesOfGroups[std::min<std::uint64_t>(DroppedSince, SizesOfGroups.size() - 1)];
     LastStep = step.Length();
 }
@@ -68,21 +82,6 @@ void TimeSeries::LookForRollOver(const TimeStep& step) {
     const std::int64_t near = std::max(Hour, 2 * LastStep);
     if (Day - from % Day <= near && to % Day <= near) return;
     Doubtful.Add({step.Line, 0, {}});
-}
-
-Rhythm TimeSeries::GetRhythm() const {
-    Rhythm rhythm;
-    if (Counts.Count() == 0) return rhythm;
-    rhythm.Median = Counts.Quantile(0.5);
-    rhythm.Low = Counts.Quantile(0.01);
-    rhythm.High = Counts.Quantile(0.99);
-    const auto median = static_cast<double>(rhythm.Median);
-    const std::uint64_t nearMedian = Counts.CountBetween(0.9 * median, 1.1 * median);
-    rhythm.IsSteady = nearMedian * 10 >= Counts.Count() * 9;
-    const double gapAbove = (rhythm.IsSteady ? 1.5 : 10) * median;
-    rhythm.GapAbove = static_cast<std::int64_t>(gapAbove);
-    rhythm.Gaps = Counts.Count() - Counts.CountBetween(0, gapAbove);
-    return rhythm;
 }
 
 SharedTimes TimeSeries::GetSharedTimes() const {

@@ -6,10 +6,6 @@
 
 namespace kelvarin::explain {
 
-int LowestType(DataTypeSet set) {
-    return set == 0 ? NoType : std::countr_zero(set) + 1;
-}
-
 const std::u16string& AnalysisRecord::TextOf(int line) const {
     static const std::u16string none;
     const auto found = std::lower_bound(Counted.begin(), Counted.end(), line,
@@ -19,9 +15,11 @@ const std::u16string& AnalysisRecord::TextOf(int line) const {
 
 int AnalysisRecord::TypeOf(std::size_t column) const {
     for (auto row = Rows.rbegin(); row != Rows.rend(); ++row) {
-        if (column < row->Cells.size()) return LowestType(row->Cells[column].After);
+        if (column >= row->Cells.size()) continue;
+        const DataTypeSet left = row->Cells[column].After;
+        return left == 0 ? CsvTypeUndefined : std::countr_zero(left) + 1;  // the lowest of them
     }
-    return NoType;
+    return CsvTypeUndefined;
 }
 
 bool AnalysisRecord::ListenTo(CImportFilter& filter) {
@@ -43,10 +41,6 @@ void AnalysisRecord::OnSeparatorChosen(int separator, int firstLine) {
     Tested.clear();
 }
 
-void AnalysisRecord::OnLineTested(const TestedLine& line) {
-    Tested.push_back(line);
-}
-
 void AnalysisRecord::OnFormatDetected(int firstLine, bool header) {
     DetectedFirstLine = firstLine;
     DetectedHeader = header;
@@ -56,10 +50,6 @@ void AnalysisRecord::OnTableBegun(int firstLine, bool header) {
     FirstLine = firstLine;
     Header = header;
     Rows.clear();
-}
-
-void AnalysisRecord::OnRow(int line, std::size_t cells) {
-    Rows.push_back({line, cells, {}});
 }
 
 void AnalysisRecord::OnCell(const JudgedCell& cell) {

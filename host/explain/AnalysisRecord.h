@@ -1,4 +1,4 @@
-// What an analysis told of its decisions, kept to be explained.
+// What an analysis reported of its decisions, kept to be explained.
 #pragma once
 
 #include <array>
@@ -7,36 +7,24 @@
 
 #include "contract/AnalysisObserver.h"
 #include "contract/ImportFilter.h"
+#include "settings/DataType.h"
 
 namespace kelvarin::explain {
 
+// Semicolon, comma, tab and space, the indices 0 to 3 of the setting.
 constexpr int SeparatorsCounted = 4;
-constexpr int DataTypes = 8;
 
-// Numbers of the data types.
-enum DataType : int {
-    NoType = 0,
-    BooleanType = 1,
-    IntegerType = 2,
-    IntegerUnitType = 3,
-    HexType = 4,
-    FloatType = 5,
-    FloatUnitType = 6,
-    CharType = 7,
-    TextType = 8
-};
-
+// `type` is an ECsvDataType but CsvTypeUndefined.
 constexpr bool Contains(DataTypeSet set, int type) {
     return (set >> (type - 1) & 1) != 0;
 }
-
-// The lowest type of a set, or NoType.
-int LowestType(DataTypeSet set);
 
 struct SeenLine {
     int Line;
     std::u16string Text;  // its beginning
     std::array<SeparatorRun, SeparatorsCounted> Runs;
+
+    const SeparatorRun& Run(int separator) const { return Runs[static_cast<std::size_t>(separator)]; }
 };
 
 struct SeenCell {
@@ -52,7 +40,7 @@ struct SeenRow {
     std::vector<SeenCell> Cells;  // of a row of data; not those of columns beyond MostColumns
 };
 
-// Keeps what a filter's last analysis told; of wide tables the first columns only, so that a file of very
+// Keeps what a filter's last analysis reported; of wide tables the first columns only, so that a file of very
 // long lines costs no memory.
 class AnalysisRecord : private IAnalysisObserver {
   public:
@@ -64,8 +52,8 @@ class AnalysisRecord : private IAnalysisObserver {
     AnalysisRecord(const AnalysisRecord&) = delete;
     AnalysisRecord& operator=(const AnalysisRecord&) = delete;
 
-    // Listens to the analyses of a filter, which must not outlive the record. False if the filter tells
-    // nothing.
+    // Observes the analyses of a filter, which must not outlive the record. False if the filter has no
+    // IObservedAnalysis.
     bool ListenTo(CImportFilter& filter);
 
     std::vector<SeenLine> Counted;  // the lines that aren't blank
@@ -86,16 +74,16 @@ class AnalysisRecord : private IAnalysisObserver {
     // The rows of data.
     std::size_t DataRows() const { return Rows.size() - (Header && !Rows.empty() ? 1 : 0); }
 
-    // The type that the rows left to a column, from 0; NoType without a cell.
+    // The type that the rows left to a column, from 0; CsvTypeUndefined without a cell.
     int TypeOf(std::size_t column) const;
 
   private:
     void OnLineCounted(int line, std::u16string_view text, std::span<const SeparatorRun> runs) override;
     void OnSeparatorChosen(int separator, int firstLine) override;
-    void OnLineTested(const TestedLine& line) override;
+    void OnLineTested(const TestedLine& line) override { Tested.push_back(line); }
     void OnFormatDetected(int firstLine, bool header) override;
     void OnTableBegun(int firstLine, bool header) override;
-    void OnRow(int line, std::size_t cells) override;
+    void OnRow(int line, std::size_t cells) override { Rows.push_back({line, cells, {}}); }
     void OnCell(const JudgedCell& cell) override;
     void OnTableEnded(TableEnd why, int line) override;
 };

@@ -8,32 +8,18 @@ namespace kelvarin::explain {
 
 namespace {
 
-constexpr std::size_t QuotedWidth = 40;
-
-// What the cells of a text column would be without the few that aren't: the lowest type of most cells.
-void FindMostType(ColumnReason& reason, const std::array<std::size_t, DataTypes>& fitting) {
-    for (int type = BooleanType; type < TextType; ++type) {
-        const std::size_t count = fitting[static_cast<std::size_t>(type - 1)];
-        if (count <= reason.Most || 2 * count < reason.Cells) continue;
-        reason.Most = count;
-        reason.MostType = type;
-    }
+const CellGroup& FallOf(const ColumnReason& reason, int type) {
+    return reason.Fell[static_cast<std::size_t>(type - 1)];
 }
 
-// The type that people would have expected of cells of this type, and that one cell ended.
+// The type that people would have expected of cells of this type, and that one cell ruled out.
 int NearestBelow(const ColumnReason& reason) {
-    switch (reason.Type) {
-        case IntegerType:
-            return BooleanType;
-        case FloatUnitType:
-            return reason.Fell[FloatType - 1].FirstLine < reason.Fell[IntegerUnitType - 1].FirstLine
-                       ? IntegerUnitType
-                       : FloatType;
-        case CharType:
-            return HexType;
-        default:
-            return IntegerType;
-    }
+    if (reason.Type == CsvTypeInteger) return CsvTypeBoolean;
+    if (reason.Type == CsvTypeChar) return CsvTypeHex;
+    if (reason.Type != CsvTypeFloatUnit) return CsvTypeInteger;
+    const bool isFloatFirst =
+        FallOf(reason, CsvTypeFloat).FirstLine < FallOf(reason, CsvTypeIntegerUnit).FirstLine;
+    return isFloatFirst ? CsvTypeIntegerUnit : CsvTypeFloat;
 }
 
 std::string MisfitsInWords(const ColumnReason& reason) {
@@ -63,7 +49,7 @@ std::string TextReasonInWords(const ColumnReason& reason) {
     if (reason.Cells == 1 && reason.Empty.Count == 1) return Phrase("since its only cell is empty");
     if (reason.Empty.Count == reason.Cells)
         return Phrase("since each of the {} cells is empty", reason.Cells);
-    if (reason.MostType != NoType) return MisfitsInWords(reason);
+    if (reason.MostType != CsvTypeUndefined) return MisfitsInWords(reason);
     const CellGroup& other = reason.Others;
     if (reason.Empty.Count == 0)
         return Phrase("{} in line {} fits no other type", Quoted(other.FirstText), other.FirstLine);
@@ -75,43 +61,43 @@ std::string TextReasonInWords(const ColumnReason& reason) {
 
 ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column) {
     ColumnReason reason;
-    std::array<std::size_t, DataTypes> fitting{};
+    const auto where = [&](auto passes) { return CellsWhere(record, column, passes); };
     reason.Type = record.TypeOf(column);
-    const auto forEachCell = [&](auto&& visit) {
-        for (const SeenRow& row : record.Rows) {
-            if (column < row.Cells.size()) visit(row.Line, row.Cells[column]);
-        }
-    };
-    forEachCell([&](int line, const SeenCell& cell) {
-        ++reason.Cells;
-        for (int type = BooleanType; type <= TextType; ++type) {
-            const auto place = static_cast<std::size_t>(type - 1);
-            fitting[place] += Contains(cell.Fits, type);
-            if (Contains(cell.Before & ~cell.After, type)) reason.Fell[place].Add(line, cell.Text);
-        }
-        if (cell.Text.empty()) reason.Empty.Add(line, cell.Text);
-    });
-    if (reason.Type != TextType) return reason;
-    FindMostType(reason, fitting);
-    forEachCell([&](int line, const SeenCell& cell) {
-        const bool isOfMost = reason.MostType != NoType && Contains(cell.Fits, reason.MostType);
-        if (!cell.Text.empty() && !isOfMost) reason.Others.Add(line, cell.Text);
+    reason.Cells = where([](const SeenCell&) { return true; }).Count;
+    reason.Empty = where([](const SeenCell& cell) { return cell.Text.empty(); });
+    for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
+        reason.Fell[static_cast<std::size_t>(type - 1)] =
+            where([type](const SeenCell& cell) { return Contains(cell.Before & ~cell.After, type); });
+    }
+    if (reason.Type != CsvTypeString) return reason;
+    // What the column would be without its few misfits: the lowest type that at least half of the cells have.
+    for (int type = CsvTypeBoolean; type < CsvTypeString; ++type) {
+        const std::size_t count =
+            where([type](const SeenCell& cell) { return Contains(cell.Fits, type); }).Count;
+        if (count <= reason.Most || 2 * count < reason.Cells) continue;
+        reason.Most = count;
+        reason.MostType = type;
+    }
+    reason.Others = where([&](const SeenCell& cell) {
+        const bool isOfMost = reason.MostType != CsvTypeUndefined && Contains(cell.Fits, reason.MostType);
+        return !cell.Text.empty() && !isOfMost;
     });
     return reason;
 }
 
 std::string ReasonInWords(const ColumnReason& reason) {
     if (reason.Cells == 0) return Phrase("no row of data has this cell");
-    if (reason.Type == TextType) return TextReasonInWords(reason);
-    if (reason.Type == BooleanType) return Phrase("each of the {} cells fits", reason.Cells);
+    if (reason.Type == CsvTypeString) return TextReasonInWords(reason);
     const int below = NearestBelow(reason);
-    const CellGroup& end = reason.Fell[static_cast<std::size_t>(below - 1)];
-    if (end.Count == 0) return Phrase("each of the {} cells fits", reason.Cells);
+    const CellGroup& end = FallOf(reason, below);
+    if (reason.Type == CsvTypeBoolean || end.Count == 0)
+        return Phrase("each of the {} cells fits", reason.Cells);
     return Phrase("{} in line {} is no {}", Quoted(end.FirstText), end.FirstLine, DataTypeInWords(below));
 }
 
 std::string Quoted(const std::u16string& text) {
-    return "\"" + OneLine(Utf16ToUtf8(text), QuotedWidth) + "\"";
+    constexpr std::size_t Width = 40;
+    return "\"" + OneLine(Utf16ToUtf8(text), Width) + "\"";
 }
 
 }  // namespace kelvarin::explain

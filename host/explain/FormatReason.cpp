@@ -1,68 +1,50 @@
-#include "host/explain/FormatReason.h"
-
+// Why this separator, this first line and this header were taken, in sentences.
 #include <algorithm>
 
 #include "host/Words.h"
 #include "host/explain/ColumnReason.h"
+#include "host/explain/Explanation.h"
 #include "host/language/Phrase.h"
-#include "platform/framework/Text.h"
 
 namespace kelvarin::explain {
 
 namespace {
 
-const SeparatorRun& RunOf(const SeenLine& line, int separator) {
-    return line.Runs[static_cast<std::size_t>(separator)];
-}
-
-// "4 semicolons": the name stands behind the number as it is, since plurals differ by language.
+// "4 semicolons".
 std::string CountOf(std::int32_t count, int separator) {
-    switch (separator) {
-        case 0:
-            return count == 1 ? Phrase("one semicolon") : Phrase("{} semicolons", count);
-        case 1:
-            return count == 1 ? Phrase("one comma") : Phrase("{} commas", count);
-        case 2:
-            return count == 1 ? Phrase("one tab") : Phrase("{} tabs", count);
-        default:
-            return count == 1 ? Phrase("one group of blanks") : Phrase("{} groups of blanks", count);
-    }
-}
-
-// The counted line before the run that counts at the end, or null.
-const SeenLine* LineBeforeRun(const AnalysisRecord& record, int separator) {
-    const int start = RunOf(record.Counted.back(), separator).Start;
-    const SeenLine* before = nullptr;
-    for (const SeenLine& line : record.Counted) {
-        if (line.Line < start) before = &line;
-    }
-    return before;
+    const std::string one[] = {Phrase("one semicolon"), Phrase("one comma"), Phrase("one tab"),
+                               Phrase("one group of blanks")};
+    const std::string many[] = {Phrase("{} semicolons", count), Phrase("{} commas", count),
+                                Phrase("{} tabs", count), Phrase("{} groups of blanks", count)};
+    return (count == 1 ? one : many)[separator];
 }
 
 std::string RunInWords(const AnalysisRecord& record, int separator) {
     const SeenLine& last = record.Counted.back();
-    const SeparatorRun& run = RunOf(last, separator);
+    const SeparatorRun& run = last.Run(separator);
     if (run.LastCount == 0)
         return Phrase("line {}, the last one looked at, has no {}", last.Line, SeparatorName(separator));
     std::string text = run.Start == last.Line ? Phrase("line {}, the last one looked at, has {}", last.Line,
                                                        CountOf(run.LastCount, separator))
                                               : Phrase("each line from {} to {} has {}", run.Start, last.Line,
                                                        CountOf(run.LastCount, separator));
-    if (const SeenLine* const before = LineBeforeRun(record, separator))
-        text += Phrase(", while line {} has {}", before->Line, RunOf(*before, separator).LastCount);
-    return text;
+    const auto first = std::find_if(record.Counted.begin(), record.Counted.end(),
+                                    [&](const SeenLine& line) { return line.Line >= run.Start; });
+    if (first == record.Counted.begin()) return text;
+    const SeenLine& before = *std::prev(first);
+    return text + Phrase(", while line {} has {}", before.Line, before.Run(separator).LastCount);
 }
 
 std::string SeparatorReason(const AnalysisRecord& record) {
     const int winner = record.Separator;
     bool isTied = false;
     for (int other = 0; other < SeparatorsCounted; ++other) {
-        isTied |= other != winner && RunOf(record.Counted.back(), other).Start == record.RunStart;
+        isTied |= other != winner && record.Counted.back().Run(other).Start == record.RunStart;
     }
     const std::string run = RunInWords(record, winner);
     if (!isTied)
         return Phrase("The {} is regular from the earliest line on: {}.", SeparatorName(winner), run);
-    if (RunOf(record.Counted.back(), winner).LastCount == 0)
+    if (record.Counted.back().Run(winner).LastCount == 0)
         return Phrase("No separator is regular up to the end ({}), so the first in the order is taken.", run);
     return Phrase("The {} is as regular as another one and comes before it in the order: {}.",
                   SeparatorName(winner), run);
@@ -128,12 +110,12 @@ std::string RunnerUp(const AnalysisRecord& record) {
     const SeenLine& last = record.Counted.back();
     int second = -1;
     for (int separator = 0; separator < SeparatorsCounted; ++separator) {
-        if (separator == record.Separator || RunOf(last, separator).LastCount == 0) continue;
-        if (second < 0 || RunOf(last, separator).Start < RunOf(last, second).Start) second = separator;
+        if (separator == record.Separator || last.Run(separator).LastCount == 0) continue;
+        if (second < 0 || last.Run(separator).Start < last.Run(second).Start) second = separator;
     }
     if (second < 0)
         return Phrase("none, no other separator occurs in line {}, the last one looked at", last.Line);
-    const SeparatorRun& run = RunOf(last, second);
+    const SeparatorRun& run = last.Run(second);
     return Phrase("{}: {}; it would give {} columns from line {} on", SeparatorName(second),
                   RunInWords(record, second), run.LastCount + 1, run.Start);
 }

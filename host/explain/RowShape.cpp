@@ -3,20 +3,15 @@
 #include <algorithm>
 #include <string_view>
 
+#include "host/MissingValue.h"
+#include "host/explain/AnalysisRecord.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::explain {
 
 namespace {
 
-bool IsMissingMark(std::u16string_view text) {
-    constexpr std::u16string_view Marks[] = {u"nan", u"na", u"n/a", u"null", u"none",
-                                             u"inf", u"-",  u"--",  u"---"};
-    return std::any_of(std::begin(Marks), std::end(Marks),
-                       [&](std::u16string_view mark) { return EqualsIgnoreCase(text, mark); });
-}
-
-// A date, a time, a value with a unit: it begins with a digit, behind a sign or a bracket at most.
+// A date, a time, a value with a unit: it begins with a digit, after a sign or a bracket at most.
 bool BeginsWithDigit(std::u16string_view text) {
     const std::size_t skipped = std::u16string_view(u"+-<>$~").find(text.front()) != text.npos ? 1 : 0;
     const std::u16string_view rest = TrimWhiteSpace(text.substr(skipped));
@@ -28,20 +23,21 @@ bool HoldsSeparators(std::u16string_view text) {
     return text.find_first_of(u";\t") != text.npos || std::count(text.begin(), text.end(), u',') > 1;
 }
 
-}  // namespace
-
-CellKind KindOf(const SeenCell& cell) {
+CellKind KindOf(const CutCell& cell) {
     const std::u16string_view text = TrimWhiteSpace(cell.Text);
-    if (text.empty() || IsMissingMark(text)) return CellKind::Empty;
-    if (Contains(cell.Fits, BooleanType) || Contains(cell.Fits, FloatType)) return CellKind::Number;
+    // "inf" is a value, but as little a sign of a table as a missing one.
+    if (IsMissingValue(text) || EqualsIgnoreCase(text, u"inf")) return CellKind::Empty;
+    if (Contains(cell.Fits, CsvTypeBoolean) || Contains(cell.Fits, CsvTypeFloat)) return CellKind::Number;
     if (HoldsSeparators(text)) return CellKind::Word;
     // A word of a few letters may be hexadecimal by chance; two digits of a byte are.
-    const bool isShortHex = Contains(cell.Fits, HexType) && text.size() == 2;
+    const bool isShortHex = Contains(cell.Fits, CsvTypeHex) && text.size() == 2;
     return isShortHex || BeginsWithDigit(text) ? CellKind::Digits : CellKind::Word;
 }
 
-RowShape::RowShape(const SeenRow& row) : LineNumber(row.Line), CellCount(row.CellCount) {
-    for (const SeenCell& cell : row.Cells) {
+}  // namespace
+
+RowShape::RowShape(const CutLine& row) : LineNumber(static_cast<int>(row.Line)), CellCount(row.CellCount) {
+    for (const CutCell& cell : row.Cells) {
         const CellKind kind = KindOf(cell);
         Kinds.push_back(kind);
         Filled += kind != CellKind::Empty;
@@ -60,15 +56,14 @@ ValueColumns::ValueColumns(const std::vector<RowShape>& rows, std::size_t cells)
     std::vector<std::size_t> values(std::min(cells, AnalysisRecord::MostColumns), 0);
     std::vector<std::size_t> words(values.size(), 0);
     const auto isOne = [cells](const RowShape& row) { return row.Cells() == cells && row.LooksLikeData(); };
-    // What stands above a table may have its number of cells and hold numbers as well; what stands below
-    // seldom has.
+    // What lies above a table may have its number of cells and hold numbers as well; what lies below seldom
+    // has.
     auto skipped = std::count_if(rows.begin(), rows.end(), isOne) / 2;
     for (const RowShape& row : rows) {
         if (!isOne(row) || skipped-- > 0) continue;
         for (std::size_t column = 0; column < values.size(); ++column) {
             const CellKind kind = row.Kind(column);
-            if (kind == CellKind::Empty) continue;
-            ++(kind == CellKind::Word ? words : values)[column];
+            if (kind != CellKind::Empty) ++(kind == CellKind::Word ? words : values)[column];
         }
     }
     for (std::size_t column = 0; column < values.size(); ++column) {

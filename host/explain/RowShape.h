@@ -3,23 +3,21 @@
 
 #include <vector>
 
-#include "host/explain/AnalysisRecord.h"
+#include "contract/TableReader.h"
 
 namespace kelvarin::explain {
 
 enum class CellKind {
-    Empty,   // or a mark for a missing value
+    Empty,   // or a marker of a missing value
     Number,  // as the module reads it
     Digits,  // a date, a time, a value with a unit, a hexadecimal number
     Word
 };
 
-CellKind KindOf(const SeenCell& cell);
-
 // A row without its texts.
 class RowShape {
   public:
-    explicit RowShape(const SeenRow& row);
+    explicit RowShape(const CutLine& row);
 
     int Line() const { return LineNumber; }
     std::size_t Cells() const { return CellCount; }
@@ -28,10 +26,12 @@ class RowShape {
         return column < Kinds.size() ? Kinds[column] : CellKind::Empty;
     }
 
-    // A value in the first cell, or in a quarter of those that aren't empty.
+    // A value in the first cell, or in a quarter of those that aren't empty, as the module's own test for a
+    // line of data has it.
     bool LooksLikeData() const;
 
-    // Numbers count one, other digits a half.
+    // Numbers count one, other digits a half: of two separators the one wins that leaves numbers, where the
+    // other leaves pieces that only begin with a digit.
     double Value() const { return static_cast<double>(Numbers) + static_cast<double>(Digits) / 2; }
 
   private:
@@ -43,7 +43,8 @@ class RowShape {
     std::vector<CellKind> Kinds;
 };
 
-// The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty.
+// The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty. A
+// column of values may hold an error text here and there, one of names may hold a number.
 class ValueColumns {
   public:
     // Learns from the lower half of the rows with this number of cells that look like data.

@@ -3,37 +3,38 @@
 #include <algorithm>
 #include <set>
 
+#include "host/Reading.h"
+#include "host/SettingText.h"
+#include "host/explain/AnalysisRecord.h"
 #include "host/explain/RowShape.h"
 
 namespace kelvarin::explain {
 
 namespace {
 
-constexpr std::size_t RowsOfABeginning = 10;
-constexpr int LinesOfABlock = 20;
-
-// The rows of a file as one separator splits them.
+// The rows of a file as one separator cuts them.
 class SplitFile {
   public:
-    SplitFile(std::vector<SeenRow> rows, int separator) : Rows(std::move(rows)), Separator(separator) {
-        for (const SeenRow& row : Rows) Shapes.emplace_back(row);
+    SplitFile(std::vector<CutLine> rows, int separator) : Rows(std::move(rows)), Separator(separator) {
+        for (const CutLine& row : Rows) Shapes.emplace_back(row);
     }
 
     // The best table among rows of this separator and of so many cells at least, with its score.
     void Propose(std::size_t fewestCells, std::optional<TableProposal>& best, double& bestScore) const;
 
   private:
+    std::optional<std::size_t> Beginning(const ValueColumns& columns, std::size_t cells) const;
     std::size_t WiderBeginning(const ValueColumns& columns, std::size_t first) const;
     void Place(TableProposal& table, std::size_t first, const ValueColumns& columns) const;
-    std::optional<std::size_t> Beginning(const ValueColumns& columns, std::size_t cells) const;
-    bool IsRowOf(const RowShape& shape, const ValueColumns& columns, std::size_t cells) const {
-        return shape.Cells() == cells && shape.LooksLikeData() && !columns.IsUnlike(shape);
-    }
     bool IsHeader(std::size_t first, std::size_t index, const ValueColumns& columns) const;
     void FindNames(TableProposal& proposal, std::size_t first, const ValueColumns& columns) const;
     std::size_t DistinctTexts(std::size_t index) const;
 
-    std::vector<SeenRow> Rows;
+    static bool IsRow(const RowShape& shape, const ValueColumns& columns) {
+        return shape.LooksLikeData() && !columns.IsUnlike(shape);
+    }
+
+    std::vector<CutLine> Rows;
     int Separator;
     std::vector<RowShape> Shapes;
 };
@@ -51,12 +52,13 @@ void SplitFile::Propose(std::size_t fewestCells, std::optional<TableProposal>& b
         TableProposal table;
         double value = 0;
         for (std::size_t i = *first; i < Shapes.size(); ++i) {
-            if (!IsRowOf(Shapes[i], columns, cells)) continue;
+            if (Shapes[i].Cells() != cells || !IsRow(Shapes[i], columns)) continue;
             ++table.Rows;
             table.LastLine = Shapes[i].Line();
             value += Shapes[i].Value();
         }
-        // Values per cell keep a separator from winning that cuts values into pieces.
+        // The value of the rows times their value per cell: the second factor keeps a separator from winning
+        // that cuts values into pieces, as the comma does with decimal commas.
         const double score = value * value / static_cast<double>(table.Rows * cells);
         if (score <= bestScore) continue;
         bestScore = score;
@@ -65,20 +67,38 @@ void SplitFile::Propose(std::size_t fewestCells, std::optional<TableProposal>& b
     }
 }
 
-// Columns that end earlier than others leave shorter rows below: the table begins with the wider rows that
-// stand directly above.
+// The first row of the table after which nearly all are its rows: not a line of the preamble that looks like
+// one. Of ten rows four in five, since a file may hold comments; of a shorter table all but one, a footer.
+std::optional<std::size_t> SplitFile::Beginning(const ValueColumns& columns, std::size_t cells) const {
+    constexpr std::size_t RowsLookedAt = 10;
+    const auto isRow = [&](const RowShape& shape) { return shape.Cells() == cells && IsRow(shape, columns); };
+    for (std::size_t i = 0; i < Shapes.size(); ++i) {
+        if (!isRow(Shapes[i])) continue;
+        std::size_t looked = 0;
+        std::size_t good = 0;
+        for (std::size_t k = i; k < Shapes.size() && looked < RowsLookedAt; ++k) {
+            if (Shapes[k].IsBlank()) continue;
+            ++looked;
+            good += isRow(Shapes[k]);
+        }
+        if (5 * good >= 4 * looked || (good > 1 && good + 1 == looked)) return i;
+    }
+    return std::nullopt;
+}
+
+// Columns that end earlier than others leave shorter rows below: the table begins with the wider rows
+// directly above. One or two such rows are rather names and units.
 std::size_t SplitFile::WiderBeginning(const ValueColumns& columns, std::size_t first) const {
     constexpr std::size_t FewestRows = 3;
     std::size_t begin = first;
     while (begin > 0 && Shapes[begin - 1].Line() == Shapes[begin].Line() - 1 &&
-           Shapes[begin - 1].Cells() >= Shapes[first].Cells() && Shapes[begin - 1].LooksLikeData() &&
-           !columns.IsUnlike(Shapes[begin - 1])) {
+           Shapes[begin - 1].Cells() >= Shapes[first].Cells() && IsRow(Shapes[begin - 1], columns)) {
         --begin;
     }
     return first - begin < FewestRows ? first : begin;
 }
 
-// Says where the table stands that begins with the row `first`.
+// Says where the table is that begins with the row `first`.
 void SplitFile::Place(TableProposal& table, std::size_t first, const ValueColumns& columns) const {
     table.Cells = Shapes[first].Cells();
     table.Format = {Separator, Shapes[first].Line(), false};
@@ -91,40 +111,23 @@ void SplitFile::Place(TableProposal& table, std::size_t first, const ValueColumn
     FindNames(table, first, columns);
 }
 
-// The first row of the table after which nearly all are its rows: not a line of the preamble that looks like
-// one.
-std::optional<std::size_t> SplitFile::Beginning(const ValueColumns& columns, std::size_t cells) const {
-    for (std::size_t i = 0; i < Shapes.size(); ++i) {
-        if (!IsRowOf(Shapes[i], columns, cells)) continue;
-        std::size_t looked = 0;
-        std::size_t good = 0;
-        for (std::size_t k = i; k < Shapes.size() && looked < RowsOfABeginning; ++k) {
-            if (Shapes[k].IsBlank()) continue;
-            ++looked;
-            good += IsRowOf(Shapes[k], columns, cells);
-        }
-        if (5 * good >= 4 * looked || (good > 1 && good + 1 == looked)) return i;
-    }
-    return std::nullopt;
-}
-
 // Whether the row can name the table's columns: none that holds something would go without a name, and so
 // be lost.
 bool SplitFile::IsHeader(std::size_t first, std::size_t index, const ValueColumns& columns) const {
     const std::size_t named = Shapes[index].Cells();
     if ((named < 2 && Shapes[first].Cells() > 1) || !columns.IsUnlike(Shapes[index])) return false;
-    return std::none_of(Shapes.begin() + static_cast<std::ptrdiff_t>(first), Shapes.end(),
-                        [&](const RowShape& shape) {
-                            bool isLost = false;
-                            for (std::size_t i = named; i < shape.Cells(); ++i)
-                                isLost |= shape.Kind(i) != CellKind::Empty;
-                            return isLost && shape.Cells() == Shapes[first].Cells();
-                        });
+    const auto losesCells = [&](const RowShape& shape) {
+        if (shape.Cells() != Shapes[first].Cells()) return false;
+        bool isLost = false;
+        for (std::size_t i = named; i < shape.Cells(); ++i) isLost |= shape.Kind(i) != CellKind::Empty;
+        return isLost;
+    };
+    return std::none_of(Shapes.begin() + static_cast<std::ptrdiff_t>(first), Shapes.end(), losesCells);
 }
 
 std::size_t SplitFile::DistinctTexts(std::size_t index) const {
-    std::set<std::u16string> texts;
-    for (const SeenCell& cell : Rows[index].Cells) {
+    std::set<std::u16string_view> texts;
+    for (const CutCell& cell : Rows[index].Cells) {
         if (!cell.Text.empty()) texts.insert(cell.Text);
     }
     return texts.size();
@@ -133,6 +136,7 @@ std::size_t SplitFile::DistinctTexts(std::size_t index) const {
 // Units repeat and leave cells empty, names don't: of the lines above the table that are nearly as rich in
 // different texts as the richest, the lowest. One gap of blank lines may lie between.
 void SplitFile::FindNames(TableProposal& proposal, std::size_t first, const ValueColumns& columns) const {
+    constexpr int LinesOfABlock = 20;
     std::size_t richest = 0;
     std::vector<std::pair<std::size_t, std::size_t>> candidates;  // texts and row, from below
     int gaps = 0;
@@ -141,32 +145,50 @@ void SplitFile::FindNames(TableProposal& proposal, std::size_t first, const Valu
     for (std::size_t i = first; i-- > 0 && Shapes[i].Line() >= top;) {
         if (Shapes[i].Line() != below - 1 || Shapes[i].IsBlank()) ++gaps;
         below = Shapes[i].Line();
-        const bool isRow = Shapes[i].LooksLikeData() && !columns.IsUnlike(Shapes[i]);
-        if (gaps > 1 || isRow) break;
+        if (gaps > 1 || IsRow(Shapes[i], columns)) break;
         const std::size_t cells = Shapes[i].Cells();
         if (2 * cells < proposal.Cells || cells > proposal.Cells + 1 || Shapes[i].IsBlank()) continue;
         candidates.emplace_back(DistinctTexts(i), i);
         richest = std::max(richest, candidates.back().first);
     }
-    for (const auto& [texts, row] : candidates) {
-        if (5 * texts < 4 * richest) continue;
-        proposal.NamesLine = Shapes[row].Line();
-        for (const SeenCell& cell : Rows[row].Cells) {
-            if (proposal.Names.size() > AnalysisRecord::LongestText) break;
-            proposal.Names += (&cell == &Rows[row].Cells.front() ? u"" : u", ") + cell.Text;
-        }
-        return;
+    const auto found = std::find_if(candidates.begin(), candidates.end(), [&](const auto& candidate) {
+        return 5 * candidate.first >= 4 * richest;
+    });
+    if (found == candidates.end()) return;
+    proposal.NamesLine = Shapes[found->second].Line();
+    for (const CutCell& cell : Rows[found->second].Cells) {
+        if (proposal.Names.size() > AnalysisRecord::LongestText) break;
+        proposal.Names += (&cell == &Rows[found->second].Cells.front() ? u"" : u", ") + cell.Text;
     }
+}
+
+// A sidecar turns the detection off, whatever the profile says.
+bool IsSettledBySidecar(const ModuleLoader& module, const std::u16string& path) {
+    SettingsLayer layer;
+    layer.Set(u"AutoFormat", 1);
+    const auto filter = module.MakeFilter(path);
+    const CCsvImportSettings* const settings = SettingsOf(*filter);
+    return settings != nullptr && settings->AutoFormat == 0;
 }
 
 }  // namespace
 
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path) {
+    constexpr std::uint64_t LinesLookedAt = 500;
+    const auto filter = module.MakeFilter(path);
+    ITableReader* const reader = filter->Find<ITableReader>();
+    if (reader == nullptr || IsSettledBySidecar(module, path)) return std::nullopt;
     std::optional<TableProposal> best;
     double score = 0;
     std::vector<SplitFile> files;
     for (int separator = 0; separator < SeparatorsCounted; ++separator) {
-        files.emplace_back(RowsSplitBy(module, path, separator), separator);
+        const LineCut cut{SeparatorCharOf(static_cast<std::uint32_t>(separator)),
+                          TableFormat{separator}.Merges(), LinesLookedAt, AnalysisRecord::MostColumns,
+                          AnalysisRecord::LongestText};
+        std::vector<CutLine> rows;
+        std::string ignored;
+        if (!reader->CutLines(cut, rows, ignored)) return std::nullopt;
+        files.emplace_back(std::move(rows), separator);
         files.back().Propose(2, best, score);
     }
     // Rows of one cell are a table only where there is no other.

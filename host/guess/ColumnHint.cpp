@@ -1,34 +1,34 @@
-#include "host/guess/ColumnHint.h"
-
+// What the texts above a column say about times in it.
 #include <algorithm>
 #include <iterator>
 #include <string_view>
 
-#include "platform/framework/Text.h"
+#include "host/guess/TimeCandidate.h"
 
 namespace kelvarin::guess {
 
 namespace {
 
-// Parts of words and whole words for time, as names of columns have them.
+// Parts of words and whole words for time, as the columns of loggers are called in the languages of Western
+// Europe. Short ones count as whole words only: "day" is in "Monday", "ts" in "volts".
 constexpr std::u16string_view WordParts[] = {u"time", u"zeit",  u"stamp", u"date",    u"datum", u"uhr",
                                              u"tijd", u"temps", u"epoch", u"elapsed", u"dauer", u"duration"};
 constexpr std::u16string_view Words[] = {u"t",   u"ts",  u"utc",  u"gmt",  u"day",
                                          u"tag", u"ora", u"hora", u"heure"};
 
-struct UnitWord {
-    std::u16string_view Word;
+// The words for each unit, a blank around each.
+struct UnitWords {
     std::u16string_view Unit;
+    std::u16string_view Words;
 };
-constexpr UnitWord UnitWords[] = {{u"s", u"s"},        {u"sec", u"s"},           {u"secs", u"s"},
-                                  {u"second", u"s"},   {u"seconds", u"s"},       {u"sek", u"s"},
-                                  {u"sekunden", u"s"}, {u"ms", u"ms"},           {u"msec", u"ms"},
-                                  {u"millis", u"ms"},  {u"milliseconds", u"ms"}, {u"millisekunden", u"ms"},
-                                  {u"µs", u"µs"},      {u"μs", u"µs"},           {u"us", u"µs"},
-                                  {u"usec", u"µs"},    {u"micros", u"µs"},       {u"microseconds", u"µs"},
-                                  {u"ns", u"ns"},      {u"nsec", u"ns"},         {u"nanoseconds", u"ns"},
-                                  {u"min", u"min"},    {u"minutes", u"min"},     {u"h", u"h"},
-                                  {u"hours", u"h"},    {u"std", u"h"},           {u"stunden", u"h"}};
+constexpr UnitWords UnitsNamed[] = {
+    {u"h", u" h hours std stunden "},
+    {u"min", u" min minutes "},
+    {u"s", u" s sec secs second seconds sek sekunden "},
+    {u"ms", u" ms msec millis milliseconds millisekunden "},
+    {u"µs", u" µs μs us usec micros microseconds "},
+    {u"ns", u" ns nsec nanoseconds "},
+};
 
 bool IsLetter(char16_t c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c > 0x7F;
@@ -75,11 +75,10 @@ void ReadLabel(std::u16string_view label, ColumnHint& hint) {
         const bool isDenominator = begin != 0 && label[begin - 1] == u'/';
         const bool isNumerator = end < label.size() && label[end] == u'/';
         const bool isCapital = word.size() == 1 && word[0] < u'a';
-        const std::u16string lowered = Lowered(word);
-        const auto* const unit = std::find_if(std::begin(UnitWords), std::end(UnitWords),
-                                              [&](const UnitWord& known) { return known.Word == lowered; });
-        if (unit != std::end(UnitWords) && !isDenominator && !isNumerator && !isCapital)
-            hint.Unit = unit->Unit;
+        for (const UnitWords& named : UnitsNamed) {
+            const bool isNamed = named.Words.find(u" " + Lowered(word) + u" ") != named.Words.npos;
+            if (isNamed && !isDenominator && !isNumerator && !isCapital) hint.Unit = named.Unit;
+        }
         begin = end;
     }
 }

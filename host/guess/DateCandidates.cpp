@@ -1,9 +1,10 @@
-#include "host/guess/DateCandidates.h"
-
+// Dates with or without a time, in one column or two, and times of day.
 #include <algorithm>
 
+#include "host/guess/TimeCandidate.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
@@ -14,13 +15,10 @@ DateOrder UsualOrder(const std::u16string& format) {
     return format.find(u'/') != std::u16string::npos ? DateOrder::MonthFirst : DateOrder::DayFirst;
 }
 
-// Rows in the better of both directions.
-std::size_t Ordered(const TimeReading& reading) {
-    return std::max(reading.Rising, reading.Falling);
-}
-
 // Why the first candidate is better than the second, or Missing if it isn't.
 OrderProof ProofOver(const TimeCandidate& one, const TimeCandidate& other) {
+    // Read the wrong way around, ten days of a month become ten months: steps of a day become steps of
+    // thirty. A gap of a few days in the file makes the right way less even, but hardly five times.
     constexpr std::int64_t ClearlyLarger = 5;
     const TimeReading& a = one.Reading;
     const TimeReading& b = other.Reading;
@@ -28,7 +26,8 @@ OrderProof ProofOver(const TimeCandidate& one, const TimeCandidate& other) {
         one.Shape.Order == one.Hint.Order && a.Read >= b.Read)
         return OrderProof::ByLabel;
     if (a.Read != b.Read) return a.Read > b.Read ? OrderProof::ByRange : OrderProof::Missing;
-    if (Ordered(a) != Ordered(b)) return Ordered(a) > Ordered(b) ? OrderProof::ByRise : OrderProof::Missing;
+    if (a.Ordered() != b.Ordered())
+        return a.Ordered() > b.Ordered() ? OrderProof::ByRise : OrderProof::Missing;
     return a.LargestStep < b.LargestStep / ClearlyLarger ? OrderProof::BySteps : OrderProof::Missing;
 }
 
@@ -59,16 +58,10 @@ std::vector<FormatShape> UsableShapes(const TableTrial& trial, const TextList& t
     return shapes;
 }
 
-std::vector<FormatShape> OnlyWithDate(std::vector<FormatShape> shapes, bool hasDate) {
-    std::erase_if(shapes,
-                  [&](const FormatShape& shape) { return (shape.Order != DateOrder::NoDate) != hasDate; });
-    return shapes;
-}
-
 // How long each of the two times of a text lasts, if that is always the same.
 std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCandidate& candidate,
                                           TextList texts) {
-    constexpr std::int64_t Day = 86'400'000'000'000;
+    constexpr std::int64_t Day = 24 * IntervalUnits[0].Nanoseconds;
     for (std::u16string& text : texts) text = text.substr(0, text.find(candidate.Shape.RangeMark));
     const TimeReading starts = trial.Read(candidate.Shape.FormatUpToMark, texts, true);
     std::optional<std::int64_t> length;
@@ -81,44 +74,37 @@ std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCan
     return length;
 }
 
-// What stands in one column alone.
+// The texts of one column and the ways to read them.
 struct ColumnTexts {
     TextList Texts;
     std::vector<FormatShape> Dates, Times;
 };
 
 ColumnTexts LookAt(const TableTrial& trial, std::size_t column) {
-    ColumnTexts result;
-    result.Texts = trial.Texts(column);
-    const std::vector<FormatShape> shapes = UsableShapes(trial, result.Texts);
-    result.Dates = OnlyWithDate(shapes, true);
-    result.Times = OnlyWithDate(shapes, false);
+    ColumnTexts result{trial.Texts(column), {}, {}};
+    for (FormatShape& shape : UsableShapes(trial, result.Texts))
+        (shape.Order == DateOrder::NoDate ? result.Times : result.Dates).push_back(std::move(shape));
     return result;
 }
 
-std::optional<TimeCandidate> TimeAlone(const TableTrial& trial, const ColumnTexts& texts,
-                                       std::size_t column) {
+// The best of the shapes for a column of its own.
+std::optional<TimeCandidate> Alone(const TableTrial& trial, const std::vector<FormatShape>& shapes,
+                                   const TextList& texts, std::size_t column) {
     const ColumnHint hint = HintOf(trial.Sample(), column);
-    std::optional<TimeCandidate> best = BestOrder(trial, texts.Times, texts.Texts, hint);
-    // Four or six digits are a time only where the name says so.
+    std::optional<TimeCandidate> best = BestOrder(trial, shapes, texts, hint);
+    // Four or six digits are a time or a date only where the name says so.
     if (!best || (best->Shape.IsDigitsOnly && !hint.IsTime)) return std::nullopt;
-    best->Kind = TimeKind::TimeOfDay;
     best->TimeColumn = static_cast<int>(column) + 1;
-    return best;
-}
-
-std::optional<TimeCandidate> DateAlone(const TableTrial& trial, const ColumnTexts& texts,
-                                       std::size_t column) {
-    const ColumnHint hint = HintOf(trial.Sample(), column);
-    std::optional<TimeCandidate> best = BestOrder(trial, texts.Dates, texts.Texts, hint);
-    if (!best || (best->Shape.IsDigitsOnly && !hint.IsTime)) return std::nullopt;
+    best->Kind = TimeKind::TimeOfDay;
+    if (best->Shape.Order == DateOrder::NoDate) return best;
     best->Kind = best->Shape.HasTime ? TimeKind::DateAndTime : TimeKind::Date;
-    best->DateColumn = best->TimeColumn = static_cast<int>(column) + 1;
-    if (!best->Shape.RangeMark.empty()) best->RangeLength = RangeLengthOf(trial, *best, texts.Texts);
+    best->DateColumn = best->TimeColumn;
+    if (!best->Shape.RangeMark.empty()) best->RangeLength = RangeLengthOf(trial, *best, texts);
     return best;
 }
 
-// Most of the first rows must be times of day by themselves: a format would take any digits for one.
+// Two of three of the first rows must be times of day by themselves: a format would take any digits for one.
+// The third may be notes, as loggers write them between their rows.
 bool AreTimes(const TextList& texts, const std::u16string& letters) {
     constexpr std::size_t Looked = 32;
     const std::size_t count = std::min(texts.size(), Looked);
@@ -149,7 +135,7 @@ std::optional<TimeCandidate> Pair(const TableTrial& trial, const std::vector<Col
             shapes.back().ZoneShiftsFraction = clock.ZoneShiftsFraction;
         }
     }
-    const TextList texts = trial.JoinedTexts(std::min(date, time), std::max(date, time));
+    const TextList texts = trial.Texts(date, time);
     std::optional<TimeCandidate> best = BestOrder(trial, shapes, texts, HintOf(trial.Sample(), date));
     if (!best) return std::nullopt;
     best->Kind = TimeKind::DateAndTime;
@@ -158,7 +144,7 @@ std::optional<TimeCandidate> Pair(const TableTrial& trial, const std::vector<Col
     return best;
 }
 
-// A date's time stands beside it.
+// A date's time is in the next column or the one after that, on either side.
 std::optional<TimeCandidate> WithNeighbour(const TableTrial& trial, const std::vector<ColumnTexts>& columns,
                                            std::size_t date) {
     std::optional<TimeCandidate> best;
@@ -166,7 +152,7 @@ std::optional<TimeCandidate> WithNeighbour(const TableTrial& trial, const std::v
         const std::size_t time = date + static_cast<std::size_t>(distance);
         if (time >= columns.size()) continue;
         std::optional<TimeCandidate> pair = Pair(trial, columns, date, time);
-        if (pair && (!best || Ordered(pair->Reading) > Ordered(best->Reading))) best = std::move(pair);
+        if (pair && (!best || pair->Reading.Ordered() > best->Reading.Ordered())) best = std::move(pair);
     }
     return best;
 }
@@ -188,8 +174,10 @@ std::optional<TimeCandidate> BestOrder(const TableTrial& trial, const std::vecto
             continue;
         }
         if (shape.Order == best->Shape.Order) {
-            if (candidate.Reading.Read > best->Reading.Read)
-                best->Shape = shape, best->Reading = candidate.Reading;
+            if (candidate.Reading.Read > best->Reading.Read) {
+                best->Shape = shape;
+                best->Reading = std::move(candidate.Reading);
+            }
             continue;
         }
         const OrderProof forOther = ProofOver(candidate, *best);
@@ -210,15 +198,14 @@ std::vector<TimeCandidate> FindDateCandidates(const TableTrial& trial) {
     for (std::size_t column = 0; column < trial.Columns(); ++column) columns.push_back(LookAt(trial, column));
     std::vector<TimeCandidate> found;
     for (std::size_t column = 0; column < columns.size(); ++column) {
-        std::optional<TimeCandidate> date;
-        if (!columns[column].Dates.empty()) date = DateAlone(trial, columns[column], column);
+        const ColumnTexts& own = columns[column];
+        std::optional<TimeCandidate> date = Alone(trial, own.Dates, own.Texts, column);
         if (date && date->Kind == TimeKind::Date) {
             std::optional<TimeCandidate> pair = WithNeighbour(trial, columns, column);
-            if (pair && Ordered(pair->Reading) >= Ordered(date->Reading)) date = std::move(pair);
+            if (pair && pair->Reading.Ordered() >= date->Reading.Ordered()) date = std::move(pair);
         }
         if (date) found.push_back(std::move(*date));
-        if (columns[column].Times.empty()) continue;
-        if (std::optional<TimeCandidate> time = TimeAlone(trial, columns[column], column))
+        if (std::optional<TimeCandidate> time = Alone(trial, own.Times, own.Texts, column))
             found.push_back(std::move(*time));
     }
     return found;

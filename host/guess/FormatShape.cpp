@@ -18,12 +18,9 @@ namespace kelvarin::guess {
 
 namespace {
 
-constexpr DateOrder Orders[] = {DateOrder::NoDate, DateOrder::YearFirst, DateOrder::DayFirst,
-                                DateOrder::MonthFirst};
-
 enum Letter : std::size_t { Year, Month, Day, Hours, Minutes, Seconds };
 
-// Which letter stands first, second and third in a date.
+// The letters of a date from left to right.
 std::array<Letter, 3> LettersOf(DateOrder order) {
     if (order == DateOrder::YearFirst) return {Year, Month, Day};
     if (order == DateOrder::DayFirst) return {Day, Month, Year};
@@ -46,12 +43,11 @@ class ShapeReader {
                 return std::nullopt;
             }
         }
-        if (!Shape.HasTime && !HasDate) return std::nullopt;
-        return Shape;
+        return Shape.HasTime || HasDate ? std::optional(Shape) : std::nullopt;
     }
 
   private:
-    // A date, where one may stand: first, and once more behind the first time.
+    // A date, where one may be: first, and once more after the first time.
     bool ReadDateInPlace() {
         const std::size_t formatLength = Shape.Format.size();
         if (Order == DateOrder::NoDate || (HasDate && !Shape.HasTime)) return false;
@@ -115,7 +111,7 @@ class ShapeReader {
         }
         if (isField) Shape.Blocked = c;
         Shape.Format += isField ? u' ' : c;
-        LiteralsBehindTime = Shape.HasTime ? LiteralsBehindTime + c : std::u16string();
+        LiteralsAfterTime = Shape.HasTime ? LiteralsAfterTime + c : std::u16string();
     }
 
     bool ReadDate() {
@@ -148,15 +144,9 @@ class ShapeReader {
     // Without marks each number has its full length.
     bool ReadCompactDate(std::size_t digits) {
         if (Order == DateOrder::MonthFirst) return false;
-        const std::size_t yearLength = digits == 6 ? 2 : 4;
-        std::size_t at = At;
         for (const Letter letter : LettersOf(Order)) {
-            const std::size_t length = letter == Year ? yearLength : 2;
-            if (!IsInRange(letter, NumberAt(at, length), length)) return false;
-            at += length;
-        }
-        for (const Letter letter : LettersOf(Order)) {
-            const std::size_t length = letter == Year ? yearLength : 2;
+            const std::size_t length = letter == Year && digits != 6 ? 4 : 2;
+            if (!IsInRange(letter, NumberAt(At, length), length)) return false;
             AddField(letter, length, length);
         }
         Shape.IsDigitsOnly = digits == 6 && Text.size() == 6;
@@ -210,7 +200,7 @@ class ShapeReader {
         return !(hasSeconds || hasFraction) || ReadFraction();
     }
 
-    // A mark and digits behind the seconds, if they stand there.
+    // A mark and digits after the seconds, if there are any.
     bool ReadFraction() {
         const bool marked = IsAt(At, u'.') || IsAt(At, u',') || IsAt(At, u':');
         if (!marked || DigitsAt(At + 1) == 0) return true;
@@ -244,10 +234,10 @@ class ShapeReader {
         return true;
     }
 
-    // A second date begins behind a format of this length: what was read is the first of two times.
+    // A second date begins after a format of this length: what was read is the first of two times.
     void EndFirstTime(std::size_t formatLength) {
-        Shape.RangeMark = LiteralsBehindTime;
-        Shape.FormatUpToMark = Shape.Format.substr(0, formatLength - LiteralsBehindTime.size());
+        Shape.RangeMark = LiteralsAfterTime;
+        Shape.FormatUpToMark = Shape.Format.substr(0, formatLength - LiteralsAfterTime.size());
         Shape.HasTime = false;
     }
 
@@ -257,7 +247,7 @@ class ShapeReader {
     std::size_t At = 0;
     bool HasDate = false;
     bool HasFraction = false;
-    std::u16string LiteralsBehindTime;
+    std::u16string LiteralsAfterTime;
     FormatShape Shape;
 };
 
@@ -265,7 +255,8 @@ class ShapeReader {
 
 std::vector<FormatShape> ShapesOf(std::u16string_view text, const std::u16string& letters) {
     std::vector<FormatShape> shapes;
-    for (const DateOrder order : Orders) {
+    for (const DateOrder order :
+         {DateOrder::NoDate, DateOrder::YearFirst, DateOrder::DayFirst, DateOrder::MonthFirst}) {
         std::optional<FormatShape> shape = ShapeReader(TrimWhiteSpace(text), order, letters).Read();
         if (shape) shapes.push_back(std::move(*shape));
     }

@@ -20,7 +20,7 @@ struct FormatShape {
     char16_t Blocked = u'\0';       // a letter of the text that a format takes for a field; a blank in Format
     std::u16string RangeMark;       // between the two times of a text that holds two; else empty
     std::u16string FormatUpToMark;  // of the first of two times
-    std::u16string Zone;            // as it stands behind the time; a format can only step over it
+    std::u16string Zone;            // as it is written after the time; a format can only step over it
     bool ZoneShiftsFraction = false;  // stepping over it adds up to a quarter of a second
 };
 

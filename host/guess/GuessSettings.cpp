@@ -1,4 +1,4 @@
-#include "host/guess/GuessSettings.h"
+#include "host/guess/GuessParts.h"
 
 #include <chrono>
 #include <filesystem>
@@ -6,12 +6,13 @@
 #include "contract/TimeStamp.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
 namespace {
 
-constexpr std::int64_t Second = 1'000'000'000;
+constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
 constexpr std::int64_t DaySeconds = 86'400;
 
 // The day on which the first row was written, if the file was last changed with its last row.
@@ -23,14 +24,6 @@ std::int64_t FirstDayOf(const std::u16string& path, std::size_t rollOvers) {
     const auto moment = std::chrono::duration_cast<std::chrono::seconds>(now.time_since_epoch()) -
                         std::chrono::duration_cast<std::chrono::seconds>(age);
     return moment.count() - static_cast<std::int64_t>(rollOvers) * DaySeconds;
-}
-
-// The local midnight of 1970-01-01 lies beside the moment from which the numbers count, unless the zone is
-// UTC. A correction by the moment's own time of day makes it exact.
-void AddEpoch(SettingList& settings) {
-    settings.emplace_back("StartDate", "0");
-    if (CTimeStamp(CTime{0}).DaytimeToTIME(true) == 0) return;
-    settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "1"}, {"AdjustTime", "0"}});
 }
 
 // The later of two times is the one that a format reads; the rows belong to the earlier.
@@ -51,7 +44,7 @@ SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& pa
     const bool fixedDate = candidate.Kind == TimeKind::Epoch || RunsOverMidnight(candidate);
     SettingList settings = {{"DateSetting", candidate.HasDate() ? "0" : fixedDate ? "1" : "2"}};
     if (candidate.HasDate()) settings.emplace_back("DateColumn", std::to_string(candidate.DateColumn));
-    if (candidate.Kind == TimeKind::Epoch) AddEpoch(settings);
+    if (candidate.Kind == TimeKind::Epoch) settings.emplace_back("StartDate", "0");
     if (RunsOverMidnight(candidate))
         settings.emplace_back("StartDate", std::to_string(FirstDayOf(path, candidate.Reading.RollOvers)));
     settings.emplace_back("TimeSetting", "0");

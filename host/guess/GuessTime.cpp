@@ -3,29 +3,49 @@
 #include <algorithm>
 #include <optional>
 
-#include "host/guess/DateCandidates.h"
-#include "host/guess/GuessDoubts.h"
-#include "host/guess/GuessSettings.h"
-#include "host/guess/IntervalGuess.h"
-#include "host/guess/NumberCandidates.h"
-#include "host/guess/StandardSpelling.h"
-#include "host/guess/TimeGuess.h"
+#include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
 namespace {
 
-// With fewer rows a column's times are no axis, and an interval serves better.
+// With fewer rows a column's times are no axis, and an interval serves better. Days beside hourly rows keep
+// one row in 24 and are worth a proposal with its objection; a least part of 0.1 loses them.
 constexpr double LeastRisingPart = 0.02;
 
+// Scores so close are equal, and the column further left is taken, as people do. At 0.05 times of day tie
+// with dates, and minutes with seconds. At 0 the files tried give the same, but one lost row would decide.
+constexpr double Better = 0.02;
+
+// From here on another proposal is worth a line: elapsed times with a unit and a name beside a full date.
+constexpr double NearlyAsGood = 0.8;
+
 bool HasFractions(const TimeReading& reading) {
-    constexpr std::int64_t Second = 1'000'000'000;
+    constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
     return std::any_of(reading.Times.begin(), reading.Times.end(),
                        [](std::int64_t time) { return time != -1 && time % Second != 0; });
 }
 
-// A time with fractions beside a date that may be read in two ways is the axis that is known.
+// What a kind of time is worth where several columns keep as many rows. Only the order and the distances
+// count. Each figure was tried at those beside it, on some 45 files of loggers, meters, battery testers and
+// buses, and on made ones:
+//
+// Date and time: the complete axis. In doubt about day and month it loses 0.1 and so comes below the time of
+// day with fractions, above the one without. With no loss, or the fractions at 0.85, a battery tester's
+// doubtful date wins over its exact test time; with a loss of 0.2 a clock in whole seconds wins over the
+// date.
+//
+// Seconds since 1970: as complete, so within Better of 1; anything from 0.9 to 1 gave the same.
+//
+// Date alone: at 1 it wins over dates with times if it is further left.
+//
+// Time of day: with fractions within Better of a date alone; without, at 0.93, it wins over doubtful dates.
+//
+// Elapsed: a number may be anything, so below all texts; at 1 the seconds of a step win over a date. A name
+// that speaks of time is worth more than a unit alone, which may be another word: in "min. V" a minimum.
+// With the name at 0.6 or the unit at 0.8 the record number below that wins over the test time.
 double WeightOf(const TimeCandidate& candidate) {
     const double doubt = candidate.Proof == OrderProof::Missing ? 0.1 : 0;
     switch (candidate.Kind) {
@@ -67,7 +87,6 @@ void DropTimesOfPairs(std::vector<TimeCandidate>& candidates) {
 
 // The best one, the leftmost of those that are as good; it is taken out of the list.
 std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, double leastScore) {
-    constexpr double Better = 0.02;
     auto best = candidates.end();
     for (auto candidate = candidates.begin(); candidate != candidates.end(); ++candidate) {
         const double score = ScoreOf(*candidate);
@@ -80,7 +99,7 @@ std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, do
     return taken;
 }
 
-std::vector<TimeCandidate> AllCandidates(const TableTrial& trial) {
+std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
     DropTimesOfPairs(candidates);
     for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
@@ -90,6 +109,11 @@ std::vector<TimeCandidate> AllCandidates(const TableTrial& trial) {
 }
 
 }  // namespace
+
+std::string CertaintyInWords(Certainty certainty) {
+    if (certainty == Certainty::Certain) return Phrase("certain");
+    return certainty == Certainty::Likely ? Phrase("likely") : Phrase("a guess");
+}
 
 TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     TimeGuess guess;
@@ -108,7 +132,7 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         return guess;
     }
     const TableTrial trial(*times, table);
-    std::vector<TimeCandidate> candidates = AllCandidates(trial);
+    std::vector<TimeCandidate> candidates = FindCandidates(trial);
     std::optional<TimeCandidate> best = TakeBest(candidates, 0);
     // Texts that are times count more than numbers of which nothing tells what they are.
     const bool isSpoken =
@@ -118,15 +142,14 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         GuessAnyInterval(trial, guess);
         return guess;
     }
-    UseStandardSpelling(module, trial, *best);
+    UseStandardFormat(module, trial, *best);
     guess.Read = best->Reading.Read;
     guess.Rising = best->Reading.Rising;
     guess.Settings = SettingsFor(*best, path);
     guess.Basis = BasisOf(*best);
-    AddDoubts(trial, *best, guess);
-    constexpr double NearlyAsGood = 0.8;
+    AddObjections(*best, guess);
     if (std::optional<TimeCandidate> other = TakeBest(candidates, ScoreOf(*best) * NearlyAsGood)) {
-        UseStandardSpelling(module, trial, *other);
+        UseStandardFormat(module, trial, *other);
         guess.OtherBasis = BasisOf(*other);
         guess.OtherSettings = SettingsFor(*other, path);
     }

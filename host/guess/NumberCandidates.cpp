@@ -1,13 +1,13 @@
-// The unit comes from the name of the column, or else from the size of the numbers: those that lie between
-// the years 2000 and 2040 count from 1970, others are taken for what makes the usual steps of a logger.
-#include "host/guess/NumberCandidates.h"
-
-#include <algorithm>
-#include <iterator>
+// Columns of numbers that count time. The unit comes from the name of the column, or else from the size of
+// the numbers: those that lie between the years 2000 and 2040 count from 1970, others are taken for what
+// makes the usual steps of a logger.
 #include <optional>
+
+#include "host/guess/TimeCandidate.h"
 
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 
@@ -52,7 +52,7 @@ std::optional<NumberForm> FormOf(const TableTrial& trial, const TextList& texts)
     const std::u16string first = ReplaceAll(examples.front(), u",", u".");
     const char16_t* end = nullptr;
     form.First = ParseDouble(first.c_str(), u'.', &end);
-    // The first number with a fraction may stand anywhere.
+    // The first number with a fraction may be anywhere.
     for (std::size_t i = 0; i < texts.size() && form.Mark == u'\0'; ++i) {
         const std::size_t mark = texts[i].find_first_of(u".,");
         if (mark != std::u16string::npos) form.Mark = texts[i][mark];
@@ -60,24 +60,26 @@ std::optional<NumberForm> FormOf(const TableTrial& trial, const TextList& texts)
     return form;
 }
 
-// The unit in which a number since 1970 lies in our time; nothing for none.
+constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
+
+// The unit in which a number since 1970 lies in our time; nothing for none. No reading of a sensor is as
+// large and as close to the clock, while loggers before 2000 wrote no such numbers.
 std::optional<std::u16string> EpochUnit(double number) {
-    struct Scale {
-        double Factor;
-        const char16_t* Unit;
-    };
     constexpr double From = 946'684'800;  // 2000 and 2040
     constexpr double To = 2'208'988'800;
-    for (const Scale scale : {Scale{1, u"s"}, {1e3, u"ms"}, {1e6, u"µs"}, {1e9, u"ns"}}) {
-        if (number >= From * scale.Factor && number <= To * scale.Factor) return scale.Unit;
+    for (const IntervalUnit& unit : IntervalUnits) {
+        const double seconds = number * static_cast<double>(unit.Nanoseconds) / static_cast<double>(Second);
+        if (unit.Nanoseconds <= Second && seconds >= From && seconds <= To) return unit.Name;
     }
     return std::nullopt;
 }
 
-// The unit that makes a usual step of numbers without one. `step` is their median step as if they counted
-// seconds, in nanoseconds.
+// The unit that makes a usual step of numbers without one, by their median step in nanoseconds as if they
+// counted seconds. Rows further apart than one in numbers are rather milliseconds, since a logger that is
+// read every few seconds writes the time of day. Numbers in the tens of millions that rise by thousands are
+// the microseconds of a bus trace: as milliseconds they would be hours after its start, with seconds between
+// rows.
 std::u16string UsualUnit(std::int64_t step, double first) {
-    constexpr std::int64_t Second = 1'000'000'000;
     if (step >= 1000 * Second && first >= 1e7) return u"µs";
     return step > Second ? u"ms" : u"s";
 }

@@ -7,8 +7,6 @@
 #include <bit>
 #include <cstring>
 
-#include "host/hdf5/RepeatBlock.h"
-
 namespace kelvarin::hdf5 {
 
 namespace {
@@ -93,6 +91,45 @@ void Shuffle(std::span<const std::uint8_t> in, std::uint8_t* out, std::size_t wi
     }
 }
 
+// A block of the deflate format that repeats the last `size` bytes, a power of two up to LongestDistance. The
+// blocks before and after it begin on whole bytes. Whole numbers of eight bytes mostly have upper bytes that
+// are all alike; for these this is a thousand times faster than to search.
+std::vector<std::uint8_t> MakeRepeatBlock(std::size_t size, bool isLast) {
+    std::vector<std::uint8_t> block;
+    int free = 0;  // bits of the last byte, which is filled from its low end
+    const auto addBits = [&](unsigned value, int bits) {
+        for (int i = 0; i < bits; ++i) {
+            if (free == 0) block.push_back(0);
+            free = (free + 7) % 8;
+            block.back() = static_cast<std::uint8_t>(block.back() | ((value >> i) & 1) << (7 - free));
+        }
+    };
+    // The codes of symbols come with their high bit first.
+    const auto addCode = [&](unsigned code, int bits) {
+        while (bits-- > 0) addBits(code >> bits, 1);
+    };
+    // A block of fixed codes; lengths 227 to 257 are symbol 284 and 5 bits; the distance 2^n is symbol 2n - 1
+    // and n - 2 bits, all ones, the last of its group.
+    constexpr std::size_t Length = 256;
+    constexpr unsigned LengthCode = 0b11000100;
+    constexpr unsigned LengthBits = Length - 227;
+    const int power = std::countr_zero(size);
+    addBits(isLast ? 1 : 0, 1);
+    addBits(1, 2);
+    for (std::size_t done = 0; done < size; done += Length) {
+        addCode(LengthCode, 8);
+        addBits(LengthBits, 5);
+        addCode(static_cast<unsigned>(2 * power - 1), 5);
+        addBits((1u << (power - 2)) - 1, power - 2);
+    }
+    addCode(0, 7);  // the end of the block
+    if (isLast) return block;
+    // An empty stored block, which begins wherever the last one ended and ends on a whole byte.
+    addBits(0, 3);
+    block.insert(block.end(), {0x00, 0x00, 0xFF, 0xFF});
+    return block;
+}
+
 }  // namespace
 
 ChunkPacker::ChunkPacker() : Workspace(ISAL_DEF_LVL1_DEFAULT) {}
@@ -120,24 +157,22 @@ bool ChunkPacker::PackParts(std::span<const std::uint8_t> chunk, std::size_t wid
     const bool canRepeat = part == plane && std::has_single_bit(part) && part <= LongestDistance;
     for (std::size_t at = 0; at < bytes.size(); at += part) {
         const bool isLast = at + part == bytes.size();
-        const bool isAsBefore =
-            canRepeat && at != 0 && std::memcmp(bytes.data() + at - part, bytes.data() + at, part) == 0;
-        if (!(isAsBefore ? Repeat(part, isLast) : Append(bytes.subspan(at, part), isLast))) return false;
+        const std::span<const std::uint8_t> next = bytes.subspan(at, part);
+        const bool isRepeat = canRepeat && at != 0 && std::memcmp(next.data() - part, next.data(), part) == 0;
+        const bool fits = isRepeat        ? Append(MakeRepeatBlock(part, isLast))
+                          : IsNoise(next) ? Store(next, isLast)
+                                          : Deflate(next, isLast);
+        if (!fits) return false;
     }
     const std::uint32_t sum = isal_adler32(1, bytes.data(), bytes.size());
     for (int shift = 24; shift >= 0; shift -= 8) Packed[Used++] = static_cast<std::uint8_t>(sum >> shift);
     return true;
 }
 
-bool ChunkPacker::Append(std::span<const std::uint8_t> part, bool isLast) {
-    return IsNoise(part) ? Store(part, isLast) : Deflate(part, isLast);
-}
-
-bool ChunkPacker::Repeat(std::size_t size, bool isLast) {
-    const std::vector<std::uint8_t> block = MakeRepeatBlock(size, isLast);
-    if (Packed.size() - Used < block.size() + SumSize) return false;
-    std::memcpy(Packed.data() + Used, block.data(), block.size());
-    Used += block.size();
+bool ChunkPacker::Append(std::span<const std::uint8_t> bytes) {
+    if (Packed.size() - Used < bytes.size() + SumSize) return false;
+    std::memcpy(Packed.data() + Used, bytes.data(), bytes.size());
+    Used += bytes.size();
     return true;
 }
 
@@ -153,14 +188,10 @@ bool ChunkPacker::IsNoise(std::span<const std::uint8_t> part) {
 }
 
 bool ChunkPacker::Store(std::span<const std::uint8_t> part, bool isLast) {
-    const auto size = static_cast<std::uint16_t>(part.size());
-    const auto low = [](unsigned value) { return static_cast<std::uint8_t>(value); };
+    const auto low = [](std::size_t value) { return static_cast<std::uint8_t>(value); };
+    const std::size_t size = part.size();
     const std::uint8_t head[] = {isLast, low(size), low(size >> 8), low(~size), low(~size >> 8)};
-    if (Packed.size() - Used < sizeof head + part.size() + SumSize) return false;
-    std::copy(std::begin(head), std::end(head), Packed.begin() + static_cast<std::ptrdiff_t>(Used));
-    std::memcpy(Packed.data() + Used + sizeof head, part.data(), part.size());
-    Used += sizeof head + part.size();
-    return true;
+    return Append(head) && Append(part);
 }
 
 bool ChunkPacker::Deflate(std::span<const std::uint8_t> part, bool isLast) {

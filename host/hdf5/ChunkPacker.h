@@ -23,9 +23,8 @@ class ChunkPacker {
     // Fills Packed; false if that isn't worth it.
     bool PackParts(std::span<const std::uint8_t> chunk, std::size_t width);
 
-    // Each appends a part of the chunk; false if there is no room.
-    bool Append(std::span<const std::uint8_t> part, bool isLast);
-    bool Repeat(std::size_t size, bool isLast);
+    // Each appends bytes or a part of the chunk to Packed; false if there is no room.
+    bool Append(std::span<const std::uint8_t> bytes);
     bool Store(std::span<const std::uint8_t> part, bool isLast);
     bool Deflate(std::span<const std::uint8_t> part, bool isLast);
 

@@ -1,8 +1,9 @@
-// How a file is built, as docs/hdf5.md tells it.
+// The names and fixed values of a file, which docs/hdf5.md describes.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kelvarin::hdf5 {
 
@@ -33,8 +34,8 @@ inline constexpr const char* EpochText = "1970-01-01T00:00:00Z";
 // Of a signal's group; Name and Unit of the times too.
 inline constexpr const char* Symbol = "symbol";
 inline constexpr const char* Unit = "unit";
-inline constexpr const char* Column = "column";  // 0-based in the source
-inline constexpr const char* Type = "type";      // a code of the host's
+inline constexpr const char* Column = "column";  // from 0, in the source; -1: unknown
+inline constexpr const char* Type = "type";      // an EKelvarinType
 inline constexpr const char* MetaData = "metadata";
 
 // Data sets.
@@ -45,5 +46,12 @@ inline constexpr const char* Text = "text";
 inline constexpr const char* Length = "length";
 
 }  // namespace Layout
+
+// How an attribute holds several texts.
+inline std::string JoinLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
+    return text;
+}
 
 }  // namespace kelvarin::hdf5

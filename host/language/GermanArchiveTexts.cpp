@@ -24,10 +24,11 @@ constexpr Translation Texts[] = {
     {"metadata", "Metadaten"},
     {"number of signals", "Anzahl der Signale"},
     {"it has no device '{}'; it has {}", "ein Gerät '{}' enthält sie nicht, sondern {}"},
-    {"it was not written by import --store", "sie wurde nicht von import --store geschrieben"},
+    {"it has no samples of an import", "sie enthält keine Werte eines Imports"},
     {"its format is of version {}, known is {}", "ihr Format hat die Version {}, bekannt ist {}"},
     {"its data sets are of different lengths", "ihre Datensätze sind verschieden lang"},
     {"data set '{}' is of another type", "der Datensatz '{}' hat einen anderen Typ"},
+    {"attribute '{}' is of another type", "das Attribut '{}' hat einen anderen Typ"},
 };
 
 }  // namespace

@@ -29,7 +29,6 @@ constexpr Translation Texts[] = {
     {"{} refused", "{} abgelehnt"},
     {"1 row", "1 Datensatz"},
     {"{} rows", "{} Datensätze"},
-    {"about {} rows", "etwa {} Datensätze"},
     {"1 cell", "1 Zelle"},
     {"{} cells", "{} Zellen"},
     {"1 column", "1 Spalte"},
@@ -62,7 +61,7 @@ constexpr Translation Texts[] = {
      "Zeile {} wird nicht gelesen, sieht aber wie ein Datensatz aus"},
     {"lines {} to {} above the table are not read, but look like rows",
      "die Zeilen {} bis {} über der Tabelle werden nicht gelesen, sehen aber wie Datensätze aus"},
-    {"name the table's start: {}", "nennen Sie den Anfang der Tabelle: {}"},
+    {"name the table's start", "nennen Sie den Anfang der Tabelle"},
     {"{} dropped with separators and blanks only: {}", "{} verworfen, nur Trenn- und Leerzeichen: {}"},
     {"{} dropped, since no format for times is set",
      "{} verworfen, da kein Format für Zeiten eingestellt ist"},
@@ -76,47 +75,40 @@ constexpr Translation Texts[] = {
      "{} verworfen, mit der Zeit des Datensatzes davor: {}"},
     {"{} dropped for being earlier than a row before, the first by {}: {}",
      "{} verworfen, früher als ein Datensatz davor, der erste um {}: {}"},
-    {"{} dropped for not being later than a row before: {}",
-     "{} verworfen, nicht später als ein Datensatz davor: {}"},
     {"{} dropped with a time outside the years that can be stored: {}, the first {}",
      "{} verworfen mit einer Zeit außerhalb der speicherbaren Jahre: {}, der erste {}"},
     {"{} dropped, since the fixed interval doesn't lead beyond the row before: {}",
      "{} verworfen, da das feste Intervall nicht über den Datensatz davor hinausführt: {}"},
-    {"{} dropped; the file could not be read again to say why",
-     "{} verworfen; die Datei ließ sich nicht noch einmal lesen, um zu sagen, warum"},
-    {"names and units among the rows make text of their columns; to begin the table below: {}",
+    {"names and units among the rows make text of their columns; to begin the table below",
      "Namen und Einheiten zwischen den Datensätzen machen ihre Spalten zu Text; die Tabelle darunter "
-     "beginnen: {}"},
-    {"to mend in a file of its own: --rejects FILE",
-     "in einer eigenen Datei zu berichtigen: --rejects DATEI"},
-    {"another format reads them: {}", "ein anderes Format liest sie: {}"},
+     "beginnen"},
+    {"to mend in a file of its own", "in einer eigenen Datei zu berichtigen"},
+    {"another format reads them", "ein anderes Format liest sie"},
     {"a legend or sums are no loss; a row that was cut off is",
      "eine Legende oder Summen sind kein Verlust; ein abgeschnittener Datensatz ist einer"},
     {"nothing is lost", "nichts geht verloren"},
-    {"a longer one: --set IntervalValue=1 --set IntervalUnit=2",
-     "ein längeres: --set IntervalValue=1 --set IntervalUnit=2"},
-    {"{} rows share each time, and the times lie {} apart: if they are of several sources in turn, split the "
+    {"a longer one", "ein längeres"},
+    {"{} rows share each time, and the times are {} apart: if they are of several sources in turn, split the "
      "file by the column that tells them apart",
      "je {} Datensätze teilen sich eine Zeit, und die Zeiten liegen {} auseinander: stammen sie reihum aus "
      "mehreren Quellen, teilen Sie die Datei nach der Spalte, die sie unterscheidet"},
     {"{} rows share each nanosecond, the finest time there is; all are kept on an axis that is a thousand "
-     "times as long, with a fixed interval of {} for {}: {}",
+     "times as long, with a fixed interval of {} for {}",
      "je {} Datensätze teilen sich eine Nanosekunde, und feiner ist keine Zeit; alle bleiben auf einer "
-     "tausendmal so langen Achse, mit einem festen Intervall von {} für {}: {}"},
-    {"{} rows share each {}: a fixed interval of {}? {}",
-     "je {} Datensätze teilen sich {}: ein festes Intervall von {}? {}"},
-    {"about {} rows share each {}, not always as many: a fixed interval of {} would be right on average "
-     "only: {}",
-     "etwa {} Datensätze teilen sich {}, nicht immer gleich viele: ein festes Intervall von {} träfe nur im "
-     "Mittel: {}"},
-    {"the file runs backwards; turn its rows round, where there are head, tail and tac: (head -n {} FILE; "
-     "tail -n +{} FILE | tac) > TURNED",
-     "die Datei läuft rückwärts; drehen Sie ihre Zeilen um, wo es head, tail und tac gibt: (head -n {} "
-     "DATEI; tail -n +{} DATEI | tac) > GEDREHT"},
+     "tausendmal so langen Achse, mit einem festen Intervall von {} für {}"},
+    {"{} rows share each {}; perhaps at a fixed interval of {}",
+     "je {} Datensätze teilen sich {}; vielleicht in einem festen Intervall von {}"},
+    {"about {} rows share each {}, not always as many; a fixed interval of {} would be right on average only",
+     "etwa {} Datensätze teilen sich {}, nicht immer gleich viele; ein festes Intervall von {} träfe nur im "
+     "Mittel"},
+    {"the file runs backwards; reverse the order of its rows",
+     "die Datei läuft rückwärts; kehren Sie die Folge ihrer Zeilen um"},
+    {"where there are head, tail and tac: (head -n {} FILE; tail -n +{} FILE | tac) > REVERSED",
+     "wo es head, tail und tac gibt: (head -n {} DATEI; tail -n +{} DATEI | tac) > GEDREHT"},
     {"the clock went back by an hour at most, at night: the end of summer time? The rows of the hour that "
-     "comes twice need another time: --rejects FILE",
+     "comes twice need another time",
      "die Uhr ging nachts um höchstens eine Stunde zurück: Ende der Sommerzeit? Die Datensätze der doppelten "
-     "Stunde brauchen eine andere Zeit: --rejects DATEI"},
+     "Stunde brauchen eine andere Zeit"},
     {"sort the rows by time, or, if they are of several sources, split the file by the column that tells "
      "them apart",
      "sortieren Sie die Zeilen nach der Zeit, oder teilen Sie die Datei, wenn sie aus mehreren Quellen "
@@ -130,10 +122,11 @@ constexpr Translation Texts[] = {
      "{} abgelehnt, nicht vom Typ der Spalte, in {}; die Werte fehlen"},
     {"those seen are the file's word for no value, such as {}: nothing is lost",
      "die gesehenen sind das Wort der Datei für keinen Wert, wie {}: nichts geht verloren"},
-    {"mend them in a file of their own: --rejects FILE --reject-cells; or give the column a type that takes "
-     "them, in the dialog's page of signals",
-     "berichtigen Sie sie in einer eigenen Datei: --rejects DATEI --reject-cells; oder geben Sie der Spalte "
-     "auf der Signalseite des Dialogs einen Typ, der sie aufnimmt"},
+    {"give the column a type that takes them, in the dialog's page of signals, or mend them in a file of "
+     "their "
+     "own",
+     "geben Sie der Spalte auf der Signalseite des Dialogs einen Typ, der sie aufnimmt, oder berichtigen Sie "
+     "sie in einer eigenen Datei"},
     {"blank lines in the table: {}; the module's own line numbers don't count them",
      "leere Zeilen in der Tabelle: {}; die Zeilennummern des Moduls zählen sie nicht mit"},
     // The times.
@@ -141,10 +134,11 @@ constexpr Translation Texts[] = {
      "{} zwischen Datensätzen, die alle {} kommen; die längste, {}, endet in Zeile {}"},
     {"1 gap", "1 Lücke"},
     {"{} gaps", "{} Lücken"},
-    {"the rows come unevenly; {} intervals are beyond ten times the middle one of {}; the longest, {}, ends "
-     "in line {}",
-     "die Datensätze kommen ungleichmäßig; {} Abstände sind mehr als zehnmal so lang wie der mittlere von "
-     "{}; der längste, {}, endet in Zeile {}"},
+    {"the rows come unevenly; {} intervals are beyond ten times the median of {}; the longest, {}, ends in "
+     "line "
+     "{}",
+     "die Datensätze kommen ungleichmäßig; {} Abstände sind mehr als zehnmal so lang wie der Median von {}; "
+     "der längste, {}, endet in Zeile {}"},
     {"day and month are in the right order: line {} has a day above 12",
      "Tag und Monat stehen in der richtigen Folge: Zeile {} hat einen Tag über 12"},
     {"day and month are in the right order: the other way the dates would fall in line {}",
@@ -158,12 +152,12 @@ constexpr Translation Texts[] = {
      "die Folge von Tag und Monat ist hier gleichgültig: sie sind gleich"},
     {"the order of day and month is not proven: the dates rise either way",
      "die Folge von Tag und Monat ist nicht belegt: die Daten steigen so oder so"},
-    {"day and month are likely in the wrong order: the other way the dates lie closer",
+    {"day and month are likely in the wrong order: the other way the dates are closer together",
      "Tag und Monat stehen wohl in der falschen Folge: andersherum liegen die Daten dichter"},
-    {"the other order: {}", "die andere Folge: {}"},
+    {"the other order", "die andere Folge"},
     {"a day was added where the time of day fell far from midnight: {}",
      "ein Tag kam hinzu, wo die Uhrzeit fern von Mitternacht fiel: {}"},
-    {"was the clock set back, or are rows in disorder? All rows from there on lie a day later",
+    {"was the clock set back, or are rows in disorder? All rows from there on are a day later",
      "wurde die Uhr zurückgestellt, oder sind Zeilen in Unordnung? Alle Datensätze von dort an liegen einen "
      "Tag später"},
     {"midnights that the times run over: {}", "Mitternächte, über die die Zeiten laufen: {}"},

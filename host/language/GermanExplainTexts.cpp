@@ -133,10 +133,10 @@ constexpr Translation Texts[] = {
      "Zeile {} ist leer und beendet die Analyse vor der ersten Datenzeile, also bekommt keine Spalte einen "
      "Typ."},
     {"Line {} is empty and ends the analysis: the types are settled by the {} rows above it alone. The "
-     "import itself goes on behind it.",
+     "import itself goes on after it.",
      "Zeile {} ist leer und beendet die Analyse: Die Typen bestimmen allein die {} Zeilen darüber. Der "
      "Import selbst geht dahinter weiter."},
-    {"The names seem to stand in line {}, but they are taken only from the line directly above the first "
+    {"The names seem to be in line {}, but they are taken only from the line directly above the first "
      "row, {}: {}.",
      "Die Namen scheinen in Zeile {} zu stehen, werden aber nur der Zeile direkt über der ersten Datenzeile, "
      "{}, entnommen: {}."},

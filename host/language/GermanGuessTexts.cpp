@@ -23,6 +23,8 @@ constexpr Translation Texts[] = {
     {"it is not used: {} is in force", "er wird nicht verwendet: {} gilt"},
     {"{} stays as it was set", "{} bleibt, wie es gesetzt ist"},
     {"the table has no rows", "die Tabelle hat keine Zeilen"},
+    {"this module shows no rows", "dieses Modul zeigt keine Zeilen"},
+    {"this module has no sidecars", "dieses Modul hat keine Sidecar-Dateien"},
     // What was found.
     {"date and time in column {}", "Datum und Uhrzeit in Spalte {}"},
     {"date in column {}, time in column {}", "Datum in Spalte {}, Uhrzeit in Spalte {}"},
@@ -67,8 +69,7 @@ constexpr Translation Texts[] = {
      "es gibt Zeiten vor 1990, die das Programm nicht verarbeiten kann"},
     {"no format can read column {}: its letter {} is a field of the format",
      "kein Format kann Spalte {} lesen: ihr Buchstabe {} ist ein Feld des Formats"},
-    {"in English the format holds it: --language en",
-     "auf Englisch kann das Format ihn enthalten: --language en"},
+    {"in English the format holds it", "auf Englisch kann das Format ihn enthalten"},
     {"the rows do not follow each other evenly, so that an interval is wrong for some",
      "die Zeilen folgen nicht gleichmäßig aufeinander, ein Intervall ist also für manche falsch"},
     {"no column holds times that a format can read; the interval is a mere example",
@@ -79,8 +80,8 @@ constexpr Translation Texts[] = {
     {"no row has a timestamp, since no timestamp format is set",
      "keine Zeile hat einen Zeitstempel, da kein Zeitstempelformat gesetzt ist"},
     {"no row fits the timestamp format '{}'", "keine Zeile passt zum Zeitstempelformat '{}'"},
-    {" and no format fits; {}: {}", " und kein Format passt; {}: {}"},
-    {"; {} ({}): {}", "; {} ({}): {}"},
+    {" and no format fits; {}", " und kein Format passt; {}"},
+    {"; {} ({})", "; {} ({})"},
     {"this module shows no rows", "dieses Modul zeigt keine Datensätze"},
 };
 

@@ -1,4 +1,4 @@
-#include "host/store/NumberRange.h"
+#include "host/store/Sparkline.h"
 
 #include <emmintrin.h>
 

@@ -3,24 +3,24 @@
 namespace kelvarin::store {
 
 std::uint64_t Sparkline::MakeRoom() {
-    if (Count != 0 && InLast < PerStretch) return PerStretch - InLast;
+    if (Count != 0 && InLast < BucketSize) return BucketSize - InLast;
     if (Count == Capacity) {
         for (std::size_t i = 0; i < Capacity / 2; ++i) {
-            NumberRange joined = Stretches[2 * i];
-            joined.Include(Stretches[2 * i + 1]);
-            Stretches[i] = joined;
+            NumberRange joined = Buckets[2 * i];
+            joined.Include(Buckets[2 * i + 1]);
+            Buckets[i] = joined;
         }
         Count = Capacity / 2;
-        PerStretch *= 2;
+        BucketSize *= 2;
     }
-    Stretches[Count++] = {};
+    Buckets[Count++] = {};
     InLast = 0;
-    return PerStretch;
+    return BucketSize;
 }
 
 NumberRange Sparkline::Range() const {
     NumberRange all = Infinite;
-    for (std::size_t i = 0; i < Count; ++i) all.Include(Stretches[i]);
+    for (std::size_t i = 0; i < Count; ++i) all.Include(Buckets[i]);
     return all;
 }
 
@@ -30,9 +30,9 @@ std::string Sparkline::Draw(std::size_t width) const {
     NumberRange all;
     double middle = 0;  // where the signal mostly is
     for (std::size_t i = 0; i < Count; ++i) {
-        if (Stretches[i].IsEmpty()) continue;
-        all.Include(Stretches[i]);
-        middle += (Stretches[i].Lowest / 2 + Stretches[i].Highest / 2) / static_cast<double>(Count);
+        if (Buckets[i].IsEmpty()) continue;
+        all.Include(Buckets[i]);
+        middle += (Buckets[i].Lowest / 2 + Buckets[i].Highest / 2) / static_cast<double>(Count);
     }
     if (all.IsEmpty()) return {};
     const double span = all.Highest - all.Lowest;
@@ -41,7 +41,7 @@ std::string Sparkline::Draw(std::size_t width) const {
     for (std::size_t column = 0; column < columns; ++column) {
         NumberRange part;
         for (std::size_t i = column * Count / columns; i < (column + 1) * Count / columns; ++i)
-            part.Include(Stretches[i]);
+            part.Include(Buckets[i]);
         if (part.IsEmpty()) {
             line += " ";
             continue;

@@ -50,25 +50,19 @@ void TextBlocks::AddBlock(std::size_t size) {
 }
 
 bool TextBlocks::Append(const char16_t* text, std::size_t length) {
-    LastSize = length;
-    LastIsNarrow = Narrow(text, length, Reserve(length));
-    if (!LastIsNarrow) {
-        LastSize = length * sizeof(char16_t);
-        std::memcpy(Reserve(LastSize), text, LastSize);
+    std::size_t size = length;
+    const bool isNarrow = Narrow(text, length, Reserve(length));
+    if (!isNarrow) {
+        size *= sizeof(char16_t);
+        std::memcpy(Reserve(size), text, size);
     }
-    Blocks.back().Used += LastSize;
-    return LastIsNarrow;
-}
-
-std::u16string TextBlocks::Last() const {
-    std::u16string text(LastIsNarrow ? LastSize : LastSize / sizeof(char16_t), u'\0');
-    Widen(Blocks.back().Bytes + Blocks.back().Used - LastSize, LastIsNarrow, text);
-    return text;
+    Blocks.back().Used += size;
+    return isNarrow;
 }
 
 const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
     const std::size_t size = isNarrow ? length : length * sizeof(char16_t);
-    // A text that found no room stands in the next block.
+    // A text that found no room is in the next block.
     while (!Texts.Blocks.empty() && size > Texts.Blocks[Block].Used - At) {
         ++Block;
         At = 0;

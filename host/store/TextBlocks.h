@@ -1,11 +1,11 @@
-// Texts of UTF-16 one behind the other, in blocks that never move.
+// Texts of UTF-16 one after the other, in blocks that never move.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
-#include "host/store/Arena.h"
+#include "host/store/Blocks.h"
 
 namespace kelvarin::store {
 
@@ -18,10 +18,7 @@ class TextBlocks {
     // Copies `length` units; true if they were kept narrow.
     bool Append(const char16_t* text, std::size_t length);
 
-    // The text appended last.
-    std::u16string Last() const;
-
-    // Reads the texts in order, each by its length and by what Append answered.
+    // Reads the texts in order, each by its length and by what Append returned.
     class Reader {
       public:
         explicit Reader(const TextBlocks& texts) : Texts(texts) {}
@@ -51,8 +48,6 @@ class TextBlocks {
 
     Arena& Memory;
     std::vector<Block> Blocks;
-    std::size_t LastSize = 0;  // of the last text in bytes
-    bool LastIsNarrow = false;
 };
 
 }  // namespace kelvarin::store

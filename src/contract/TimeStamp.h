@@ -23,8 +23,9 @@ class CTimeStamp {
     CTimeStamp() : Nanoseconds(0) {}
 
     // Reads a local date and time by a format of runs of Y, M, D, H, m and s, each so many digits, and other
-    // characters that stand for themselves. What the format lacks is 1970-01-01 00:00:00. False, with the
-    // stamp left alone, if the whole text doesn't fit or the date or time doesn't exist.
+    // characters that stand for themselves. What the format lacks is 1970-01-01 00:00:00. A date without a
+    // time is its local midnight; the date on which the moment 0 is gives that moment, as in DateToTIME.
+    // False, with the stamp left alone, if the whole text doesn't fit or the date or time doesn't exist.
     bool fromString(const std::u16string& text, const std::u16string& format, int reserved);
 
     // Seconds since 1970, rounded toward the past.
@@ -33,15 +34,18 @@ class CTimeStamp {
     // Nanoseconds since 1970.
     std::int64_t toTIME() const { return Nanoseconds; }
 
-    // Nanoseconds since the local midnight of the stamp's day, 0 up to a day. Both values of the flag answer
-    // the same, so that a stored time of day and that of a parsed row can be compared.
+    // The time of day in nanoseconds. With `local` what clocks show, 0 up to a day. Else the time that has
+    // passed since the last local midnight, which differs after a change of the clocks on that day and can
+    // exceed a day: the scale of a row's time, which is added to the midnight of its date.
     std::int64_t DaytimeToTIME(bool local) const;
 
-    // The stamp's local date at midnight, in nanoseconds since 1970.
+    // The stamp's local date at midnight, in nanoseconds since 1970: the first midnight if the clocks show
+    // two, the time to which they are set if they skip it. The moment 0 remains 0, so that in every zone
+    // seconds since 1970 can be added to it.
     std::int64_t DateToTIME() const;
 
-    // The local date and time by a format with %x (MM/DD/YY), %X (HH:MM:SS), %ms, %µs and %ns (three digits
-    // each).
+    // The local date and time by a format with %x and %X (date and time of day as the user's locale has
+    // them), %ms, %µs and %ns (three digits each).
     std::u16string Format(const std::u16string& format, int reserved, bool local, bool reserved2) const;
 
     // The local date and time: "YYYY-MM-DD hh:mm:ss", then the nanoseconds as ".nnnnnnnnn" without zeros at

@@ -16,7 +16,7 @@ CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), 
     Offer<IObservedAnalysis>(OptionalInterfaces);
     Offer<IObservedRun>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
-    Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+    Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();
 }
 
@@ -42,9 +42,7 @@ bool CCsvImportFilter::HasOptionDialog() {
 
 void CCsvImportFilter::CopyOptionsFrom(CImportFilter& other) {
     Settings = static_cast<CCsvImportFilter&>(other).Settings;
-    // Nothing of a run may point into the old columns.
-    SampleColumns.clear();
-    Times.Correction.reset();
+    SettledFor.reset();  // nothing of a run may point into the old columns
 }
 
 void CCsvImportFilter::AddFileMessage(unsigned id) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,7 @@ class CCsvImportFilter : public CImportFilter {
     RowPlace CurrentPlace() const;
     void TellObserver(const RowTimestamp& row, const char16_t* text);
     void AddRowSamples(std::int64_t time);
+    void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
 
@@ -90,10 +92,13 @@ class CCsvImportFilter : public CImportFilter {
     CFileException FileError{false};  // filled by a failing Open
     CDevice* Device = nullptr;        // of the run; the host's
     RunTimes Times;
-    std::vector<DM::SignalProxy*> Signals;            // per column index, null without signal; the store's
-    std::vector<SampleColumn> SampleColumns;          // the columns that get samples, in order
-    std::vector<const SampleColumn*> RefusedColumns;  // of the row being imported, kept for their storage
-    std::uint64_t BlankLines = 0;                     // of the run so far
+    std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
+    std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
+    std::optional<std::uint32_t> SettledFor;  // ChangeCount of the settings that the run has settled
+    const RefusedCellHandler OnRefusedCell = [this](const SampleColumn& column, const char16_t* cell) {
+        ReportWrongCell(column, cell);
+    };
+    std::uint64_t BlankLines = 0;  // of the run so far
     CFilterInterfaces OptionalInterfaces{*this};
     IAnalysisObserver* AnalysisObserver = nullptr;  // the host's; null for none
     IRunObserver* RunObserver = nullptr;            // the host's; null for none

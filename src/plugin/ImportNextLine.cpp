@@ -26,6 +26,7 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     try {
         if (!SourceFile.ReadString(LineText)) return false;
+        if (SettledFor != Settings.ChangeCount) SettleRun();
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         const bool blank = IsBlank(LineText);
         LineText.append(Padding, LinePadding);
@@ -80,12 +81,14 @@ void CCsvImportFilter::TellObserver(const RowTimestamp& row, const char16_t* tex
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
-    WriteSamples(SampleColumns, Cells, time, RefusedColumns);
-    for (const SampleColumn* column : RefusedColumns) {
-        const char16_t* const cell = Cells[static_cast<std::size_t>(column->Index)];
-        if (*cell != u'\0') ReportWrongCell(*column, cell);
-    }
-    RefusedColumns.clear();
+    WriteSamples(SampleColumns, Cells, time, OnRefusedCell);
+}
+
+void CCsvImportFilter::SettleRun() {
+    Times.Format.reset();
+    Times.Correction.reset();
+    CollectSampleColumns();
+    SettledFor = Settings.ChangeCount;
 }
 
 void CCsvImportFilter::CollectSampleColumns() {

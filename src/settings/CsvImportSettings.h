@@ -65,7 +65,7 @@ class CCsvImportSettings {
     int TimeSetting = 0;                      // an ETimeSetting
     int TimeColumn = 0;                       // from 1
     double IntervalValue = 0;                 // step between rows in IntervalUnit
-    int IntervalUnit = 0;                     // 0 h, 1 min, 2 s, 3 ms, 4 µs, 5 ns
+    int IntervalUnit = 0;                     // an index of IntervalUnits
     int Adjust = 0;                           // the correction is on
     std::int64_t AdjustTime = 0;              // seconds since 1970; only the local time of day counts
     int AdjustMode = 0;                       // an EAdjustMode
@@ -74,6 +74,7 @@ class CCsvImportSettings {
     int SaveSidecarFile = 0;                  // OK in the dialog writes the sidecar file
     std::map<int, CCsvColumnInfo> ColumnMap;  // may hold entries at and beyond ColumnCount
     int ColumnCount = 0;                      // cells of the first analysed line; 0 before an analysis
+    std::uint32_t ChangeCount = 0;            // goes up when another record hands its settings on to this one
 
     // --- Profile (SettingsProfile.cpp) ---
 

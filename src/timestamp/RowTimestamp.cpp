@@ -5,13 +5,10 @@
 #include "contract/DeviceHost.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
+#include "settings/IntervalUnits.h"
 
 namespace {
 
-constexpr std::int64_t UnitNanoseconds[] = {
-    3'600'000'000'000, 60'000'000'000, 1'000'000'000, 1'000'000, 1'000, 1,
-};
-constexpr int LastUnit = 5;
 constexpr std::uint64_t Day = 86'400'000'000'000;
 
 std::int64_t Correction(const CCsvImportSettings& settings, std::int64_t firstRowTime, RunTimes& times) {
@@ -21,7 +18,8 @@ std::int64_t Correction(const CCsvImportSettings& settings, std::int64_t firstRo
 
 // The time of a row from its index; the step is cut to whole nanoseconds once, not at every row.
 std::int64_t IntervalTime(const CCsvImportSettings& settings, std::int64_t row, RunTimes& times) {
-    const std::int64_t unit = UnitNanoseconds[std::clamp(settings.IntervalUnit, 0, LastUnit)];
+    const std::int64_t unit =
+        IntervalUnits[std::clamp(settings.IntervalUnit, 0, IntervalUnitCount - 1)].Nanoseconds;
     const std::int64_t step = DoubleToInt64(static_cast<double>(unit) * settings.IntervalValue);
     const std::int64_t time = WrappingMultiply(step, row);
     if (time == NoTimestamp) return NoTimestamp;
@@ -56,9 +54,8 @@ std::int64_t BaseTime(IRelativeTimeContext& context, RunTimes& times) {
 
 // Why a row that has a time isn't stored.
 DropReason ReasonOf(const CCsvImportSettings& settings, std::int64_t time, std::int64_t last) {
-    if (time > MaxTimestamp) return DropReason::OutOfRange;
+    if (time > MaxTimestamp || last == 0) return DropReason::OutOfRange;
     if (settings.TimeSetting == TimeInterval) return DropReason::NoStep;
-    if (last == 0) return DropReason::OutOfRange;
     return time == last ? DropReason::Repeats : DropReason::Falls;
 }
 

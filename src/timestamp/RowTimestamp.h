@@ -4,20 +4,12 @@
 #include <cstdint>
 #include <optional>
 
+#include "contract/FixedTimes.h"
 #include "contract/RunObserver.h"
 #include "timestamp/TimestampFormat.h"
 
 class CCsvImportSettings;
 class IRelativeTimeContext;
-
-// 01.01.1980 00:00 at UTC+1: base of relative measurement time if the host's base is fixed. Nanoseconds.
-constexpr std::int64_t RelativeTimeEpoch = 315'529'200'000'000'000;
-
-// 01.01.1990 00:00 at UTC+1: the host can't process absolute times before it.
-constexpr std::int64_t AbsoluteTimeLimit = 631'148'400'000'000'000;
-
-// The greatest timestamp that is accepted.
-constexpr std::int64_t MaxTimestamp = 0x3FFFFFFFFFFFFFFF;
 
 // The times of one run, carried from row to row. What comes from the settings or the host is the same for all
 // rows of a run and is settled at the first that needs it.

@@ -5,25 +5,17 @@
 
 namespace kelvarin::store {
 
-namespace {
-
-std::string Regret() {
-    return Phrase("this build has no HDF5");
-}
-
-}  // namespace
-
 bool HasSampleFiles() {
     return false;
 }
 
 std::unique_ptr<SampleFile> CreateSampleFile(const std::string&, std::string& complaint) {
-    complaint = Regret();
+    complaint = Phrase("this build has no HDF5");
     return nullptr;
 }
 
 std::unique_ptr<SampleArchive> OpenSampleFile(const std::string&, std::string& complaint) {
-    complaint = Regret();
+    complaint = Phrase("this build has no HDF5");
     return nullptr;
 }
 
