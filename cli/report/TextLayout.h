@@ -1,4 +1,4 @@
-// How reports stand on a terminal: styles, labels, and columns that line up.
+// What reports look like on a terminal: styles, labels, and columns that line up.
 #pragma once
 
 #include <ostream>

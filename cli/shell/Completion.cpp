@@ -7,7 +7,7 @@ void AddWord(std::string& words, const std::string& word) {
 }
 
 // The values among which an option chooses, such as "none memory" of "none|memory"; empty if it takes any
-// text. A word in capitals stands for a text of the user's.
+// text. A word in capitals is a text of the user's choice.
 std::string ChoicesOf(const ListedOption& option) {
     std::string choices;
     for (std::size_t begin = 0, end = 0; end != std::string::npos; begin = end + 1) {

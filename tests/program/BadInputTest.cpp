@@ -122,13 +122,16 @@ TEST(WrongUsage, GetsOneLineAndStatusTwo) {
         {{"--frobnicate", "a.csv"},
          "The following argument was not expected: --frobnicate; allowed are --help, --profile, --set, "
          "--json, "
-         "--language, --samples, --store, --base-time"},
+         "--language, --samples, --messages, --store, --base-time"},
         {{"analyze", "--samples", "3", "a.csv"}, "The following argument"},
         {{"--samples", "-1", "a.csv"}, "--samples: '-1' is neither a number of samples nor all"},
+        {{"--messages", "-1", "a.csv"}, "--messages: '-1' is neither a number of messages nor all"},
+        {{"--messages", "", "a.csv"}, "--messages: '' is neither a number of messages nor all"},
+        {{"--messages", "ALL", "a.csv"}, "--messages: 'ALL' is neither a number of messages nor all"},
         {{"--store", "disk", "a.csv"},
          "--store: 'disk' is not allowed; allowed are none, memory and FILE.h5"},
         {{"--base-time", "now", "a.csv"}, "--base-time: 'now' is no 64-bit number of nanoseconds"},
-        {{"--language", "xx", "a.csv"}, "--language: there are no texts for 'xx'; allowed are de and en"},
+        {{"--language", "xx", "a.csv"}, "--language: there are no texts for 'xx'; allowed are de, en"},
         {{"--set", "FirstLine", "a.csv"}, "--set: 'FirstLine' is not of the form KEY=VALUE"},
         {{"--set", "Firstline=1", "a.csv"},
          "--set: there is no setting 'Firstline'; allowed are AutoFormat, "},

@@ -120,6 +120,9 @@ TEST(Hdf5, KeepsTheFilesThatCouldBeImported) {
     EXPECT_EQ(result.Status, 1);
     EXPECT_NE(result.Err.find("all.h5: holds 2 of 3 files"), std::string::npos) << result.Err;
     EXPECT_EQ(run({"verify", "all.h5", "a.csv", "a.csv"}).Status, 0);
+    EXPECT_EQ(run({"verify", "--set", "DateSetting=1", "all.h5", "a.csv", "missing.csv"}).Status, 1)
+        << "what can't be compared outweighs what differs";
+    EXPECT_EQ(run({"verify", "--set", "DateSetting=1", "all.h5", "missing.csv", "a.csv"}).Status, 1);
     EXPECT_NE(run({"verify", "all.h5", "a.csv", "a.csv", "a.csv"}).Err.find("no device 'a.csv'"),
               std::string::npos);
     EXPECT_EQ(run(Import({"--store", "none.h5", "missing.csv"})).Status, 1);

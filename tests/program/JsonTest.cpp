@@ -55,6 +55,57 @@ TEST(Json, SamplesAreLimitedAndLeftOutUnlessAskedFor) {
     EXPECT_FALSE(none["signals"][0].contains("samples"));
 }
 
+struct MessagesCase {
+    std::vector<std::string> Options;
+    std::size_t Listed;
+    int LeftOut;  // -1: the key is absent
+};
+
+TEST(Json, MessagesAreLimitedAndTheRestCounted) {
+    const ProgramRun run;
+    // The same time again and again: every row but the first is dropped with a message.
+    const auto file = [](int dropped) {
+        std::string text = "t;v\n2024-02-01;1\n";
+        for (int i = 0; i < dropped; ++i) text += "2024-02-01;2\n";
+        return text;
+    };
+    run.Write("none.csv", file(0));
+    run.Write("five.csv", file(5));
+    run.Write("many.csv", file(10'001));
+    const MessagesCase cases[] = {
+        {{"five.csv"}, 5, -1},
+        {{"--messages", "0", "five.csv"}, 0, 5},
+        {{"--messages", "4", "five.csv"}, 4, 1},
+        {{"--messages", "5", "five.csv"}, 5, -1},
+        {{"--messages=6", "five.csv"}, 5, -1},
+        {{"--messages", "all", "five.csv"}, 5, -1},
+        {{"--messages", "0", "none.csv"}, 0, -1},
+        {{"many.csv"}, 10'000, 1},
+        {{"--messages", "all", "many.csv"}, 10'001, -1},
+    };
+    for (const MessagesCase& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.Options));
+        const Json document =
+            Json::parse(run(With({"--json", "--set", "TimestampFormat=JJJJ-MM-TT"}, c.Options)).Out);
+        ASSERT_EQ(document["messages"].size(), c.Listed);
+        EXPECT_EQ(document.value("messagesLeftOut", -1), c.LeftOut);
+        // The first ones are kept, and they begin with line 3.
+        const std::string first = c.Listed == 0 ? " 3 " : document["messages"][0]["text"].get<std::string>();
+        EXPECT_NE(first.find(" 3 "), std::string::npos) << first;
+    }
+}
+
+TEST(Json, MessagesAreLimitedInEveryProcess) {
+    const ProgramRun run;
+    const std::string file = "t;v\n2024-02-01;1\n2024-02-01;2\n2024-02-01;3\n";
+    for (const char* const name : {"a.csv", "b.csv", "c.csv"}) run.Write(name, file);
+    const std::vector<std::string> import = {
+        "--json", "--set", "TimestampFormat=JJJJ-MM-TT", "--messages", "1", "a.csv", "b.csv", "c.csv"};
+    const ProgramResult alone = run(import);
+    EXPECT_EQ(run(With({"--jobs", "2"}, import)).Out, alone.Out);
+    EXPECT_NE(alone.Out.find("\"messagesLeftOut\":1,"), std::string::npos) << alone.Out;
+}
+
 TEST(Json, AnalyzeDocumentHoldsEveryField) {
     const ProgramRun run;
     run.Write("a.csv", "preamble\nt;v\n0,5;1 V\n1,5;2 V\n");

@@ -81,6 +81,49 @@ TEST_F(Folders, InSeveralProcessesSayTheSameInTheSameOrder) {
     }
 }
 
+// Every command walks its files in one way: it does all of them, and the worst outcome counts wherever it is.
+struct WalkCase {
+    std::vector<std::string> Arguments;
+    int Status;
+    const char* Summary;  // the last line on standard error begins so; empty: there is none
+};
+
+TEST_F(Folders, GiveTheWorstStatusWhateverTheCommand) {
+    Run.Write("a.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
+    Run.Write("b.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
+    Run.Write("other.csv", "x;y;z\n1;2;3\n");
+    ASSERT_EQ(Run({"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}).Status, 0);
+    Run.Write("bad.info", "<CSV-INFO");
+    const WalkCase cases[] = {
+        {{"explain", "a.csv", "b.csv"}, 0, ""},
+        {{"explain", "missing.csv", "a.csv"}, 1, ""},
+        {{"explain", "--recursive", "d"}, 1, "kelvarin-import: 4 files: 3 explained, 1 failed: "},
+        {{"analyze", "missing.csv", "a.csv"}, 1, ""},
+        {{"sidecar", "--check", "bad.info", "a.csv.info"}, 1, ""},
+        {{"sidecar", "--check", "a.csv.info", "bad.info"}, 1, ""},
+        {{"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "missing.csv", "a.csv"}, 1, ""},
+        {{"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "?.csv"},
+         0,
+         "kelvarin-import: 2 files: 2 written"},
+        {{"sidecar", "apply", "--force", "a.csv.info", "b.csv"},
+         0,
+         "kelvarin-import: 1 files: 1 with the sidecar"},
+        {{"sidecar", "apply", "--force", "a.csv.info", "other.csv", "b.csv"},
+         1,
+         "kelvarin-import: 2 files: 1 with the sidecar, 1 failed: other.csv"},
+    };
+    for (const WalkCase& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.Arguments));
+        const ProgramResult result = Run(c.Arguments);
+        EXPECT_EQ(result.Status, c.Status) << result.Err;
+        EXPECT_NE(result.Out, "") << "the good file is done";
+        const std::size_t line = result.Err.rfind("kelvarin-import: ");
+        const std::string last = line == std::string::npos ? "" : result.Err.substr(line);
+        EXPECT_EQ(last.find(" files: ") != std::string::npos, *c.Summary != '\0') << result.Err;
+        EXPECT_TRUE(*c.Summary == '\0' || last.starts_with(c.Summary)) << result.Err;
+    }
+}
+
 // A file that fails outweighs findings, which outweigh a clean one; in one process as in several.
 TEST_F(Folders, AreCheckedWithTheWorstStatusOfAll) {
     const std::vector<std::string> check = {"check", "--set", "TimestampFormat=JJJJ-MM-TT"};
