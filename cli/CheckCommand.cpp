@@ -29,16 +29,15 @@ std::string WhyFailed(const std::u16string& path, const check::CheckResult& resu
     if (!reason.empty()) return reason;
     const std::string failure = Utf16ToUtf8(result.Failure);
     if (result.Begun) return failure;
-    if (result.Above.First != 0) {
-        return failure + " " +
-               Phrase("Lines {} to {} look like rows; name the table's start: {}", result.Above.First,
-                      result.Above.Last, OptionsText(check::TableSettings(check::TableAbove(result))));
-    }
+    const Reading& table = result.Format;
+    const check::RowsAbove& above = result.Above;
     return failure + " " +
-           Phrase(
-               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
-               "--set ImportHeader=<0 or 1>",
-               result.Format.HeaderLine != 0 ? result.Format.HeaderLine : result.Format.FirstDataLine);
+           (above.First != 0
+                ? Phrase("Lines {} to {} look like rows; name the table's start: {}", above.First, above.Last,
+                         OptionsText(check::TableSettings(check::TableAbove(result))))
+                : Phrase("No table was found at line {}; name its line: --set AutoFormat=0 --set "
+                         "FirstLine=<line> --set ImportHeader=<0 or 1>",
+                         table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));
 }
 
 check::CheckResult RunWithProgress(const ModuleLoader& module, const RejectsOptions& options,

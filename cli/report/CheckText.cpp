@@ -14,15 +14,12 @@ constexpr std::size_t MostColumnsShown = 40;
 constexpr std::size_t NameWidth = 40;
 constexpr std::size_t CellWidth = 24;
 
-// Joins what is wrong in a few words.
 std::string FaultsInWords(const check::CheckResult& result) {
-    std::string words;
-    const auto add = [&](const std::string& more) { words += (words.empty() ? "" : ", ") + more; };
+    std::string words, cells;
     if (result.Dropped.Count() != 0)
-        add(Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines));
-    const std::uint64_t cells = result.RefusedCells();
-    if (cells != 0) add(Phrase("{} refused", check::CellsInWords(cells)));
-    return words;
+        words = Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines);
+    if (result.RefusedCells() != 0) cells = Phrase("{} refused", check::CellsInWords(result.RefusedCells()));
+    return words.empty() || cells.empty() ? words + cells : words + ", " + cells;
 }
 
 void WriteVerdict(std::ostream& out, const CheckReport& report) {

@@ -6,6 +6,8 @@
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
 #include "host/guess/TimeAdvice.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin::check {
 namespace {
@@ -130,12 +132,18 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     runOptions.Observer = &observer;
     runOptions.Cancel = options.Cancel;
     HostSession session(module, path, runOptions);
+    if (session.Filter().Find<IObservedRun>() == nullptr) {
+        result.Failed = true;
+        result.Failure = Utf8ToUtf16(Phrase("this module can't say what becomes of the rows"));
+        return result;
+    }
     const RunResult run = session.Run();
     result.Begun = run.Begun;
     result.Failed = run.Failed;
     result.Interrupted = run.Interrupted;
     result.Lines = run.Lines;
     result.Failure = FailureOf(session.Messages(), run.Failed);
+    if (result.Failure.empty()) result.Failure = Utf8ToUtf16(run.Failure);
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (run.Begun) CountSamples(*session.Device(), result);

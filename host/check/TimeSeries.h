@@ -93,7 +93,6 @@ class TimeSeries {
 
   private:
     void TakeStep(const TimeStep& step);
-    void KeepIfLong(const TimeStep& step);
     void LookForRollOver(const TimeStep& step);
 
     const bool WatchesDates, WatchesRollOvers;

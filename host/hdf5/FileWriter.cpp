@@ -105,7 +105,7 @@ class SignalWriter final : public store::SignalSink {
     std::vector<std::uint8_t> Truths;
 };
 
-// Gathers the samples of all signals and the times that they share; Keep makes a group of the file of them.
+// Writes the samples of all signals and the times that they share; Keep then makes a group of them.
 class DeviceWriter final : public store::DeviceSink {
   public:
     // The file and the packer must outlive it.

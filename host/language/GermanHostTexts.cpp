@@ -55,6 +55,8 @@ constexpr Translation Texts[] = {
     {"the format '{}' does not read its first time '{}'", "das Format '{}' liest ihre erste Zeit '{}' nicht"},
     {"the module can't read the file and doesn't say why",
      "das Modul kann die Datei nicht lesen und nennt keinen Grund"},
+    {"this module can't say what becomes of the rows",
+     "dieses Modul kann nicht sagen, was aus den Zeilen wird"},
     {"this module has no sidecars", "dieses Modul kennt keine Sidecar-Dateien"},
 };
 }  // namespace

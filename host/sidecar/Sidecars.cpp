@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "contract/TimeReader.h"
 #include "host/SettingText.h"
 #include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
@@ -65,6 +66,9 @@ std::string SaveSidecar(const ModuleLoader& module, const std::u16string& source
 SidecarFit::SidecarFit(const ModuleLoader& module, const std::u16string& sidecar)
     : Module(module), Sidecar(sidecar), Check(CheckSidecar(module, sidecar)) {
     WhyUseless = ComplaintOf(Check);
+    const auto filter = module.MakeFilter(sidecar);
+    if (WhyUseless.empty() && (!filter->Find<ITableReader>() || !filter->Find<ITimeReader>()))
+        WhyUseless = Phrase("this module shows no rows");
     if (!WhyUseless.empty() || !sidecar.ends_with(Ending)) return;
     std::string ignored;
     HasSource = Sample(sidecar.substr(0, sidecar.size() - Ending.size()), Source, ignored);
@@ -80,8 +84,7 @@ std::string SidecarFit::WhyUnfit(const std::u16string& file) const {
 
 bool SidecarFit::Sample(const std::u16string& file, TableSample& table, std::string& reason) const {
     const auto filter = Module.MakeFilter(file);
-    ITableReader* const reader = filter->Find<ITableReader>();
-    return reader != nullptr && reader->SampleTable(Sidecar.c_str(), table, reason);
+    return filter->Find<ITableReader>()->SampleTable(Sidecar.c_str(), table, reason);
 }
 
 std::u16string SidecarFit::ValueOf(const char* element) const {

@@ -6,10 +6,12 @@
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextReport.h"
 #include "host/HostSession.h"
+#include "host/check/CheckRun.h"
+#include "host/check/Findings.h"
 #include "host/explain/Explanation.h"
 #include "host/guess/TimeGuess.h"
-#include "host/sidecar/SidecarFit.h"
 #include "host/sidecar/Sidecars.h"
+#include "platform/framework/Text.h"
 
 namespace {
 
@@ -103,6 +105,16 @@ TEST_F(BareModule, IsExplainedWithoutAnalysis) {
     const explain::Explanation explanation = explain::Explain(Module, u"good", session.Filter(), record);
     EXPECT_FALSE(explanation.IsAdvised());
     EXPECT_TRUE(explanation.Surprises.empty());
+}
+
+TEST_F(BareModule, CannotBeChecked) {
+    for (const char16_t* const file : {u"good", u"bad"}) {
+        const check::CheckResult result = check::RunCheck(Module, file, {});
+        EXPECT_TRUE(result.Failed);
+        EXPECT_FALSE(result.Begun);
+        EXPECT_EQ(Utf16ToUtf8(result.Failure), "this module can't say what becomes of the rows");
+        EXPECT_TRUE(check::Judge(result).empty());
+    }
 }
 
 TEST_F(BareModule, SaysThatItHasNoGuessAndNoSidecar) {
