@@ -104,7 +104,7 @@ TEST_F(BareModule, IsExplainedWithoutAnalysis) {
     EXPECT_TRUE(session.Filter().AnalyzeFile());
     const explain::Explanation explanation = explain::Explain(Module, u"good", session.Filter(), record);
     EXPECT_FALSE(explanation.IsAdvised());
-    EXPECT_TRUE(explanation.Surprises.empty());
+    EXPECT_TRUE(explanation.Warnings.empty());
 }
 
 TEST_F(BareModule, CannotBeChecked) {
