@@ -1,6 +1,14 @@
 # The flags of every target of this project.
 add_library(kelvarin-flags INTERFACE)
-target_include_directories(kelvarin-flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(KELVARIN_PLAIN)
+  set(SIMD plain)
+else()
+  set(SIMD sse2)
+endif()
+target_include_directories(kelvarin-flags INTERFACE
+  ${PROJECT_SOURCE_DIR}/src
+  # The headers simd/*.h, which have a body per kind of processor.
+  ${PROJECT_SOURCE_DIR}/src/platform/${SIMD})
 target_compile_options(kelvarin-flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   # A fused multiply-add rounds once where the time stamps need two roundings.
