@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/DeviceHost.h"
+#include "contract/DeviceHost.h"
 
 class NullSignal : public DM::SignalProxy {
   public:

@@ -3,9 +3,9 @@
 #include <iostream>
 #include <memory>
 
-#include "host/DeviceHost.h"
-#include "host/ImportDllInfo.h"
-#include "host/ImportFilter.h"
+#include "contract/DeviceHost.h"
+#include "contract/ImportDllInfo.h"
+#include "contract/ImportFilter.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/SharedLibrary.h"
 #include "platform/framework/Text.h"

@@ -5,8 +5,8 @@
 #include "analysis/PreviewTableCallbacks.h"
 #include "analysis/SplitLine.h"
 #include "analysis/TypeCandidates.h"
-#include "host/AnalysisObserver.h"
-#include "host/StdioFileEx.h"
+#include "contract/AnalysisObserver.h"
+#include "contract/StdioFileEx.h"
 #include "settings/CsvImportSettings.h"
 
 namespace {
@@ -31,24 +31,14 @@ ColumnList StartColumns(CCsvImportSettings& settings, const CellList& cells,
     return columns;
 }
 
-DataTypeSet SetOf(const std::array<bool, CsvTypeCount>& candidates) {
-    DataTypeSet set = 0;
-    for (std::size_t i = 0; i < candidates.size(); ++i) set |= DataTypeSet{candidates[i]} << i;
-    return set;
-}
-
 // As NarrowTypes, told to the observer. What the cell alone would leave is asked of a column of its own.
 void NarrowObserved(CCsvColumnInfo& info, const char16_t* cell, JudgedCell judged,
                     IAnalysisObserver& observer) {
-    CCsvColumnInfo fresh;
-    fresh.TypeCandidates.fill(true);
-    fresh.Unit = info.Unit;
-    NarrowTypes(fresh, cell);
     judged.Text = cell;
-    judged.Fits = SetOf(fresh.TypeCandidates);
-    judged.Before = SetOf(info.TypeCandidates);
+    judged.Fits = TypesFitting(cell, info.Unit);
+    judged.Before = SetOfTypes(info);
     NarrowTypes(info, cell);
-    judged.After = SetOf(info.TypeCandidates);
+    judged.After = SetOfTypes(info);
     observer.OnCell(judged);
 }
 
@@ -93,11 +83,10 @@ void DropUntypedColumns(CCsvImportSettings& settings) {
 }  // namespace
 
 bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbacks* callbacks,
-                                        std::u16string* timestampText) {
+                                        std::u16string* timestampText, IAnalysisObserver* observer) {
     std::u16string line, joined;
     CellList cells;
-    const Listeners listeners{callbacks, GetAnalysisObserver()};
-    IAnalysisObserver* const observer = listeners.Observer;
+    const Listeners listeners{callbacks, observer};
     file.SeekToBegin(true);
     RemoveDefaultColumns();
     ColumnCount = 0;

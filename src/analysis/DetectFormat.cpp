@@ -6,8 +6,8 @@
 
 #include "analysis/NumberCells.h"
 #include "analysis/SplitLine.h"
-#include "host/AnalysisObserver.h"
-#include "host/StdioFileEx.h"
+#include "contract/AnalysisObserver.h"
+#include "contract/StdioFileEx.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
 
@@ -67,10 +67,9 @@ int FindDataLine(CStdioFileEx& file, int firstLine, int separator, IAnalysisObse
 
 }  // namespace
 
-bool CCsvImportSettings::DetectFormat(CStdioFileEx& file) {
+bool CCsvImportSettings::DetectFormat(CStdioFileEx& file, IAnalysisObserver* observer) {
     std::u16string line;
     SeparatorRuns runs;
-    IAnalysisObserver* const observer = GetAnalysisObserver();
     file.SeekToBegin(true);
     if (!file.ReadString(line)) return false;
     for (int number = 1;;) {

@@ -97,6 +97,21 @@ void NarrowTypes(CCsvColumnInfo& column, const char16_t* cell) {
     }
 }
 
+DataTypeSet SetOfTypes(const CCsvColumnInfo& column) {
+    DataTypeSet set = 0;
+    for (std::size_t i = 0; i < column.TypeCandidates.size(); ++i)
+        set |= DataTypeSet{column.TypeCandidates[i]} << i;
+    return set;
+}
+
+DataTypeSet TypesFitting(const char16_t* cell, const std::u16string& unit) {
+    CCsvColumnInfo column;
+    column.TypeCandidates.fill(true);
+    column.Unit = unit;
+    NarrowTypes(column, cell);
+    return SetOfTypes(column);
+}
+
 void CCsvImportSettings::AnalyzeCell(int column, const char16_t* cell) {
     NarrowTypes(GetColumn(column), cell);
 }

@@ -3,10 +3,10 @@
 
 #include <string>
 
+#include "contract/GuiDialog.h"
 #include "dialog/DescriptionPage.h"
 #include "dialog/OptionPage.h"
 #include "dialog/SignalPage.h"
-#include "host/GuiDialog.h"
 
 // A frame with OK and Cancel around a sheet of two pages, which edit the record directly. The caller keeps a
 // copy to put back unless DoModal answers 1.

@@ -6,6 +6,7 @@
 #include "analysis/PreviewTableCallbacks.h"
 #include "platform/framework/Controls.h"
 #include "platform/framework/PropertySheet.h"
+#include "settings/SettingsTable.h"
 
 class CCsvImportSettings;
 class CSignalPage;
@@ -40,7 +41,6 @@ class COptionPage : public CPropertyPage, public IPreviewTableCallbacks {
   private:
     // Bounds of the first line and of the column numbers.
     static constexpr int LowestNumber = 1;
-    static constexpr int HighestNumber = 999;
 
     // Rules of what is enabled when (OptionPageRules.cpp).
     void EnableControls();

@@ -1,7 +1,7 @@
 // The first timestamp shown on the general page, and its two buttons.
+#include "contract/DialogFunctions.h"
+#include "contract/TimeStamp.h"
 #include "dialog/OptionPage.h"
-#include "host/DialogFunctions.h"
-#include "host/TimeStamp.h"
 #include "platform/framework/Numbers.h"
 #include "resources/AppString.h"
 #include "resources/ResourceIds.h"

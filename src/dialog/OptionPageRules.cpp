@@ -1,8 +1,8 @@
 // Which control of the general page is enabled when.
 #include <iterator>
 
+#include "contract/DialogFunctions.h"
 #include "dialog/OptionPage.h"
-#include "host/DialogFunctions.h"
 #include "resources/ResourceIds.h"
 #include "settings/CsvImportSettings.h"
 

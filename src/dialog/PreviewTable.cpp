@@ -1,8 +1,8 @@
 // The preview table: the file as the present settings cut it, filled by the analysis itself.
+#include "contract/DialogFunctions.h"
+#include "contract/StdioFileEx.h"
 #include "dialog/OptionPage.h"
 #include "dialog/SignalPage.h"
-#include "host/DialogFunctions.h"
-#include "host/StdioFileEx.h"
 #include "resources/ResourceIds.h"
 #include "settings/CsvImportSettings.h"
 

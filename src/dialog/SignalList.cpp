@@ -1,7 +1,7 @@
 // The rows of the signal page and what the user does to their cells.
+#include "contract/DialogFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "dialog/SignalPage.h"
-#include "host/DialogFunctions.h"
-#include "host/SupportFunctions.h"
 #include "platform/framework/Text.h"
 #include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"

@@ -1,7 +1,7 @@
 // The signal page: its life and its two checks.
 #include "dialog/SignalPage.h"
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/DataExchange.h"
 #include "platform/framework/DialogDriver.h"
 #include "resources/AppString.h"

@@ -1,7 +1,7 @@
 // The page that lists the columns which can become signals.
 #pragma once
 
-#include "host/ParamListCtrl.h"
+#include "contract/ParamListCtrl.h"
 #include "platform/framework/PropertySheet.h"
 #include "settings/CsvColumnInfo.h"
 

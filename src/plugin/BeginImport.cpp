@@ -50,8 +50,9 @@ bool CCsvImportFilter::BeginImport() {
             return false;
         }
         if (!MakeDevice() || !MakeSignals()) return false;
-        CollectSampleColumns();
         Times = {};
+        SettleRun();
+        BlankLines = 0;
         if (!SidecarWarning.empty()) AddMessage(false, -2, false, SidecarWarning);
         return true;
     } catch (CFileException* error) {

@@ -1,6 +1,6 @@
 #include "plugin/CsvImportApp.h"
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/Locale.h"
 #include "resources/AppString.h"
 #include "resources/ModuleResources.h"

@@ -1,6 +1,6 @@
 #include "plugin/CsvImportFilter.h"
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/FormatText.h"
 #include "platform/framework/Locale.h"
 #include "resources/AppString.h"
@@ -9,8 +9,14 @@
 
 CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), InfoFile(FilePath) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
+    Offer<ISettingsView>(OptionalInterfaces);
+    Offer<ISidecarTool>(OptionalInterfaces);
+    Offer<ITableReader>(OptionalInterfaces);
+    Offer<ITimeReader>(OptionalInterfaces);
+    Offer<IObservedAnalysis>(OptionalInterfaces);
+    Offer<IObservedRun>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
-    Settings.Description = FormatText(format, LocaleDateToday(), FilePath);
+    Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();
 }
 
@@ -36,9 +42,7 @@ bool CCsvImportFilter::HasOptionDialog() {
 
 void CCsvImportFilter::CopyOptionsFrom(CImportFilter& other) {
     Settings = static_cast<CCsvImportFilter&>(other).Settings;
-    // Nothing of a run may point into the old columns.
-    SampleColumns.clear();
-    Times.Correction.reset();
+    SettledFor.reset();  // nothing of a run may point into the old columns
 }
 
 void CCsvImportFilter::AddFileMessage(unsigned id) {

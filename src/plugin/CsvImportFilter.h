@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "host/ImportFilter.h"
-#include "host/StdioFileEx.h"
+#include "contract/ImportFilter.h"
+#include "contract/StdioFileEx.h"
+#include "plugin/FilterInterfaces.h"
 #include "plugin/SampleWriter.h"
 #include "settings/CellList.h"
 #include "settings/CsvImportSettings.h"
@@ -39,9 +41,11 @@ class CCsvImportFilter : public CImportFilter {
     bool ImportNextLine(std::uint32_t* progress) override;
     void EndImport() override;
 
-    // The settings, for a host that shows them.
+    // What the optional interfaces tell and set.
     const CCsvImportSettings& GetSettings() const { return Settings; }
     const std::u16string& GetSidecarWarning() const { return SidecarWarning; }
+    void ObserveAnalysis(IAnalysisObserver* observer) { AnalysisObserver = observer; }
+    void ObserveRun(IRunObserver* observer) { RunObserver = observer; }
 
   private:
     // Lays the sidecar over the settings, or makes the warning about it.
@@ -70,7 +74,10 @@ class CCsvImportFilter : public CImportFilter {
     // Steps of ImportNextLine.
     void UpdateProgress(std::uint32_t* progress);
     bool SettleRowTime(std::int64_t& time);
+    RowPlace CurrentPlace() const;
+    void TellObserver(const RowTimestamp& row, const char16_t* text);
     void AddRowSamples(std::int64_t time);
+    void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
 
@@ -85,7 +92,14 @@ class CCsvImportFilter : public CImportFilter {
     CFileException FileError{false};  // filled by a failing Open
     CDevice* Device = nullptr;        // of the run; the host's
     RunTimes Times;
-    std::vector<DM::SignalProxy*> Signals;            // per column index, null without signal; the store's
-    std::vector<SampleColumn> SampleColumns;          // the columns that get samples, in order
-    std::vector<const SampleColumn*> RefusedColumns;  // of the row being imported, kept for their storage
+    std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
+    std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
+    std::optional<std::uint32_t> SettledFor;  // ChangeCount of the settings that the run has settled
+    const RefusedCellHandler OnRefusedCell = [this](const SampleColumn& column, const char16_t* cell) {
+        ReportWrongCell(column, cell);
+    };
+    std::uint64_t BlankLines = 0;  // of the run so far
+    CFilterInterfaces OptionalInterfaces{*this};
+    IAnalysisObserver* AnalysisObserver = nullptr;  // the host's; null for none
+    IRunObserver* RunObserver = nullptr;            // the host's; null for none
 };

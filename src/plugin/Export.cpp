@@ -1,9 +1,8 @@
 // The one symbol of the module, and the application object that comes and goes with it.
-#include "host/ImportDllInfo.h"
+#include "contract/ImportDllInfo.h"
+#include "platform/framework/SharedLibrary.h"
 #include "plugin/CsvImportApp.h"
 #include "plugin/CsvImportFactory.h"
-#include "plugin/SidecarTool.h"
-#include "plugin/TableTool.h"
 #include "resources/ModuleResources.h"
 
 namespace {
@@ -24,10 +23,7 @@ const LoadedApp theApp;
 // Hands over the module's record; it belongs to the module, is made at the first call and stays the same.
 extern "C" std::uint32_t GetKelvarinImportDllInfo(CImportDllInfo** info) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
-    static CSidecarTool sidecarTool;
-    static CTableTool tableTool;
-    static CImportDllInfo dllInfo(&theApp, &CsvImportModule(), CreateCsvImportFilter, &sidecarTool,
-                                  &tableTool);
+    static CImportDllInfo dllInfo(ImageOfCode(&theApp), &CsvImportModule(), CreateCsvImportFilter);
     *info = &dllInfo;
     return ImportDllVersion;
 }

@@ -9,8 +9,9 @@ bool CCsvImportFilter::AnalyzeFile() {
 bool CCsvImportFilter::RunAnalysis(bool reportFailure, bool requireColumns) {
     try {
         OpenSourceFile();
-        const bool passed = Settings.DetectFormat(SourceFile) &&
-                            (Settings.AnalyzeColumns(SourceFile, nullptr, nullptr) || !requireColumns);
+        const bool passed =
+            Settings.DetectFormat(SourceFile, AnalysisObserver) &&
+            (Settings.AnalyzeColumns(SourceFile, nullptr, nullptr, AnalysisObserver) || !requireColumns);
         if (!passed && reportFailure) AddFileMessage(IdNoValidFile);
         SourceFile.Close();
         return passed;

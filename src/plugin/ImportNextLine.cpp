@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "analysis/SplitPaddedLine.h"
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
 #include "resources/AppString.h"
@@ -26,11 +26,16 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     try {
         if (!SourceFile.ReadString(LineText)) return false;
+        if (SettledFor != Settings.ChangeCount) SettleRun();
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         const bool blank = IsBlank(LineText);
         LineText.append(Padding, LinePadding);
         SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
-        if (blank && Cells.size() == 1) return true;
+        if (blank && Cells.size() == 1) {
+            if (RunObserver != nullptr) RunObserver->OnBlankLine(CurrentPlace());
+            ++BlankLines;
+            return true;
+        }
         std::int64_t time = NoTimestamp;
         if (SettleRowTime(time)) AddRowSamples(time);
         ++CurrentLine;
@@ -56,17 +61,34 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     if (!result.Accepted) {
         AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
     }
+    if (RunObserver != nullptr) TellObserver(result, text);
     time = result.Time;
     return result.Accepted;
 }
 
+RowPlace CCsvImportFilter::CurrentPlace() const {
+    const auto line = static_cast<std::uint64_t>(CurrentLine);
+    return {line + BlankLines, line};
+}
+
+void CCsvImportFilter::TellObserver(const RowTimestamp& row, const char16_t* text) {
+    if (row.Before1990) RunObserver->OnTimeBefore1990(CurrentPlace(), row.Time);
+    if (row.Accepted) return RunObserver->OnRowStored(CurrentPlace(), row.Time);
+    std::optional<std::int64_t> time;
+    if (row.HasTime) time = row.Time;
+    RunObserver->OnRowDropped(
+        {CurrentPlace(), row.Reason, text, time, std::span(Cells.begin(), Cells.size())});
+}
+
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
-    WriteSamples(SampleColumns, Cells, time, RefusedColumns);
-    for (const SampleColumn* column : RefusedColumns) {
-        const char16_t* const cell = Cells[static_cast<std::size_t>(column->Index)];
-        if (*cell != u'\0') ReportWrongCell(*column, cell);
-    }
-    RefusedColumns.clear();
+    WriteSamples(SampleColumns, Cells, time, OnRefusedCell);
+}
+
+void CCsvImportFilter::SettleRun() {
+    Times.Format.reset();
+    Times.Correction.reset();
+    CollectSampleColumns();
+    SettledFor = Settings.ChangeCount;
 }
 
 void CCsvImportFilter::CollectSampleColumns() {
@@ -84,4 +106,5 @@ void CCsvImportFilter::CollectSampleColumns() {
 void CCsvImportFilter::ReportWrongCell(const SampleColumn& column, const char16_t* cell) {
     AddMessage(false, column.Index, false, LoadAppString(IdWrongCell), cell, column.Info->GetDisplayName(),
                CurrentLine, LoadSubString(IdDataTypeNames, static_cast<unsigned>(column.Type)));
+    if (RunObserver != nullptr) RunObserver->OnCellRefused({CurrentPlace(), column.Index, column.Type, cell});
 }

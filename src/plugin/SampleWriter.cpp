@@ -96,7 +96,7 @@ struct Row {
     std::size_t CellCount;
     std::int64_t Time;
     SampleColumn* End;  // behind the last column
-    std::vector<const SampleColumn*>& Refused;
+    const RefusedCellHandler& OnRefused;
 };
 
 // Writes the columns from `first` on up to the first of another type, whose place it answers. One loop for a
@@ -109,8 +109,8 @@ SampleColumn* WriteRun(SampleColumn* first, const Row& row) {
         const auto index = static_cast<std::size_t>(column->Index);
         if (index >= row.CellCount) {
             column->Signal->AddSample(nullptr, Bytes, row.Time);
-        } else if (!Write(*column, row.Cells[index], row.Time)) {
-            row.Refused.push_back(column);
+        } else if (!Write(*column, row.Cells[index], row.Time) && *row.Cells[index] != u'\0') {
+            row.OnRefused(*column, row.Cells[index]);
         }
     } while (++column != row.End && column->Type == type);
     return column;
@@ -127,8 +127,8 @@ constexpr RunWriter RunWriters[] = {
 }  // namespace
 
 void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
-                  std::vector<const SampleColumn*>& refused) {
+                  const RefusedCellHandler& onRefused) {
     SampleColumn* column = columns.data();
-    const Row row{cells.begin(), cells.size(), time, column + columns.size(), refused};
+    const Row row{cells.begin(), cells.size(), time, column + columns.size(), onRefused};
     while (column != row.End) column = RunWriters[column->Type - CsvTypeBoolean](column, row);
 }

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
-#include "host/DataStore.h"
+#include "contract/DataStore.h"
 #include "settings/CellList.h"
 #include "settings/CsvColumnInfo.h"
 
@@ -17,8 +18,12 @@ struct SampleColumn {
     bool UnitSettled = false;  // the signal has its unit, or never gets one
 };
 
+// Called for a cell that is not of its column's type, as its parser left it; not for one that is empty by
+// then.
+using RefusedCellHandler = std::function<void(const SampleColumn& column, const char16_t* cell)>;
+
 // Adds a row's cells as samples at `time`, one for each column: without a value if the row is too short, or
-// if the cell isn't of the column's type. LinePadding must follow the row's line. Cells may change; a refused
-// one is left as its parser leaves it, and its column is entered into `refused`.
+// if the cell isn't of the column's type, which is reported before the next column's sample. LinePadding must
+// follow the row's line. Cells may change.
 void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
-                  std::vector<const SampleColumn*>& refused);
+                  const RefusedCellHandler& onRefused);

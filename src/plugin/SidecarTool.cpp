@@ -1,20 +1,22 @@
-#include "plugin/SidecarTool.h"
+// Sidecar files made and checked without a dialog.
 
-#include "host/StdioFileEx.h"
-#include "host/XmlString.h"
+#include "contract/StdioFileEx.h"
+#include "contract/XmlString.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "plugin/CsvImportFilter.h"
 #include "settings/CsvImportSettings.h"
-#include "settings/CsvInfoFile.h"
+#include "settings/InfoFileElements.h"
 
 namespace {
 
 // Fills the record's format from the file; false with the reason if there is none to find.
-bool DetectFormatOf(const char16_t* path, CCsvImportSettings& settings, std::string& reason) {
+bool DetectFormatOf(const std::u16string& path, CCsvImportSettings& settings, std::string& reason) {
     CStdioFileEx file;
     CFileException error(false);
     try {
-        if (!file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareExclusive, &error)) throw &error;
+        if (!file.Open(path.c_str(), CFile::modeRead | CFile::typeText | CFile::shareExclusive, &error))
+            throw &error;
         if (settings.DetectFormat(file)) return true;
         reason = "the file is empty";
     } catch (CFileException* failure) {
@@ -24,49 +26,38 @@ bool DetectFormatOf(const char16_t* path, CCsvImportSettings& settings, std::str
     return false;
 }
 
-std::u16string ToText(std::int32_t number) {
-    return Utf8ToUtf16(std::to_string(number));
-}
+// The value of a field as the file itself writes it.
+struct ValueText {
+    const CCsvInfoFile& File;
 
-std::u16string ToText(bool value) {
-    return value ? u"True" : u"False";
-}
-
-// A double as the file itself writes it.
-std::u16string ToText(double number) {
-    DM::XmlString xml(true);
-    xml.WriteOpeningTag("n", false);
-    xml.WriteRealContent(number, false);
-    return Utf8ToUtf16(xml.GetString().substr(3));
-}
-
-std::vector<SidecarField> FieldsOf(const CCsvInfoFile& file) {
-    return {
-        {"START-LINE", ToText(file.StartLine)},         {"SEPARATOR", file.SeparatorText},
-        {"DELIMITER-DECIMAL-POINT", file.DecimalPoint}, {"DELIMITER-MIL", file.ThousandsSeparator},
-        {"TIME-COLUMN", ToText(file.TimeColumn)},       {"MERGE-SEPARATORS", ToText(file.MergeSeparators)},
-        {"IMPORT-HEADER", ToText(file.ImportHeader)},   {"DATE-SETTING", ToText(file.DateSetting)},
-        {"DATE-COLUMN", ToText(file.DateColumn)},       {"START-DATE", file.StartDateText},
-        {"TIME-SETTING", ToText(file.TimeSetting)},     {"TIME-INTERVAL-VALUE", ToText(file.IntervalValue)},
-        {"TIME-INTERVAL-UNIT", file.IntervalUnitText},  {"TIME-ADJUST", file.TimeAdjustText},
-        {"TIME-ADJUST-MODE", ToText(file.AdjustMode)},  {"TIMESTAMP-FORMAT", file.TimestampFormat}};
-}
+    std::u16string operator()(std::u16string CCsvInfoFile::*field) const { return File.*field; }
+    std::u16string operator()(std::int32_t CCsvInfoFile::*field) const {
+        return Utf8ToUtf16(std::to_string(File.*field));
+    }
+    std::u16string operator()(bool CCsvInfoFile::*field) const { return File.*field ? u"True" : u"False"; }
+    std::u16string operator()(double CCsvInfoFile::*field) const {
+        DM::XmlString xml(true);
+        xml.WriteOpeningTag("n", false);
+        xml.WriteRealContent(File.*field, false);
+        return Utf8ToUtf16(xml.GetString().substr(3));
+    }
+};
 
 }  // namespace
 
-bool CSidecarTool::WriteSidecar(const char16_t* sourcePath, std::string& reason) {
+bool CFilterInterfaces::WriteSidecar(std::string& reason) {
     CCsvImportSettings settings;
-    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
-    CCsvInfoFile file(sourcePath);
+    if (!DetectFormatOf(Owner.FilePath, settings, reason)) return false;
+    CCsvInfoFile file(Owner.FilePath);
     file.Read();  // for what only the file knows
     file.TakeFromSettings(settings);
     return file.Replace(reason);
 }
 
-bool CSidecarTool::SaveSidecar(const char16_t* sourcePath, std::string& reason) {
+bool CFilterInterfaces::SaveSidecar(std::string& reason) {
     CCsvImportSettings settings;
-    if (!DetectFormatOf(sourcePath, settings, reason)) return false;
-    CCsvInfoFile file(sourcePath);
+    if (!DetectFormatOf(Owner.FilePath, settings, reason)) return false;
+    CCsvInfoFile file(Owner.FilePath);
     if (file.Read() >= 0) {
         reason = Utf16ToUtf8(PathStripPath(file.GetPath())) + " exists already and stays as it is";
         return false;
@@ -77,7 +68,7 @@ bool CSidecarTool::SaveSidecar(const char16_t* sourcePath, std::string& reason) 
     return file.Replace(reason);
 }
 
-SidecarCheck CSidecarTool::CheckSidecar(const char16_t* sidecarPath) {
+SidecarCheck CFilterInterfaces::CheckSidecar(const char16_t* sidecarPath) {
     CCsvInfoFile file{std::u16string()};
     file.Path = sidecarPath;
     SidecarCheck check;
@@ -89,6 +80,8 @@ SidecarCheck CSidecarTool::CheckSidecar(const char16_t* sidecarPath) {
     check.Revision = diagnosis.Revision;
     check.KnownRevision =
         diagnosis.Revision.empty() || diagnosis.Revision == u"1" || diagnosis.Revision == u"2";
-    if (check.Errors >= 0) check.Fields = FieldsOf(file);
+    if (check.Errors < 0) return check;
+    for (const InfoFileElement& element : InfoFileElements)
+        check.Fields.push_back({element.Name, std::visit(ValueText{file}, element.Field)});
     return check;
 }

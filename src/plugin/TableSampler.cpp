@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "analysis/SplitLine.h"
-#include "host/StdioFileEx.h"
+#include "contract/StdioFileEx.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
 

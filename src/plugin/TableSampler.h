@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/TableTool.h"
+#include "contract/TableReader.h"
 
 class CCsvImportSettings;
 

@@ -2,8 +2,6 @@
 
 namespace {
 
-constexpr char16_t FixedSeparators[FixedSeparatorCount] = {u';', u',', u'\t', u' '};
-
 // True for an entry that an analysis of an untouched column would build again just so.
 bool HoldsOnlyDefaults(const CCsvColumnInfo& column) {
     return column.UserName.empty() && column.UserType == CsvTypeUndefined && column.PreviewWidth == -1 &&
@@ -17,10 +15,6 @@ const char16_t* CellOf(const CellList& cells, int column) {
 }
 
 }  // namespace
-
-char16_t SeparatorCharOf(std::uint32_t index) {
-    return index < FixedSeparatorCount ? FixedSeparators[index] : u'\0';
-}
 
 void CCsvImportSettings::ApplyAutoFormat() {
     if (AutoFormat == 0) return;

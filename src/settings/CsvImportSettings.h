@@ -10,6 +10,7 @@
 #include "settings/CsvColumnInfo.h"
 
 class CStdioFileEx;
+class IAnalysisObserver;
 class IPreviewTableCallbacks;
 
 // Where the date of a row comes from.
@@ -31,8 +32,12 @@ enum ESeparator : int {
 };
 constexpr int FixedSeparatorCount = 4;
 
+inline constexpr char16_t FixedSeparators[FixedSeparatorCount] = {u';', u',', u'\t', u' '};
+
 // The character of a fixed separator index; NUL from index 4 up.
-char16_t SeparatorCharOf(std::uint32_t index);
+constexpr char16_t SeparatorCharOf(std::uint32_t index) {
+    return index < FixedSeparatorCount ? FixedSeparators[index] : u'\0';
+}
 
 // A plain record. Flags are ints holding 0 or 1, since check boxes are bound to them. Column numbers of the
 // user count from 1, keys of ColumnMap from 0. A copy is a record of its own and not among the live ones.
@@ -60,7 +65,7 @@ class CCsvImportSettings {
     int TimeSetting = 0;                      // an ETimeSetting
     int TimeColumn = 0;                       // from 1
     double IntervalValue = 0;                 // step between rows in IntervalUnit
-    int IntervalUnit = 0;                     // 0 h, 1 min, 2 s, 3 ms, 4 µs, 5 ns
+    int IntervalUnit = 0;                     // an index of IntervalUnits
     int Adjust = 0;                           // the correction is on
     std::int64_t AdjustTime = 0;              // seconds since 1970; only the local time of day counts
     int AdjustMode = 0;                       // an EAdjustMode
@@ -69,6 +74,7 @@ class CCsvImportSettings {
     int SaveSidecarFile = 0;                  // OK in the dialog writes the sidecar file
     std::map<int, CCsvColumnInfo> ColumnMap;  // may hold entries at and beyond ColumnCount
     int ColumnCount = 0;                      // cells of the first analysed line; 0 before an analysis
+    std::uint32_t ChangeCount = 0;            // goes up when another record hands its settings on to this one
 
     // --- Profile (SettingsProfile.cpp) ---
 
@@ -117,13 +123,15 @@ class CCsvImportSettings {
     // --- Analysis (folder analysis) ---
 
     // Finds separator, first line and header in the first 100 lines of the open file. False, with nothing
-    // changed, if there is no line. What the file raises passes through.
-    bool DetectFormat(CStdioFileEx& file);
+    // changed, if there is no line. What the file raises passes through. `observer` may be null.
+    bool DetectFormat(CStdioFileEx& file, IAnalysisObserver* observer = nullptr);
 
-    // Reads up to 500 rows under the live format and fills ColumnCount and ColumnMap. Both pointers may be
-    // null: who is told of columns and cells, and what takes the timestamp text of the first data row. False
-    // if the file ends above the table or there is no column. What the file raises passes through.
-    bool AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbacks* callbacks, std::u16string* timestampText);
+    // Reads up to 500 rows under the live format and fills ColumnCount and ColumnMap. Each pointer may be
+    // null: who is told of columns and cells, what takes the timestamp text of the first data row, and who is
+    // told how the types come about. False if the file ends above the table or there is no column. What the
+    // file raises passes through.
+    bool AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbacks* callbacks, std::u16string* timestampText,
+                        IAnalysisObserver* observer = nullptr);
 
     // Narrows the type candidates of a column by one cell.
     void AnalyzeCell(int column, const char16_t* cell);

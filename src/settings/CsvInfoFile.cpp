@@ -3,17 +3,16 @@
 
 #include <cstdio>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "platform/framework/Locale.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
+#include "settings/IntervalUnits.h"
 
 namespace {
 
 constexpr const char16_t* SeparatorTexts[FixedSeparatorCount] = {u";", u",", u"-->", u" "};
-constexpr const char16_t* UnitTexts[] = {u"h", u"min", u"s", u"ms", u"µs", u"ns"};
-constexpr int UnitCount = 6;
 
 // The local date, or the local time of day, of a moment; empty if it has none.
 std::u16string DateText(std::int64_t seconds) {
@@ -73,8 +72,8 @@ void CCsvInfoFile::TakeFromSettings(const CCsvImportSettings& settings) {
     StartDateText = DateText(settings.StartDate);
     TimeSetting = settings.TimeSetting;
     IntervalValue = settings.IntervalValue;
-    if (settings.IntervalUnit >= 0 && settings.IntervalUnit < UnitCount) {
-        IntervalUnitText = UnitTexts[settings.IntervalUnit];
+    if (settings.IntervalUnit >= 0 && settings.IntervalUnit < IntervalUnitCount) {
+        IntervalUnitText = IntervalUnits[settings.IntervalUnit].Name;
     }
     TimeAdjustText = settings.Adjust != 0 ? DaytimeText(settings.AdjustTime) : std::u16string();
     if (settings.Adjust != 0) AdjustMode = settings.AdjustMode;
@@ -97,8 +96,8 @@ void CCsvInfoFile::ApplyToSettings(CCsvImportSettings& settings) const {
     }
     settings.TimeSetting = TimeSetting;
     settings.IntervalValue = IntervalValue;
-    for (int i = 0; i < UnitCount; ++i) {
-        if (IntervalUnitText == UnitTexts[i]) settings.IntervalUnit = i;
+    for (int i = 0; i < IntervalUnitCount; ++i) {
+        if (IntervalUnitText == IntervalUnits[i].Name) settings.IntervalUnit = i;
     }
     settings.Adjust = TimeAdjustText.empty() ? 0 : 1;
     if (!TimeAdjustText.empty()) {

@@ -62,7 +62,7 @@ class CCsvInfoFile {
     std::u16string StartDateText;  // YYYY-MM-DD
     std::int32_t TimeSetting = 0;
     double IntervalValue = 1.0;
-    std::u16string IntervalUnitText = u"s";  // h, min, s, ms, µs, ns
+    std::u16string IntervalUnitText = u"s";  // a name of IntervalUnits
     std::u16string TimeAdjustText;           // HH:mm:ss; empty means no correction
     std::int32_t AdjustMode = 0;
     std::u16string TimestampFormat;
@@ -74,11 +74,8 @@ class CCsvInfoFile {
         std::vector<std::size_t> LineStarts;
     };
 
-    // Reads the elements of each revision; errors count in the text.
+    // Reads the elements of either revision; errors count in the text.
     void ReadElements(DM::XmlString& xml);
-    void ReadRevision1(DM::XmlString& elements);
-    void ReadRevision2(DM::XmlString& elements);
-    void ReadRestOfRevision2(DM::XmlString& elements);
 
     void SetDiagnosis(const SourceText& source, std::size_t offset, const std::string& reason);
 

@@ -6,35 +6,31 @@
 // An absent or empty format-rev, and "1", mean revision 1.
 #include <algorithm>
 
-#include "host/StdioFileEx.h"
-#include "host/XmlString.h"
+#include "contract/StdioFileEx.h"
+#include "contract/XmlString.h"
 #include "platform/framework/FormatText.h"
 #include "platform/framework/Text.h"
-#include "settings/CsvInfoFile.h"
+#include "settings/InfoFileElements.h"
 
 namespace {
 
-constexpr bool Required = true;
-constexpr bool Optional = false;
+// Reads the content of the element found last into a field.
+struct ContentReader {
+    DM::XmlString& Xml;
+    CCsvInfoFile& File;
 
-// Each reads the content of an element into a field, which stays as it is if the element is absent.
-void ReadField(DM::XmlString& xml, const char* name, bool required, std::u16string& field) {
-    if (xml.FindElement(name, false, required)) xml.ReadStringContent(field);
-}
-
-void ReadField(DM::XmlString& xml, const char* name, bool required, std::int32_t& field) {
-    if (xml.FindElement(name, false, required)) xml.ReadIntegerContent(field);
-}
-
-void ReadField(DM::XmlString& xml, const char* name, bool required, double& field) {
-    if (xml.FindElement(name, false, required)) xml.ReadRealContent(field);
-}
-
-void ReadField(DM::XmlString& xml, const char* name, bool required, bool& field) {
-    std::u16string text;
-    if (xml.FindElement(name, false, required) && xml.ReadStringContent(text)) {
-        field = EqualsIgnoreCase(text, u"True");
+    void operator()(std::u16string CCsvInfoFile::*field) const { Xml.ReadStringContent(File.*field); }
+    void operator()(std::int32_t CCsvInfoFile::*field) const { Xml.ReadIntegerContent(File.*field); }
+    void operator()(double CCsvInfoFile::*field) const { Xml.ReadRealContent(File.*field); }
+    void operator()(bool CCsvInfoFile::*field) const {
+        std::u16string text;
+        if (Xml.ReadStringContent(text)) File.*field = EqualsIgnoreCase(text, u"True");
     }
+};
+
+// Reads an element under one of its names. The field stays as it is if the element is absent.
+void ReadElement(DM::XmlString& xml, const char* name, const InfoFileElement& element, CCsvInfoFile& file) {
+    if (xml.FindElement(name, false, element.IsRequired)) std::visit(ContentReader{xml, file}, element.Field);
 }
 
 }  // namespace
@@ -66,51 +62,23 @@ int CCsvInfoFile::Read() {
 }
 
 void CCsvInfoFile::ReadElements(DM::XmlString& xml) {
-    if (!xml.FindElement("CSV-INFO", false, Required)) return;
+    if (!xml.FindElement("CSV-INFO", false, true)) return;
     DM::XmlString elements(true);
     xml.GetXmlSubString(elements, true);
     std::u16string& revision = FirstError.Revision;
     xml.ReadStringAttribute("format-rev", revision, false);
-    if (revision.empty() || revision == u"1") {
-        ReadRevision1(elements);
-    } else if (revision == u"2") {
-        ReadRevision2(elements);
+    const bool isLegacy = revision.empty() || revision == u"1";
+    if (!isLegacy && revision != u"2") return;
+    for (const InfoFileElement& element : InfoFileElements) {
+        if (element.LegacyName == nullptr) continue;
+        ReadElement(elements, isLegacy ? element.LegacyName : element.Name, element, *this);
     }
-}
-
-void CCsvInfoFile::ReadRevision1(DM::XmlString& elements) {
-    ReadField(elements, "LINE-NUMBER-HEADER", Required, StartLine);
-    // These names are misspelt in every file there is.
-    ReadField(elements, "DELIMETER-COUMNS", Required, SeparatorText);
-    ReadField(elements, "DELIMETER-DECIMAL-POINT", Required, DecimalPoint);
-    ReadField(elements, "DELIMETER-MIL-POINT", Required, ThousandsSeparator);
-    ReadField(elements, "SIGNAL-NAME-TIME", Optional, TimeColumn);
-    SetLegacyDefaults();
-}
-
-void CCsvInfoFile::ReadRevision2(DM::XmlString& elements) {
-    ReadField(elements, "START-LINE", Required, StartLine);
-    ReadField(elements, "SEPARATOR", Required, SeparatorText);
-    ReadField(elements, "DELIMITER-DECIMAL-POINT", Required, DecimalPoint);
-    ReadField(elements, "DELIMITER-MIL", Required, ThousandsSeparator);
-    ReadField(elements, "TIME-COLUMN", Optional, TimeColumn);
     // The default format needs the decimal point just read; what follows overrides the defaults.
     SetLegacyDefaults();
-    ReadRestOfRevision2(elements);
-}
-
-void CCsvInfoFile::ReadRestOfRevision2(DM::XmlString& elements) {
-    ReadField(elements, "MERGE-SEPARATORS", Optional, MergeSeparators);
-    ReadField(elements, "IMPORT-HEADER", Optional, ImportHeader);
-    ReadField(elements, "DATE-SETTING", Optional, DateSetting);
-    ReadField(elements, "DATE-COLUMN", Optional, DateColumn);
-    ReadField(elements, "START-DATE", Optional, StartDateText);
-    ReadField(elements, "TIME-SETTING", Optional, TimeSetting);
-    ReadField(elements, "TIME-INTERVAL-VALUE", Optional, IntervalValue);
-    ReadField(elements, "TIME-INTERVAL-UNIT", Optional, IntervalUnitText);
-    ReadField(elements, "TIME-ADJUST", Optional, TimeAdjustText);
-    ReadField(elements, "TIME-ADJUST-MODE", Optional, AdjustMode);
-    ReadField(elements, "TIMESTAMP-FORMAT", Optional, TimestampFormat);
+    if (isLegacy) return;
+    for (const InfoFileElement& element : InfoFileElements) {
+        if (element.LegacyName == nullptr) ReadElement(elements, element.Name, element, *this);
+    }
 }
 
 void CCsvInfoFile::SetLegacyDefaults() {

@@ -1,39 +1,32 @@
 // From the fields to a sidecar of revision 2.
-#include "host/XmlString.h"
+#include "contract/XmlString.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
-#include "settings/CsvInfoFile.h"
+#include "settings/InfoFileElements.h"
 
 namespace {
 
-// Writes elements under the root until one fails.
-class ElementWriter {
-  public:
-    explicit ElementWriter(DM::XmlString& xml) : Xml(xml) {}
+// Writes the content of an element that has just been opened, and before it the attribute with its type.
+struct ContentWriter {
+    DM::XmlString& Xml;
+    const CCsvInfoFile& File;
 
-    void Integer(const char* name, std::int32_t value) {
-        Close(Open(name, u"integer") && Xml.WriteIntegerContent(value, false));
+    bool operator()(std::int32_t CCsvInfoFile::*field) const {
+        return WriteType(u"integer") && Xml.WriteIntegerContent(File.*field, false);
     }
-    void Real(const char* name, double value) {
-        Close(Open(name, u"float") && Xml.WriteRealContent(value, false));
+    bool operator()(double CCsvInfoFile::*field) const {
+        return WriteType(u"float") && Xml.WriteRealContent(File.*field, false);
     }
-    void Text(const char* name, const std::u16string& value) {
-        Close(Open(name, u"string") && Xml.WriteStringContent(value, false));
+    bool operator()(std::u16string CCsvInfoFile::*field) const {
+        return WriteType(u"string") && Xml.WriteStringContent(File.*field, false);
     }
-    void Boolean(const char* name, bool value) {
-        const std::u16string text = value ? u"True" : u"False";
-        Close(Open(name, u"boolean") && Xml.WriteStringContent(text, false));
+    bool operator()(bool CCsvInfoFile::*field) const {
+        const std::u16string text = File.*field ? u"True" : u"False";
+        return WriteType(u"boolean") && Xml.WriteStringContent(text, false);
     }
 
   private:
-    bool Open(const char* name, const char16_t* type) {
-        return Xml.WriteOpeningTag(name, true) && Xml.WriteStringAttribute("xsi:type", type);
-    }
-    void Close(bool complete) {
-        if (complete) Xml.WriteClosingTag(false);
-    }
-
-    DM::XmlString& Xml;
+    bool WriteType(const char16_t* type) const { return Xml.WriteStringAttribute("xsi:type", type); }
 };
 
 std::string MakeXml(const CCsvInfoFile& file) {
@@ -41,25 +34,12 @@ std::string MakeXml(const CCsvInfoFile& file) {
     xml.WriteOpeningTag("CSV-INFO", true);
     xml.WriteStringAttribute("format-rev", u"2");
     xml.WriteStringAttribute("xmlns:xsi", u"http://www.w3.org/2001/XMLSchema-instance");
-    ElementWriter elements(xml);
-    elements.Integer("START-LINE", file.StartLine);
-    elements.Text("SEPARATOR", file.SeparatorText);
-    elements.Text("DELIMITER-DECIMAL-POINT", file.DecimalPoint);
-    elements.Text("DELIMITER-MIL", file.ThousandsSeparator);
-    elements.Integer("TIME-COLUMN", file.TimeColumn);
-    elements.Boolean("MERGE-SEPARATORS", file.MergeSeparators);
-    elements.Boolean("IMPORT-HEADER", file.ImportHeader);
-    elements.Integer("DATE-SETTING", file.DateSetting);
-    if (file.DateSetting == 0) elements.Integer("DATE-COLUMN", file.DateColumn);
-    if (file.DateSetting == 1) elements.Text("START-DATE", file.StartDateText);
-    elements.Integer("TIME-SETTING", file.TimeSetting);
-    elements.Real("TIME-INTERVAL-VALUE", file.IntervalValue);
-    elements.Text("TIME-INTERVAL-UNIT", file.IntervalUnitText);
-    if (!file.TimeAdjustText.empty()) {
-        elements.Text("TIME-ADJUST", file.TimeAdjustText);
-        elements.Integer("TIME-ADJUST-MODE", file.AdjustMode);
+    for (const InfoFileElement& element : InfoFileElements) {
+        if (element.IsWritten != nullptr && !element.IsWritten(file)) continue;
+        const bool isComplete =
+            xml.WriteOpeningTag(element.Name, true) && std::visit(ContentWriter{xml, file}, element.Field);
+        if (isComplete) xml.WriteClosingTag(false);
     }
-    elements.Text("TIMESTAMP-FORMAT", file.TimestampFormat);
     xml.WriteClosingTag(true);
     return xml.GetString();
 }

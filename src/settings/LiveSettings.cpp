@@ -34,5 +34,6 @@ void CCsvImportSettings::CopyToAllInstances() const {
             std::visit([&](const auto& setting) { other->*setting.Field = this->*setting.Field; },
                        SettingsTable[i].Kind);
         }
+        ++other->ChangeCount;
     }
 }

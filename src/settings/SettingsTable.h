@@ -6,6 +6,10 @@
 #include <variant>
 
 #include "settings/CsvImportSettings.h"
+#include "settings/IntervalUnits.h"
+
+// The highest line and column that a setting can name.
+inline constexpr int HighestNumber = 999;
 
 // What the analysis finds for a setting; its start value is that of the setting.
 struct DetectedField {
@@ -59,19 +63,20 @@ inline constexpr Setting SettingsTable[] = {
                               {u"DetectedFirstLine", &CCsvImportSettings::DetectedFirstLine},
                               1,
                               1,
-                              999}},
+                              HighestNumber}},
     {u"ImportHeader", IntSetting{&CCsvImportSettings::ImportHeader,
                                  {u"DetectedHeader", &CCsvImportSettings::DetectedHeader},
                                  1,
                                  0,
                                  1}},
     {u"DateSetting", IntSetting{&CCsvImportSettings::DateSetting, NotDetected, 0, 0, 2}},
-    {u"DateColumn", IntSetting{&CCsvImportSettings::DateColumn, NotDetected, 1, 1, 999}},
+    {u"DateColumn", IntSetting{&CCsvImportSettings::DateColumn, NotDetected, 1, 1, HighestNumber}},
     {u"StartDate", MomentSetting{&CCsvImportSettings::StartDate}},
     {u"TimeSetting", IntSetting{&CCsvImportSettings::TimeSetting, NotDetected, 0, 0, 1}},
-    {u"TimeColumn", IntSetting{&CCsvImportSettings::TimeColumn, NotDetected, 1, 1, 999}},
+    {u"TimeColumn", IntSetting{&CCsvImportSettings::TimeColumn, NotDetected, 1, 1, HighestNumber}},
     {u"IntervalValue", RealSetting{&CCsvImportSettings::IntervalValue, 1.0}},
-    {u"IntervalUnit", IntSetting{&CCsvImportSettings::IntervalUnit, NotDetected, 2, 0, 5}},
+    {u"IntervalUnit",
+     IntSetting{&CCsvImportSettings::IntervalUnit, NotDetected, 2, 0, IntervalUnitCount - 1}},
     {u"Adjust", IntSetting{&CCsvImportSettings::Adjust, NotDetected, 0, 0, 1}},
     {u"AdjustTime", MomentSetting{&CCsvImportSettings::AdjustTime}},
     {u"AdjustMode", IntSetting{&CCsvImportSettings::AdjustMode, NotDetected, 0, 0, 2}},

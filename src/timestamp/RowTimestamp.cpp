@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
-#include "host/DeviceHost.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
+#include "settings/IntervalUnits.h"
 
 namespace {
 
-constexpr std::int64_t UnitNanoseconds[] = {
-    3'600'000'000'000, 60'000'000'000, 1'000'000'000, 1'000'000, 1'000, 1,
-};
-constexpr int LastUnit = 5;
 constexpr std::uint64_t Day = 86'400'000'000'000;
 
 std::int64_t Correction(const CCsvImportSettings& settings, std::int64_t firstRowTime, RunTimes& times) {
@@ -21,7 +17,8 @@ std::int64_t Correction(const CCsvImportSettings& settings, std::int64_t firstRo
 
 // The time of a row from its index; the step is cut to whole nanoseconds once, not at every row.
 std::int64_t IntervalTime(const CCsvImportSettings& settings, std::int64_t row, RunTimes& times) {
-    const std::int64_t unit = UnitNanoseconds[std::clamp(settings.IntervalUnit, 0, LastUnit)];
+    const std::int64_t unit =
+        IntervalUnits[std::clamp(settings.IntervalUnit, 0, IntervalUnitCount - 1)].Nanoseconds;
     const std::int64_t step = DoubleToInt64(static_cast<double>(unit) * settings.IntervalValue);
     const std::int64_t time = WrappingMultiply(step, row);
     if (time == NoTimestamp) return NoTimestamp;
@@ -54,6 +51,13 @@ std::int64_t BaseTime(IRelativeTimeContext& context, RunTimes& times) {
     return *times.Base;
 }
 
+// Why a row that has a time isn't stored.
+DropReason ReasonOf(const CCsvImportSettings& settings, std::int64_t time, std::int64_t last) {
+    if (time > MaxTimestamp || last == 0) return DropReason::OutOfRange;
+    if (settings.TimeSetting == TimeInterval) return DropReason::NoStep;
+    return time == last ? DropReason::Repeats : DropReason::Falls;
+}
+
 }  // namespace
 
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
@@ -61,7 +65,11 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
     RowTimestamp result;
     std::int64_t time = settings.TimeSetting == TimeInterval ? IntervalTime(settings, row, times)
                                                              : TextTime(settings, row, text, times);
-    if (time == NoTimestamp) return result;
+    if (time == NoTimestamp) {
+        if (settings.TimeSetting == TimeInterval) result.Reason = DropReason::NoStep;
+        return result;
+    }
+    result.HasTime = true;
     if (settings.DateSetting == DateNone) {
         time = WrappingAdd(time, BaseTime(context, times));
     } else {
@@ -69,6 +77,10 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
     }
     result.Time = time;
     result.Accepted = time > times.LastTime && time <= MaxTimestamp;
-    if (result.Accepted) times.LastTime = time;
+    if (result.Accepted) {
+        times.LastTime = time;
+    } else {
+        result.Reason = ReasonOf(settings, time, times.LastTime);
+    }
     return result;
 }

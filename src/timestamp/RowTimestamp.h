@@ -4,19 +4,12 @@
 #include <cstdint>
 #include <optional>
 
+#include "contract/FixedTimes.h"
+#include "contract/RunObserver.h"
 #include "timestamp/TimestampFormat.h"
 
 class CCsvImportSettings;
 class IRelativeTimeContext;
-
-// 01.01.1980 00:00 at UTC+1: base of relative measurement time if the host's base is fixed. Nanoseconds.
-constexpr std::int64_t RelativeTimeEpoch = 315'529'200'000'000'000;
-
-// 01.01.1990 00:00 at UTC+1: the host can't process absolute times before it.
-constexpr std::int64_t AbsoluteTimeLimit = 631'148'400'000'000'000;
-
-// The greatest timestamp that is accepted.
-constexpr std::int64_t MaxTimestamp = 0x3FFFFFFFFFFFFFFF;
 
 // The times of one run, carried from row to row. What comes from the settings or the host is the same for all
 // rows of a run and is settled at the first that needs it.
@@ -31,12 +24,14 @@ struct RunTimes {
 // What became of a row.
 struct RowTimestamp {
     std::int64_t Time = NoTimestamp;
-    bool Accepted = false;    // the row's samples are stored under Time
-    bool Before1990 = false;  // an absolute time below the limit, accepted or not
+    bool Accepted = false;                       // the row's samples are stored under Time
+    bool Before1990 = false;                     // an absolute time below the limit, accepted or not
+    bool HasTime = false;                        // Time is one, accepted or not; else nothing was read
+    DropReason Reason = DropReason::DoesNotFit;  // if it isn't accepted
 };
 
-// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`,
-// which has ValuePadding readable units behind it. An accepted
-// row becomes times.LastTime. All arithmetic wraps at 64 bits.
+// Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`, after which
+// ValuePadding units are readable. The time of an accepted row becomes times.LastTime. All arithmetic wraps
+// at 64 bits.
 RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
                               IRelativeTimeContext& context, RunTimes& times);

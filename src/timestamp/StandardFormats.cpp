@@ -1,6 +1,6 @@
 #include "timestamp/StandardFormats.h"
 
-#include "host/DialogFunctions.h"
+#include "contract/DialogFunctions.h"
 #include "platform/framework/Text.h"
 #include "resources/ModuleResources.h"
 #include "resources/ResourceIds.h"

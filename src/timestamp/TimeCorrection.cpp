@@ -1,5 +1,5 @@
 // What the settings add to the time of every row.
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "platform/framework/Numbers.h"
 #include "settings/CsvImportSettings.h"
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "platform/framework/Exceptions.h"
 #include "platform/framework/Numbers.h"
 #include "timestamp/TimestampFormat.h"

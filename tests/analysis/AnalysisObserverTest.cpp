@@ -1,17 +1,14 @@
 // What the analysis tells while it decides, and that telling changes nothing.
-#include "host/AnalysisObserver.h"
+#include "contract/AnalysisObserver.h"
 #include "kit/CheckRows.h"
 #include "kit/MemoryFile.h"
 #include "kit/TestProfile.h"
 
 namespace {
 
-// Writes down what it is told for as long as it lives.
+// Writes down what it is told.
 class Transcript : public IAnalysisObserver {
   public:
-    Transcript() { SetAnalysisObserver(this); }
-    ~Transcript() override { SetAnalysisObserver(nullptr); }
-
     std::string Text;
 
   private:
@@ -60,7 +57,7 @@ TEST(AnalysisObserver, HearsHowTheFormatIsFound) {
             CCsvImportSettings settings = MakeSettings();
             MemoryFile file(text);
             Transcript transcript;
-            settings.DetectFormat(file);
+            settings.DetectFormat(file, &transcript);
             return transcript.Text;
         });
 }
@@ -74,7 +71,7 @@ TEST(AnalysisObserver, HearsWhichCellTookWhichType) {
             CCsvImportSettings settings = MakeSettings({"Separator=0", "ImportHeader=1"});
             MemoryFile file(text);
             Transcript transcript;
-            settings.AnalyzeColumns(file, nullptr, nullptr);
+            settings.AnalyzeColumns(file, nullptr, nullptr, &transcript);
             return transcript.Text;
         });
 }
@@ -88,9 +85,8 @@ TEST(AnalysisObserver, ChangesNothingByListening) {
         for (std::string& result : results) {
             CCsvImportSettings settings = MakeSettings({"Separator=0", "ImportHeader=1"});
             MemoryFile file(text);
-            std::optional<Transcript> transcript;
-            if (&result == results) transcript.emplace();
-            settings.AnalyzeColumns(file, nullptr, nullptr);
+            Transcript transcript;
+            settings.AnalyzeColumns(file, nullptr, nullptr, &result == results ? &transcript : nullptr);
             for (const auto& [index, info] : settings.ColumnMap) {
                 result +=
                     std::to_string(index) + ":" + std::to_string(info.DetectedType) + Utf16ToUtf8(info.Unit);

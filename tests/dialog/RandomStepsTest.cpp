@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "host/ParamListCtrl.h"
+#include "contract/ParamListCtrl.h"
 #include "kit/Workdir.h"
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/PropertySheet.h"

@@ -3,8 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "app/DialogScript.h"
-#include "app/SettingsJson.h"
+#include "cli/DialogScript.h"
+#include "cli/report/SettingsJson.h"
 #include "fuzz/kit/Check.h"
 #include "plugin/CsvImportFilter.h"
 
@@ -24,10 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         CCsvImportFilter filter(path.c_str());
         Check(filter.AnalyzeFile(), "the file is analysed");
         const auto everything = [&] {
-            return SettingsToJson(filter.GetSettings()).dump() + ColumnsToJson(filter.GetSettings()).dump();
+            return kelvarin::cli::SettingsToJson(filter.GetSettings()).dump() +
+                   kelvarin::cli::ColumnsToJson(filter.GetSettings()).dump();
         };
         const std::string before = everything();
-        DialogScript driver(script, out, filter);
+        kelvarin::cli::DialogScript driver(script, out, filter);
         SetDialogDriver(&driver);
         const std::int64_t result = filter.ShowOptionDialog();
         SetDialogDriver(nullptr);

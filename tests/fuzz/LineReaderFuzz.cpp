@@ -5,8 +5,8 @@
 #include <cstring>
 #include <vector>
 
+#include "contract/StdioFileEx.h"
 #include "fuzz/kit/Check.h"
-#include "host/StdioFileEx.h"
 #include "kit/FileFaults.h"
 #include "platform/framework/Text.h"
 #include "platform/support/Windows1252.h"

@@ -3,11 +3,12 @@
 
 #include <charconv>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <vector>
 
-#include "host/DataStore.h"
-#include "host/DeviceHost.h"
+#include "contract/DataStore.h"
+#include "contract/DeviceHost.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/Text.h"
 
@@ -22,6 +23,7 @@ class FakeSignal : public DM::SignalProxy {
     std::u16string GetUnit() const override { return Unit; }
     void SetUnit(const char16_t* unit) override { Unit = unit; }
     DM::EResult AddSample(const void* data, std::uint32_t size, std::int64_t time) override {
+        if (OnSample) OnSample();
         if (RefusesSamples) return DM::ResultRefused;
         ++Count;
         TimesRise &= Count == 1 || time > LastTime;
@@ -42,6 +44,7 @@ class FakeSignal : public DM::SignalProxy {
     int Count = 0;
     std::int64_t LastTime = 0;
     bool RefusesSamples = false, TimesRise = true;
+    std::function<void()> OnSample;  // called before a sample is taken; may be empty
 
   private:
     // A value as its type wants it; "none(8)" without data.

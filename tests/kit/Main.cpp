@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "kit/MemoryProfile.h"
 #include "plugin/CsvImportApp.h"
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "host/StdioFileEx.h"
+#include "contract/StdioFileEx.h"
 
 class MemoryFile : public CStdioFileEx {
   public:

@@ -99,4 +99,59 @@ TEST(Samples, LeaveOtherColumnsAloneAndAUnitThatTheSignalHas) {
                                   WrongCell(2, "z", "c", 4, "Ganzzahl"));
 }
 
+TEST(Samples, FollowTheMessageOfTheColumnBefore) {
+    ImportRun run("a;b;c\n1;2;3\n\nx;5;y\n");
+    ASSERT_TRUE(run.Filter->BeginImport());
+    ASSERT_TRUE(run.Next() && run.Next());
+    std::string heard;
+    for (std::size_t i = 0; i < 3; ++i) {
+        run.Host.Signals[i]->OnSample = [&, i] {
+            heard += std::to_string(i) + "> ";
+            for (const ImportMessage& message : run.Filter->TakeMessages())
+                heard += "message of " + std::to_string(message.Column) + " ";
+        };
+    }
+    ASSERT_TRUE(run.Next());
+    EXPECT_EQ(heard, "0> 1> message of 0 2> ");
+    EXPECT_EQ(run.Messages(), WrongCell(2, "y", "c", 3, "Ganzzahl"));
+}
+
+// Another filter's dialog may hand its settings on while a run is at its third row.
+TEST(Samples, FollowSettingsThatChangeDuringTheRun) {
+    constexpr const char* Rows = "t;u;n\n1;1000;5\n2;2000;6\n3;3000;7\n4;4000;8\n";
+    const struct {
+        const char* Change;
+        SettingList Settings;
+        const char* Samples;  // of the columns u and n, after the change
+    } cases[] = {
+        {"nothing", {}, "u: 1=1000 2=2000 3=3000 4=4000\nn: 1=5 2=6 3=7 4=8\n"},
+        {"the format",
+         {"TimestampFormat=[µs]"},
+         "u: 1=1000 2=2000 3000=3000 4000=4000\nn: 1=5 2=6 3000=7 4000=8\n"},
+        {"the correction",
+         {"Adjust=1", "AdjustMode=1", "AdjustTime=86400"},
+         "u: 1=1000 2=2000 3=3000 4=4000\nn: 1=5 2=6 3=7 4=8\n"},
+        {"the time's column", {"TimeColumn=2"}, "u: 1=1000 2=2000\nn: 1=5 2=6 3000=7 4000=8\n"},
+        {"to an interval",
+         {"TimeSetting=1", "IntervalUnit=4"},
+         "u: 1=1000 2=2000 2000=3000 3000=4000\nn: 1=5 2=6 2000=7 3000=8\n"},
+        {"the separator", {"Separator=1"}, "u: 1=1000 2=2000\nn: 1=5 2=6\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Change);
+        const SettingList before = {"TimeSetting=0", "TimeColumn=1", "TimestampFormat=[ns]"};
+        ImportRun run(Rows, before);
+        run.Host.BaseTime = 0;
+        ASSERT_TRUE(run.Filter->BeginImport());
+        ASSERT_TRUE(run.Next() && run.Next());
+        const TestProfile profile(Joined(
+            Joined({"AutoFormat=0", "Separator=0", "ImportHeader=1", "DateSetting=2", "IntervalUnit=5"},
+                   before),
+            c.Settings));
+        CCsvImportSettings().CopyToAllInstances();
+        while (run.Next()) continue;
+        EXPECT_EQ(run.Host.DescribeSamples(), c.Samples);
+    }
+}
+
 }  // namespace

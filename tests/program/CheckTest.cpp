@@ -40,7 +40,7 @@ struct FindingCase {
     const char* Remedy;    // a part of one; empty: none is asked for
 };
 
-// "repeatedTime:4,5 (dateOrder)" for a document of the check.
+// "repeats (dateOrder)" for a document of the check.
 std::string Kinds(const Json& document) {
     std::string kinds;
     for (const Json& finding : document["findings"]) {
@@ -54,37 +54,37 @@ TEST(Check, FindsWhatAnImportLoses) {
     const std::string head = "Zeit;n\n";
     const FindingCase cases[] = {
         {"clean", head + Rows(20, 1), {Dated}, 0, "(dateOrder)", ""},
-        {"no format", head + Rows(3, 1), {}, 3, "unreadableTime", "TimestampFormat=TT.MM.JJJJ hh:mm:ss"},
+        {"no format", head + Rows(3, 1), {}, 3, "unreadable", "TimestampFormat=TT.MM.JJJJ hh:mm:ss"},
         {"day and month exchanged",
          head + Rows(3, 1),
          {"TimestampFormat=MM.TT.JJJJ hh:mm:ss"},
          3,
-         "unreadableTime",
+         "unreadable",
          "'TimestampFormat=TT.MM.JJJJ hh:mm:ss'"},
         {"other mark",
          head + "13.02.2024 8:00:00.5;1\n13.02.2024 8:00:01.5;2\n",
          {"TimestampFormat=TT.MM.JJJJ hh:mm:ss,0"},
          3,
-         "unreadableTime",
+         "unreadable",
          "hh:mm:ss.0"},
         {"ten rows a second",
          head + Rows(100, 1, 10),
          {Dated},
          3,
-         "repeatedTime (dateOrder)",
+         "repeats (dateOrder)",
          "IntervalValue=100 --set IntervalUnit=3"},
-        {"two sources", head + Rows(40, 600, 2), {Dated}, 3, "repeatedTime (dateOrder)", "split the file"},
+        {"two sources", head + Rows(40, 600, 2), {Dated}, 3, "repeats (dateOrder)", "split the file"},
         {"backwards",
          head + "15.02.2024 8:00:00;1\n14.02.2024 8:00:00;2\n13.02.2024 8:00:00;3\n",
          {Dated},
          3,
-         "fallingTime (dateOrder)",
+         "falls (dateOrder)",
          "tail -n +2 FILE | tac"},
         {"summer time ends",
          head + "27.10.2024 2:59:00;1\n27.10.2024 2:00:00;2\n27.10.2024 3:00:00;3\n",
          {Dated},
          3,
-         "fallingTime (dateOrder)",
+         "falls (dateOrder)",
          "summer time"},
         {"gap",
          head + Rows(20, 1) + "13.02.2024 8:01:00;1\n13.02.2024 8:01:01;1\n",
@@ -98,7 +98,7 @@ TEST(Check, FindsWhatAnImportLoses) {
          3,
          "unreadableAtEnd (dateOrder) (blankLines)",
          "no loss"},
-        {"empty rows", head + Rows(5, 1) + ";\n", {Dated}, 0, "(emptyRow) (dateOrder)", ""},
+        {"empty rows", head + Rows(5, 1) + ";\n", {Dated}, 0, "(empty) (dateOrder)", ""},
         {"refused cells",
          head + Rows(600, 1) + "13.02.2024 9:00:00;x\n",
          {Dated},

@@ -20,7 +20,7 @@ struct Scenario {
     const char* What;
     std::string File;
     std::vector<std::string> Options;
-    const char* Script;
+    std::string Script;
 };
 
 // Runs the script and compares each "?" line with the dump made there; "?/result 1" asks for the end.
@@ -76,8 +76,10 @@ TEST(Dialog, FollowsTheUser) {
          German,
          {},
          "type 1015 2\nleave\n?/controls/1020/items/1 \"TT.MM.JJJJ; hh:mm:ss,000\"\nselect 1020 1\n"
-         "?/controls/1052/text \"02/01/24  10:00:00.000000000\"\n?/preview/columns/1/heading \"Uhrzeit\"\n"
-         "?/settings/TimestampFormat \"TT.MM.JJJJ; hh:mm:ss,000\"\n"},
+         "?/controls/1052/text \"" +
+             ShownTime(2024, 2, 1, 10, 0, 0) +
+             ".000000000\"\n?/preview/columns/1/heading \"Uhrzeit\"\n"
+             "?/settings/TimestampFormat \"TT.MM.JJJJ; hh:mm:ss,000\"\n"},
         {"the time column first puts the time first",
          German,
          {},
@@ -111,7 +113,10 @@ TEST(Dialog, FollowsTheUser) {
          {},
          "click 1059\n?/controls/1064/enabled true\nclick 1064\n?/settings/StartDate "
          "0\n?/controls/1040/value \"1970-01-01 01:00:00\"\n"
-         "date 1040 1960-05-05\n?/settings/StartDate 0\n?/controls/1040/value \"1970-01-01 01:00:00\"\n"},
+         "type 1020 [s],000\n?/controls/1052/text \"" +
+             ShownTime(1970, 1, 1, 1, 0, 0) +
+             ".500000000\"\n"
+             "date 1040 1960-05-05\n?/settings/StartDate 0\n?/controls/1040/value \"1970-01-01 01:00:00\"\n"},
         {"signals are named, typed and unticked",
          German,
          {},

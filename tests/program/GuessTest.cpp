@@ -39,7 +39,7 @@ TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
          1707001200},
         {"t;v\n13.02.2024;1\n14.02.2024;2\n15.02.2024;3\nsum;6\n", "TT.MM.JJJJ", "likely", "line 5", 3,
          1707778800},
-        // Numbers: the unit from the name, else from the size; since 1970 exact in any zone.
+        // Numbers: the unit from the name, else from the size; or seconds since 1970.
         {"x;time [ms];v\na;0,5;1\na;0,75;2\na;1,25;3\na;2;4\n", "[ms],000", "certain", "", 4, -1},
         {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n", "[s],000", "likely", "no unit", 3, -1},
         {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs],000", "guess", "no unit", 3,
@@ -94,6 +94,20 @@ TEST(GuessTime, StepsBackBehindWhatTheUserSet) {
     EXPECT_EQ(document["signals"][0]["count"], 2) << "2 January lies a month behind 1 January";
     EXPECT_FALSE(Json::parse(run({"--json", "data.csv"}).Out).contains("guess"));
     EXPECT_EQ(run({"--save", "data.csv"}).Status, 2);
+}
+
+// Seconds since 1970 need no correction in any zone, and the sidecar keeps what they count from.
+TEST(GuessTime, CountsFrom1970InUtc) {
+    const ProgramRun run;
+    run.Write("data.csv", "t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n");
+    const Json first =
+        Json::parse(run({"--guess-time", "--save", "--json", "--samples", "1", "data.csv"}).Out);
+    EXPECT_EQ(
+        first["guess"]["settings"].dump(),
+        R"({"DateSetting":"1","StartDate":"0","TimeSetting":"0","TimeColumn":"1","TimestampFormat":"[s].000"})");
+    EXPECT_EQ(first["signals"][0]["samples"][0][0], 1706778000250000000);
+    const Json later = Json::parse(run({"--json", "--samples", "1", "data.csv"}).Out);
+    EXPECT_EQ(later["signals"].dump(), first["signals"].dump());
 }
 
 // With a header and without one the next run reads the same rows.

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "app/many/FileList.h"
+#include "host/SourceFiles.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -22,7 +22,7 @@ TEST(ManyFiles, PatternsKnowStarsAndQuestionMarks) {
         {"", "*", true},          {"a", "", false},           {"run-07.txt", "run-0?.*", true},
     };
     for (const PatternCase& c : cases) {
-        EXPECT_EQ(MatchesPattern(c.Name, c.Pattern), c.Fits) << c.Name << " by " << c.Pattern;
+        EXPECT_EQ(kelvarin::MatchesPattern(c.Name, c.Pattern), c.Fits) << c.Name << " by " << c.Pattern;
     }
 }
 

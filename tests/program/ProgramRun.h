@@ -13,6 +13,9 @@ struct ProgramResult {
     std::string Err;
 };
 
+// A date and time of day as the runs show them, by the C locale or the user's settings on Windows.
+std::string ShownTime(int year, int month, int day, int hour, int minute, int second);
+
 // A folder with files, and runs of the program in it. The user's profile is empty, the zone is Central Europe
 // and the locale is C, whatever the machine has.
 class ProgramRun {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 #include "platform/framework/Module.h"
 #include "resources/ResourceIds.h"
 

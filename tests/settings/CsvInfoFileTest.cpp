@@ -8,7 +8,7 @@
 #include <random>
 #include <sstream>
 
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 #include "kit/Workdir.h"
 #include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"

@@ -1,7 +1,7 @@
 // Lines of a text file: from bytes to text and positions, across the blocks of the reader.
 #include <gtest/gtest.h>
 
-#include "host/StdioFileEx.h"
+#include "contract/StdioFileEx.h"
 #include "kit/Workdir.h"
 #include "platform/framework/Text.h"
 

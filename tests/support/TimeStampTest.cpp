@@ -1,5 +1,5 @@
 // Time stamps: calendar and nanoseconds, in whatever zone the tests run.
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 
 #include <gtest/gtest.h>
 

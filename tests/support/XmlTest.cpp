@@ -1,5 +1,5 @@
 // XML text written element by element, and what counts as well-formed.
-#include "host/XmlString.h"
+#include "contract/XmlString.h"
 #include "kit/CheckRows.h"
 #include "platform/support/XmlDocument.h"
 

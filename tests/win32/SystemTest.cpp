@@ -1,8 +1,13 @@
-// What only this system has: the registry as profile, and one user of a file at a time.
+// What only this system has: the registry as profile, one user of a file at a time, and the user's regional
+// settings.
 #include <gtest/gtest.h>
 
+#include <clocale>
+
+#include "contract/TimeStamp.h"
 #include "kit/Workdir.h"
 #include "platform/framework/File.h"
+#include "platform/framework/Locale.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/ProfileStore.h"
 #include "platform/framework/SharedLibrary.h"
@@ -29,6 +34,35 @@ class OwnRegistry {
   private:
     HKEY Key = nullptr;
 };
+
+// One of the user's regional settings is another while the object lives.
+class OwnSetting {
+  public:
+    OwnSetting(LCTYPE type, const wchar_t* value) : Type(type) {
+        GetLocaleInfoW(LOCALE_USER_DEFAULT, type, Before, static_cast<int>(std::size(Before)));
+        SetLocaleInfoW(LOCALE_USER_DEFAULT, type, value);
+    }
+    OwnSetting(const OwnSetting&) = delete;
+    OwnSetting& operator=(const OwnSetting&) = delete;
+    ~OwnSetting() { SetLocaleInfoW(LOCALE_USER_DEFAULT, Type, Before); }
+
+  private:
+    const LCTYPE Type;
+    wchar_t Before[80] = {};
+};
+
+TEST(RegionalSettings, SayHowTimesAreWritten) {
+    {
+        const OwnSetting date(LOCALE_SSHORTDATE, L"dd.MM.yyyy");
+        const OwnSetting time(LOCALE_STIMEFORMAT, L"HH-mm-ss");
+        const CTimeStamp stamp(2024, 2, 1, 15, 4, 5, 600);
+        UseUserLocale();
+        EXPECT_EQ(stamp.Format(u"%x  %X.%ns", 0, true, false), u"01.02.2024  15-04-05.600");
+        std::setlocale(LC_ALL, "C");
+        EXPECT_EQ(stamp.Format(u"%x  %X.%ns", 0, true, false), u"02/01/24  15:04:05.600");
+    }
+    UseUserLocale();
+}
 
 TEST(Registry, KeepsValuesOfThreeKinds) {
     const OwnRegistry registry;

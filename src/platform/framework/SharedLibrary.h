@@ -28,5 +28,9 @@ std::u16string ModuleFileName(const std::u16string& name);
 // end; the program's if that can't be told.
 std::u16string FolderOfCode(const void* address);
 
+// Where the module or program begins in memory in which a static object or function lies; on Windows that is
+// its HINSTANCE. Null if that can't be told.
+const void* ImageOfCode(const void* address);
+
 // The folder of the program that runs, without a separator at its end.
 std::u16string ProgramFolder();

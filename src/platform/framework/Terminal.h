@@ -1,6 +1,7 @@
 // The terminal that a program talks to, if there is one.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -19,5 +20,6 @@ std::size_t OutputWidth();
 // From now on Ctrl-C only sets a flag. A second Ctrl-C ends the program at once.
 void CatchInterrupt();
 
-// True after Ctrl-C.
+// True after Ctrl-C. The flag becomes true at that moment.
 bool WasInterrupted();
+const std::atomic<bool>& InterruptFlag();

@@ -1,4 +1,4 @@
-#include "host/DataStore.h"
+#include "contract/DataStore.h"
 
 std::uint32_t SizeOfKelvarinType(std::uint32_t type) {
     switch (type) {

@@ -1,4 +1,4 @@
-#include "host/DialogFunctions.h"
+#include "contract/DialogFunctions.h"
 
 #include "platform/framework/DialogDriver.h"
 

@@ -1,6 +1,6 @@
-#include "host/ImportFilter.h"
+#include "contract/ImportFilter.h"
 
-#include <utility>
+#include <string_view>
 
 #include "platform/framework/FrameworkStrings.h"
 #include "platform/framework/Module.h"
@@ -26,6 +26,13 @@ void CImportFilter::AddWriteErrorMessage() {
     AddMessage(true, -1, false,
                LoadFrameworkString(IdStoreFailed,
                                    u"Beim Schreiben in den Datenspeicher ist ein Fehler aufgetreten."));
+}
+
+void* CImportFilter::FindInterface(const char* id) const {
+    for (const auto& [offered, interface] : Interfaces) {
+        if (std::string_view(offered) == id) return interface;
+    }
+    return nullptr;
 }
 
 void CImportFilter::AddMessageText(bool failure, int column, bool, std::u16string text) {

@@ -1,4 +1,4 @@
-#include "host/ParamListCtrl.h"
+#include "contract/ParamListCtrl.h"
 
 #include <algorithm>
 #include <numeric>

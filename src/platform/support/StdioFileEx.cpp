@@ -1,4 +1,4 @@
-#include "host/StdioFileEx.h"
+#include "contract/StdioFileEx.h"
 
 #include "platform/support/LineReader.h"
 

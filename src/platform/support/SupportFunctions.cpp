@@ -1,6 +1,6 @@
-#include "host/SupportFunctions.h"
+#include "contract/SupportFunctions.h"
 
-#include "host/DialogFunctions.h"
+#include "contract/DialogFunctions.h"
 #include "platform/framework/Language.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/Path.h"

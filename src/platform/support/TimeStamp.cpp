@@ -1,4 +1,4 @@
-#include "host/TimeStamp.h"
+#include "contract/TimeStamp.h"
 
 #include <cstdio>
 #include <initializer_list>
@@ -29,6 +29,13 @@ bool Exists(const LocalTime& t) {
     if (t.Year < 1 || t.Year > 9999 || t.Month < 1 || t.Month > 12) return false;
     if (t.Day < 1 || t.Day > DaysOfMonth(t.Year, t.Month)) return false;
     return t.Hour >= 0 && t.Hour < 24 && t.Minute >= 0 && t.Minute < 60 && t.Second >= 0 && t.Second < 60;
+}
+
+// True on the local date of the moment 0.
+bool IsEpochDate(const LocalTime& t) {
+    LocalTime origin{};
+    ToLocalTime(0, origin);
+    return t.Year == origin.Year && t.Month == origin.Month && t.Day == origin.Day;
 }
 
 // The part of a date and time that a letter of a format stands for, or null.
@@ -62,6 +69,15 @@ std::u16string PaddedText(std::uint64_t number, std::size_t digits) {
     std::string text = std::to_string(number);
     if (text.size() < digits) text.insert(0, digits - text.size(), '0');
     return Utf8ToUtf16(text);
+}
+
+// The last local midnight up to a moment, both in seconds since 1970.
+std::int64_t MidnightUpTo(std::int64_t seconds) {
+    LocalTime local{};
+    ToLocalTime(seconds, local);
+    // Clocks set back just after midnight show the evening of the day before once more.
+    const std::int64_t next = FromLocalTime({local.Year, local.Month, local.Day + 1, 0, 0, 0});
+    return next <= seconds ? next : FromLocalTime({local.Year, local.Month, local.Day, 0, 0, 0});
 }
 
 std::u16string Filled(std::u16string text, std::initializer_list<Placeholder> placeholders) {
@@ -111,7 +127,12 @@ bool CTimeStamp::fromString(const std::u16string& text, const std::u16string& fo
         before = format[i];
     }
     if (!Exists(local)) return false;
-    Nanoseconds = WrappingMultiply(FromLocalTime(local), NanosecondsPerSecond);
+    const bool isDateAlone = format.find_first_of(u"Hms") == std::u16string::npos;
+    if (isDateAlone && IsEpochDate(local)) {
+        Nanoseconds = 0;
+    } else {
+        Nanoseconds = WrappingMultiply(FromLocalTime(local), NanosecondsPerSecond);
+    }
     return true;
 }
 
@@ -119,16 +140,22 @@ CTime CTimeStamp::GetCTime() const {
     return CTime{FloorSeconds(Nanoseconds)};
 }
 
-std::int64_t CTimeStamp::DaytimeToTIME(bool) const {
+std::int64_t CTimeStamp::DaytimeToTIME(bool local) const {
     const std::int64_t seconds = FloorSeconds(Nanoseconds);
-    LocalTime local{};
-    ToLocalTime(seconds, local);
-    const std::int64_t daytime = (local.Hour * 60 + local.Minute) * 60 + local.Second;
+    std::int64_t daytime = 0;
+    if (local) {
+        LocalTime shown{};
+        ToLocalTime(seconds, shown);
+        daytime = (shown.Hour * 60 + shown.Minute) * 60 + shown.Second;
+    } else {
+        daytime = seconds - MidnightUpTo(seconds);
+    }
     return daytime * NanosecondsPerSecond +
            WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond));
 }
 
 std::int64_t CTimeStamp::DateToTIME() const {
+    if (Nanoseconds == 0) return 0;
     LocalTime local{};
     ToLocalTime(FloorSeconds(Nanoseconds), local);
     return WrappingMultiply(FromLocalTime({local.Year, local.Month, local.Day, 0, 0, 0}),
@@ -148,15 +175,9 @@ std::u16string CTimeStamp::ToText() const {
 
 std::u16string CTimeStamp::Format(const std::u16string& format, int, bool, bool) const {
     const std::int64_t seconds = FloorSeconds(Nanoseconds);
-    LocalTime local{};
-    ToLocalTime(seconds, local);
-    char date[64];
-    char time[64];
-    std::snprintf(date, sizeof date, "%02d/%02d/%02d", local.Month, local.Day, local.Year % 100);
-    std::snprintf(time, sizeof time, "%02d:%02d:%02d", local.Hour, local.Minute, local.Second);
     const auto fraction = WrappingSubtract(Nanoseconds, WrappingMultiply(seconds, NanosecondsPerSecond));
     return Filled(FillFraction(format, static_cast<std::uint64_t>(fraction)),
-                  {{u"%x", Utf8ToUtf16(date)}, {u"%X", Utf8ToUtf16(time)}});
+                  {{u"%x", LocaleDate(seconds)}, {u"%X", LocaleTime(seconds)}});
 }
 
 std::u16string CTimeStampSpan::Format(const std::u16string& format, bool) const {

@@ -1,4 +1,4 @@
-#include "host/XmlString.h"
+#include "contract/XmlString.h"
 
 #include <charconv>
 

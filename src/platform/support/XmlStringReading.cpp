@@ -1,4 +1,4 @@
-#include "host/XmlString.h"
+#include "contract/XmlString.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "platform/support/XmlDocument.h"

@@ -21,6 +21,13 @@ std::string Quoted(const std::string& text) {
 
 }  // namespace
 
+std::string ShownTime(int year, int month, int day, int hour, int minute, int second) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%02d/%02d/%02d  %02d:%02d:%02d", month, day, year % 100, hour, minute,
+                  second);
+    return text;
+}
+
 std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) const {
     const std::string folder = Folder.NativePath("").string();
     std::string command = "cd " + Quoted(folder) + " && exec env LC_ALL=C 'TZ=CET-1CEST,M3.5.0,M10.5.0/3' ";

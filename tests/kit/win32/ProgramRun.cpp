@@ -1,6 +1,7 @@
 #include "program/ProgramRun.h"
 
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
 
 namespace {
@@ -25,6 +26,22 @@ HANDLE OpenStream(const std::u16string& path) {
 }
 
 }  // namespace
+
+std::string ShownTime(int year, int month, int day, int hour, int minute, int second) {
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    time.wHour = static_cast<WORD>(hour);
+    time.wMinute = static_cast<WORD>(minute);
+    time.wSecond = static_cast<WORD>(second);
+    constexpr int Capacity = 128;
+    char16_t date[Capacity] = {};
+    char16_t daytime[Capacity] = {};
+    GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &time, nullptr, W(date), Capacity);
+    GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &time, nullptr, W(daytime), Capacity);
+    return Utf16ToUtf8(std::u16string(date) + u"  " + daytime);
+}
 
 // The profile is a file of the folder, not the registry: where the same tests look for it elsewhere.
 std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) const {

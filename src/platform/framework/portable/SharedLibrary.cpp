@@ -32,6 +32,11 @@ std::u16string FolderOfCode(const void* address) {
     return folder.empty() ? ProgramFolder() : folder;  // the program itself may stand without one
 }
 
+const void* ImageOfCode(const void* address) {
+    Dl_info place{};
+    return dladdr(address, &place) == 0 ? nullptr : place.dli_fbase;
+}
+
 std::u16string ProgramFolder() {
     std::vector<char> path(4096);
     const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());

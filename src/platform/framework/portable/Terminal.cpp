@@ -7,10 +7,11 @@
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
 
 void RememberInterrupt(int signal) {
-    interrupted = 1;
+    interrupted = true;
     std::signal(signal, SIG_DFL);
 }
 
@@ -38,5 +39,9 @@ void CatchInterrupt() {
 }
 
 bool WasInterrupted() {
-    return interrupted != 0;
+    return interrupted;
+}
+
+const std::atomic<bool>& InterruptFlag() {
+    return interrupted;
 }

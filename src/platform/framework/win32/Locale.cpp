@@ -1,8 +1,8 @@
 #include "platform/framework/Locale.h"
 
 #include <clocale>
+#include <cstring>
 #include <ctime>
-#include <cwchar>
 
 #include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
@@ -38,27 +38,39 @@ SYSTEMTIME ToCalendar(std::int64_t seconds) {
     return calendar;
 }
 
-std::int64_t FromCalendar(const SYSTEMTIME& calendar) {
-    FILETIME moment{};
-    SystemTimeToFileTime(&calendar, &moment);
-    const std::uint64_t ticks = std::uint64_t{moment.dwHighDateTime} << 32 | moment.dwLowDateTime;
-    return static_cast<std::int64_t>(ticks) / TicksPerSecond - EpochSeconds;
-}
-
-// The zone's rules in a year, which may have been others than today's.
-TIME_ZONE_INFORMATION ZoneIn(WORD year) {
-    TIME_ZONE_INFORMATION zone{};
-    if (!GetTimeZoneInformationForYear(year, nullptr, &zone)) GetTimeZoneInformation(&zone);
+// The zone's rules in a year, which may have been others than today's. Those of the last year are kept: the
+// system reads them anew for every call.
+const TIME_ZONE_INFORMATION& ZoneIn(WORD year) {
+    thread_local TIME_ZONE_INFORMATION zone{};
+    thread_local WORD yearOfZone = 0;
+    if (year != yearOfZone) {
+        if (!GetTimeZoneInformationForYear(year, nullptr, &zone)) GetTimeZoneInformation(&zone);
+        yearOfZone = year;
+    }
     return zone;
 }
 
-// Days from 1970 to a date of the calendar, by years that begin in March.
-std::int64_t DaysTo(int year, int month, int day) {
-    const std::int64_t y = std::int64_t{year} - (month <= 2 ? 1 : 0);
-    const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
-    const std::int64_t yearOfEra = y - era * 400;
-    const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return era * 146'097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719'468;
+// Local time of a moment in the years that the system can convert. False if it refuses.
+bool ToLocalCalendar(std::int64_t seconds, SYSTEMTIME& shown) {
+    const SYSTEMTIME utc = ToCalendar(seconds);
+    return SystemTimeToTzSpecificLocalTime(&ZoneIn(utc.wYear), &utc, &shown) != FALSE;
+}
+
+// Writes a moment as GetDateFormatW or GetTimeFormatW do: by the user's settings once the user's locale is in
+// force, else by the format of the locale "C". Empty for years that the system can't convert.
+std::u16string LocalTimeText(std::int64_t seconds, decltype(GetDateFormatW)* write, DWORD flags,
+                             const wchar_t* formatOfC) {
+    SYSTEMTIME local{};
+    if (seconds < FirstSecond || seconds >= LastSecond || !ToLocalCalendar(seconds, local)) return {};
+    const bool isUsers = std::strcmp(std::setlocale(LC_TIME, nullptr), "C") != 0;
+    constexpr int Capacity = 128;
+    char16_t text[Capacity] = {};
+    if (isUsers) {
+        write(LOCALE_USER_DEFAULT, flags, &local, nullptr, W(text), Capacity);
+    } else {
+        write(LOCALE_INVARIANT, 0, &local, formatOfC, W(text), Capacity);
+    }
+    return text;
 }
 
 }  // namespace
@@ -77,19 +89,20 @@ std::string SystemLanguage() {
 
 char16_t LocaleDecimalPoint() {
     const char first = *std::localeconv()->decimal_point;
-    return first == 0 ? u'.' : static_cast<unsigned char>(first);
+    if (first == '\0') return u'.';
+    // Once per cell: the system is asked for the others alone, which the runtime's code page may lack.
+    if (first == '.' || first == ',') return static_cast<unsigned char>(first);
+    constexpr int Capacity = 4;
+    char16_t point[Capacity] = {};
+    return GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, W(point), Capacity) > 1 ? point[0] : u'.';
 }
 
-std::u16string LocaleDateToday() {
-    LocalTime local{};
-    if (!ToLocalTime(CurrentSeconds(), local)) return {};
-    std::tm parts{};
-    parts.tm_year = local.Year - 1900;
-    parts.tm_mon = local.Month - 1;
-    parts.tm_mday = local.Day;
-    constexpr std::size_t Capacity = 128;
-    wchar_t text[Capacity];
-    return {FromW(text), std::wcsftime(text, Capacity, L"%x", &parts)};
+std::u16string LocaleDate(std::int64_t seconds) {
+    return LocalTimeText(seconds, GetDateFormatW, DATE_SHORTDATE, L"MM/dd/yy");
+}
+
+std::u16string LocaleTime(std::int64_t seconds) {
+    return LocalTimeText(seconds, GetTimeFormatW, 0, L"HH:mm:ss");
 }
 
 std::int64_t CurrentSeconds() {
@@ -100,10 +113,8 @@ bool ToLocalTime(std::int64_t seconds, LocalTime& local) {
     constexpr std::int64_t YearsHoldAnInt = std::int64_t{2'000'000'000} * 31'556'952;
     if (seconds > YearsHoldAnInt || seconds < -YearsHoldAnInt) return false;
     const std::int64_t cycles = TakeCycles(seconds);
-    const SYSTEMTIME utc = ToCalendar(seconds);
-    const TIME_ZONE_INFORMATION zone = ZoneIn(utc.wYear);
     SYSTEMTIME shown{};
-    if (!SystemTimeToTzSpecificLocalTime(&zone, &utc, &shown)) return false;
+    if (!ToLocalCalendar(seconds, shown)) return false;
     local = {static_cast<int>(shown.wYear + cycles * CycleYears),
              shown.wMonth,
              shown.wDay,
@@ -111,15 +122,4 @@ bool ToLocalTime(std::int64_t seconds, LocalTime& local) {
              shown.wMinute,
              shown.wSecond};
     return true;
-}
-
-std::int64_t FromLocalTime(const LocalTime& local) {
-    std::int64_t seconds = DaysTo(local.Year, local.Month, local.Day) * 86'400 + local.Hour * 3'600 +
-                           local.Minute * 60 + local.Second;
-    const std::int64_t cycles = TakeCycles(seconds);
-    const SYSTEMTIME shown = ToCalendar(seconds);
-    const TIME_ZONE_INFORMATION zone = ZoneIn(shown.wYear);
-    SYSTEMTIME utc{};
-    if (!TzSpecificLocalTimeToSystemTime(&zone, &shown, &utc)) return -1;
-    return FromCalendar(utc) + cycles * CycleSeconds;
 }

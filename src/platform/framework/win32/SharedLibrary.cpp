@@ -25,11 +25,24 @@ std::u16string ModuleFileName(const std::u16string& name) {
     return name + u".dll";
 }
 
-std::u16string FolderOfCode(const void* address) {
+namespace {
+
+HMODULE ModuleOfCode(const void* address) {
     constexpr DWORD ByAddress =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     HMODULE module = nullptr;
     GetModuleHandleExW(ByAddress, static_cast<LPCWSTR>(address), &module);
+    return module;
+}
+
+}  // namespace
+
+const void* ImageOfCode(const void* address) {
+    return ModuleOfCode(address);
+}
+
+std::u16string FolderOfCode(const void* address) {
+    HMODULE module = ModuleOfCode(address);
     constexpr DWORD Longest = 32768;
     std::u16string path(Longest, u'\0');
     path.resize(GetModuleFileNameW(module, W(path.data()), Longest));

@@ -59,3 +59,7 @@ void CatchInterrupt() {
 bool WasInterrupted() {
     return interrupted;
 }
+
+const std::atomic<bool>& InterruptFlag() {
+    return interrupted;
+}

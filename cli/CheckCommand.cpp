@@ -1,0 +1,120 @@
+#include <iostream>
+#include <memory>
+
+#include "cli/CommandLine.h"
+#include "cli/Complaints.h"
+#include "cli/ProgressLine.h"
+#include "cli/many/ManyFiles.h"
+#include "cli/report/CheckReport.h"
+#include "cli/report/Options.h"
+#include "host/SourceFiles.h"
+#include "host/check/CheckRun.h"
+#include "host/check/RejectsFile.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::cli {
+
+namespace {
+
+struct RejectsOptions {
+    std::string File;    // for the rejected rows; empty: none
+    bool Cells = false;  // among them those with a refused cell
+};
+
+// Empty, or why the file could not be checked.
+std::string WhyFailed(const std::u16string& path, const check::CheckResult& result) {
+    if (!result.Failed) return {};
+    const std::string reason = WhyUnreadable(path);
+    if (!reason.empty()) return reason;
+    const std::string failure = Utf16ToUtf8(result.Failure);
+    if (result.Begun) return failure;
+    if (result.Above.First != 0) {
+        return failure + " " +
+               Phrase("Lines {} to {} look like rows; name the table's start: {}", result.Above.First,
+                      result.Above.Last, OptionsText(check::TableSettings(check::TableAbove(result))));
+    }
+    return failure + " " +
+           Phrase(
+               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
+               "--set ImportHeader=<0 or 1>",
+               result.Format.HeaderLine != 0 ? result.Format.HeaderLine : result.Format.FirstDataLine);
+}
+
+check::CheckResult RunWithProgress(const ModuleLoader& module, const RejectsOptions& options,
+                                   const std::string& file, check::LineSet& rejected) {
+    ProgressLine progress(file);
+    check::CheckOptions wanted;
+    if (!options.File.empty()) wanted.Wanted.Dropped = &rejected;
+    if (options.Cells) wanted.Wanted.Refused = &rejected;
+    wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
+    wanted.Cancel = &InterruptFlag();
+    return check::RunCheck(module, PathFromNative(file), wanted);
+}
+
+int CheckFile(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
+              const std::string& file) {
+    const std::u16string path = PathFromNative(file);
+    check::LineSet rejected;
+    const check::CheckResult result = RunWithProgress(module, options, file, rejected);
+    const std::vector<check::Finding> findings = check::Judge(result);
+    RejectsNote rejects;
+    if (!options.File.empty() && result.Begun && !result.Failed) {
+        const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
+        rejects = {options.File, rejected.Count(),
+                   check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected)};
+    }
+    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, file, result, findings, rejects);
+    const std::string reason = WhyFailed(path, result);
+    if (!reason.empty()) ComplainAbout(file, reason);
+    if (!rejects.Failure.empty()) ComplainAbout(rejects.File, rejects.Failure);
+    if (result.Interrupted) return ExitInterrupted;
+    if (result.Failed || !rejects.Failure.empty()) return ExitFileFailed;
+    return check::IsClean(result, findings) ? ExitDone : ExitFindings;
+}
+
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
+               const ManyFiles& many) {
+    if (!options.File.empty()) {
+        const std::vector<std::string> files = many.FilesOf(common.Files);
+        if (files.size() > 1) {
+            Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
+            return ExitWrongUsage;
+        }
+        if (check::IsSameFile(PathFromNative(files.front()), PathFromNative(options.File))) {
+            Complain(Phrase("--rejects would overwrite the file itself"));
+            return ExitWrongUsage;
+        }
+    }
+    return many.Run(common.Files, Phrase("checked"),
+                    [&](const std::string& file) { return CheckFile(module, common, options, file); });
+}
+
+}  // namespace
+
+void AddCheckCommand(CommandLine& line) {
+    const auto options = std::make_shared<RejectsOptions>();
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command =
+        line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return CheckFiles(module, common, *options, *many);
+                 });
+    CLI::Option* const rejects =
+        command
+            .add_option(
+                "--rejects", options->File,
+                Phrase("Write the dropped rows to a file of their own, to be mended and imported alone"))
+            ->type_name("FILE");
+    command
+        .add_flag("--reject-cells", options->Cells,
+                  Phrase("With --rejects: also the rows with a refused cell"))
+        ->needs(rejects);
+    many->AddOptions(command);
+    AddExamples(command, {"kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
+                          "kelvarin-import check --rejects rejected.csv data.csv"});
+}
+
+}  // namespace kelvarin::cli

@@ -1,0 +1,262 @@
+#include <iostream>
+#include <memory>
+
+#include "cli/CommandLine.h"
+#include "cli/Complaints.h"
+#include "cli/GuessOptions.h"
+#include "cli/ProgressLine.h"
+#include "cli/many/ManyFiles.h"
+#include "cli/report/GuessReport.h"
+#include "cli/report/JsonReport.h"
+#include "cli/report/Options.h"
+#include "cli/report/TextReport.h"
+#include "host/Reading.h"
+#include "host/SourceFiles.h"
+#include "host/guess/TimeAdvice.h"
+#include "host/language/Phrase.h"
+#include "host/store/SampleFile.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
+
+namespace kelvarin::cli {
+
+namespace {
+
+// The command's own options.
+struct ImportOptions {
+    bool KeepSamples = false;              // every one, in memory
+    std::optional<std::size_t> Samples;    // how many of each signal the JSON document lists
+    std::size_t Messages = 10'000;         // how many it lists at most
+    std::string StorePath;                 // of the file for every sample; empty: none
+    std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
+    guess::GuessOptions Guessing;
+};
+
+RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
+    RunOptions run;
+    run.BaseTime = options.BaseTime;
+    run.KeepSamples = options.KeepSamples ? KeepAll : options.Samples.value_or(0);
+    run.KeepMessages = common.Json ? options.Messages : 0;
+    run.Cancel = &InterruptFlag();
+    run.OnProgress = [&progress](std::uint32_t percent) { progress.Show(percent); };
+    return run;
+}
+
+std::uint64_t CountSamples(const store::StoredDevice* device) {
+    std::uint64_t count = 0;
+    if (device == nullptr) return count;
+    for (const auto& signal : device->Signals) count += signal->Summary().Count;
+    return count;
+}
+
+// True if rows were read and not one of them was stored.
+bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
+    if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
+    return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
+}
+
+// Empty, or why the file counts as failed.
+std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
+    if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
+    const std::string reason = WhyUnreadable(path);
+    if (!result.Failed || !reason.empty()) return reason;
+    if (SettingsOf(session.Filter()) == nullptr) return result.Failure;
+    // The file can be read, so it is the place of the table that is wrong.
+    const Reading format = ReadingOf(session.Filter());
+    const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
+    return result.Failure + " " +
+           Phrase(
+               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
+               "--set ImportHeader=<0 or 1>",
+               line);
+}
+
+void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
+               const RunResult& result, const HostSession& session, const guess::TimeGuess* guess) {
+    if (!result.Begun) return;
+    std::string advice;
+    const bool readsTime = ReadingOf(session.Filter()).TimeSetting == TimeFromColumn;
+    // A lone column of times gives no signal, and no message either.
+    const bool hasReason = !session.Messages().IsEmpty();
+    if (LostEveryRow(result, session.Device()) && readsTime && hasReason && guess == nullptr)
+        advice = RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(session.Filter())));
+    WriteFormatText(std::cout, file, session.Filter());
+    if (guess != nullptr) WriteGuessText(std::cout, *guess);
+    WriteRunText(std::cout, result, session, advice);
+}
+
+// Fills a sample file with the runs of all source files, and reports on standard error what became of it.
+// Without a path it does nothing.
+class StoreFile {
+  public:
+    explicit StoreFile(std::string path) : Path(std::move(path)) {}
+
+    // False if the file can't be written.
+    bool Open() {
+        if (Path.empty()) return true;
+        std::string reason;
+        File = store::CreateSampleFile(Path, reason);
+        return File != nullptr || CheckWritten(reason);
+    }
+
+    // What takes the samples of the next run; null without a path.
+    store::DeviceSink* BeginRun() { return File == nullptr ? nullptr : &File->BeginDevice(); }
+
+    // Keeps the device of the run if `isDone`. False if the file can't be written any more.
+    bool EndRun(const HostSession& session, bool isDone) {
+        if (File == nullptr) return true;
+        ++Runs;
+        if (!isDone || session.Device() == nullptr) {
+            File->DropDevice();
+            return true;
+        }
+        ++Kept;
+        return CheckWritten(File->KeepDevice(*session.Device(), session.Origin()));
+    }
+
+    // Puts the file in its place; it then holds the runs that were done. False if there is none.
+    bool Finish() {
+        if (File == nullptr) return Path.empty();
+        if (Kept == 0) {
+            GiveUp(Phrase("not written, since no file gave samples"));
+            return false;
+        }
+        if (!CheckWritten(File->Finish())) return false;
+        if (Kept < Runs) ComplainAbout(Path, Phrase("holds {} of {} files", Kept, Runs));
+        return true;
+    }
+
+    // Leaves what was there before.
+    void Abandon() {
+        if (File != nullptr) GiveUp(Phrase("not written, since the run was interrupted"));
+    }
+
+  private:
+    void GiveUp(const std::string& why) {
+        File.reset();
+        ComplainAbout(Path, why);
+    }
+
+    // True for an empty reason; else gives the file up and reports why it is not written.
+    bool CheckWritten(const std::string& reason) {
+        if (reason.empty()) return true;
+        GiveUp(
+            Phrase("can't be written: {}; what was there before is unchanged. Make room, or name another "
+                   "file in --store",
+                   reason));
+        return false;
+    }
+
+    const std::string Path;
+    std::unique_ptr<store::SampleFile> File;
+    std::size_t Runs = 0;
+    std::size_t Kept = 0;
+};
+
+FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
+                       const std::string& file, StoreFile& store) {
+    const std::u16string path = PathFromNative(file);
+    RunResult result;
+    std::string reason;
+    std::uint64_t samples = 0;
+    bool hasStored = true;
+    {
+        ProgressLine progress(file);
+        const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
+        RunOptions run = MakeRunOptions(common, options, progress);
+        run.Sink = store.BeginRun();
+        HostSession session(module, path, std::move(run));
+        result = session.Run();
+        reason = WhyFailed(path, result, session);
+        samples = CountSamples(session.Device());
+        hasStored = store.EndRun(session, reason.empty() && !result.Interrupted);
+        if (common.Json) {
+            WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
+        } else {
+            WriteText(module, file, path, result, session, guessed.Guess());
+        }
+    }
+    const int status = Finish(file, reason);
+    if (result.Interrupted) return {ExitInterrupted, samples};
+    return {hasStored ? status : ExitFileFailed, samples};
+}
+
+int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
+                const ManyFiles& many) {
+    if (!options.StorePath.empty() && many.HasProcesses()) {
+        Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
+        return ExitWrongUsage;
+    }
+    StoreFile store(options.StorePath);
+    if (!store.Open()) return ExitFileFailed;
+    const int status = many.Run(common.Files, Phrase("imported"), [&](const std::string& file) {
+        return ImportFile(module, common, options, file, store);
+    });
+    if (status == ExitInterrupted) {
+        store.Abandon();
+        return status;
+    }
+    return store.Finish() ? status : WorseStatus(status, ExitFileFailed);
+}
+
+// A number of something, or all of them; false for any other text.
+bool ReadLimit(const std::string& text, std::size_t& limit) {
+    if (text != "all") return ParseWhole(text, limit);
+    limit = KeepAll;
+    return true;
+}
+
+void SetSamples(const std::string& text, ImportOptions& options) {
+    if (!ReadLimit(text, options.Samples.emplace()))
+        RefuseOption("--samples", Phrase("'{}' is neither a number of samples nor all", text));
+}
+
+void SetMessages(const std::string& text, ImportOptions& options) {
+    if (!ReadLimit(text, options.Messages))
+        RefuseOption("--messages", Phrase("'{}' is neither a number of messages nor all", text));
+}
+
+void SetStore(const std::string& text, ImportOptions& options) {
+    options.KeepSamples = text == "memory";
+    if (text == "none" || text == "memory") return;
+    options.StorePath = text;
+    if (!text.ends_with(".h5"))
+        RefuseOption("--store", Phrase("'{}' is not allowed; allowed are none, memory and FILE.h5", text));
+    if (!store::HasSampleFiles()) RefuseOption("--store", Phrase("this build has no HDF5"));
+}
+
+void SetBaseTime(const std::string& text, ImportOptions& options) {
+    if (!ParseWhole(text, options.BaseTime.emplace()))
+        RefuseOption("--base-time", Phrase("'{}' is no 64-bit number of nanoseconds", text));
+}
+
+}  // namespace
+
+void AddImportCommand(CommandLine& line) {
+    const auto options = std::make_shared<ImportOptions>();
+    const auto many = std::make_shared<ManyFiles>();
+    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
+                                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                                     return ImportFiles(module, common, *options, *many);
+                                 });
+    const auto add = [&](const char* name, const char* values, const std::string& description,
+                         void (*set)(const std::string&, ImportOptions&)) {
+        const auto read = [set, options](const std::string& text) { set(text, *options); };
+        command.add_option_function<std::string>(name, read, description)->type_name(values);
+    };
+    add("--samples", "N|all", Phrase("List the first N samples of each signal, or all"), SetSamples);
+    add("--messages", "N|all", Phrase("List the first N messages in the JSON (default: 10000), or all"),
+        SetMessages);
+    add("--store", "none|memory|FILE.h5",
+        Phrase("none: keep a summary of each signal (default); memory: keep every sample; FILE.h5: write "
+               "every sample to an HDF5 file"),
+        SetStore);
+    add("--base-time", "NS", Phrase("Start of relative measurement time in nanoseconds"), SetBaseTime);
+    AddGuessOptions(command, options->Guessing);
+    many->AddOptions(command);
+    AddExamples(command, {"kelvarin-import data.csv",
+                          "kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
+                          "kelvarin-import import --json --samples all data.csv >data.json"});
+}
+
+}  // namespace kelvarin::cli

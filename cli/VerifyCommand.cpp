@@ -1,0 +1,134 @@
+#include <iostream>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "cli/CommandLine.h"
+#include "cli/Complaints.h"
+#include "cli/ProgressLine.h"
+#include "cli/many/ManyFiles.h"
+#include "cli/report/JsonReport.h"
+#include "host/HostSession.h"
+#include "host/language/Phrase.h"
+#include "host/store/SampleFile.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::cli {
+
+using Json = nlohmann::ordered_json;
+using Difference = store::SampleCheck::Difference;
+
+namespace {
+
+// Puts the settings of a run in force; empty, or what is wrong with one.
+std::string LayOver(SettingsLayer& layer, const SettingList& settings) {
+    for (const auto& [key, value] : settings) {
+        const std::string complaint = layer.Set(key, value);
+        if (!complaint.empty()) return complaint;
+    }
+    return {};
+}
+
+// One sentence: where the file and a fresh import differ.
+std::string InWords(const Difference& difference) {
+    std::string place;
+    if (!difference.Signal.empty()) place += Phrase("signal '{}', ", difference.Signal);
+    if (difference.Sample) place += Phrase("sample {}, ", *difference.Sample + 1);
+    return place + Phrase("{}: the file has {}, the import gives {}", FillPhrase(difference.What, {}),
+                          difference.Stored, difference.Imported);
+}
+
+Json ToJson(const Difference* difference) {
+    if (difference == nullptr) return nullptr;
+    return {{"signal", difference->Signal},
+            {"sample", difference->Sample ? Json(*difference->Sample) : Json()},
+            {"what", difference->What},
+            {"stored", difference->Stored},
+            {"imported", difference->Imported}};
+}
+
+// The comparison of one file of samples with imports of its sources.
+class Verification {
+  public:
+    Verification(const ModuleLoader& module, const CommonOptions& common)
+        : Module(module), Common(common), ArchivePath(common.Files.front()) {}
+
+    int Run() {
+        std::string complaint;
+        Archive = store::OpenSampleFile(ArchivePath, complaint);
+        if (Archive == nullptr) return Fail(ArchivePath, complaint);
+        const std::vector<std::string> sources(Common.Files.begin() + 1, Common.Files.end());
+        return ManyFiles().Run(sources, Phrase("compared"),
+                               [this](const std::string& source) { return Verify(source); });
+    }
+
+  private:
+    int Verify(const std::string& source) {
+        const std::u16string path = PathFromNative(source);
+        const std::string name = Utf16ToUtf8(PathStripPath(path));
+        std::string complaint;
+        const auto check = Archive->FindDevice(name, Seen[name]++, complaint);
+        if (check == nullptr) return Fail(ArchivePath, complaint);
+        SettingsLayer settings;
+        // What the user says on the command line is meant.
+        if (Common.Settings.empty()) complaint = LayOver(settings, check->Origin().Settings);
+        if (!complaint.empty()) return Fail(ArchivePath, complaint);
+        return Compare(source, path, *check);
+    }
+
+    int Compare(const std::string& source, const std::u16string& path, store::SampleCheck& check) {
+        RunResult result;
+        const Difference* difference = nullptr;
+        {
+            ProgressLine progress(source);
+            RunOptions options;
+            options.Cancel = &InterruptFlag();
+            options.BaseTime = check.Origin().BaseTime;
+            options.OnProgress = [&progress](std::uint32_t percent) { progress.Show(percent); };
+            options.Sink = &check;
+            HostSession session(Module, path, std::move(options));
+            result = session.Run();
+            if (result.Failed || session.Device() == nullptr) return Fail(source, result.Failure);
+            if (!result.Interrupted) difference = check.Compare(*session.Device());
+        }
+        if (result.Interrupted) return ExitInterrupted;
+        if (!check.Failure().empty()) return Fail(ArchivePath, check.Failure());
+        if (Common.Json) {
+            WriteDocument(std::cout, {{"file", PrintableName(source)},
+                                      {"store", PrintableName(ArchivePath)},
+                                      {"equal", difference == nullptr},
+                                      {"samples", check.Compared()},
+                                      {"difference", ToJson(difference)}});
+        } else if (difference == nullptr) {
+            std::cout << Phrase("{}: equal to a fresh import, {} samples compared", PrintableName(source),
+                                check.Compared())
+                      << "\n";
+        } else {
+            std::cout << PrintableName(source) + ": " + InWords(*difference) << "\n";
+        }
+        return difference == nullptr ? ExitDone : ExitFindings;
+    }
+
+    const ModuleLoader& Module;
+    const CommonOptions& Common;
+    const std::string ArchivePath;
+    std::unique_ptr<store::SampleArchive> Archive;
+    std::map<std::string, std::size_t> Seen;  // sources of a name so far
+};
+
+}  // namespace
+
+void AddVerifyCommand(CommandLine& line) {
+    CLI::App& command =
+        line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
+                 [](const ModuleLoader& module, const CommonOptions& common) -> int {
+                     if (common.Files.size() > 1) return Verification(module, common).Run();
+                     Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
+                     return ExitWrongUsage;
+                 });
+    AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
+                Phrase("The settings are those that the file was written with, unless --set is given."));
+}
+
+}  // namespace kelvarin::cli

@@ -1,0 +1,135 @@
+#include <nlohmann/json.hpp>
+
+#include "cli/report/CheckReport.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::cli {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+Json PlaceToJson(const check::FilePlace& place) {
+    Json json = {{"line", place.Line}};
+    if (place.ModuleLine != 0) json["moduleLine"] = place.ModuleLine;
+    if (!place.Text.empty()) json["text"] = Utf16ToUtf8(place.Text);
+    return json;
+}
+
+Json PlacesToJson(const check::FilePlaces& places) {
+    Json first = Json::array();
+    for (const check::FilePlace& place : places.FirstFew()) first.push_back(PlaceToJson(place));
+    Json json = {{"count", places.Count()}, {"first", first}};
+    json["last"] = places.FirstFew().empty() ? Json() : PlaceToJson(places.Last());
+    return json;
+}
+
+Json ColumnsToJson(const check::CheckResult& result) {
+    Json columns = Json::array();
+    for (const check::ColumnCheck& column : result.Columns) {
+        columns.push_back({{"column", column.Column},
+                           {"name", Utf16ToUtf8(column.Name)},
+                           {"samples", column.Samples},
+                           {"empty", column.Empty},
+                           {"refused", PlacesToJson(column.Refused)}});
+    }
+    return columns;
+}
+
+Json DroppedToJson(const check::DroppedRows& dropped) {
+    Json reasons = Json::object();
+    for (std::size_t i = 0; i < check::DropKindCount; ++i) {
+        const auto kind = static_cast<check::DropKind>(i);
+        if (dropped.Of(kind).Count() != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
+    }
+    return {{"count", dropped.Count()}, {"examined", dropped.Count()}, {"reasons", reasons}};
+}
+
+const char* NameOf(check::DayMonthState state) {
+    switch (state) {
+        case check::DayMonthState::DayAbove12:
+        case check::DayMonthState::WouldFall:
+        case check::DayMonthState::RunsOn:
+            return "proven";
+        case check::DayMonthState::OneDate:
+        case check::DayMonthState::Ambiguous:
+            return "ambiguous";
+        case check::DayMonthState::OtherIsCloser:
+            return "doubtful";
+        case check::DayMonthState::Same:
+            return "equal";
+        case check::DayMonthState::NotChecked:
+            break;
+    }
+    return "unasked";
+}
+
+Json GapsToJson(const check::TimeSeries& series, const check::IntervalStatistics& intervals) {
+    Json longest = Json::array();
+    for (const check::TimeStep& step : series.LongestSteps()) {
+        if (step.Length() <= intervals.GapAbove) break;
+        longest.push_back({{"line", step.Line}, {"from", step.From}, {"to", step.To}});
+    }
+    return {{"above", intervals.GapAbove}, {"count", intervals.Gaps}, {"longest", longest}};
+}
+
+Json TimeToJson(const check::TimeSeries& series) {
+    if (series.Count() == 0) return nullptr;
+    const check::IntervalStatistics intervals = series.Intervals();
+    return {{"rows", series.Count()},
+            {"first", series.First()},
+            {"firstLine", series.FirstLine()},
+            {"last", series.Last()},
+            {"lastLine", series.LastLine()},
+            {"interval",
+             {{"median", intervals.Median},
+              {"low", intervals.Low},
+              {"high", intervals.High},
+              {"shortest", intervals.Shortest},
+              {"longest", intervals.Longest},
+              {"exact", intervals.IsExact},
+              {"steady", intervals.IsSteady}}},
+            {"gaps", GapsToJson(series, intervals)},
+            {"rowsPerTime", series.GetSharedTimes().RowsEach},
+            {"rollOvers", series.RollOvers()},
+            {"doubtfulRollOvers", PlacesToJson(series.DoubtfulRollOvers())},
+            {"dateOrder", {{"state", NameOf(series.Dates().State())}, {"line", series.Dates().Line()}}}};
+}
+
+Json FindingsToJson(const check::CheckResult& result, const std::vector<check::Finding>& findings) {
+    Json list = Json::array();
+    for (const check::Finding& finding : findings) {
+        list.push_back({{"kind", finding.Kind},
+                        {"fault", finding.IsFault},
+                        {"text", finding.Text},
+                        {"remedy", AdviceText(result, finding)}});
+    }
+    return list;
+}
+
+Json RejectsToJson(const RejectsNote& rejects) {
+    if (rejects.File.empty() || !rejects.Failure.empty()) return nullptr;
+    return {{"file", Utf16ToUtf8(PathFromNative(rejects.File))}, {"rows", rejects.Rows}};
+}
+
+}  // namespace
+
+void WriteCheckJson(std::ostream& out, const std::string& file, const check::CheckResult& result,
+                    const std::vector<check::Finding>& findings, const RejectsNote& rejects) {
+    Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
+                     {"begun", result.Begun},
+                     {"clean", check::IsClean(result, findings)},
+                     {"findings", FindingsToJson(result, findings)},
+                     {"lines", result.Lines},
+                     {"blank", result.BlankLines}};
+    document["rowsAbove"] = {{"first", result.Above.First}, {"last", result.Above.Last}};
+    document["columns"] = ColumnsToJson(result);
+    document["dropped"] = DroppedToJson(result.Dropped);
+    document["before1990"] = PlacesToJson(result.Before1990);
+    document["time"] = result.Series ? TimeToJson(*result.Series) : Json();
+    document["rejects"] = RejectsToJson(rejects);
+    out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace kelvarin::cli

@@ -1,0 +1,176 @@
+#include "cli/report/JsonReport.h"
+
+#include <cmath>
+#include <concepts>
+#include <cstring>
+#include <nlohmann/json.hpp>
+
+#include "cli/Complaints.h"
+#include "cli/report/GuessReport.h"
+#include "contract/SettingsView.h"
+#include "host/Reading.h"
+#include "host/Words.h"
+#include "platform/framework/Text.h"
+#include "settings/SettingsTable.h"
+
+namespace kelvarin::cli {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+Json ToJson(const std::u16string& text) {
+    return Utf16ToUtf8(text);
+}
+
+template <std::integral Whole>
+Json ToJson(Whole number) {
+    return number;
+}
+
+Json ToJson(double number) {
+    if (std::isnan(number)) return "NaN";
+    if (std::isinf(number)) return number > 0 ? "Infinity" : "-Infinity";
+    return number;
+}
+
+// Adds what one row of the settings' table names.
+template <class Kind>
+void AddSetting(Json& object, const char16_t* key, const Kind& kind, const CCsvImportSettings& settings) {
+    object[Utf16ToUtf8(key)] = ToJson(settings.*kind.Field);
+    if constexpr (std::is_same_v<Kind, IntSetting>) {
+        if (kind.Detected.Field == nullptr) return;
+        object[Utf16ToUtf8(kind.Detected.Name)] = settings.*kind.Detected.Field;
+    }
+}
+
+Json SettingsToJson(const CCsvImportSettings& settings) {
+    Json object;
+    for (std::size_t i = 0; i < std::size(SettingsTable); ++i) {
+        if (i == SharedSettingCount) object["Description"] = ToJson(settings.Description);
+        std::visit([&](const auto& kind) { AddSetting(object, SettingsTable[i].Key, kind, settings); },
+                   SettingsTable[i].Kind);
+    }
+    object["ColumnCount"] = settings.ColumnCount;
+    return object;
+}
+
+Json ColumnsToJson(const CCsvImportSettings& settings) {
+    Json columns = Json::array();
+    for (const auto& [index, column] : settings.ColumnMap) {
+        columns.push_back({{"index", index},
+                           {"ImportColumn", column.ImportColumn},
+                           {"DetectedName", ToJson(column.DetectedName)},
+                           {"UserName", ToJson(column.UserName)},
+                           {"Unit", ToJson(column.Unit)},
+                           {"DetectedType", static_cast<int>(column.DetectedType)},
+                           {"UserType", static_cast<int>(column.UserType)},
+                           {"PreviewWidth", column.PreviewWidth}});
+    }
+    return columns;
+}
+
+// A sample's value, as the store's type codes lay it out in bytes.
+std::string SampleJson(std::uint32_t type, const void* data, std::uint32_t size) {
+    if (data == nullptr) return "null";
+    if (type == KelvarinDouble) {
+        double number = 0;
+        std::memcpy(&number, data, sizeof number);
+        return ToJson(number).dump();
+    }
+    if (type == KelvarinChar16) {
+        char16_t unit = 0;
+        std::memcpy(&unit, data, sizeof unit);
+        return std::to_string(unit);
+    }
+    if (type != KelvarinString) return SampleText(type, data, size);
+    std::u16string text(size / sizeof(char16_t), u'\0');
+    if (size != 0) std::memcpy(text.data(), data, size);
+    return ToJson(text).dump();
+}
+
+// Samples are written one by one: as a tree they would take a hundred times the room.
+void WriteSamples(std::ostream& out, const store::StoredSignal& signal, std::size_t limit) {
+    const char* joint = "";
+    out << ",\"samples\":[";
+    signal.VisitSamples(limit, [&](std::int64_t time, const void* data, std::uint32_t size) {
+        const std::uint32_t type = signal.Description().Type;
+        out << joint << "[" << time << ", " << SampleJson(type, data, size) << "]";
+        joint = ",";
+    });
+    out << "]";
+}
+
+// A document's text without the brace that ends it.
+std::string OpenObject(const Json& fields) {
+    std::string text = fields.dump();
+    text.pop_back();
+    return text;
+}
+
+void WriteSignal(std::ostream& out, const store::StoredSignal& signal, std::optional<std::size_t> samples) {
+    const store::SignalDescription& about = signal.Description();
+    out << OpenObject({{"name", ToJson(about.Name)},
+                       {"symbol", ToJson(about.Symbol)},
+                       {"unit", ToJson(about.Unit)},
+                       {"type", about.Type},
+                       {"size", about.Size},
+                       {"metadata", about.MetaData},
+                       {"count", signal.Summary().Count}});
+    if (samples) WriteSamples(out, signal, *samples);
+    out << "}";
+}
+
+void WriteMessages(std::ostream& out, const MessageList& messages) {
+    Json list = Json::array();
+    for (const ImportMessage& message : messages.Kept()) {
+        list.push_back(
+            {{"failure", message.Failure}, {"column", message.Column}, {"text", ToJson(message.Text)}});
+    }
+    out << ",\"messages\":" << list.dump();
+    if (messages.LeftOut() != 0) out << ",\"messagesLeftOut\":" << messages.LeftOut();
+}
+
+}  // namespace
+
+void WriteDocument(std::ostream& out, const Json& document) {
+    out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+void AddSettings(Json& document, const CImportFilter& filter) {
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    document["settings"] = settings == nullptr ? Json() : SettingsToJson(*settings);
+    document["columns"] = settings == nullptr ? Json() : ColumnsToJson(*settings);
+}
+
+void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
+                      const guess::TimeGuess* guess) {
+    Json document = {{"file", PrintableName(file)}, {"analyzed", analyzed}};
+    AddSettings(document, filter);
+    const ISettingsView* const view = filter.Find<ISettingsView>();
+    document["sidecarWarning"] = view == nullptr ? Json("") : ToJson(view->GetSidecarWarning());
+    if (guess != nullptr) document["guess"] = GuessToJson(*guess);
+    WriteDocument(out, document);
+}
+
+void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
+                     const HostSession& session, std::optional<std::size_t> samples,
+                     const guess::TimeGuess* guess) {
+    const store::StoredDevice* const device = session.Device();
+    Json head = {{"file", PrintableName(file)}, {"begun", result.Begun}, {"lines", result.Lines}};
+    head["device"] = nullptr;
+    if (device != nullptr)
+        head["device"] = {{"name", ToJson(device->Name)}, {"description", ToJson(device->Description)}};
+    out << OpenObject(head) << ",\"signals\":[";
+    for (std::size_t i = 0; device != nullptr && i < device->Signals.size(); ++i) {
+        if (i != 0) out << ",";
+        WriteSignal(out, *device->Signals[i], samples);
+    }
+    out << "]";
+    WriteMessages(out, session.Messages());
+    out << ",\"progress\":" << Json(result.Progress).dump();
+    if (guess != nullptr) out << ",\"guess\":" << GuessToJson(*guess).dump();
+    out << "}\n";
+}
+
+}  // namespace kelvarin::cli

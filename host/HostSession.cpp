@@ -1,0 +1,115 @@
+#include "host/HostSession.h"
+
+#include <chrono>
+#include <limits>
+#include <utility>
+
+#include "host/Reading.h"
+#include "host/SettingText.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin {
+
+namespace {
+
+// The 0-based columns of the source that become signals, in the order in which a filter makes them.
+std::vector<int> SignalColumns(const CImportFilter& filter) {
+    std::vector<int> columns;
+    for (const ColumnSummary& column : SummarizeColumns(filter)) {
+        if (column.IsSignal) columns.push_back(column.Index);
+    }
+    return columns;
+}
+
+}  // namespace
+
+HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
+    : Path(PathForStream(path)),
+      Options(std::move(options)),
+      AllMessages(Options.KeepMessages),
+      ImportFilter(module.MakeFilter(path)) {
+    ImportFilter->DeviceHost = this;
+    ImportFilter->TimeContext = this;
+}
+
+CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
+    Store = std::make_unique<store::StoredDevice>(std::move(name), description, Options.KeepSamples,
+                                                  Options.Sink, SignalColumns(*ImportFilter));
+    return Store.get();
+}
+
+// The device stays with the session: its content is what the caller wants to see.
+void HostSession::FinishDevice(CDevice*) {
+    Store->Finish();
+}
+
+store::SampleOrigin HostSession::Origin() const {
+    store::SampleOrigin origin;
+    std::error_code ignored;
+    origin.SourceSize = std::filesystem::file_size(Path, ignored);
+    const auto written = std::filesystem::last_write_time(Path, ignored);
+    const auto moment = std::chrono::file_clock::to_sys(written).time_since_epoch();
+    origin.SourceModified = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
+    if (const CCsvImportSettings* const settings = SettingsOf(*ImportFilter))
+        origin.Settings = SettingsAsText(*settings);
+    origin.BaseTime = Options.BaseTime;
+    origin.IsRelative = ReadingOf(*ImportFilter).DateSetting == DateNone;
+    return origin;
+}
+
+bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
+    if (!ImportFilter->HasMessages()) return false;
+    bool anyFailure = false;
+    for (ImportMessage& message : ImportFilter->TakeMessages()) {
+        if (message.Failure) {
+            anyFailure = true;
+            result.Failure = Utf16ToUtf8(message.Text);
+        }
+        AllMessages.Add(std::move(message), line);
+    }
+    return anyFailure;
+}
+
+RunResult HostSession::Run() {
+    RunResult result;
+    if (IObservedRun* const run = ImportFilter->Find<IObservedRun>()) run->ObserveRun(Options.Observer);
+    result.Begun = ImportFilter->BeginImport();
+    result.Failed = !result.Begun;
+    CollectMessages(0, result);
+    if (result.Begun && Options.OnBegun) Options.OnBegun(*ImportFilter);
+    if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
+    ImportFilter->EndImport();
+    if (result.Failed && result.Failure.empty())
+        result.Failure = Phrase("the module can't read the file and doesn't say why");
+    return result;
+}
+
+void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
+    constexpr std::uint32_t Unset = std::numeric_limits<std::uint32_t>::max();
+    std::uint32_t progress = Unset;
+    std::uint32_t shown = Unset;
+    while (result.Lines < Options.MostLines) {
+        if (Options.Sink != nullptr && Options.Sink->HasFailed()) return;
+        if (Options.Cancel != nullptr && *Options.Cancel) {
+            result.Interrupted = true;
+            return;
+        }
+        const bool more = ImportFilter->ImportNextLine(&progress);
+        const bool anyFailure = CollectMessages(firstDataLine + result.Lines, result);
+        if (progress != shown) {
+            shown = progress;
+            result.Progress.push_back(progress);
+            if (Options.OnProgress) Options.OnProgress(progress);
+        }
+        if (!more) {
+            // Only a read error ends the run with a failure; the end of the file adds no message.
+            result.Failed = anyFailure;
+            return;
+        }
+        ++result.Lines;
+    }
+}
+
+}  // namespace kelvarin

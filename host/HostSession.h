@@ -1,0 +1,87 @@
+// One filter driven in the host's order, from its making to its end.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "contract/ImportFilter.h"
+#include "contract/RunObserver.h"
+#include "host/MessageList.h"
+#include "host/ModuleLoader.h"
+#include "host/store/StoredDevice.h"
+
+namespace kelvarin {
+
+// A number of samples or messages that no file reaches.
+constexpr std::size_t KeepAll = std::numeric_limits<std::size_t>::max();
+
+// What a host wants of a run. Pointers are borrowed for the life of the session.
+struct RunOptions {
+    std::optional<std::int64_t> BaseTime;           // start of relative time in ns; none: the fixed epoch
+    std::size_t KeepSamples = 0;                    // of each signal, in memory
+    std::size_t KeepMessages = 0;                   // with their texts; the groups count all
+    std::uint64_t MostLines = ~std::uint64_t{0};    // the run ends after so many
+    std::function<void(const CImportFilter&)> OnBegun;  // gets the filter before the first line; may be empty
+    std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage, within Run; may be empty
+    store::DeviceSink* Sink = nullptr;              // gets every sample; the run ends when it has failed
+    IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it
+    const std::atomic<bool>* Cancel = nullptr;  // any thread sets it to end the run before the next line
+};
+
+struct RunResult {
+    bool Begun = false;                   // what BeginImport returned
+    bool Failed = false;                  // it could not begin, or a read error ended it
+    bool Interrupted = false;             // Cancel ended it
+    std::uint64_t Lines = 0;              // calls of ImportNextLine that returned true
+    std::vector<std::uint32_t> Progress;  // percentages as they changed
+    std::string Failure;  // the last failure in one sentence, in UTF-8; not empty if it failed
+};
+
+// Makes a filter for one file, lends it the host's objects and drives it; owns the filter and the device. All
+// calls come from one thread.
+class HostSession : private IDeviceHost, private IRelativeTimeContext {
+  public:
+    HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options);
+
+    // For analyses and dialogs, before the run or instead of it. What it has in store after the run is valid
+    // too.
+    CImportFilter& Filter() { return *ImportFilter; }
+    const CImportFilter& Filter() const { return *ImportFilter; }
+
+    // BeginImport, ImportNextLine until it ends, EndImport. Once only.
+    RunResult Run();
+
+    const MessageList& Messages() const { return AllMessages; }
+
+    // The device of the run, or null if the filter made none. Lives as long as the session.
+    const store::StoredDevice* Device() const { return Store.get(); }
+
+    // Where its samples come from: the file as it is now, and the settings of the run.
+    store::SampleOrigin Origin() const;
+
+  private:
+    CDevice* CreateDevice(std::u16string name, const char16_t* description, int reserved) override;
+    void FinishDevice(CDevice* device) override;
+    std::int64_t GetBaseTime() override { return Options.BaseTime.value_or(0); }
+    bool QueryFixedBaseB() override { return false; }
+    bool QueryFixedBaseA() override { return !Options.BaseTime.has_value(); }
+
+    // Takes the filter's messages; true if one of them is a failure, whose text the result then has.
+    bool CollectMessages(std::uint64_t line, RunResult& result);
+    void ReadLines(RunResult& result, std::uint64_t firstDataLine);
+
+    const std::filesystem::path Path;
+    const RunOptions Options;
+    MessageList AllMessages;
+    std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals
+    std::unique_ptr<CImportFilter> ImportFilter;
+};
+
+}  // namespace kelvarin

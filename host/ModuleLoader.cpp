@@ -1,0 +1,53 @@
+#include "host/ModuleLoader.h"
+
+#include <filesystem>
+
+#include "host/language/Phrase.h"
+#include "platform/framework/Module.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin {
+
+namespace {
+
+// Beside the program, where a build and a zip have it, or else in the plug-in folder of an installed tree.
+std::u16string FindModule(const std::u16string& name) {
+    const std::u16string beside = ProgramFolder() + u"/" + ModuleFileName(name);
+    const std::u16string installed =
+        ProgramFolder() + u"/" + Utf8ToUtf16(KELVARIN_PLUGIN_DIR) + u"/" + ModuleFileName(name);
+    std::error_code unknown;
+    const bool isInstalled = !std::filesystem::exists(PathForStream(beside), unknown) &&
+                             std::filesystem::exists(PathForStream(installed), unknown);
+    return isInstalled ? installed : beside;
+}
+
+}  // namespace
+
+std::string ModuleLoader::Load() {
+    const std::u16string path = FindModule(u"csv-import");
+    std::u16string error;
+    if (!Library.Load(path, error)) return Utf16ToUtf8(error);
+    const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));
+    if (entry == nullptr) return Phrase("{}: no import module", Utf16ToUtf8(path));
+    if (entry(&Info) != ImportDllVersion)
+        return Phrase("{}: made for another version of the host", Utf16ToUtf8(path));
+    return {};
+}
+
+std::unique_ptr<CImportFilter> ModuleLoader::MakeFilter(const std::u16string& path) const {
+    return std::unique_ptr<CImportFilter>(Info->Factory(path.c_str()));
+}
+
+std::vector<std::u16string> ModuleLoader::ResourceItems(unsigned id) const {
+    const std::u16string text = static_cast<const ModuleState*>(Info->Resources)->LoadString(id);
+    std::vector<std::u16string> items;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = text.find(u'|', begin);
+        items.push_back(text.substr(begin, end - begin));
+        if (end == std::u16string::npos) return items;
+        begin = end + 1;
+    }
+}
+
+}  // namespace kelvarin

@@ -1,0 +1,33 @@
+// Settings, samples and texts of files as people read them, in UTF-8 and in the language in force.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "host/Reading.h"
+
+namespace kelvarin {
+
+// The name of a separator: an ESeparator that has one of its own, 0 to 3.
+std::string SeparatorName(int separator);
+
+// Separator, header and first line of data.
+std::string FormatInWords(const Reading& reading);
+
+// A data type of the module: an ECsvDataType. Other numbers are "no type".
+std::string DataTypeInWords(int type);
+
+// A double in the fewest digits that read back as the same number: 1.5, 1e+300, inf, nan.
+std::string ShortestText(double number);
+
+// A sample by its type in the store: true, 1.5, "abc". `data` holds `size` bytes as CDevice takes them.
+std::string SampleText(std::uint32_t type, const void* data, std::uint32_t size);
+
+// The number of characters, which is a text's width on a terminal but for wide scripts.
+std::size_t TextWidth(const std::string& text);
+
+// The text with "?" for line ends and other control characters, cut after `width` characters.
+std::string OneLine(const std::string& text, std::size_t width);
+
+}  // namespace kelvarin

@@ -1,0 +1,152 @@
+#include "host/check/CheckRun.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "contract/TimeReader.h"
+#include "host/HostSession.h"
+#include "host/guess/TimeAdvice.h"
+
+namespace kelvarin::check {
+
+namespace {
+
+void TakeFormat(const CImportFilter& filter, CheckResult& result) {
+    result.Format = ReadingOf(filter);
+    if (auto* const reader = filter.Find<ITimeReader>()) result.Letters = reader->FormatLetters();
+}
+
+void Prepare(const CImportFilter& filter, CheckResult& result) {
+    TakeFormat(filter, result);
+    result.Series = std::make_unique<TimeSeries>(result.Format, result.Letters);
+    for (const ColumnSummary& column : SummarizeColumns(filter)) {
+        if (column.IsSignal)
+            result.Columns.push_back({column.Index + 1, column.Name, column.Type, 0, 0, {}});
+    }
+}
+
+// The store has a signal for each of the columns, in their order.
+void CountSamples(const store::StoredDevice& device, CheckResult& result) {
+    for (std::size_t i = 0; i < std::min(device.Signals.size(), result.Columns.size()); ++i) {
+        const store::SignalSummary& signal = device.Signals[i]->Summary();
+        result.Columns[i].Samples = signal.Count;
+        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count();
+    }
+}
+
+// What ended the run, or else what was said before it.
+std::u16string FailureOf(const MessageList& messages, bool failed) {
+    std::u16string failure;
+    for (const MessageGroup& group : messages.Groups()) {
+        if (failed || group.Lines.front() == 0) failure = group.FirstText;
+    }
+    return failure;
+}
+
+// The format with the other decimal mark before the fraction; empty without a fraction.
+std::u16string WithOtherDecimalMark(const std::u16string& format) {
+    std::u16string other = format;
+    for (std::size_t i = 1; i < other.size(); ++i) {
+        char16_t& mark = other[i - 1];
+        if (other[i] != u'0' || (mark != u',' && mark != u'.')) continue;
+        mark = mark == u',' ? u'.' : u',';
+        return other;
+    }
+    return {};
+}
+
+std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& result) {
+    auto* const reader = filter.Find<ITimeReader>();
+    const std::vector<std::u16string>& texts = result.Dropped.UnreadableTexts();
+    if (reader == nullptr || texts.empty()) return {};
+    const std::u16string& format = result.Format.TimestampFormat;
+    for (const std::u16string& other :
+         {WithOtherDecimalMark(format), WithDayAndMonthExchanged(format, result.Letters)}) {
+        if (other.empty()) continue;
+        const std::vector<std::int64_t> times =
+            reader->ReadTimes(other, texts, result.Format.DateSetting == DateFromColumn);
+        if (std::count(times.begin(), times.end(), -1) * 2 <= std::ssize(times)) return other;
+    }
+    return {};
+}
+
+void LookAbove(const CImportFilter& filter, CheckResult& result) {
+    const bool isCounted = result.Format.TimeSetting == TimeInterval;
+    if (isCounted ? !result.Begun : result.Format.TimestampFormat.empty()) return;
+    RowSearch search;
+    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
+                              : std::numeric_limits<std::uint64_t>::max();
+    search.AnySeparator = result.StoredRows() == 0;
+    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
+    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
+    result.Above = FindRowsAbove(filter, result.Format, search);
+}
+
+void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
+            CheckResult& result) {
+    const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
+    if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
+    result.TimeAdvice.Text = guess::AdviseTimestamp(module, path, filter);
+}
+
+}  // namespace
+
+void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
+    SettleBlankLines();
+    if (Result.Columns.empty()) return;  // a row without signals has a time, and is not stored
+    Result.Series->Add(time, place.Line);
+    Result.Dropped.AddStored();
+}
+
+void CheckObserver::OnRowDropped(const DroppedRow& row) {
+    SettleBlankLines();
+    std::optional<std::int64_t> lastTime;
+    if (Result.Series->Count() != 0) lastTime = Result.Series->Last();
+    Result.Dropped.Add(row, Result.Format.SeparatorSign(), lastTime);
+    Result.Series->AddDropped();
+    if (Wanted.Dropped != nullptr) Wanted.Dropped->Add(row.Place.Line);
+}
+
+void CheckObserver::OnCellRefused(const RefusedCell& cell) {
+    const auto column =
+        std::lower_bound(Result.Columns.begin(), Result.Columns.end(), cell.Column + 1,
+                         [](const ColumnCheck& check, int number) { return check.Column < number; });
+    if (column == Result.Columns.end() || column->Column != cell.Column + 1) return;
+    column->Refused.Add({cell.Place.Line, cell.Place.MessageLine, cell.Text});
+    if (Wanted.Refused != nullptr) Wanted.Refused->Add(cell.Place.Line);
+}
+
+void CheckObserver::OnTimeBefore1990(const RowPlace& place, std::int64_t) {
+    Result.Before1990.Add({place.Line, place.MessageLine, {}});
+}
+
+void CheckObserver::OnBlankLine(const RowPlace& place) {
+    ++Result.BlankLines;
+    BlankAtEnd.Add({place.Line, 0, {}});
+}
+
+CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
+    CheckResult result;
+    CheckObserver observer(result, options.Wanted);
+    RunOptions runOptions;
+    runOptions.OnBegun = [&](const CImportFilter& filter) { Prepare(filter, result); };
+    runOptions.OnProgress = options.OnProgress;
+    runOptions.Observer = &observer;
+    runOptions.Cancel = options.Cancel;
+    HostSession session(module, path, runOptions);
+    const RunResult run = session.Run();
+    result.Begun = run.Begun;
+    result.Failed = run.Failed;
+    result.Interrupted = run.Interrupted;
+    result.Lines = run.Lines;
+    result.Failure = FailureOf(session.Messages(), run.Failed);
+    result.Dropped.Finish(!run.Interrupted && !run.Failed);
+    if (!run.Begun) TakeFormat(session.Filter(), result);
+    if (run.Begun) CountSamples(*session.Device(), result);
+    result.BetterFormat = FindBetterFormat(session.Filter(), result);
+    LookAbove(session.Filter(), result);
+    Advise(module, path, session.Filter(), result);
+    return result;
+}
+
+}  // namespace kelvarin::check

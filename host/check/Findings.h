@@ -1,0 +1,34 @@
+// What a check found, in words, each with what to do about it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Remedy.h"
+#include "host/check/CheckResult.h"
+
+namespace kelvarin::check {
+
+struct Finding {
+    const char* Kind = "";  // a word for scripts; of dropped rows that of NameOf
+    bool IsFault = true;    // else a note: it leaves a file clean
+    std::string Text;       // one clause, in the language in force
+    Remedy Advice = {};     // without text, settings and action if there is nothing to do
+};
+
+// The faults first; none if the run could not begin.
+std::vector<Finding> Judge(const CheckResult& result);
+
+// The part of Judge about rows that were dropped or not read (DroppedFindings.cpp).
+void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings);
+
+// True if the file was read to its end without a fault.
+bool IsClean(const CheckResult& result, const std::vector<Finding>& findings);
+
+// The settings that name a table instead of leaving it to the analysis.
+SettingList TableSettings(const Reading& table);
+
+// The table that begins at the rows found above the one that was read; there are some.
+Reading TableAbove(const CheckResult& result);
+
+}  // namespace kelvarin::check

@@ -1,0 +1,106 @@
+#include "host/check/TimeSeries.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "contract/TimeStamp.h"
+
+namespace kelvarin::check {
+
+namespace {
+
+constexpr std::int64_t Second = 1'000'000'000;
+constexpr std::int64_t Hour = 3600 * Second;
+constexpr std::int64_t Day = 24 * Hour;
+constexpr std::size_t MostSteps = 8;
+constexpr std::uint64_t FewestGroups = 3;  // that show a rule
+
+bool IsLonger(const TimeStep& a, const TimeStep& b) {
+    return a.Length() != b.Length() ? a.Length() > b.Length() : a.Line < b.Line;
+}
+
+// The shortest difference that the fields of a format can express, in nanoseconds, without its fraction.
+std::int64_t ResolutionOf(const std::u16string& format) {
+    constexpr std::pair<std::u16string_view, std::int64_t> Units[] = {
+        {u"[ns]", 1}, {u"[µs]", 1'000}, {u"[ms]", 1'000'000}, {u"s", Second}, {u"m", Hour / 60}, {u"h", Hour},
+    };
+    for (const auto& [field, unit] : Units) {
+        if (format.find(field) != format.npos) return unit;
+    }
+    return Day;
+}
+
+}  // namespace
+
+// A format in square brackets counts on over midnight, and an interval has no clock at all.
+TimeSeries::TimeSeries(const Reading& format, const std::u16string& letters)
+    : WatchesDates(format.DateSetting == DateFromColumn && format.TimeSetting == TimeFromColumn &&
+                   !format.IsAdjusted && IsDayMonthInDoubt(format.TimestampFormat, letters)),
+      WatchesRollOvers(format.DateSetting == DateFixed && format.TimeSetting == TimeFromColumn &&
+                       format.TimestampFormat.find(u'[') == std::u16string::npos),
+      Resolution(ResolutionOf(format.TimestampFormat)) {
+    Longest.reserve(MostSteps + 1);
+}
+
+void TimeSeries::Add(std::int64_t time, std::uint64_t line) {
+    if (Rows == 0) {
+        FirstTime = time;
+        LineOfFirst = line;
+        FirstMidnight = CTimeStamp(time).DateToTIME();
+        if (WatchesDates) Order.Add(time, 0, line);
+    } else {
+        TakeStep({LastTime, time, line});
+    }
+    while (time % Finest != 0) Finest /= 10;
+    ++Rows;
+    LastTime = time;
+    LineOfLast = line;
+    DroppedSince = 0;
+}
+
+void TimeSeries::TakeStep(const TimeStep& step) {
+    Counts.Add(step.Length());
+    if (WatchesDates) Order.Add(step.To, step.Length(), step.Line);
+    if (WatchesRollOvers) LookForRollOver(step);
+    if (Longest.size() < MostSteps || step.Length() > Longest.back().Length()) KeepIfLong(step);
+    // The file may begin and end in the middle of a group.
+    if (LastStep != 0) ++SizesOfGroups[std::min<std::uint64_t>(DroppedSince, SizesOfGroups.size() - 1)];
+    LastStep = step.Length();
+}
+
+void TimeSeries::KeepIfLong(const TimeStep& step) {
+    Longest.insert(std::upper_bound(Longest.begin(), Longest.end(), step, IsLonger), step);
+    if (Longest.size() > MostSteps) Longest.pop_back();
+}
+
+void TimeSeries::LookForRollOver(const TimeStep& step) {
+    const std::int64_t from = step.From - FirstMidnight;
+    const std::int64_t to = step.To - FirstMidnight;
+    if (to / Day == from / Day) return;
+    ++RollOverCount;
+    const std::int64_t near = std::max(Hour, 2 * LastStep);
+    if (Day - from % Day <= near && to % Day <= near) return;
+    Doubtful.Add({step.Line, 0, {}});
+}
+
+SharedTimes TimeSeries::GetSharedTimes() const {
+    SharedTimes shared;
+    shared.Finest = Finest < 1'000'000'000 ? Finest : std::max(Resolution, Finest);
+    std::uint64_t groups = 0;
+    for (const std::uint64_t count : SizesOfGroups) groups += count;
+    if (groups < FewestGroups) return shared;
+    std::uint64_t below = 0;
+    std::size_t middle = 0;
+    while ((below += SizesOfGroups[middle]) * 2 <= groups) ++middle;
+    if (middle == 0) return shared;
+    shared.RowsEach = middle + 1;
+    const std::size_t tolerance = shared.RowsEach < 5 ? 0 : std::max<std::size_t>(1, shared.RowsEach / 10);
+    std::uint64_t alike = 0;
+    for (std::size_t i = middle - tolerance; i <= std::min(middle + tolerance, SizesOfGroups.size() - 1); ++i)
+        alike += SizesOfGroups[i];
+    shared.IsEven = alike * 10 >= groups * 9;
+    return shared;
+}
+
+}  // namespace kelvarin::check

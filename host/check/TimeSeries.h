@@ -1,0 +1,120 @@
+// The times of the stored rows of a run, in a few numbers.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/Reading.h"
+#include "host/check/DayMonthOrder.h"
+#include "host/check/FilePlaces.h"
+
+namespace kelvarin::check {
+
+// Intervals are in nanoseconds.
+struct IntervalStatistics {
+    std::uint64_t Count = 0;
+    std::int64_t Shortest = 0, Longest = 0;
+    std::int64_t Median = 0;
+    std::int64_t Low = 0, High = 0;  // 98 % of the intervals lie between them
+    bool IsExact = true;             // else all but Shortest and Longest are known to 1/64
+    bool IsSteady = false;           // nine of ten intervals lie within a tenth of the median
+    std::int64_t GapAbove = 0;       // a longer interval is a gap: 1.5 medians, or 10 unless IsSteady
+    std::uint64_t Gaps = 0;
+};
+
+// Counts intervals exactly while there are at most 4096 different ones. Beyond that an interval is known to
+// 1/64 of its size, so that memory is bounded whatever the jitter.
+class IntervalCounts {
+  public:
+    // `interval` is above 0.
+    void Add(std::int64_t interval);
+
+    IntervalStatistics Statistics() const;
+
+  private:
+    void RoundAll();
+
+    std::unordered_map<std::int64_t, std::uint64_t> Counts;  // by interval, exact or rounded
+    bool IsExact = true;
+    std::uint64_t Total = 0;
+    std::int64_t Least = 0, Most = 0;
+    std::int64_t LastInterval = 0;  // most files repeat one interval
+    std::uint64_t* LastCount = nullptr;
+};
+
+// The step from one stored row to the next.
+struct TimeStep {
+    std::int64_t From = 0, To = 0;  // nanoseconds on the scale of CTimeStamp
+    std::uint64_t Line = 0;         // of the later row
+    std::int64_t Length() const { return To - From; }
+};
+
+// Rows that share a time, of which the module stores the first.
+struct SharedTimes {
+    std::uint64_t RowsEach = 0;  // the median; 0 if there are too few such rows to tell
+    bool IsEven = false;         // nine of ten times have about so many
+    std::int64_t Finest = 0;     // the shortest difference that the times can express, in nanoseconds
+};
+
+// Takes the times of the stored rows, which rise, and is told of the dropped ones between them. Times are
+// nanoseconds on the scale of CTimeStamp, lines those of the file. Memory is bounded.
+class TimeSeries {
+  public:
+    // `letters` are those of ITimeReader::FormatLetters.
+    TimeSeries(const Reading& format, const std::u16string& letters);
+    TimeSeries(const TimeSeries&) = delete;
+    TimeSeries& operator=(const TimeSeries&) = delete;
+
+    void Add(std::int64_t time, std::uint64_t line);
+
+    // A row was dropped.
+    void AddDropped() { ++DroppedSince; }
+
+    std::uint64_t Count() const { return Rows; }
+    std::int64_t First() const { return FirstTime; }  // meaningless without a row, as the three below
+    std::int64_t Last() const { return LastTime; }
+    std::uint64_t FirstLine() const { return LineOfFirst; }
+    std::uint64_t LastLine() const { return LineOfLast; }
+
+    IntervalStatistics Intervals() const { return Counts.Statistics(); }
+
+    // The longest steps, the longest first; at most 8.
+    const std::vector<TimeStep>& LongestSteps() const { return Longest; }
+
+    SharedTimes GetSharedTimes() const;
+    const DayMonthOrder& Dates() const { return Order; }
+
+    // The times of day that fell and so were taken for the next day's, and those among them that are far from
+    // midnight: more than an hour and more than two intervals. Only under a fixed date.
+    std::uint64_t RollOvers() const { return RollOverCount; }
+    const FilePlaces& DoubtfulRollOvers() const { return Doubtful; }
+
+  private:
+    void TakeStep(const TimeStep& step);
+    void KeepIfLong(const TimeStep& step);
+    void LookForRollOver(const TimeStep& step);
+
+    const bool WatchesDates, WatchesRollOvers;
+    const std::int64_t Resolution;
+
+    std::uint64_t Rows = 0;
+    std::int64_t FirstTime = 0, LastTime = 0;
+    std::uint64_t LineOfFirst = 0, LineOfLast = 0;
+    std::int64_t LastStep = 0;
+    IntervalCounts Counts;
+    std::vector<TimeStep> Longest;
+    DayMonthOrder Order;
+
+    std::uint64_t DroppedSince = 0;                   // the last stored row
+    std::array<std::uint64_t, 1024> SizesOfGroups{};  // by the number of dropped rows after a stored one
+    std::int64_t Finest = 1'000'000'000;              // a power of ten that divides all times
+
+    std::int64_t FirstMidnight = 0;
+    std::uint64_t RollOverCount = 0;
+    FilePlaces Doubtful;
+};
+
+}  // namespace kelvarin::check

@@ -1,0 +1,85 @@
+#include "host/explain/Explanation.h"
+
+#include <algorithm>
+
+#include "host/HostSession.h"
+#include "host/SettingText.h"
+#include "host/language/Phrase.h"
+
+namespace kelvarin::explain {
+
+namespace {
+
+// Analyses the file under this format into `record`. False if the file can't be read, or a sidecar takes
+// precedence over the profile, so that the format isn't used.
+bool TryFormat(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
+               AnalysisRecord& record) {
+    SettingsLayer layer;
+    layer.Set(u"AutoFormat", 0);
+    layer.Set(u"Separator", format.Separator);
+    layer.Set(u"MergeSeparators", format.Merges() ? 1 : 0);
+    layer.Set(u"FirstLine", format.FirstLine);
+    layer.Set(u"ImportHeader", format.Header ? 1 : 0);
+    HostSession session(module, path, RunOptions());
+    if (!record.ListenTo(session.Filter()) || !session.Filter().AnalyzeFile()) return false;
+    return ReadingOf(session.Filter()).Separator == format.Separator &&
+           record.FirstLine == format.FirstLine && record.Header == format.Header;
+}
+
+std::size_t ColumnsKept(const AnalysisRecord& record) {
+    return record.Rows.empty() ? 0 : std::min(record.Rows.front().CellCount, AnalysisRecord::MostColumns);
+}
+
+// Columns whose type is neither text nor unknown.
+std::size_t TypedColumns(const AnalysisRecord& record) {
+    std::size_t typed = 0;
+    for (std::size_t column = 0; column < ColumnsKept(record); ++column) {
+        const int type = record.TypeOf(column);
+        typed += type != CsvTypeUndefined && type != CsvTypeString;
+    }
+    return typed;
+}
+
+// How the module reads the proposal; empty if it reads fewer values than from the table that it took, or if
+// the proposal can't be had. A table taken that has at most half the rows is a scrap, a footer as a rule, and
+// its values are not compared.
+std::string TryProposal(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
+                        const AnalysisRecord& taken) {
+    AnalysisRecord tried;
+    if (!TryFormat(module, path, format, tried) || tried.DataRows() == 0) return {};
+    const std::size_t typed = TypedColumns(tried);
+    const bool readsFewer = typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size();
+    if (readsFewer && 2 * taken.Rows.size() > tried.Rows.size()) return {};
+    return Phrase("columns: {}, of them text: {}", tried.Rows.front().CellCount, ColumnsKept(tried) - typed);
+}
+
+}  // namespace
+
+SettingList Explanation::ProposedSettings() const {
+    const TableFormat& format = Proposal->Format;
+    SettingList settings = {{"AutoFormat", "0"}, {"Separator", std::to_string(format.Separator)}};
+    if (format.Merges() || Format.MergeSeparators)
+        settings.emplace_back("MergeSeparators", format.Merges() ? "1" : "0");
+    settings.emplace_back("FirstLine", std::to_string(format.FirstLine));
+    settings.emplace_back("ImportHeader", format.Header ? "1" : "0");
+    return settings;
+}
+
+Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
+                    const AnalysisRecord& record) {
+    Explanation explanation{record, ReadingOf(filter), false, false, SummarizeColumns(filter), {}, {}, {}};
+    const Reading& reading = explanation.Format;
+    const bool hasHeader = reading.HeaderLine != 0;
+    const TableFormat taken{reading.Separator, hasHeader ? reading.HeaderLine : reading.FirstDataLine,
+                            hasHeader};
+    explanation.FollowsDetection =
+        taken == TableFormat{record.Separator, record.DetectedFirstLine, record.DetectedHeader};
+    explanation.ReadsTimes = reading.TimeSetting == TimeFromColumn && reading.TimestampFormat.empty();
+    explanation.Proposal = ProposeTable(module, path);
+    if (explanation.Proposal && explanation.Proposal->Format != taken)
+        explanation.ProposalGives = TryProposal(module, path, explanation.Proposal->Format, record);
+    explanation.Warnings = FindWarnings(explanation);
+    return explanation;
+}
+
+}  // namespace kelvarin::explain

@@ -1,0 +1,314 @@
+// Checks of an explanation, each for one thing that people do not expect: first of the table's place and
+// names, then of the values of its columns. The lines above the first row of data are told apart from rows by
+// looks, so that no check is more than a warning.
+#include <algorithm>
+#include <string_view>
+
+#include "host/Words.h"
+#include "host/explain/ColumnReason.h"
+#include "host/explain/Explanation.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::explain {
+
+namespace {
+
+// The advised settings, else another remedy.
+Remedy AdvisedOr(const Explanation& explanation, std::string other) {
+    return explanation.IsAdvised() ? Remedy{{}, explanation.ProposedSettings()}
+                                   : Remedy{std::move(other), {}};
+}
+
+std::string DeleteLine(int line) {
+    return Phrase("Delete line {} in a copy of the file.", line);
+}
+
+// A line with another count late among the first hundred, after which the detection forgets all lines above
+// it.
+std::optional<Warning> LateLine(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    if (!explanation.Proposal || !explanation.FollowsDetection) return {};
+    const int first = explanation.Proposal->Format.FirstDataLine();
+    const int separator = explanation.Proposal->Format.Separator;
+    if (first >= record.RunStart || (!explanation.IsAdvised() && separator != record.Separator)) return {};
+    for (std::size_t i = 1; i < record.Counted.size(); ++i) {
+        const SeenLine& line = record.Counted[i];
+        const std::int32_t count = line.Run(separator).LastCount;
+        if (line.Line <= first || count == record.Counted[i - 1].Run(separator).LastCount) continue;
+        return Warning{
+            "late-line-moves-the-table",
+            Phrase("The lines from {} on look like the table's, but line {} has another count of "
+                   "the separator {}, {}: {}. One such line among the first hundred moves the "
+                   "table's beginning below, here to line {}.",
+                   first, line.Line, SeparatorName(separator), count, Quoted(line.Text), record.RunStart),
+            AdvisedOr(explanation, DeleteLine(line.Line))};
+    }
+    return {};
+}
+
+// Separators of a line that its neighbour has and that an open quote keeps from being counted.
+std::int32_t CountHidden(const SeenLine& line, const SeenLine& neighbour, int separator) {
+    const auto count = [&](char16_t c) { return std::count(line.Text.begin(), line.Text.end(), c); };
+    constexpr std::u16string_view Quotes = u"'\"";
+    const bool isOpen =
+        std::any_of(Quotes.begin(), Quotes.end(), [&](char16_t quote) { return count(quote) % 2 == 1; });
+    const std::int32_t usual = neighbour.Run(separator).LastCount;
+    return isOpen && count(SeparatorCharOf(static_cast<std::uint32_t>(separator))) == usual
+               ? usual - line.Run(separator).LastCount
+               : 0;
+}
+
+std::optional<Warning> HiddenSeparators(const Explanation& explanation) {
+    const std::vector<SeenLine>& lines = explanation.Record.Counted;
+    for (int separator = 0; separator < SeparatorsCounted; ++separator) {
+        for (std::size_t i = 0; lines.size() > 1 && i < lines.size(); ++i) {
+            const SeenLine& neighbour = lines[i + 1 < lines.size() ? i + 1 : i - 1];
+            const std::int32_t hidden = CountHidden(lines[i], neighbour, separator);
+            if (hidden <= 0) continue;
+            return Warning{"quote-hides-separators",
+                           Phrase("In line {} an apostrophe or a quote without its partner keeps {} of the "
+                                  "separator {} from being counted: {}.",
+                                  lines[i].Line, hidden, SeparatorName(separator), Quoted(lines[i].Text)),
+                           AdvisedOr(explanation, Phrase("Remove it from the file, or double it."))};
+        }
+    }
+    return {};
+}
+
+// The advice takes the same separator and another line.
+std::optional<Warning> WrongLine(const Explanation& explanation) {
+    if (!explanation.IsAdvised() || explanation.Proposal->Format.Separator != explanation.Format.Separator)
+        return {};
+    const AnalysisRecord& record = explanation.Record;
+    const TableFormat& proposed = explanation.Proposal->Format;
+    const int data = explanation.Format.FirstDataLine;
+    const bool lacksHeader = proposed.Header && explanation.Format.HeaderLine == 0;
+    const Remedy remedy{{}, explanation.ProposedSettings()};
+    if (lacksHeader && proposed.FirstLine == data)
+        return Warning{"names-taken-for-data",
+                       Phrase("Line {} seems to hold the columns' names, but is taken for the first row of "
+                              "data: {}.",
+                              data, Quoted(record.TextOf(data))),
+                       remedy};
+    if (lacksHeader && proposed.FirstDataLine() == data)
+        return Warning{"names-skipped",
+                       Phrase("Line {} seems to hold the columns' names, but is skipped, since it has not as "
+                              "many separators as the rows: {}.",
+                              proposed.FirstLine, Quoted(record.TextOf(proposed.FirstLine))),
+                       remedy};
+    if (data >= proposed.FirstDataLine()) return {};
+    return Warning{"preamble-taken-for-data",
+                   Phrase("Line {} has enough numbers to count as data, but the table seems to begin in line "
+                          "{}: {}.",
+                          data, proposed.FirstDataLine(), Quoted(record.TextOf(data))),
+                   remedy};
+}
+
+std::optional<Warning> EmptyLine(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
+    if (explanation.Proposal) lastKnown = std::max(lastKnown, explanation.Proposal->LastLine);
+    if (record.End != TableEnd::EmptyLine || lastKnown <= record.EndLine) return {};
+    if (record.DataRows() == 0)
+        return Warning{"empty-line-ends-the-table",
+                       Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
+                              "column gets a type.",
+                              record.EndLine),
+                       AdvisedOr(explanation, DeleteLine(record.EndLine))};
+    return Warning{"empty-line-ends-the-table",
+                   Phrase("Line {} is empty and ends the analysis: the types are settled by the {} rows "
+                          "above it alone. The import itself goes on after it.",
+                          record.EndLine, record.DataRows()),
+                   AdvisedOr(explanation, {})};
+}
+
+std::optional<Warning> LostNames(const Explanation& explanation) {
+    if (!explanation.Proposal || !explanation.Proposal->NamesAreLost()) return {};
+    const TableProposal& table = *explanation.Proposal;
+    const int data = table.Format.FirstDataLine();
+    if (!explanation.IsAdvised() && data != explanation.Format.FirstDataLine) return {};
+    const bool isOne = table.NamesLine + 1 == data - 1;
+    return Warning{
+        "names-not-above-the-data",
+        Phrase("The names seem to be in line {}, but they are taken only from the line directly above the "
+               "first row, {}: {}.",
+               table.NamesLine, data, Quoted(table.Names)),
+        {isOne ? DeleteLine(data - 1)
+               : Phrase("Delete the lines {} to {} in a copy of the file.", table.NamesLine + 1, data - 1),
+         {}}};
+}
+
+// Cells beyond the first line's are dropped.
+std::optional<Warning> WideRows(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    if (record.Rows.empty()) return {};
+    const std::size_t columns = record.Rows.front().CellCount;
+    std::size_t rows = 0;
+    std::string where;  // of the first
+    for (const SeenRow& row : record.Rows) {
+        const auto surplus =
+            row.Cells.begin() + static_cast<std::ptrdiff_t>(std::min(columns, row.Cells.size()));
+        const auto lost =
+            std::find_if(surplus, row.Cells.end(), [](const SeenCell& cell) { return !cell.Text.empty(); });
+        if (lost != row.Cells.end() && rows++ == 0)
+            where = Phrase("{} in line {}", Quoted(lost->Text), row.Line);
+    }
+    if (rows == 0) return {};
+    return Warning{
+        "more-cells-than-columns",
+        rows == 1 ? Phrase("A row has more than the {} cells of the table's first line; the surplus is not "
+                           "imported: {}.",
+                           columns, where)
+                  : Phrase("{} rows have more than the {} cells of the table's first line; the surplus is "
+                           "not imported, first {}.",
+                           rows, columns, where),
+        AdvisedOr(explanation,
+                  Phrase("Give line {} as many separators as the longest row.", record.FirstLine))};
+}
+
+std::size_t ColumnsKept(const Explanation& explanation) {
+    return std::min(explanation.Columns.size(), AnalysisRecord::MostColumns);
+}
+
+// One warning for all columns that `describe` returns a text for: the text of the first, then the others'
+// numbers.
+template <class Describe>
+std::optional<Warning> OfColumns(const Explanation& explanation, const char* kind, std::string remedy,
+                                 Describe&& describe) {
+    constexpr std::size_t MostNamed = 8;
+    std::string text, others;
+    std::size_t named = 0;
+    for (std::size_t column = 0; column < ColumnsKept(explanation); ++column) {
+        if (explanation.Columns[column].IsTimestamp) continue;
+        const std::string one = describe(column, ReasonFor(explanation.Record, column));
+        if (one.empty()) continue;
+        if (text.empty()) {
+            text = one;
+        } else if (++named <= MostNamed) {
+            others += (named == 1 ? "" : ", ") + std::to_string(column + 1);
+        }
+    }
+    if (text.empty()) return {};
+    if (named > MostNamed) others += ", …";
+    if (named > 0) text += " " + Phrase("The same holds for columns {}.", others);
+    return Warning{kind, text, {std::move(remedy), {}}};
+}
+
+// "column 3 "Strom"".
+std::string ColumnName(const Explanation& explanation, std::size_t column) {
+    return Phrase("column {} {}", column + 1, Quoted(explanation.Columns[column].Name));
+}
+
+bool IsAllDigits(std::u16string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+// "1e5": digits, the letter, digits.
+bool IsPlainExponent(const SeenCell& cell) {
+    const std::u16string_view text = cell.Text;
+    const std::size_t letter = text.find_first_of(u"eE");
+    return letter != text.npos && IsAllDigits(text.substr(0, letter)) && IsAllDigits(text.substr(letter + 1));
+}
+
+// A letter that no exponent has.
+bool HasHexLetter(const SeenCell& cell) {
+    return cell.Text.find_first_of(u"abcdfxABCDFX$#") != cell.Text.npos;
+}
+
+std::optional<Warning> Exponents(const Explanation& explanation) {
+    return OfColumns(
+        explanation, "exponent-read-as-hexadecimal",
+        Phrase("Write 1.0e5 in one of the first rows, or choose the type float on the signal page of the "
+               "settings dialog."),
+        [&](std::size_t column, const ColumnReason& reason) -> std::string {
+            const CellGroup exponents = CellsWhere(explanation.Record, column, IsPlainExponent);
+            const bool isHex = CellsWhere(explanation.Record, column, HasHexLetter).Count != 0;
+            if (reason.Type != CsvTypeHex || exponents.Count == 0 || isHex) return {};
+            return Phrase(
+                "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal "
+                "mark is one as well.",
+                ColumnName(explanation, column), Quoted(exponents.FirstText), exponents.FirstLine);
+        });
+}
+
+// "1,234" or "12.345" with this mark: as well a number of thousands.
+bool MayBeThousands(std::u16string_view text, char16_t mark) {
+    if (!text.empty() && (text.front() == u'-' || text.front() == u'+')) text.remove_prefix(1);
+    const std::size_t place = text.find(mark);
+    return place != text.npos && place >= 1 && place <= 3 && text.front() != u'0' &&
+           IsAllDigits(text.substr(0, place)) && text.size() == place + 4 &&
+           IsAllDigits(text.substr(place + 1));
+}
+
+CellGroup CellsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
+    return CellsWhere(record, column,
+                      [mark](const SeenCell& cell) { return cell.Text.find(mark) != cell.Text.npos; });
+}
+
+// The cells with this mark that can't be thousands.
+CellGroup DecimalsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
+    return CellsWhere(record, column, [mark](const SeenCell& cell) {
+        return cell.Text.find(mark) != cell.Text.npos && !MayBeThousands(cell.Text, mark);
+    });
+}
+
+// A mark whose every use in the column fits thousands. Points are decimal as a rule; they are doubtful only
+// where other columns write decimal commas.
+std::optional<Warning> Thousands(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    std::u16string marks = u",";
+    for (std::size_t column = 0; column < ColumnsKept(explanation) && marks.size() == 1; ++column) {
+        const bool isFloat = record.TypeOf(column) == CsvTypeFloat;
+        if (isFloat && DecimalsWithMark(record, column, u',').Count != 0) marks += u'.';
+    }
+    return OfColumns(
+        explanation, "thousands-read-as-decimals",
+        Phrase("If thousands are meant, remove the marks from the file; a lone mark is always a decimal mark "
+               "in a column of floats."),
+        [&](std::size_t column, const ColumnReason& reason) -> std::string {
+            for (const char16_t mark : marks) {
+                const CellGroup marked = CellsWithMark(record, column, mark);
+                if (reason.Type != CsvTypeFloat || marked.Count == 0) continue;
+                if (DecimalsWithMark(record, column, mark).Count != 0) continue;
+                const std::u16string read = ReplaceAll(marked.FirstText, u",", u".");
+                return Phrase("In {}, {} in line {} is read as {}, not as thousands.",
+                              ColumnName(explanation, column), Quoted(marked.FirstText), marked.FirstLine,
+                              Utf16ToUtf8(read));
+            }
+            return {};
+        });
+}
+
+std::optional<Warning> EmptyBeginnings(const Explanation& explanation) {
+    const AnalysisRecord& record = explanation.Record;
+    if (record.DataRows() == 0) return {};
+    const int firstDataLine = record.Rows[record.Rows.size() - record.DataRows()].Line;
+    return OfColumns(
+        explanation, "text-because-of-empty-cells",
+        Phrase("Choose its type on the signal page of the settings dialog; its empty cells then become "
+               "samples without value."),
+        [&](std::size_t column, const ColumnReason& reason) -> std::string {
+            const bool isOnlyEmpty = reason.Type == CsvTypeString && reason.Others.Count == 0 &&
+                                     reason.MostType != CsvTypeUndefined;
+            if (!isOnlyEmpty || reason.Empty.FirstLine != firstDataLine) return {};
+            const CellGroup filled =
+                CellsWhere(record, column, [](const SeenCell& cell) { return !cell.Text.empty(); });
+            return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
+                          ColumnName(explanation, column), filled.FirstLine,
+                          DataTypeInWords(reason.MostType));
+        });
+}
+
+}  // namespace
+
+std::vector<Warning> FindWarnings(const Explanation& explanation) {
+    std::vector<Warning> found;
+    for (const auto check : {LateLine, HiddenSeparators, WrongLine, EmptyLine, LostNames, WideRows, Exponents,
+                             Thousands, EmptyBeginnings}) {
+        if (std::optional<Warning> warning = check(explanation)) found.push_back(std::move(*warning));
+    }
+    return found;
+}
+
+}  // namespace kelvarin::explain

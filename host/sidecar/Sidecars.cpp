@@ -1,0 +1,124 @@
+#include "host/sidecar/Sidecars.h"
+
+#include <algorithm>
+
+#include "host/SettingText.h"
+#include "host/guess/TableTrial.h"
+#include "host/language/Phrase.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::sidecar {
+
+namespace {
+
+constexpr std::u16string_view Ending = u".info";
+
+std::string NoSidecars() {
+    return Phrase("this module has no sidecars");
+}
+
+// Lets a filter of the source write its sidecar; empty, or why it was not written.
+std::string Write(const ModuleLoader& module, const std::u16string& source,
+                  bool (ISidecarTool::*write)(std::string&)) {
+    const auto filter = module.MakeFilter(source);
+    ISidecarTool* const tool = filter->Find<ISidecarTool>();
+    if (tool == nullptr) return NoSidecars();
+    std::string reason;
+    (tool->*write)(reason);
+    return reason;
+}
+
+// The column of an element, from 0.
+std::size_t ColumnOf(const std::u16string& text) {
+    std::size_t column = 0;
+    return ParseWhole(Utf16ToUtf8(text), column) ? column : std::u16string::npos;
+}
+
+}  // namespace
+
+SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& sidecar) {
+    const auto filter = module.MakeFilter(sidecar);
+    if (ISidecarTool* const tool = filter->Find<ISidecarTool>()) return tool->CheckSidecar(sidecar.c_str());
+    SidecarCheck check;
+    check.Errors = -1;
+    check.Reason = NoSidecars();
+    return check;
+}
+
+std::string ComplaintOf(const SidecarCheck& check) {
+    if (check.Errors < 0) return check.Reason;
+    if (check.Errors > 0) return Phrase("line {}, column {}: {}", check.Line, check.Column, check.Reason);
+    if (check.KnownRevision) return {};
+    return Phrase("format-rev \"{}\" is unknown, so nothing is read; known are 1 and 2",
+                  Utf16ToUtf8(check.Revision));
+}
+
+std::string WriteSidecar(const ModuleLoader& module, const std::u16string& source) {
+    return Write(module, source, &ISidecarTool::WriteSidecar);
+}
+
+std::string SaveSidecar(const ModuleLoader& module, const std::u16string& source) {
+    const std::u16string sidecar = source + std::u16string(Ending);
+    if (CheckSidecar(module, sidecar).Errors >= 0)
+        return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(sidecar)));
+    return Write(module, source, &ISidecarTool::SaveSidecar);
+}
+
+SidecarFit::SidecarFit(const ModuleLoader& module, const std::u16string& sidecar)
+    : Module(module), Sidecar(sidecar), Check(CheckSidecar(module, sidecar)) {
+    WhyUseless = ComplaintOf(Check);
+    if (!WhyUseless.empty() || !sidecar.ends_with(Ending)) return;
+    std::string ignored;
+    HasSource = Sample(sidecar.substr(0, sidecar.size() - Ending.size()), Source, ignored);
+}
+
+std::string SidecarFit::WhyUnfit(const std::u16string& file) const {
+    TableSample table;
+    std::string reason;
+    if (!Sample(file, table, reason)) return reason;
+    if (HasSource) reason = CompareNames(table);
+    return reason.empty() ? TryTimes(table) : reason;
+}
+
+bool SidecarFit::Sample(const std::u16string& file, TableSample& table, std::string& reason) const {
+    const auto filter = Module.MakeFilter(file);
+    ITableReader* const reader = filter->Find<ITableReader>();
+    return reader != nullptr && reader->SampleTable(Sidecar.c_str(), table, reason);
+}
+
+std::u16string SidecarFit::ValueOf(const char* element) const {
+    const auto found = std::find_if(Check.Fields.begin(), Check.Fields.end(),
+                                    [&](const SidecarField& field) { return field.Element == element; });
+    return found == Check.Fields.end() ? std::u16string() : found->Value;
+}
+
+std::string SidecarFit::CompareNames(const TableSample& table) const {
+    if (table.Names.size() != Source.Names.size())
+        return Phrase("it has {} columns instead of {}", table.Names.size(), Source.Names.size());
+    for (std::size_t i = 0; i < table.Names.size(); ++i) {
+        if (table.Names[i] == Source.Names[i]) continue;
+        return Phrase("its column {} is '{}' instead of '{}'", i + 1, Utf16ToUtf8(table.Names[i]),
+                      Utf16ToUtf8(Source.Names[i]));
+    }
+    return {};
+}
+
+std::string SidecarFit::TryTimes(const TableSample& table) const {
+    if (ValueOf("TIME-SETTING") != u"0") return {};
+    const bool hasDate = ValueOf("DATE-SETTING") == u"0";
+    const std::size_t time = ColumnOf(ValueOf("TIME-COLUMN"));
+    const std::size_t date = hasDate ? ColumnOf(ValueOf("DATE-COLUMN")) : time;
+    if (std::max(date, time) >= table.Names.size())
+        return Phrase("it has no column {}, where the time would be", std::max(date, time) + 1);
+    const auto filter = Module.MakeFilter(Sidecar);
+    const guess::TableTrial trial(*filter->Find<ITimeReader>(), table);
+    const guess::TextList texts = trial.Texts(date, time);
+    const std::u16string format = ValueOf("TIMESTAMP-FORMAT");
+    if (texts.empty()) return Phrase("its table has no rows");
+    if (trial.FitsFirstRows(format, texts, hasDate)) return {};
+    return Phrase("the format '{}' does not read its first time '{}'", Utf16ToUtf8(format),
+                  Utf16ToUtf8(texts.front()));
+}
+
+}  // namespace kelvarin::sidecar

@@ -1,0 +1,125 @@
+// Memory for the samples of a device: an arena, and lists of values in blocks that are taken from it.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <type_traits>
+#include <vector>
+
+namespace kelvarin::store {
+
+// Hands out memory piece by piece and frees all of it in its destructor. Takes it from the system in chunks
+// that double from 64 KiB to 1 MiB. For one thread at a time.
+class Arena {
+  public:
+    Arena() = default;
+    Arena(const Arena&) = delete;
+    Arena& operator=(const Arena&) = delete;
+    ~Arena();
+
+    // `size` bytes, aligned for every fundamental type; not initialised. Raises std::bad_alloc.
+    void* Allocate(std::size_t size);
+
+  private:
+    struct Chunk {
+        char* Memory;
+        std::size_t Size;
+    };
+
+    std::vector<Chunk> Chunks;
+    std::size_t Used = 0;  // of the last chunk
+};
+
+// A full block of a list. Integers are packed to 1, 2, 4 or 8 bytes each, by the largest of the block: most
+// measured integers are small, and memory that isn't touched costs no time either.
+struct KeptBlock {
+    const void* Values;
+    std::uint32_t Count;
+    std::uint32_t Width;  // bytes of a value
+};
+
+// A packed copy of some integers.
+KeptBlock PackIntegers(std::span<const std::int64_t> values, Arena& memory);
+
+// A value of such a copy.
+std::int64_t UnpackInteger(const KeptBlock& block, std::size_t index);
+
+// Values of one type in blocks that never move. The last block is open: values are appended to it while there
+// is room; then the owner flushes it.
+template <class Value>
+class BlockList {
+  public:
+    // The arena must outlive the list.
+    explicit BlockList(Arena& memory) : Memory(memory) {}
+
+    // True also before the first Flush.
+    bool IsFull() const { return Next == End; }
+
+    // There must be room.
+    void Append(Value value) { *Next++ = value; }
+
+    // The values of the open block, valid until the next Flush.
+    std::span<const Value> Open() const { return {Begin, static_cast<std::size_t>(Next - Begin)}; }
+
+    // Empties the open block, after keeping its values if `keep`. Blocks that are kept grow, so that short
+    // lists take little room and long ones have few blocks; without `keep` the list does not grow.
+    void Flush(bool keep) {
+        const auto size = static_cast<std::size_t>(End - Begin);
+        bool canReuse = !keep;
+        if constexpr (IsPacked) {
+            if (keep && Next != Begin) Blocks.push_back(PackIntegers(Open(), Memory));
+            canReuse |= size == LargestSize;
+        } else if (keep && Next != Begin) {
+            Blocks.push_back({Begin, static_cast<std::uint32_t>(Open().size()), sizeof(Value)});
+        }
+        if (size == 0 || !canReuse) {
+            const std::size_t next = std::clamp(2 * size, FirstSize, LargestSize);
+            Begin = static_cast<Value*>(Memory.Allocate(next * sizeof(Value)));
+            End = Begin + next;
+        }
+        Next = Begin;
+    }
+
+    // Reads the values kept and then those of the open block, from the first on. The list must outlive it and
+    // not grow meanwhile.
+    class Reader {
+      public:
+        explicit Reader(const BlockList& list) : List(list) {}
+
+        // The next value; there must be one.
+        Value Next() {
+            if (Block < List.Blocks.size() && At == List.Blocks[Block].Count) {
+                ++Block;
+                At = 0;
+            }
+            const std::size_t at = At++;
+            if (Block == List.Blocks.size()) return List.Begin[at];
+            const KeptBlock& block = List.Blocks[Block];
+            if constexpr (IsPacked) {
+                return UnpackInteger(block, at);
+            } else {
+                return static_cast<const Value*>(block.Values)[at];
+            }
+        }
+
+      private:
+        const BlockList& List;
+        std::size_t Block = 0;  // an index of List.Blocks, or their number for the open block
+        std::size_t At = 0;
+    };
+
+  private:
+    static constexpr bool IsPacked = std::is_same_v<Value, std::int64_t>;
+    static constexpr std::size_t FirstSize = 64;
+    static constexpr std::size_t LargestSize = IsPacked ? 1024 : 8192;
+
+    Arena& Memory;
+    std::vector<KeptBlock> Blocks;
+    Value* Begin = nullptr;  // of the open block
+    Value* Next = nullptr;
+    Value* End = nullptr;
+};
+
+}  // namespace kelvarin::store

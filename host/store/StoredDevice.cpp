@@ -1,0 +1,356 @@
+#include "host/store/StoredDevice.h"
+
+#include <algorithm>
+#include <cstring>
+#include <span>
+#include <type_traits>
+#include <utility>
+
+#include "host/store/Blocks.h"
+#include "host/store/TextBlocks.h"
+#include "platform/framework/Numbers.h"
+
+namespace kelvarin::store {
+
+namespace {
+
+// A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
+// its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
+// for others.
+class TimeAxis {
+    // A time and the step that led to it. Sums wrap.
+    struct Moment {
+        std::int64_t Time = 0;
+        std::int64_t Step = 0;
+    };
+
+  public:
+    // Keeps at most `keepLimit` times. The arena must outlive the axis.
+    TimeAxis(std::uint64_t keepLimit, Arena& memory)
+        : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
+
+    // The first `count` times of another axis; it must have as many.
+    TimeAxis(const TimeAxis& other, std::uint64_t count) : TimeAxis(other.KeepLimit, other.Memory) {
+        Reader reader(other);
+        while (Rows < std::min(count, KeepLimit)) Append(reader.Next());
+        FirstTime = other.FirstTime;
+        Rows = count;
+    }
+
+    void Append(std::int64_t time) {
+        const std::int64_t step = WrappingSubtract(time, Now.Time);
+        if (Rows < KeepLimit) {
+            if (Changes.IsFull()) Changes.Flush(true);
+            Changes.Append(WrappingSubtract(step, Now.Step));
+        }
+        if (Rows == 0) FirstTime = time;
+        Now = {time, step};
+        ++Rows;
+    }
+
+    // Of all times, kept or not. First and Last are 0 if there is none.
+    std::uint64_t Count() const { return Rows; }
+    std::int64_t First() const { return FirstTime; }
+    std::int64_t Last() const { return Now.Time; }
+
+    // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
+    class Reader {
+      public:
+        explicit Reader(const TimeAxis& axis) : Changes(axis.Changes) {}
+
+        // The next time; there must be one.
+        std::int64_t Next() {
+            Now.Step = WrappingAdd(Now.Step, Changes.Next());
+            Now.Time = WrappingAdd(Now.Time, Now.Step);
+            return Now.Time;
+        }
+
+      private:
+        BlockList<std::int64_t>::Reader Changes;
+        Moment Now;
+    };
+
+  private:
+    const std::uint64_t KeepLimit;
+    Arena& Memory;
+    BlockList<std::int64_t> Changes;  // of the step, from row to row; step and time begin at 0
+    std::uint64_t Rows = 0;
+    std::int64_t FirstTime = 0;
+    Moment Now;
+};
+
+}  // namespace
+
+struct SharedStore {
+    SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
+        : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
+
+    const std::uint64_t KeepLimit;  // samples that each signal keeps
+    DeviceSink* const Sink;         // may be null
+    Arena Memory;
+    const std::shared_ptr<TimeAxis> Axis;
+};
+
+namespace {
+
+// What all types of signals have in common. The signals of a device share its time axis while their times
+// agree.
+class SignalBase : public StoredSignal {
+  public:
+    SignalBase(SignalDescription description, std::uint32_t id, const SharedStore& store)
+        : StoredSignal(std::move(description), id),
+          Axis(store.Axis),
+          KeepLimit(store.KeepLimit),
+          TimeSink(store.Sink) {
+        if (TimeSink != nullptr) Sink = TimeSink->AddSignal(About);
+    }
+
+    void Finish() override {
+        Sum.FirstTime = Axis->First();
+        SummarizeRest();
+    }
+
+  protected:
+    // True if the axis has the next sample's time already, from another signal.
+    bool IsTimeOfRow(std::int64_t time) const {
+        return Axis->Count() == Sum.Count + 1 && Axis->Last() == time;
+    }
+
+    // Gives the axis, or one of the signal's own, the next sample's time.
+    void AppendTime(std::int64_t time) {
+        if (Axis->Count() != Sum.Count) {
+            Axis = std::make_shared<TimeAxis>(*Axis, Sum.Count);
+            // A sink gets the shared times alone; it sees that it has fewer samples of this signal.
+            Sink = nullptr;
+            TimeSink = nullptr;
+        }
+        Axis->Append(time);
+        if (TimeSink != nullptr) TimeSink->TakeTime(time);
+    }
+
+    // Counts a sample whose time the axis has.
+    void CountAt(std::int64_t time) {
+        Sum.LastTime = time;
+        ++Sum.Count;
+    }
+
+    // True if the last `count` samples, a block that is full, begin below the limit.
+    bool KeepsBlock(std::size_t count) const { return Sum.Count - count < KeepLimit; }
+
+    // How many samples a visit with this limit sees.
+    std::uint64_t CountKept(std::uint64_t limit) const { return std::min({limit, KeepLimit, Sum.Count}); }
+
+    // Adds what isn't in the summary yet to it.
+    virtual void SummarizeRest() = 0;
+
+    std::shared_ptr<TimeAxis> Axis;
+    SignalSink* Sink = nullptr;  // null: nobody wants the samples
+
+  private:
+    const std::uint64_t KeepLimit;
+    DeviceSink* TimeSink;  // null once the signal has an axis of its own
+};
+
+// Values of a fixed size: bool as a byte, int64, double, char16_t.
+template <class Value>
+class FixedSignal final : public SignalBase {
+  public:
+    FixedSignal(SignalDescription description, std::uint32_t id, SharedStore& store)
+        : SignalBase(std::move(description), id, store), Values(store.Memory) {}
+
+    // The case of nearly all samples is kept so short that it calls nothing.
+    DM::EResult AddSample(const void* data, std::uint32_t, std::int64_t time) override {
+        if (data == nullptr || Values.IsFull() || !IsTimeOfRow(time)) return AddSpecial(data, time);
+        CountAt(time);
+        AppendValue(data);
+        return DM::ResultOk;
+    }
+
+    void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override {
+        const std::uint64_t count = CountKept(limit);
+        TimeAxis::Reader times(*Axis);
+        typename BlockList<Value>::Reader values(Values);
+        for (std::uint64_t row = 0; row < count; ++row) {
+            const Value value = values.Next();
+            visit(times.Next(), IsGap(row) ? nullptr : &value, sizeof value);
+        }
+    }
+
+  private:
+    [[gnu::noinline]] DM::EResult AddSpecial(const void* data, std::int64_t time) {
+        if (Values.IsFull()) FlushBlock();
+        if (!IsTimeOfRow(time)) AppendTime(time);
+        CountAt(time);
+        if (data == nullptr) {
+            NoteGap();
+            Values.Append(Value{});
+        } else {
+            AppendValue(data);
+        }
+        return DM::ResultOk;
+    }
+
+    void AppendValue(const void* data) {
+        Value value;
+        std::memcpy(&value, data, sizeof value);
+        Values.Append(value);
+    }
+
+    void FlushBlock() {
+        SummarizeRest();
+        const std::size_t count = Values.Open().size();
+        const bool keep = KeepsBlock(count);
+        if (keep) OpenRow += count;
+        if (Gaps.size() > OpenRow) Gaps.resize(static_cast<std::size_t>(OpenRow));
+        Values.Flush(keep);
+    }
+
+    void NoteGap() {
+        ++Sum.WithoutValue;
+        Gaps.resize(static_cast<std::size_t>(OpenRow) + Values.Open().size() + 1);
+        Gaps.back() = true;
+    }
+
+    bool IsGap(std::uint64_t row) const { return row < Gaps.size() && Gaps[static_cast<std::size_t>(row)]; }
+
+    // Of the open block.
+    void SummarizeRest() override {
+        std::span<const Value> open = Values.Open();
+        std::vector<Value> present;
+        std::vector<std::uint8_t> valid;
+        if (Gaps.size() > OpenRow) {
+            for (std::size_t i = 0; i < open.size(); ++i) {
+                valid.push_back(!IsGap(OpenRow + i));
+                if (valid.back() != 0) present.push_back(open[i]);
+            }
+        }
+        if (Sink != nullptr && !open.empty())
+            Sink->TakeValues(open.data(), open.size(), valid.empty() ? nullptr : valid.data());
+        if (!valid.empty()) open = present;
+        if (open.empty()) return;
+        const auto bytesOf = [](const Value& value) {
+            return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+        };
+        if (!Sum.First) Sum.First = bytesOf(open.front());
+        Sum.Last = bytesOf(open.back());
+        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Plot.Add(open);
+    }
+
+    BlockList<Value> Values;
+    std::uint64_t OpenRow = 0;  // of the open block's first value, among the rows in Values
+    std::vector<bool> Gaps;     // rows in Values without a value, up to the last such row
+};
+
+// Texts of any length.
+class TextSignal final : public SignalBase {
+  public:
+    TextSignal(SignalDescription description, std::uint32_t id, SharedStore& store)
+        : SignalBase(std::move(description), id, store), Sizes(store.Memory), Texts(store.Memory) {}
+
+    DM::EResult AddSample(const void* data, std::uint32_t size, std::int64_t time) override {
+        const bool keep = KeepsBlock(0);
+        if (!IsTimeOfRow(time)) AppendTime(time);
+        CountAt(time);
+        const auto* const text = static_cast<const char16_t*>(data);
+        const auto length = static_cast<std::uint32_t>(size / sizeof(char16_t));
+        if (Sink != nullptr) Sink->TakeText(text, length);
+        if (keep) {
+            if (Sizes.IsFull()) Sizes.Flush(true);
+            Sizes.Append(text == nullptr ? NoValue : KeepText(text, length));
+        }
+        if (text == nullptr) {
+            ++Sum.WithoutValue;
+            return DM::ResultOk;
+        }
+        LastText.assign(static_cast<const char*>(data), size);
+        if (!Sum.First) Sum.First = LastText;
+        return DM::ResultOk;
+    }
+
+    void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override {
+        const std::uint64_t count = CountKept(limit);
+        TimeAxis::Reader times(*Axis);
+        BlockList<std::uint32_t>::Reader sizes(Sizes);
+        TextBlocks::Reader texts(Texts);
+        for (std::uint64_t row = 0; row < count; ++row) {
+            const std::int64_t time = times.Next();
+            const std::uint32_t size = sizes.Next();
+            if (size == NoValue) {
+                visit(time, nullptr, 0);
+                continue;
+            }
+            const std::uint32_t length = size & ~NarrowBit;
+            const char16_t* const text = texts.Next(length, (size & NarrowBit) != 0);
+            visit(time, text, length * std::uint32_t{sizeof(char16_t)});
+        }
+    }
+
+  private:
+    // What Sizes holds: the length of a text, and whether it is kept narrow. A text of 2 to the 30th units is
+    // longer than a line can be in memory twice over.
+    static constexpr std::uint32_t NoValue = 0xFFFFFFFF;
+    static constexpr std::uint32_t NarrowBit = 0x80000000;
+
+    // Keeps a text; returns its entry in Sizes.
+    std::uint32_t KeepText(const char16_t* text, std::uint32_t length) {
+        return Texts.Append(text, length) ? length | NarrowBit : length;
+    }
+
+    void SummarizeRest() override {
+        if (Sum.First) Sum.Last = LastText;
+    }
+
+    // Of the samples kept.
+    BlockList<std::uint32_t> Sizes;
+    TextBlocks Texts;
+
+    std::string LastText;  // bytes of the last value
+};
+
+std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uint32_t id,
+                                         SharedStore& store) {
+    switch (description.Type) {
+        case KelvarinBool:
+            return std::make_unique<FixedSignal<std::uint8_t>>(std::move(description), id, store);
+        case KelvarinInt64:
+            return std::make_unique<FixedSignal<std::int64_t>>(std::move(description), id, store);
+        case KelvarinDouble:
+            return std::make_unique<FixedSignal<double>>(std::move(description), id, store);
+        case KelvarinChar16:
+            return std::make_unique<FixedSignal<char16_t>>(std::move(description), id, store);
+        default:
+            return std::make_unique<TextSignal>(std::move(description), id, store);
+    }
+}
+
+}  // namespace
+
+DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml) {
+    About.MetaData.push_back(xml.GetString());
+    return DM::ResultOk;
+}
+
+StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
+                           DeviceSink* sink, std::vector<int> columns)
+    : Name(std::move(name)),
+      Description(std::move(description)),
+      Columns(std::move(columns)),
+      Store(std::make_unique<SharedStore>(keepLimit, sink)) {}
+
+StoredDevice::~StoredDevice() = default;
+
+DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
+                                       std::uint32_t size) {
+    const std::size_t index = Signals.size();
+    const int column = index < Columns.size() ? Columns[index] : -1;
+    SignalDescription description{name, type, size, column, {}, {}, {}};
+    Signals.push_back(MakeSignal(std::move(description), static_cast<std::uint32_t>(index + 1), *Store));
+    signal = Signals.back().get();
+    return DM::ResultOk;
+}
+
+void StoredDevice::Finish() {
+    for (const auto& signal : Signals) signal->Finish();
+}
+
+}  // namespace kelvarin::store

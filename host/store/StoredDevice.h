@@ -1,0 +1,107 @@
+// The store of the embedded host: a device, its signals, their summaries and the first of their samples.
+//
+// A run fills a device on one thread. After Finish any number of threads may read it, until it is destroyed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "contract/DataStore.h"
+#include "contract/DeviceHost.h"
+#include "host/store/SampleFile.h"
+#include "host/store/Sparkline.h"
+
+namespace kelvarin::store {
+
+// What a signal is made with, and its texts.
+struct SignalDescription {
+    std::u16string Name;     // unique within the device
+    std::uint32_t Type = 0;  // an EKelvarinType
+    std::uint32_t Size = 0;  // bytes of a value, or VariableSampleSize
+    int Column = -1;         // of the source, from 0; -1: unknown
+    std::u16string Symbol;   // the name for people
+    std::u16string Unit;
+    std::vector<std::string> MetaData;  // pieces of XML
+};
+
+// Over all samples of a signal, kept or not.
+struct SignalSummary {
+    std::uint64_t Count = 0;
+    std::uint64_t WithoutValue = 0;            // samples among them
+    std::int64_t FirstTime = 0, LastTime = 0;  // nanoseconds; 0 without samples
+    std::optional<std::string> First, Last;    // bytes of the first and the last value, if there is one
+    Sparkline Plot;                            // of truth values (0 and 1) and numbers; empty for others
+};
+
+// A signal: a summary of all its samples, and the first of them up to a limit.
+class StoredSignal : public DM::SignalProxy {
+  public:
+    void SetSymbol(const char16_t* symbol) override { About.Symbol = symbol; }
+    std::u16string GetUnit() const override { return About.Unit; }
+    void SetUnit(const char16_t* unit) override { About.Unit = unit; }
+    const DM::SUniqueSignalId& GetUniqueSignalId() const override { return Id; }
+    DM::EResult WriteMetaData(std::uint32_t kind, const DM::XmlString& xml) override;
+
+    const SignalDescription& Description() const { return About; }
+
+    // Complete once the device is finished.
+    const SignalSummary& Summary() const { return Sum; }
+
+    // Gets a sample as it was given: its time in nanoseconds, `size` bytes of the signal's type, valid during
+    // the call. Null data is a sample without a value.
+    using SampleVisitor = std::function<void(std::int64_t time, const void* data, std::uint32_t size)>;
+
+    // Visits the first samples in order, `limit` at most and none beyond those kept.
+    virtual void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const = 0;
+
+    // Called by the device after the last sample.
+    virtual void Finish() = 0;
+
+  protected:
+    StoredSignal(SignalDescription description, std::uint32_t id)
+        : About(std::move(description)), Id{{0, 0, 0}, id} {}
+
+    SignalDescription About;
+    SignalSummary Sum;
+
+  private:
+    const DM::SUniqueSignalId Id;
+};
+
+// What the signals of a device share.
+struct SharedStore;
+
+// A device, which is also its own source of signals.
+class StoredDevice : public CDevice, public DM::SourceProxy {
+  public:
+    // Its signals keep at most `keepLimit` samples each. All of them go to `sink` too, unless it is null; it
+    // must outlive the run. `columns` has the source's columns of the signals in the order of their making,
+    // as far as they are known.
+    StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
+                 DeviceSink* sink = nullptr, std::vector<int> columns = {});
+    ~StoredDevice() override;
+
+    DM::SourceProxy* GetDmSource() override { return this; }
+    DM::EResult CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
+                             std::uint32_t size) override;
+
+    // Called once, after the last sample of all signals.
+    void Finish();
+
+    const std::u16string Name;
+    const std::u16string Description;
+
+  private:
+    const std::vector<int> Columns;
+    const std::unique_ptr<SharedStore> Store;
+
+  public:
+    std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making; they use Store
+};
+
+}  // namespace kelvarin::store

@@ -1,0 +1,56 @@
+#include "host/store/TextBlocks.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "simd/Units.h"
+
+namespace kelvarin::store {
+
+namespace {
+
+constexpr std::size_t FirstSize = 256;
+constexpr std::size_t LargestSize = 64 * 1024;
+
+// Fills a text of the right length.
+void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
+    if (isNarrow) {
+        for (std::size_t i = 0; i < text.size(); ++i) text[i] = static_cast<unsigned char>(bytes[i]);
+    } else if (!text.empty()) {
+        std::memcpy(text.data(), bytes, text.size() * sizeof(char16_t));
+    }
+}
+
+}  // namespace
+
+void TextBlocks::AddBlock(std::size_t size) {
+    const std::size_t next = Blocks.empty() ? FirstSize : std::min(2 * Blocks.back().Size, LargestSize);
+    const std::size_t room = std::max(size, next);
+    Blocks.push_back({static_cast<char*>(Memory.Allocate(room)), 0, room});
+}
+
+bool TextBlocks::Append(const char16_t* text, std::size_t length) {
+    std::size_t size = length;
+    const bool isNarrow = simd::Narrow(text, length, Reserve(length));
+    if (!isNarrow) {
+        size *= sizeof(char16_t);
+        std::memcpy(Reserve(size), text, size);
+    }
+    Blocks.back().Used += size;
+    return isNarrow;
+}
+
+const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
+    const std::size_t size = isNarrow ? length : length * sizeof(char16_t);
+    // A text that found no room is in the next block.
+    while (!Texts.Blocks.empty() && size > Texts.Blocks[Block].Used - At) {
+        ++Block;
+        At = 0;
+    }
+    Text.resize(length);
+    if (size != 0) Widen(Texts.Blocks[Block].Bytes + At, isNarrow, Text);
+    At += size;
+    return Text.data();
+}
+
+}  // namespace kelvarin::store

@@ -1,0 +1,53 @@
+// Texts of UTF-16 one after the other, in blocks that never move.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "host/store/Blocks.h"
+
+namespace kelvarin::store {
+
+// Keeps a text whose characters all lie below 256 in one byte each: that is most texts of measurement files.
+class TextBlocks {
+  public:
+    // The arena must outlive the texts.
+    explicit TextBlocks(Arena& memory) : Memory(memory) {}
+
+    // Copies `length` units; true if they were kept narrow.
+    bool Append(const char16_t* text, std::size_t length);
+
+    // Reads the texts in order, each by its length and by what Append returned.
+    class Reader {
+      public:
+        explicit Reader(const TextBlocks& texts) : Texts(texts) {}
+
+        // Valid until the next call.
+        const char16_t* Next(std::size_t length, bool isNarrow);
+
+      private:
+        const TextBlocks& Texts;
+        std::size_t Block = 0;
+        std::size_t At = 0;
+        std::u16string Text;
+    };
+
+  private:
+    struct Block {
+        char* Bytes;
+        std::size_t Used, Size;
+    };
+
+    // Room for so many bytes.
+    char* Reserve(std::size_t size) {
+        if (Blocks.empty() || Blocks.back().Size - Blocks.back().Used < size) AddBlock(size);
+        return Blocks.back().Bytes + Blocks.back().Used;
+    }
+    void AddBlock(std::size_t size);
+
+    Arena& Memory;
+    std::vector<Block> Blocks;
+};
+
+}  // namespace kelvarin::store

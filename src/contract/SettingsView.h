@@ -1,0 +1,19 @@
+// Optional interface of a filter: its settings, for a host that shows them.
+#pragma once
+
+#include <string>
+
+class CCsvImportSettings;
+
+class ISettingsView {
+  public:
+    static constexpr const char* Id = "kelvarin.SettingsView/1";
+
+    virtual ~ISettingsView() = default;
+
+    // The filter's own record; it changes with each analysis and dialog.
+    virtual const CCsvImportSettings& GetSettings() const = 0;
+
+    // The warning about the filter's sidecar; empty if there is none.
+    virtual const std::u16string& GetSidecarWarning() const = 0;
+};

@@ -1,0 +1,19 @@
+#include "plugin/FilterInterfaces.h"
+
+#include "plugin/CsvImportFilter.h"
+
+const CCsvImportSettings& CFilterInterfaces::GetSettings() const {
+    return Owner.GetSettings();
+}
+
+const std::u16string& CFilterInterfaces::GetSidecarWarning() const {
+    return Owner.GetSidecarWarning();
+}
+
+void CFilterInterfaces::ObserveAnalysis(IAnalysisObserver* observer) {
+    Owner.ObserveAnalysis(observer);
+}
+
+void CFilterInterfaces::ObserveRun(IRunObserver* observer) {
+    Owner.ObserveRun(observer);
+}

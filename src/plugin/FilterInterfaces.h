@@ -1,0 +1,43 @@
+// The optional interfaces of the filter, for hosts that ask for them.
+#pragma once
+
+#include "contract/AnalysisObserver.h"
+#include "contract/RunObserver.h"
+#include "contract/SettingsView.h"
+#include "contract/SidecarTool.h"
+#include "contract/TableReader.h"
+#include "contract/TimeReader.h"
+
+class CCsvImportFilter;
+
+// One object serves all of them: the filter itself has no other base than the contract's.
+class CFilterInterfaces final : public ISettingsView,
+                                public ISidecarTool,
+                                public ITableReader,
+                                public ITimeReader,
+                                public IObservedAnalysis,
+                                public IObservedRun {
+  public:
+    explicit CFilterInterfaces(CCsvImportFilter& owner) : Owner(owner) {}
+
+    // --- FilterInterfaces.cpp ---
+    const CCsvImportSettings& GetSettings() const override;
+    const std::u16string& GetSidecarWarning() const override;
+    void ObserveAnalysis(IAnalysisObserver* observer) override;
+    void ObserveRun(IRunObserver* observer) override;
+
+    // --- SidecarTool.cpp ---
+    bool WriteSidecar(std::string& reason) override;
+    bool SaveSidecar(std::string& reason) override;
+    SidecarCheck CheckSidecar(const char16_t* sidecarPath) override;
+
+    // --- TableReader.cpp ---
+    bool SampleTable(const char16_t* sidecarPath, TableSample& sample, std::string& reason) override;
+    bool CutLines(const LineCut& cut, std::vector<CutLine>& lines, std::string& reason) override;
+    std::vector<std::int64_t> ReadTimes(const std::u16string& format,
+                                        const std::vector<std::u16string>& texts, bool hasDate) override;
+    std::u16string FormatLetters() override;
+
+  private:
+    CCsvImportFilter& Owner;
+};
