@@ -53,3 +53,17 @@ if(WIN32)
     install(FILES ${RUNTIME_PATH} DESTINATION .)
   endforeach()
 endif()
+
+# With -DCMAKE_UNITY_BUILD=ON the files of a folder are compiled as one, which takes half the time or less. Further
+# arguments are files that are left apart: they use a name that another file of the folder has in its unnamed namespace too.
+function(unite_folders TARGET)
+  get_target_property(SOURCES ${TARGET} SOURCES)
+  foreach(SOURCE ${SOURCES})
+    get_filename_component(FOLDER ${SOURCE} DIRECTORY)
+    file(RELATIVE_PATH FOLDER ${PROJECT_SOURCE_DIR} ${FOLDER})
+    string(MAKE_C_IDENTIFIER "${FOLDER}" GROUP)
+    set_source_files_properties(${SOURCE} PROPERTIES UNITY_GROUP "${GROUP}")
+  endforeach()
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  set_target_properties(${TARGET} PROPERTIES UNITY_BUILD_MODE GROUP)
+endfunction()
