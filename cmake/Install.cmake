@@ -29,9 +29,10 @@ install(FILES ${CMAKE_BINARY_DIR}/kelvarin-config.cmake ${CMAKE_BINARY_DIR}/kelv
 # The program writes these itself, so that they can't lag behind its options.
 set(PAGES ${CMAKE_BINARY_DIR}/pages)
 file(MAKE_DIRECTORY ${PAGES})
+list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " EMULATOR)
 function(add_page NAME WORDS)
   add_custom_command(OUTPUT ${PAGES}/${NAME} DEPENDS kelvarin-import VERBATIM
-    COMMAND sh -c "LC_ALL=C '$<TARGET_FILE:kelvarin-import>' ${WORDS} >'${PAGES}/${NAME}'")
+    COMMAND sh -c "LC_ALL=C ${EMULATOR} '$<TARGET_FILE:kelvarin-import>' ${WORDS} >'${PAGES}/${NAME}'")
   set_property(GLOBAL APPEND PROPERTY PAGE_FILES ${PAGES}/${NAME})
 endfunction()
 add_page(kelvarin-import.1 manual)

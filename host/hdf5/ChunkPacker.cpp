@@ -1,11 +1,13 @@
 #include "host/hdf5/ChunkPacker.h"
 
-#include <immintrin.h>
 #include <isa-l/igzip_lib.h>
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
+
+#include "simd/Planes.h"
+#include "simd/WideRegisters.h"
 
 namespace kelvarin::hdf5 {
 namespace {
@@ -25,35 +27,6 @@ constexpr std::size_t SumSize = 4;  // of the checksum at the end
 constexpr std::size_t WorthNumerator = 31;
 constexpr std::size_t WorthDenominator = 32;
 
-// Eight rows of eight bytes become eight planes of eight bytes.
-void TransposeEight(const std::uint8_t* in, std::uint8_t* out, std::size_t stride) {
-    const auto load = [&](std::size_t pair) {
-        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(in + pair * sizeof(__m128i)));
-    };
-    const __m128i row01 = load(0);
-    const __m128i row23 = load(1);
-    const __m128i row45 = load(2);
-    const __m128i row67 = load(3);
-    const auto interleave = [](__m128i a) { return _mm_unpacklo_epi8(a, _mm_unpackhi_epi64(a, a)); };
-    const __m128i bytes01 = interleave(row01);
-    const __m128i bytes23 = interleave(row23);
-    const __m128i bytes45 = interleave(row45);
-    const __m128i bytes67 = interleave(row67);
-    const __m128i low0123 = _mm_unpacklo_epi16(bytes01, bytes23);
-    const __m128i high0123 = _mm_unpackhi_epi16(bytes01, bytes23);
-    const __m128i low4567 = _mm_unpacklo_epi16(bytes45, bytes67);
-    const __m128i high4567 = _mm_unpackhi_epi16(bytes45, bytes67);
-    const auto store = [&](std::size_t plane, __m128i two) {
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + plane * stride), two);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(out + (plane + 1) * stride),
-                         _mm_unpackhi_epi64(two, two));
-    };
-    store(0, _mm_unpacklo_epi32(low0123, low4567));
-    store(2, _mm_unpackhi_epi32(low0123, low4567));
-    store(4, _mm_unpacklo_epi32(high0123, high4567));
-    store(6, _mm_unpackhi_epi32(high0123, high4567));
-}
-
 // True if every byte occurs about as often as every other, judged by a few stretches.
 bool IsFlat(std::span<const std::uint8_t> part) {
     constexpr std::size_t Stretches = 8;
@@ -70,19 +43,12 @@ bool IsFlat(std::span<const std::uint8_t> part) {
     return squares < MostForChance;
 }
 
-// The packing library leaves the upper halves of the registers in use, which makes all arithmetic outside it
-// wait for them: an import would take a quarter longer.
-[[gnu::target("avx")]] void ClearUpperHalves() {
-    _mm256_zeroupper();
-}
-
-const bool HasWideRegisters = __builtin_cpu_supports("avx") != 0;
-
 void Shuffle(std::span<const std::uint8_t> in, std::uint8_t* out, std::size_t width) {
     const std::size_t count = in.size() / width;
     std::size_t done = 0;
     if (width == 8) {
-        for (; done + 8 <= count; done += 8) TransposeEight(in.data() + done * width, out + done, count);
+        for (; done + 8 <= count; done += 8)
+            simd::TransposeEight(in.data() + done * width, out + done, count);
     }
     for (std::size_t plane = 0; plane < width; ++plane) {
         for (std::size_t i = done; i < count; ++i) out[plane * count + i] = in[i * width + plane];
@@ -133,7 +99,9 @@ ChunkPacker::ChunkPacker() : Workspace(ISAL_DEF_LVL1_DEFAULT) {}
 
 std::span<const std::uint8_t> ChunkPacker::Pack(std::span<const std::uint8_t> chunk, std::size_t width) {
     const bool isWorthIt = PackParts(chunk, width);
-    if (HasWideRegisters) ClearUpperHalves();
+    // The packing library leaves the upper halves of the registers in use: an import would take a quarter
+    // longer.
+    simd::ClearUpperHalves();
     return std::span(Packed).first(isWorthIt ? Used : 0);
 }
 

@@ -1,34 +1,14 @@
 #include "host/store/TextBlocks.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
 #include <cstring>
+
+#include "simd/Units.h"
 
 namespace kelvarin::store {
 namespace {
 constexpr std::size_t FirstSize = 256;
 constexpr std::size_t LargestSize = 64 * 1024;
-
-constexpr std::size_t UnitsPerStep = 8;
-
-// Writes the low bytes of all units; true if the high ones are zero.
-bool Narrow(const char16_t* text, std::size_t length, char* bytes) {
-    __m128i all = _mm_setzero_si128();
-    std::size_t i = 0;
-    for (; i + UnitsPerStep <= length; i += UnitsPerStep) {
-        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + i));
-        all = _mm_or_si128(all, units);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes + i), _mm_packus_epi16(units, units));
-    }
-    unsigned rest = 0;
-    for (; i < length; ++i) {
-        rest |= text[i];
-        bytes[i] = static_cast<char>(text[i]);
-    }
-    const __m128i high = _mm_srli_epi16(all, 8);
-    return rest < 0x100 && _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
-}
 
 // Fills a text of the right length.
 void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
@@ -48,7 +28,7 @@ void TextBlocks::AddBlock(std::size_t size) {
 
 bool TextBlocks::Append(const char16_t* text, std::size_t length) {
     std::size_t size = length;
-    const bool isNarrow = Narrow(text, length, Reserve(length));
+    const bool isNarrow = simd::Narrow(text, length, Reserve(length));
     if (!isNarrow) {
         size *= sizeof(char16_t);
         std::memcpy(Reserve(size), text, size);

@@ -7,12 +7,12 @@
 // times 10 to the 8th a number's numerator has always eight decimals.
 #pragma once
 
-#include <emmintrin.h>
-
 #include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+
+#include "simd/Digits.h"
 
 // The units before the cell's terminating zero.
 std::size_t ScanLength(const char16_t* cell);
@@ -34,9 +34,8 @@ const char16_t* ScanMoreDigits(const char16_t* text, std::uint64_t& number);
 // Steps of the scans.
 namespace scan {
 
-constexpr unsigned UnitsPerLoad = 8;
-constexpr unsigned MostDigits = 8;  // of a run
-constexpr int Decimals = 8;         // of a numerator
+using simd::MostDigits;
+constexpr int Decimals = 8;  // of a numerator
 constexpr std::uint64_t LargestExactInteger = std::uint64_t{1} << 53;
 
 // All of them are exact as doubles.
@@ -64,57 +63,6 @@ inline double WithSign(double magnitude, bool isNegative) {
     return std::bit_cast<double>(std::bit_cast<std::uint64_t>(magnitude) | std::uint64_t{isNegative} << 63);
 }
 
-// The digits at one place of a text, in the first lanes; zeros in the others.
-struct DigitRun {
-    __m128i Digits;
-    unsigned Count;
-};
-
-inline __m128i LoadUnits(const char16_t* text) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-}
-
-// All ones in as many lanes from the left as the row says.
-alignas(16) inline constexpr std::int16_t FirstLanes[MostDigits + 1][UnitsPerLoad] = {
-    {},
-    {-1},
-    {-1, -1},
-    {-1, -1, -1},
-    {-1, -1, -1, -1},
-    {-1, -1, -1, -1, -1},
-    {-1, -1, -1, -1, -1, -1},
-    {-1, -1, -1, -1, -1, -1, -1},
-    {-1, -1, -1, -1, -1, -1, -1, -1}};
-
-inline DigitRun ReadDigits(const char16_t* text) {
-    const __m128i digits = _mm_sub_epi16(LoadUnits(text), _mm_set1_epi16(u'0'));
-    // Comparisons are signed: seen from the lowest number, digits are the ten least.
-    constexpr std::int16_t Lowest = -0x8000;
-    const __m128i others =
-        _mm_cmpgt_epi16(_mm_add_epi16(digits, _mm_set1_epi16(Lowest)), _mm_set1_epi16(Lowest + 9));
-    const auto bytes = static_cast<unsigned>(_mm_movemask_epi8(others)) | 0x10000;
-    const auto count = static_cast<unsigned>(std::countr_zero(bytes)) / 2;
-    return {_mm_and_si128(digits, *reinterpret_cast<const __m128i*>(FirstLanes[count])), count};
-}
-
-// Factors that join neighbours: 1 to 2 digits, 2 to 4, 4 to 8.
-inline __m128i Join(__m128i numbers, int factor) {
-    return _mm_madd_epi16(numbers, _mm_set1_epi32(1 << 16 | factor));
-}
-
-// A run as a number of eight digits.
-inline std::uint32_t JoinDigits(__m128i digits) {
-    const __m128i twos = Join(digits, 10);
-    const __m128i fours = Join(_mm_packs_epi32(twos, twos), 100);
-    return static_cast<std::uint32_t>(_mm_cvtsi128_si32(Join(_mm_packs_epi32(fours, fours), 10'000)));
-}
-
-// Two runs at once: the first in the lower half, the second in the upper.
-inline std::uint64_t JoinDigits(__m128i first, __m128i second) {
-    const __m128i fours = Join(_mm_packs_epi32(Join(first, 10), Join(second, 10)), 100);
-    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(Join(_mm_packs_epi32(fours, fours), 10'000)));
-}
-
 // A run of so many digits as a number, from one of eight that has zeros behind them. A division without rest
 // is one multiplication by the inverse, but for the twos in it; the processor's own takes ten times as long.
 inline std::uint32_t WithoutZeros(std::uint32_t number, unsigned count) {
@@ -129,12 +77,12 @@ inline std::uint32_t WithoutZeros(std::uint32_t number, unsigned count) {
 // a digit. False says nothing about the cell.
 inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** end) {
     const char16_t* p = scan::SkipSign(cell);
-    const scan::DigitRun whole = scan::ReadDigits(p);
+    const simd::DigitRun whole = simd::ReadDigits(p);
     if (whole.Count == 0) return false;
     p += whole.Count;
-    scan::DigitRun decimals{_mm_setzero_si128(), 0};
+    simd::DigitRun decimals{};
     if (*p == u',' || *p == u'.') {
-        decimals = scan::ReadDigits(++p);
+        decimals = simd::ReadDigits(++p);
         if (decimals.Count == 0) return false;
         p += decimals.Count;
     }
@@ -143,7 +91,7 @@ inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** en
         p = ScanExponent(p, power);
         if (p == nullptr || power < -scan::LargestExactPower || power > scan::LargestExactPower) return false;
     }
-    const std::uint64_t joined = scan::JoinDigits(whole.Digits, decimals.Digits);
+    const std::uint64_t joined = simd::JoinDigits(whole, decimals);
     const std::uint64_t numerator = (joined & 0xFFFFFFFF) * scan::WholePowers[whole.Count] + (joined >> 32);
     // With both factors exact, one product or quotient is rounded correctly.
     if (numerator > scan::LargestExactInteger) return false;
@@ -158,9 +106,9 @@ inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** en
 // not a digit; a mark there means that the number isn't plain. False says nothing about the cell.
 inline bool ScanInteger(const char16_t* cell, std::int64_t& value, const char16_t** end) {
     const char16_t* p = scan::SkipSign(cell);
-    const scan::DigitRun run = scan::ReadDigits(p);
+    const simd::DigitRun run = simd::ReadDigits(p);
     p += run.Count;
-    std::uint64_t magnitude = scan::WithoutZeros(scan::JoinDigits(run.Digits), run.Count);
+    std::uint64_t magnitude = scan::WithoutZeros(simd::JoinDigits(run), run.Count);
     // Only a full run can have a digit behind it. Its count is hard to predict, but not this.
     if (*p >= u'0' && *p <= u'9') {
         p = ScanMoreDigits(p, magnitude);

@@ -3,30 +3,16 @@
 // hard to predict for the processor, how many there are in a line is not.
 #include "analysis/SplitPaddedLine.h"
 
-#include <emmintrin.h>
-
 #include <bit>
 #include <cstdint>
 
 #include "analysis/SplitLine.h"
+#include "simd/Units.h"
 
 namespace {
 
 constexpr char16_t DoubleQuote = u'"';
-constexpr std::size_t UnitsPerStep = 64;
-constexpr std::size_t UnitsPerLoad = 8;
-
-__m128i Load(const char16_t* text) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-}
-
-std::uint64_t MaskOf(__m128i first, __m128i second) {
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(first, second)));
-}
-
-__m128i Equal(__m128i units, char16_t c) {
-    return _mm_cmpeq_epi16(units, _mm_set1_epi16(static_cast<short>(c)));
-}
+constexpr std::size_t UnitsPerStep = simd::UnitsPerMask;
 
 // What there is among 64 characters: a bit for each, none behind the line's end.
 struct Found {
@@ -37,18 +23,8 @@ struct Found {
 
 Found Find(const char16_t* text, char16_t separator) {
     // Not above the carriage return stand the ends, the tab and what hardly occurs.
-    const auto areLow = [](__m128i units) {
-        return _mm_cmpeq_epi16(_mm_subs_epu16(units, _mm_set1_epi16(u'\r')), _mm_setzero_si128());
-    };
-    Found found;
-    for (std::size_t at = 0; at < UnitsPerStep; at += 2 * UnitsPerLoad) {
-        const __m128i first = Load(text + at);
-        const __m128i second = Load(text + at + UnitsPerLoad);
-        found.Separators |= MaskOf(Equal(first, separator), Equal(second, separator)) << at;
-        found.Quotes |= MaskOf(Equal(first, DoubleQuote), Equal(second, DoubleQuote)) << at;
-        found.End |= MaskOf(areLow(first), areLow(second)) << at;
-    }
-    found.End &= ~found.Separators;
+    const simd::UnitMasks masks = simd::FindUnits(text, separator);
+    Found found{masks.Separators, masks.Quotes, masks.Low & ~masks.Separators};
     while (found.End != 0 && !EndsLine(text[std::countr_zero(found.End)])) found.End &= found.End - 1;
     const std::uint64_t upToEnd = found.End ^ (found.End - 1);
     found.End &= upToEnd;

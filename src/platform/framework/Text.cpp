@@ -1,8 +1,8 @@
 #include "platform/framework/Text.h"
 
-#include <emmintrin.h>
-
 #include <cstdint>
+
+#include "simd/Units.h"
 
 namespace {
 
@@ -52,16 +52,6 @@ constexpr char16_t LowerAscii(char16_t c) {
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
 
-// Widens sixteen bytes; false if they are not all ASCII, with `out` then left alone.
-bool WidenBlock(const char* bytes, char16_t* out) {
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-    if (_mm_movemask_epi8(block) != 0) return false;
-    const __m128i zero = _mm_setzero_si128();
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(block, zero));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8), _mm_unpackhi_epi8(block, zero));
-    return true;
-}
-
 // Decodes into `text`, which has a unit of room per byte. With `strict` an invalid byte ends the walk with
 // false; without it becomes U+FFFD.
 bool Decode(std::string_view bytes, std::u16string& text, bool strict) {
@@ -85,14 +75,14 @@ bool Decode(std::string_view bytes, std::u16string& text, bool strict) {
 }  // namespace
 
 std::size_t WidenAscii(std::string_view bytes, char16_t* out) {
-    constexpr std::size_t Block = 16;
+    constexpr std::size_t Block = simd::BytesPerBlock;
     const std::size_t size = bytes.size();
     std::size_t at = 0;
-    for (; at + Block <= size && WidenBlock(bytes.data() + at, out + at); at += Block) {
+    for (; at + Block <= size && simd::WidenBlock(bytes.data() + at, out + at); at += Block) {
     }
     // The last block once more from where it is whole: what it widens twice comes out the same.
     if (at < size && at + Block > size && size >= Block &&
-        WidenBlock(bytes.data() + size - Block, out + size - Block))
+        simd::WidenBlock(bytes.data() + size - Block, out + size - Block))
         return size;
     for (; at < size; ++at) {
         const auto byte = static_cast<unsigned char>(bytes[at]);
