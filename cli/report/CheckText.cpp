@@ -3,7 +3,7 @@
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
 #include "cli/report/TextLayout.h"
-#include "host/check/CheckWords.h"
+#include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -21,7 +21,7 @@ std::string FaultsInWords(const check::CheckResult& result) {
     if (result.Dropped.Count() != 0)
         add(Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines));
     const std::uint64_t cells = result.RefusedCells();
-    if (cells != 0) add(Phrase("{} refused", check::CellsInWords(cells)));
+    if (cells != 0) add(Phrase("{} refused", CellsInWords(cells)));
     return words;
 }
 
@@ -31,7 +31,7 @@ void WriteVerdict(std::ostream& out, const CheckReport& report) {
                                       [](const check::Finding& finding) { return finding.IsFault; });
     const std::string words = FaultsInWords(report.Result);
     if (check::IsClean(report.Result, report.Findings)) {
-        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(report.Result.StoredRows()));
+        out << Phrase("clean: {} stored, every cell read", RowsInWords(report.Result.StoredRows()));
     } else if (faults == 1) {
         out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
     } else {
@@ -51,7 +51,7 @@ void WriteFindings(std::ostream& out, const CheckReport& report) {
 }
 
 std::string PlaceText(const check::FilePlace& place) {
-    return Phrase("line {}", place.Line) + " " + check::Quoted(place.Text, CellWidth);
+    return Phrase("line {}", place.Line) + " " + Quoted(place.Text, CellWidth);
 }
 
 void WriteColumns(std::ostream& out, const check::CheckResult& result) {
@@ -78,31 +78,30 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
 
 void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals) {
     if (intervals.Count == 0) return;
-    const std::string median = check::SpanInWords(intervals.Median);
+    const std::string median = SpanInWords(intervals.Median);
     if (intervals.Shortest == intervals.Longest) {
         table.AddRow({Phrase("interval"), Phrase("{} between all rows", median)});
         return;
     }
     const std::string about = intervals.IsExact ? "" : " " + Phrase("(to 1/64)");
     table.AddRow({Phrase("interval"), Phrase("{} (median)", median) + about});
-    table.AddRow(
-        {Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
-                                  check::SpanInWords(intervals.Low), check::SpanInWords(intervals.High))});
-    table.AddRow({Phrase("extremes"), Phrase("{} to {}", check::SpanInWords(intervals.Shortest),
-                                             check::SpanInWords(intervals.Longest))});
+    table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
+                                           SpanInWords(intervals.Low), SpanInWords(intervals.High))});
+    table.AddRow({Phrase("extremes"),
+                  Phrase("{} to {}", SpanInWords(intervals.Shortest), SpanInWords(intervals.Longest))});
 }
 
 void WriteTime(std::ostream& out, const check::CheckResult& result) {
     const check::TimeSeries& series = *result.Series;
     if (series.Count() == 0) return;
     const auto moment = [&](std::int64_t time, std::uint64_t line) {
-        return check::MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
+        return MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
     };
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     table.AddRow({Phrase("rows"), std::to_string(series.Count())});
     table.AddRow({Phrase("first"), moment(series.First(), series.FirstLine())});
     table.AddRow({Phrase("last"), moment(series.Last(), series.LastLine())});
-    table.AddRow({Phrase("span"), check::SpanInWords(series.Last() - series.First())});
+    table.AddRow({Phrase("span"), SpanInWords(series.Last() - series.First())});
     WriteIntervals(table, series.Intervals());
     out << ReportHeading(Phrase("time axis")) << "\n";
     table.Write(out, "    ");
@@ -115,9 +114,9 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     TextTable table({TextTable::Align::Right, TextTable::Align::Left, TextTable::Align::Left});
     for (const check::TimeStep& step : result.Series->LongestSteps()) {
         if (step.Length() <= intervals.GapAbove) break;
-        table.AddRow({check::SpanInWords(step.Length()), Phrase("before line {}", step.Line),
-                      Phrase("{} to {}", check::MomentInWords(result.Format, step.From),
-                             check::MomentInWords(result.Format, step.To))});
+        table.AddRow({SpanInWords(step.Length()), Phrase("before line {}", step.Line),
+                      Phrase("{} to {}", MomentInWords(result.Format, step.From),
+                             MomentInWords(result.Format, step.To))});
     }
     table.Write(out, "    ");
 }
@@ -125,7 +124,7 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
 void WriteRejectsNote(std::ostream& out, const CheckReport& report) {
     if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return;
     const std::string name = Utf16ToUtf8(PathFromNative(report.RejectsFile));
-    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", check::RowsInWords(report.RejectedRows), name)
+    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", RowsInWords(report.RejectedRows), name)
         << "\n";
     if (report.RejectedRows == 0) return;
     out << ReportLabel("") << "-> "

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "host/check/CheckRun.h"
-#include "host/check/CheckWords.h"
 #include "host/check/Findings.h"
 #include "platform/framework/Text.h"
 
