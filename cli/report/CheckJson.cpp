@@ -17,9 +17,9 @@ Json PlaceToJson(const check::FilePlace& place) {
 
 Json PlacesToJson(const check::FilePlaces& places) {
     Json first = Json::array();
-    for (const check::FilePlace& place : places.FirstFew()) first.push_back(PlaceToJson(place));
-    Json json = {{"count", places.Count()}, {"first", first}};
-    json["last"] = places.FirstFew().empty() ? Json() : PlaceToJson(places.Last());
+    for (const check::FilePlace& place : places.FirstFew) first.push_back(PlaceToJson(place));
+    Json json = {{"count", places.Count}, {"first", first}};
+    json["last"] = places.FirstFew.empty() ? Json() : PlaceToJson(places.Last);
     return json;
 }
 
@@ -39,7 +39,7 @@ Json DroppedToJson(const check::DroppedRows& dropped) {
     Json reasons = Json::object();
     for (std::size_t i = 0; i < check::DropKindCount; ++i) {
         const auto kind = static_cast<check::DropKind>(i);
-        if (dropped.Of(kind).Count() != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
+        if (dropped.Of(kind).Count != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
     }
     return {{"count", dropped.Count()}, {"examined", dropped.Count()}, {"reasons", reasons}};
 }

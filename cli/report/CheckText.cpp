@@ -60,13 +60,12 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
     std::size_t count = 0;
     for (const check::ColumnCheck& column : result.Columns) {
         const check::FilePlaces& refused = column.Refused;
-        const bool any = refused.Count() != 0;
+        const bool any = refused.Count != 0;
         if ((!any && column.Empty == 0) || ++count > MostColumnsShown) continue;
         table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      any ? DataTypeInWords(column.Type) : "",
-                      any ? Phrase("{} refused", refused.Count()) : "",
-                      any ? PlaceText(refused.FirstFew().front()) : "",
-                      refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : "",
+                      any ? DataTypeInWords(column.Type) : "", any ? Phrase("{} refused", refused.Count) : "",
+                      any ? PlaceText(refused.FirstFew.front()) : "",
+                      refused.Count > 1 ? "... " + PlaceText(refused.Last) : "",
                       column.Empty != 0 ? Phrase("{} empty", column.Empty) : ""});
     }
     if (count == 0) return;

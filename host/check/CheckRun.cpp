@@ -1,7 +1,6 @@
 #include "host/check/CheckRun.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
@@ -27,7 +26,7 @@ void CountSamples(const store::StoredDevice& device, CheckResult& result) {
     for (std::size_t i = 0; i < std::min(device.Signals.size(), result.Columns.size()); ++i) {
         const store::SignalSummary& signal = device.Signals[i]->Summary();
         result.Columns[i].Samples = signal.Count;
-        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count();
+        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count;
     }
 }
 
@@ -65,18 +64,6 @@ std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& 
         if (std::count(times.begin(), times.end(), -1) * 2 <= std::ssize(times)) return other;
     }
     return {};
-}
-
-void LookAbove(const CImportFilter& filter, CheckResult& result) {
-    const bool isCounted = result.Format.TimeSetting == TimeInterval;
-    if (isCounted ? !result.Begun : result.Format.TimestampFormat.empty()) return;
-    RowSearch search;
-    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
-                              : std::numeric_limits<std::uint64_t>::max();
-    search.AnySeparator = result.StoredRows() == 0;
-    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
-    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
-    result.Above = FindRowsAbove(filter, result.Format, search);
 }
 
 void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
@@ -140,7 +127,7 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (run.Begun) CountSamples(*session.Device(), result);
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
-    LookAbove(session.Filter(), result);
+    result.Above = FindRowsAbove(session.Filter(), result);
     Advise(module, path, session.Filter(), result);
     return result;
 }

@@ -34,7 +34,7 @@ SettingList IntervalSettings(const CheckResult& result, double step) {
 
 Remedy RepeatAdvice(const CheckResult& result) {
     const SharedTimes shared = result.Series->GetSharedTimes();
-    const bool isRule = result.Dropped.Of(DropKind::Repeats).Count() * 2 >= result.Dropped.Count();
+    const bool isRule = result.Dropped.Of(DropKind::Repeats).Count * 2 >= result.Dropped.Count();
     if (shared.RowsEach == 0 || !isRule) return {};
     const std::int64_t medianStep = result.Series->Intervals().Median;
     const std::string median = SpanInWords(medianStep);
@@ -84,7 +84,7 @@ Remedy FallAdvice(const CheckResult& result) {
 // Names and units among the rows also make text of their columns.
 Remedy HeadAdvice(const CheckResult& result) {
     const std::uint64_t first = result.Series->FirstLine();
-    const std::uint64_t last = result.Dropped.Of(DropKind::UnreadableAtStart).Last().Line;
+    const std::uint64_t last = result.Dropped.Of(DropKind::UnreadableAtStart).Last.Line;
     if (first > MostNamedLine) return {};
     Reading table = result.Format;
     table.FirstDataLine = static_cast<int>(first);
@@ -134,9 +134,9 @@ std::pair<std::string, Remedy> Describe(const CheckResult& result, DropKind kind
 
 void JudgeKind(const CheckResult& result, DropKind kind, std::vector<Finding>& findings) {
     const FilePlaces& places = result.Dropped.Of(kind);
-    if (places.Count() == 0) return;
-    auto [text, advice] = Describe(result, kind, RowsInWords(places.Count()), LinesInWords(places),
-                                   Quoted(places.FirstFew().front().Text));
+    if (places.Count == 0) return;
+    auto [text, advice] = Describe(result, kind, RowsInWords(places.Count), LinesInWords(places),
+                                   Quoted(places.FirstFew.front().Text));
     const bool isUnreadable = kind == DropKind::Unreadable || kind == DropKind::UnreadableAtStart ||
                               kind == DropKind::UnreadableAtEnd;
     if (isUnreadable && !result.BetterFormat.empty()) {
@@ -162,11 +162,11 @@ void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
 
 void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) {
     const FilePlaces& places = result.Before1990;
-    if (places.Count() == 0) return;
+    if (places.Count == 0) return;
     findings.push_back({"before1990",
                         true,
                         Phrase("{} before 1990, which are stored but can't be processed by every host: {}",
-                               RowsInWords(places.Count()), LinesInWords(places)),
+                               RowsInWords(places.Count), LinesInWords(places)),
                         {Phrase("give them later dates in the file, or a fixed interval in relative time")}});
 }
 
@@ -182,8 +182,7 @@ void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
 
 bool AreMissingValues(const FilePlaces& cells) {
     const auto isMissing = [](const FilePlace& place) { return IsMissingValue(place.Text); };
-    return isMissing(cells.Last()) &&
-           std::all_of(cells.FirstFew().begin(), cells.FirstFew().end(), isMissing);
+    return isMissing(cells.Last) && std::all_of(cells.FirstFew.begin(), cells.FirstFew.end(), isMissing);
 }
 
 void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
@@ -191,10 +190,10 @@ void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
     std::string example;
     bool onlyMissing = true;
     for (const ColumnCheck& column : result.Columns) {
-        if (column.Refused.Count() == 0) continue;
+        if (column.Refused.Count == 0) continue;
         ++columns;
         onlyMissing &= AreMissingValues(column.Refused);
-        if (example.empty()) example = Quoted(column.Refused.FirstFew().front().Text);
+        if (example.empty()) example = Quoted(column.Refused.FirstFew.front().Text);
     }
     if (columns == 0) return;
     const Remedy lossless = {
@@ -213,7 +212,7 @@ void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
 }
 
 void JudgeBlankLines(const CheckResult& result, std::vector<Finding>& findings) {
-    if (result.Blank.Count() == 0) return;
+    if (result.Blank.Count == 0) return;
     findings.push_back({"blankLines", false,
                         Phrase("blank lines in the table: {}; the module's own line numbers don't count them",
                                LinesInWords(result.Blank))});
@@ -279,7 +278,7 @@ void JudgeDayMonthOrder(const CheckResult& result, std::vector<Finding>& finding
 void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
     const std::uint64_t all = result.Series->RollOvers();
     const FilePlaces& doubtful = result.Series->DoubtfulRollOvers();
-    if (doubtful.Count() != 0) {
+    if (doubtful.Count != 0) {
         findings.push_back({"doubtfulRollOvers",
                             true,
                             Phrase("a day was added where the time of day fell far from midnight: {}",
@@ -287,8 +286,8 @@ void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
                             {Phrase("was the clock set back, or are rows in disorder? All rows from there on "
                                     "are a day later")}});
     }
-    if (all > doubtful.Count()) {
-        const std::uint64_t plain = all - doubtful.Count();
+    if (all > doubtful.Count) {
+        const std::uint64_t plain = all - doubtful.Count;
         findings.push_back({"rollOvers", false, Phrase("midnights that the times run over: {}", plain)});
     }
 }
@@ -309,15 +308,15 @@ void JudgeTimes(const CheckResult& result, std::vector<Finding>& findings) {
 }  // namespace
 
 std::string LinesInWords(const FilePlaces& places) {
-    const std::vector<FilePlace>& first = places.FirstFew();
+    const std::vector<FilePlace>& first = places.FirstFew;
     if (first.empty()) return {};
-    if (places.Count() == 1) return Phrase("line {}", first.front().Line);
+    if (places.Count == 1) return Phrase("line {}", first.front().Line);
     std::string lines;
     const std::size_t named = std::min(first.size(), MostNamed);
     for (std::size_t i = 0; i < named; ++i) lines += (i == 0 ? "" : ", ") + std::to_string(first[i].Line);
-    const std::uint64_t last = places.Last().Line;
+    const std::uint64_t last = places.Last.Line;
     if (last != first[named - 1].Line)
-        lines += (places.Count() > named + 1 ? " ... " : ", ") + std::to_string(last);
+        lines += (places.Count > named + 1 ? " ... " : ", ") + std::to_string(last);
     return Phrase("lines {}", lines);
 }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/Remedy.h"
-#include "host/check/CheckResult.h"
+#include "host/check/CheckRun.h"
 
 namespace kelvarin::check {
 struct Finding {

@@ -1,12 +1,13 @@
-#include "host/check/RowsAbove.h"
-#include "contract/FixedTimes.h"
-
 #include <algorithm>
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "contract/FixedTimes.h"
 #include "contract/TableReader.h"
 #include "contract/TimeReader.h"
+#include "host/check/CheckRun.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
@@ -15,6 +16,13 @@ constexpr std::uint64_t MostLines = 999;  // the greatest value of the setting F
 constexpr std::size_t MostOfACell = 200;
 
 using Lines = std::vector<CutLine>;
+
+// Where rows may be that were not read.
+struct RowSearch {
+    std::uint64_t End = 0;                   // the first line that is none of them
+    std::optional<std::int64_t> BeforeTime;  // of the first stored row: they must be earlier. Nanoseconds
+    bool AnySeparator = false;               // the separator too is in doubt
+};
 
 // The first lines but for blank ones, up to `last`, as the format cuts them.
 Lines CutLines(ITableReader& table, const Reading& format, std::uint64_t last) {
@@ -69,13 +77,6 @@ std::u16string ShapeOf(const CutLine& line) {
     return shape;
 }
 
-std::vector<bool> HaveShapeOf(const CutLine& row, const Lines& lines) {
-    std::vector<bool> isRow;
-    for (const CutLine& line : lines)
-        isRow.push_back(line.CellCount == row.CellCount && ShapeOf(line) == ShapeOf(row));
-    return isRow;
-}
-
 RowsAbove FindLongest(const Lines& lines, const std::vector<bool>& isRow, std::uint64_t end) {
     RowsAbove longest, current;
     std::uint64_t before = ~std::uint64_t{0} - 1;
@@ -101,17 +102,35 @@ RowsAbove FindByShape(ITableReader& table, const Reading& format, std::uint64_t 
     const auto first = static_cast<std::uint64_t>(format.FirstDataLine);
     const Lines lines = CutLines(table, format, first);
     if (lines.empty() || lines.back().Line != first) return {};
-    RowsAbove rows = FindLongest(lines, HaveShapeOf(lines.back(), lines), end);
+    const CutLine& row = lines.back();
+    std::vector<bool> isRow;
+    for (const CutLine& line : lines)
+        isRow.push_back(line.CellCount == row.CellCount && ShapeOf(line) == ShapeOf(row));
+    RowsAbove rows = FindLongest(lines, isRow, end);
     rows.Separator = format.Separator;
     return rows;
 }
+
+RowSearch SearchFor(const CheckResult& result) {
+    RowSearch search;
+    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
+                              : std::numeric_limits<std::uint64_t>::max();
+    search.AnySeparator = result.StoredRows() == 0;
+    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
+    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
+    return search;
+}
 }  // namespace
 
-RowsAbove FindRowsAbove(const CImportFilter& filter, const Reading& format, const RowSearch& search) {
+RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result) {
     auto* const table = filter.Find<ITableReader>();
     auto* const reader = filter.Find<ITimeReader>();
-    if (table == nullptr || reader == nullptr || search.End <= 1) return {};
-    if (format.TimeSetting == TimeInterval) return FindByShape(*table, format, search.End);
+    const Reading& format = result.Format;
+    const bool isCounted = format.TimeSetting == TimeInterval;
+    const bool isReadable = isCounted ? result.Begun : !format.TimestampFormat.empty();
+    const RowSearch search = SearchFor(result);
+    if (table == nullptr || reader == nullptr || !isReadable || search.End <= 1) return {};
+    if (isCounted) return FindByShape(*table, format, search.End);
     Reading tried = format;
     for (int i = -1; i < (search.AnySeparator ? FixedSeparatorCount : 0); ++i) {
         if (i == format.Separator) continue;

@@ -208,8 +208,8 @@ TEST(TimeSeries, TellsMidnightFromAClockThatWasSetBack) {
                                              day + 59 * Hour};
     const auto series = SeriesOf(format, times);
     EXPECT_EQ(series->RollOvers(), 2u);
-    ASSERT_EQ(series->DoubtfulRollOvers().Count(), 1u);
-    EXPECT_EQ(series->DoubtfulRollOvers().Last().Line, 8u);
+    ASSERT_EQ(series->DoubtfulRollOvers().Count, 1u);
+    EXPECT_EQ(series->DoubtfulRollOvers().Last.Line, 8u);
     // Hours that are counted on, and dates, have no roll-over.
     format.TimestampFormat = u"[h]:mm";
     EXPECT_EQ(SeriesOf(format, times)->RollOvers(), 0u);
