@@ -65,13 +65,6 @@ std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& 
     }
     return {};
 }
-
-void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
-            CheckResult& result) {
-    const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
-    if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
-    result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(filter));
-}
 }  // namespace
 
 void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
@@ -99,15 +92,6 @@ void CheckObserver::OnCellRefused(const RefusedCell& cell) {
     if (Wanted.Refused != nullptr) Wanted.Refused->Add(cell.Place.Line);
 }
 
-void CheckObserver::OnTimeBefore1990(const RowPlace& place, std::int64_t) {
-    Result.Before1990.Add({place.Line, place.MessageLine, {}});
-}
-
-void CheckObserver::OnBlankLine(const RowPlace& place) {
-    ++Result.BlankLines;
-    BlankAtEnd.Add({place.Line, 0, {}});
-}
-
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
     CheckResult result;
     CheckObserver observer(result, options.Wanted);
@@ -128,7 +112,9 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     if (run.Begun) CountSamples(*session.Device(), result);
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
     result.Above = FindRowsAbove(session.Filter(), result);
-    Advise(module, path, session.Filter(), result);
+    const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
+    if (lostAll && result.Format.TimeSetting != TimeInterval && result.Above.First == 0)
+        result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(session.Filter()));
     return result;
 }
 }  // namespace kelvarin::check

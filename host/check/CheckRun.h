@@ -100,8 +100,13 @@ class CheckObserver final : public IRunObserver {
     void OnRowStored(const RowPlace& place, std::int64_t time) override;
     void OnRowDropped(const DroppedRow& row) override;
     void OnCellRefused(const RefusedCell& cell) override;
-    void OnTimeBefore1990(const RowPlace& place, std::int64_t time) override;
-    void OnBlankLine(const RowPlace& place) override;
+    void OnTimeBefore1990(const RowPlace& place, std::int64_t) override {
+        Result.Before1990.Add({place.Line, place.MessageLine, {}});
+    }
+    void OnBlankLine(const RowPlace& place) override {
+        ++Result.BlankLines;
+        BlankAtEnd.Add({place.Line, 0, {}});
+    }
 
   private:
     // Blank lines above a row are lines of the table.

@@ -237,28 +237,16 @@ void JudgeGaps(const CheckResult& result, std::vector<Finding>& findings) {
 }
 
 std::string DayMonthText(DayMonthState state, std::uint64_t line) {
-    switch (state) {
-        case DayMonthState::DayAbove12:
-            return Phrase("day and month are in the right order: line {} has a day above 12", line);
-        case DayMonthState::WouldFall:
-            return Phrase(
-                "day and month are in the right order: the other way the dates would fall in line {}", line);
-        case DayMonthState::RunsOn:
-            return Phrase("day and month are in the right order: the rows run on over midnight in line {}",
-                          line);
-        case DayMonthState::OneDate:
-            return Phrase("the order of day and month is not proven: there is one date only");
-        case DayMonthState::Same:
-            return Phrase("the order of day and month makes no difference here: they are equal");
-        case DayMonthState::Ambiguous:
-            return Phrase("the order of day and month is not proven: the dates rise either way");
-        case DayMonthState::OtherIsCloser:
-            return Phrase(
-                "day and month are likely in the wrong order: the other way the dates are closer together");
-        case DayMonthState::NotChecked:
-            break;
-    }
-    return {};
+    const std::string words[] = {
+        "",
+        Phrase("day and month are in the right order: line {} has a day above 12", line),
+        Phrase("day and month are in the right order: the other way the dates would fall in line {}", line),
+        Phrase("day and month are in the right order: the rows run on over midnight in line {}", line),
+        Phrase("the order of day and month is not proven: there is one date only"),
+        Phrase("the order of day and month makes no difference here: they are equal"),
+        Phrase("the order of day and month is not proven: the dates rise either way"),
+        Phrase("day and month are likely in the wrong order: the other way the dates are closer together")};
+    return words[static_cast<std::size_t>(state)];
 }
 
 void JudgeDayMonthOrder(const CheckResult& result, std::vector<Finding>& findings) {

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,6 +7,7 @@
 #include "contract/TableReader.h"
 #include "contract/TimeReader.h"
 #include "host/check/CheckRun.h"
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
@@ -16,13 +16,6 @@ constexpr std::uint64_t MostLines = 999;  // the greatest value of the setting F
 constexpr std::size_t MostOfACell = 200;
 
 using Lines = std::vector<CutLine>;
-
-// Where rows may be that were not read.
-struct RowSearch {
-    std::uint64_t End = 0;                   // the first line that is none of them
-    std::optional<std::int64_t> BeforeTime;  // of the first stored row: they must be earlier. Nanoseconds
-    bool AnySeparator = false;               // the separator too is in doubt
-};
 
 // The first lines but for blank ones, up to `last`, as the format cuts them.
 Lines CutLines(ITableReader& table, const Reading& format, std::uint64_t last) {
@@ -50,16 +43,15 @@ std::u16string TimeText(const CutLine& line, const Reading& format) {
     return line.Cells[left - 1].Text + format.SeparatorSign() + line.Cells[right - 1].Text;
 }
 
-// Which lines have a time that the format reads, earlier than that of the search.
+// Which lines have a time that the format reads, earlier than the given one.
 std::vector<bool> HaveTimes(ITimeReader& reader, const Lines& lines, const Reading& format,
-                            const RowSearch& search) {
+                            std::int64_t end) {
     std::vector<std::u16string> texts;
     for (const CutLine& line : lines) texts.push_back(TimeText(line, format));
-    const std::int64_t base = format.DateSetting == DateNone ? RelativeTimeEpoch : 0;
     std::vector<bool> isRow;
     for (const std::int64_t time :
          reader.ReadTimes(format.TimestampFormat, texts, format.DateSetting == DateFromColumn))
-        isRow.push_back(time != -1 && (!search.BeforeTime || time + base < *search.BeforeTime));
+        isRow.push_back(time != -1 && time < end);
     return isRow;
 }
 
@@ -110,16 +102,6 @@ RowsAbove FindByShape(ITableReader& table, const Reading& format, std::uint64_t 
     rows.Separator = format.Separator;
     return rows;
 }
-
-RowSearch SearchFor(const CheckResult& result) {
-    RowSearch search;
-    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
-                              : std::numeric_limits<std::uint64_t>::max();
-    search.AnySeparator = result.StoredRows() == 0;
-    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
-    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
-    return search;
-}
 }  // namespace
 
 RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result) {
@@ -128,15 +110,22 @@ RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result) 
     const Reading& format = result.Format;
     const bool isCounted = format.TimeSetting == TimeInterval;
     const bool isReadable = isCounted ? result.Begun : !format.TimestampFormat.empty();
-    const RowSearch search = SearchFor(result);
-    if (table == nullptr || reader == nullptr || !isReadable || search.End <= 1) return {};
-    if (isCounted) return FindByShape(*table, format, search.End);
+    const std::uint64_t endLine = result.Begun ? static_cast<std::uint64_t>(format.FirstDataLine)
+                                               : std::numeric_limits<std::uint64_t>::max();
+    if (table == nullptr || reader == nullptr || !isReadable || endLine <= 1) return {};
+    if (isCounted) return FindByShape(*table, format, endLine);
+    const bool anyStored = result.StoredRows() != 0;
+    // Rows above the first stored one are earlier; a fixed date or a correction is not in the cells.
+    const bool isPlain = format.DateSetting != DateFixed && !format.IsAdjusted;
+    const std::int64_t epoch = format.DateSetting == DateNone ? RelativeTimeEpoch : 0;
+    const std::int64_t endTime = anyStored && isPlain ? WrappingSubtract(result.Series->First(), epoch)
+                                                      : std::numeric_limits<std::int64_t>::max();
     Reading tried = format;
-    for (int i = -1; i < (search.AnySeparator ? FixedSeparatorCount : 0); ++i) {
+    for (int i = -1; i < (anyStored ? 0 : FixedSeparatorCount); ++i) {
         if (i == format.Separator) continue;
         if (i >= 0) tried.Separator = i;
-        const Lines lines = CutLines(*table, tried, std::min(search.End - 1, MostLines));
-        RowsAbove rows = FindLongest(lines, HaveTimes(*reader, lines, tried, search), search.End);
+        const Lines lines = CutLines(*table, tried, std::min(endLine - 1, MostLines));
+        RowsAbove rows = FindLongest(lines, HaveTimes(*reader, lines, tried, endTime), endLine);
         rows.Separator = tried.Separator;
         if (rows.First != 0) return rows;
     }

@@ -146,12 +146,9 @@ void IntervalCounts::Add(std::int64_t interval) {
         LastCount = &Counts[IsExact ? interval : Rounded(interval)];
     }
     ++*LastCount;
-    if (IsExact && Counts.size() > MostExact) RoundAll();
-}
-
-void IntervalCounts::RoundAll() {
+    if (!IsExact || Counts.size() <= MostExact) return;
     std::unordered_map<std::int64_t, std::uint64_t> rounded;
-    for (const auto& [interval, count] : Counts) rounded[Rounded(interval)] += count;
+    for (const auto& [exact, count] : Counts) rounded[Rounded(exact)] += count;
     Counts = std::move(rounded);
     IsExact = false;
     LastCount = nullptr;
@@ -204,15 +201,13 @@ void TimeSeries::TakeStep(const TimeStep& step) {
     Counts.Add(step.Length());
     if (WatchesDates) Order.Add(step.To, step.Length(), step.Line);
     if (WatchesRollOvers) LookForRollOver(step);
-    if (Longest.size() < MostSteps || step.Length() > Longest.back().Length()) KeepIfLong(step);
+    if (Longest.size() < MostSteps || step.Length() > Longest.back().Length()) {
+        Longest.insert(std::upper_bound(Longest.begin(), Longest.end(), step, IsLonger), step);
+        if (Longest.size() > MostSteps) Longest.pop_back();
+    }
     // The file may begin and end in the middle of a group.
     if (LastStep != 0) ++SizesOfGroups[std::min<std::uint64_t>(DroppedSince, SizesOfGroups.size() - 1)];
     LastStep = step.Length();
-}
-
-void TimeSeries::KeepIfLong(const TimeStep& step) {
-    Longest.insert(std::upper_bound(Longest.begin(), Longest.end(), step, IsLonger), step);
-    if (Longest.size() > MostSteps) Longest.pop_back();
 }
 
 void TimeSeries::LookForRollOver(const TimeStep& step) {

@@ -33,8 +33,6 @@ class IntervalCounts {
     IntervalStatistics Statistics() const;
 
   private:
-    void RoundAll();
-
     std::unordered_map<std::int64_t, std::uint64_t> Counts;  // by interval, exact or rounded
     bool IsExact = true;
     std::uint64_t Total = 0;
@@ -140,7 +138,6 @@ class TimeSeries {
 
   private:
     void TakeStep(const TimeStep& step);
-    void KeepIfLong(const TimeStep& step);
     void LookForRollOver(const TimeStep& step);
 
     const bool WatchesDates, WatchesRollOvers;
