@@ -92,15 +92,15 @@ void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals
 
 void WriteTime(std::ostream& out, const check::CheckResult& result) {
     const check::TimeSeries& series = *result.Series;
-    if (series.Count() == 0) return;
+    if (series.Count == 0) return;
     const auto moment = [&](std::int64_t time, std::uint64_t line) {
         return MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
     };
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
-    table.AddRow({Phrase("rows"), std::to_string(series.Count())});
-    table.AddRow({Phrase("first"), moment(series.First(), series.FirstLine())});
-    table.AddRow({Phrase("last"), moment(series.Last(), series.LastLine())});
-    table.AddRow({Phrase("span"), SpanInWords(series.Last() - series.First())});
+    table.AddRow({Phrase("rows"), std::to_string(series.Count)});
+    table.AddRow({Phrase("first"), moment(series.First, series.FirstLine)});
+    table.AddRow({Phrase("last"), moment(series.Last, series.LastLine)});
+    table.AddRow({Phrase("span"), SpanInWords(series.Last - series.First)});
     WriteIntervals(table, series.Intervals());
     out << ReportHeading(Phrase("time axis")) << "\n";
     table.Write(out, "    ");
@@ -111,7 +111,7 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
     out << ReportHeading(Phrase("longest gaps")) << "\n";
     TextTable table({TextTable::Align::Right, TextTable::Align::Left, TextTable::Align::Left});
-    for (const check::TimeStep& step : result.Series->LongestSteps()) {
+    for (const check::TimeStep& step : result.Series->LongestSteps) {
         if (step.Length() <= intervals.GapAbove) break;
         table.AddRow({SpanInWords(step.Length()), Phrase("before line {}", step.Line),
                       Phrase("{} to {}", MomentInWords(result.Format, step.From),

@@ -77,7 +77,7 @@ void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
 void CheckObserver::OnRowDropped(const DroppedRow& row) {
     SettleBlankLines();
     std::optional<std::int64_t> lastTime;
-    if (Result.Series->Count() != 0) lastTime = Result.Series->Last();
+    if (Result.Series->Count != 0) lastTime = Result.Series->Last;
     Result.Dropped.Add(row, Result.Format.SeparatorSign(), lastTime);
     Result.Series->AddDropped();
     if (Wanted.Dropped != nullptr) Wanted.Dropped->Add(row.Place.Line);

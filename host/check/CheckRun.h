@@ -58,7 +58,7 @@ struct CheckResult {
     std::u16string BetterFormat;  // reads at least half of the unreadable times; empty without one
     Remedy TimeAdvice;            // what to set if times are read and no row has one
 
-    std::uint64_t StoredRows() const { return Series == nullptr ? 0 : Series->Count(); }
+    std::uint64_t StoredRows() const { return Series == nullptr ? 0 : Series->Count; }
     std::uint64_t RefusedCells() const {
         std::uint64_t count = 0;
         for (const ColumnCheck& column : Columns) count += column.Refused.Count;

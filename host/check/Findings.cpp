@@ -26,7 +26,7 @@ SettingList IntervalSettings(const CheckResult& result, double step) {
                             {"IntervalValue", std::to_string(whole / size)},
                             {"IntervalUnit", std::to_string(unit)}};
     if (isRelative) return settings;
-    const std::string start = std::to_string(result.Series->First() / Second);
+    const std::string start = std::to_string(result.Series->First / Second);
     settings.insert(settings.end(),
                     {{"StartDate", start}, {"Adjust", "1"}, {"AdjustMode", "1"}, {"AdjustTime", start}});
     return settings;
@@ -83,7 +83,7 @@ Remedy FallAdvice(const CheckResult& result) {
 
 // Names and units among the rows also make text of their columns.
 Remedy HeadAdvice(const CheckResult& result) {
-    const std::uint64_t first = result.Series->FirstLine();
+    const std::uint64_t first = result.Series->FirstLine;
     const std::uint64_t last = result.Dropped.Of(DropKind::UnreadableAtStart).Last.Line;
     if (first > MostNamedLine) return {};
     Reading table = result.Format;
@@ -221,7 +221,7 @@ void JudgeBlankLines(const CheckResult& result, std::vector<Finding>& findings) 
 void JudgeGaps(const CheckResult& result, std::vector<Finding>& findings) {
     const IntervalStatistics intervals = result.Series->Intervals();
     if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
-    const TimeStep& longest = result.Series->LongestSteps().front();
+    const TimeStep& longest = result.Series->LongestSteps.front();
     const std::string median = SpanInWords(intervals.Median);
     const std::string length = SpanInWords(longest.Length());
     const std::string text =
@@ -250,7 +250,7 @@ std::string DayMonthText(DayMonthState state, std::uint64_t line) {
 }
 
 void JudgeDayMonthOrder(const CheckResult& result, std::vector<Finding>& findings) {
-    const DayMonthOrder& dates = result.Series->Dates();
+    const DayMonthOrder& dates = result.Series->Dates;
     const DayMonthState state = dates.State();
     if (state == DayMonthState::NotChecked) return;
     const bool isFault = state == DayMonthState::OtherIsCloser;
@@ -264,8 +264,8 @@ void JudgeDayMonthOrder(const CheckResult& result, std::vector<Finding>& finding
 }
 
 void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
-    const std::uint64_t all = result.Series->RollOvers();
-    const FilePlaces& doubtful = result.Series->DoubtfulRollOvers();
+    const std::uint64_t all = result.Series->RollOvers;
+    const FilePlaces& doubtful = result.Series->DoubtfulRollOvers;
     if (doubtful.Count != 0) {
         findings.push_back({"doubtfulRollOvers",
                             true,
@@ -289,7 +289,7 @@ void JudgeTimes(const CheckResult& result, std::vector<Finding>& findings) {
             {"interval", false,
              Phrase("the times are counted by a fixed interval: nothing in the file can prove them")});
     }
-    if (result.Series->Count() == 0 && result.Dropped.Count() == 0) {
+    if (result.Series->Count == 0 && result.Dropped.Count() == 0) {
         findings.push_back({"noRows", result.Columns.size() != 0, Phrase("no row was stored")});
     }
 }

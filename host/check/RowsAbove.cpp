@@ -118,7 +118,7 @@ RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result) 
     // Rows above the first stored one are earlier; a fixed date or a correction is not in the cells.
     const bool isPlain = format.DateSetting != DateFixed && !format.IsAdjusted;
     const std::int64_t epoch = format.DateSetting == DateNone ? RelativeTimeEpoch : 0;
-    const std::int64_t endTime = anyStored && isPlain ? WrappingSubtract(result.Series->First(), epoch)
+    const std::int64_t endTime = anyStored && isPlain ? WrappingSubtract(result.Series->First, epoch)
                                                       : std::numeric_limits<std::int64_t>::max();
     Reading tried = format;
     for (int i = -1; i < (anyStored ? 0 : FixedSeparatorCount); ++i) {

@@ -178,32 +178,32 @@ TimeSeries::TimeSeries(const Reading& format, const std::u16string& letters)
       WatchesRollOvers(format.DateSetting == DateFixed && format.TimeSetting == TimeFromColumn &&
                        format.TimestampFormat.find(u'[') == std::u16string::npos),
       Resolution(ResolutionOf(format.TimestampFormat)) {
-    Longest.reserve(MostSteps + 1);
+    LongestSteps.reserve(MostSteps + 1);
 }
 
 void TimeSeries::Add(std::int64_t time, std::uint64_t line) {
-    if (Rows == 0) {
-        FirstTime = time;
-        LineOfFirst = line;
+    if (Count == 0) {
+        First = time;
+        FirstLine = line;
         FirstMidnight = CTimeStamp(time).DateToTIME();
-        if (WatchesDates) Order.Add(time, 0, line);
+        if (WatchesDates) Dates.Add(time, 0, line);
     } else {
-        TakeStep({LastTime, time, line});
+        TakeStep({Last, time, line});
     }
     while (time % Finest != 0) Finest /= 10;
-    ++Rows;
-    LastTime = time;
-    LineOfLast = line;
+    ++Count;
+    Last = time;
+    LastLine = line;
     DroppedSince = 0;
 }
 
 void TimeSeries::TakeStep(const TimeStep& step) {
     Counts.Add(step.Length());
-    if (WatchesDates) Order.Add(step.To, step.Length(), step.Line);
+    if (WatchesDates) Dates.Add(step.To, step.Length(), step.Line);
     if (WatchesRollOvers) LookForRollOver(step);
-    if (Longest.size() < MostSteps || step.Length() > Longest.back().Length()) {
-        Longest.insert(std::upper_bound(Longest.begin(), Longest.end(), step, IsLonger), step);
-        if (Longest.size() > MostSteps) Longest.pop_back();
+    if (LongestSteps.size() < MostSteps || step.Length() > LongestSteps.back().Length()) {
+        LongestSteps.insert(std::upper_bound(LongestSteps.begin(), LongestSteps.end(), step, IsLonger), step);
+        if (LongestSteps.size() > MostSteps) LongestSteps.pop_back();
     }
     // The file may begin and end in the middle of a group.
     if (LastStep != 0) ++SizesOfGroups[std::min<std::uint64_t>(DroppedSince, SizesOfGroups.size() - 1)];
@@ -214,10 +214,10 @@ void TimeSeries::LookForRollOver(const TimeStep& step) {
     const std::int64_t from = step.From - FirstMidnight;
     const std::int64_t to = step.To - FirstMidnight;
     if (to / Day == from / Day) return;
-    ++RollOverCount;
+    ++RollOvers;
     const std::int64_t near = std::max(Hour, 2 * LastStep);
     if (Day - from % Day <= near && to % Day <= near) return;
-    Doubtful.Add({step.Line, 0, {}});
+    DoubtfulRollOvers.Add({step.Line, 0, {}});
 }
 
 SharedTimes TimeSeries::GetSharedTimes() const {

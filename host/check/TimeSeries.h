@@ -117,24 +117,20 @@ class TimeSeries {
     // A row was dropped.
     void AddDropped() { ++DroppedSince; }
 
-    std::uint64_t Count() const { return Rows; }
-    std::int64_t First() const { return FirstTime; }  // meaningless without a row, as the three below
-    std::int64_t Last() const { return LastTime; }
-    std::uint64_t FirstLine() const { return LineOfFirst; }
-    std::uint64_t LastLine() const { return LineOfLast; }
-
     IntervalStatistics Intervals() const { return Counts.Statistics(); }
-
-    // The longest steps, the longest first; at most 8.
-    const std::vector<TimeStep>& LongestSteps() const { return Longest; }
-
     SharedTimes GetSharedTimes() const;
-    const DayMonthOrder& Dates() const { return Order; }
+
+    // What the times have come to; only the series changes it.
+    std::uint64_t Count = 0;
+    std::int64_t First = 0, Last = 0;  // meaningless without a row, as their lines
+    std::uint64_t FirstLine = 0, LastLine = 0;
+    std::vector<TimeStep> LongestSteps;  // the longest first; at most 8
+    DayMonthOrder Dates;
 
     // The times of day that fell and so were taken for the next day's, and those among them that are far from
     // midnight: more than an hour and more than two intervals. Only under a fixed date.
-    std::uint64_t RollOvers() const { return RollOverCount; }
-    const FilePlaces& DoubtfulRollOvers() const { return Doubtful; }
+    std::uint64_t RollOvers = 0;
+    FilePlaces DoubtfulRollOvers;
 
   private:
     void TakeStep(const TimeStep& step);
@@ -143,20 +139,13 @@ class TimeSeries {
     const bool WatchesDates, WatchesRollOvers;
     const std::int64_t Resolution;
 
-    std::uint64_t Rows = 0;
-    std::int64_t FirstTime = 0, LastTime = 0;
-    std::uint64_t LineOfFirst = 0, LineOfLast = 0;
     std::int64_t LastStep = 0;
     IntervalCounts Counts;
-    std::vector<TimeStep> Longest;
-    DayMonthOrder Order;
 
     std::uint64_t DroppedSince = 0;                   // the last stored row
     std::array<std::uint64_t, 1024> SizesOfGroups{};  // by the number of dropped rows after a stored one
     std::int64_t Finest = 1'000'000'000;              // a power of ten that divides all times
 
     std::int64_t FirstMidnight = 0;
-    std::uint64_t RollOverCount = 0;
-    FilePlaces Doubtful;
 };
 }  // namespace kelvarin::check
