@@ -1,16 +1,26 @@
 #include "host/Words.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "contract/DataStore.h"
+#include "contract/DeviceHost.h"
+#include "contract/FixedTimes.h"
+#include "contract/TimeStamp.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
 namespace {
+constexpr std::int64_t Second = 1'000'000'000;
+constexpr std::int64_t Day = 86'400 * Second;
+
 bool StartsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
 }
@@ -33,6 +43,12 @@ Value Load(const void* data) {
     Value value;
     std::memcpy(&value, data, sizeof value);
     return value;
+}
+
+std::string ShortNumber(double value) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.6g", value);
+    return text.data();
 }
 }  // namespace
 
@@ -94,5 +110,48 @@ std::string OneLine(const std::string& text, std::size_t width) {
         line += isControl ? '?' : byte;
     }
     return line;
+}
+
+std::string MomentInWords(const Reading& format, std::int64_t time) {
+    if (format.DateSetting != DateNone) return Utf16ToUtf8(CTimeStamp(time).ToText());
+    return Utf16ToUtf8(CTimeStampSpan(WrappingSubtract(time, RelativeTimeEpoch)).ToText());
+}
+
+std::string SpanInWords(std::int64_t nanoseconds) {
+    if (nanoseconds < 120 * Second) return SpanInWords(static_cast<double>(nanoseconds));
+    const std::int64_t days = nanoseconds < 2 * Day ? 0 : nanoseconds / Day;
+    const std::string rest = Utf16ToUtf8(CTimeStampSpan(nanoseconds - days * Day).ToText());
+    if (days == 0) return rest;
+    return nanoseconds % Day == 0 ? Phrase("{} days", days) : Phrase("{} days {}", days, rest);
+}
+
+std::string SpanInWords(double nanoseconds) {
+    if (nanoseconds < 1e3) return ShortNumber(nanoseconds) + " ns";
+    if (nanoseconds < 1e6) return ShortNumber(nanoseconds / 1e3) + " µs";
+    if (nanoseconds < 1e9) return ShortNumber(nanoseconds / 1e6) + " ms";
+    return ShortNumber(nanoseconds / 1e9) + " s";
+}
+
+std::string RowsInWords(std::uint64_t count) {
+    return count == 1 ? Phrase("1 row") : Phrase("{} rows", count);
+}
+
+std::string CellsInWords(std::uint64_t count) {
+    return count == 1 ? Phrase("1 cell") : Phrase("{} cells", count);
+}
+
+std::string Quoted(const std::u16string& text, std::size_t width) {
+    std::u16string shown(TrimWhiteSpace(text));
+    std::replace(shown.begin(), shown.end(), u'\t', u' ');
+    return "\"" + OneLine(Utf16ToUtf8(shown), width) + "\"";
+}
+
+bool IsMissingValue(std::u16string_view text) {
+    constexpr std::u16string_view Markers[] = {u"nan", u"na", u"n/a", u"null", u"none",
+                                               u"-",   u"--", u"---", u"?"};
+    const std::u16string_view cell = TrimWhiteSpace(text);
+    return cell.empty() ||
+           std::any_of(std::begin(Markers), std::end(Markers),
+                       [&](std::u16string_view marker) { return EqualsIgnoreCase(cell, marker); });
 }
 }  // namespace kelvarin

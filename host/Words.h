@@ -1,9 +1,10 @@
-// Settings, samples and texts of files as people read them, in UTF-8 and in the language in force.
+// Settings, samples, times and texts of files as people read them, in UTF-8 and in the language in force.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "host/Reading.h"
 
@@ -28,4 +29,23 @@ std::size_t TextWidth(const std::string& text);
 
 // The text with "?" for line ends and other control characters, cut after `width` characters.
 std::string OneLine(const std::string& text, std::size_t width);
+
+// The moment of a row; under relative time its distance from the start. Nanoseconds.
+std::string MomentInWords(const Reading& format, std::int64_t time);
+
+// A duration, which is not negative: "200 ns", "12.5 ms", "1 s", then hours, minutes and seconds, from two
+// days on with days in front.
+std::string SpanInWords(std::int64_t nanoseconds);
+std::string SpanInWords(double nanoseconds);
+
+// "1 row", "3 rows"; "1 cell", "3 cells".
+std::string RowsInWords(std::uint64_t count);
+std::string CellsInWords(std::uint64_t count);
+
+// A cell or a row in quotes, cut where it is long.
+std::string Quoted(const std::u16string& text, std::size_t width = 60);
+
+// True for a cell that is empty or holds a missing-value marker, such as "NaN", "n/a" or "--", in any case
+// and with white space around it.
+bool IsMissingValue(std::u16string_view text);
 }  // namespace kelvarin

@@ -17,9 +17,9 @@ Json PlaceToJson(const check::FilePlace& place) {
 
 Json PlacesToJson(const check::FilePlaces& places) {
     Json first = Json::array();
-    for (const check::FilePlace& place : places.FirstFew()) first.push_back(PlaceToJson(place));
-    Json json = {{"count", places.Count()}, {"first", first}};
-    json["last"] = places.FirstFew().empty() ? Json() : PlaceToJson(places.Last());
+    for (const check::FilePlace& place : places.FirstFew) first.push_back(PlaceToJson(place));
+    Json json = {{"count", places.Count}, {"first", first}};
+    json["last"] = places.FirstFew.empty() ? Json() : PlaceToJson(places.Last);
     return json;
 }
 
@@ -39,7 +39,7 @@ Json DroppedToJson(const check::DroppedRows& dropped) {
     Json reasons = Json::object();
     for (std::size_t i = 0; i < check::DropKindCount; ++i) {
         const auto kind = static_cast<check::DropKind>(i);
-        if (dropped.Of(kind).Count() != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
+        if (dropped.Of(kind).Count != 0) reasons[check::NameOf(kind)] = PlacesToJson(dropped.Of(kind));
     }
     return {{"count", dropped.Count()}, {"examined", dropped.Count()}, {"reasons", reasons}};
 }
@@ -50,7 +50,7 @@ constexpr const char* DayMonthStates[] = {"unasked",   "proven", "proven",    "p
 
 Json GapsToJson(const check::TimeSeries& series, const check::IntervalStatistics& intervals) {
     Json longest = Json::array();
-    for (const check::TimeStep& step : series.LongestSteps()) {
+    for (const check::TimeStep& step : series.LongestSteps) {
         if (step.Length() <= intervals.GapAbove) break;
         longest.push_back({{"line", step.Line}, {"from", step.From}, {"to", step.To}});
     }
@@ -58,28 +58,28 @@ Json GapsToJson(const check::TimeSeries& series, const check::IntervalStatistics
 }
 
 Json TimeToJson(const check::TimeSeries& series) {
-    if (series.Count() == 0) return nullptr;
+    if (series.Count == 0) return nullptr;
     const check::IntervalStatistics intervals = series.Intervals();
-    return {{"rows", series.Count()},
-            {"first", series.First()},
-            {"firstLine", series.FirstLine()},
-            {"last", series.Last()},
-            {"lastLine", series.LastLine()},
-            {"interval",
-             {{"median", intervals.Median},
-              {"low", intervals.Low},
-              {"high", intervals.High},
-              {"shortest", intervals.Shortest},
-              {"longest", intervals.Longest},
-              {"exact", intervals.IsExact},
-              {"steady", intervals.IsSteady}}},
-            {"gaps", GapsToJson(series, intervals)},
-            {"rowsPerTime", series.GetSharedTimes().RowsEach},
-            {"rollOvers", series.RollOvers()},
-            {"doubtfulRollOvers", PlacesToJson(series.DoubtfulRollOvers())},
-            {"dateOrder",
-             {{"state", DayMonthStates[static_cast<int>(series.Dates().State())]},
-              {"line", series.Dates().Line()}}}};
+    return {
+        {"rows", series.Count},
+        {"first", series.First},
+        {"firstLine", series.FirstLine},
+        {"last", series.Last},
+        {"lastLine", series.LastLine},
+        {"interval",
+         {{"median", intervals.Median},
+          {"low", intervals.Low},
+          {"high", intervals.High},
+          {"shortest", intervals.Shortest},
+          {"longest", intervals.Longest},
+          {"exact", intervals.IsExact},
+          {"steady", intervals.IsSteady}}},
+        {"gaps", GapsToJson(series, intervals)},
+        {"rowsPerTime", series.GetSharedTimes().RowsEach},
+        {"rollOvers", series.RollOvers},
+        {"doubtfulRollOvers", PlacesToJson(series.DoubtfulRollOvers)},
+        {"dateOrder",
+         {{"state", DayMonthStates[static_cast<int>(series.Dates.State())]}, {"line", series.Dates.Line()}}}};
 }
 
 Json FindingsToJson(const CheckReport& report) {

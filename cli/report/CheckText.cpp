@@ -3,7 +3,7 @@
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
 #include "cli/report/TextLayout.h"
-#include "host/check/CheckWords.h"
+#include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -18,7 +18,7 @@ std::string FaultsInWords(const check::CheckResult& result) {
     std::string words, cells;
     if (result.Dropped.Count() != 0)
         words = Phrase("{} of {} rows dropped", result.Dropped.Count(), result.Lines - result.BlankLines);
-    if (result.RefusedCells() != 0) cells = Phrase("{} refused", check::CellsInWords(result.RefusedCells()));
+    if (result.RefusedCells() != 0) cells = Phrase("{} refused", CellsInWords(result.RefusedCells()));
     return words.empty() || cells.empty() ? words + cells : words + ", " + cells;
 }
 
@@ -28,7 +28,7 @@ void WriteVerdict(std::ostream& out, const CheckReport& report) {
                                       [](const check::Finding& finding) { return finding.IsFault; });
     const std::string words = FaultsInWords(report.Result);
     if (check::IsClean(report.Result, report.Findings)) {
-        out << Phrase("clean: {} stored, every cell read", check::RowsInWords(report.Result.StoredRows()));
+        out << Phrase("clean: {} stored, every cell read", RowsInWords(report.Result.StoredRows()));
     } else if (faults == 1) {
         out << (words.empty() ? Phrase("not clean: 1 fault") : Phrase("not clean: {}", words));
     } else {
@@ -48,7 +48,7 @@ void WriteFindings(std::ostream& out, const CheckReport& report) {
 }
 
 std::string PlaceText(const check::FilePlace& place) {
-    return Phrase("line {}", place.Line) + " " + check::Quoted(place.Text, CellWidth);
+    return Phrase("line {}", place.Line) + " " + Quoted(place.Text, CellWidth);
 }
 
 void WriteColumns(std::ostream& out, const check::CheckResult& result) {
@@ -57,13 +57,12 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
     std::size_t count = 0;
     for (const check::ColumnCheck& column : result.Columns) {
         const check::FilePlaces& refused = column.Refused;
-        const bool any = refused.Count() != 0;
+        const bool any = refused.Count != 0;
         if ((!any && column.Empty == 0) || ++count > MostColumnsShown) continue;
         table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      any ? DataTypeInWords(column.Type) : "",
-                      any ? Phrase("{} refused", refused.Count()) : "",
-                      any ? PlaceText(refused.FirstFew().front()) : "",
-                      refused.Count() > 1 ? "... " + PlaceText(refused.Last()) : "",
+                      any ? DataTypeInWords(column.Type) : "", any ? Phrase("{} refused", refused.Count) : "",
+                      any ? PlaceText(refused.FirstFew.front()) : "",
+                      refused.Count > 1 ? "... " + PlaceText(refused.Last) : "",
                       column.Empty != 0 ? Phrase("{} empty", column.Empty) : ""});
     }
     if (count == 0) return;
@@ -75,31 +74,30 @@ void WriteColumns(std::ostream& out, const check::CheckResult& result) {
 
 void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals) {
     if (intervals.Count == 0) return;
-    const std::string median = check::SpanInWords(intervals.Median);
+    const std::string median = SpanInWords(intervals.Median);
     if (intervals.Shortest == intervals.Longest) {
         table.AddRow({Phrase("interval"), Phrase("{} between all rows", median)});
         return;
     }
     const std::string about = intervals.IsExact ? "" : " " + Phrase("(to 1/64)");
     table.AddRow({Phrase("interval"), Phrase("{} (median)", median) + about});
-    table.AddRow(
-        {Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
-                                  check::SpanInWords(intervals.Low), check::SpanInWords(intervals.High))});
-    table.AddRow({Phrase("extremes"), Phrase("{} to {}", check::SpanInWords(intervals.Shortest),
-                                             check::SpanInWords(intervals.Longest))});
+    table.AddRow({Phrase("jitter"), Phrase("98 % of the intervals lie between {} and {}",
+                                           SpanInWords(intervals.Low), SpanInWords(intervals.High))});
+    table.AddRow({Phrase("extremes"),
+                  Phrase("{} to {}", SpanInWords(intervals.Shortest), SpanInWords(intervals.Longest))});
 }
 
 void WriteTime(std::ostream& out, const check::CheckResult& result) {
     const check::TimeSeries& series = *result.Series;
-    if (series.Count() == 0) return;
+    if (series.Count == 0) return;
     const auto moment = [&](std::int64_t time, std::uint64_t line) {
-        return check::MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
+        return MomentInWords(result.Format, time) + "  " + Phrase("line {}", line);
     };
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
-    table.AddRow({Phrase("rows"), std::to_string(series.Count())});
-    table.AddRow({Phrase("first"), moment(series.First(), series.FirstLine())});
-    table.AddRow({Phrase("last"), moment(series.Last(), series.LastLine())});
-    table.AddRow({Phrase("span"), check::SpanInWords(series.Last() - series.First())});
+    table.AddRow({Phrase("rows"), std::to_string(series.Count)});
+    table.AddRow({Phrase("first"), moment(series.First, series.FirstLine)});
+    table.AddRow({Phrase("last"), moment(series.Last, series.LastLine)});
+    table.AddRow({Phrase("span"), SpanInWords(series.Last - series.First)});
     WriteIntervals(table, series.Intervals());
     out << ReportHeading(Phrase("time axis")) << "\n";
     table.Write(out, "    ");
@@ -110,11 +108,11 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
     out << ReportHeading(Phrase("longest gaps")) << "\n";
     TextTable table({TextTable::Align::Right, TextTable::Align::Left, TextTable::Align::Left});
-    for (const check::TimeStep& step : result.Series->LongestSteps()) {
+    for (const check::TimeStep& step : result.Series->LongestSteps) {
         if (step.Length() <= intervals.GapAbove) break;
-        table.AddRow({check::SpanInWords(step.Length()), Phrase("before line {}", step.Line),
-                      Phrase("{} to {}", check::MomentInWords(result.Format, step.From),
-                             check::MomentInWords(result.Format, step.To))});
+        table.AddRow({SpanInWords(step.Length()), Phrase("before line {}", step.Line),
+                      Phrase("{} to {}", MomentInWords(result.Format, step.From),
+                             MomentInWords(result.Format, step.To))});
     }
     table.Write(out, "    ");
 }
@@ -122,7 +120,7 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
 void WriteRejectsNote(std::ostream& out, const CheckReport& report) {
     if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return;
     const std::string name = Utf16ToUtf8(PathFromNative(report.RejectsFile));
-    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", check::RowsInWords(report.RejectedRows), name)
+    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", RowsInWords(report.RejectedRows), name)
         << "\n";
     if (report.RejectedRows == 0) return;
     out << ReportLabel("") << "-> "

@@ -1,7 +1,6 @@
 #include "host/check/CheckRun.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
@@ -29,7 +28,7 @@ void CountSamples(const store::StoredDevice& device, CheckResult& result) {
     for (std::size_t i = 0; i < std::min(device.Signals.size(), result.Columns.size()); ++i) {
         const store::SignalSummary& signal = device.Signals[i]->Summary();
         result.Columns[i].Samples = signal.Count;
-        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count();
+        result.Columns[i].Empty = signal.WithoutValue - result.Columns[i].Refused.Count;
     }
 }
 
@@ -68,25 +67,6 @@ std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& 
     }
     return {};
 }
-
-void LookAbove(const CImportFilter& filter, CheckResult& result) {
-    const bool isCounted = result.Format.TimeSetting == TimeInterval;
-    if (isCounted ? !result.Begun : result.Format.TimestampFormat.empty()) return;
-    RowSearch search;
-    search.End = result.Begun ? static_cast<std::uint64_t>(result.Format.FirstDataLine)
-                              : std::numeric_limits<std::uint64_t>::max();
-    search.AnySeparator = result.StoredRows() == 0;
-    const bool isPlain = result.Format.DateSetting != DateFixed && !result.Format.IsAdjusted;
-    if (result.StoredRows() != 0 && isPlain) search.BeforeTime = result.Series->First();
-    result.Above = FindRowsAbove(filter, result.Format, search);
-}
-
-void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
-            CheckResult& result) {
-    const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
-    if (!lostAll || result.Format.TimeSetting == TimeInterval || result.Above.First != 0) return;
-    result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(filter));
-}
 }  // namespace
 
 void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
@@ -99,7 +79,7 @@ void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
 void CheckObserver::OnRowDropped(const DroppedRow& row) {
     SettleBlankLines();
     std::optional<std::int64_t> lastTime;
-    if (Result.Series->Count() != 0) lastTime = Result.Series->Last();
+    if (Result.Series->Count != 0) lastTime = Result.Series->Last;
     Result.Dropped.Add(row, Result.Format.SeparatorSign(), lastTime);
     Result.Series->AddDropped();
     if (Wanted.Dropped != nullptr) Wanted.Dropped->Add(row.Place.Line);
@@ -112,15 +92,6 @@ void CheckObserver::OnCellRefused(const RefusedCell& cell) {
     if (column == Result.Columns.end() || column->Column != cell.Column + 1) return;
     column->Refused.Add({cell.Place.Line, cell.Place.MessageLine, cell.Text});
     if (Wanted.Refused != nullptr) Wanted.Refused->Add(cell.Place.Line);
-}
-
-void CheckObserver::OnTimeBefore1990(const RowPlace& place, std::int64_t) {
-    Result.Before1990.Add({place.Line, place.MessageLine, {}});
-}
-
-void CheckObserver::OnBlankLine(const RowPlace& place) {
-    ++Result.BlankLines;
-    BlankAtEnd.Add({place.Line, 0, {}});
 }
 
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
@@ -148,8 +119,10 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (run.Begun) CountSamples(*session.Device(), result);
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
-    LookAbove(session.Filter(), result);
-    Advise(module, path, session.Filter(), result);
+    result.Above = FindRowsAbove(session.Filter(), result);
+    const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
+    if (lostAll && result.Format.TimeSetting != TimeInterval && result.Above.First == 0)
+        result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(session.Filter()));
     return result;
 }
 }  // namespace kelvarin::check

@@ -4,14 +4,75 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "contract/RunObserver.h"
 #include "host/ModuleLoader.h"
-#include "host/check/CheckResult.h"
+#include "host/Reading.h"
+#include "host/Remedy.h"
+#include "host/check/DroppedRows.h"
+#include "host/check/FilePlaces.h"
 #include "host/check/RejectsFile.h"
+#include "host/check/TimeSeries.h"
 
 namespace kelvarin::check {
+// The longest stretch of such lines, numbered from 1; First is 0 if there is none.
+struct RowsAbove {
+    std::uint64_t First = 0, Last = 0;
+    bool FollowsText = false;  // the line directly above the first is not blank
+    int Separator = 0;         // an ESeparator, by which they are rows
+};
+
+// A column that became a signal.
+struct ColumnCheck {
+    int Column = 0;  // 1-based
+    std::u16string Name;
+    ECsvDataType Type = CsvTypeUndefined;
+    std::uint64_t Samples = 0;
+    std::uint64_t Empty = 0;  // samples without value whose cell was empty or not there
+    FilePlaces Refused;       // cells that are not of the column's type, as the module's parser left them
+};
+
+// A value of its own: nothing in it refers to the filter. Lines are those of the file, from 1; times are
+// nanoseconds on the scale of CTimeStamp, under relative time from RelativeTimeEpoch on.
+struct CheckResult {
+    bool Begun = false;
+    bool Failed = false;       // could not begin, or a read error ended it
+    bool Interrupted = false;  // was cancelled; all below is of the lines read so far
+    std::u16string Failure;    // the module's message about the file or its sidecar; empty without one
+
+    Reading Format;
+    std::u16string Letters;  // of a timestamp format, see ITimeReader::FormatLetters
+
+    std::uint64_t Lines = 0;       // read from the first data line on
+    std::uint64_t BlankLines = 0;  // of these, all
+    FilePlaces Blank;              // of these, with rows below them; the module doesn't count them
+    FilePlaces Before1990;         // rows with an absolute time that not every host can process
+    std::vector<ColumnCheck> Columns;
+    DroppedRows Dropped;
+    std::unique_ptr<TimeSeries> Series;  // of the stored rows; null unless the run began
+
+    RowsAbove Above;
+    std::u16string BetterFormat;  // reads at least half of the unreadable times; empty without one
+    Remedy TimeAdvice;            // what to set if times are read and no row has one
+
+    std::uint64_t StoredRows() const { return Series == nullptr ? 0 : Series->Count; }
+    std::uint64_t RefusedCells() const {
+        std::uint64_t count = 0;
+        for (const ColumnCheck& column : Columns) count += column.Refused.Count;
+        return count;
+    }
+};
+
+// The analysis looks for the table's start, and where it finds it too far down, rows are lost without a
+// message. A line counts as a row if its time fits the format or, with times that are counted, if it is
+// written like the first row but for its numbers. Looks at the first 999 lines, since no setting can name a
+// start further down. Nothing is found by a filter without ITableReader and ITimeReader, or whose file can't
+// be read.
+RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result);
+
 // Which lines a run is to note; null: not wanted. They outlive the run.
 struct WantedLines {
     LineSet* Dropped = nullptr;  // rows without a sample
@@ -39,13 +100,18 @@ class CheckObserver final : public IRunObserver {
     void OnRowStored(const RowPlace& place, std::int64_t time) override;
     void OnRowDropped(const DroppedRow& row) override;
     void OnCellRefused(const RefusedCell& cell) override;
-    void OnTimeBefore1990(const RowPlace& place, std::int64_t time) override;
-    void OnBlankLine(const RowPlace& place) override;
+    void OnTimeBefore1990(const RowPlace& place, std::int64_t) override {
+        Result.Before1990.Add({place.Line, place.MessageLine, {}});
+    }
+    void OnBlankLine(const RowPlace& place) override {
+        ++Result.BlankLines;
+        BlankAtEnd.Add({place.Line, 0, {}});
+    }
 
   private:
     // Blank lines above a row are lines of the table.
     void SettleBlankLines() {
-        if (BlankAtEnd.Count() == 0) return;
+        if (BlankAtEnd.Count == 0) return;
         Result.Blank.Append(BlankAtEnd);
         BlankAtEnd = {};
     }

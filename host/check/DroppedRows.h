@@ -49,8 +49,7 @@ class DroppedRows {
 
     // A row was stored.
     void AddStored() {
-        if (Pending.Count() != 0)
-            SettlePending(AnyStored ? DropKind::Unreadable : DropKind::UnreadableAtStart);
+        if (Pending.Count != 0) SettlePending(AnyStored ? DropKind::Unreadable : DropKind::UnreadableAtStart);
         AnyStored = true;
     }
 

@@ -15,33 +15,26 @@ struct FilePlace {
     std::u16string Text;           // the cell or the row
 };
 
-// Counts places, which come in the order of the file, and keeps the first few and the last.
-class FilePlaces {
-  public:
+// Places in the order of the file: their number, the first few and the last.
+struct FilePlaces {
     static constexpr std::size_t MostKept = 8;
+    std::uint64_t Count = 0;
+    std::vector<FilePlace> FirstFew;
+    FilePlace Last;  // meaningless without a place
 
     void Add(FilePlace place) {
-        ++Number;
-        if (First.size() < MostKept) First.push_back(place);
-        Newest = std::move(place);
+        ++Count;
+        if (FirstFew.size() < MostKept) FirstFew.push_back(place);
+        Last = std::move(place);
     }
 
     // The places of another list, all of them further down in the file.
     void Append(const FilePlaces& other) {
-        Number += other.Number;
-        const std::size_t room = std::min(MostKept - First.size(), other.First.size());
-        First.insert(First.end(), other.First.begin(),
-                     other.First.begin() + static_cast<std::ptrdiff_t>(room));
-        if (other.Number != 0) Newest = other.Newest;
+        Count += other.Count;
+        const std::size_t room = std::min(MostKept - FirstFew.size(), other.FirstFew.size());
+        FirstFew.insert(FirstFew.end(), other.FirstFew.begin(),
+                        other.FirstFew.begin() + static_cast<std::ptrdiff_t>(room));
+        if (other.Count != 0) Last = other.Last;
     }
-
-    std::uint64_t Count() const { return Number; }
-    const std::vector<FilePlace>& FirstFew() const { return First; }
-    const FilePlace& Last() const { return Newest; }  // meaningless without a place
-
-  private:
-    std::uint64_t Number = 0;
-    std::vector<FilePlace> First;
-    FilePlace Newest;
 };
 }  // namespace kelvarin::check

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/Remedy.h"
-#include "host/check/CheckResult.h"
+#include "host/check/CheckRun.h"
 
 namespace kelvarin::check {
 struct Finding {
@@ -18,8 +18,8 @@ struct Finding {
 // The faults first; none if the run could not begin.
 std::vector<Finding> Judge(const CheckResult& result);
 
-// The part of Judge about rows that were dropped or not read (DroppedFindings.cpp).
-void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings);
+// "line 3", or "lines 3, 4, 5 ... 1204"; empty without a place.
+std::string LinesInWords(const FilePlaces& places);
 
 // True if the file was read to its end without a fault.
 bool IsClean(const CheckResult& result, const std::vector<Finding>& findings);

@@ -1,12 +1,13 @@
-#include "host/check/RowsAbove.h"
-#include "contract/FixedTimes.h"
-
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <vector>
 
+#include "contract/FixedTimes.h"
 #include "contract/TableReader.h"
 #include "contract/TimeReader.h"
+#include "host/check/CheckRun.h"
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
@@ -42,16 +43,15 @@ std::u16string TimeText(const CutLine& line, const Reading& format) {
     return line.Cells[left - 1].Text + format.SeparatorSign() + line.Cells[right - 1].Text;
 }
 
-// Which lines have a time that the format reads, earlier than that of the search.
+// Which lines have a time that the format reads, earlier than the given one.
 std::vector<bool> HaveTimes(ITimeReader& reader, const Lines& lines, const Reading& format,
-                            const RowSearch& search) {
+                            std::int64_t end) {
     std::vector<std::u16string> texts;
     for (const CutLine& line : lines) texts.push_back(TimeText(line, format));
-    const std::int64_t base = format.DateSetting == DateNone ? RelativeTimeEpoch : 0;
     std::vector<bool> isRow;
     for (const std::int64_t time :
          reader.ReadTimes(format.TimestampFormat, texts, format.DateSetting == DateFromColumn))
-        isRow.push_back(time != -1 && (!search.BeforeTime || time + base < *search.BeforeTime));
+        isRow.push_back(time != -1 && time < end);
     return isRow;
 }
 
@@ -67,13 +67,6 @@ std::u16string ShapeOf(const CutLine& line) {
         shape += u'\n';  // in no cell
     }
     return shape;
-}
-
-std::vector<bool> HaveShapeOf(const CutLine& row, const Lines& lines) {
-    std::vector<bool> isRow;
-    for (const CutLine& line : lines)
-        isRow.push_back(line.CellCount == row.CellCount && ShapeOf(line) == ShapeOf(row));
-    return isRow;
 }
 
 RowsAbove FindLongest(const Lines& lines, const std::vector<bool>& isRow, std::uint64_t end) {
@@ -101,23 +94,38 @@ RowsAbove FindByShape(ITableReader& table, const Reading& format, std::uint64_t 
     const auto first = static_cast<std::uint64_t>(format.FirstDataLine);
     const Lines lines = CutLines(table, format, first);
     if (lines.empty() || lines.back().Line != first) return {};
-    RowsAbove rows = FindLongest(lines, HaveShapeOf(lines.back(), lines), end);
+    const CutLine& row = lines.back();
+    std::vector<bool> isRow;
+    for (const CutLine& line : lines)
+        isRow.push_back(line.CellCount == row.CellCount && ShapeOf(line) == ShapeOf(row));
+    RowsAbove rows = FindLongest(lines, isRow, end);
     rows.Separator = format.Separator;
     return rows;
 }
 }  // namespace
 
-RowsAbove FindRowsAbove(const CImportFilter& filter, const Reading& format, const RowSearch& search) {
+RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result) {
     auto* const table = filter.Find<ITableReader>();
     auto* const reader = filter.Find<ITimeReader>();
-    if (table == nullptr || reader == nullptr || search.End <= 1) return {};
-    if (format.TimeSetting == TimeInterval) return FindByShape(*table, format, search.End);
+    const Reading& format = result.Format;
+    const bool isCounted = format.TimeSetting == TimeInterval;
+    const bool isReadable = isCounted ? result.Begun : !format.TimestampFormat.empty();
+    const std::uint64_t endLine = result.Begun ? static_cast<std::uint64_t>(format.FirstDataLine)
+                                               : std::numeric_limits<std::uint64_t>::max();
+    if (table == nullptr || reader == nullptr || !isReadable || endLine <= 1) return {};
+    if (isCounted) return FindByShape(*table, format, endLine);
+    const bool anyStored = result.StoredRows() != 0;
+    // Rows above the first stored one are earlier; a fixed date or a correction is not in the cells.
+    const bool isPlain = format.DateSetting != DateFixed && !format.IsAdjusted;
+    const std::int64_t epoch = format.DateSetting == DateNone ? RelativeTimeEpoch : 0;
+    const std::int64_t endTime = anyStored && isPlain ? WrappingSubtract(result.Series->First, epoch)
+                                                      : std::numeric_limits<std::int64_t>::max();
     Reading tried = format;
-    for (int i = -1; i < (search.AnySeparator ? FixedSeparatorCount : 0); ++i) {
+    for (int i = -1; i < (anyStored ? 0 : FixedSeparatorCount); ++i) {
         if (i == format.Separator) continue;
         if (i >= 0) tried.Separator = i;
-        const Lines lines = CutLines(*table, tried, std::min(search.End - 1, MostLines));
-        RowsAbove rows = FindLongest(lines, HaveTimes(*reader, lines, tried, search), search.End);
+        const Lines lines = CutLines(*table, tried, std::min(endLine - 1, MostLines));
+        RowsAbove rows = FindLongest(lines, HaveTimes(*reader, lines, tried, endTime), endLine);
         rows.Separator = tried.Separator;
         if (rows.First != 0) return rows;
     }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "host/MissingValue.h"
+#include "host/Words.h"
 #include "host/explain/AnalysisRecord.h"
 #include "platform/framework/Text.h"
 

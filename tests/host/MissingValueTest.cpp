@@ -1,7 +1,7 @@
 // Which cells stand for a missing value.
 #include <gtest/gtest.h>
 
-#include "host/MissingValue.h"
+#include "host/Words.h"
 #include "platform/framework/Text.h"
 
 namespace {

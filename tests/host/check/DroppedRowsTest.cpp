@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "host/check/CheckRun.h"
-#include "host/check/CheckWords.h"
 #include "host/check/Findings.h"
 #include "platform/framework/Text.h"
 
@@ -67,7 +66,7 @@ class FakeRun {
         for (std::size_t i = 0; i < check::DropKindCount; ++i) {
             const auto kind = static_cast<DropKind>(i);
             std::string lines;
-            for (const check::FilePlace& place : Result.Dropped.Of(kind).FirstFew())
+            for (const check::FilePlace& place : Result.Dropped.Of(kind).FirstFew)
                 lines += (lines.empty() ? "" : ",") + std::to_string(place.Line);
             if (!lines.empty()) text += (text.empty() ? "" : " ") + std::string(NameOf(kind)) + " " + lines;
         }
@@ -146,8 +145,8 @@ TEST(DroppedRows, QuoteTheTimeInTheTableAndTheRowElsewhere) {
         format.Separator = SeparatorSemicolon;
         FakeRun run(format);
         run.Take(c.Rows);
-        ASSERT_EQ(run.Result.Dropped.Of(c.Kind).Count(), 1u) << run.Kinds();
-        EXPECT_EQ(Utf16ToUtf8(run.Result.Dropped.Of(c.Kind).Last().Text), Utf16ToUtf8(c.Text));
+        ASSERT_EQ(run.Result.Dropped.Of(c.Kind).Count, 1u) << run.Kinds();
+        EXPECT_EQ(Utf16ToUtf8(run.Result.Dropped.Of(c.Kind).Last.Text), Utf16ToUtf8(c.Text));
     }
 }
 
@@ -160,10 +159,10 @@ TEST(DroppedRows, KeepTheFirstFewPlacesAndTheLast) {
     for (int i = 0; i < 500; ++i) run.TakeRow(Misfit(u"y"));
     run.Result.Dropped.Finish(true);
     const check::FilePlaces& between = run.Result.Dropped.Of(DropKind::Unreadable);
-    EXPECT_EQ(between.Count(), 1000u);
+    EXPECT_EQ(between.Count, 1000u);
     EXPECT_EQ(check::LinesInWords(between), "lines 3, 4, 5, 6, 7 ... 1002");
-    EXPECT_EQ(between.FirstFew().size(), 8u);
-    EXPECT_EQ(run.Result.Dropped.Of(DropKind::UnreadableAtEnd).Count(), 500u);
+    EXPECT_EQ(between.FirstFew.size(), 8u);
+    EXPECT_EQ(run.Result.Dropped.Of(DropKind::UnreadableAtEnd).Count, 500u);
     ASSERT_EQ(run.Result.Dropped.UnreadableTexts().size(), 100u);
     EXPECT_EQ(run.Result.Dropped.UnreadableTexts().back(), u"xv");
 }

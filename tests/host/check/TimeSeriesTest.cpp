@@ -29,7 +29,7 @@ Reading Dated(const std::u16string& format) {
 std::unique_ptr<TimeSeries> SeriesOf(const Reading& format, const std::vector<std::int64_t>& times) {
     auto series = std::make_unique<TimeSeries>(format, Letters);
     for (std::size_t i = 0; i < times.size(); ++i) {
-        if (series->Count() != 0 && times[i] <= series->Last()) {
+        if (series->Count != 0 && times[i] <= series->Last) {
             series->AddDropped();
         } else {
             series->Add(times[i], i + 2);
@@ -121,11 +121,11 @@ TEST(TimeSeries, KeepsTheLongestStepsTheLongestFirst) {
         times.push_back(times.back() + step * Second);
     const auto series = SeriesOf(Dated(u"[s]"), times);
     std::string steps;
-    for (const check::TimeStep& step : series->LongestSteps())
+    for (const check::TimeStep& step : series->LongestSteps)
         steps += std::to_string(step.Length() / Second) + "@" + std::to_string(step.Line) + " ";
     EXPECT_EQ(steps, "9@6 8@12 7@11 6@10 5@4 5@7 4@9 3@8 ");
-    EXPECT_EQ(series->FirstLine(), 2u);
-    EXPECT_EQ(series->LastLine(), 13u);
+    EXPECT_EQ(series->FirstLine, 2u);
+    EXPECT_EQ(series->LastLine, 13u);
 }
 
 std::int64_t At(int month, int day, int hour = 0) {
@@ -155,8 +155,8 @@ TEST(DayMonthOrder, IsProvenOrNot) {
     for (const DateCase& c : cases) {
         SCOPED_TRACE(c.Name);
         const auto series = SeriesOf(Dated(u"TT.MM.JJJJ"), c.Times);
-        EXPECT_EQ(series->Dates().State(), c.State);
-        EXPECT_EQ(series->Dates().Line(), c.Line);
+        EXPECT_EQ(series->Dates.State(), c.State);
+        EXPECT_EQ(series->Dates.Line(), c.Line);
     }
 }
 
@@ -188,7 +188,7 @@ TEST(DayMonthOrder, IsAskedOnlyWhereDatesAreReadAsTheyAre) {
     const auto stateOf = [&](auto change) {
         Reading format = Dated(u"TT.MM.JJJJ");
         change(format);
-        return SeriesOf(format, times)->Dates().State();
+        return SeriesOf(format, times)->Dates.State();
     };
     EXPECT_EQ(stateOf([](Reading&) {}), DayMonthState::OtherIsCloser);
     EXPECT_EQ(stateOf([](Reading& f) { f.IsAdjusted = true; }), DayMonthState::NotChecked);
@@ -207,13 +207,13 @@ TEST(TimeSeries, TellsMidnightFromAClockThatWasSetBack) {
                                              day + 24 * Hour + half, day + 35 * Hour,        day + 36 * Hour,
                                              day + 59 * Hour};
     const auto series = SeriesOf(format, times);
-    EXPECT_EQ(series->RollOvers(), 2u);
-    ASSERT_EQ(series->DoubtfulRollOvers().Count(), 1u);
-    EXPECT_EQ(series->DoubtfulRollOvers().Last().Line, 8u);
+    EXPECT_EQ(series->RollOvers, 2u);
+    ASSERT_EQ(series->DoubtfulRollOvers.Count, 1u);
+    EXPECT_EQ(series->DoubtfulRollOvers.Last.Line, 8u);
     // Hours that are counted on, and dates, have no roll-over.
     format.TimestampFormat = u"[h]:mm";
-    EXPECT_EQ(SeriesOf(format, times)->RollOvers(), 0u);
-    EXPECT_EQ(SeriesOf(Dated(u"TT.MM.JJJJ"), times)->RollOvers(), 0u);
+    EXPECT_EQ(SeriesOf(format, times)->RollOvers, 0u);
+    EXPECT_EQ(SeriesOf(Dated(u"TT.MM.JJJJ"), times)->RollOvers, 0u);
 }
 
 // Times from 0 on, each in so many rows.
