@@ -5,7 +5,7 @@
 
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
-#include "host/guess/TimeAdvice.h"
+#include "host/guess/TimeGuess.h"
 
 namespace kelvarin::check {
 namespace {

@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <bit>
-#include <utility>
 
 namespace kelvarin::explain {
-const std::u16string& AnalysisRecord::TextOf(int line) const {
-    static const std::u16string none;
-    const auto found = std::lower_bound(Counted.begin(), Counted.end(), line,
-                                        [](const SeenLine& seen, int number) { return seen.Line < number; });
-    return found == Counted.end() || found->Line != line ? none : found->Text;
+std::u16string AnalysisRecord::TextOf(int line) const {
+    const auto found = std::find_if(Counted.begin(), Counted.end(),
+                                    [line](const SeenLine& seen) { return seen.Line == line; });
+    return found == Counted.end() ? std::u16string() : found->Text;
 }
 
 int AnalysisRecord::TypeOf(std::size_t column) const {
@@ -34,31 +32,9 @@ void AnalysisRecord::OnLineCounted(int line, std::u16string_view text, std::span
     Counted.push_back(std::move(seen));
 }
 
-void AnalysisRecord::OnSeparatorChosen(int separator, int firstLine) {
-    Separator = separator;
-    RunStart = firstLine;
-    Tested.clear();
-}
-
-void AnalysisRecord::OnFormatDetected(int firstLine, bool header) {
-    DetectedFirstLine = firstLine;
-    DetectedHeader = header;
-}
-
-void AnalysisRecord::OnTableBegun(int firstLine, bool header) {
-    FirstLine = firstLine;
-    Header = header;
-    Rows.clear();
-}
-
 void AnalysisRecord::OnCell(const JudgedCell& cell) {
     if (static_cast<std::size_t>(cell.Column) >= MostColumns) return;
     Rows.back().Cells.push_back(
         {std::u16string(cell.Text.substr(0, LongestText)), cell.Fits, cell.Before, cell.After});
-}
-
-void AnalysisRecord::OnTableEnded(TableEnd why, int line) {
-    End = why;
-    EndLine = line;
 }
 }  // namespace kelvarin::explain

@@ -26,17 +26,23 @@ struct SeenLine {
     const SeparatorRun& Run(int separator) const { return Runs[static_cast<std::size_t>(separator)]; }
 };
 
+// A JudgedCell with the beginning of its text.
 struct SeenCell {
-    std::u16string Text;  // its beginning
-    DataTypeSet Fits;
-    DataTypeSet Before;
-    DataTypeSet After;
+    std::u16string Text;
+    DataTypeSet Fits, Before, After;
 };
 
 struct SeenRow {
     int Line;
     std::size_t CellCount;
     std::vector<SeenCell> Cells;  // of a row of data; not those of columns beyond MostColumns
+};
+
+// Some cells of a column.
+struct CellGroup {
+    std::size_t Count = 0;
+    int FirstLine = 0;
+    std::u16string FirstText;
 };
 
 // Keeps what a filter's last analysis reported; of wide tables the first columns only, so that a file of very
@@ -68,7 +74,7 @@ class AnalysisRecord : private IAnalysisObserver {
     int EndLine = 0;
 
     // The text of a counted line, or an empty one.
-    const std::u16string& TextOf(int line) const;
+    std::u16string TextOf(int line) const;
 
     // The rows of data.
     std::size_t DataRows() const { return Rows.size() - (Header && !Rows.empty() ? 1 : 0); }
@@ -76,14 +82,40 @@ class AnalysisRecord : private IAnalysisObserver {
     // The type that the rows left to a column, from 0; CsvTypeUndefined without a cell.
     int TypeOf(std::size_t column) const;
 
+    // The cells of a column that pass a test of a SeenCell.
+    template <class Test>
+    CellGroup CellsWhere(std::size_t column, Test&& passes) const {
+        CellGroup group;
+        for (const SeenRow& row : Rows) {
+            if (column >= row.Cells.size() || !passes(row.Cells[column]) || group.Count++ != 0) continue;
+            group.FirstLine = row.Line;
+            group.FirstText = row.Cells[column].Text;
+        }
+        return group;
+    }
+
   private:
     void OnLineCounted(int line, std::u16string_view text, std::span<const SeparatorRun> runs) override;
-    void OnSeparatorChosen(int separator, int firstLine) override;
+    void OnSeparatorChosen(int separator, int firstLine) override {
+        Separator = separator;
+        RunStart = firstLine;
+        Tested.clear();
+    }
     void OnLineTested(const TestedLine& line) override { Tested.push_back(line); }
-    void OnFormatDetected(int firstLine, bool header) override;
-    void OnTableBegun(int firstLine, bool header) override;
+    void OnFormatDetected(int firstLine, bool header) override {
+        DetectedFirstLine = firstLine;
+        DetectedHeader = header;
+    }
+    void OnTableBegun(int firstLine, bool header) override {
+        FirstLine = firstLine;
+        Header = header;
+        Rows.clear();
+    }
     void OnRow(int line, std::size_t cells) override { Rows.push_back({line, cells, {}}); }
     void OnCell(const JudgedCell& cell) override;
-    void OnTableEnded(TableEnd why, int line) override;
+    void OnTableEnded(TableEnd why, int line) override {
+        End = why;
+        EndLine = line;
+    }
 };
 }  // namespace kelvarin::explain

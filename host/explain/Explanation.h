@@ -1,16 +1,42 @@
 // All that is explained about one file, gathered once for every front end.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "host/ModuleLoader.h"
 #include "host/Reading.h"
 #include "host/Remedy.h"
 #include "host/explain/AnalysisRecord.h"
-#include "host/explain/TableProposal.h"
 
 namespace kelvarin::explain {
+// A format as the settings of the profile say it.
+struct TableFormat {
+    int Separator = 0;  // 0 to 3
+    int FirstLine = 1;
+    bool Header = false;
+
+    // Blanks are the one separator that files repeat to align their columns.
+    bool Merges() const { return Separator == 3; }
+    int FirstDataLine() const { return FirstLine + (Header ? 1 : 0); }
+    bool operator==(const TableFormat&) const = default;
+};
+
+// The table that a person would see in a file, to compare with the one that the module took.
+struct TableProposal {
+    TableFormat Format;
+    std::size_t Rows = 0;   // that look like the table's, among the first 500 lines of the file
+    std::size_t Cells = 0;  // of each of them
+    int LastLine = 0;       // the last of them
+    int NamesLine = 0;      // that seems to hold the columns' names; 0 for none
+    std::u16string Names;   // the beginning of that line's cells
+
+    // The names are in a line from which the module can't take them.
+    bool NamesAreLost() const { return NamesLine != 0 && !(Format.Header && Format.FirstLine == NamesLine); }
+};
+
 // What people do not expect of the way a file was read.
 struct Warning {
     std::string Kind;         // for scripts, the same in every language
@@ -40,6 +66,10 @@ struct Explanation {
 Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
                     const AnalysisRecord& record);
 
+// The rows of most value that are alike, whatever the separator. Nothing if no rows hold values, or a
+// sidecar settles the format.
+std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path);
+
 // The warnings of an explanation whose other members are set, the most telling first.
 std::vector<Warning> FindWarnings(const Explanation& explanation);
 
@@ -51,4 +81,25 @@ std::string RunnerUp(const AnalysisRecord& record);
 
 // How far the columns were analysed and what ended it.
 std::string RowsRead(const AnalysisRecord& record);
+
+// Why a column has its data type: the cells that ruled the other types out.
+struct ColumnReason {
+    int Type = CsvTypeUndefined;  // that the analysis settled
+    std::size_t Cells = 0;        // of the column
+    CellGroup Empty;
+    // Per type from boolean, at its number less one: the cell that ruled it out; none while it lasts.
+    std::array<CellGroup, CsvTypeCount> Fell;
+    int MostType = CsvTypeUndefined;  // of a text column: what most of its cells are, if that isn't text
+    std::size_t Most = 0;             // cells of MostType
+    CellGroup Others;                 // of a text column: neither empty nor of MostType
+};
+
+// `column` counts from 0.
+ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column);
+
+// One sentence without the type itself.
+std::string ReasonInWords(const ColumnReason& reason);
+
+// A text of a file in a sentence: quoted, on one line, of 40 characters at most.
+std::string Quoted(const std::u16string& text);
 }  // namespace kelvarin::explain

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "host/Words.h"
-#include "host/explain/ColumnReason.h"
 #include "host/explain/Explanation.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -220,8 +219,8 @@ std::optional<Warning> Exponents(const Explanation& explanation) {
         Phrase("Write 1.0e5 in one of the first rows, or choose the type float on the signal page of the "
                "settings dialog."),
         [&](std::size_t column, const ColumnReason& reason) -> std::string {
-            const CellGroup exponents = CellsWhere(explanation.Record, column, IsPlainExponent);
-            const bool isHex = CellsWhere(explanation.Record, column, HasHexLetter).Count != 0;
+            const CellGroup exponents = explanation.Record.CellsWhere(column, IsPlainExponent);
+            const bool isHex = explanation.Record.CellsWhere(column, HasHexLetter).Count != 0;
             if (reason.Type != CsvTypeHex || exponents.Count == 0 || isHex) return {};
             return Phrase(
                 "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal "
@@ -240,13 +239,13 @@ bool MayBeThousands(std::u16string_view text, char16_t mark) {
 }
 
 CellGroup CellsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
-    return CellsWhere(record, column,
-                      [mark](const SeenCell& cell) { return cell.Text.find(mark) != cell.Text.npos; });
+    return record.CellsWhere(column,
+                             [mark](const SeenCell& cell) { return cell.Text.find(mark) != cell.Text.npos; });
 }
 
 // The cells with this mark that can't be thousands.
 CellGroup DecimalsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
-    return CellsWhere(record, column, [mark](const SeenCell& cell) {
+    return record.CellsWhere(column, [mark](const SeenCell& cell) {
         return cell.Text.find(mark) != cell.Text.npos && !MayBeThousands(cell.Text, mark);
     });
 }
@@ -291,7 +290,7 @@ std::optional<Warning> EmptyBeginnings(const Explanation& explanation) {
                                      reason.MostType != CsvTypeUndefined;
             if (!isOnlyEmpty || reason.Empty.FirstLine != firstDataLine) return {};
             const CellGroup filled =
-                CellsWhere(record, column, [](const SeenCell& cell) { return !cell.Text.empty(); });
+                record.CellsWhere(column, [](const SeenCell& cell) { return !cell.Text.empty(); });
             return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
                           ColumnName(explanation, column), filled.FirstLine,
                           DataTypeInWords(reason.MostType));

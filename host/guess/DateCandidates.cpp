@@ -1,7 +1,7 @@
 // Dates with or without a time, in one column or two, and times of day.
 #include <algorithm>
 
-#include "host/guess/TimeCandidate.h"
+#include "host/guess/GuessParts.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"

@@ -6,7 +6,7 @@
 //   zone = "Z", or a sign and two or four digits with or without a colon
 //
 // Only the look and the ranges of the numbers are judged here: whether a format holds is tried on many rows.
-#include "host/guess/FormatShape.h"
+#include "host/guess/GuessParts.h"
 
 #include <algorithm>
 #include <array>

@@ -94,7 +94,7 @@ void AddAboutKind(const TimeCandidate& candidate, TimeGuess& guess) {
     } else if (candidate.Kind != TimeKind::TimeOfDay && !candidate.HasDate() && !candidate.Hint.IsTime) {
         Add(guess, Certainty::Likely, Phrase("the column's name does not speak of time"));
     }
-    if (RunsOverMidnight(candidate))
+    if (candidate.RunsOverMidnight())
         Add(guess, Certainty::Likely,
             Phrase("the rows have no date; the start is that of the file's last change"));
     if (candidate.HasDate() && candidate.Reading.First < FirstGoodTime)
