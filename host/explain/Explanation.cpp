@@ -3,27 +3,10 @@
 #include <algorithm>
 
 #include "host/HostSession.h"
-#include "host/SettingText.h"
 #include "host/language/Phrase.h"
 
 namespace kelvarin::explain {
 namespace {
-// Analyses the file under this format into `record`. False if the file can't be read, or a sidecar takes
-// precedence over the profile, so that the format isn't used.
-bool TryFormat(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
-               AnalysisRecord& record) {
-    SettingsLayer layer;
-    layer.Set(u"AutoFormat", 0);
-    layer.Set(u"Separator", format.Separator);
-    layer.Set(u"MergeSeparators", format.Merges() ? 1 : 0);
-    layer.Set(u"FirstLine", format.FirstLine);
-    layer.Set(u"ImportHeader", format.Header ? 1 : 0);
-    HostSession session(module, path, RunOptions());
-    if (!record.ListenTo(session.Filter()) || !session.Filter().AnalyzeFile()) return false;
-    return ReadingOf(session.Filter()).Separator == format.Separator &&
-           record.FirstLine == format.FirstLine && record.Header == format.Header;
-}
-
 std::size_t ColumnsKept(const AnalysisRecord& record) {
     return record.Rows.empty() ? 0 : std::min(record.Rows.front().CellCount, AnalysisRecord::MostColumns);
 }
@@ -41,10 +24,19 @@ std::size_t TypedColumns(const AnalysisRecord& record) {
 // How the module reads the proposal; empty if it reads fewer values than from the table that it took, or if
 // the proposal can't be had. A table taken that has at most half the rows is a scrap, a footer as a rule, and
 // its values are not compared.
-std::string TryProposal(const ModuleLoader& module, const std::u16string& path, const TableFormat& format,
-                        const AnalysisRecord& taken) {
+std::string TryProposal(const ModuleLoader& module, const std::u16string& path,
+                        const Explanation& explanation) {
+    const TableFormat& format = explanation.Proposal->Format;
+    const AnalysisRecord& taken = explanation.Record;
+    SettingsLayer layer;
+    layer.Set(u"MergeSeparators", 0);
+    for (const auto& [key, value] : explanation.ProposedSettings()) layer.Set(key, value);
     AnalysisRecord tried;
-    if (!TryFormat(module, path, format, tried) || tried.DataRows() == 0) return {};
+    HostSession session(module, path, RunOptions());
+    if (!tried.ListenTo(session.Filter()) || !session.Filter().AnalyzeFile()) return {};
+    // A sidecar takes precedence over the profile.
+    const TableFormat read{ReadingOf(session.Filter()).Separator, tried.FirstLine, tried.Header};
+    if (read != format || tried.DataRows() == 0) return {};
     const std::size_t typed = TypedColumns(tried);
     const bool readsFewer = typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size();
     if (readsFewer && 2 * taken.Rows.size() > tried.Rows.size()) return {};
@@ -74,7 +66,7 @@ Explanation Explain(const ModuleLoader& module, const std::u16string& path, cons
     explanation.ReadsTimes = reading.TimeSetting == TimeFromColumn && reading.TimestampFormat.empty();
     explanation.Proposal = ProposeTable(module, path);
     if (explanation.Proposal && explanation.Proposal->Format != taken)
-        explanation.ProposalGives = TryProposal(module, path, explanation.Proposal->Format, record);
+        explanation.ProposalGives = TryProposal(module, path, explanation);
     explanation.Warnings = FindWarnings(explanation);
     return explanation;
 }

@@ -174,15 +174,10 @@ std::string RowsRead(const AnalysisRecord& record) {
                        : rows == 1 ? Phrase("one row, line {}", last)
                                    : Phrase("{} rows, lines {} to {}", rows,
                                             record.Rows[record.Rows.size() - rows].Line, last);
-    switch (record.End) {
-        case TableEnd::EmptyLine:
-            return text + Phrase("; line {} is empty and ends the analysis", record.EndLine);
-        case TableEnd::EnoughRows:
-            return text + Phrase("; more are not looked at");
-        case TableEnd::EndOfFile:
-            return text + Phrase("; there the file ends");
-    }
-    return text;
+    if (record.End == TableEnd::EmptyLine)
+        return text + Phrase("; line {} is empty and ends the analysis", record.EndLine);
+    return text + (record.End == TableEnd::EnoughRows ? Phrase("; more are not looked at")
+                                                      : Phrase("; there the file ends"));
 }
 
 ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column) {

@@ -34,21 +34,4 @@ struct RowShape {
     // other leaves pieces that only begin with a digit.
     double Value() const { return static_cast<double>(Numbers) + static_cast<double>(Digits) / 2; }
 };
-
-// The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty. A
-// column of values may hold an error text here and there, one of names may hold a number.
-class ValueColumns {
-  public:
-    // Learns from the lower half of the rows with this number of cells that look like data.
-    ValueColumns(const std::vector<RowShape>& rows, std::size_t cells);
-
-    bool IsEmpty() const;
-
-    // True for names, units and the like above the values: words in the first column or in most columns,
-    // where the table has values.
-    bool IsUnlike(const RowShape& row) const;
-
-  private:
-    std::vector<bool> HoldsValues;
-};
 }  // namespace kelvarin::explain

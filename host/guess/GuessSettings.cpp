@@ -26,14 +26,6 @@ std::int64_t FirstDayOf(const std::u16string& path, std::size_t rollOvers) {
     return moment.count() - static_cast<std::int64_t>(rollOvers) * DaySeconds;
 }
 
-// The later of two times is the one that a format reads; the rows belong to the earlier.
-void AddRange(SettingList& settings, std::int64_t length) {
-    const auto seconds = static_cast<int>(length / Second);
-    const CTimeStamp amount(2000, 1, 1, seconds / 3600, seconds / 60 % 60, seconds % 60, 0);
-    const std::string time = std::to_string(amount.GetCTime().Seconds);
-    settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", time}});
-}
-
 TextList Items(const ModuleLoader& module, unsigned id) {
     TextList items;
     for (const std::u16string& item : module.ResourceItems(id)) items.emplace_back(TrimWhiteSpace(item));
@@ -87,7 +79,13 @@ SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& pa
         settings.emplace_back("StartDate", std::to_string(FirstDayOf(path, candidate.Reading.RollOvers)));
     settings.emplace_back("TimeSetting", "0");
     settings.emplace_back("TimeColumn", std::to_string(candidate.TimeColumn));
-    if (candidate.RangeLength) AddRange(settings, *candidate.RangeLength);
+    if (candidate.RangeLength) {
+        // The later of two times is the one that a format reads; the rows belong to the earlier.
+        const auto seconds = static_cast<int>(*candidate.RangeLength / Second);
+        const CTimeStamp amount(2000, 1, 1, seconds / 3600, seconds / 60 % 60, seconds % 60, 0);
+        const std::string time = std::to_string(amount.GetCTime().Seconds);
+        settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", time}});
+    }
     settings.emplace_back("TimestampFormat", Utf16ToUtf8(candidate.Shape.Format));
     return settings;
 }

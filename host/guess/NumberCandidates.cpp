@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "host/guess/GuessParts.h"
-
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"

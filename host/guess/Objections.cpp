@@ -55,19 +55,16 @@ void AddAboutRows(const TimeReading& reading, TimeGuess& guess) {
     }
 }
 
-void AddAboutOrder(const TimeCandidate& candidate, TimeGuess& guess) {
+void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
+    const FormatShape& shape = candidate.Shape;
     if (candidate.Proof == OrderProof::Missing)
         Add(guess, Certainty::Uncertain,
             Phrase("day and month could be swapped: no row tells which comes first"));
-    if (candidate.Proof != OrderProof::BySteps) return;
-    Add(guess, Certainty::Likely,
-        candidate.Shape.Order == DateOrder::DayFirst
-            ? Phrase("that the day comes before the month follows from the distances of the rows alone")
-            : Phrase("that the month comes before the day follows from the distances of the rows alone"));
-}
-
-void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
-    const FormatShape& shape = candidate.Shape;
+    if (candidate.Proof == OrderProof::BySteps)
+        Add(guess, Certainty::Likely,
+            shape.Order == DateOrder::DayFirst
+                ? Phrase("that the day comes before the month follows from the distances of the rows alone")
+                : Phrase("that the month comes before the day follows from the distances of the rows alone"));
     if (shape.IsDigitsOnly) Add(guess, Certainty::Likely, Phrase("plain numbers may mean something else"));
     if (!shape.Zone.empty())
         Add(guess, guess.Sureness,
@@ -76,11 +73,10 @@ void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
     if (shape.ZoneShiftsFraction)
         Add(guess, Certainty::Likely,
             Phrase("the zone's digits add up to a quarter of a second to every time"));
-    if (shape.RangeMark.empty()) return;
     if (candidate.RangeLength) {
         Add(guess, guess.Sureness,
             Phrase("the cells hold two times; the later is read and set back to the earlier"));
-    } else {
+    } else if (!shape.RangeMark.empty()) {
         Add(guess, Certainty::Likely, Phrase("the cells hold two times; the later is taken"));
     }
 }
@@ -121,7 +117,6 @@ std::string BasisOf(const TimeCandidate& candidate) {
 
 void AddObjections(const TimeCandidate& candidate, TimeGuess& guess) {
     AddAboutRows(candidate.Reading, guess);
-    AddAboutOrder(candidate, guess);
     AddAboutText(candidate, guess);
     AddAboutKind(candidate, guess);
 }

@@ -2,6 +2,7 @@
 // worth more than a time without, and a named unit more than none.
 #include <algorithm>
 #include <optional>
+#include <set>
 
 #include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
@@ -75,17 +76,6 @@ double ScoreOf(const TimeCandidate& candidate) {
     return part < LeastRisingPart ? 0 : part * WeightOf(candidate);
 }
 
-// The time of a date's neighbour column belongs to that date.
-void DropTimesOfPairs(std::vector<TimeCandidate>& candidates) {
-    const std::vector<TimeCandidate> all = candidates;
-    std::erase_if(candidates, [&](const TimeCandidate& time) {
-        return time.Kind == TimeKind::TimeOfDay &&
-               std::any_of(all.begin(), all.end(), [&](const TimeCandidate& pair) {
-                   return pair.HasDate() && pair.TimeColumn == time.TimeColumn;
-               });
-    });
-}
-
 // The best one, the leftmost of those that are as good; it is taken out of the list.
 std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, double leastScore) {
     auto best = candidates.end();
@@ -102,7 +92,12 @@ std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, do
 
 std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
-    DropTimesOfPairs(candidates);
+    // The time of a date's neighbour column belongs to that date.
+    std::set<int> taken;
+    for (const TimeCandidate& date : candidates) taken.insert(date.HasDate() ? date.TimeColumn : 0);
+    std::erase_if(candidates, [&](const TimeCandidate& time) {
+        return time.Kind == TimeKind::TimeOfDay && taken.contains(time.TimeColumn);
+    });
     for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const auto& one, const auto& other) { return one.TimeColumn < other.TimeColumn; });
