@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "platform/framework/Text.h"
 
@@ -108,26 +107,21 @@ class ShapeReader {
     bool ReadDate() {
         const std::size_t digits = DigitsAt(At);
         if (digits == 6 || digits == 8 || digits == 12 || digits == 14) return ReadCompactDate(digits);
-        const std::array<Letter, 3> letters = LettersOf(Order);
-        std::size_t at = At;
-        std::size_t lengths[3] = {};
+        const std::size_t begin = At;
         char16_t mark = u'\0';
-        for (std::size_t i = 0; i < 3; ++i) {
-            lengths[i] = DigitsAt(at);
-            if (lengths[i] == 0 || lengths[i] > 4 || !IsInRange(letters[i], at, lengths[i])) return false;
-            at += lengths[i];
-            if (i == 2) break;
-            const char16_t c = at < Text.size() ? Text[at++] : u'\0';
-            if ((c != u'.' && c != u'/' && c != u'-') || (i == 1 && c != mark)) return false;
-            mark = c;
+        for (const Letter letter : LettersOf(Order)) {
+            if (At != begin) {
+                const char16_t c = At < Text.size() ? Text[At++] : u'\0';
+                if ((c != u'.' && c != u'/' && c != u'-') || (mark != u'\0' && c != mark)) return false;
+                mark = c;
+                Shape.Format += c;
+            }
+            const std::size_t length = DigitsAt(At);
+            if (length == 0 || length > 4 || !IsInRange(letter, At, length)) return false;
+            AddField(letter, letter == Year ? 4 : 2, length);
         }
         // Nobody writes the month first with points.
-        if (mark == u'.' && Order == DateOrder::MonthFirst) return false;
-        for (std::size_t i = 0; i < 3; ++i) {
-            if (i != 0) Shape.Format += Text[At++];
-            AddField(letters[i], letters[i] == Year ? 4 : 2, lengths[i]);
-        }
-        return true;
+        return mark != u'.' || Order != DateOrder::MonthFirst;
     }
 
     // Without marks each number has its full length.
@@ -140,8 +134,9 @@ class ShapeReader {
         }
         Shape.IsDigitsOnly = digits == 6 && Text.size() == 6;
         if (digits < 12) return true;
-        Shape.HasTime = ReadCompactTime(digits - 8);
-        return Shape.HasTime;
+        if (!ReadCompactTime(digits - 8)) return false;
+        Shape.HasTime = true;
+        return true;
     }
 
     bool ReadTime() {

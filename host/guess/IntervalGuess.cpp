@@ -4,7 +4,6 @@
 // the day, can't be read by any format. With that letter made a blank here the module reads it, so that the
 // distance of the rows and the start are known, and both can be set.
 #include <algorithm>
-#include <optional>
 
 #include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
@@ -15,30 +14,6 @@
 namespace kelvarin::guess {
 namespace {
 constexpr std::size_t Seconds = 2;  // of the units
-
-// The times of a column whose texts no format reads, with the letter that is in the way.
-std::optional<TimeCandidate> TryColumn(const TableTrial& trial, std::size_t column) {
-    TextList texts = trial.Texts(column);
-    std::vector<FormatShape> shapes;
-    for (const std::u16string& example : trial.Examples(texts)) {
-        for (FormatShape& shape : ShapesOf(example, trial.Letters())) {
-            if (shape.Blocked == u'\0' || shape.IsTwelveHours || shape.Order == DateOrder::NoDate) continue;
-            if (!shape.RangeMark.empty()) shape.Format = shape.FormatUpToMark;
-            shapes.push_back(std::move(shape));
-        }
-    }
-    if (shapes.empty()) return std::nullopt;
-    for (std::u16string& text : texts) {
-        if (!shapes.front().RangeMark.empty()) text = text.substr(0, text.find(shapes.front().RangeMark));
-        std::replace(text.begin(), text.end(), shapes.front().Blocked, u' ');
-    }
-    std::optional<TimeCandidate> best = BestOrder(trial, shapes, texts, HintOf(trial.Sample(), column));
-    // An interval from the distance of the rows needs rows that mostly follow each other.
-    if (!best || best->Reading.RisingPart() < 0.5 || best->Reading.MedianStep <= 0) return std::nullopt;
-    best->TimeColumn = static_cast<int>(column) + 1;
-    best->Shape.Blocked = shapes.front().Blocked;
-    return best;
-}
 
 bool HasTwelveHours(const TableTrial& trial) {
     bool isFound = false;
@@ -51,9 +26,9 @@ bool HasTwelveHours(const TableTrial& trial) {
     return isFound;
 }
 
-void GuessFromBlocked(const TimeCandidate& times, TimeGuess& guess) {
+// Takes the times of a column whose texts no format reads because of one letter.
+void GuessFromBlocked(const TimeCandidate& times, char16_t letter, TimeGuess& guess) {
     const TimeReading& reading = times.Reading;
-    const char16_t letter = times.Shape.Blocked;
     // The step in the largest unit that makes a whole number of it.
     std::size_t unit = 0;
     while (reading.MedianStep % IntervalUnits[unit].Nanoseconds != 0) ++unit;
@@ -89,9 +64,26 @@ void GuessFromBlocked(const TimeCandidate& times, TimeGuess& guess) {
 
 bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess) {
     for (std::size_t column = 0; column < trial.Columns(); ++column) {
-        const std::optional<TimeCandidate> times = TryColumn(trial, column);
-        if (!times) continue;
-        GuessFromBlocked(*times, guess);
+        TextList texts = trial.Texts(column);
+        std::vector<FormatShape> shapes;
+        for (const std::u16string& example : trial.Examples(texts)) {
+            for (FormatShape& shape : ShapesOf(example, trial.Letters())) {
+                if (shape.Blocked == u'\0' || shape.IsTwelveHours || shape.Order == DateOrder::NoDate)
+                    continue;
+                if (!shape.RangeMark.empty()) shape.Format = shape.FormatUpToMark;
+                shapes.push_back(std::move(shape));
+            }
+        }
+        if (shapes.empty()) continue;
+        for (std::u16string& text : texts) {
+            if (!shapes.front().RangeMark.empty()) text = text.substr(0, text.find(shapes.front().RangeMark));
+            std::replace(text.begin(), text.end(), shapes.front().Blocked, u' ');
+        }
+        std::optional<TimeCandidate> best = BestOrder(trial, shapes, texts, HintOf(trial.Sample(), column));
+        // An interval from the distance of the rows needs rows that mostly follow each other.
+        if (!best || best->Reading.RisingPart() < 0.5 || best->Reading.MedianStep <= 0) continue;
+        best->TimeColumn = static_cast<int>(column) + 1;
+        GuessFromBlocked(*best, shapes.front().Blocked, guess);
         return true;
     }
     return false;

@@ -3,8 +3,6 @@
 // makes the usual steps of a logger.
 #include <algorithm>
 #include <iterator>
-#include <optional>
-#include <string_view>
 
 #include "host/guess/GuessParts.h"
 #include "platform/framework/Numbers.h"
@@ -164,29 +162,6 @@ std::u16string FormatOf(const NumberForm& form, const std::u16string& unit, cons
     if (form.Mark != u'\0') format += std::u16string(1, form.Mark) + u"000";
     return format;
 }
-
-std::optional<TimeCandidate> TryColumn(const TableTrial& trial, std::size_t column) {
-    TimeCandidate candidate;
-    candidate.Hint = HintOf(trial.Sample(), column);
-    const bool isPlace = !candidate.Hint.IsNamed && column == 0;
-    if (!candidate.Hint.IsTime && candidate.Hint.Unit.empty() && !isPlace) return std::nullopt;
-    const TextList texts = trial.Texts(column);
-    const std::optional<NumberForm> form = FormOf(trial, texts);
-    if (!form) return std::nullopt;
-    candidate.TimeColumn = static_cast<int>(column) + 1;
-    const std::optional<std::u16string> epoch = EpochUnit(form->First);
-    candidate.Kind = epoch && candidate.Hint.Unit.empty() ? TimeKind::Epoch : TimeKind::Elapsed;
-    candidate.Unit = candidate.Kind == TimeKind::Epoch ? *epoch : candidate.Hint.Unit;
-    if (candidate.Unit.empty()) {
-        const std::u16string seconds = FormatOf(*form, u"s", trial.Letters());
-        if (!trial.FitsFirstRows(seconds, texts, false)) return std::nullopt;
-        candidate.Unit = UsualUnit(trial.Read(seconds, texts, false).MedianStep, form->First);
-    }
-    candidate.Shape.Format = FormatOf(*form, candidate.Unit, trial.Letters());
-    if (!trial.FitsFirstRows(candidate.Shape.Format, texts, false)) return std::nullopt;
-    candidate.Reading = trial.Read(candidate.Shape.Format, texts, false);
-    return candidate;
-}
 }  // namespace
 
 ColumnHint HintOf(const TableSample& table, std::size_t column) {
@@ -205,8 +180,26 @@ ColumnHint HintOf(const TableSample& table, std::size_t column) {
 std::vector<TimeCandidate> FindNumberCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> found;
     for (std::size_t column = 0; column < trial.Columns(); ++column) {
-        if (std::optional<TimeCandidate> candidate = TryColumn(trial, column))
-            found.push_back(std::move(*candidate));
+        TimeCandidate candidate;
+        candidate.Hint = HintOf(trial.Sample(), column);
+        const bool isPlace = !candidate.Hint.IsNamed && column == 0;
+        if (!candidate.Hint.IsTime && candidate.Hint.Unit.empty() && !isPlace) continue;
+        const TextList texts = trial.Texts(column);
+        const std::optional<NumberForm> form = FormOf(trial, texts);
+        if (!form) continue;
+        candidate.TimeColumn = static_cast<int>(column) + 1;
+        const std::optional<std::u16string> epoch = EpochUnit(form->First);
+        candidate.Kind = epoch && candidate.Hint.Unit.empty() ? TimeKind::Epoch : TimeKind::Elapsed;
+        candidate.Unit = candidate.Kind == TimeKind::Epoch ? *epoch : candidate.Hint.Unit;
+        if (candidate.Unit.empty()) {
+            const std::u16string seconds = FormatOf(*form, u"s", trial.Letters());
+            if (!trial.FitsFirstRows(seconds, texts, false)) continue;
+            candidate.Unit = UsualUnit(trial.Read(seconds, texts, false).MedianStep, form->First);
+        }
+        candidate.Shape.Format = FormatOf(*form, candidate.Unit, trial.Letters());
+        if (!trial.FitsFirstRows(candidate.Shape.Format, texts, false)) continue;
+        candidate.Reading = trial.Read(candidate.Shape.Format, texts, false);
+        found.push_back(std::move(candidate));
     }
     return found;
 }

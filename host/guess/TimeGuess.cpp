@@ -1,7 +1,6 @@
 // All candidates are read on the same rows. The one that an import would take most rows of wins; a date is
 // worth more than a time without, and a named unit more than none.
 #include <algorithm>
-#include <optional>
 #include <set>
 
 #include "host/guess/GuessParts.h"
