@@ -105,17 +105,15 @@ std::optional<Warning> EmptyLine(const Explanation& all) {
     int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
     if (all.Proposal) lastKnown = std::max(lastKnown, all.Proposal->LastLine);
     if (record.End != TableEnd::EmptyLine || lastKnown <= record.EndLine) return {};
-    if (record.DataRows() == 0)
-        return Warning{"empty-line-ends-the-table",
-                       Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
-                              "column gets a type.",
-                              record.EndLine),
-                       AdvisedOr(all, DeleteLine(record.EndLine))};
+    const bool hasRows = record.DataRows() != 0;
     return Warning{"empty-line-ends-the-table",
-                   Phrase("Line {} is empty and ends the analysis: the types are settled by the {} rows "
-                          "above it alone. The import itself goes on after it.",
-                          record.EndLine, record.DataRows()),
-                   AdvisedOr(all, {})};
+                   hasRows ? Phrase("Line {} is empty and ends the analysis: the types are settled by the {} "
+                                    "rows above it alone. The import itself goes on after it.",
+                                    record.EndLine, record.DataRows())
+                           : Phrase("Line {} is empty and ends the analysis before the first row of data, so "
+                                    "no column gets a type.",
+                                    record.EndLine),
+                   AdvisedOr(all, hasRows ? std::string() : DeleteLine(record.EndLine))};
 }
 
 std::optional<Warning> LostNames(const Explanation& all) {
