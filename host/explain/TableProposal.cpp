@@ -29,25 +29,7 @@ CellKind KindOf(const CutCell& cell) {
     const bool isShortHex = Contains(cell.Fits, CsvTypeHex) && text.size() == 2;
     return isShortHex || BeginsWithDigit(text) ? CellKind::Digits : CellKind::Word;
 }
-}  // namespace
 
-RowShape::RowShape(const CutLine& row) : Line(static_cast<int>(row.Line)), Cells(row.CellCount) {
-    for (const CutCell& cell : row.Cells) {
-        const CellKind kind = KindOf(cell);
-        Kinds.push_back(kind);
-        Filled += kind != CellKind::Empty;
-        Numbers += kind == CellKind::Number;
-        Digits += kind == CellKind::Digits;
-    }
-}
-
-bool RowShape::LooksLikeData() const {
-    if (Numbers + Digits == 0) return false;
-    const bool beginsWithValue = Kind(0) == CellKind::Number || Kind(0) == CellKind::Digits;
-    return beginsWithValue || 4 * (Numbers + Digits) >= Filled;
-}
-
-namespace {
 // The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty. A
 // column of values may hold an error text here and there, one of names may hold a number.
 class ValueColumns {
@@ -240,6 +222,22 @@ bool IsSettledBySidecar(const ModuleLoader& module, const std::u16string& path) 
     return settings != nullptr && settings->AutoFormat == 0;
 }
 }  // namespace
+
+RowShape::RowShape(const CutLine& row) : Line(static_cast<int>(row.Line)), Cells(row.CellCount) {
+    for (const CutCell& cell : row.Cells) {
+        const CellKind kind = KindOf(cell);
+        Kinds.push_back(kind);
+        Filled += kind != CellKind::Empty;
+        Numbers += kind == CellKind::Number;
+        Digits += kind == CellKind::Digits;
+    }
+}
+
+bool RowShape::LooksLikeData() const {
+    if (Numbers + Digits == 0) return false;
+    const bool beginsWithValue = Kind(0) == CellKind::Number || Kind(0) == CellKind::Digits;
+    return beginsWithValue || 4 * (Numbers + Digits) >= Filled;
+}
 
 std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path) {
     constexpr std::uint64_t LinesLookedAt = 500;

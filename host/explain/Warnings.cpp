@@ -140,12 +140,10 @@ std::optional<Warning> WideRows(const Explanation& all) {
     std::size_t rows = 0;
     std::string where;  // of the first
     for (const SeenRow& row : record.Rows) {
-        const auto surplus =
-            row.Cells.begin() + static_cast<std::ptrdiff_t>(std::min(columns, row.Cells.size()));
-        const auto lost =
-            std::find_if(surplus, row.Cells.end(), [](const SeenCell& cell) { return !cell.Text.empty(); });
-        if (lost != row.Cells.end() && rows++ == 0)
-            where = Phrase("{} in line {}", Quoted(lost->Text), row.Line);
+        std::size_t lost = columns;
+        while (lost < row.Cells.size() && row.Cells[lost].Text.empty()) ++lost;
+        if (lost < row.Cells.size() && rows++ == 0)
+            where = Phrase("{} in line {}", Quoted(row.Cells[lost].Text), row.Line);
     }
     if (rows == 0) return {};
     return Warning{

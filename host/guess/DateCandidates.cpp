@@ -154,15 +154,9 @@ std::optional<TimeCandidate> BestOrder(const TableTrial& trial, const std::vecto
         candidate.Shape = shape;
         candidate.Hint = hint;
         candidate.Reading = trial.Read(shape.Format, texts, hasDate);
-        if (!best) {
-            best = std::move(candidate);
-            continue;
-        }
-        if (shape.Order == best->Shape.Order) {
-            if (candidate.Reading.Read > best->Reading.Read) {
-                best->Shape = shape;
-                best->Reading = std::move(candidate.Reading);
-            }
+        if (!best || shape.Order == best->Shape.Order) {
+            if (best) candidate.Proof = best->Proof;
+            if (!best || candidate.Reading.Read > best->Reading.Read) best = std::move(candidate);
             continue;
         }
         const OrderProof forOther = ProofOver(candidate, *best);

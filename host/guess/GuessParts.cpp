@@ -45,16 +45,14 @@ TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
     }
     const TextList dates = Items(module, IdDateFormats);
     if (candidate.Kind == TimeKind::Date) return dates;
-    const bool sameColumn = candidate.DateColumn == candidate.TimeColumn;
     const std::u16string& separator = trial.Sample().Separator;
-    const bool isBlank = sameColumn || IsWhiteSpace(separator[0]);
+    const bool isBlank = candidate.DateColumn == candidate.TimeColumn || IsWhiteSpace(separator[0]);
     const std::u16string joint = isBlank ? u" " : separator + u" ";
+    const bool isDateFirst = candidate.DateColumn <= candidate.TimeColumn;
     TextList formats;
     for (const std::u16string& date : dates) {
-        for (const std::u16string& time : times) {
-            formats.push_back(candidate.DateColumn <= candidate.TimeColumn ? date + joint + time
-                                                                           : time + joint + date);
-        }
+        for (const std::u16string& time : times)
+            formats.push_back(isDateFirst ? date + joint + time : time + joint + date);
     }
     return formats;
 }
