@@ -12,7 +12,7 @@
 #include "cli/report/TextReport.h"
 #include "host/Reading.h"
 #include "host/SourceFiles.h"
-#include "host/guess/TimeAdvice.h"
+#include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
 #include "platform/framework/Path.h"

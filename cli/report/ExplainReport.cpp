@@ -8,7 +8,6 @@
 #include "cli/report/TextLayout.h"
 #include "cli/report/TextReport.h"
 #include "host/Words.h"
-#include "host/explain/ColumnReason.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"

@@ -4,7 +4,7 @@
 
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
-#include "host/guess/TimeAdvice.h"
+#include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
 

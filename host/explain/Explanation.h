@@ -1,16 +1,154 @@
-// All that is explained about one file, gathered once for every front end.
+// What the analysis of a file reported of its decisions, and all that is explained about the file, gathered
+// once for every front end.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "contract/AnalysisObserver.h"
+#include "contract/ImportFilter.h"
+#include "host/ModuleLoader.h"
 #include "host/Reading.h"
 #include "host/Remedy.h"
-#include "host/explain/AnalysisRecord.h"
-#include "host/explain/TableProposal.h"
+#include "settings/DataType.h"
 
 namespace kelvarin::explain {
+// Semicolon, comma, tab and space, the indices 0 to 3 of the setting.
+constexpr int SeparatorsCounted = 4;
+
+// `type` is an ECsvDataType but CsvTypeUndefined.
+constexpr bool Contains(DataTypeSet set, int type) {
+    return (set >> (type - 1) & 1) != 0;
+}
+
+struct SeenLine {
+    int Line;
+    std::u16string Text;  // its beginning
+    std::array<SeparatorRun, SeparatorsCounted> Runs;
+
+    const SeparatorRun& Run(int separator) const { return Runs[static_cast<std::size_t>(separator)]; }
+};
+
+// A JudgedCell with the beginning of its text.
+struct SeenCell {
+    std::u16string Text;
+    DataTypeSet Fits, Before, After;
+};
+
+struct SeenRow {
+    int Line;
+    std::size_t CellCount;
+    std::vector<SeenCell> Cells;  // of a row of data; not those of columns beyond MostColumns
+};
+
+// Some cells of a column.
+struct CellGroup {
+    std::size_t Count = 0;
+    int FirstLine = 0;
+    std::u16string FirstText;
+};
+
+// Keeps what a filter's last analysis reported; of wide tables the first columns only, so that a file of very
+// long lines costs no memory.
+class AnalysisRecord : private IAnalysisObserver {
+  public:
+    static constexpr std::size_t MostColumns = 200;
+    static constexpr std::size_t LongestLine = 8000;
+    static constexpr std::size_t LongestText = 400;  // of a cell
+
+    AnalysisRecord() = default;
+    AnalysisRecord(const AnalysisRecord&) = delete;
+    AnalysisRecord& operator=(const AnalysisRecord&) = delete;
+
+    // Observes the analyses of a filter, which must not outlive the record. False if the filter has no
+    // IObservedAnalysis.
+    bool ListenTo(CImportFilter& filter);
+
+    std::vector<SeenLine> Counted;  // the lines that aren't blank
+    int Separator = 0;              // the winner of the count
+    int RunStart = 0;               // of the winner
+    std::vector<TestedLine> Tested;
+    int DetectedFirstLine = 0;
+    bool DetectedHeader = false;
+    int FirstLine = 0;          // of the table as it was read
+    bool Header = false;        // FirstLine holds the names
+    std::vector<SeenRow> Rows;  // with the header's
+    TableEnd End = TableEnd::EndOfFile;
+    int EndLine = 0;
+
+    // The text of a counted line, or an empty one.
+    std::u16string TextOf(int line) const;
+
+    // The rows of data.
+    std::size_t DataRows() const { return Rows.size() - (Header && !Rows.empty() ? 1 : 0); }
+
+    // The type that the rows left to a column, from 0; CsvTypeUndefined without a cell.
+    int TypeOf(std::size_t column) const;
+
+    // The cells of a column that pass a test of a SeenCell.
+    template <class Test>
+    CellGroup CellsWhere(std::size_t column, Test&& passes) const {
+        CellGroup group;
+        for (const SeenRow& row : Rows) {
+            if (column >= row.Cells.size() || !passes(row.Cells[column]) || group.Count++ != 0) continue;
+            group.FirstLine = row.Line;
+            group.FirstText = row.Cells[column].Text;
+        }
+        return group;
+    }
+
+  private:
+    void OnLineCounted(int line, std::u16string_view text, std::span<const SeparatorRun> runs) override;
+    void OnSeparatorChosen(int separator, int firstLine) override {
+        Separator = separator;
+        RunStart = firstLine;
+        Tested.clear();
+    }
+    void OnLineTested(const TestedLine& line) override { Tested.push_back(line); }
+    void OnFormatDetected(int firstLine, bool header) override {
+        DetectedFirstLine = firstLine;
+        DetectedHeader = header;
+    }
+    void OnTableBegun(int firstLine, bool header) override {
+        FirstLine = firstLine;
+        Header = header;
+        Rows.clear();
+    }
+    void OnRow(int line, std::size_t cells) override { Rows.push_back({line, cells, {}}); }
+    void OnCell(const JudgedCell& cell) override;
+    void OnTableEnded(TableEnd why, int line) override {
+        End = why;
+        EndLine = line;
+    }
+};
+
+// A format as the settings of the profile say it.
+struct TableFormat {
+    int Separator = 0;  // 0 to 3
+    int FirstLine = 1;
+    bool Header = false;
+
+    // Blanks are the one separator that files repeat to align their columns.
+    bool Merges() const { return Separator == 3; }
+    int FirstDataLine() const { return FirstLine + (Header ? 1 : 0); }
+    bool operator==(const TableFormat&) const = default;
+};
+
+// The table that a person would see in a file, to compare with the one that the module took.
+struct TableProposal {
+    TableFormat Format;
+    std::size_t Rows = 0;   // that look like the table's, among the first 500 lines of the file
+    std::size_t Cells = 0;  // of each of them
+    int LastLine = 0;       // the last of them
+    int NamesLine = 0;      // that seems to hold the columns' names; 0 for none
+    std::u16string Names;   // the beginning of that line's cells
+
+    // The names are in a line from which the module can't take them.
+    bool NamesAreLost() const { return NamesLine != 0 && !(Format.Header && Format.FirstLine == NamesLine); }
+};
+
 // What people do not expect of the way a file was read.
 struct Warning {
     std::string Kind;         // for scripts, the same in every language
@@ -40,6 +178,10 @@ struct Explanation {
 Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
                     const AnalysisRecord& record);
 
+// The rows of most value that are alike, whatever the separator. Nothing if no rows hold values, or a
+// sidecar settles the format.
+std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path);
+
 // The warnings of an explanation whose other members are set, the most telling first.
 std::vector<Warning> FindWarnings(const Explanation& explanation);
 
@@ -51,4 +193,25 @@ std::string RunnerUp(const AnalysisRecord& record);
 
 // How far the columns were analysed and what ended it.
 std::string RowsRead(const AnalysisRecord& record);
+
+// Why a column has its data type: the cells that ruled the other types out.
+struct ColumnReason {
+    int Type = CsvTypeUndefined;  // that the analysis settled
+    std::size_t Cells = 0;        // of the column
+    CellGroup Empty;
+    // Per type from boolean, at its number less one: the cell that ruled it out; none while it lasts.
+    std::array<CellGroup, CsvTypeCount> Fell;
+    int MostType = CsvTypeUndefined;  // of a text column: what most of its cells are, if that isn't text
+    std::size_t Most = 0;             // cells of MostType
+    CellGroup Others;                 // of a text column: neither empty nor of MostType
+};
+
+// `column` counts from 0.
+ColumnReason ReasonFor(const AnalysisRecord& record, std::size_t column);
+
+// One sentence without the type itself.
+std::string ReasonInWords(const ColumnReason& reason);
+
+// A text of a file in a sentence: quoted, on one line, of 40 characters at most.
+std::string Quoted(const std::u16string& text);
 }  // namespace kelvarin::explain

@@ -1,4 +1,4 @@
-// What a row looks like to a person who searches for the table.
+// What a row looks like to a person who searches for the table. Inside the explanation only.
 #pragma once
 
 #include <vector>
@@ -14,13 +14,14 @@ enum class CellKind {
 };
 
 // A row without its texts.
-class RowShape {
-  public:
+struct RowShape {
     explicit RowShape(const CutLine& row);
 
-    int Line() const { return LineNumber; }
-    std::size_t Cells() const { return CellCount; }
-    bool IsBlank() const { return Filled == 0; }
+    int Line;
+    std::size_t Cells;
+    std::size_t Filled = 0, Numbers = 0, Digits = 0;  // of the cells
+    std::vector<CellKind> Kinds;                      // of the first cells
+
     CellKind Kind(std::size_t column) const {
         return column < Kinds.size() ? Kinds[column] : CellKind::Empty;
     }
@@ -32,30 +33,5 @@ class RowShape {
     // Numbers count one, other digits a half: of two separators the one wins that leaves numbers, where the
     // other leaves pieces that only begin with a digit.
     double Value() const { return static_cast<double>(Numbers) + static_cast<double>(Digits) / 2; }
-
-  private:
-    int LineNumber;
-    std::size_t CellCount;
-    std::size_t Filled = 0;
-    std::size_t Numbers = 0;
-    std::size_t Digits = 0;
-    std::vector<CellKind> Kinds;
-};
-
-// The columns of a table that hold values: numbers or other digits in four of five cells that aren't empty. A
-// column of values may hold an error text here and there, one of names may hold a number.
-class ValueColumns {
-  public:
-    // Learns from the lower half of the rows with this number of cells that look like data.
-    ValueColumns(const std::vector<RowShape>& rows, std::size_t cells);
-
-    bool IsEmpty() const;
-
-    // True for names, units and the like above the values: words in the first column or in most columns,
-    // where the table has values.
-    bool IsUnlike(const RowShape& row) const;
-
-  private:
-    std::vector<bool> HoldsValues;
 };
 }  // namespace kelvarin::explain

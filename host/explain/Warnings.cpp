@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "host/Words.h"
-#include "host/explain/ColumnReason.h"
 #include "host/explain/Explanation.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -13,9 +12,8 @@
 namespace kelvarin::explain {
 namespace {
 // The advised settings, else another remedy.
-Remedy AdvisedOr(const Explanation& explanation, std::string other) {
-    return explanation.IsAdvised() ? Remedy{{}, explanation.ProposedSettings()}
-                                   : Remedy{std::move(other), {}};
+Remedy AdvisedOr(const Explanation& all, std::string other) {
+    return all.IsAdvised() ? Remedy{{}, all.ProposedSettings()} : Remedy{std::move(other), {}};
 }
 
 std::string DeleteLine(int line) {
@@ -24,23 +22,23 @@ std::string DeleteLine(int line) {
 
 // A line with another count late among the first hundred, after which the detection forgets all lines above
 // it.
-std::optional<Warning> LateLine(const Explanation& explanation) {
-    const AnalysisRecord& record = explanation.Record;
-    if (!explanation.Proposal || !explanation.FollowsDetection) return {};
-    const int first = explanation.Proposal->Format.FirstDataLine();
-    const int separator = explanation.Proposal->Format.Separator;
-    if (first >= record.RunStart || (!explanation.IsAdvised() && separator != record.Separator)) return {};
+std::optional<Warning> LateLine(const Explanation& all) {
+    const AnalysisRecord& record = all.Record;
+    if (!all.Proposal || !all.FollowsDetection) return {};
+    const int first = all.Proposal->Format.FirstDataLine();
+    const int separator = all.Proposal->Format.Separator;
+    if (first >= record.RunStart || (!all.IsAdvised() && separator != record.Separator)) return {};
     for (std::size_t i = 1; i < record.Counted.size(); ++i) {
         const SeenLine& line = record.Counted[i];
         const std::int32_t count = line.Run(separator).LastCount;
         if (line.Line <= first || count == record.Counted[i - 1].Run(separator).LastCount) continue;
         return Warning{
             "late-line-moves-the-table",
-            Phrase("The lines from {} on look like the table's, but line {} has another count of "
-                   "the separator {}, {}: {}. One such line among the first hundred moves the "
-                   "table's beginning below, here to line {}.",
+            Phrase("The lines from {} on look like the table's, but line {} has another count of the "
+                   "separator {}, {}: {}. One such line among the first hundred moves the table's beginning "
+                   "below, here to line {}.",
                    first, line.Line, SeparatorName(separator), count, Quoted(line.Text), record.RunStart),
-            AdvisedOr(explanation, DeleteLine(line.Line))};
+            AdvisedOr(all, DeleteLine(line.Line))};
     }
     return {};
 }
@@ -57,8 +55,8 @@ std::int32_t CountHidden(const SeenLine& line, const SeenLine& neighbour, int se
                : 0;
 }
 
-std::optional<Warning> HiddenSeparators(const Explanation& explanation) {
-    const std::vector<SeenLine>& lines = explanation.Record.Counted;
+std::optional<Warning> HiddenSeparators(const Explanation& all) {
+    const std::vector<SeenLine>& lines = all.Record.Counted;
     for (int separator = 0; separator < SeparatorsCounted; ++separator) {
         for (std::size_t i = 0; lines.size() > 1 && i < lines.size(); ++i) {
             const SeenLine& neighbour = lines[i + 1 < lines.size() ? i + 1 : i - 1];
@@ -68,27 +66,26 @@ std::optional<Warning> HiddenSeparators(const Explanation& explanation) {
                            Phrase("In line {} an apostrophe or a quote without its partner keeps {} of the "
                                   "separator {} from being counted: {}.",
                                   lines[i].Line, hidden, SeparatorName(separator), Quoted(lines[i].Text)),
-                           AdvisedOr(explanation, Phrase("Remove it from the file, or double it."))};
+                           AdvisedOr(all, Phrase("Remove it from the file, or double it."))};
         }
     }
     return {};
 }
 
 // The advice takes the same separator and another line.
-std::optional<Warning> WrongLine(const Explanation& explanation) {
-    if (!explanation.IsAdvised() || explanation.Proposal->Format.Separator != explanation.Format.Separator)
-        return {};
-    const AnalysisRecord& record = explanation.Record;
-    const TableFormat& proposed = explanation.Proposal->Format;
-    const int data = explanation.Format.FirstDataLine;
-    const bool lacksHeader = proposed.Header && explanation.Format.HeaderLine == 0;
-    const Remedy remedy{{}, explanation.ProposedSettings()};
+std::optional<Warning> WrongLine(const Explanation& all) {
+    if (!all.IsAdvised() || all.Proposal->Format.Separator != all.Format.Separator) return {};
+    const AnalysisRecord& record = all.Record;
+    const TableFormat& proposed = all.Proposal->Format;
+    const int data = all.Format.FirstDataLine;
+    const bool lacksHeader = proposed.Header && all.Format.HeaderLine == 0;
+    const Remedy remedy{{}, all.ProposedSettings()};
     if (lacksHeader && proposed.FirstLine == data)
-        return Warning{"names-taken-for-data",
-                       Phrase("Line {} seems to hold the columns' names, but is taken for the first row of "
-                              "data: {}.",
-                              data, Quoted(record.TextOf(data))),
-                       remedy};
+        return Warning{
+            "names-taken-for-data",
+            Phrase("Line {} seems to hold the columns' names, but is taken for the first row of data: {}.",
+                   data, Quoted(record.TextOf(data))),
+            remedy};
     if (lacksHeader && proposed.FirstDataLine() == data)
         return Warning{"names-skipped",
                        Phrase("Line {} seems to hold the columns' names, but is skipped, since it has not as "
@@ -96,36 +93,34 @@ std::optional<Warning> WrongLine(const Explanation& explanation) {
                               proposed.FirstLine, Quoted(record.TextOf(proposed.FirstLine))),
                        remedy};
     if (data >= proposed.FirstDataLine()) return {};
-    return Warning{"preamble-taken-for-data",
-                   Phrase("Line {} has enough numbers to count as data, but the table seems to begin in line "
-                          "{}: {}.",
-                          data, proposed.FirstDataLine(), Quoted(record.TextOf(data))),
-                   remedy};
+    return Warning{
+        "preamble-taken-for-data",
+        Phrase("Line {} has enough numbers to count as data, but the table seems to begin in line {}: {}.",
+               data, proposed.FirstDataLine(), Quoted(record.TextOf(data))),
+        remedy};
 }
 
-std::optional<Warning> EmptyLine(const Explanation& explanation) {
-    const AnalysisRecord& record = explanation.Record;
+std::optional<Warning> EmptyLine(const Explanation& all) {
+    const AnalysisRecord& record = all.Record;
     int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
-    if (explanation.Proposal) lastKnown = std::max(lastKnown, explanation.Proposal->LastLine);
+    if (all.Proposal) lastKnown = std::max(lastKnown, all.Proposal->LastLine);
     if (record.End != TableEnd::EmptyLine || lastKnown <= record.EndLine) return {};
-    if (record.DataRows() == 0)
-        return Warning{"empty-line-ends-the-table",
-                       Phrase("Line {} is empty and ends the analysis before the first row of data, so no "
-                              "column gets a type.",
-                              record.EndLine),
-                       AdvisedOr(explanation, DeleteLine(record.EndLine))};
+    const bool hasRows = record.DataRows() != 0;
     return Warning{"empty-line-ends-the-table",
-                   Phrase("Line {} is empty and ends the analysis: the types are settled by the {} rows "
-                          "above it alone. The import itself goes on after it.",
-                          record.EndLine, record.DataRows()),
-                   AdvisedOr(explanation, {})};
+                   hasRows ? Phrase("Line {} is empty and ends the analysis: the types are settled by the {} "
+                                    "rows above it alone. The import itself goes on after it.",
+                                    record.EndLine, record.DataRows())
+                           : Phrase("Line {} is empty and ends the analysis before the first row of data, so "
+                                    "no column gets a type.",
+                                    record.EndLine),
+                   AdvisedOr(all, hasRows ? std::string() : DeleteLine(record.EndLine))};
 }
 
-std::optional<Warning> LostNames(const Explanation& explanation) {
-    if (!explanation.Proposal || !explanation.Proposal->NamesAreLost()) return {};
-    const TableProposal& table = *explanation.Proposal;
+std::optional<Warning> LostNames(const Explanation& all) {
+    if (!all.Proposal || !all.Proposal->NamesAreLost()) return {};
+    const TableProposal& table = *all.Proposal;
     const int data = table.Format.FirstDataLine();
-    if (!explanation.IsAdvised() && data != explanation.Format.FirstDataLine) return {};
+    if (!all.IsAdvised() && data != all.Format.FirstDataLine) return {};
     const bool isOne = table.NamesLine + 1 == data - 1;
     return Warning{
         "names-not-above-the-data",
@@ -138,48 +133,45 @@ std::optional<Warning> LostNames(const Explanation& explanation) {
 }
 
 // Cells beyond the first line's are dropped.
-std::optional<Warning> WideRows(const Explanation& explanation) {
-    const AnalysisRecord& record = explanation.Record;
+std::optional<Warning> WideRows(const Explanation& all) {
+    const AnalysisRecord& record = all.Record;
     if (record.Rows.empty()) return {};
     const std::size_t columns = record.Rows.front().CellCount;
     std::size_t rows = 0;
     std::string where;  // of the first
     for (const SeenRow& row : record.Rows) {
-        const auto surplus =
-            row.Cells.begin() + static_cast<std::ptrdiff_t>(std::min(columns, row.Cells.size()));
-        const auto lost =
-            std::find_if(surplus, row.Cells.end(), [](const SeenCell& cell) { return !cell.Text.empty(); });
-        if (lost != row.Cells.end() && rows++ == 0)
-            where = Phrase("{} in line {}", Quoted(lost->Text), row.Line);
+        std::size_t lost = columns;
+        while (lost < row.Cells.size() && row.Cells[lost].Text.empty()) ++lost;
+        if (lost < row.Cells.size() && rows++ == 0)
+            where = Phrase("{} in line {}", Quoted(row.Cells[lost].Text), row.Line);
     }
     if (rows == 0) return {};
     return Warning{
         "more-cells-than-columns",
-        rows == 1 ? Phrase("A row has more than the {} cells of the table's first line; the surplus is not "
-                           "imported: {}.",
+        rows == 1 ? Phrase("A row has more than the {} cells of the table's first line; the "
+                           "surplus is not imported: {}.",
                            columns, where)
-                  : Phrase("{} rows have more than the {} cells of the table's first line; the surplus is "
-                           "not imported, first {}.",
+                  : Phrase("{} rows have more than the {} cells of the table's first line; the "
+                           "surplus is not imported, first {}.",
                            rows, columns, where),
-        AdvisedOr(explanation,
-                  Phrase("Give line {} as many separators as the longest row.", record.FirstLine))};
+        AdvisedOr(all, Phrase("Give line {} as many separators as the longest row.", record.FirstLine))};
 }
 
-std::size_t ColumnsKept(const Explanation& explanation) {
-    return std::min(explanation.Columns.size(), AnalysisRecord::MostColumns);
+std::size_t ColumnsKept(const Explanation& all) {
+    return std::min(all.Columns.size(), AnalysisRecord::MostColumns);
 }
 
 // One warning for all columns that `describe` returns a text for: the text of the first, then the others'
 // numbers.
 template <class Describe>
-std::optional<Warning> OfColumns(const Explanation& explanation, const char* kind, std::string remedy,
+std::optional<Warning> OfColumns(const Explanation& all, const char* kind, std::string remedy,
                                  Describe&& describe) {
     constexpr std::size_t MostNamed = 8;
     std::string text, others;
     std::size_t named = 0;
-    for (std::size_t column = 0; column < ColumnsKept(explanation); ++column) {
-        if (explanation.Columns[column].IsTimestamp) continue;
-        const std::string one = describe(column, ReasonFor(explanation.Record, column));
+    for (std::size_t column = 0; column < ColumnsKept(all); ++column) {
+        if (all.Columns[column].IsTimestamp) continue;
+        const std::string one = describe(column, ReasonFor(all.Record, column));
         if (one.empty()) continue;
         if (text.empty()) {
             text = one;
@@ -194,8 +186,8 @@ std::optional<Warning> OfColumns(const Explanation& explanation, const char* kin
 }
 
 // "column 3 "Strom"".
-std::string ColumnName(const Explanation& explanation, std::size_t column) {
-    return Phrase("column {} {}", column + 1, Quoted(explanation.Columns[column].Name));
+std::string ColumnName(const Explanation& all, std::size_t column) {
+    return Phrase("column {} {}", column + 1, Quoted(all.Columns[column].Name));
 }
 
 bool IsAllDigits(std::u16string_view text) {
@@ -214,20 +206,20 @@ bool HasHexLetter(const SeenCell& cell) {
     return cell.Text.find_first_of(u"abcdfxABCDFX$#") != cell.Text.npos;
 }
 
-std::optional<Warning> Exponents(const Explanation& explanation) {
-    return OfColumns(
-        explanation, "exponent-read-as-hexadecimal",
-        Phrase("Write 1.0e5 in one of the first rows, or choose the type float on the signal page of the "
-               "settings dialog."),
-        [&](std::size_t column, const ColumnReason& reason) -> std::string {
-            const CellGroup exponents = CellsWhere(explanation.Record, column, IsPlainExponent);
-            const bool isHex = CellsWhere(explanation.Record, column, HasHexLetter).Count != 0;
-            if (reason.Type != CsvTypeHex || exponents.Count == 0 || isHex) return {};
-            return Phrase(
-                "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal "
-                "mark is one as well.",
-                ColumnName(explanation, column), Quoted(exponents.FirstText), exponents.FirstLine);
-        });
+std::optional<Warning> Exponents(const Explanation& all) {
+    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+        const CellGroup exponents = all.Record.CellsWhere(column, IsPlainExponent);
+        const bool isHex = all.Record.CellsWhere(column, HasHexLetter).Count != 0;
+        if (reason.Type != CsvTypeHex || exponents.Count == 0 || isHex) return {};
+        return Phrase(
+            "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal mark "
+            "is one as well.",
+            ColumnName(all, column), Quoted(exponents.FirstText), exponents.FirstLine);
+    };
+    return OfColumns(all, "exponent-read-as-hexadecimal",
+                     Phrase("Write 1.0e5 in one of the first rows, or choose the type float on the signal "
+                            "page of the settings dialog."),
+                     describe);
 }
 
 // "1,234" or "12.345" with this mark: as well a number of thousands.
@@ -239,71 +231,67 @@ bool MayBeThousands(std::u16string_view text, char16_t mark) {
            IsAllDigits(text.substr(place + 1));
 }
 
-CellGroup CellsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
-    return CellsWhere(record, column,
-                      [mark](const SeenCell& cell) { return cell.Text.find(mark) != cell.Text.npos; });
-}
-
 // The cells with this mark that can't be thousands.
 CellGroup DecimalsWithMark(const AnalysisRecord& record, std::size_t column, char16_t mark) {
-    return CellsWhere(record, column, [mark](const SeenCell& cell) {
+    return record.CellsWhere(column, [mark](const SeenCell& cell) {
         return cell.Text.find(mark) != cell.Text.npos && !MayBeThousands(cell.Text, mark);
     });
 }
 
 // A mark whose every use in the column fits thousands. Points are decimal as a rule; they are doubtful only
 // where other columns write decimal commas.
-std::optional<Warning> Thousands(const Explanation& explanation) {
-    const AnalysisRecord& record = explanation.Record;
+std::optional<Warning> Thousands(const Explanation& all) {
+    const AnalysisRecord& record = all.Record;
     std::u16string marks = u",";
-    for (std::size_t column = 0; column < ColumnsKept(explanation) && marks.size() == 1; ++column) {
+    for (std::size_t column = 0; column < ColumnsKept(all) && marks.size() == 1; ++column) {
         const bool isFloat = record.TypeOf(column) == CsvTypeFloat;
         if (isFloat && DecimalsWithMark(record, column, u',').Count != 0) marks += u'.';
     }
-    return OfColumns(
-        explanation, "thousands-read-as-decimals",
-        Phrase("If thousands are meant, remove the marks from the file; a lone mark is always a decimal mark "
-               "in a column of floats."),
-        [&](std::size_t column, const ColumnReason& reason) -> std::string {
-            for (const char16_t mark : marks) {
-                const CellGroup marked = CellsWithMark(record, column, mark);
-                if (reason.Type != CsvTypeFloat || marked.Count == 0) continue;
-                if (DecimalsWithMark(record, column, mark).Count != 0) continue;
-                const std::u16string read = ReplaceAll(marked.FirstText, u",", u".");
-                return Phrase("In {}, {} in line {} is read as {}, not as thousands.",
-                              ColumnName(explanation, column), Quoted(marked.FirstText), marked.FirstLine,
-                              Utf16ToUtf8(read));
-            }
-            return {};
-        });
+    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+        for (const char16_t mark : marks) {
+            const auto hasMark = [mark](const SeenCell& cell) {
+                return cell.Text.find(mark) != cell.Text.npos;
+            };
+            const CellGroup marked = record.CellsWhere(column, hasMark);
+            if (reason.Type != CsvTypeFloat || marked.Count == 0) continue;
+            if (DecimalsWithMark(record, column, mark).Count != 0) continue;
+            return Phrase("In {}, {} in line {} is read as {}, not as thousands.", ColumnName(all, column),
+                          Quoted(marked.FirstText), marked.FirstLine,
+                          Utf16ToUtf8(ReplaceAll(marked.FirstText, u",", u".")));
+        }
+        return {};
+    };
+    return OfColumns(all, "thousands-read-as-decimals",
+                     Phrase("If thousands are meant, remove the marks from the file; a lone mark is always a "
+                            "decimal mark in a column of floats."),
+                     describe);
 }
 
-std::optional<Warning> EmptyBeginnings(const Explanation& explanation) {
-    const AnalysisRecord& record = explanation.Record;
+std::optional<Warning> EmptyBeginnings(const Explanation& all) {
+    const AnalysisRecord& record = all.Record;
     if (record.DataRows() == 0) return {};
     const int firstDataLine = record.Rows[record.Rows.size() - record.DataRows()].Line;
-    return OfColumns(
-        explanation, "text-because-of-empty-cells",
-        Phrase("Choose its type on the signal page of the settings dialog; its empty cells then become "
-               "samples without value."),
-        [&](std::size_t column, const ColumnReason& reason) -> std::string {
-            const bool isOnlyEmpty = reason.Type == CsvTypeString && reason.Others.Count == 0 &&
-                                     reason.MostType != CsvTypeUndefined;
-            if (!isOnlyEmpty || reason.Empty.FirstLine != firstDataLine) return {};
-            const CellGroup filled =
-                CellsWhere(record, column, [](const SeenCell& cell) { return !cell.Text.empty(); });
-            return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
-                          ColumnName(explanation, column), filled.FirstLine,
-                          DataTypeInWords(reason.MostType));
-        });
+    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+        const bool isOnlyEmpty =
+            reason.Type == CsvTypeString && reason.Others.Count == 0 && reason.MostType != CsvTypeUndefined;
+        if (!isOnlyEmpty || reason.Empty.FirstLine != firstDataLine) return {};
+        const CellGroup filled =
+            record.CellsWhere(column, [](const SeenCell& cell) { return !cell.Text.empty(); });
+        return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
+                      ColumnName(all, column), filled.FirstLine, DataTypeInWords(reason.MostType));
+    };
+    return OfColumns(all, "text-because-of-empty-cells",
+                     Phrase("Choose its type on the signal page of the settings dialog; its empty cells then "
+                            "become samples without value."),
+                     describe);
 }
 }  // namespace
 
-std::vector<Warning> FindWarnings(const Explanation& explanation) {
+std::vector<Warning> FindWarnings(const Explanation& all) {
     std::vector<Warning> found;
     for (const auto check : {LateLine, HiddenSeparators, WrongLine, EmptyLine, LostNames, WideRows, Exponents,
                              Thousands, EmptyBeginnings}) {
-        if (std::optional<Warning> warning = check(explanation)) found.push_back(std::move(*warning));
+        if (std::optional<Warning> warning = check(all)) found.push_back(std::move(*warning));
     }
     return found;
 }

@@ -1,18 +1,13 @@
 // Dates with or without a time, in one column or two, and times of day.
 #include <algorithm>
 
-#include "host/guess/TimeCandidate.h"
+#include "host/guess/GuessParts.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 namespace {
-// The order that a mark between the numbers has in most countries that use it.
-DateOrder UsualOrder(const std::u16string& format) {
-    return format.find(u'/') != std::u16string::npos ? DateOrder::MonthFirst : DateOrder::DayFirst;
-}
-
 // Why the first candidate is better than the second, or Missing if it isn't.
 OrderProof ProofOver(const TimeCandidate& one, const TimeCandidate& other) {
     // Read the wrong way around, ten days of a month become ten months: steps of a day become steps of
@@ -42,20 +37,6 @@ std::vector<FormatShape> WithFractions(const std::vector<FormatShape>& shapes, c
     return all;
 }
 
-// The shapes of the examples, without those that a format can't hold.
-std::vector<FormatShape> UsableShapes(const TableTrial& trial, const TextList& texts) {
-    std::vector<FormatShape> shapes;
-    for (const std::u16string& text : trial.Examples(texts)) {
-        for (FormatShape& shape : ShapesOf(text, trial.Letters())) {
-            const bool known = std::any_of(shapes.begin(), shapes.end(), [&](const FormatShape& other) {
-                return other.Format == shape.Format;
-            });
-            if (!known && shape.Blocked == u'\0' && !shape.IsTwelveHours) shapes.push_back(std::move(shape));
-        }
-    }
-    return shapes;
-}
-
 // How long each of the two times of a text lasts, if that is always the same.
 std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCandidate& candidate,
                                           TextList texts) {
@@ -72,7 +53,7 @@ std::optional<std::int64_t> RangeLengthOf(const TableTrial& trial, const TimeCan
     return length;
 }
 
-// The texts of one column and the ways to read them.
+// The texts of one column and the shapes of its examples, without those that a format can't hold.
 struct ColumnTexts {
     TextList Texts;
     std::vector<FormatShape> Dates, Times;
@@ -80,8 +61,16 @@ struct ColumnTexts {
 
 ColumnTexts LookAt(const TableTrial& trial, std::size_t column) {
     ColumnTexts result{trial.Texts(column), {}, {}};
-    for (FormatShape& shape : UsableShapes(trial, result.Texts))
-        (shape.Order == DateOrder::NoDate ? result.Times : result.Dates).push_back(std::move(shape));
+    for (const std::u16string& text : trial.Examples(result.Texts)) {
+        for (FormatShape& shape : ShapesOf(text, trial.Letters())) {
+            auto& shapes = shape.Order == DateOrder::NoDate ? result.Times : result.Dates;
+            const bool isKnown = std::any_of(shapes.begin(), shapes.end(), [&](const FormatShape& other) {
+                return other.Format == shape.Format;
+            });
+            if (!isKnown && shape.Blocked == u'\0' && !shape.IsTwelveHours)
+                shapes.push_back(std::move(shape));
+        }
+    }
     return result;
 }
 
@@ -124,13 +113,12 @@ std::optional<TimeCandidate> Pair(const TableTrial& trial, const std::vector<Col
     std::vector<FormatShape> shapes;
     for (const FormatShape& day : columns[date].Dates) {
         for (const FormatShape& clock : columns[time].Times) {
-            shapes.push_back(day);
-            shapes.back().Format =
-                date < time ? day.Format + joint + clock.Format : clock.Format + joint + day.Format;
-            shapes.back().HasTime = true;
-            shapes.back().IsDigitsOnly = day.IsDigitsOnly || clock.IsDigitsOnly;
-            shapes.back().Zone = clock.Zone;
-            shapes.back().ZoneShiftsFraction = clock.ZoneShiftsFraction;
+            FormatShape& both = shapes.emplace_back(day);
+            both.Format = date < time ? day.Format + joint + clock.Format : clock.Format + joint + day.Format;
+            both.HasTime = true;
+            both.IsDigitsOnly |= clock.IsDigitsOnly;
+            both.Zone = clock.Zone;
+            both.ZoneShiftsFraction = clock.ZoneShiftsFraction;
         }
     }
     const TextList texts = trial.Texts(date, time);
@@ -166,20 +154,16 @@ std::optional<TimeCandidate> BestOrder(const TableTrial& trial, const std::vecto
         candidate.Shape = shape;
         candidate.Hint = hint;
         candidate.Reading = trial.Read(shape.Format, texts, hasDate);
-        if (!best) {
-            best = std::move(candidate);
-            continue;
-        }
-        if (shape.Order == best->Shape.Order) {
-            if (candidate.Reading.Read > best->Reading.Read) {
-                best->Shape = shape;
-                best->Reading = std::move(candidate.Reading);
-            }
+        if (!best || shape.Order == best->Shape.Order) {
+            if (best) candidate.Proof = best->Proof;
+            if (!best || candidate.Reading.Read > best->Reading.Read) best = std::move(candidate);
             continue;
         }
         const OrderProof forOther = ProofOver(candidate, *best);
         const OrderProof forBest = ProofOver(*best, candidate);
-        const bool isUsual = shape.Order == UsualOrder(shape.Format);
+        // The order that a mark between the numbers has in most countries that use it.
+        const bool hasSlash = shape.Format.find(u'/') != std::u16string::npos;
+        const bool isUsual = shape.Order == (hasSlash ? DateOrder::MonthFirst : DateOrder::DayFirst);
         if (forOther != OrderProof::Missing || (forBest == OrderProof::Missing && isUsual)) {
             best = std::move(candidate);
             best->Proof = forOther;

@@ -6,11 +6,10 @@
 //   zone = "Z", or a sign and two or four digits with or without a colon
 //
 // Only the look and the ranges of the numbers are judged here: whether a format holds is tried on many rows.
-#include "host/guess/FormatShape.h"
+#include "host/guess/GuessParts.h"
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 #include "platform/framework/Text.h"
 
@@ -49,10 +48,14 @@ class ShapeReader {
     bool ReadDateInPlace() {
         const std::size_t formatLength = Shape.Format.size();
         if (Order == DateOrder::NoDate || (HasDate && !Shape.HasTime)) return false;
-        const bool isSecond = HasDate;
         if (!Shape.RangeMark.empty() || !ReadDate()) return false;
+        if (HasDate) {
+            // What was read before is the first of two times.
+            Shape.RangeMark = LiteralsAfterTime;
+            Shape.FormatUpToMark = Shape.Format.substr(0, formatLength - LiteralsAfterTime.size());
+            Shape.HasTime = false;
+        }
         HasDate = true;
-        if (isSecond) EndFirstTime(formatLength);
         return true;
     }
 
@@ -67,26 +70,16 @@ class ShapeReader {
         while (end < Text.size() && IsDigit(Text[end])) ++end;
         return end - at;
     }
-    int NumberAt(std::size_t at, std::size_t digits) const {
-        int number = 0;
-        for (std::size_t i = 0; i < digits; ++i) number = 10 * number + (Text[at + i] - u'0');
-        return number;
-    }
     bool IsAt(std::size_t at, char16_t c) const { return at < Text.size() && Text[at] == c; }
 
-    static bool IsInRange(Letter letter, int number, std::size_t digits) {
-        switch (letter) {
-            case Year:
-                return digits == 2 || (digits == 4 && number >= 1970 && number <= 2115);
-            case Month:
-                return digits <= 2 && number >= 1 && number <= 12;
-            case Day:
-                return digits <= 2 && number >= 1 && number <= 31;
-            case Hours:
-                return number <= 24;
-            default:
-                return number < 60;
-        }
+    // Whether the digits at a place may be the number of this field.
+    bool IsInRange(Letter letter, std::size_t at, std::size_t digits) const {
+        int number = 0;
+        for (std::size_t i = 0; i < digits; ++i) number = 10 * number + (Text[at + i] - u'0');
+        if (letter == Year) return digits == 2 || (digits == 4 && number >= 1970 && number <= 2115);
+        if (letter == Hours) return number <= 24;
+        if (letter == Minutes || letter == Seconds) return number < 60;
+        return digits <= 2 && number >= 1 && number <= (letter == Month ? 12 : 31);
     }
 
     // A field of so many letters; the place moves on.
@@ -104,8 +97,7 @@ class ShapeReader {
         }
         const bool isField = Letters.find(c) != std::u16string::npos || c == u'[';
         if (Shape.HasTime && (c == u'M' || c == u'm') && At >= 2) {
-            const char16_t before = Text[At - 2];
-            Shape.IsTwelveHours |= before == u'A' || before == u'P' || before == u'a' || before == u'p';
+            Shape.IsTwelveHours |= std::u16string_view(u"APap").find(Text[At - 2]) != std::u16string::npos;
         }
         if (isField) Shape.Blocked = c;
         Shape.Format += isField ? u' ' : c;
@@ -115,28 +107,21 @@ class ShapeReader {
     bool ReadDate() {
         const std::size_t digits = DigitsAt(At);
         if (digits == 6 || digits == 8 || digits == 12 || digits == 14) return ReadCompactDate(digits);
-        const std::array<Letter, 3> letters = LettersOf(Order);
-        std::size_t at = At;
-        std::size_t lengths[3] = {};
+        const std::size_t begin = At;
         char16_t mark = u'\0';
-        for (std::size_t i = 0; i < 3; ++i) {
-            lengths[i] = DigitsAt(at);
-            if (lengths[i] == 0 || lengths[i] > 4 ||
-                !IsInRange(letters[i], NumberAt(at, lengths[i]), lengths[i]))
-                return false;
-            at += lengths[i];
-            if (i == 2) break;
-            const char16_t c = at < Text.size() ? Text[at++] : u'\0';
-            if ((c != u'.' && c != u'/' && c != u'-') || (i == 1 && c != mark)) return false;
-            mark = c;
+        for (const Letter letter : LettersOf(Order)) {
+            if (At != begin) {
+                const char16_t c = At < Text.size() ? Text[At++] : u'\0';
+                if ((c != u'.' && c != u'/' && c != u'-') || (mark != u'\0' && c != mark)) return false;
+                mark = c;
+                Shape.Format += c;
+            }
+            const std::size_t length = DigitsAt(At);
+            if (length == 0 || length > 4 || !IsInRange(letter, At, length)) return false;
+            AddField(letter, letter == Year ? 4 : 2, length);
         }
         // Nobody writes the month first with points.
-        if (mark == u'.' && Order == DateOrder::MonthFirst) return false;
-        for (std::size_t i = 0; i < 3; ++i) {
-            if (i != 0) Shape.Format += Text[At++];
-            AddField(letters[i], letters[i] == Year ? 4 : 2, lengths[i]);
-        }
-        return true;
+        return mark != u'.' || Order != DateOrder::MonthFirst;
     }
 
     // Without marks each number has its full length.
@@ -144,13 +129,14 @@ class ShapeReader {
         if (Order == DateOrder::MonthFirst) return false;
         for (const Letter letter : LettersOf(Order)) {
             const std::size_t length = letter == Year && digits != 6 ? 4 : 2;
-            if (!IsInRange(letter, NumberAt(At, length), length)) return false;
+            if (!IsInRange(letter, At, length)) return false;
             AddField(letter, length, length);
         }
         Shape.IsDigitsOnly = digits == 6 && Text.size() == 6;
         if (digits < 12) return true;
-        Shape.HasTime = ReadCompactTime(digits - 8);
-        return Shape.HasTime;
+        if (!ReadCompactTime(digits - 8)) return false;
+        Shape.HasTime = true;
+        return true;
     }
 
     bool ReadTime() {
@@ -166,9 +152,9 @@ class ShapeReader {
     bool ReadCompactTime(std::size_t digits) {
         for (std::size_t i = 0; i < digits; i += 2) {
             const auto letter = static_cast<Letter>(Hours + i / 2);
-            if (!IsInRange(letter, NumberAt(At + i, 2), 2)) return false;
+            if (!IsInRange(letter, At, 2)) return false;
+            AddField(letter, 2, 2);
         }
-        for (std::size_t i = 0; i < digits; i += 2) AddField(static_cast<Letter>(Hours + i / 2), 2, 2);
         return true;
     }
 
@@ -178,10 +164,10 @@ class ShapeReader {
         if (mark == u'.' && !hasSeconds) return false;
         const bool hasFraction =
             mark == u':' && (IsAt(second + 2, u'.') || IsAt(second + 2, u',')) && DigitsAt(second + 3) != 0;
-        if (!IsInRange(Minutes, NumberAt(second, 2), 2)) return false;
+        if (!IsInRange(Minutes, second, 2)) return false;
         if (!hasSeconds && hasFraction) {
             AddField(Minutes, 2, digits);
-        } else if (digits > 2 || !IsInRange(Hours, NumberAt(At, digits), digits)) {
+        } else if (digits > 2 || !IsInRange(Hours, At, digits)) {
             if (digits > 8 || mark == u'.') return false;
             Shape.Format += u"[h]";
             At += digits;
@@ -191,7 +177,7 @@ class ShapeReader {
         Shape.Format += Text[At++];
         AddField(!hasSeconds && hasFraction ? Seconds : Minutes, 2, 2);
         if (hasSeconds) {
-            if (!IsInRange(Seconds, NumberAt(At + 1, 2), 2)) return false;
+            if (!IsInRange(Seconds, At + 1, 2)) return false;
             Shape.Format += Text[At++];
             AddField(Seconds, 2, 2);
         }
@@ -230,13 +216,6 @@ class ShapeReader {
         Shape.ZoneShiftsFraction = !isZero && HasFraction;
         At += length;
         return true;
-    }
-
-    // A second date begins after a format of this length: what was read is the first of two times.
-    void EndFirstTime(std::size_t formatLength) {
-        Shape.RangeMark = LiteralsAfterTime;
-        Shape.FormatUpToMark = Shape.Format.substr(0, formatLength - LiteralsAfterTime.size());
-        Shape.HasTime = false;
     }
 
     const std::u16string_view Text;

@@ -9,7 +9,6 @@ namespace kelvarin::guess {
 namespace {
 // So many rows tell whether a format is worth trying on all, at a hundredth of the cost.
 constexpr std::size_t FirstRows = 32;
-constexpr std::size_t MostColumns = 256;  // what a sampled row holds
 
 std::ptrdiff_t FirstRowsOf(const TextList& texts) {
     return static_cast<std::ptrdiff_t>(std::min(texts.size(), FirstRows));
@@ -25,15 +24,16 @@ bool IsRollOver(std::int64_t before, std::int64_t time) {
 
 TimeReading::TimeReading(const std::vector<SampledRow>& rows, std::vector<std::int64_t> times)
     : Times(std::move(times)) {
+    constexpr std::size_t MisfitsKept = 3;
     std::vector<std::int64_t> steps;
     std::int64_t latest = 0, earliest = 0;
-    bool isMisfit = false;
     for (std::size_t i = 0; i < Times.size(); ++i) {
         const std::int64_t time = Times[i];
-        const bool wasMisfit = isMisfit;
-        isMisfit = time == -1;
-        if (isMisfit) {
-            AddMisfit(!wasMisfit, rows[i].Line);
+        if (time == -1) {
+            const bool isNewRun = i == 0 || Times[i - 1] != -1;
+            MisfitRuns += isNewRun;
+            if (isNewRun && MisfitRuns <= MisfitsKept) Misfits.push_back({rows[i].Line, rows[i].Line});
+            if (MisfitRuns == Misfits.size()) Misfits.back().LastLine = rows[i].Line;
             continue;
         }
         if (Read++ == 0) {
@@ -54,31 +54,13 @@ TimeReading::TimeReading(const std::vector<SampledRow>& rows, std::vector<std::i
         Last = time;
     }
     if (steps.empty()) return;
-    LargestStep = *std::max_element(steps.begin(), steps.end());
-    const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
-    std::nth_element(steps.begin(), middle, steps.end());
-    MedianStep = *middle;
-}
-
-void TimeReading::AddMisfit(bool isNewRun, std::uint64_t line) {
-    constexpr std::size_t MisfitsKept = 3;
-    if (isNewRun) {
-        if (++MisfitRuns <= MisfitsKept) Misfits.push_back({line, line});
-    } else if (MisfitRuns == Misfits.size()) {
-        Misfits.back().LastLine = line;
-    }
+    std::sort(steps.begin(), steps.end());
+    LargestStep = steps.back();
+    MedianStep = steps[steps.size() / 2];
 }
 
 double TimeReading::RisingPart() const {
     return Times.empty() ? 0 : static_cast<double>(Rising) / static_cast<double>(Times.size());
-}
-
-std::size_t TableTrial::Columns() const {
-    return std::min(Table.Names.size(), MostColumns);
-}
-
-TextList TableTrial::Texts(std::size_t column) const {
-    return Texts(column, column);
 }
 
 TextList TableTrial::Texts(std::size_t one, std::size_t other) const {
@@ -86,12 +68,10 @@ TextList TableTrial::Texts(std::size_t one, std::size_t other) const {
     TextList texts;
     texts.reserve(Table.Rows.size());
     for (const SampledRow& row : Table.Rows) {
-        if (right >= row.Cells.size()) {
-            texts.emplace_back();
-        } else {
-            texts.push_back(left == right ? row.Cells[left]
-                                          : row.Cells[left] + Table.Separator + row.Cells[right]);
-        }
+        std::u16string& text = texts.emplace_back();
+        if (right >= row.Cells.size()) continue;
+        text = row.Cells[left];
+        if (left != right) text += Table.Separator + row.Cells[right];
     }
     return texts;
 }

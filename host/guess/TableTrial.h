@@ -1,6 +1,7 @@
 // Tries formats on the rows of a sampled table.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -43,9 +44,6 @@ struct TimeReading {
 
     // True if most rows come before all above them.
     bool IsDescending() const { return Falling > Rising && Falling * 2 > Read; }
-
-  private:
-    void AddMisfit(bool isNewRun, std::uint64_t line);
 };
 
 class TableTrial {
@@ -54,13 +52,13 @@ class TableTrial {
     TableTrial(ITimeReader& reader, const TableSample& table) : Reader(reader), Table(table) {}
 
     const TableSample& Sample() const { return Table; }
-    std::size_t Columns() const;
+    std::size_t Columns() const { return std::min<std::size_t>(Table.Names.size(), CellsSampled); }
 
     // The six letters of a format: year, month, day, hours, minutes, seconds.
     const std::u16string& Letters() const { return FormatLetters; }
 
     // The cells of a column, from 0; an empty text for a row without.
-    TextList Texts(std::size_t column) const;
+    TextList Texts(std::size_t column) const { return Texts(column, column); }
 
     // Of two columns, as the import joins their cells, the left one first; of one column if both are the
     // same.
@@ -78,6 +76,8 @@ class TableTrial {
     }
 
   private:
+    static constexpr std::size_t CellsSampled = 256;  // of a row
+
     ITimeReader& Reader;
     const TableSample& Table;
     const std::u16string FormatLetters = Reader.FormatLetters();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/ModuleLoader.h"
+#include "host/Reading.h"
 #include "host/Remedy.h"
 #include "host/SettingText.h"
 
@@ -35,6 +36,10 @@ struct TimeGuess {
 // Looks at rows from all over the file, under the settings in force; reads some MiB at most. Of settings and
 // profile nothing is changed.
 TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path);
+
+// Says why no row has a time and what the guess proposes, with the settings that do it; without settings if
+// there is no guess. `reading` is how the file at `path` was read.
+Remedy AdviseTimestamp(const ModuleLoader& module, const std::u16string& path, const Reading& reading);
 
 struct GuessOptions {
     bool GuessTime = false;

@@ -78,8 +78,15 @@ std::string SidecarFit::WhyUnfit(const std::u16string& file) const {
     TableSample table;
     std::string reason;
     if (!Sample(file, table, reason)) return reason;
-    if (HasSource) reason = CompareNames(table);
-    return reason.empty() ? TryTimes(table) : reason;
+    if (!HasSource) return TryTimes(table);
+    if (table.Names.size() != Source.Names.size())
+        return Phrase("it has {} columns instead of {}", table.Names.size(), Source.Names.size());
+    for (std::size_t i = 0; i < table.Names.size(); ++i) {
+        if (table.Names[i] == Source.Names[i]) continue;
+        return Phrase("its column {} is '{}' instead of '{}'", i + 1, Utf16ToUtf8(table.Names[i]),
+                      Utf16ToUtf8(Source.Names[i]));
+    }
+    return TryTimes(table);
 }
 
 bool SidecarFit::Sample(const std::u16string& file, TableSample& table, std::string& reason) const {
@@ -91,17 +98,6 @@ std::u16string SidecarFit::ValueOf(const char* element) const {
     const auto found = std::find_if(Check.Fields.begin(), Check.Fields.end(),
                                     [&](const SidecarField& field) { return field.Element == element; });
     return found == Check.Fields.end() ? std::u16string() : found->Value;
-}
-
-std::string SidecarFit::CompareNames(const TableSample& table) const {
-    if (table.Names.size() != Source.Names.size())
-        return Phrase("it has {} columns instead of {}", table.Names.size(), Source.Names.size());
-    for (std::size_t i = 0; i < table.Names.size(); ++i) {
-        if (table.Names[i] == Source.Names[i]) continue;
-        return Phrase("its column {} is '{}' instead of '{}'", i + 1, Utf16ToUtf8(table.Names[i]),
-                      Utf16ToUtf8(Source.Names[i]));
-    }
-    return {};
 }
 
 std::string SidecarFit::TryTimes(const TableSample& table) const {

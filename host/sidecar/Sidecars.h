@@ -40,7 +40,6 @@ class SidecarFit {
   private:
     bool Sample(const std::u16string& file, TableSample& table, std::string& reason) const;
     std::u16string ValueOf(const char* element) const;
-    std::string CompareNames(const TableSample& table) const;
     std::string TryTimes(const TableSample& table) const;
 
     const ModuleLoader& Module;

@@ -1,7 +1,6 @@
 // What an explanation says of whole files, read by the built module: reasons, warnings and what to do.
 #include <gtest/gtest.h>
 
-#include "host/explain/ColumnReason.h"
 #include "host/explain/Explanation.h"
 #include "kit/HostModule.h"
 #include "kit/Workdir.h"

@@ -1,9 +1,8 @@
 // The table that a person would see: how rows look, and which rows are proposed.
 #include <gtest/gtest.h>
 
-#include "host/explain/AnalysisRecord.h"
+#include "host/explain/Explanation.h"
 #include "host/explain/RowShape.h"
-#include "host/explain/TableProposal.h"
 #include "host/sidecar/Sidecars.h"
 #include "kit/HostModule.h"
 #include "kit/Workdir.h"

@@ -1,7 +1,7 @@
 // What the texts above a column say about times in it.
 #include <gtest/gtest.h>
 
-#include "host/guess/TimeCandidate.h"
+#include "host/guess/GuessParts.h"
 #include "platform/framework/Text.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // What the look of a text says about the format that reads it.
 #include <gtest/gtest.h>
 
-#include "host/guess/FormatShape.h"
+#include "host/guess/GuessParts.h"
 #include "platform/framework/Text.h"
 
 namespace {

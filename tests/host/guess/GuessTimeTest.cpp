@@ -1,7 +1,6 @@
 // The guess of the times of whole tables, read by the built module.
 #include <gtest/gtest.h>
 
-#include "host/guess/TimeAdvice.h"
 #include "host/guess/TimeGuess.h"
 #include "kit/HostModule.h"
 #include "kit/Workdir.h"

@@ -1,10 +1,13 @@
 // All candidates are read on the same rows. The one that an import would take most rows of wins; a date is
 // worth more than a time without, and a named unit more than none.
 #include <algorithm>
-#include <optional>
+#include <set>
 
 #include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
+#include "host/sidecar/Sidecars.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
@@ -72,17 +75,6 @@ double ScoreOf(const TimeCandidate& candidate) {
     return part < LeastRisingPart ? 0 : part * WeightOf(candidate);
 }
 
-// The time of a date's neighbour column belongs to that date.
-void DropTimesOfPairs(std::vector<TimeCandidate>& candidates) {
-    const std::vector<TimeCandidate> all = candidates;
-    std::erase_if(candidates, [&](const TimeCandidate& time) {
-        return time.Kind == TimeKind::TimeOfDay &&
-               std::any_of(all.begin(), all.end(), [&](const TimeCandidate& pair) {
-                   return pair.HasDate() && pair.TimeColumn == time.TimeColumn;
-               });
-    });
-}
-
 // The best one, the leftmost of those that are as good; it is taken out of the list.
 std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, double leastScore) {
     auto best = candidates.end();
@@ -99,7 +91,12 @@ std::optional<TimeCandidate> TakeBest(std::vector<TimeCandidate>& candidates, do
 
 std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
     std::vector<TimeCandidate> candidates = FindDateCandidates(trial);
-    DropTimesOfPairs(candidates);
+    // The time of a date's neighbour column belongs to that date.
+    std::set<int> taken;
+    for (const TimeCandidate& date : candidates) taken.insert(date.HasDate() ? date.TimeColumn : 0);
+    std::erase_if(candidates, [&](const TimeCandidate& time) {
+        return time.Kind == TimeKind::TimeOfDay && taken.contains(time.TimeColumn);
+    });
     for (TimeCandidate& candidate : FindNumberCandidates(trial)) candidates.push_back(std::move(candidate));
     std::stable_sort(candidates.begin(), candidates.end(),
                      [](const auto& one, const auto& other) { return one.TimeColumn < other.TimeColumn; });
@@ -151,5 +148,43 @@ TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
         guess.OtherSettings = SettingsFor(*other, path);
     }
     return guess;
+}
+
+GuessLayer::GuessLayer(const ModuleLoader& module, const std::u16string& path, const GuessOptions& options,
+                       const std::vector<ParsedSetting>& chosen) {
+    if (!options.GuessTime) return;
+    Made = GuessTime(module, path);
+    if (!Made->Failure.empty()) return;
+    const std::u16string sidecar = path + u".info";
+    if (sidecar::CheckSidecar(module, sidecar).Errors == 0) {
+        Made->Objections.push_back(
+            Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
+    }
+    for (const auto& guessed : Made->Settings) {
+        const bool isChosen = std::any_of(chosen.begin(), chosen.end(), [&](const ParsedSetting& setting) {
+            return Utf16ToUtf8(setting.Key) == guessed.first;
+        });
+        if (isChosen) {
+            Made->Objections.push_back(Phrase("{} stays as it was set", guessed.first));
+        } else {
+            Layer.Set(guessed.first, guessed.second);
+        }
+    }
+    if (!options.Save) return;
+    Made->SaveFailure = sidecar::SaveSidecar(module, path);
+    if (Made->SaveFailure.empty()) Made->Saved = Utf16ToUtf8(sidecar);
+}
+
+Remedy AdviseTimestamp(const ModuleLoader& module, const std::u16string& path, const Reading& reading) {
+    const std::string why =
+        reading.TimestampFormat.empty()
+            ? Phrase("no row has a timestamp, since no timestamp format is set")
+            : Phrase("no row fits the timestamp format '{}'", Utf16ToUtf8(reading.TimestampFormat));
+    const TimeGuess guess = GuessTime(module, path);
+    if (!guess.Failure.empty()) return {why, {}};
+    const std::string what = guess.IsFixedInterval
+                                 ? Phrase(" and no format fits; {}", guess.Basis)
+                                 : Phrase("; {} ({})", guess.Basis, CertaintyInWords(guess.Sureness));
+    return {why + what, guess.Settings};
 }
 }  // namespace kelvarin::guess

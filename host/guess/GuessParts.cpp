@@ -1,12 +1,62 @@
-// What was found, how sure it is and what speaks against it, in words.
-#include <algorithm>
-
+// What a guess makes of its best candidate: the settings, with a standard format of the module where one will
+// do, and in words what was found, how sure it is and what speaks against it.
 #include "host/guess/GuessParts.h"
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+
+#include "contract/TimeStamp.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
+#include "resources/ResourceIds.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
 namespace {
+constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
+constexpr std::int64_t DaySeconds = 86'400;
+
+// The day on which the first row was written, if the file was last changed with its last row.
+std::int64_t FirstDayOf(const std::u16string& path, std::size_t rollOvers) {
+    std::error_code error;
+    const auto changed = std::filesystem::last_write_time(PathForStream(path), error);
+    const auto now = std::chrono::system_clock::now();
+    const auto age = error ? decltype(changed)::duration::zero() : decltype(changed)::clock::now() - changed;
+    const auto moment = std::chrono::duration_cast<std::chrono::seconds>(now.time_since_epoch()) -
+                        std::chrono::duration_cast<std::chrono::seconds>(age);
+    return moment.count() - static_cast<std::int64_t>(rollOvers) * DaySeconds;
+}
+
+TextList Items(const ModuleLoader& module, unsigned id) {
+    TextList items;
+    for (const std::u16string& item : module.ResourceItems(id)) items.emplace_back(TrimWhiteSpace(item));
+    return items;
+}
+
+TextList StandardFormats(const ModuleLoader& module, const TableTrial& trial,
+                         const TimeCandidate& candidate) {
+    TextList times = Items(module, IdTimeFormats);
+    if (!candidate.HasDate()) {
+        const TextList elapsed = Items(module, IdElapsedTimeFormats);
+        times.insert(times.end(), elapsed.begin(), elapsed.end());
+        return times;
+    }
+    const TextList dates = Items(module, IdDateFormats);
+    if (candidate.Kind == TimeKind::Date) return dates;
+    const std::u16string& separator = trial.Sample().Separator;
+    const bool isBlank = candidate.DateColumn == candidate.TimeColumn || IsWhiteSpace(separator[0]);
+    const std::u16string joint = isBlank ? u" " : separator + u" ";
+    const bool isDateFirst = candidate.DateColumn <= candidate.TimeColumn;
+    TextList formats;
+    for (const std::u16string& date : dates) {
+        for (const std::u16string& time : times)
+            formats.push_back(isDateFirst ? date + joint + time : time + joint + date);
+    }
+    return formats;
+}
+
 void Add(TimeGuess& guess, Certainty most, std::string text) {
     guess.Sureness = std::max(guess.Sureness, most);
     guess.Objections.push_back(std::move(text));
@@ -55,19 +105,16 @@ void AddAboutRows(const TimeReading& reading, TimeGuess& guess) {
     }
 }
 
-void AddAboutOrder(const TimeCandidate& candidate, TimeGuess& guess) {
+void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
+    const FormatShape& shape = candidate.Shape;
     if (candidate.Proof == OrderProof::Missing)
         Add(guess, Certainty::Uncertain,
             Phrase("day and month could be swapped: no row tells which comes first"));
-    if (candidate.Proof != OrderProof::BySteps) return;
-    Add(guess, Certainty::Likely,
-        candidate.Shape.Order == DateOrder::DayFirst
-            ? Phrase("that the day comes before the month follows from the distances of the rows alone")
-            : Phrase("that the month comes before the day follows from the distances of the rows alone"));
-}
-
-void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
-    const FormatShape& shape = candidate.Shape;
+    if (candidate.Proof == OrderProof::BySteps)
+        Add(guess, Certainty::Likely,
+            shape.Order == DateOrder::DayFirst
+                ? Phrase("that the day comes before the month follows from the distances of the rows alone")
+                : Phrase("that the month comes before the day follows from the distances of the rows alone"));
     if (shape.IsDigitsOnly) Add(guess, Certainty::Likely, Phrase("plain numbers may mean something else"));
     if (!shape.Zone.empty())
         Add(guess, guess.Sureness,
@@ -76,11 +123,10 @@ void AddAboutText(const TimeCandidate& candidate, TimeGuess& guess) {
     if (shape.ZoneShiftsFraction)
         Add(guess, Certainty::Likely,
             Phrase("the zone's digits add up to a quarter of a second to every time"));
-    if (shape.RangeMark.empty()) return;
     if (candidate.RangeLength) {
         Add(guess, guess.Sureness,
             Phrase("the cells hold two times; the later is read and set back to the earlier"));
-    } else {
+    } else if (!shape.RangeMark.empty()) {
         Add(guess, Certainty::Likely, Phrase("the cells hold two times; the later is taken"));
     }
 }
@@ -94,13 +140,46 @@ void AddAboutKind(const TimeCandidate& candidate, TimeGuess& guess) {
     } else if (candidate.Kind != TimeKind::TimeOfDay && !candidate.HasDate() && !candidate.Hint.IsTime) {
         Add(guess, Certainty::Likely, Phrase("the column's name does not speak of time"));
     }
-    if (RunsOverMidnight(candidate))
+    if (candidate.RunsOverMidnight())
         Add(guess, Certainty::Likely,
             Phrase("the rows have no date; the start is that of the file's last change"));
     if (candidate.HasDate() && candidate.Reading.First < FirstGoodTime)
         Add(guess, guess.Sureness, Phrase("there are times before 1990, which the host can't process"));
 }
 }  // namespace
+
+void UseStandardFormat(const ModuleLoader& module, const TableTrial& trial, TimeCandidate& candidate) {
+    const bool hasDate = candidate.HasDate();
+    const auto time = static_cast<std::size_t>(candidate.TimeColumn) - 1;
+    const TextList texts =
+        trial.Texts(time, hasDate ? static_cast<std::size_t>(candidate.DateColumn) - 1 : time);
+    for (const std::u16string& format : StandardFormats(module, trial, candidate)) {
+        if (!trial.FitsFirstRows(format, texts, hasDate)) continue;
+        if (trial.Read(format, texts, hasDate).Times != candidate.Reading.Times) continue;
+        candidate.Shape.Format = format;
+        return;
+    }
+}
+
+SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& path) {
+    const bool fixedDate = candidate.Kind == TimeKind::Epoch || candidate.RunsOverMidnight();
+    SettingList settings = {{"DateSetting", candidate.HasDate() ? "0" : fixedDate ? "1" : "2"}};
+    if (candidate.HasDate()) settings.emplace_back("DateColumn", std::to_string(candidate.DateColumn));
+    if (candidate.Kind == TimeKind::Epoch) settings.emplace_back("StartDate", "0");
+    if (candidate.RunsOverMidnight())
+        settings.emplace_back("StartDate", std::to_string(FirstDayOf(path, candidate.Reading.RollOvers)));
+    settings.emplace_back("TimeSetting", "0");
+    settings.emplace_back("TimeColumn", std::to_string(candidate.TimeColumn));
+    if (candidate.RangeLength) {
+        // The later of two times is the one that a format reads; the rows belong to the earlier.
+        const auto seconds = static_cast<int>(*candidate.RangeLength / Second);
+        const CTimeStamp amount(2000, 1, 1, seconds / 3600, seconds / 60 % 60, seconds % 60, 0);
+        const std::string time = std::to_string(amount.GetCTime().Seconds);
+        settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", time}});
+    }
+    settings.emplace_back("TimestampFormat", Utf16ToUtf8(candidate.Shape.Format));
+    return settings;
+}
 
 std::string BasisOf(const TimeCandidate& candidate) {
     switch (candidate.Kind) {
@@ -121,7 +200,6 @@ std::string BasisOf(const TimeCandidate& candidate) {
 
 void AddObjections(const TimeCandidate& candidate, TimeGuess& guess) {
     AddAboutRows(candidate.Reading, guess);
-    AddAboutOrder(candidate, guess);
     AddAboutText(candidate, guess);
     AddAboutKind(candidate, guess);
 }
