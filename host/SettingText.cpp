@@ -111,22 +111,10 @@ SettingsLayer::SettingsLayer()
     SetProcessProfile(Layer);
 }
 
-SettingsLayer::~SettingsLayer() {
-    SetProcessProfile(Before);
-}
-
-void SettingsLayer::Set(const ParsedSetting& setting) {
-    Layer->Set(SettingsSection, setting.Key, setting.Value);
-}
-
 std::string SettingsLayer::Set(const std::string& key, const std::string& value) {
     ParsedSetting setting;
     std::string complaint = ParseSetting(key, value, setting);
     if (complaint.empty()) Set(setting);
     return complaint;
-}
-
-void SettingsLayer::Set(const char16_t* key, int value) {
-    Layer->Set(SettingsSection, key, value);
 }
 }  // namespace kelvarin

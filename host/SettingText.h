@@ -8,8 +8,7 @@
 #include <vector>
 
 #include "platform/support/ProfileOverlay.h"
-
-class CCsvImportSettings;
+#include "settings/SettingsTable.h"
 
 namespace kelvarin {
 // One setting of the profile as ParseSetting has read it.
@@ -46,15 +45,15 @@ class SettingsLayer {
     SettingsLayer();
     SettingsLayer(const SettingsLayer&) = delete;
     SettingsLayer& operator=(const SettingsLayer&) = delete;
-    ~SettingsLayer();
+    ~SettingsLayer() { SetProcessProfile(Before); }
 
-    void Set(const ParsedSetting& setting);
+    void Set(const ParsedSetting& setting) { Layer->Set(SettingsSection, setting.Key, setting.Value); }
 
     // Empty, or what is wrong with the value, as ParseSetting says it.
     std::string Set(const std::string& key, const std::string& value);
 
     // A setting of whole numbers.
-    void Set(const char16_t* key, int value);
+    void Set(const char16_t* key, int value) { Layer->Set(SettingsSection, key, value); }
 
   private:
     const std::shared_ptr<ProfileStore> Before;

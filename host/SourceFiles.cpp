@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "contract/StdioFileEx.h"
+#include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
@@ -21,10 +22,6 @@ std::string NativeText(const fs::path& path) {
 
 char Lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool IsContinuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
 bool IsTable(const std::string& name) {
@@ -94,8 +91,7 @@ bool MatchesPattern(const std::string& name, const std::string& pattern) {
     std::size_t in = 0;
     while (at < name.size()) {
         if (in < pattern.size() && pattern[in] == '?') {
-            while (++at < name.size() && IsContinuation(name[at])) {
-            }
+            while (++at < name.size() && !StartsCharacter(name[at])) continue;
             ++in;
         } else if (in < pattern.size() && pattern[in] == '*') {
             star = in++;

@@ -21,10 +21,6 @@ namespace {
 constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::int64_t Day = 86'400 * Second;
 
-bool StartsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
 std::string SeparatorInWords(const Reading& format) {
     std::string separator;
     if (format.Separator >= 0 && format.Separator < SeparatorOther) {

@@ -24,6 +24,11 @@ std::string ShortestText(double number);
 // A sample by its type in the store: true, 1.5, "abc". `data` holds `size` bytes as CDevice takes them.
 std::string SampleText(std::uint32_t type, const void* data, std::uint32_t size);
 
+// True for every byte of UTF-8 but the second to last ones of a character.
+constexpr bool StartsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
 // The number of characters, which is a text's width on a terminal but for wide scripts.
 std::size_t TextWidth(const std::string& text);
 

@@ -15,7 +15,6 @@
 
 namespace kelvarin::guess {
 namespace {
-constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
 constexpr std::int64_t DaySeconds = 86'400;
 
 // The day on which the first row was written, if the file was last changed with its last row.

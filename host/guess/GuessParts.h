@@ -9,8 +9,12 @@
 
 #include "host/guess/TableTrial.h"
 #include "host/guess/TimeGuess.h"
+#include "settings/IntervalUnits.h"
 
 namespace kelvarin::guess {
+// In nanoseconds.
+constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
+
 // What the numbers of a date are, from left to right.
 enum class DateOrder { NoDate, YearFirst, DayFirst, MonthFirst };
 

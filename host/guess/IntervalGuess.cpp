@@ -13,7 +13,6 @@
 
 namespace kelvarin::guess {
 namespace {
-constexpr std::size_t Seconds = 2;  // of the units
 
 bool HasTwelveHours(const TableTrial& trial) {
     bool isFound = false;
@@ -33,7 +32,7 @@ void GuessFromBlocked(const TimeCandidate& times, char16_t letter, TimeGuess& gu
     std::size_t unit = 0;
     while (reading.MedianStep % IntervalUnits[unit].Nanoseconds != 0) ++unit;
     const std::int64_t value = reading.MedianStep / IntervalUnits[unit].Nanoseconds;
-    const std::string start = std::to_string(reading.First / IntervalUnits[Seconds].Nanoseconds);
+    const std::string start = std::to_string(reading.First / Second);
     guess.IsFixedInterval = true;
     guess.Settings = {{"DateSetting", "1"},
                       {"StartDate", start},
@@ -91,10 +90,8 @@ bool GuessFromUnreadableTimes(const TableTrial& trial, TimeGuess& guess) {
 
 void GuessAnyInterval(const TableTrial& trial, TimeGuess& guess) {
     guess.IsFixedInterval = true;
-    guess.Settings = {{"DateSetting", "2"},
-                      {"TimeSetting", "1"},
-                      {"IntervalValue", "1"},
-                      {"IntervalUnit", std::to_string(Seconds)}};
+    guess.Settings = {
+        {"DateSetting", "2"}, {"TimeSetting", "1"}, {"IntervalValue", "1"}, {"IntervalUnit", "2"}};
     guess.Sureness = Certainty::Uncertain;
     guess.Basis = Phrase("a fixed interval of {} {}", 1, "s");
     guess.Objections.push_back(

@@ -132,8 +132,6 @@ std::optional<NumberForm> FormOf(const TableTrial& trial, const TextList& texts)
     return form;
 }
 
-constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
-
 // The unit in which a number since 1970 lies in our time; nothing for none. No reading of a sensor is as
 // large and as close to the clock, while loggers before 2000 wrote no such numbers.
 std::optional<std::u16string> EpochUnit(double number) {

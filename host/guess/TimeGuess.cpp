@@ -24,7 +24,6 @@ constexpr double Better = 0.02;
 constexpr double NearlyAsGood = 0.8;
 
 bool HasFractions(const TimeReading& reading) {
-    constexpr std::int64_t Second = IntervalUnits[2].Nanoseconds;
     return std::any_of(reading.Times.begin(), reading.Times.end(),
                        [](std::int64_t time) { return time != -1 && time % Second != 0; });
 }

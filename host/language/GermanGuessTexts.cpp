@@ -1,4 +1,4 @@
-#include "host/language/GermanTexts.h"
+#include "host/language/Phrase.h"
 
 namespace kelvarin {
 namespace {

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "host/language/GermanTexts.h"
-
 namespace kelvarin {
 namespace {
 using TextTable = std::span<const Translation> (*)();

@@ -28,6 +28,13 @@ bool HasTexts(std::string_view code);
 // The codes of the languages that have texts, with a separator between each two.
 std::string TextLanguages(std::string_view separator);
 
+// The library's own tables, one per area.
+std::span<const Translation> GermanHostTexts();
+std::span<const Translation> GermanArchiveTexts();
+std::span<const Translation> GermanCheckTexts();
+std::span<const Translation> GermanExplainTexts();
+std::span<const Translation> GermanGuessTexts();
+
 // The text in the user's language, with the parts put in: "{}" takes the next one, "{2}" the third. A
 // translation may name them in another order.
 std::string FillPhrase(std::string_view english, const std::vector<std::string>& parts);

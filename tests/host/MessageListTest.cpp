@@ -1,5 +1,5 @@
 // Messages of a run: the first ones kept, all of them grouped.
-#include "host/MessageList.h"
+#include "host/HostSession.h"
 
 #include <gtest/gtest.h>
 
