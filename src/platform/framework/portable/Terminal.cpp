@@ -8,7 +8,7 @@
 namespace {
 
 std::atomic<bool> interrupted = false;
-static_assert(std::atomic<bool>::is_always_lock_free, "set by a signal handler");
+static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler sets it
 
 void RememberInterrupt(int signal) {
     interrupted = true;
