@@ -114,7 +114,7 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     result.Interrupted = run.Interrupted;
     result.Lines = run.Lines;
     result.Failure = FailureOf(session.Messages(), run.Failed);
-    if (result.Failure.empty()) result.Failure = Utf8ToUtf16(run.Failure);
+    if (run.Failed && result.Failure.empty()) result.Failure = Utf8ToUtf16(run.Failure);
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (run.Begun) CountSamples(*session.Device(), result);

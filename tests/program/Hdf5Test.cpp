@@ -18,13 +18,12 @@ std::vector<std::string> Import(std::vector<std::string> more) {
     return arguments;
 }
 
-// A table of every kind of signal, with cells that are refused and a column that is empty: no signal comes
-// from that, nor from the times.
+// A table of every kind of signal, with cells that are refused.
 std::string Table(int rows) {
-    std::string table = "t;Druck;;n;Hex;Zeichen;Bemerkung;Ventil\n";
+    std::string table = "t;Druck;n;Hex;Zeichen;Bemerkung;Ventil\n";
     for (int i = 0; i < rows; ++i) {
         const std::string number = std::to_string(i);
-        table += number + ";" + (i == 600 ? "?" : number + ",25 bar") + ";;" + number + "000;0x" + number +
+        table += number + ";" + (i == 600 ? "?" : number + ",25 bar") + ";" + number + "000;0x" + number +
                  (i % 2 == 0 ? ";x;" : ";y;") +
                  (i % 3 == 0   ? "Öl auf"
                   : i % 3 == 1 ? "zu"
