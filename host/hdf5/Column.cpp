@@ -96,8 +96,8 @@ void ColumnWriter::Create() {
     const Hdf5Handle creation(H5Pcreate(H5P_DATASET_CREATE));
     Hdf5Checked(H5Pset_chunk(creation, 1, &chunk));
     if (Width > 1) Hdf5Checked(H5Pset_shuffle(creation));
-    constexpr unsigned Level = 1;  // readers take no notice of it
-    Hdf5Checked(H5Pset_deflate(creation, Level));
+    constexpr unsigned DeflateLevel = 1;  // readers take no notice of it
+    Hdf5Checked(H5Pset_deflate(creation, DeflateLevel));
     constexpr std::uint8_t HasValue = 1;
     if (Content == Flags) Hdf5Checked(H5Pset_fill_value(creation, Type, &HasValue));
     Hdf5Checked(H5Pset_obj_track_times(creation, false));
