@@ -74,7 +74,10 @@ std::string SampleJson(std::uint32_t type, const void* data, std::uint32_t size)
     if (type == KelvarinDouble) {
         double number = 0;
         std::memcpy(&number, data, sizeof number);
-        return ToJson(number).dump();
+        if (!std::isfinite(number)) return ToJson(number).dump();
+        const std::string digits =
+            SampleText(type, data, size);  // the fewest, as the JSON library's may not be
+        return digits.find_first_of(".e") == std::string::npos ? digits + ".0" : digits;
     }
     if (type == KelvarinChar16) {
         char16_t unit = 0;
