@@ -1,6 +1,7 @@
 // The signals of a run, and what they take.
 #include "kit/CheckRows.h"
 #include "kit/ImportRun.h"
+#include "kit/LocalMoment.h"
 
 namespace {
 
@@ -129,8 +130,8 @@ TEST(Samples, FollowSettingsThatChangeDuringTheRun) {
          {"TimestampFormat=[µs]"},
          "u: 1=1000 2=2000 3000=3000 4000=4000\nn: 1=5 2=6 3000=7 4000=8\n"},
         {"the correction",
-         {"Adjust=1", "AdjustMode=1", "AdjustTime=86400"},
-         "u: 1=1000 2=2000 3=3000 4=4000\nn: 1=5 2=6 3=7 4=8\n"},
+         {"Adjust=1", "AdjustMode=1", "AdjustTime=" + std::to_string(LocalSeconds(2000, 1, 1, 0, 0, 1))},
+         "u: 1=1000 2=2000 1000000003=3000 1000000004=4000\nn: 1=5 2=6 1000000003=7 1000000004=8\n"},
         {"the time's column", {"TimeColumn=2"}, "u: 1=1000 2=2000\nn: 1=5 2=6 3000=7 4000=8\n"},
         {"to an interval",
          {"TimeSetting=1", "IntervalUnit=4"},
