@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <climits>
 #include <filesystem>
 #include <functional>
 
@@ -172,12 +173,19 @@ TEST(LiveDialog, RefusesWhatNoUserCanDo) {
         EXPECT_FALSE(UserSelect(page, CtrlFormat, -1) || UserSelect(page, CtrlFormat, 999));
         EXPECT_FALSE(UserSetDate(page, CtrlStartDate, 2020, 2, 30) ||
                      UserSetDate(page, CtrlFormat, 2020, 2, 1));
+        EXPECT_FALSE(UserSetDate(page, CtrlStartDate, 2020, INT_MAX, 1) ||
+                     UserSetDate(page, CtrlStartDate, 2020, 1, INT_MIN));
         EXPECT_FALSE(UserSpin(page, CtrlFormat, 1) || UserSpin(page, 9999, 1) || UserShowPage(page, 0));
         EXPECT_FALSE(UserClickRow(page, CtrlFormat, 0, false) || UserClickRow(page, CtrlPreview, 99, false));
         EXPECT_FALSE(UserDragColumn(page, CtrlPreview, 99, 1) || UserDragColumn(page, 9999, 0, 1));
         UserClick(page, CtrlAdjust);
-        for (const auto& [h, m, s] :
-             {std::array{24, 0, 0}, {0, 60, 0}, {0, 0, 60}, {-1, 0, 0}, {0, -1, 0}, {0, 0, -1}}) {
+        for (const auto& [h, m, s] : {std::array{24, 0, 0},
+                                      {0, 60, 0},
+                                      {0, 0, 60},
+                                      {-1, 0, 0},
+                                      {0, -1, 0},
+                                      {0, 0, -1},
+                                      {INT_MAX, 0, 0}}) {
             EXPECT_FALSE(UserSetTime(page, CtrlAdjustTime, h, m, s));
         }
         EXPECT_FALSE(UserShowPage(frame, 9));

@@ -6,9 +6,9 @@ namespace {
 
 constexpr std::int64_t DaySeconds = 86'400;
 
-// Days from 1970-01-01 to a date, by years that begin in March.
-std::int64_t DaysTo(int year, int month, int day) {
-    const std::int64_t y = std::int64_t{year} - (month <= 2 ? 1 : 0);
+// Days from 1970-01-01 to a date, by years that begin in March. Any numbers are taken, such as a user types.
+std::int64_t DaysTo(std::int64_t year, std::int64_t month, std::int64_t day) {
+    const std::int64_t y = year - (month <= 2 ? 1 : 0);
     const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
     const std::int64_t yearOfEra = y - era * 400;
     const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
@@ -17,8 +17,8 @@ std::int64_t DaysTo(int year, int month, int day) {
 
 // The moment of a local time if the zone were UTC.
 std::int64_t MomentInUtc(const LocalTime& local) {
-    return DaysTo(local.Year, local.Month, local.Day) * DaySeconds + local.Hour * 3'600 + local.Minute * 60 +
-           local.Second;
+    return DaysTo(local.Year, local.Month, local.Day) * DaySeconds + std::int64_t{local.Hour} * 3'600 +
+           std::int64_t{local.Minute} * 60 + local.Second;
 }
 
 // Seconds by which local time is ahead of UTC at a moment. False if the moment has no local time.
