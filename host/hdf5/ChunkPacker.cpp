@@ -162,6 +162,7 @@ bool ChunkPacker::Store(std::span<const std::uint8_t> part, bool isLast) {
 bool ChunkPacker::Deflate(std::span<const std::uint8_t> part, bool isLast) {
     isal_zstream stream;
     isal_deflate_stateless_init(&stream);
+    stream.hist_bits = 0;  // The library leaves it as it was: chunks took up to five times the room.
     stream.level = Level;
     stream.level_buf = Workspace.data();
     stream.level_buf_size = static_cast<std::uint32_t>(Workspace.size());

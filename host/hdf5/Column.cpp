@@ -45,6 +45,12 @@ ColumnWriter::ColumnWriter(DatasetPlace& place, hid_t type, EContent content)
     : Place(place), Type(type), Width(H5Tget_size(type)), Content(content) {}
 
 void ColumnWriter::Append(const void* elements, std::size_t count) {
+    // Nearly all calls for texts, which bring a few elements each.
+    if (count < ChunkValues - Used && (elements == nullptr || Chunk != nullptr)) {
+        if (elements != nullptr) std::memcpy(Chunk.get() + Used * Width, elements, count * Width);
+        Used += count;
+        return;
+    }
     if (ChunkValues == 0) ChunkValues = Place.ChunkValues * (Content == ValuesOfTexts ? UnitsPerText : 1);
     const auto* next = static_cast<const std::uint8_t*>(elements);
     while (count != 0) {

@@ -250,16 +250,21 @@ class TextSignal final : public SignalBase {
         const auto* const text = static_cast<const char16_t*>(data);
         const auto length = static_cast<std::uint32_t>(size / sizeof(char16_t));
         if (Sink != nullptr) Sink->TakeText(text, length);
-        if (keep) {
-            if (Sizes.IsFull()) Sizes.Flush(true);
-            Sizes.Append(text == nullptr ? NoValue : KeepText(text, length));
-        }
+        if (keep && Sizes.IsFull()) Sizes.Flush(true);
         if (text == nullptr) {
             ++Sum.WithoutValue;
+            if (keep) Sizes.Append(NoValue);
             return DM::ResultOk;
         }
-        LastText.assign(static_cast<const char*>(data), size);
-        if (!Sum.First) Sum.First = LastText;
+        // The last text is read back at the end: a copy of each would cost a run a hundredth of its time.
+        if (keep) {
+            LastKept = Texts.Append(text, length) ? length | NarrowBit : length;
+            Sizes.Append(LastKept);
+        } else {
+            if (!Sum.Last) Sum.Last.emplace();
+            Sum.Last->assign(static_cast<const char*>(data), size);
+        }
+        if (!Sum.First) Sum.First.emplace(static_cast<const char*>(data), size);
         return DM::ResultOk;
     }
 
@@ -287,20 +292,14 @@ class TextSignal final : public SignalBase {
     static constexpr std::uint32_t NoValue = 0xFFFFFFFF;
     static constexpr std::uint32_t NarrowBit = 0x80000000;
 
-    // Keeps a text; returns its entry in Sizes.
-    std::uint32_t KeepText(const char16_t* text, std::uint32_t length) {
-        return Texts.Append(text, length) ? length | NarrowBit : length;
-    }
-
     void SummarizeRest() override {
-        if (Sum.First) Sum.Last = LastText;
+        if (Sum.First && !Sum.Last) Sum.Last = Texts.Last(LastKept & ~NarrowBit, (LastKept & NarrowBit) != 0);
     }
 
     // Of the samples kept.
     BlockList<std::uint32_t> Sizes;
     TextBlocks Texts;
-
-    std::string LastText;  // bytes of the last value
+    std::uint32_t LastKept = 0;  // the last entry of Sizes with a value
 };
 
 std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uint32_t id,

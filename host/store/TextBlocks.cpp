@@ -37,6 +37,13 @@ bool TextBlocks::Append(const char16_t* text, std::size_t length) {
     return isNarrow;
 }
 
+std::string TextBlocks::Last(std::size_t length, bool isNarrow) const {
+    std::u16string text(length, 0);
+    const Block& last = Blocks.back();
+    Widen(last.Bytes + last.Used - (isNarrow ? length : length * sizeof(char16_t)), isNarrow, text);
+    return {reinterpret_cast<const char*>(text.data()), length * sizeof(char16_t)};
+}
+
 const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
     const std::size_t size = isNarrow ? length : length * sizeof(char16_t);
     // A text that found no room is in the next block.

@@ -17,6 +17,9 @@ class TextBlocks {
     // Copies `length` units; true if they were kept narrow.
     bool Append(const char16_t* text, std::size_t length);
 
+    // The bytes of the text appended last, by its length and by what Append returned.
+    std::string Last(std::size_t length, bool isNarrow) const;
+
     // Reads the texts in order, each by its length and by what Append returned.
     class Reader {
       public:
