@@ -3,6 +3,7 @@
 #include <concepts>
 #include <cstring>
 
+#include "contract/TimeStamp.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Numbers.h"
@@ -95,6 +96,12 @@ std::string ParseSetting(const std::string& text, ParsedSetting& setting) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos) return Phrase("'{}' is not of the form KEY=VALUE", text);
     return ParseSetting(text.substr(0, equals), text.substr(equals + 1), setting);
+}
+
+std::string AdjustTimeFor(std::int64_t amount) {
+    const auto seconds = static_cast<int>(amount / 1'000'000'000);
+    const CTimeStamp moment(2000, 1, 1, seconds / 3600, seconds / 60 % 60, seconds % 60, 0);
+    return std::to_string(moment.GetCTime().Seconds);
 }
 
 SettingList SettingsAsText(const CCsvImportSettings& settings) {

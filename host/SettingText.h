@@ -2,6 +2,7 @@
 #pragma once
 
 #include <charconv>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -33,6 +34,10 @@ std::string ParseSetting(const std::string& key, const std::string& value, Parse
 
 // The same for "KEY=VALUE".
 std::string ParseSetting(const std::string& text, ParsedSetting& setting);
+
+// The value of AdjustTime for an amount of less than a day, in nanoseconds: a moment whose local clock shows
+// it, on a day without a change of the clock.
+std::string AdjustTimeFor(std::int64_t amount);
 
 // All settings of the profile as ParseSetting reads them.
 SettingList SettingsAsText(const CCsvImportSettings& settings);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "contract/TimeStamp.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -26,9 +27,11 @@ SettingList IntervalSettings(const CheckResult& result, double step) {
                             {"IntervalValue", std::to_string(whole / size)},
                             {"IntervalUnit", std::to_string(unit)}};
     if (isRelative) return settings;
-    const std::string start = std::to_string(result.Series->First / Second);
-    settings.insert(settings.end(),
-                    {{"StartDate", start}, {"Adjust", "1"}, {"AdjustMode", "1"}, {"AdjustTime", start}});
+    const CTimeStamp start(result.Series->First);
+    settings.insert(settings.end(), {{"StartDate", std::to_string(start.GetCTime().Seconds)},
+                                     {"Adjust", "1"},
+                                     {"AdjustMode", "1"},
+                                     {"AdjustTime", AdjustTimeFor(start.DaytimeToTIME(false))}});
     return settings;
 }
 

@@ -171,10 +171,8 @@ SettingList SettingsFor(const TimeCandidate& candidate, const std::u16string& pa
     settings.emplace_back("TimeColumn", std::to_string(candidate.TimeColumn));
     if (candidate.RangeLength) {
         // The later of two times is the one that a format reads; the rows belong to the earlier.
-        const auto seconds = static_cast<int>(*candidate.RangeLength / Second);
-        const CTimeStamp amount(2000, 1, 1, seconds / 3600, seconds / 60 % 60, seconds % 60, 0);
-        const std::string time = std::to_string(amount.GetCTime().Seconds);
-        settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", time}});
+        const std::string amount = AdjustTimeFor(*candidate.RangeLength);
+        settings.insert(settings.end(), {{"Adjust", "1"}, {"AdjustMode", "2"}, {"AdjustTime", amount}});
     }
     settings.emplace_back("TimestampFormat", Utf16ToUtf8(candidate.Shape.Format));
     return settings;

@@ -5,6 +5,7 @@
 // distance of the rows and the start are known, and both can be set.
 #include <algorithm>
 
+#include "contract/TimeStamp.h"
 #include "host/guess/GuessParts.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Numbers.h"
@@ -41,7 +42,7 @@ void GuessFromBlocked(const TimeCandidate& times, char16_t letter, TimeGuess& gu
                       {"IntervalUnit", std::to_string(unit)},
                       {"Adjust", "1"},
                       {"AdjustMode", "0"},
-                      {"AdjustTime", start}};
+                      {"AdjustTime", AdjustTimeFor(CTimeStamp(reading.First).DaytimeToTIME(false))}};
     guess.Read = reading.Read;
     guess.Rising = reading.Rising;
     guess.Basis = Phrase("a fixed interval of {} {} from the time of the first row, as column {} tells",

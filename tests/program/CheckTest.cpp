@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "program/ProgramRun.h"
 
@@ -233,6 +234,24 @@ Json ImportedSamples(const ProgramRun& run, const std::string& file) {
     const ProgramResult result = run({"import", "--json", "--samples", "all", "--set", Dated, "--set",
                                       "AutoFormat=0", "--set", "Separator=0", "--set", "FirstLine=2", file});
     return Json::parse(result.Out)["signals"][0]["samples"];
+}
+
+// Also on the day on which the clock is put forward: so long after midnight as the dated rows are read.
+TEST(Check, AdvisesAnIntervalFromTheTimeOfTheFirstRow) {
+    for (const std::string date : {"13.02.2024", "31.03.2024"}) {
+        SCOPED_TRACE(date);
+        const ProgramRun run;
+        std::string file = "Zeit;n\n";
+        for (int i = 0; i < 100; ++i) file += date + " 12:00:0" + std::to_string(i / 10) + ";1\n";
+        run.Write("data.csv", file);
+        const Json checked = Json::parse(Check(run, {Dated}, {"--json", "data.csv"}).Out);
+        std::istringstream remedy(checked["findings"][0]["remedy"].get<std::string>());
+        std::vector<std::string> options = {"--json", "--samples", "1", "data.csv"};
+        for (std::string word; remedy >> word;) {
+            if (word.find('=') != std::string::npos) options.insert(options.end(), {"--set", word});
+        }
+        EXPECT_EQ(Json::parse(run(options).Out)["signals"].back()["samples"][0][0], checked["time"]["first"]);
+    }
 }
 
 TEST(Rejects, AreMendedAndImportedAlone) {

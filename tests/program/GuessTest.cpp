@@ -57,6 +57,9 @@ TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
         // Times that no format reads, and none.
         {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "", "likely",
          "letter T", 3, 1706778000},
+        // On a day on which the clock is put forward: so long after midnight as a format would read it.
+        {"t;v\n2024-03-31T12:00:00;1\n2024-03-31T12:00:10;2\n2024-03-31T12:00:20;3\n", "", "likely",
+         "letter T", 3, 1711882800},
         {"nm;v\n325;3\n326;2\n327;1\n", "", "guess", "no column", 3, -1},
     };
     for (const GuessCase& c : cases) {
