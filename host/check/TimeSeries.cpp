@@ -166,7 +166,7 @@ IntervalStatistics IntervalCounts::Statistics() const {
     const auto median = static_cast<double>(all.Median);
     all.IsSteady = CountBetween(counts, 0.9 * median, 1.1 * median) * 10 >= Total * 9;
     const double gapAbove = (all.IsSteady ? 1.5 : 10) * median;
-    all.GapAbove = static_cast<std::int64_t>(gapAbove);
+    all.GapAbove = gapAbove < 0x1p63 ? static_cast<std::int64_t>(gapAbove) : INT64_MAX;
     all.Gaps = Total - CountBetween(counts, 0, gapAbove);
     return all;
 }
