@@ -64,7 +64,11 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
         const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
         report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected);
     }
-    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, report);
+    if (common.Json) {
+        WriteCheckJson(std::cout, report);
+    } else {
+        WriteCheckText(std::cout, report);
+    }
     const std::string reason = WhyFailed(path, result);
     if (!reason.empty()) ComplainAbout(file, reason);
     if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);

@@ -57,10 +57,11 @@ void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
 void WriteCheckText(const std::string& file, const SidecarCheck& check) {
     if (check.Errors < 0) return;
     const std::string revision = check.Revision.empty() ? "1" : Utf16ToUtf8(check.Revision);
-    std::cout << Styled(Style::Heading, PrintableName(file)) << "\n  "
-              << (check.Errors == 0 ? Phrase("revision {}, no error", revision)
+    ReportStream(std::cout) << Styled(Style::Heading, file) << "\n  "
+                            << (check.Errors == 0
+                                    ? Phrase("revision {}, no error", revision)
                                     : Phrase("revision {}, {} errors: not used", revision, check.Errors))
-              << "\n";
+                            << "\n";
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     constexpr std::size_t ValueWidth = 100;
     for (const SidecarField& field : check.Fields)
@@ -93,7 +94,7 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const gue
         if (guess != nullptr) document["guess"] = GuessToJson(*guess);
         WriteDocument(std::cout, document);
     } else {
-        if (reason.empty()) std::cout << PrintableName(file) << ".info\n";
+        if (reason.empty()) ReportStream(std::cout) << file << ".info\n";
         if (guess != nullptr) WriteGuessText(std::cout, *guess);
     }
     return Finish(file, reason);
@@ -137,7 +138,7 @@ int ApplySidecar(const ModuleLoader& module, const SidecarOptions& options, bool
             WriteDocument(std::cout,
                           {{"file", PrintableName(file)}, {"written", reason.empty()}, {"reason", reason}});
         } else if (reason.empty()) {
-            std::cout << PrintableName(file) << ".info\n";
+            ReportStream(std::cout) << file << ".info\n";
         }
         return Finish(file, reason);
     };

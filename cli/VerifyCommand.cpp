@@ -7,6 +7,7 @@
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/JsonReport.h"
+#include "cli/report/TextLayout.h"
 #include "host/HostSession.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
@@ -99,11 +100,11 @@ class Verification {
                                       {"samples", check.Compared()},
                                       {"difference", ToJson(difference)}});
         } else if (difference == nullptr) {
-            std::cout << Phrase("{}: equal to a fresh import, {} samples compared", PrintableName(source),
-                                check.Compared())
-                      << "\n";
+            ReportStream(std::cout) << Phrase("{}: equal to a fresh import, {} samples compared", source,
+                                              check.Compared())
+                                    << "\n";
         } else {
-            std::cout << PrintableName(source) + ": " + InWords(*difference) << "\n";
+            ReportStream(std::cout) << source << ": " << InWords(*difference) << "\n";
         }
         return difference == nullptr ? ExitDone : ExitFindings;
     }
