@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -77,18 +76,20 @@ int CheckFile(const ModuleLoader& module, bool json, const std::string& file) {
 
 // --- Writing one.
 
-// The settings in force replace a sidecar; guessed ones are written only where there is none.
-int WriteFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
+// Empty, or why the file's sidecar stays as it is.
+std::string WhyKept(const std::u16string& path, bool force) {
+    if (force || !sidecar::HasSidecar(path)) return {};
+    return Phrase("{} exists already; --force replaces it", Utf16ToUtf8(PathStripPath(path) + u".info"));
+}
+
+int WriteFile(const ModuleLoader& module, const CommonOptions& common, const SidecarOptions& options,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessLayer guessed(module, path, guessing, common.Settings);
+    const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
     const guess::TimeGuess* const guess = guessed.Guess();
-    std::string reason;
-    if (guess == nullptr) {
-        reason = sidecar::WriteSidecar(module, path);
-    } else {
-        reason = guess->Failure.empty() ? sidecar::SaveSidecar(module, path) : guess->Failure;
-    }
+    std::string reason = WhyKept(path, options.Force);
+    if (reason.empty() && guess != nullptr) reason = guess->Failure;
+    if (reason.empty()) reason = sidecar::WriteSidecar(module, path);
     if (common.Json) {
         Json document = {{"file", PrintableName(file)}, {"written", reason.empty()}};
         if (guess != nullptr) document["guess"] = GuessToJson(*guess);
@@ -106,15 +107,12 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const gue
 // programs read in it stays.
 std::string CopyBeside(const sidecar::SidecarFit& fit, const std::u16string& sidecar,
                        const std::u16string& path, bool force) {
-    const std::u16string target = path + u".info";
-    std::error_code ignored;
-    if (!force && std::filesystem::exists(PathForStream(target), ignored))
-        return Phrase("{} exists already; --force replaces it", Utf16ToUtf8(PathStripPath(target)));
-    std::string reason = fit.WhyUnfit(path);
+    std::string reason = WhyKept(path, force);
+    if (reason.empty()) reason = fit.WhyUnfit(path);
     if (!reason.empty()) return reason;
     std::ifstream file(PathForStream(sidecar), std::ios::binary);
     try {
-        ReplaceFile(target, std::string(std::istreambuf_iterator<char>(file), {}));
+        ReplaceFile(path + u".info", std::string(std::istreambuf_iterator<char>(file), {}));
     } catch (CFileException* error) {
         reason = Utf16ToUtf8(DescribeFileError(*error));
         error->Delete();
@@ -186,7 +184,7 @@ int RunSidecarCommand(const ModuleLoader& module, const CommonOptions& common,
     const std::string done = options.CheckOnly ? Phrase("checked") : Phrase("written");
     return ManyFiles().Run(common.Files, done, [&](const std::string& file) {
         return options.CheckOnly ? CheckFile(module, common.Json, file)
-                                 : WriteFile(module, common, options.Guessing, file);
+                                 : WriteFile(module, common, options, file);
     });
 }
 
@@ -203,7 +201,6 @@ void AddParts(CLI::App& command, SidecarOptions& options) {
     options.Apply->add_option("FILE", options.Targets, Phrase("Text files with separators"))
         ->required()
         ->type_name("");
-    options.Apply->add_flag("--force", options.Force, Phrase("Replace sidecars that are there already"));
     options.Diff->add_option("OTHER", options.Other, Phrase("The other sidecar"))->required()->type_name("");
     // The parts have files of their own.
     CLI::Option* const files = command.get_option("FILE");
@@ -223,6 +220,7 @@ void AddSidecarCommand(CommandLine& line) {
                      return RunSidecarCommand(module, common, *options);
                  });
     command.add_flag("--check", options->CheckOnly, Phrase("FILE is a sidecar: say how it reads"));
+    command.add_flag("--force", options->Force, Phrase("Replace sidecars that are there already"));
     AddGuessOption(command, options->Guessing);
     AddParts(command, *options);
     AddExamples(command, {"kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
