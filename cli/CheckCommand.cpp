@@ -36,7 +36,7 @@ std::string WhyFailed(const std::u16string& path, const check::CheckResult& resu
                 ? Phrase("Lines {} to {} look like rows; name the table's start: {}", above.First, above.Last,
                          OptionsText(check::TableSettings(check::TableAbove(result))))
                 : Phrase("No table was found at line {}; name its line: --set AutoFormat=0 --set "
-                         "FirstLine=<line> --set ImportHeader=<0 or 1>",
+                         "FirstLine=LINE --set ImportHeader=1 or 0",
                          table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));
 }
 

@@ -42,10 +42,10 @@ constexpr Translation Texts[] = {
     {"'{}' is neither a number of samples nor all", "'{}' ist weder eine Anzahl noch all"},
     {"'{}' is no 64-bit number of nanoseconds", "'{}' ist keine 64-Bit-Zahl von Nanosekunden"},
     // Reasons.
-    {"No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> --set "
-     "ImportHeader=<0 or 1>",
-     "In Zeile {} beginnt keine Tabelle; nennen Sie ihre Zeile: --set AutoFormat=0 --set FirstLine=<Zeile> "
-     "--set ImportHeader=<0 oder 1>"},
+    {"No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=LINE --set "
+     "ImportHeader=1 or 0",
+     "In Zeile {} beginnt keine Tabelle; nennen Sie ihre Zeile: --set AutoFormat=0 --set FirstLine=ZEILE "
+     "--set ImportHeader=1 oder 0"},
     {"{} MB/s, {} s left", "{} MB/s, noch {} s"},
     // The reports.
     {"timestamp", "Zeitstempel"},
