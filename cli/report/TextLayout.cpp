@@ -1,23 +1,12 @@
 #include "cli/report/TextLayout.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "platform/framework/Terminal.h"
 #include "platform/framework/VisibleText.h"
 
 namespace kelvarin::cli {
 namespace {
-TerminalText WithStyle(Style style, const std::string& text, bool isTerminal) {
-    const char* const noColour = std::getenv("NO_COLOR");
-    const char* const terminal = std::getenv("TERM");
-    const bool isDumb = terminal != nullptr && std::string(terminal) == "dumb";
-    const bool isPlain = text.empty() || style == Style::Plain || !isTerminal || isDumb;
-    if (isPlain || (noColour != nullptr && *noColour != '\0')) return {MakeVisible(text)};
-    constexpr const char* Codes[] = {"1", "36", "33", "31"};  // bold, cyan, yellow, red
-    return {std::string("\033[") + Codes[static_cast<int>(style)] + "m" + MakeVisible(text) + "\033[0m"};
-}
-
 // Narrows the widest columns until they fit into a line of the terminal.
 void FitWidths(std::vector<std::size_t>& widths, std::size_t indent) {
     constexpr std::size_t Narrowest = 8;
@@ -32,14 +21,6 @@ void FitWidths(std::vector<std::size_t>& widths, std::size_t indent) {
 }
 }  // namespace
 
-TerminalText Styled(Style style, const std::string& text) {
-    return WithStyle(style, text, IsOutputTerminal());
-}
-
-TerminalText StyledForErrors(Style style, const std::string& text) {
-    return WithStyle(style, text, IsErrorTerminal());
-}
-
 TerminalText ReportHeading(const std::string& text) {
     return {"  " + Styled(Style::Label, text).Bytes};
 }
@@ -48,16 +29,6 @@ TerminalText ReportLabel(const std::string& text) {
     constexpr std::size_t Width = 10;
     const std::size_t width = TextWidth(text);
     return {ReportHeading(text).Bytes + std::string(width < Width ? Width - width : 1, ' ')};
-}
-
-const ReportStream& ReportStream::operator<<(std::string_view text) const {
-    Out << MakeVisible(text);
-    return *this;
-}
-
-const ReportStream& ReportStream::operator<<(const TerminalText& text) const {
-    Out << text.Bytes;
-    return *this;
 }
 
 void TextTable::AddRow(const std::vector<std::string>& cells) {

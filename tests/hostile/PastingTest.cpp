@@ -5,13 +5,11 @@
 #include <cstdio>
 #include <sstream>
 
-#include "cli/report/Options.h"
+#include "platform/framework/ShellText.h"
 #include "platform/framework/VisibleText.h"
 #include "program/ProgramRun.h"
 
 namespace {
-
-using kelvarin::cli::ShellQuoted;
 
 const std::string HostileWords[] = {
     "';touch PWNED;'",
