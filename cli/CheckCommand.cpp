@@ -36,7 +36,7 @@ std::string WhyFailed(const std::u16string& path, const check::CheckResult& resu
                 ? Phrase("Lines {} to {} look like rows; name the table's start: {}", above.First, above.Last,
                          OptionsText(check::TableSettings(check::TableAbove(result))))
                 : Phrase("No table was found at line {}; name its line: --set AutoFormat=0 --set "
-                         "FirstLine=<line> --set ImportHeader=<0 or 1>",
+                         "FirstLine=LINE --set ImportHeader=1 or 0",
                          table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));
 }
 
@@ -64,7 +64,11 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
         const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
         report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected);
     }
-    (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, report);
+    if (common.Json) {
+        WriteCheckJson(std::cout, report);
+    } else {
+        WriteCheckText(std::cout, report);
+    }
     const std::string reason = WhyFailed(path, result);
     if (!reason.empty()) ComplainAbout(file, reason);
     if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);

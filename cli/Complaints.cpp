@@ -18,7 +18,7 @@ int WorseStatus(int one, int other) {
 
 void Complain(const std::string& reason) {
     std::cout.flush();
-    std::cerr << StyledForErrors(Style::Failure, "kelvarin-import:") << " " << reason << std::endl;
+    ReportStream(std::cerr) << StyledForErrors(Style::Failure, "kelvarin-import:") << " " << reason << "\n";
 }
 
 void ComplainAbout(const std::string& file, const std::string& reason) {

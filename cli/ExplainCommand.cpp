@@ -17,6 +17,7 @@
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/VisibleText.h"
 
 namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
@@ -25,12 +26,12 @@ namespace {
 constexpr std::size_t NameWidth = 40;
 
 // A line of the report, or several where the terminal is narrower.
-void WriteLine(std::ostream& out, const std::string& label, const std::string& text) {
-    const std::size_t indent = TextWidth(ReportLabel(""));
+void WriteLine(ReportStream out, const TerminalText& label, const std::string& text) {
+    const std::size_t indent = TextWidth(ReportLabel("").Bytes);
     const std::size_t width = OutputWidth();
     std::size_t column = indent;
     out << label;
-    std::istringstream words(text);
+    std::istringstream words(MakeVisible(text));
     for (std::string word; std::getline(words, word, ' ');) {
         const std::size_t needed = TextWidth(word) + (column == indent ? 0 : 1);
         if (column != indent && width > indent && column + needed > width) {
@@ -47,7 +48,7 @@ std::size_t ColumnsShown(const explain::Explanation& explanation) {
     return std::min(explanation.Columns.size(), explain::AnalysisRecord::MostColumns);
 }
 
-void WriteColumns(std::ostream& out, const explain::Explanation& explanation) {
+void WriteColumns(ReportStream out, const explain::Explanation& explanation) {
     if (explanation.Columns.empty()) return;
     out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
@@ -66,16 +67,16 @@ void WriteColumns(std::ostream& out, const explain::Explanation& explanation) {
         out << "    " << Phrase("... and {} more columns", explanation.Columns.size() - shown) << "\n";
 }
 
-void WriteWarnings(std::ostream& out, const explain::Explanation& explanation) {
+void WriteWarnings(ReportStream out, const explain::Explanation& explanation) {
     for (const explain::Warning& warning : explanation.Warnings) {
         WriteLine(out, ReportLabel(Phrase("warning")), warning.Text);
-        // Settings alone are those of the advice below.
+        // Settings alone are those of the advice below. No line end may come between options to paste.
         if (!warning.Remedy.Text.empty())
-            WriteLine(out, ReportLabel(""), Phrase("Remedy: {}", RemedyText(warning.Remedy)));
+            out << ReportLabel("") << Phrase("Remedy: {}", RemedyText(warning.Remedy)) << "\n";
     }
 }
 
-void WriteAdvice(std::ostream& out, const explain::Explanation& explanation) {
+void WriteAdvice(ReportStream out, const explain::Explanation& explanation) {
     if (explanation.IsAdvised()) {
         const explain::TableProposal& table = *explanation.Proposal;
         WriteLine(out, ReportLabel(Phrase("advice")),
@@ -167,11 +168,11 @@ Json ProposalJson(const explain::Explanation& explanation) {
             {"options", explanation.IsAdvised() ? OptionsText(explanation.ProposedSettings()) : ""}};
 }
 
-void WriteExplanationText(std::ostream& out, const std::string& file,
+void WriteExplanationText(ReportStream out, const std::string& file,
                           const explain::Explanation& explanation) {
-    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(file))) << "\n";
+    out << Styled(Style::Heading, file) << "\n";
     WriteLine(out, ReportLabel(Phrase("taken")), FormatInWords(explanation.Format));
-    std::string label = ReportLabel(Phrase("why"));
+    TerminalText label = ReportLabel(Phrase("why"));
     for (const std::string& reason : explain::FormatReasons(explanation)) {
         WriteLine(out, label, reason);
         label = ReportLabel("");

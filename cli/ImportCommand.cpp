@@ -64,8 +64,8 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, const
     const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
     return result.Failure + " " +
            Phrase(
-               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> "
-               "--set ImportHeader=<0 or 1>",
+               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=LINE "
+               "--set ImportHeader=1 or 0",
                line);
 }
 

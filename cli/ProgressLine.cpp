@@ -7,6 +7,7 @@
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
+#include "platform/framework/VisibleText.h"
 
 namespace kelvarin::cli {
 constexpr const char* ClearLine = "\r\033[K";
@@ -18,7 +19,7 @@ ProgressLine::~ProgressLine() {
 void ProgressLine::Show(std::uint32_t percent) {
     if (!IsErrorTerminal()) return;
     Shown = true;
-    std::cerr << ClearLine << File << "  " << percent << " %";
+    std::cerr << ClearLine << MakeVisible(File) << "  " << percent << " %";
     // The first moments say nothing about the rest.
     constexpr double LeastSeconds = 0.3;
     constexpr double BytesInMegabyte = 1e6;

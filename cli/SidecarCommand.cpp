@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -57,10 +56,11 @@ void WriteCheckJson(const std::string& file, const SidecarCheck& check) {
 void WriteCheckText(const std::string& file, const SidecarCheck& check) {
     if (check.Errors < 0) return;
     const std::string revision = check.Revision.empty() ? "1" : Utf16ToUtf8(check.Revision);
-    std::cout << Styled(Style::Heading, PrintableName(file)) << "\n  "
-              << (check.Errors == 0 ? Phrase("revision {}, no error", revision)
+    ReportStream(std::cout) << Styled(Style::Heading, file) << "\n  "
+                            << (check.Errors == 0
+                                    ? Phrase("revision {}, no error", revision)
                                     : Phrase("revision {}, {} errors: not used", revision, check.Errors))
-              << "\n";
+                            << "\n";
     TextTable table({TextTable::Align::Left, TextTable::Align::Left});
     constexpr std::size_t ValueWidth = 100;
     for (const SidecarField& field : check.Fields)
@@ -76,24 +76,26 @@ int CheckFile(const ModuleLoader& module, bool json, const std::string& file) {
 
 // --- Writing one.
 
-// The settings in force replace a sidecar; guessed ones are written only where there is none.
-int WriteFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
+// Empty, or why the file's sidecar stays as it is.
+std::string WhyKept(const std::u16string& path, bool force) {
+    if (force || !sidecar::HasSidecar(path)) return {};
+    return Phrase("{} exists already; --force replaces it", Utf16ToUtf8(PathStripPath(path) + u".info"));
+}
+
+int WriteFile(const ModuleLoader& module, const CommonOptions& common, const SidecarOptions& options,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessLayer guessed(module, path, guessing, common.Settings);
+    const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
     const guess::TimeGuess* const guess = guessed.Guess();
-    std::string reason;
-    if (guess == nullptr) {
-        reason = sidecar::WriteSidecar(module, path);
-    } else {
-        reason = guess->Failure.empty() ? sidecar::SaveSidecar(module, path) : guess->Failure;
-    }
+    std::string reason = WhyKept(path, options.Force);
+    if (reason.empty() && guess != nullptr) reason = guess->Failure;
+    if (reason.empty()) reason = sidecar::WriteSidecar(module, path);
     if (common.Json) {
         Json document = {{"file", PrintableName(file)}, {"written", reason.empty()}};
         if (guess != nullptr) document["guess"] = GuessToJson(*guess);
         WriteDocument(std::cout, document);
     } else {
-        if (reason.empty()) std::cout << PrintableName(file) << ".info\n";
+        if (reason.empty()) ReportStream(std::cout) << file << ".info\n";
         if (guess != nullptr) WriteGuessText(std::cout, *guess);
     }
     return Finish(file, reason);
@@ -105,15 +107,12 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const gue
 // programs read in it stays.
 std::string CopyBeside(const sidecar::SidecarFit& fit, const std::u16string& sidecar,
                        const std::u16string& path, bool force) {
-    const std::u16string target = path + u".info";
-    std::error_code ignored;
-    if (!force && std::filesystem::exists(PathForStream(target), ignored))
-        return Phrase("{} exists already; --force replaces it", Utf16ToUtf8(PathStripPath(target)));
-    std::string reason = fit.WhyUnfit(path);
+    std::string reason = WhyKept(path, force);
+    if (reason.empty()) reason = fit.WhyUnfit(path);
     if (!reason.empty()) return reason;
     std::ifstream file(PathForStream(sidecar), std::ios::binary);
     try {
-        ReplaceFile(target, std::string(std::istreambuf_iterator<char>(file), {}));
+        ReplaceFile(path + u".info", std::string(std::istreambuf_iterator<char>(file), {}));
     } catch (CFileException* error) {
         reason = Utf16ToUtf8(DescribeFileError(*error));
         error->Delete();
@@ -137,7 +136,7 @@ int ApplySidecar(const ModuleLoader& module, const SidecarOptions& options, bool
             WriteDocument(std::cout,
                           {{"file", PrintableName(file)}, {"written", reason.empty()}, {"reason", reason}});
         } else if (reason.empty()) {
-            std::cout << PrintableName(file) << ".info\n";
+            ReportStream(std::cout) << file << ".info\n";
         }
         return Finish(file, reason);
     };
@@ -185,7 +184,7 @@ int RunSidecarCommand(const ModuleLoader& module, const CommonOptions& common,
     const std::string done = options.CheckOnly ? Phrase("checked") : Phrase("written");
     return ManyFiles().Run(common.Files, done, [&](const std::string& file) {
         return options.CheckOnly ? CheckFile(module, common.Json, file)
-                                 : WriteFile(module, common, options.Guessing, file);
+                                 : WriteFile(module, common, options, file);
     });
 }
 
@@ -202,7 +201,6 @@ void AddParts(CLI::App& command, SidecarOptions& options) {
     options.Apply->add_option("FILE", options.Targets, Phrase("Text files with separators"))
         ->required()
         ->type_name("");
-    options.Apply->add_flag("--force", options.Force, Phrase("Replace sidecars that are there already"));
     options.Diff->add_option("OTHER", options.Other, Phrase("The other sidecar"))->required()->type_name("");
     // The parts have files of their own.
     CLI::Option* const files = command.get_option("FILE");
@@ -222,6 +220,7 @@ void AddSidecarCommand(CommandLine& line) {
                      return RunSidecarCommand(module, common, *options);
                  });
     command.add_flag("--check", options->CheckOnly, Phrase("FILE is a sidecar: say how it reads"));
+    command.add_flag("--force", options->Force, Phrase("Replace sidecars that are there already"));
     AddGuessOption(command, options->Guessing);
     AddParts(command, *options);
     AddExamples(command, {"kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <iostream>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -7,9 +8,11 @@
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/JsonReport.h"
+#include "cli/report/TextLayout.h"
 #include "host/HostSession.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
+#include "platform/framework/GuardedProcess.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
@@ -83,7 +86,10 @@ class Verification {
             RunOptions options;
             options.Cancel = &InterruptFlag();
             options.BaseTime = check.Origin().BaseTime;
-            options.OnProgress = [&progress](std::uint32_t percent) { progress.Show(percent); };
+            options.OnProgress = [&progress](std::uint32_t percent) {
+                ReportLife();
+                progress.Show(percent);
+            };
             options.Sink = &check;
             HostSession session(Module, path, std::move(options));
             result = session.Run();
@@ -99,11 +105,11 @@ class Verification {
                                       {"samples", check.Compared()},
                                       {"difference", ToJson(difference)}});
         } else if (difference == nullptr) {
-            std::cout << Phrase("{}: equal to a fresh import, {} samples compared", PrintableName(source),
-                                check.Compared())
-                      << "\n";
+            ReportStream(std::cout) << Phrase("{}: equal to a fresh import, {} samples compared", source,
+                                              check.Compared())
+                                    << "\n";
         } else {
-            std::cout << PrintableName(source) + ": " + InWords(*difference) << "\n";
+            ReportStream(std::cout) << source << ": " << InWords(*difference) << "\n";
         }
         return difference == nullptr ? ExitDone : ExitFindings;
     }
@@ -114,16 +120,44 @@ class Verification {
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
 };
+
+// As Verification::Run, where what the library makes of a damaged file can do no harm.
+int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, int patience) {
+    CatchInterrupt();
+    const GuardedResult result =
+        RunGuarded([&] { return Verification(module, common).Run(); }, std::chrono::seconds(patience));
+    const std::string& file = common.Files.front();
+    switch (result.End) {
+        case GuardedResult::Crashed:
+            return Fail(file, Phrase("the file is damaged: reading it ended with signal {}", result.Status));
+        case GuardedResult::Stalled:
+            return Fail(file,
+                        Phrase("the file is damaged: reading it took {} s of the processor and gave nothing; "
+                               "--patience allows more",
+                               patience));
+        case GuardedResult::NotStarted:
+            return Fail(file, result.Reason);
+        default:
+            return result.Status;
+    }
+}
 }  // namespace
 
 void AddVerifyCommand(CommandLine& line) {
+    constexpr int UsualPatience = 60;
+    const auto patience = std::make_shared<int>(UsualPatience);
     CLI::App& command =
         line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
-                 [](const ModuleLoader& module, const CommonOptions& common) -> int {
-                     if (common.Files.size() > 1) return Verification(module, common).Run();
+                 [patience](const ModuleLoader& module, const CommonOptions& common) -> int {
+                     if (common.Files.size() > 1) return VerifyGuarded(module, common, *patience);
                      Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
                      return ExitWrongUsage;
                  });
+    command
+        .add_option("--patience", *patience,
+                    Phrase("Processor time without progress after which the file is damaged (default: 60)"))
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1, 86'400));
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
                 Phrase("The settings are those that the file was written with, unless --set is given."));
 }

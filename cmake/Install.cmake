@@ -8,8 +8,8 @@ set(PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/kelvarin)
 
 # Relative, so that an installed tree can be moved.
 file(RELATIVE_PATH LIBRARIES_OF_BIN /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-set_target_properties(kelvarin-import PROPERTIES INSTALL_RPATH "$ORIGIN/${LIBRARIES_OF_BIN}")
-set_target_properties(csv-import csv-import-en PROPERTIES INSTALL_RPATH "$ORIGIN/../..")
+set_target_properties(kelvarin-import PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${LIBRARIES_OF_BIN}")
+set_target_properties(csv-import csv-import-en PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/../..")
 
 install(TARGETS kelvarin-import)
 install(TARGETS kelvarin-support EXPORT kelvarin-targets

@@ -15,6 +15,7 @@
 #include "host/language/Phrase.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/VisibleText.h"
 
 namespace kelvarin {
 namespace {
@@ -39,6 +40,11 @@ Value Load(const void* data) {
     Value value;
     std::memcpy(&value, data, sizeof value);
     return value;
+}
+
+std::string FirstCharacters(const std::string& text, std::size_t count) {
+    const auto isBeyond = [&](char byte) { return StartsCharacter(byte) && count-- == 0; };
+    return {text.begin(), std::find_if(text.begin(), text.end(), isBeyond)};
 }
 
 std::string ShortNumber(double value) {
@@ -98,14 +104,9 @@ std::size_t TextWidth(const std::string& text) {
 }
 
 std::string OneLine(const std::string& text, std::size_t width) {
-    std::string line;
-    std::size_t taken = 0;
-    for (const char byte : text) {
-        if (StartsCharacter(byte) && taken++ == width) return line + "…";
-        const bool isControl = static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-        line += isControl ? '?' : byte;
-    }
-    return line;
+    // What is made visible only grows, so that the rest of a long text need not be looked at.
+    const std::string shown = MakeVisible(FirstCharacters(text, width + 1));
+    return TextWidth(shown) <= width ? shown : FirstCharacters(shown, width) + "…";
 }
 
 std::string MomentInWords(const Reading& format, std::int64_t time) {

@@ -32,7 +32,7 @@ constexpr bool StartsCharacter(char byte) {
 // The number of characters, which is a text's width on a terminal but for wide scripts.
 std::size_t TextWidth(const std::string& text);
 
-// The text with "?" for line ends and other control characters, cut after `width` characters.
+// The text with line ends and other control characters made visible, cut after `width` characters.
 std::string OneLine(const std::string& text, std::size_t width);
 
 // The moment of a row; under relative time its distance from the start. Nanoseconds.

@@ -42,10 +42,10 @@ constexpr Translation Texts[] = {
     {"'{}' is neither a number of samples nor all", "'{}' ist weder eine Anzahl noch all"},
     {"'{}' is no 64-bit number of nanoseconds", "'{}' ist keine 64-Bit-Zahl von Nanosekunden"},
     // Reasons.
-    {"No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=<line> --set "
-     "ImportHeader=<0 or 1>",
-     "In Zeile {} beginnt keine Tabelle; nennen Sie ihre Zeile: --set AutoFormat=0 --set FirstLine=<Zeile> "
-     "--set ImportHeader=<0 oder 1>"},
+    {"No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=LINE --set "
+     "ImportHeader=1 or 0",
+     "In Zeile {} beginnt keine Tabelle; nennen Sie ihre Zeile: --set AutoFormat=0 --set FirstLine=ZEILE "
+     "--set ImportHeader=1 oder 0"},
     {"{} MB/s, {} s left", "{} MB/s, noch {} s"},
     // The reports.
     {"timestamp", "Zeitstempel"},
@@ -146,6 +146,13 @@ constexpr Translation Texts[] = {
      "Es gelten die Einstellungen, mit denen die Datei geschrieben wurde, außer --set ist angegeben."},
     {"verify needs an HDF5 file and the text files that it was made from",
      "verify braucht eine HDF5-Datei und die Textdateien, aus denen sie entstand"},
+    {"the file is damaged: reading it ended with signal {}",
+     "die Datei ist beschädigt: Das Lesen endete mit Signal {}"},
+    {"the file is damaged: reading it took {} s of the processor and gave nothing; --patience allows more",
+     "die Datei ist beschädigt: Das Lesen brauchte {} s des Prozessors und ergab nichts; --patience erlaubt "
+     "mehr"},
+    {"Processor time without progress after which the file is damaged (default: 60)",
+     "Rechenzeit ohne Fortschritt, nach der die Datei als beschädigt gilt (sonst: 60)"},
     {"{}: equal to a fresh import, {} samples compared",
      "{}: gleich einem neuen Import, {} Werte verglichen"},
     {"signal '{}', ", "Signal '{}', "},

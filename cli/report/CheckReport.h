@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/report/TextLayout.h"
 #include "host/check/Findings.h"
 
 namespace kelvarin::cli {
@@ -20,7 +21,7 @@ struct CheckReport {
 // What to do about a finding, with the options or the commands that do it; empty if there is nothing to do.
 std::string AdviceText(const CheckReport& report, const check::Finding& finding);
 
-void WriteCheckText(std::ostream& out, const CheckReport& report);
+void WriteCheckText(ReportStream out, const CheckReport& report);
 
 // One line.
 void WriteCheckJson(std::ostream& out, const CheckReport& report);

@@ -2,10 +2,8 @@
 
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
-#include "cli/report/TextLayout.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
-#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -22,7 +20,7 @@ std::string FaultsInWords(const check::CheckResult& result) {
     return words.empty() || cells.empty() ? words + cells : words + ", " + cells;
 }
 
-void WriteVerdict(std::ostream& out, const CheckReport& report) {
+void WriteVerdict(ReportStream out, const CheckReport& report) {
     out << ReportLabel(Phrase("verdict"));
     const auto faults = std::count_if(report.Findings.begin(), report.Findings.end(),
                                       [](const check::Finding& finding) { return finding.IsFault; });
@@ -38,10 +36,10 @@ void WriteVerdict(std::ostream& out, const CheckReport& report) {
     out << "\n";
 }
 
-void WriteFindings(std::ostream& out, const CheckReport& report) {
+void WriteFindings(ReportStream out, const CheckReport& report) {
     for (const check::Finding& finding : report.Findings) {
         out << ReportLabel(finding.IsFault ? Phrase("fault") : Phrase("note"))
-            << (finding.IsFault ? Styled(Style::Warning, finding.Text) : finding.Text) << "\n";
+            << Styled(finding.IsFault ? Style::Warning : Style::Plain, finding.Text) << "\n";
         const std::string advice = AdviceText(report, finding);
         if (!advice.empty()) out << ReportLabel("") << "-> " << advice << "\n";
     }
@@ -51,7 +49,7 @@ std::string PlaceText(const check::FilePlace& place) {
     return Phrase("line {}", place.Line) + " " + Quoted(place.Text, CellWidth);
 }
 
-void WriteColumns(std::ostream& out, const check::CheckResult& result) {
+void WriteColumns(ReportStream out, const check::CheckResult& result) {
     constexpr auto Left = TextTable::Align::Left, Right = TextTable::Align::Right;
     TextTable table({Right, Left, Left, Right, Left, Left, Right});
     std::size_t count = 0;
@@ -87,7 +85,7 @@ void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals
                   Phrase("{} to {}", SpanInWords(intervals.Shortest), SpanInWords(intervals.Longest))});
 }
 
-void WriteTime(std::ostream& out, const check::CheckResult& result) {
+void WriteTime(ReportStream out, const check::CheckResult& result) {
     const check::TimeSeries& series = *result.Series;
     if (series.Count == 0) return;
     const auto moment = [&](std::int64_t time, std::uint64_t line) {
@@ -103,7 +101,7 @@ void WriteTime(std::ostream& out, const check::CheckResult& result) {
     table.Write(out, "    ");
 }
 
-void WriteGaps(std::ostream& out, const check::CheckResult& result) {
+void WriteGaps(ReportStream out, const check::CheckResult& result) {
     const check::IntervalStatistics intervals = result.Series->Intervals();
     if (intervals.Gaps == 0 || result.Format.TimeSetting == TimeInterval) return;
     out << ReportHeading(Phrase("longest gaps")) << "\n";
@@ -117,11 +115,10 @@ void WriteGaps(std::ostream& out, const check::CheckResult& result) {
     table.Write(out, "    ");
 }
 
-void WriteRejectsNote(std::ostream& out, const CheckReport& report) {
+void WriteRejectsNote(ReportStream out, const CheckReport& report) {
     if (report.RejectsFile.empty() || !report.RejectsFailure.empty()) return;
-    const std::string name = Utf16ToUtf8(PathFromNative(report.RejectsFile));
-    out << ReportLabel(Phrase("rejects")) << Phrase("{} in {}", RowsInWords(report.RejectedRows), name)
-        << "\n";
+    out << ReportLabel(Phrase("rejects"))
+        << Phrase("{} in {}", RowsInWords(report.RejectedRows), report.RejectsFile) << "\n";
     if (report.RejectedRows == 0) return;
     out << ReportLabel("") << "-> "
         << Phrase("once mended, import it with the same settings and these: {}",
@@ -138,9 +135,9 @@ std::string AdviceText(const CheckReport& report, const check::Finding& finding)
                   head, head + 1);
 }
 
-void WriteCheckText(std::ostream& out, const CheckReport& report) {
+void WriteCheckText(ReportStream out, const CheckReport& report) {
     if (!report.Result.Begun) return;
-    out << Styled(Style::Heading, Utf16ToUtf8(PathFromNative(report.File))) << "\n";
+    out << Styled(Style::Heading, report.File) << "\n";
     WriteVerdict(out, report);
     WriteFindings(out, report);
     WriteColumns(out, report.Result);

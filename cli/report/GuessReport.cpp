@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/report/Options.h"
-#include "cli/report/TextLayout.h"
 #include "host/language/Phrase.h"
 
 namespace kelvarin::cli {
@@ -20,7 +19,7 @@ std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
 }
 }  // namespace
 
-void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess) {
+void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
     out << ReportLabel(Phrase("guess"));
     if (!guess.Failure.empty()) {
         out << Phrase("none: {}", guess.Failure) << "\n";

@@ -2,14 +2,13 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
-#include <ostream>
-#include <string>
 
+#include "cli/report/TextLayout.h"
 #include "host/guess/TimeGuess.h"
 
 namespace kelvarin::cli {
 // Some lines of a text report: how sure, what, the options, and a line for each objection.
-void WriteGuessText(std::ostream& out, const guess::TimeGuess& guess);
+void WriteGuessText(ReportStream out, const guess::TimeGuess& guess);
 
 // The value of the key "guess" of a document.
 nlohmann::ordered_json GuessToJson(const guess::TimeGuess& guess);

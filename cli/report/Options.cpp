@@ -1,19 +1,8 @@
 #include "cli/report/Options.h"
 
-#include <algorithm>
+#include "platform/framework/ShellText.h"
 
 namespace kelvarin::cli {
-std::string ShellQuoted(const std::string& word) {
-    const bool isPlain = !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '=' ||
-               c == '.';
-    });
-    if (isPlain) return word;
-    std::string quoted = "'";
-    for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-
 std::string OptionsText(const SettingList& settings) {
     std::string options;
     for (const auto& [key, value] : settings)

@@ -6,9 +6,6 @@
 #include "host/Remedy.h"
 
 namespace kelvarin::cli {
-// A word for a POSIX shell, quoted unless it holds only letters, digits and marks that no shell reads.
-std::string ShellQuoted(const std::string& word);
-
 // "--set KEY=VALUE ..."; empty without settings.
 std::string OptionsText(const SettingList& settings);
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "cli/Complaints.h"
-#include "cli/report/TextLayout.h"
 #include "contract/TimeStamp.h"
 #include "host/Reading.h"
 #include "host/Words.h"
@@ -56,7 +54,7 @@ std::string RangeText(const store::StoredSignal& signal) {
     return ShortestText(range.Lowest) + " .. " + ShortestText(range.Highest);
 }
 
-void WriteSignals(std::ostream& out, const store::StoredDevice& device) {
+void WriteSignals(ReportStream out, const store::StoredDevice& device) {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left, Align::Left, Align::Right, Align::Left, Align::Right,
                      Align::Left, Align::Right, Align::Left, Align::Left});
@@ -80,7 +78,7 @@ void WriteSignals(std::ostream& out, const store::StoredDevice& device) {
 }
 
 // The time that the samples of all signals span; all signals of a run have the same rows.
-void WriteTimeSpan(std::ostream& out, const store::StoredDevice& device, bool isRelative) {
+void WriteTimeSpan(ReportStream out, const store::StoredDevice& device, bool isRelative) {
     if (device.Signals.empty() || device.Signals.front()->Summary().Count == 0) return;
     const store::SignalSummary& summary = device.Signals.front()->Summary();
     const CTimeStamp from(summary.FirstTime);
@@ -104,7 +102,7 @@ std::string LinesText(const MessageGroup& group) {
                                : Phrase("lines {}", lines);
 }
 
-void WriteMessages(std::ostream& out, const MessageList& messages) {
+void WriteMessages(ReportStream out, const MessageList& messages) {
     if (messages.IsEmpty()) return;
     out << ReportHeading(Phrase("messages")) << "\n";
     for (const MessageGroup& group : messages.Groups()) {
@@ -115,8 +113,8 @@ void WriteMessages(std::ostream& out, const MessageList& messages) {
 }
 }  // namespace
 
-void WriteFormatText(std::ostream& out, const std::string& file, const CImportFilter& filter) {
-    out << Styled(Style::Heading, PrintableName(file)) << "\n";
+void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter) {
+    out << Styled(Style::Heading, file) << "\n";
     if (SettingsOf(filter) == nullptr) return;
     out << ReportLabel(Phrase("format")) << FormatInWords(ReadingOf(filter)) << "\n";
     out << ReportHeading(Phrase("columns")) << "\n";
@@ -135,7 +133,7 @@ void WriteFormatText(std::ostream& out, const std::string& file, const CImportFi
     }
 }
 
-void WriteRunText(std::ostream& out, const RunResult& result, const HostSession& session,
+void WriteRunText(ReportStream out, const RunResult& result, const HostSession& session,
                   const std::string& advice) {
     if (const store::StoredDevice* const device = session.Device()) {
         const std::string_view signals =

@@ -11,8 +11,9 @@ namespace {
 // A chunk of texts is then as large as one of numbers.
 constexpr std::size_t UnitsPerText = 4;
 
-// A foreign file may have chunks of any size.
+// A foreign file may have larger chunks, of which the library holds a whole one.
 constexpr hsize_t MostBlockValues = 64 << 10;
+constexpr hsize_t MostChunkBytes = 256 << 20;
 
 // Whole chunks are written past the library's cache, and blocks to read are chunks, so that none is read
 // twice.
@@ -20,6 +21,20 @@ Hdf5Handle OpenWithoutCache(hid_t group, const std::string& path) {
     const Hdf5Handle access(H5Pcreate(H5P_DATASET_ACCESS));
     Hdf5Checked(H5Pset_chunk_cache(access, 1, 0, H5D_CHUNK_CACHE_W0_DEFAULT));
     return Hdf5Handle(H5Dopen2(group, path.c_str(), access));
+}
+
+// The elements of a chunk, or those to read at a time where there are no chunks. Raises Hdf5Error for a data
+// set whose values are in other files, or whose chunks are too large for memory.
+hsize_t ChunkOf(hid_t set, const std::string& path, std::size_t width) {
+    const Hdf5Handle creation(H5Dget_create_plist(set));
+    const H5D_layout_t layout = H5Pget_layout(creation);
+    if (layout == H5D_VIRTUAL || Hdf5Checked(H5Pget_external_count(creation)) > 0)
+        throw Hdf5Error(Phrase("data set '{}' has its values in other files, which are not read", path));
+    hsize_t chunk = MostBlockValues;
+    if (layout == H5D_CHUNKED) Hdf5Checked(H5Pget_chunk(creation, 1, &chunk));
+    if (chunk > MostChunkBytes / width)
+        throw Hdf5Error(Phrase("data set '{}' has chunks too large to read", path));
+    return chunk;
 }
 
 void SetExtent(hid_t set, std::uint64_t count) {
@@ -125,7 +140,9 @@ void ColumnWriter::Finish(hid_t group, const char* name) {
 
 ColumnReader::ColumnReader(hid_t group, std::string path, hid_t type)
     : Group(group), Path(std::move(path)), Type(type), Width(H5Tget_size(type)) {
+    RequireMember(Group, Path);
     const Hdf5Handle set = OpenWithoutCache(Group, Path);
+    BlockValues = static_cast<std::size_t>(std::min(ChunkOf(set, Path, Width), MostBlockValues));
     const Hdf5Handle stored(H5Dget_type(set));
     const Hdf5Handle space(H5Dget_space(set));
     if (Hdf5Checked(H5Tequal(stored, Type)) == 0 || H5Sget_simple_extent_ndims(space) != 1)
@@ -133,10 +150,6 @@ ColumnReader::ColumnReader(hid_t group, std::string path, hid_t type)
     hsize_t count = 0;
     Hdf5Checked(H5Sget_simple_extent_dims(space, &count, nullptr));
     All = count;
-    const Hdf5Handle creation(H5Dget_create_plist(set));
-    hsize_t chunk = MostBlockValues;
-    if (H5Pget_layout(creation) == H5D_CHUNKED) Hdf5Checked(H5Pget_chunk(creation, 1, &chunk));
-    BlockValues = static_cast<std::size_t>(std::min(chunk, MostBlockValues));
 }
 
 std::span<const std::uint8_t> ColumnReader::Next(std::size_t most) {

@@ -1,6 +1,7 @@
 // Reads a file of samples along with a fresh import and compares both.
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <optional>
 #include <sstream>
 
@@ -193,6 +194,7 @@ class DeviceCheck final : public store::SampleCheck {
     }
 
     void TakeTime(std::int64_t time) override {
+        ReportLife();
         State.Try([&] {
             std::int64_t stored = 0;
             const std::span<const std::uint8_t> bytes = Times.Next(1);
@@ -300,6 +302,10 @@ std::unique_ptr<kelvarin::store::SampleArchive> kelvarin::store::OpenSampleFile(
                                                                                 std::string& complaint) {
     std::unique_ptr<SampleArchive> archive;
     complaint = hdf5::FailureOf([&] {
+        // A pipe would be waited for, and a device might not end.
+        std::error_code ignored;
+        if (std::filesystem::exists(path, ignored) && !std::filesystem::is_regular_file(path, ignored))
+            throw hdf5::Hdf5Error(Phrase("not a regular file"));
         hdf5::BeginHdf5();
         archive = std::make_unique<hdf5::Hdf5Archive>(path);
     });

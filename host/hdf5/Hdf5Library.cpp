@@ -75,6 +75,7 @@ Hdf5Handle MakeFileAccess() {
 void BeginHdf5() {
     H5dont_atexit();
     Hdf5Checked(H5open());
+    Hdf5Checked(H5PLset_loading_state(0));
     // Without this it would keep what it frees for the next data set of the kind.
     constexpr int Most = 1 << 20;
     constexpr int MostOfAKind = 1 << 16;
@@ -90,7 +91,15 @@ Hdf5Handle MakeGroup(hid_t parent, const std::string& name) {
     return Hdf5Handle(H5Gcreate2(parent, name.c_str(), link, creation, H5P_DEFAULT));
 }
 
+void RequireMember(hid_t group, const std::string& path) {
+    H5L_info_t link;
+    Hdf5Checked(H5Lget_info(group, path.c_str(), &link, H5P_DEFAULT));
+    if (link.type != H5L_TYPE_HARD)
+        throw Hdf5Error(Phrase("'{}' is a link by name, which is not followed", path));
+}
+
 Hdf5Handle OpenGroup(hid_t parent, const std::string& name) {
+    RequireMember(parent, name);
     return Hdf5Handle(H5Gopen2(parent, name.c_str(), H5P_DEFAULT));
 }
 

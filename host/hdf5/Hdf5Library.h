@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/framework/GuardedProcess.h"
+
 namespace kelvarin::hdf5 {
 // A call of the library failed. The text is a clause for people. All functions here raise it.
 class Hdf5Error : public std::runtime_error {
@@ -23,6 +25,7 @@ class Hdf5Error : public std::runtime_error {
 // The result of a call, unless it is a failure.
 template <class Result>
 Result Hdf5Checked(Result result) {
+    ReportLife();
     if (result < 0) RaiseHdf5Error();
     return result;
 }
@@ -49,8 +52,8 @@ struct FailureGuard {
     }
 };
 
-// From now on the library prints nothing and does nothing at the end of the program: after a failed write it
-// would try again and again.
+// From now on the library prints nothing, loads no filters of others, and does nothing at the end of the
+// program: after a failed write it would try again and again.
 void BeginHdf5();
 
 // Owns an identifier of any kind.
@@ -81,6 +84,11 @@ Hdf5Handle MakeFileAccess();
 
 // A new group whose members are listed in the order of their making.
 Hdf5Handle MakeGroup(hid_t parent, const std::string& name);
+
+// Raises Hdf5Error if a member is a link by name, which may lead into any other file.
+void RequireMember(hid_t group, const std::string& path);
+
+// A member that is a group.
 Hdf5Handle OpenGroup(hid_t parent, const std::string& name);
 
 // The members of a group in the order of their making.

@@ -26,6 +26,13 @@ constexpr Translation Texts[] = {
     {"its format is of version {}, known is {}", "ihr Format hat die Version {}, bekannt ist {}"},
     {"its data sets are of different lengths", "ihre Datensätze sind verschieden lang"},
     {"data set '{}' is of another type", "der Datensatz '{}' hat einen anderen Typ"},
+    {"data set '{}' has its values in other files, which are not read",
+     "der Datensatz '{}' hat seine Werte in anderen Dateien, die nicht gelesen werden"},
+    {"data set '{}' has chunks too large to read",
+     "der Datensatz '{}' hat zu große Stücke, um gelesen zu werden"},
+    {"'{}' is a link by name, which is not followed",
+     "'{}' ist ein Verweis durch einen Namen, dem nicht gefolgt wird"},
+    {"not a regular file", "keine gewöhnliche Datei"},
     {"attribute '{}' is of another type", "das Attribut '{}' hat einen anderen Typ"},
 };
 }  // namespace

@@ -1,6 +1,7 @@
 #include "host/sidecar/Sidecars.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "contract/TimeReader.h"
 #include "host/SettingText.h"
@@ -15,17 +16,6 @@ constexpr std::u16string_view Ending = u".info";
 
 std::string NoSidecars() {
     return Phrase("this module has no sidecars");
-}
-
-// Lets a filter of the source write its sidecar; empty, or why it was not written.
-std::string Write(const ModuleLoader& module, const std::u16string& source,
-                  bool (ISidecarTool::*write)(std::string&)) {
-    const auto filter = module.MakeFilter(source);
-    ISidecarTool* const tool = filter->Find<ISidecarTool>();
-    if (tool == nullptr) return NoSidecars();
-    std::string reason;
-    (tool->*write)(reason);
-    return reason;
 }
 
 // The column of an element, from 0.
@@ -52,15 +42,25 @@ std::string ComplaintOf(const SidecarCheck& check) {
                   Utf16ToUtf8(check.Revision));
 }
 
+bool HasSidecar(const std::u16string& source) {
+    std::error_code ignored;
+    const std::filesystem::path sidecar = PathForStream(source + std::u16string(Ending));
+    return std::filesystem::exists(std::filesystem::symlink_status(sidecar, ignored));
+}
+
 std::string WriteSidecar(const ModuleLoader& module, const std::u16string& source) {
-    return Write(module, source, &ISidecarTool::WriteSidecar);
+    const auto filter = module.MakeFilter(source);
+    ISidecarTool* const tool = filter->Find<ISidecarTool>();
+    if (tool == nullptr) return NoSidecars();
+    std::string reason;
+    tool->WriteSidecar(reason);
+    return reason;
 }
 
 std::string SaveSidecar(const ModuleLoader& module, const std::u16string& source) {
-    const std::u16string sidecar = source + std::u16string(Ending);
-    if (CheckSidecar(module, sidecar).Errors >= 0)
-        return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(sidecar)));
-    return Write(module, source, &ISidecarTool::SaveSidecar);
+    if (!HasSidecar(source)) return WriteSidecar(module, source);
+    return Phrase("{} exists already and stays as it is",
+                  Utf16ToUtf8(PathStripPath(source) + std::u16string(Ending)));
 }
 
 SidecarFit::SidecarFit(const ModuleLoader& module, const std::u16string& sidecar)

@@ -14,12 +14,14 @@ SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& side
 // Empty, or what is wrong with a sidecar.
 std::string ComplaintOf(const SidecarCheck& check);
 
-// Writes the sidecar of a source file from the profile, in place of one that exists. Empty, or why it was not
-// written.
+// True if there is anything at the path of a source file's sidecar.
+bool HasSidecar(const std::u16string& source);
+
+// Writes the sidecar of a source file from the profile, in place of one that exists. An import under it reads
+// the same lines as one under the profile. Empty, or why it was not written.
 std::string WriteSidecar(const ModuleLoader& module, const std::u16string& source);
 
-// Writes the sidecar of a source file such that an import under it reads the same lines as one now. Empty, or
-// why it was not written; one that exists is such a reason.
+// As WriteSidecar, but one that exists is a reason not to.
 std::string SaveSidecar(const ModuleLoader& module, const std::u16string& source);
 
 // Whether a sidecar made for one file says right how to read another.

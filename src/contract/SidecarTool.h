@@ -24,18 +24,15 @@ struct SidecarCheck {
 
 class ISidecarTool {
   public:
-    static constexpr const char* Id = "kelvarin.SidecarTool/1";
+    static constexpr const char* Id = "kelvarin.SidecarTool/2";
 
     virtual ~ISidecarTool() = default;
 
-    // Writes the sidecar of the filter's file from the profile and the detected format; one that exists is
-    // replaced, and only what no setting knows is kept of it. False, with the reason, if the file can't be
-    // read or the sidecar not be written.
+    // Writes the sidecar of the filter's file from the profile and the detected format, such that an import
+    // under it reads the same lines as one under those. One that exists is replaced, and only what no setting
+    // knows is kept of it. False, with the reason, if the file can't be read, a setting can't be said in a
+    // sidecar, or the sidecar can't be written.
     virtual bool WriteSidecar(std::string& reason) = 0;
-
-    // Writes a sidecar where there is none, such that the next import reads the same lines as one now. False,
-    // with the reason, also if there is one already.
-    virtual bool SaveSidecar(std::string& reason) = 0;
 
     // Reads the sidecar at this path, whatever file it belongs to.
     virtual SidecarCheck CheckSidecar(const char16_t* sidecarPath) = 0;

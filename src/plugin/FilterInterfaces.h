@@ -28,7 +28,6 @@ class CFilterInterfaces final : public ISettingsView,
 
     // --- SidecarTool.cpp ---
     bool WriteSidecar(std::string& reason) override;
-    bool SaveSidecar(std::string& reason) override;
     SidecarCheck CheckSidecar(const char16_t* sidecarPath) override;
 
     // --- TableReader.cpp ---

@@ -2,7 +2,6 @@
 
 #include "contract/StdioFileEx.h"
 #include "contract/XmlString.h"
-#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
 #include "settings/CsvImportSettings.h"
@@ -51,20 +50,14 @@ bool CFilterInterfaces::WriteSidecar(std::string& reason) {
     CCsvInfoFile file(Owner.FilePath);
     file.Read();  // for what only the file knows
     file.TakeFromSettings(settings);
-    return file.Replace(reason);
-}
-
-bool CFilterInterfaces::SaveSidecar(std::string& reason) {
-    CCsvImportSettings settings;
-    if (!DetectFormatOf(Owner.FilePath, settings, reason)) return false;
-    CCsvInfoFile file(Owner.FilePath);
-    if (file.Read() >= 0) {
-        reason = Utf16ToUtf8(PathStripPath(file.GetPath())) + " exists already and stays as it is";
-        return false;
-    }
-    file.TakeFromSettings(settings);
     // What is read is one line below what is written, with a header or without.
     file.StartLine = settings.GetFirstLine() - 1;
+    CCsvImportSettings next = settings;
+    file.ApplyToSettings(next);
+    if (next.GetSeparatorChar() != settings.GetSeparatorChar()) {
+        reason = "no sidecar can say this separator: it would be read as another";
+        return false;
+    }
     return file.Replace(reason);
 }
 

@@ -27,7 +27,7 @@ class CCsvInfoFile {
     // written.
     int Write() const;
 
-    // As Write, but false, with the reason, if the file can't be written.
+    // As Write, but false, with the reason, if the file can't be written or can't hold a value.
     bool Replace(std::string& reason) const;
 
     // Takes the values over from a record, or hands them to one without checking them.

@@ -1,4 +1,7 @@
 // From the fields to a sidecar of revision 2.
+#include <algorithm>
+#include <iterator>
+
 #include "contract/XmlString.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
@@ -29,6 +32,18 @@ struct ContentWriter {
     bool WriteType(const char16_t* type) const { return Xml.WriteStringAttribute("xsi:type", type); }
 };
 
+// The first element that doesn't read back as it was written, such as a character that XML can't hold; null
+// if all do.
+const InfoFileElement* FindLost(const CCsvInfoFile& file, const CCsvInfoFile& back) {
+    const auto isLost = [&](const InfoFileElement& element) {
+        const bool isWritten = element.IsWritten == nullptr || element.IsWritten(file);
+        const auto differs = [&](auto field) { return file.*field != back.*field; };
+        return isWritten && std::visit(differs, element.Field);
+    };
+    const auto found = std::find_if(std::begin(InfoFileElements), std::end(InfoFileElements), isLost);
+    return found == std::end(InfoFileElements) ? nullptr : found;
+}
+
 std::string MakeXml(const CCsvInfoFile& file) {
     DM::XmlString xml(true);
     xml.WriteOpeningTag("CSV-INFO", true);
@@ -47,8 +62,16 @@ std::string MakeXml(const CCsvInfoFile& file) {
 }  // namespace
 
 bool CCsvInfoFile::Replace(std::string& reason) const {
+    const std::string text = MakeXml(*this);
+    CCsvInfoFile back{std::u16string()};
+    DM::XmlString xml(text, true);
+    back.ReadElements(xml);
+    if (const InfoFileElement* const lost = FindLost(*this, back)) {
+        reason = std::string("no XML can hold the value of ") + lost->Name;
+        return false;
+    }
     try {
-        ReplaceFile(Path, MakeXml(*this));
+        ReplaceFile(Path, text);
         return true;
     } catch (CFileException* error) {
         reason = Utf16ToUtf8(DescribeFileError(*error));

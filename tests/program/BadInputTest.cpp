@@ -42,8 +42,8 @@ TEST(BadFile, IsNamedWithTheReasonAndTheOthersGoOn) {
         "kelvarin-import: binary.csv: looks like a binary file (NUL byte in line 1)\n"
         "kelvarin-import: gap.csv: Die Quelldatei ist keine gültige CSV-Datei entsprechend den eingestellten "
         "Formatvorgaben. No table was found at line 2; name its line: --set AutoFormat=0 --set "
-        "FirstLine=<line> "
-        "--set ImportHeader=<0 or 1>\n");
+        "FirstLine=LINE "
+        "--set ImportHeader=1 or 0\n");
     EXPECT_NE(result.Out.find("good.csv\n"), std::string::npos) << result.Out;
 }
 

@@ -32,5 +32,6 @@ std::u16string FolderOfCode(const void* address);
 // its HINSTANCE. Null if that can't be told.
 const void* ImageOfCode(const void* address);
 
-// The folder of the program that runs, without a separator at its end.
+// The folder of the program that runs, without a separator at its end. Where that can't be told it is the
+// root folder, an empty text, and never the current one, where others may put files.
 std::u16string ProgramFolder();

@@ -1,8 +1,13 @@
 #include "platform/framework/SharedLibrary.h"
 
 #include <dlfcn.h>
+#include <sys/auxv.h>
 #include <unistd.h>
 
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <vector>
 
 #include "platform/framework/Path.h"
@@ -29,7 +34,8 @@ std::u16string FolderOfCode(const void* address) {
     Dl_info place{};
     if (dladdr(address, &place) == 0 || place.dli_fname == nullptr) return ProgramFolder();
     const std::u16string folder = PathFolder(PathFromNative(place.dli_fname));
-    return folder.empty() ? ProgramFolder() : folder;  // the program itself may stand without one
+    // The program itself goes by the name that it was given, which may be none of a file.
+    return folder.starts_with(u'/') ? folder : ProgramFolder();
 }
 
 const void* ImageOfCode(const void* address) {
@@ -38,8 +44,14 @@ const void* ImageOfCode(const void* address) {
 }
 
 std::u16string ProgramFolder() {
-    std::vector<char> path(4096);
-    const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
-    if (length <= 0) return u".";
+    std::vector<char> path(PATH_MAX + 1);
+    ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
+    if (length <= 0) {
+        // Where /proc is missing, the path that the program was started by, which the kernel hands on.
+        const auto started = static_cast<std::uintptr_t>(getauxval(AT_EXECFN));
+        if (started == 0 || realpath(reinterpret_cast<const char*>(started), path.data()) == nullptr)
+            return {};
+        length = static_cast<ssize_t>(std::strlen(path.data()));
+    }
     return PathFolder(PathFromNative({path.data(), static_cast<std::size_t>(length)}));
 }
