@@ -81,10 +81,9 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Re
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
         }
-        if (check::IsSameFile(PathFromNative(files.front()), PathFromNative(options.File))) {
-            Complain(Phrase("--rejects would overwrite the file itself"));
-            return ExitWrongUsage;
-        }
+        const std::string& file = files.front();
+        const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.File});
+        if (refusal != ExitDone) return refusal;
     }
     return many.Run(common.Files, Phrase("checked"),
                     [&](const std::string& file) { return CheckFile(module, common, options, file); });

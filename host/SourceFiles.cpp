@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bitset>
 #include <filesystem>
+#include <map>
 
 #include "contract/StdioFileEx.h"
 #include "host/Words.h"
@@ -131,6 +132,25 @@ FileList ListFiles(const std::vector<std::string>& arguments, bool recursive) {
         list.Files.insert(list.Files.end(), found.begin(), found.end());
     }
     return list;
+}
+
+Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::vector<std::string>& outputs) {
+    std::map<FileIdentity, std::string> read;
+    for (const std::string& input : inputs) {
+        if (const auto identity = IdentityOf(PathFromNative(input))) read.emplace(*identity, input);
+    }
+    for (const std::string& output : outputs) {
+        const auto identity = IdentityOf(PathFromNative(output));
+        const auto found = identity ? read.find(*identity) : read.end();
+        if (found != read.end()) return {output, found->second};
+    }
+    return {};
+}
+
+std::vector<std::string> SidecarsOf(const std::vector<std::string>& files) {
+    std::vector<std::string> sidecars = files;
+    for (std::string& path : sidecars) path += ".info";
+    return sidecars;
 }
 
 std::string WhyUnreadable(const std::u16string& path) {

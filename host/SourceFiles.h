@@ -15,6 +15,16 @@ struct FileList {
 // is listed as it is. Names are bytes as the system has them, on Windows UTF-8.
 FileList ListFiles(const std::vector<std::string>& arguments, bool recursive);
 
+// An output of a command that is one of its inputs, by whatever links.
+struct Overwriting {
+    std::string Output;
+    std::string Input;  // empty, as the output: there is none
+};
+Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::vector<std::string>& outputs);
+
+// The sidecars of files: theirs are the paths with ".info" added.
+std::vector<std::string> SidecarsOf(const std::vector<std::string>& files);
+
 // True if the name fits a pattern of * (any text) and ? (one character). Letters of ASCII in any case.
 bool MatchesPattern(const std::string& name, const std::string& pattern);
 

@@ -1,6 +1,6 @@
 // From the fields to a sidecar of revision 2.
 #include "contract/XmlString.h"
-#include "platform/framework/File.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 #include "settings/InfoFileElements.h"
 
