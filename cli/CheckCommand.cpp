@@ -7,7 +7,6 @@
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
-#include "host/SourceFiles.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
 #include "host/language/Phrase.h"
@@ -23,10 +22,9 @@ struct RejectsOptions {
 };
 
 // Empty, or why the file could not be checked.
-std::string WhyFailed(const std::u16string& path, const check::CheckResult& result) {
+std::string WhyFailed(const check::CheckResult& result) {
     if (!result.Failed) return {};
-    const std::string reason = WhyUnreadable(path);
-    if (!reason.empty()) return reason;
+    if (!result.WhyUnreadable.empty()) return result.WhyUnreadable;
     const std::string failure = Utf16ToUtf8(result.Failure);
     if (result.Begun) return failure;
     const Reading& table = result.Format;
@@ -65,7 +63,7 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
         report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected);
     }
     (common.Json ? WriteCheckJson : WriteCheckText)(std::cout, report);
-    const std::string reason = WhyFailed(path, result);
+    const std::string reason = WhyFailed(result);
     if (!reason.empty()) ComplainAbout(file, reason);
     if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);
     if (result.Interrupted) return ExitInterrupted;

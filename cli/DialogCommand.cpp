@@ -30,7 +30,7 @@ int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream
     Json document = {{"result", result}};
     AddSettings(document, session.Filter());
     WriteDocument(std::cout, document);
-    return result != 0 ? int{ExitDone} : Fail(file, WhyUnreadable(PathFromNative(file)));
+    return result != 0 ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), PathFromNative(file)));
 }
 
 // `scriptPath` is empty, a file, or - for standard input.

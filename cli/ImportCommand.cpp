@@ -56,7 +56,7 @@ bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
 // Empty, or why the file counts as failed.
 std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
     if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
-    const std::string reason = WhyUnreadable(path);
+    const std::string reason = WhyUnreadable(session.Filter(), path);
     if (!result.Failed || !reason.empty()) return reason;
     if (SettingsOf(session.Filter()) == nullptr) return result.Failure;
     // The file can be read, so it is the place of the table that is wrong.

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 
+#include "contract/SettingsView.h"
 #include "contract/StdioFileEx.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
@@ -165,5 +166,11 @@ std::string WhyUnreadable(const std::u16string& path) {
         failure->Delete();
         return reason;
     }
+}
+
+std::string WhyUnreadable(const CImportFilter& filter, const std::u16string& path) {
+    const ISettingsView* const view = filter.Find<ISettingsView>();
+    const bool isKnown = view != nullptr && !view->GetFileFailure().empty();
+    return isKnown ? Utf16ToUtf8(view->GetFileFailure()) : WhyUnreadable(path);
 }
 }  // namespace kelvarin

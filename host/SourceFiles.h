@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "contract/ImportFilter.h"
+
 namespace kelvarin {
 struct FileList {
     std::vector<std::string> Files;  // in the order of the arguments, those of a folder or pattern sorted
@@ -31,4 +33,7 @@ bool MatchesPattern(const std::string& name, const std::string& pattern);
 // Why a file gave no signals: the system's reason if it can't be opened or read, that it is empty, or that
 // NUL bytes make it hardly a text. One clause in UTF-8, empty if none of that is so.
 std::string WhyUnreadable(const std::u16string& path);
+
+// The same, but first what the filter of the file met itself: the cause may be gone since.
+std::string WhyUnreadable(const CImportFilter& filter, const std::u16string& path);
 }  // namespace kelvarin
