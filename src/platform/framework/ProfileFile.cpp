@@ -90,15 +90,15 @@ class FileProfile : public ProfileStore {
     bool StoreWaiting() {
         const std::vector<ProfileEntry> entries = std::move(Waiting);
         Waiting.clear();
-        Failure.clear();
         if (entries.empty()) return true;
         try {
             LockAndStore(entries);
+            return true;
         } catch (CFileException* failure) {
-            Failure = DescribeFileError(*failure);
+            if (Failure.empty()) Failure = DescribeFileError(*failure);
             failure->Delete();
+            return false;
         }
-        return Failure.empty();
     }
 
     void LockAndStore(const std::vector<ProfileEntry>& entries) const {

@@ -27,12 +27,12 @@ class ProfileStore {
                             const ProfileBlock& value) = 0;
 
     // What is written between these two is stored in one step by EndWrites, which returns whether that was
-    // done. They may be nested; the outermost pair counts. A store that has no such step stores each value
-    // as it is written.
+    // done; until then the old values are read. They may be nested; the outermost pair counts. A store that
+    // has no such step stores each value as it is written.
     virtual void BeginWrites() {}
     virtual bool EndWrites() { return true; }
 
-    // Why the last write was refused, as the operating system says it, for people; empty if it wasn't.
+    // Why a write failed, the first that did: in the system's words; empty if none has failed.
     virtual std::u16string WriteFailure() const { return {}; }
 };
 
