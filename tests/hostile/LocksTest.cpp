@@ -45,7 +45,7 @@ TEST(HostileLocks, OfAProfileAreWaitedForWithAnEnd) {
         GetFileCalls().Pause = [] { ++pauses; };
         EXPECT_FALSE(store->WriteInt(u"A", u"Key", 2));
     }
-    EXPECT_EQ(pauses, 100);
+    EXPECT_GT(pauses, 0) << "it is waited for";
     EXPECT_EQ(store->WriteFailure(), u"in use by another program");
     EXPECT_EQ(folder.Read("profile.ini"), "[A]\nKey=1\n");
     EXPECT_TRUE(store->WriteInt(u"A", u"Key", 2)) << "it was let go";

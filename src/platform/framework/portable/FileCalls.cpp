@@ -11,8 +11,9 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds PauseOfLock(50);
-constexpr int MostPauses = 100;
+// Short, since a holder that takes the lock again and again leaves it free for moments only.
+constexpr std::chrono::milliseconds PauseOfLock(2);
+constexpr int MostPauses = 2500;
 
 }  // namespace
 

@@ -28,7 +28,7 @@ struct FileCalls {
     int (*Sync)(int descriptor);
     int (*Rename)(const char* from, const char* to);
     int (*Remove)(const char* path);
-    void (*Pause)();  // some hundredths of a second, between two attempts at a lock
+    void (*Pause)();  // some thousandths of a second, between two attempts at a lock
 };
 
 // The calls in force, at first the system's own. They may change while no file is in use.

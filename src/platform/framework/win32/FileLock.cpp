@@ -5,18 +5,19 @@
 
 namespace {
 
-constexpr DWORD PauseOfLock = 50;  // milliseconds
-constexpr int MostPauses = 100;
+// Milliseconds.
+constexpr DWORD PauseOfLock = 2;
+constexpr ULONGLONG LongestWait = 5000;
 
 // False, with the last error set, if another holder keeps it too long.
 bool LockInTime(HANDLE handle) {
-    for (int pauses = 0;; ++pauses) {
+    for (const ULONGLONG begin = GetTickCount64();;) {
         OVERLAPPED place{};
         if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
             return true;
         // A file system without locks can't tell another holder; that is no reason to refuse the file.
         if (GetLastError() != ERROR_LOCK_VIOLATION && GetLastError() != ERROR_IO_PENDING) return true;
-        if (pauses == MostPauses) return false;
+        if (GetTickCount64() - begin > LongestWait) return false;
         Sleep(PauseOfLock);
     }
 }
