@@ -41,10 +41,10 @@ class ReplacingFile {
     void Finish();
 
   private:
-    struct Parts;
+    struct Replacement;
 
     const std::u16string Path;  // as given
-    std::unique_ptr<Parts> Its;
+    std::unique_ptr<Replacement> Pending;
 };
 
 // Replaces the file at `path` by one with these bytes. Raises CFileException.

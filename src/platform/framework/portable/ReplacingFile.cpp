@@ -124,8 +124,8 @@ bool CopyContent(int from, int to) {
 
 }  // namespace
 
-struct ReplacingFile::Parts {
-    ~Parts() {
+struct ReplacingFile::Replacement {
+    ~Replacement() {
         if (Old >= 0) GetFileCalls().Close(Old);
     }
 
@@ -141,7 +141,7 @@ struct ReplacingFile::Parts {
 };
 
 // Whoever may not write the file may not replace it either, though its folder would allow that.
-int ReplacingFile::Parts::Open(const std::string& path) {
+int ReplacingFile::Replacement::Open(const std::string& path) {
     Target = FollowLinks(path);
     constexpr int Flags = O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     const FileCalls& calls = GetFileCalls();
@@ -151,13 +151,13 @@ int ReplacingFile::Parts::Open(const std::string& path) {
     return Uninterrupted([&] { return calls.Status(Old, &status); }) == 0 ? RefusalOfKind(status) : errno;
 }
 
-int ReplacingFile::Parts::MakeNew(Writers writers) {
+int ReplacingFile::Replacement::MakeNew(Writers writers) {
     IsBeside = New.MakeBeside(Target);
     if (IsBeside) return writers == Writers::One && New.HasOthersBeside(Target) ? EWOULDBLOCK : 0;
     return Old >= 0 && IsRefusal(errno) && New.MakeNameless() ? 0 : errno;
 }
 
-int ReplacingFile::Parts::Finish() {
+int ReplacingFile::Replacement::Finish() {
     const int content = New.GetDescriptor();
     if (!Sync(content)) return errno;
     if (Old < 0) {
@@ -172,23 +172,23 @@ int ReplacingFile::Parts::Finish() {
 }
 
 ReplacingFile::ReplacingFile(const std::u16string& path, Writers writers)
-    : Path(path), Its(std::make_unique<Parts>()) {
-    int refusal = Its->Open(PathToNative(path));
-    if (refusal == 0) refusal = Its->MakeNew(writers);
+    : Path(path), Pending(std::make_unique<Replacement>()) {
+    int refusal = Pending->Open(PathToNative(path));
+    if (refusal == 0) refusal = Pending->MakeNew(writers);
     if (refusal != 0) RaiseFileError(refusal, Path);
 }
 
 ReplacingFile::~ReplacingFile() = default;
 
 void ReplacingFile::Write(const void* data, std::size_t size) {
-    if (!WriteAll(Its->New.GetDescriptor(), static_cast<const char*>(data), size))
+    if (!WriteAll(Pending->New.GetDescriptor(), static_cast<const char*>(data), size))
         RaiseFileError(errno, Path);
 }
 
 std::string ReplacingFile::PathForLibrary() const {
-    return "/proc/self/fd/" + std::to_string(Its->New.GetDescriptor());
+    return "/proc/self/fd/" + std::to_string(Pending->New.GetDescriptor());
 }
 
 void ReplacingFile::Finish() {
-    if (const int refusal = Its->Finish(); refusal != 0) RaiseFileError(refusal, Path);
+    if (const int refusal = Pending->Finish(); refusal != 0) RaiseFileError(refusal, Path);
 }

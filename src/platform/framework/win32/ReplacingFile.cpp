@@ -91,8 +91,8 @@ DWORD TakeOver(const std::u16string& from, const std::u16string& to) {
 
 }  // namespace
 
-struct ReplacingFile::Parts {
-    ~Parts() {
+struct ReplacingFile::Replacement {
+    ~Replacement() {
         for (const HANDLE file : {Old, New}) {
             if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
         }
@@ -113,7 +113,7 @@ struct ReplacingFile::Parts {
 };
 
 // Whoever may not write the file may not replace it either, though its folder would allow that.
-DWORD ReplacingFile::Parts::Open(const std::u16string& path) {
+DWORD ReplacingFile::Replacement::Open(const std::u16string& path) {
     Target = path;
     Old = CreateFileW(W(ApiPath(path)), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING,
                       FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -124,14 +124,14 @@ DWORD ReplacingFile::Parts::Open(const std::u16string& path) {
     return ERROR_SUCCESS;
 }
 
-DWORD ReplacingFile::Parts::MakeNewAt(const std::u16string& path) {
+DWORD ReplacingFile::Replacement::MakeNewAt(const std::u16string& path) {
     NewPath = path;
     New = CreateFileW(W(ApiPath(path)), GENERIC_READ | GENERIC_WRITE | DELETE, ShareAll, nullptr, CREATE_NEW,
                       FILE_ATTRIBUTE_NORMAL, nullptr);
     return New == INVALID_HANDLE_VALUE ? GetLastError() : RemoveWithHandle(New, true);
 }
 
-DWORD ReplacingFile::Parts::MakeNew(Writers writers) {
+DWORD ReplacingFile::Replacement::MakeNew(Writers writers) {
     if (writers == Writers::One && HasOthers()) return ERROR_SHARING_VIOLATION;
     const DWORD refusal = MakeNewAt(Target + std::u16string(Mark) + NewEnding());
     IsBeside = refusal == ERROR_SUCCESS;
@@ -143,7 +143,7 @@ DWORD ReplacingFile::Parts::MakeNew(Writers writers) {
 }
 
 // The system removes such files with the process that made them, so that each is of a living one.
-bool ReplacingFile::Parts::HasOthers() const {
+bool ReplacingFile::Replacement::HasOthers() const {
     WIN32_FIND_DATAW found{};
     const HANDLE search = FindFirstFileW(W(ApiPath(Target + std::u16string(Mark) + u"*")), &found);
     if (search == INVALID_HANDLE_VALUE) return false;
@@ -151,7 +151,7 @@ bool ReplacingFile::Parts::HasOthers() const {
     return true;
 }
 
-DWORD ReplacingFile::Parts::Finish() {
+DWORD ReplacingFile::Replacement::Finish() {
     if (!FlushFileBuffers(New)) return GetLastError();
     const bool isNew = Old == INVALID_HANDLE_VALUE;
     DWORD failure = RemoveWithHandle(New, !IsBeside);
@@ -161,7 +161,7 @@ DWORD ReplacingFile::Parts::Finish() {
         return failure;
     }
     if (failure == ERROR_SUCCESS) {
-        // Its own handle would keep the old file from being replaced.
+        // Pending own handle would keep the old file from being replaced.
         if (!isNew) CloseHandle(Old);
         Old = INVALID_HANDLE_VALUE;
         // One step, unlike ReplaceFileW, which can fail between its two renames.
@@ -173,23 +173,23 @@ DWORD ReplacingFile::Parts::Finish() {
 }
 
 ReplacingFile::ReplacingFile(const std::u16string& path, Writers writers)
-    : Path(path), Its(std::make_unique<Parts>()) {
-    DWORD refusal = Its->Open(path);
-    if (refusal == ERROR_SUCCESS) refusal = Its->MakeNew(writers);
+    : Path(path), Pending(std::make_unique<Replacement>()) {
+    DWORD refusal = Pending->Open(path);
+    if (refusal == ERROR_SUCCESS) refusal = Pending->MakeNew(writers);
     if (refusal != ERROR_SUCCESS) RaiseFileError(refusal, Path);
 }
 
 ReplacingFile::~ReplacingFile() = default;
 
 void ReplacingFile::Write(const void* data, std::size_t size) {
-    const DWORD failure = WriteAll(Its->New, static_cast<const char*>(data), size);
+    const DWORD failure = WriteAll(Pending->New, static_cast<const char*>(data), size);
     if (failure != ERROR_SUCCESS) RaiseFileError(failure, Path);
 }
 
 std::string ReplacingFile::PathForLibrary() const {
-    return PathToNative(Its->NewPath);
+    return PathToNative(Pending->NewPath);
 }
 
 void ReplacingFile::Finish() {
-    if (const DWORD failure = Its->Finish(); failure != ERROR_SUCCESS) RaiseFileError(failure, Path);
+    if (const DWORD failure = Pending->Finish(); failure != ERROR_SUCCESS) RaiseFileError(failure, Path);
 }
