@@ -26,7 +26,7 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const g
         WriteFormatText(std::cout, file, session.Filter());
         if (guessed.Guess() != nullptr) WriteGuessText(std::cout, *guessed.Guess());
     }
-    return analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(path));
+    return analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));
 }
 }  // namespace
 

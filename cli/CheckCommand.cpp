@@ -7,7 +7,6 @@
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
-#include "host/SourceFiles.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
 #include "host/language/Phrase.h"
@@ -23,10 +22,9 @@ struct RejectsOptions {
 };
 
 // Empty, or why the file could not be checked.
-std::string WhyFailed(const std::u16string& path, const check::CheckResult& result) {
+std::string WhyFailed(const check::CheckResult& result) {
     if (!result.Failed) return {};
-    const std::string reason = WhyUnreadable(path);
-    if (!reason.empty()) return reason;
+    if (!result.WhyUnreadable.empty()) return result.WhyUnreadable;
     const std::string failure = Utf16ToUtf8(result.Failure);
     if (result.Begun) return failure;
     const Reading& table = result.Format;
@@ -69,7 +67,7 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
     } else {
         WriteCheckText(std::cout, report);
     }
-    const std::string reason = WhyFailed(path, result);
+    const std::string reason = WhyFailed(result);
     if (!reason.empty()) ComplainAbout(file, reason);
     if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);
     if (result.Interrupted) return ExitInterrupted;
@@ -85,10 +83,9 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Re
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
         }
-        if (check::IsSameFile(PathFromNative(files.front()), PathFromNative(options.File))) {
-            Complain(Phrase("--rejects would overwrite the file itself"));
-            return ExitWrongUsage;
-        }
+        const std::string& file = files.front();
+        const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.File});
+        if (refusal != ExitDone) return refusal;
     }
     return many.Run(common.Files, Phrase("checked"),
                     [&](const std::string& file) { return CheckFile(module, common, options, file); });

@@ -4,6 +4,7 @@
 
 #include "cli/Complaints.h"
 #include "contract/SupportFunctions.h"
+#include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Language.h"
 
@@ -33,6 +34,25 @@ std::string ReasonOf(const CLI::ParseError& error) {
         return Phrase("The following argument was not expected: {}", text.substr(Unexpected.size()));
     return text;
 }
+
+// Refuses "--name=", for which the parser would take the next argument.
+void RefuseEmptyValues(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments) {
+        if (argument == "--") return;
+        if (argument.starts_with("-") && argument.find('=') == argument.size() - 1)
+            RefuseOption(argument.substr(0, argument.size() - 1), Phrase("needs a value"));
+    }
+}
+
+// Refuses "--name ''".
+void RefuseEmptyValues(const CLI::App& command) {
+    for (const CLI::Option* option : command.get_options()) {
+        const std::vector<std::string>& values = option->results();
+        const bool takesValues = !option->get_positional() && option->get_items_expected_max() > 0;
+        if (takesValues && std::find(values.begin(), values.end(), "") != values.end())
+            RefuseOption(option->get_name(), Phrase("needs a value"));
+    }
+}
 }  // namespace
 
 std::string WantedLanguage(const std::vector<std::string>& arguments) {
@@ -48,6 +68,17 @@ std::string WantedLanguage(const std::vector<std::string>& arguments) {
 
 void RefuseOption(const std::string& option, const std::string& reason) {
     throw CLI::ValidationError(option, reason);
+}
+
+int RefuseOverwriting(const CommonOptions& common, std::vector<std::string> inputs,
+                      const std::vector<std::string>& outputs) {
+    if (!common.ProfilePath.empty()) inputs.push_back(common.ProfilePath);
+    const auto [output, input] = FindOverwriting(inputs, outputs);
+    if (output.empty()) return ExitDone;
+    ComplainAbout(output, input == output
+                              ? Phrase("this file is read, and would be overwritten")
+                              : Phrase("leads to {}, which is read and would be overwritten", input));
+    return ExitWrongUsage;
 }
 
 void AddExamples(CLI::App& command, std::initializer_list<const char*> lines, const std::string& note) {
@@ -133,7 +164,9 @@ std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments
 
 std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments) {
     try {
+        RefuseEmptyValues(arguments);
         Program.parse(InOrder(arguments));
+        RefuseEmptyValues(*Program.get_subcommands().front());
         if (Bodies.contains(Program.get_subcommands().front())) return std::nullopt;
         return ExitDone;  // a tool, and it has run
     } catch (const CLI::Success& wish) {

@@ -64,6 +64,11 @@ class CommandLine {
 // Ends the parsing: the value of an option (with its dashes) can't be used. `reason` names what is allowed.
 [[noreturn]] void RefuseOption(const std::string& option, const std::string& reason);
 
+// ExitDone, or ExitWrongUsage after a complaint if an output of the command is one of its inputs, by whatever
+// links. Called before anything is written. The profile, if it was named, is an input of every command.
+int RefuseOverwriting(const CommonOptions& common, std::vector<std::string> inputs,
+                      const std::vector<std::string>& outputs);
+
 // Ends the help of a command with a note, or none, and examples: command lines.
 void AddExamples(CLI::App& command, std::initializer_list<const char*> lines, const std::string& note = {});
 

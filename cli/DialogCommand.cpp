@@ -30,11 +30,14 @@ int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream
     Json document = {{"result", result}};
     AddSettings(document, session.Filter());
     WriteDocument(std::cout, document);
-    return result != 0 ? int{ExitDone} : Fail(file, WhyUnreadable(PathFromNative(file)));
+    return result != 0 ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), PathFromNative(file)));
 }
 
 // `scriptPath` is empty, a file, or - for standard input.
-int RunDialog(const ModuleLoader& module, const std::string& file, const std::string& scriptPath) {
+int RunDialog(const ModuleLoader& module, const CommonOptions& common, const std::string& scriptPath) {
+    const std::string& file = common.Files.front();
+    const int refusal = RefuseOverwriting({}, {file, scriptPath}, {file + ".info", common.ProfilePath});
+    if (refusal != ExitDone) return refusal;
     if (scriptPath == "-") return ShowDialog(module, file, &std::cin);
     if (!scriptPath.empty()) {
         std::ifstream script(PathForStream(PathFromNative(scriptPath)));
@@ -55,7 +58,7 @@ void AddDialogCommand(CommandLine& line) {
     const auto script = std::make_shared<std::string>();
     CLI::App& command = line.Add("dialog", Phrase("The settings dialog of one file, driven by a script"),
                                  [script](const ModuleLoader& module, const CommonOptions& common) {
-                                     return RunDialog(module, common.Files.front(), *script);
+                                     return RunDialog(module, common, *script);
                                  });
     command.get_option("FILE")->expected(1);
     command.add_option("--script", *script, Phrase("Steps of the user, one a line; - for standard input"))

@@ -212,7 +212,7 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const 
     explain::AnalysisRecord record;
     HostSession session(module, path, RunOptions());
     record.ListenTo(session.Filter());
-    if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(path));
+    if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(session.Filter(), path));
     const explain::Explanation explanation = explain::Explain(module, path, session.Filter(), record);
     if (options.Json) {
         WriteExplanationJson(std::cout, file, explanation);

@@ -56,7 +56,7 @@ bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
 // Empty, or why the file counts as failed.
 std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
     if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
-    const std::string reason = WhyUnreadable(path);
+    const std::string reason = WhyUnreadable(session.Filter(), path);
     if (!result.Failed || !reason.empty()) return reason;
     if (SettingsOf(session.Filter()) == nullptr) return result.Failure;
     // The file can be read, so it is the place of the table that is wrong.
@@ -179,12 +179,28 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     return {hasStored ? status : ExitFileFailed, samples};
 }
 
+// As the function of all commands.
+int RefuseOverwriting(const CommonOptions& common, const ImportOptions& options,
+                      std::vector<std::string> files) {
+    std::vector<std::string> sidecars = SidecarsOf(files);
+    if (options.Guessing.Save) {
+        const int refusal = cli::RefuseOverwriting(common, files, sidecars);
+        if (refusal != ExitDone) return refusal;
+    }
+    if (options.StorePath.empty()) return ExitDone;
+    files.insert(files.end(), sidecars.begin(), sidecars.end());
+    return cli::RefuseOverwriting(common, std::move(files), {options.StorePath});
+}
+
 int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
                 const ManyFiles& many) {
     if (!options.StorePath.empty() && many.HasProcesses()) {
         Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
         return ExitWrongUsage;
     }
+    if (const int refusal = RefuseOverwriting(common, options, many.FilesOf(common.Files));
+        refusal != ExitDone)
+        return refusal;
     StoreFile store(options.StorePath);
     if (!store.Open()) return ExitFileFailed;
     const int status = many.Run(common.Files, Phrase("imported"), [&](const std::string& file) {

@@ -12,10 +12,11 @@
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextLayout.h"
 #include "contract/SidecarTool.h"
+#include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/sidecar/Sidecars.h"
-#include "platform/framework/File.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -120,7 +121,7 @@ std::string CopyBeside(const sidecar::SidecarFit& fit, const std::u16string& sid
     return reason;
 }
 
-int ApplySidecar(const ModuleLoader& module, const SidecarOptions& options, bool json) {
+int ApplySidecar(const ModuleLoader& module, const CommonOptions& common, const SidecarOptions& options) {
     const std::u16string sidecar = PathFromNative(options.Sidecar);
     const sidecar::SidecarFit fit(module, sidecar);
     if (!fit.Complaint().empty()) return Finish(options.Sidecar, fit.Complaint());
@@ -130,9 +131,13 @@ int ApplySidecar(const ModuleLoader& module, const SidecarOptions& options, bool
     const ManyFiles many;
     std::vector<std::string> files = many.FilesOf(options.Targets);
     std::erase_if(files, [&](const std::string& file) { return PathFromNative(file) + u".info" == sidecar; });
+    std::vector<std::string> inputs = files;
+    inputs.push_back(options.Sidecar);
+    if (const int refusal = RefuseOverwriting(common, inputs, SidecarsOf(files)); refusal != ExitDone)
+        return refusal;
     const auto apply = [&](const std::string& file) {
         const std::string reason = CopyBeside(fit, sidecar, PathFromNative(file), options.Force);
-        if (json) {
+        if (common.Json) {
             WriteDocument(std::cout,
                           {{"file", PrintableName(file)}, {"written", reason.empty()}, {"reason", reason}});
         } else if (reason.empty()) {
@@ -179,8 +184,12 @@ int DiffSidecars(const ModuleLoader& module, const SidecarOptions& options, bool
 
 int RunSidecarCommand(const ModuleLoader& module, const CommonOptions& common,
                       const SidecarOptions& options) {
-    if (options.Apply->parsed()) return ApplySidecar(module, options, common.Json);
+    if (options.Apply->parsed()) return ApplySidecar(module, common, options);
     if (options.Diff->parsed()) return DiffSidecars(module, options, common.Json);
+    const std::vector<std::string> files = ManyFiles().FilesOf(common.Files);
+    const int refusal =
+        options.CheckOnly ? int{ExitDone} : RefuseOverwriting(common, files, SidecarsOf(files));
+    if (refusal != ExitDone) return refusal;
     const std::string done = options.CheckOnly ? Phrase("checked") : Phrase("written");
     return ManyFiles().Run(common.Files, done, [&](const std::string& file) {
         return options.CheckOnly ? CheckFile(module, common.Json, file)

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <bitset>
 #include <filesystem>
+#include <map>
 
+#include "contract/SettingsView.h"
 #include "contract/StdioFileEx.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
@@ -133,6 +135,25 @@ FileList ListFiles(const std::vector<std::string>& arguments, bool recursive) {
     return list;
 }
 
+Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::vector<std::string>& outputs) {
+    std::map<FileIdentity, std::string> read;
+    for (const std::string& input : inputs) {
+        if (const auto identity = IdentityOf(PathFromNative(input))) read.emplace(*identity, input);
+    }
+    for (const std::string& output : outputs) {
+        const auto identity = IdentityOf(PathFromNative(output));
+        const auto found = identity ? read.find(*identity) : read.end();
+        if (found != read.end()) return {output, found->second};
+    }
+    return {};
+}
+
+std::vector<std::string> SidecarsOf(const std::vector<std::string>& files) {
+    std::vector<std::string> sidecars = files;
+    for (std::string& path : sidecars) path += ".info";
+    return sidecars;
+}
+
 std::string WhyUnreadable(const std::u16string& path) {
     CStdioFileEx file;
     CFileException error(false);
@@ -145,5 +166,11 @@ std::string WhyUnreadable(const std::u16string& path) {
         failure->Delete();
         return reason;
     }
+}
+
+std::string WhyUnreadable(const CImportFilter& filter, const std::u16string& path) {
+    const ISettingsView* const view = filter.Find<ISettingsView>();
+    const bool isKnown = view != nullptr && !view->GetFileFailure().empty();
+    return isKnown ? Utf16ToUtf8(view->GetFileFailure()) : WhyUnreadable(path);
 }
 }  // namespace kelvarin

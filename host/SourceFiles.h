@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "contract/ImportFilter.h"
+
 namespace kelvarin {
 struct FileList {
     std::vector<std::string> Files;  // in the order of the arguments, those of a folder or pattern sorted
@@ -15,10 +17,23 @@ struct FileList {
 // is listed as it is. Names are bytes as the system has them, on Windows UTF-8.
 FileList ListFiles(const std::vector<std::string>& arguments, bool recursive);
 
+// An output of a command that is one of its inputs, by whatever links.
+struct Overwriting {
+    std::string Output;
+    std::string Input;  // empty, as the output: there is none
+};
+Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::vector<std::string>& outputs);
+
+// The sidecars of files: theirs are the paths with ".info" added.
+std::vector<std::string> SidecarsOf(const std::vector<std::string>& files);
+
 // True if the name fits a pattern of * (any text) and ? (one character). Letters of ASCII in any case.
 bool MatchesPattern(const std::string& name, const std::string& pattern);
 
 // Why a file gave no signals: the system's reason if it can't be opened or read, that it is empty, or that
 // NUL bytes make it hardly a text. One clause in UTF-8, empty if none of that is so.
 std::string WhyUnreadable(const std::u16string& path);
+
+// The same, but first what the filter of the file met itself: the cause may be gone since.
+std::string WhyUnreadable(const CImportFilter& filter, const std::u16string& path);
 }  // namespace kelvarin

@@ -18,6 +18,10 @@ constexpr Translation Texts[] = {
     {"`kelvarin-import COMMAND --help` tells the options of a command. A file without a command is imported.",
      "`kelvarin-import BEFEHL --help` nennt die Optionen eines Befehls. Eine Datei ohne Befehl wird "
      "importiert."},
+    {"needs a value", "braucht einen Wert"},
+    {"this file is read, and would be overwritten", "diese Datei wird gelesen und würde überschrieben"},
+    {"leads to {}, which is read and would be overwritten",
+     "führt zu {}, was gelesen wird und überschrieben würde"},
     {"A subcommand is required", "Ein Befehl fehlt"},
     {"{} is required", "{} fehlt"},
     {"The following argument was not expected: {}", "Das Argument {} ist hier nicht vorgesehen"},

@@ -4,6 +4,7 @@
 
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
+#include "host/SourceFiles.h"
 #include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
@@ -114,6 +115,7 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     result.Interrupted = run.Interrupted;
     result.Lines = run.Lines;
     result.Failure = FailureOf(session.Messages(), run.Failed);
+    if (run.Failed) result.WhyUnreadable = WhyUnreadable(session.Filter(), path);
     if (run.Failed && result.Failure.empty()) result.Failure = Utf8ToUtf16(run.Failure);
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
     if (!run.Begun) TakeFormat(session.Filter(), result);

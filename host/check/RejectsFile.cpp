@@ -1,21 +1,20 @@
 #include "host/check/RejectsFile.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <string_view>
 
 #include "contract/StdioFileEx.h"
-#include "platform/framework/Path.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
 namespace {
 constexpr std::size_t BlockSize = 65536;
 
-void OpenOrRaise(CFile& file, const std::u16string& path, unsigned flags) {
+void OpenOrRaise(CFile& file, const std::u16string& path) {
     auto error = std::make_unique<CFileException>();
-    if (!file.Open(path.c_str(), flags, error.get())) throw error.release();
+    if (!file.Open(path.c_str(), CFile::modeRead, error.get())) throw error.release();
 }
 
 std::uint64_t LengthOfByteOrderMark(CFile& file) {
@@ -29,11 +28,11 @@ std::uint64_t LengthOfByteOrderMark(CFile& file) {
 // Reads the lines as the module does, to learn where each begins and ends.
 void CopyLines(const std::u16string& from, const std::u16string& to, std::uint64_t firstDataLine,
                const LineSet& chosen) {
-    CFile source, target;
+    CFile source;
     CStdioFileEx lines;
-    OpenOrRaise(source, from, CFile::modeRead);
-    OpenOrRaise(lines, from, CFile::modeRead);
-    OpenOrRaise(target, to, CFile::modeWrite | CFile::modeCreate);
+    OpenOrRaise(source, from);
+    OpenOrRaise(lines, from);
+    ReplacingFile target(to);
     std::vector<char> held;  // rows are many and short, writes few
     const auto copy = [&](std::uint64_t begin, std::uint64_t end) {
         const std::size_t old = held.size();
@@ -54,7 +53,7 @@ void CopyLines(const std::u16string& from, const std::u16string& to, std::uint64
         begin = next;
     }
     target.Write(held.data(), held.size());
-    target.Close();
+    target.Finish();
 }
 }  // namespace
 
@@ -68,10 +67,5 @@ std::string WriteRejects(const std::u16string& from, const std::u16string& to, s
         return reason.empty() ? "can't be written" : reason;
     }
     return {};
-}
-
-bool IsSameFile(const std::u16string& a, const std::u16string& b) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(PathForStream(a), PathForStream(b), ignored);
 }
 }  // namespace kelvarin::check

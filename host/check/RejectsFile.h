@@ -31,7 +31,4 @@ class LineSet {
 // that was there before is replaced. No filter may have `from` open.
 std::string WriteRejects(const std::u16string& from, const std::u16string& to, std::uint64_t firstDataLine,
                          const LineSet& lines);
-
-// True if both paths lead to one file.
-bool IsSameFile(const std::u16string& a, const std::u16string& b);
 }  // namespace kelvarin::check

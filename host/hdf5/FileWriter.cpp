@@ -1,21 +1,16 @@
 // Writes a file of samples.
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <bit>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
 #include <limits>
+#include <memory>
 
 #include "host/hdf5/Column.h"
 #include "host/hdf5/Layout.h"
 #include "host/language/Phrase.h"
 #include "host/store/StoredDevice.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
-#include "platform/framework/portable/FileCalls.h"
 
 namespace kelvarin::hdf5 {
 namespace {
@@ -197,75 +192,18 @@ class DeviceWriter final : public store::DeviceSink {
     std::vector<std::unique_ptr<SignalWriter>> Signals;
 };
 
-[[noreturn]] void RaiseSystemError() {
-    throw Hdf5Error(std::strerror(errno));
-}
-
-std::string FollowLink(const std::string& path) {
-    std::error_code error;
-    const std::filesystem::path real = std::filesystem::canonical(path, error);
-    return error ? path : real.string();
-}
-
-// True if the descriptor is of the file at the path, and no longer of one that has moved away.
-bool IsStillAt(int descriptor, const std::string& path) {
-    struct stat held {};
-    struct stat named {};
-    if (GetFileCalls().Status(descriptor, &held) != 0) RaiseSystemError();
-    return GetFileCalls().StatusOfPath(path.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
-           held.st_dev == named.st_dev;
-}
-
-// Holds FILE.part beside FILE for one writer at a time; what a killed one left is overwritten. Constructor
-// and Finish raise Hdf5Error.
-class PartFile {
-  public:
-    // Follows a link at `path`, so that its target is replaced.
-    explicit PartFile(const std::string& path) : Target(FollowLink(path)), PartPath(Target + ".part") {
-        const FileCalls& calls = GetFileCalls();
-        struct stat there {};
-        if (calls.StatusOfPath(Target.c_str(), &there) == 0 && !S_ISREG(there.st_mode))
-            throw Hdf5Error(Phrase("it exists and is no file"));
-        constexpr int Flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC;
-        Descriptor = Uninterrupted([&] { return calls.Open(PartPath.c_str(), Flags, 0666); });
-        if (Descriptor < 0) RaiseSystemError();
-        // A file system without locks can't tell another writer; that is no reason to refuse the file.
-        const bool isBusy = calls.Lock(Descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-        if (isBusy || !IsStillAt(Descriptor, PartPath)) {
-            calls.Close(Descriptor);
-            throw Hdf5Error(Phrase("another run is just writing it"));
-        }
+// Does a step of the file's replacement. Raises Hdf5Error.
+template <class Step>
+auto OrHdf5Error(Step step) {
+    try {
+        return step();
+    } catch (CFileException* error) {
+        const bool isBusy = error->Cause == CFileException::sharingViolation;
+        const std::string reason = Utf16ToUtf8(DescribeFileError(*error));
+        error->Delete();
+        throw Hdf5Error(isBusy ? Phrase("another run is just writing it") : reason);
     }
-
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
-
-    ~PartFile() {
-        if (!IsFinished) GetFileCalls().Remove(PartPath.c_str());
-        GetFileCalls().Close(Descriptor);
-    }
-
-    // Of the part, which is empty at first.
-    const std::string& Path() const { return PartPath; }
-
-    // Writes it to the disk, under the permissions of the file it replaces, and moves it to its path.
-    void Finish() {
-        const FileCalls& calls = GetFileCalls();
-        struct stat old {};
-        if (calls.StatusOfPath(Target.c_str(), &old) == 0) calls.SetMode(Descriptor, old.st_mode & 07777);
-        const bool isDone =
-            Uninterrupted([&] { return calls.Sync(Descriptor); }) == 0 &&
-            Uninterrupted([&] { return calls.Rename(PartPath.c_str(), Target.c_str()); }) == 0;
-        if (!isDone) RaiseSystemError();
-        IsFinished = true;
-    }
-
-  private:
-    const std::string Target;
-    const std::string PartPath;
-    int Descriptor = -1;
-    bool IsFinished = false;
-};
+}
 
 Hdf5Handle CreateFile(const std::string& path) {
     // Nodes of the lists of chunks take ten times their size in memory.
@@ -286,7 +224,11 @@ Hdf5Handle CreateFile(const std::string& path) {
 // A file while it is written.
 class Hdf5File final : public store::SampleFile {
   public:
-    explicit Hdf5File(const std::string& path) : Part(path), File(CreateFile(Part.Path())) {}
+    explicit Hdf5File(const std::string& path)
+        : Replacing(OrHdf5Error([&] {
+              return std::make_unique<ReplacingFile>(PathFromNative(path), ReplacingFile::Writers::One);
+          })),
+          File(CreateFile(Replacing->PathForLibrary())) {}
 
     store::DeviceSink& BeginDevice() override {
         Device = std::make_unique<DeviceWriter>(File, Packer);
@@ -305,12 +247,12 @@ class Hdf5File final : public store::SampleFile {
         DropDevice();
         return FailureOf([&] {
             File.Close();
-            Part.Finish();
+            OrHdf5Error([&] { Replacing->Finish(); });
         });
     }
 
   private:
-    PartFile Part;
+    const std::unique_ptr<ReplacingFile> Replacing;
     ChunkPacker Packer;
     Hdf5Handle File;
     std::unique_ptr<DeviceWriter> Device;

@@ -5,7 +5,6 @@ namespace {
 // The HDF5 file that an import writes, and its comparison.
 constexpr Translation Texts[] = {
     {"this build has no HDF5", "diese Ausgabe des Programms kann kein HDF5"},
-    {"it exists and is no file", "dort ist etwas anderes als eine Datei"},
     {"another run is just writing it", "ein anderer Lauf schreibt sie gerade"},
     {"signals with times of their own can't be kept in this file",
      "Signale mit eigenen Zeiten kann diese Datei nicht aufnehmen"},

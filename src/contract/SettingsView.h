@@ -16,4 +16,8 @@ class ISettingsView {
 
     // The warning about the filter's sidecar; empty if there is none.
     virtual const std::u16string& GetSidecarWarning() const = 0;
+
+    // Why the source file could not be opened or read when the filter last used it, as the operating system
+    // says it; empty if it could.
+    virtual const std::u16string& GetFileFailure() const = 0;
 };

@@ -38,10 +38,6 @@ bool COptionPage::CheckFields() {
 }
 
 bool COptionPage::OnApply() {
-    Settings->SaveSidecarOption();
-    if (IsDlgButtonChecked(CtrlUseAsDefault)) {
-        Settings->CopyToAllInstances();
-        Settings->SaveToProfile();
-    }
+    Settings->SaveAtOk(IsDlgButtonChecked(CtrlUseAsDefault));
     return true;
 }

@@ -44,6 +44,7 @@ class CCsvImportFilter : public CImportFilter {
     // What the optional interfaces tell and set.
     const CCsvImportSettings& GetSettings() const { return Settings; }
     const std::u16string& GetSidecarWarning() const { return SidecarWarning; }
+    const std::u16string& GetFileFailure() const { return FileFailure; }
     void ObserveAnalysis(IAnalysisObserver* observer) { AnalysisObserver = observer; }
     void ObserveRun(IRunObserver* observer) { RunObserver = observer; }
 
@@ -90,6 +91,7 @@ class CCsvImportFilter : public CImportFilter {
     CellList Cells;
     std::u16string JoinedTimeText;    // a row's date and time cells, kept for its storage
     CFileException FileError{false};  // filled by a failing Open
+    std::u16string FileFailure;       // why the source file could not be used the last time
     CDevice* Device = nullptr;        // of the run; the host's
     RunTimes Times;
     std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's

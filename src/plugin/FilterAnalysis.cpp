@@ -23,12 +23,14 @@ bool CCsvImportFilter::RunAnalysis(bool reportFailure, bool requireColumns) {
 }
 
 void CCsvImportFilter::OpenSourceFile() {
+    FileFailure.clear();
     SourceFile.SetEncoding(FileEncodingImport);
     constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
     if (!SourceFile.Open(FilePath.c_str(), Flags, &FileError)) throw &FileError;
 }
 
 void CCsvImportFilter::HandleFileError(CFileException* error, bool report) {
+    FileFailure = DescribeFileError(*error);
     if (report) AddFileMessage(IdReadError);
     error->Delete();
 }

@@ -10,6 +10,10 @@ const std::u16string& CFilterInterfaces::GetSidecarWarning() const {
     return Owner.GetSidecarWarning();
 }
 
+const std::u16string& CFilterInterfaces::GetFileFailure() const {
+    return Owner.GetFileFailure();
+}
+
 void CFilterInterfaces::ObserveAnalysis(IAnalysisObserver* observer) {
     Owner.ObserveAnalysis(observer);
 }

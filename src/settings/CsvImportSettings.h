@@ -84,6 +84,10 @@ class CCsvImportSettings {
     // Writes SaveSidecarFile to the profile and hands it to every other live record.
     void SaveSidecarOption();
 
+    // What OK of the dialog stores, in one step of the profile: SaveSidecarOption and, `asDefault`,
+    // CopyToAllInstances and SaveToProfile. False if the profile could not be written.
+    bool SaveAtOk(bool asDefault);
+
     // --- Live records (LiveSettings.cpp) ---
 
     // Hands the settings that SaveToProfile writes to every other live record.

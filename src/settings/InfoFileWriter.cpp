@@ -3,7 +3,7 @@
 #include <iterator>
 
 #include "contract/XmlString.h"
-#include "platform/framework/File.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 #include "settings/InfoFileElements.h"
 

@@ -83,9 +83,11 @@ CCsvImportSettings::~CCsvImportSettings() {
 }
 
 void CCsvImportSettings::SaveToProfile() const {
+    App().BeginProfileWrites();
     for (std::size_t i = 0; i < SharedSettingCount; ++i) {
         std::visit(Saver{App(), SettingsTable[i].Key, *this}, SettingsTable[i].Kind);
     }
+    App().EndProfileWrites();
 }
 
 void CCsvImportSettings::SaveSidecarOption() {
@@ -94,4 +96,14 @@ void CCsvImportSettings::SaveSidecarOption() {
     for (CCsvImportSettings* other : GetLiveSettings()) {
         if (other != this) other->SaveSidecarFile = SaveSidecarFile;
     }
+}
+
+bool CCsvImportSettings::SaveAtOk(bool asDefault) {
+    App().BeginProfileWrites();
+    SaveSidecarOption();
+    if (asDefault) {
+        CopyToAllInstances();
+        SaveToProfile();
+    }
+    return App().EndProfileWrites();
 }

@@ -1,4 +1,4 @@
-// Files: what is refused at opening, exclusive use, positions, what a failure raises, and replacing a file.
+// Files: what is refused at opening, exclusive use, positions, and what a failure raises.
 #include "platform/framework/File.h"
 
 #include <sys/stat.h>
@@ -87,32 +87,4 @@ TEST(File, AReadErrorIsRaised) {
         EXPECT_EQ(error->Cause, CFileException::hardIO);
         error->Delete();
     }
-}
-
-TEST(ReplaceFile, TakesOverWhatOthersLeft) {
-    const Workdir folder;
-    const auto write = [&](const std::string& bytes) {
-        try {
-            ReplaceFile(folder.Path("file"), bytes);
-            return 0;
-        } catch (CFileException* error) {
-            const int cause = error->Cause;
-            error->Delete();
-            return cause;
-        }
-    };
-    folder.Write("file.tmp", "left by a killed writer");
-    permissions(folder.NativePath("file.tmp"), std::filesystem::perms(0400));
-    EXPECT_EQ(write("new"), CFileException::none);
-    EXPECT_EQ(folder.Names() + " " + folder.Read("file"), "file new");
-    // What isn't a writer's stays.
-    std::filesystem::create_directory(folder.NativePath("file.tmp"));
-    EXPECT_EQ(write("x"), CFileException::accessDenied);
-    std::filesystem::remove(folder.NativePath("file.tmp"));
-    std::filesystem::create_symlink("file", folder.NativePath("file.tmp"));
-    EXPECT_EQ(write("x"), CFileException::badPath);
-    std::filesystem::remove(folder.NativePath("file.tmp"));
-    ASSERT_EQ(mkfifo(folder.NativePath("file.tmp").c_str(), 0600), 0);
-    EXPECT_NE(write("x"), CFileException::none) << "a pipe is no file";
-    EXPECT_EQ(folder.Read("file"), "new");
 }

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/framework/File.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/ReplacingFile.h"
 #include "plugin/CsvImportApp.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/CsvInfoFile.h"

@@ -19,6 +19,10 @@ enum FileCall {
     CallStatus,
     CallStatusOfPath,
     CallSetMode,
+    CallSetOwner,
+    CallListAttributes,
+    CallReadAttribute,
+    CallWriteAttribute,
     CallTruncate,
     CallLock,
     CallSync,
@@ -28,7 +32,7 @@ enum FileCall {
 };
 
 // Stands between the framework and the system's calls for as long as it lives, one at a time. Nothing is
-// flushed to the disk meanwhile, which costs milliseconds and shows nothing.
+// flushed to the disk meanwhile, nor waited between attempts at a lock, which costs time and shows nothing.
 class FileFaults {
   public:
     FileFaults() {
@@ -55,10 +59,15 @@ class FileFaults {
         Wrap<CallStatus, &FileCalls::Status>(calls.Status);
         Wrap<CallStatusOfPath, &FileCalls::StatusOfPath>(calls.StatusOfPath);
         Wrap<CallSetMode, &FileCalls::SetMode>(calls.SetMode);
+        Wrap<CallSetOwner, &FileCalls::SetOwner>(calls.SetOwner);
+        Wrap<CallListAttributes, &FileCalls::ListAttributes>(calls.ListAttributes);
+        Wrap<CallReadAttribute, &FileCalls::ReadAttribute>(calls.ReadAttribute);
+        Wrap<CallWriteAttribute, &FileCalls::WriteAttribute>(calls.WriteAttribute);
         Wrap<CallTruncate, &FileCalls::Truncate>(calls.Truncate);
         Wrap<CallLock, &FileCalls::Lock>(calls.Lock);
         Wrap<CallRename, &FileCalls::Rename>(calls.Rename);
         Wrap<CallRemove, &FileCalls::Remove>(calls.Remove);
+        calls.Pause = [] {};
         calls.Sync = [](int) { return Pass(CallSync, [] { return 0; }); };
     }
     FileFaults(const FileFaults&) = delete;

@@ -6,10 +6,10 @@
 
 #include "contract/TimeStamp.h"
 #include "kit/Workdir.h"
-#include "platform/framework/File.h"
 #include "platform/framework/Locale.h"
 #include "platform/framework/Module.h"
 #include "platform/framework/ProfileStore.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/SharedLibrary.h"
 #include "platform/framework/win32/Api.h"
 

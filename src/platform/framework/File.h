@@ -1,8 +1,10 @@
 // An unbuffered file: open, read, write, seek, close. The platform's half of every reader and writer.
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/framework/Exceptions.h"
@@ -64,7 +66,13 @@ class CFile {
 // Why a file operation failed, as the operating system says it, for people.
 std::u16string DescribeFileError(const CFileException& error);
 
-// Replaces the file at `path` by one with these bytes, by way of a temporary file in the same folder, so that
-// a crash leaves the old content or the new one, never a half, and at most one temporary file, which the next
-// writer uses up. The permissions stay. Raises CFileException; the old file then stays.
-void ReplaceFile(const std::u16string& path, const std::string& bytes);
+// What tells a file from every other one of the machine, whatever path or link leads to it.
+struct FileIdentity {
+    std::uint64_t Device = 0;
+    std::uint64_t Number = 0;
+
+    auto operator<=>(const FileIdentity&) const = default;
+};
+
+// The identity of the file, folder or device that a path leads to; nothing if there is none.
+std::optional<FileIdentity> IdentityOf(const std::u16string& path);

@@ -2,34 +2,41 @@
 #include "platform/framework/FileLock.h"
 #include "platform/framework/ProfileStore.h"
 #include "platform/framework/ProfileText.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 
 namespace {
 
-// The bytes of a file. A file that doesn't exist is empty; nothing means that it can't be read, and so must
-// not be written over either.
-std::optional<std::string> ReadWholeFile(const std::u16string& path) {
+// The bytes of a file; a file that doesn't exist is empty. Raises CFileException for one that can't be read,
+// and so must not be written over either.
+std::string ReadWholeFile(const std::u16string& path) {
     CFile file;
-    CFileException error(false);
-    if (!file.Open(path.c_str(), CFile::modeRead, &error)) {
-        if (error.Cause == CFileException::fileNotFound) return std::string();
-        return std::nullopt;
+    auto error = std::make_unique<CFileException>();
+    if (!file.Open(path.c_str(), CFile::modeRead, error.get())) {
+        if (error->Cause == CFileException::fileNotFound) return {};
+        throw error.release();
     }
-    try {
-        std::string bytes;
-        constexpr std::size_t Block = 16384;
-        std::size_t count = 0;
-        do {
-            const std::size_t size = bytes.size();
-            bytes.resize(size + Block);
-            count = file.Read(bytes.data() + size, Block);
-            bytes.resize(size + count);
-        } while (count != 0);
-        return bytes;
-    } catch (CFileException* failure) {
-        failure->Delete();
-        return std::nullopt;
-    }
+    std::string bytes;
+    constexpr std::size_t Block = 16384;
+    std::size_t count = 0;
+    do {
+        const std::size_t size = bytes.size();
+        bytes.resize(size + Block);
+        count = file.Read(bytes.data() + size, Block);
+        bytes.resize(size + count);
+    } while (count != 0);
+    return bytes;
+}
+
+struct ProfileEntry {
+    std::string Section, Key, Value;
+};
+
+// Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
+void StoreUnderLock(const std::u16string& path, const std::vector<ProfileEntry>& entries) {
+    ProfileText text(ReadWholeFile(path));
+    for (const ProfileEntry& entry : entries) text.Set(entry.Section, entry.Key, entry.Value);
+    ReplaceFile(path, text.ToBytes());
 }
 
 class FileProfile : public ProfileStore {
@@ -60,34 +67,56 @@ class FileProfile : public ProfileStore {
                     const ProfileBlock& value) override {
         return Store(section, key, BlockToProfileText(value));
     }
+    void BeginWrites() override { ++Depth; }
+    bool EndWrites() override { return --Depth > 0 || StoreWaiting(); }
+    std::u16string WriteFailure() const override { return Failure; }
 
   private:
     std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
-        const auto bytes = ReadWholeFile(Path);
-        if (!bytes) return std::nullopt;
-        return ProfileText(*bytes).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
+        try {
+            return ProfileText(ReadWholeFile(Path)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
+        } catch (CFileException* failure) {
+            failure->Delete();
+            return std::nullopt;
+        }
     }
 
-    // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
-    bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) const {
-        MakeFolders(Path);
-        // The profile itself can't be the lock: it is replaced while that is held.
-        const FileLock lock(Path + u".lock");
-        if (!lock.IsHeld()) return false;
-        const auto bytes = ReadWholeFile(Path);
-        if (!bytes) return false;
-        ProfileText text(*bytes);
-        text.Set(Utf16ToUtf8(section), Utf16ToUtf8(key), value);
+    bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) {
+        Waiting.push_back({Utf16ToUtf8(section), Utf16ToUtf8(key), value});
+        return Depth > 0 || StoreWaiting();
+    }
+
+    // Stores what was written since the last time, in one step.
+    bool StoreWaiting() {
+        const std::vector<ProfileEntry> entries = std::move(Waiting);
+        Waiting.clear();
+        if (entries.empty()) return true;
         try {
-            ReplaceFile(Path, text.ToBytes());
+            LockAndStore(entries);
+            return true;
         } catch (CFileException* failure) {
+            if (Failure.empty()) Failure = DescribeFileError(*failure);
             failure->Delete();
             return false;
         }
-        return true;
+    }
+
+    void LockAndStore(const std::vector<ProfileEntry>& entries) const {
+        MakeFolders(Path);
+        // The profile itself can't be the lock: it is replaced while that is held.
+        const FileLock lock(Path + u".lock");
+        if (lock.IsHeld()) return StoreUnderLock(Path, entries);
+        if (lock.GetError().Cause != CFileException::accessDenied) lock.RaiseError();
+        // In a folder that takes no new file it is written in place, and so can be the lock after all.
+        const FileLock own(Path, FileLock::Make::Never);
+        if (!own.IsHeld()) own.RaiseError();
+        StoreUnderLock(Path, entries);
     }
 
     const std::u16string Path;
+    std::vector<ProfileEntry> Waiting;  // not stored yet
+    int Depth = 0;                      // of BeginWrites
+    std::u16string Failure;
 };
 
 }  // namespace

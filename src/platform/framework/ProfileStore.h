@@ -25,6 +25,15 @@ class ProfileStore {
                            const std::u16string& value) = 0;
     virtual bool WriteBlock(const std::u16string& section, const std::u16string& key,
                             const ProfileBlock& value) = 0;
+
+    // What is written between these two is stored in one step by EndWrites, which returns whether that was
+    // done; until then the old values are read. They may be nested; the outermost pair counts. A store that
+    // has no such step stores each value as it is written.
+    virtual void BeginWrites() {}
+    virtual bool EndWrites() { return true; }
+
+    // Why a write failed, the first that did: in the system's words; empty if none has failed.
+    virtual std::u16string WriteFailure() const { return {}; }
 };
 
 // The user's own store of a program: the registry on Windows; elsewhere the file

@@ -14,6 +14,7 @@ void CWinApp::SetRegistryKey(const char16_t* company) {
 }
 
 std::shared_ptr<ProfileStore> CWinApp::Profile() const {
+    if (Written != nullptr) return Written;
     if (auto store = GetProcessProfile()) return store;
     return OpenUserProfile(Company, ProfileName);
 }
@@ -44,4 +45,15 @@ bool CWinApp::WriteProfileString(const char16_t* section, const char16_t* entry,
 
 bool CWinApp::WriteProfileBinary(const char16_t* section, const char16_t* entry, const ProfileBlock& block) {
     return Profile()->WriteBlock(section, entry, block);
+}
+
+void CWinApp::BeginProfileWrites() {
+    if (WriteDepth++ == 0) Written = Profile();
+    Written->BeginWrites();
+}
+
+bool CWinApp::EndProfileWrites() {
+    const std::shared_ptr<ProfileStore> store = Written;
+    if (--WriteDepth == 0) Written.reset();
+    return store->EndWrites();
 }

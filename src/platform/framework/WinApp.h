@@ -43,6 +43,10 @@ class CWinApp : public CWinThread {
     bool WriteProfileString(const char16_t* section, const char16_t* entry, const std::u16string& value);
     bool WriteProfileBinary(const char16_t* section, const char16_t* entry, const ProfileBlock& block);
 
+    // What is written between these two is stored in one step, as ProfileStore says.
+    void BeginProfileWrites();
+    bool EndProfileWrites();
+
     std::u16string ProfileName;  // names the store, shared with the host
     std::u16string AppName;
 
@@ -52,4 +56,6 @@ class CWinApp : public CWinThread {
 
     ModuleState& Module;
     std::u16string Company;
+    std::shared_ptr<ProfileStore> Written;  // from BeginProfileWrites on
+    int WriteDepth = 0;
 };

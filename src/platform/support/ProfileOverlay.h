@@ -27,6 +27,9 @@ class ProfileOverlay : public ProfileStore {
                    const std::u16string& value) override;
     bool WriteBlock(const std::u16string& section, const std::u16string& key,
                     const ProfileBlock& value) override;
+    void BeginWrites() override { Store->BeginWrites(); }
+    bool EndWrites() override { return Store->EndWrites(); }
+    std::u16string WriteFailure() const override { return Store->WriteFailure(); }
 
   private:
     // The value over a key if it is of this kind. `covered` tells whether there is one of any kind.

@@ -67,8 +67,6 @@ TEST(RejectsFile, SaysWhyItCouldNotBeWritten) {
     const std::u16string from = folder.Write("data.csv", "a\n1\n");
     EXPECT_NE(check::WriteRejects(from, folder.Path("no/copy.csv"), 2, {}), "");
     EXPECT_NE(check::WriteRejects(folder.Path("missing.csv"), folder.Path("copy.csv"), 2, {}), "");
-    EXPECT_TRUE(check::IsSameFile(from, folder.Path("./data.csv")));
-    EXPECT_FALSE(check::IsSameFile(from, folder.Path("missing.csv")));
 }
 
 TEST(LineSet, CountsEachLineOnce) {

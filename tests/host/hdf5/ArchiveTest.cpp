@@ -232,7 +232,7 @@ TEST(Archive, SaysWhyAFileCantBeWritten) {
         const char* Complaint;
     } cases[] = {
         {"no/a.h5", "No such file or directory"},
-        {"folder", "it exists and is no file"},
+        {"folder", "Is a directory"},
         {"busy.h5", "another run is just writing it"},
         {"link.h5", ""},
         {"new.h5", ""},
@@ -243,7 +243,8 @@ TEST(Archive, SaysWhyAFileCantBeWritten) {
         EXPECT_EQ(complaint, test.Complaint);
         EXPECT_EQ(file != nullptr, complaint.empty());
     }
-    EXPECT_EQ(folder.Names(), "busy.h5.part folder link.h5 real.h5") << "what isn't finished is removed";
+    EXPECT_TRUE(folder.Names().starts_with("busy.h5.kelvarin-")) << folder.Names();
+    EXPECT_TRUE(folder.Names().ends_with(" folder link.h5 real.h5")) << "what isn't finished is removed";
     EXPECT_EQ(folder.Read("real.h5"), "before");
     const auto file = kelvarin::store::CreateSampleFile(folder.NativePath("link.h5").string(), complaint);
     EXPECT_EQ(file->Finish(), "");

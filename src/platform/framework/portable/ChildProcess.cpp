@@ -1,29 +1,24 @@
 #include "platform/framework/ChildProcess.h"
 
-#include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <filesystem>
+
+#include "platform/framework/portable/TemporaryFile.h"
 
 extern char** environ;
 
 namespace {
 
 // std::tmpfile knows nothing of TMPDIR, and what it opens goes on to the copies started later.
-std::FILE* OpenNamelessFile() {
-    std::error_code error;
-    std::string path = (std::filesystem::temp_directory_path(error) / "kelvarin-XXXXXX").string();
-    const int descriptor = error ? -1 : mkostemp(path.data(), O_CLOEXEC);
-    if (descriptor < 0) return nullptr;
-    unlink(path.c_str());
-    return fdopen(descriptor, "w+b");
+std::FILE* OpenNamelessStream() {
+    const int descriptor = OpenNamelessFile();
+    return descriptor < 0 ? nullptr : fdopen(descriptor, "w+b");
 }
 
 pid_t IdOf(void* process) {
@@ -44,8 +39,8 @@ ChildProcess::~ChildProcess() {
 }
 
 bool ChildProcess::Start(const std::vector<std::string>& arguments, std::string& reason) {
-    Out = OpenNamelessFile();
-    Err = OpenNamelessFile();
+    Out = OpenNamelessStream();
+    Err = OpenNamelessStream();
     if (Out == nullptr || Err == nullptr) {
         reason = std::strerror(errno);
         return false;

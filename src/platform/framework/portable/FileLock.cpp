@@ -6,12 +6,20 @@
 
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
+#include "platform/framework/portable/FileError.h"
 
-FileLock::FileLock(const std::u16string& path)
-    : Handle(Uninterrupted([native = PathToNative(path)] {
-          return GetFileCalls().Open(native.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-      })) {
-    if (IsHeld()) Uninterrupted([&] { return GetFileCalls().Lock(static_cast<int>(Handle), LOCK_EX); });
+FileLock::FileLock(const std::u16string& path, Make make) {
+    const std::string native = PathToNative(path);
+    const FileCalls& calls = GetFileCalls();
+    // Another user's link of that name must not make a file elsewhere.
+    const int flags = O_RDWR | O_NONBLOCK | O_CLOEXEC | (make == Make::IfMissing ? O_CREAT | O_NOFOLLOW : 0);
+    const int descriptor = Uninterrupted([&] { return calls.Open(native.c_str(), flags, 0600); });
+    if (descriptor >= 0 && LockInTime(descriptor, LOCK_EX)) {
+        Handle = descriptor;
+        return;
+    }
+    FillFileError(&Error, errno, path);
+    if (descriptor >= 0) calls.Close(descriptor);
 }
 
 FileLock::~FileLock() {

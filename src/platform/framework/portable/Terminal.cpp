@@ -5,6 +5,8 @@
 
 #include <csignal>
 
+#include "platform/framework/portable/RemovedAtEnd.h"
+
 namespace {
 
 std::atomic<bool> interrupted = false;
@@ -12,7 +14,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler sets
 
 void RememberInterrupt(int signal) {
     interrupted = true;
-    std::signal(signal, SIG_DFL);
+    LetSignalEnd(signal);
 }
 
 }  // namespace
