@@ -27,6 +27,6 @@ int Fail(const std::string& file, const std::string& reason);
 // The same if there is a reason, else ExitDone.
 int Finish(const std::string& file, const std::string& reason);
 
-// A file's name as valid UTF-8, whatever its bytes are; for JSON.
+// A file's name as valid UTF-8, whatever its bytes are.
 std::string PrintableName(const std::string& file);
 }  // namespace kelvarin::cli

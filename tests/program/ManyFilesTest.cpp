@@ -92,7 +92,7 @@ TEST_F(Folders, GiveTheWorstStatusWhateverTheCommand) {
     Run.Write("a.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
     Run.Write("b.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
     Run.Write("other.csv", "x;y;z\n1;2;3\n");
-    ASSERT_EQ(Run({"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}).Status, 0);
+    ASSERT_EQ(Run({"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}).Status, 0);
     Run.Write("bad.info", "<CSV-INFO");
     const WalkCase cases[] = {
         {{"explain", "a.csv", "b.csv"}, 0, ""},
@@ -101,8 +101,8 @@ TEST_F(Folders, GiveTheWorstStatusWhateverTheCommand) {
         {{"analyze", "missing.csv", "a.csv"}, 1, ""},
         {{"sidecar", "--check", "bad.info", "a.csv.info"}, 1, ""},
         {{"sidecar", "--check", "a.csv.info", "bad.info"}, 1, ""},
-        {{"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "missing.csv", "a.csv"}, 1, ""},
-        {{"sidecar", "--set", "TimestampFormat=JJJJ-MM-TT", "?.csv"},
+        {{"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "missing.csv", "a.csv"}, 1, ""},
+        {{"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "?.csv"},
          0,
          "kelvarin-import: 2 files: 2 written"},
         {{"sidecar", "apply", "--force", "a.csv.info", "b.csv"},
