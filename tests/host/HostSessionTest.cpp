@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/Reading.h"
-#include "kit/TestProfile.h"
+#include "host/SettingText.h"
 #include "kit/Workdir.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
@@ -23,11 +23,16 @@ TEST(HostSession, NamesTheSourceColumnOfEachSignalWhateverIsLeftOut) {
         {{}, "n@0 v@1 s@2 w@4 "}, {{1}, "n@0 s@2 w@4 "}, {{0, 2}, "v@1 w@4 "},
         {{0, 1, 2}, "w@4 "},      {{4}, "n@0 v@1 s@2 "},
     };
-    CImportDllInfo info{
-        nullptr, nullptr, [](const char16_t* path) -> CImportFilter* { return new CCsvImportFilter(path); }};
+    CImportDllInfo info{nullptr, nullptr,
+                        [](const char16_t* path) -> CImportFilter* { return new CCsvImportFilter(path); }};
     const ModuleLoader module{info};
-    const TestProfile profile(
-        {"AutoFormat=0", "Separator=0", "DateSetting=2", "TimeColumn=4", "TimestampFormat=[s]"});
+    SettingsLayer layer;
+    for (const auto& [key, value] : kelvarin::SettingList{{"AutoFormat", "0"},
+                                                          {"Separator", "0"},
+                                                          {"DateSetting", "2"},
+                                                          {"TimeColumn", "4"},
+                                                          {"TimestampFormat", "[s]"}})
+        layer.Set(key, value);
     Workdir folder;
     const std::u16string path = folder.Write("data.csv", "n;v;s;t;w\n1;2,5;a;1;7\n2;3,5;b;2;8\n");
     for (const LeftOutCase& c : cases) {
