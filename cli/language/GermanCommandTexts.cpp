@@ -18,6 +18,8 @@ constexpr Translation Texts[] = {
     {"`kelvarin-import COMMAND --help` tells the options of a command. A file without a command is imported.",
      "`kelvarin-import BEFEHL --help` nennt die Optionen eines Befehls. Eine Datei ohne Befehl wird "
      "importiert."},
+    {"standard output can't be written: {}", "die Standardausgabe kann nicht geschrieben werden: {}"},
+    {"no profile: {}", "kein Profil: {}"},
     {"A subcommand is required", "Ein Befehl fehlt"},
     {"{} is required", "{} fehlt"},
     {"The following argument was not expected: {}", "Das Argument {} ist hier nicht vorgesehen"},

@@ -36,6 +36,9 @@ struct FilesSummary {
 std::string SummaryLine(const FilesSummary& summary);
 FilesSummary TakeSummary(std::string& messages);
 
+// The option of such a process.
+constexpr const char* ProcessOption = "--summary-line";
+
 class ManyFiles {
   public:
     using Work = std::function<FileOutcome(const std::string& file)>;

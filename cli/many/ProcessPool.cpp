@@ -9,6 +9,7 @@
 #include "cli/Complaints.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/ChildProcess.h"
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
@@ -18,10 +19,12 @@ constexpr std::size_t SharesPerJob = 4;
 constexpr std::size_t LargestShare = 16;
 constexpr std::chrono::milliseconds Pause(5);
 
+// False if not all of it can be read.
 template <class Take>
-void ReadBlocks(std::FILE* from, const Take& take) {
+bool ReadBlocks(std::FILE* from, const Take& take) {
     char block[65536];
     while (const std::size_t count = std::fread(block, 1, sizeof block, from)) take(block, count);
+    return std::ferror(from) == 0;
 }
 
 // A run of neighbouring files for one process.
@@ -51,7 +54,7 @@ class ProcessPool {
         std::size_t passed = 0;
         bool isInterrupted = false;
         while (passed < Shares.size()) {
-            if (WasInterrupted() && !isInterrupted) {
+            if (!isInterrupted && (WasInterrupted() || FlushOutput() == OutputState::ReaderGone)) {
                 isInterrupted = true;
                 for (Share& share : Shares) {
                     if (share.Process) share.Process->Interrupt();
@@ -86,14 +89,15 @@ class ProcessPool {
 
     void PassOn(Share& share) {
         if (!share.Process) return;
-        ReadBlocks(share.Process->Output(), [](const char* block, std::size_t count) {
+        const bool isWhole = ReadBlocks(share.Process->Output(), [](const char* block, std::size_t count) {
             std::cout.write(block, static_cast<std::streamsize>(count));
         });
         std::cout.flush();
         std::string messages;
         ReadBlocks(share.Process->Errors(),
                    [&](const char* block, std::size_t count) { messages.append(block, count); });
-        const FilesSummary own = TakeSummary(messages);
+        FilesSummary own = TakeSummary(messages);
+        if (!isWhole) own = {};  // which reports are missing is unknown
         std::cerr << messages << std::flush;
         Summary.Add(own);
         const int ended = share.Process->Status();

@@ -1,11 +1,13 @@
 #include "host/sidecar/Sidecars.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "contract/TimeReader.h"
 #include "host/SettingText.h"
 #include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -42,6 +44,24 @@ SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& side
     check.Errors = -1;
     check.Reason = NoSidecars();
     return check;
+}
+
+std::string WhyUnread(const std::u16string& source) {
+    const std::u16string sidecar = source + std::u16string(Ending);
+    std::error_code ignored;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(PathForStream(sidecar), ignored))) return {};
+    CFile file;
+    CFileException error(false);
+    char first = 0;
+    if (!file.Open(sidecar.c_str(), CFile::modeRead, &error)) return Utf16ToUtf8(DescribeFileError(error));
+    try {
+        file.Read(&first, sizeof first);
+        return {};
+    } catch (CFileException* failure) {
+        const std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+        return reason;
+    }
 }
 
 std::string ComplaintOf(const SidecarCheck& check) {

@@ -16,8 +16,12 @@ class FileLock {
     // False if the lock file can't be made.
     bool IsHeld() const { return Handle != -1; }
 
+    // Why it can't, in the system's words; empty if it is held.
+    const std::u16string& Failure() const { return Reason; }
+
   private:
     std::intptr_t Handle;
+    std::u16string Reason;
 };
 
 // Makes the folder of a file and those above it.

@@ -7,13 +7,14 @@
 namespace {
 
 // The bytes of a file. A file that doesn't exist is empty; nothing means that it can't be read, and so must
-// not be written over either.
-std::optional<std::string> ReadWholeFile(const std::u16string& path) {
+// not be written over either. `state` says which.
+std::optional<std::string> ReadWholeFile(const std::u16string& path, ProfileState& state) {
     CFile file;
     CFileException error(false);
     if (!file.Open(path.c_str(), CFile::modeRead, &error)) {
-        if (error.Cause == CFileException::fileNotFound) return std::string();
-        return std::nullopt;
+        const bool isMissing = error.Cause == CFileException::fileNotFound;
+        state = {isMissing ? ProfileState::Missing : ProfileState::Unreadable, DescribeFileError(error)};
+        return isMissing ? std::optional(std::string()) : std::nullopt;
     }
     try {
         std::string bytes;
@@ -27,6 +28,7 @@ std::optional<std::string> ReadWholeFile(const std::u16string& path) {
         } while (count != 0);
         return bytes;
     } catch (CFileException* failure) {
+        state = {ProfileState::Unreadable, DescribeFileError(*failure)};
         failure->Delete();
         return std::nullopt;
     }
@@ -60,34 +62,50 @@ class FileProfile : public ProfileStore {
                     const ProfileBlock& value) override {
         return Store(section, key, BlockToProfileText(value));
     }
+    ProfileState State() const override {
+        ProfileState state;
+        ReadWholeFile(Path, state);
+        if (state.Kind != ProfileState::Readable) state.Reason = Path + u": " + state.Reason;
+        return state;
+    }
+    std::u16string WriteFailure() const override { return Failure; }
 
   private:
     std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
-        const auto bytes = ReadWholeFile(Path);
+        ProfileState ignored;
+        const auto bytes = ReadWholeFile(Path, ignored);
         if (!bytes) return std::nullopt;
         return ProfileText(*bytes).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
     }
 
     // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
-    bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) const {
+    bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) {
         MakeFolders(Path);
         // The profile itself can't be the lock: it is replaced while that is held.
         const FileLock lock(Path + u".lock");
-        if (!lock.IsHeld()) return false;
-        const auto bytes = ReadWholeFile(Path);
-        if (!bytes) return false;
+        if (!lock.IsHeld()) return Fail(lock.Failure());
+        ProfileState state;
+        const auto bytes = ReadWholeFile(Path, state);
+        if (!bytes) return Fail(state.Reason);
         ProfileText text(*bytes);
         text.Set(Utf16ToUtf8(section), Utf16ToUtf8(key), value);
         try {
             ReplaceFile(Path, text.ToBytes());
         } catch (CFileException* failure) {
+            const std::u16string reason = DescribeFileError(*failure);
             failure->Delete();
-            return false;
+            return Fail(reason);
         }
         return true;
     }
 
+    bool Fail(const std::u16string& reason) {
+        if (Failure.empty()) Failure = reason;
+        return false;
+    }
+
     const std::u16string Path;
+    std::u16string Failure;
 };
 
 }  // namespace

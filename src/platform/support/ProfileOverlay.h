@@ -27,6 +27,8 @@ class ProfileOverlay : public ProfileStore {
                    const std::u16string& value) override;
     bool WriteBlock(const std::u16string& section, const std::u16string& key,
                     const ProfileBlock& value) override;
+    ProfileState State() const override { return Store->State(); }
+    std::u16string WriteFailure() const override { return Store->WriteFailure(); }
 
   private:
     // The value over a key if it is of this kind. `covered` tells whether there is one of any kind.

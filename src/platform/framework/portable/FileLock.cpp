@@ -4,13 +4,17 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include <cstring>
+
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 #include "platform/framework/portable/FileCalls.h"
 
 FileLock::FileLock(const std::u16string& path)
     : Handle(Uninterrupted([native = PathToNative(path)] {
           return GetFileCalls().Open(native.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
       })) {
+    if (!IsHeld()) Reason = Utf8ToUtf16(std::strerror(errno));
     if (IsHeld()) Uninterrupted([&] { return GetFileCalls().Lock(static_cast<int>(Handle), LOCK_EX); });
 }
 

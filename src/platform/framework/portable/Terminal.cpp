@@ -5,19 +5,21 @@
 
 #include <csignal>
 
+#include "platform/framework/StandardStreams.h"
+
 namespace {
 
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler sets it
 
-void RememberInterrupt(int signal) {
+void RememberInterrupt(int) {
     interrupted = true;
-    std::signal(signal, SIG_DFL);
 }
 
 }  // namespace
 
 std::vector<std::string> BeginProgram(int argc, char** argv) {
+    OpenStandardStreams();
     return {argv + 1, argv + argc};
 }
 
@@ -34,8 +36,11 @@ bool IsErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
 
-void CatchInterrupt() {
-    std::signal(SIGINT, RememberInterrupt);
+void CatchInterrupt(bool staysCaught) {
+    struct sigaction action {};
+    action.sa_handler = RememberInterrupt;
+    action.sa_flags = SA_RESTART | (staysCaught ? 0 : static_cast<int>(SA_RESETHAND));
+    sigaction(SIGINT, &action, nullptr);
 }
 
 bool WasInterrupted() {
