@@ -26,7 +26,7 @@ std::FILE* OpenNamelessFile() {
 
 // Takes room for messages on the disk, so that a copy can still say that the disk is full.
 bool ReserveMessages(std::FILE* file) {
-    constexpr off_t Size = 65536;
+    constexpr off_t Size = 16384;
     return fallocate(fileno(file), FALLOC_FL_KEEP_SIZE, 0, Size) == 0 || errno != ENOSPC;
 }
 
