@@ -25,9 +25,10 @@ struct RejectsOptions {
 // Empty, or why the file could not be checked.
 std::string WhyFailed(const std::u16string& path, const check::CheckResult& result) {
     if (!result.Failed) return {};
+    const std::string failure = Utf16ToUtf8(result.Failure);
+    if (result.SourceChanged || result.OutOfMemory) return failure;
     const std::string reason = WhyUnreadable(path);
     if (!reason.empty()) return reason;
-    const std::string failure = Utf16ToUtf8(result.Failure);
     if (result.Begun) return failure;
     const Reading& table = result.Format;
     const check::RowsAbove& above = result.Above;

@@ -18,12 +18,11 @@ Reading ReadingOf(const CImportFilter& filter) {
     const CCsvImportSettings* const settings = SettingsOf(filter);
     if (settings == nullptr) return {};
     const int firstLine = settings->GetFirstLine();
-    const bool hasHeader = settings->ImportHeader != 0;
     return {settings->Separator,
             settings->OtherSeparator,
             settings->MergeSeparators != 0,
-            hasHeader ? firstLine : 0,
-            hasHeader ? firstLine + 1 : firstLine,
+            settings->ImportHeader != 0 ? firstLine : 0,
+            settings->GetFirstDataLine(),
             settings->DateSetting,
             settings->DateColumn,
             settings->TimeSetting,

@@ -19,6 +19,7 @@ constexpr Translation Texts[] = {
      "`kelvarin-import BEFEHL --help` nennt die Optionen eines Befehls. Eine Datei ohne Befehl wird "
      "importiert."},
     {"standard output can't be written: {}", "die Standardausgabe kann nicht geschrieben werden: {}"},
+    {"the profile can't be written: {}", "das Profil kann nicht geschrieben werden: {}"},
     {"no profile: {}", "kein Profil: {}"},
     {"A subcommand is required", "Ein Befehl fehlt"},
     {"{} is required", "{} fehlt"},

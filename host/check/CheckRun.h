@@ -40,6 +40,8 @@ struct ColumnCheck {
 struct CheckResult {
     bool Begun = false;
     bool Failed = false;       // could not begin, or a read error ended it
+    bool SourceChanged = false;  // Failed, as the file isn't what it was
+    bool OutOfMemory = false;    // Failed, as a line or the table is too large for this process
     bool Interrupted = false;  // was cancelled; all below is of the lines read so far
     std::u16string Failure;    // the module's message about the file or its sidecar; empty without one
 

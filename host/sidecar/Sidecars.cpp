@@ -80,6 +80,7 @@ std::string SaveSidecar(const ModuleLoader& module, const std::u16string& source
     const std::u16string sidecar = source + std::u16string(Ending);
     if (CheckSidecar(module, sidecar).Errors >= 0)
         return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(sidecar)));
+    if (std::string reason = WhyUnread(source); !reason.empty()) return reason;
     return Write(module, source, &ISidecarTool::SaveSidecar);
 }
 

@@ -7,7 +7,7 @@ class CCsvImportSettings;
 
 class ISettingsView {
   public:
-    static constexpr const char* Id = "kelvarin.SettingsView/1";
+    static constexpr const char* Id = "kelvarin.SettingsView/2";
 
     virtual ~ISettingsView() = default;
 
@@ -16,4 +16,8 @@ class ISettingsView {
 
     // The warning about the filter's sidecar; empty if there is none.
     virtual const std::u16string& GetSidecarWarning() const = 0;
+
+    // Why the sidecar that the last dialog was to write is not written, in the system's words; empty if it is,
+    // or if none was to be written.
+    virtual const std::string& GetSidecarFailure() const = 0;
 };

@@ -10,6 +10,10 @@ const std::u16string& CFilterInterfaces::GetSidecarWarning() const {
     return Owner.GetSidecarWarning();
 }
 
+const std::string& CFilterInterfaces::GetSidecarFailure() const {
+    return Owner.GetSidecarFailure();
+}
+
 void CFilterInterfaces::ObserveAnalysis(IAnalysisObserver* observer) {
     Owner.ObserveAnalysis(observer);
 }

@@ -55,7 +55,7 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     const char16_t* const text = Settings.GetTimestampText(Cells, JoinedTimeText);
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
-    const std::int64_t row = std::int64_t{CurrentLine} - Settings.GetFirstLine() - headerLines;
+    const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
     const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -99,6 +100,11 @@ class CCsvImportSettings {
 
     // FirstLine, at least 1.
     int GetFirstLine() const { return std::max(FirstLine, 1); }
+
+    // The line below the header, or FirstLine without one; at most the greatest int.
+    int GetFirstDataLine() const {
+        return GetFirstLine() + (ImportHeader != 0 && FirstLine < std::numeric_limits<int>::max() ? 1 : 0);
+    }
 
     // The column's entry, made with default values if absent.
     CCsvColumnInfo& GetColumn(int column) { return ColumnMap[column]; }

@@ -16,13 +16,10 @@ class FileLock {
     // False if the lock file can't be made.
     bool IsHeld() const { return Handle != -1; }
 
-    // Why it can't, in the system's words; empty if it is held.
-    const std::u16string& Failure() const { return Reason; }
-
   private:
     std::intptr_t Handle;
-    std::u16string Reason;
 };
 
-// Makes the folder of a file and those above it.
+// Makes the folder of a file and those above it. Raises CFileException for one that is missing and can't be
+// made, where the system says that.
 void MakeFolders(const std::u16string& path);

@@ -80,16 +80,16 @@ class FileProfile : public ProfileStore {
 
     // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
     bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) {
-        MakeFolders(Path);
-        // The profile itself can't be the lock: it is replaced while that is held.
-        const FileLock lock(Path + u".lock");
-        if (!lock.IsHeld()) return Fail(lock.Failure());
-        ProfileState state;
-        const auto bytes = ReadWholeFile(Path, state);
-        if (!bytes) return Fail(state.Reason);
-        ProfileText text(*bytes);
-        text.Set(Utf16ToUtf8(section), Utf16ToUtf8(key), value);
         try {
+            MakeFolders(Path);
+            // The profile itself can't be the lock: it is replaced while that is held.
+            const FileLock lock(Path + u".lock");
+            if (!lock.IsHeld()) return Fail(u"its lock file can't be made");
+            ProfileState state;
+            const auto bytes = ReadWholeFile(Path, state);
+            if (!bytes) return Fail(state.Reason);
+            ProfileText text(*bytes);
+            text.Set(Utf16ToUtf8(section), Utf16ToUtf8(key), value);
             ReplaceFile(Path, text.ToBytes());
         } catch (CFileException* failure) {
             const std::u16string reason = DescribeFileError(*failure);

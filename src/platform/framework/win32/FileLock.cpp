@@ -1,18 +1,12 @@
 #include "platform/framework/FileLock.h"
 
-#include "platform/framework/File.h"
 #include "platform/framework/win32/Api.h"
 
 FileLock::FileLock(const std::u16string& path)
     : Handle(reinterpret_cast<std::intptr_t>(CreateFileW(W(ApiPath(path)), GENERIC_READ | GENERIC_WRITE,
                                                          FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                                          OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
-    if (!IsHeld()) {
-        CFileException error(false);
-        error.OsError = static_cast<long>(GetLastError());
-        Reason = DescribeFileError(error);
-        return;
-    }
+    if (!IsHeld()) return;
     OVERLAPPED place{};
     LockFileEx(reinterpret_cast<HANDLE>(Handle), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
 }
