@@ -99,7 +99,11 @@ class StoreFile {
     }
 
     // What takes the samples of the next run; null without a path.
-    store::DeviceSink* BeginRun() { return File == nullptr ? nullptr : &File->BeginDevice(); }
+    store::DeviceSink* BeginRun() {
+        if (File == nullptr) return nullptr;
+        File->DropDevice();  // of a run that came to no end
+        return &File->BeginDevice();
+    }
 
     // Keeps the device of the run if `isDone`. False if the file can't be written any more.
     bool EndRun(const HostSession& session, bool isDone) {

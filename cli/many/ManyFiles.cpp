@@ -115,8 +115,9 @@ std::string SummaryLine(const FilesSummary& summary) {
 FilesSummary TakeSummary(std::string& messages) {
     const std::size_t mark = messages.rfind(Mark);
     if (mark == std::string::npos) return {};
-    const Json document = Json::parse(messages.substr(mark + 1), nullptr, false);
-    messages.erase(mark);
+    const std::size_t end = messages.find('\n', mark);
+    const Json document = Json::parse(messages.substr(mark + 1, end - mark - 1), nullptr, false);
+    messages.erase(mark, end == std::string::npos ? end : end + 1 - mark);
     if (document.is_discarded()) return {};
     return {document.value("files", std::size_t{0}), document.value("failed", std::vector<std::string>()),
             document.value("samples", std::uint64_t{0}), document.value("findings", std::size_t{0})};
