@@ -13,17 +13,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-namespace {
-// The 0-based columns of the source that become signals, in the order in which a filter makes them.
-std::vector<int> SignalColumns(const CImportFilter& filter) {
-    std::vector<int> columns;
-    for (const ColumnSummary& column : SummarizeColumns(filter)) {
-        if (column.IsSignal) columns.push_back(column.Index);
-    }
-    return columns;
-}
-}  // namespace
-
 // Compares in place: a copy of each text without its digits would cost more than all the rest.
 bool MessageList::KindOrder::operator()(const ImportMessage& one, const ImportMessage& other) const {
     if (one.Column != other.Column || one.Column >= 0) return one.Column < other.Column;

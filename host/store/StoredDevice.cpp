@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <span>
 #include <type_traits>
 #include <utility>
@@ -78,6 +79,31 @@ class TimeAxis {
 };
 }  // namespace
 
+// Texts that end with a zero, one after the other in an arena.
+class TextKeeper {
+  public:
+    explicit TextKeeper(Arena& memory) : Memory(memory) {}
+
+    const char16_t* Keep(std::u16string_view text) {
+        constexpr std::size_t BlockSize = 4096;
+        if (text.empty()) return u"";
+        if (Room <= text.size()) {
+            Room = std::max(BlockSize, text.size() + 1);
+            Next = static_cast<char16_t*>(Memory.Allocate(Room * sizeof(char16_t)));
+        }
+        char16_t* const kept = Next;
+        *std::copy(text.begin(), text.end(), kept) = u'\0';
+        Next += text.size() + 1;
+        Room -= text.size() + 1;
+        return kept;
+    }
+
+  private:
+    Arena& Memory;
+    char16_t* Next = nullptr;
+    std::size_t Room = 0;
+};
+
 struct SharedStore {
     SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
         : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
@@ -86,6 +112,8 @@ struct SharedStore {
     DeviceSink* const Sink;         // may be null
     Arena Memory;
     const std::shared_ptr<TimeAxis> Axis;
+    TextKeeper Texts{Memory};
+    std::map<std::uint32_t, std::vector<std::string>> MetaData;  // of signals that only count, by their ids
 };
 
 namespace {
@@ -94,12 +122,23 @@ namespace {
 class SignalBase : public StoredSignal {
   public:
     SignalBase(SignalDescription description, std::uint32_t id, const SharedStore& store)
-        : StoredSignal(std::move(description), id),
+        : StoredSignal(id),
+          About(std::move(description)),
           Axis(store.Axis),
           KeepLimit(store.KeepLimit),
           TimeSink(store.Sink) {
         if (TimeSink != nullptr) Sink = TimeSink->AddSignal(About);
     }
+
+    void SetSymbol(const char16_t* symbol) override { About.Symbol = symbol; }
+    std::u16string GetUnit() const override { return About.Unit; }
+    void SetUnit(const char16_t* unit) override { About.Unit = unit; }
+    DM::EResult WriteMetaData(std::uint32_t, const DM::XmlString& xml) override {
+        About.MetaData.push_back(xml.GetString());
+        return DM::ResultOk;
+    }
+    SignalDescription Description() const override { return About; }
+    SignalSummary Summary() const override { return Sum; }
 
     void Finish() override {
         Sum.FirstTime = Axis->First();
@@ -139,6 +178,8 @@ class SignalBase : public StoredSignal {
     // Adds what isn't in the summary yet to it.
     virtual void SummarizeRest() = 0;
 
+    SignalDescription About;
+    SignalSummary Sum;
     std::shared_ptr<TimeAxis> Axis;
     SignalSink* Sink = nullptr;  // null: nobody wants the samples
 
@@ -302,8 +343,59 @@ class TextSignal final : public SignalBase {
     std::uint32_t LastKept = 0;  // the last entry of Sizes with a value
 };
 
+// What a list of signals shows. A table of a million columns leaves each hundred and some bytes.
+class CountedSignal final : public StoredSignal {
+  public:
+    CountedSignal(const SignalDescription& description, std::uint32_t id, SharedStore& store)
+        : StoredSignal(id),
+          Type(description.Type),
+          Store(store),
+          Name(store.Texts.Keep(description.Name)),
+          Size(description.Size),
+          Column(description.Column) {}
+
+    void SetSymbol(const char16_t* symbol) override { Symbol = Store.Texts.Keep(symbol); }
+    std::u16string GetUnit() const override { return Unit; }
+    void SetUnit(const char16_t* unit) override { Unit = Store.Texts.Keep(unit); }
+    DM::EResult WriteMetaData(std::uint32_t, const DM::XmlString& xml) override {
+        Store.MetaData[GetUniqueSignalId().DirBlockId].push_back(xml.GetString());
+        return DM::ResultOk;
+    }
+    DM::EResult AddSample(const void* data, std::uint32_t, std::int64_t) override {
+        ++Count;
+        WithoutValue += data == nullptr ? 1 : 0;
+        return DM::ResultOk;
+    }
+
+    SignalDescription Description() const override {
+        const auto metaData = Store.MetaData.find(GetUniqueSignalId().DirBlockId);
+        const bool hasAny = metaData != Store.MetaData.end();
+        return {
+            Name, Type, Size, Column, Symbol, Unit, hasAny ? metaData->second : std::vector<std::string>()};
+    }
+    SignalSummary Summary() const override {
+        return {Count, WithoutValue, Store.Axis->First(), Store.Axis->Last(), {}, {}, {}};
+    }
+    void VisitSamples(std::uint64_t, const SampleVisitor&) const override {}
+    void Finish() override {}
+
+  private:
+    const std::uint32_t Type;
+    SharedStore& Store;
+    const char16_t* const Name;
+    const char16_t* Symbol = u"";
+    const char16_t* Unit = u"";
+    const std::uint32_t Size;
+    const std::int32_t Column;
+    std::uint64_t Count = 0;
+    std::uint64_t WithoutValue = 0;
+};
+
 std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uint32_t id,
                                          SharedStore& store) {
+    constexpr std::uint32_t MostLookedAt = 1000;
+    if (id > MostLookedAt && store.KeepLimit == 0 && store.Sink == nullptr)
+        return std::make_unique<CountedSignal>(description, id, store);
     switch (description.Type) {
         case KelvarinBool:
             return std::make_unique<FixedSignal<std::uint8_t>>(std::move(description), id, store);
@@ -318,11 +410,6 @@ std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uin
     }
 }
 }  // namespace
-
-DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml) {
-    About.MetaData.push_back(xml.GetString());
-    return DM::ResultOk;
-}
 
 StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
                            DeviceSink* sink, std::vector<int> columns)

@@ -93,6 +93,7 @@ void CCsvImportFilter::SettleRun() {
 
 void CCsvImportFilter::CollectSampleColumns() {
     SampleColumns.clear();
+    SampleColumns.reserve(Signals.size());
     for (int i = 0; i < Settings.GetColumnCount() && i < static_cast<int>(Signals.size()); ++i) {
         CCsvColumnInfo& info = Settings.GetColumn(i);
         const ECsvDataType type = info.GetEffectiveType();

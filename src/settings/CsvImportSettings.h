@@ -115,7 +115,10 @@ class CCsvImportSettings {
     void SetPreviewWidth(int column, int width);
 
     // True for a 0-based column that feeds the timestamp and so is no signal.
-    bool IsTimestampColumn(int column) const;
+    bool IsTimestampColumn(int column) const {
+        return (DateSetting == DateFromColumn && column + 1 == DateColumn) ||
+               (TimeSetting == TimeFromColumn && column + 1 == TimeColumn);
+    }
 
     // Erases the entries that hold no choice of the user, and forgets the detected type of the others.
     void RemoveDefaultColumns();
