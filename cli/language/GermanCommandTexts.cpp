@@ -20,6 +20,7 @@ constexpr Translation Texts[] = {
      "importiert."},
     {"standard output can't be written: {}", "die Standardausgabe kann nicht geschrieben werden: {}"},
     {"the profile can't be written: {}", "das Profil kann nicht geschrieben werden: {}"},
+    {"nobody reads the output any more", "niemand liest die Ausgabe mehr"},
     {"no profile: {}", "kein Profil: {}"},
     {"A subcommand is required", "Ein Befehl fehlt"},
     {"{} is required", "{} fehlt"},

@@ -9,110 +9,25 @@
 
 #include "host/store/Blocks.h"
 #include "host/store/TextBlocks.h"
-#include "platform/framework/Numbers.h"
+#include "host/store/TimeAxis.h"
 
 namespace kelvarin::store {
-namespace {
-// A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
-// its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
-// for others.
-class TimeAxis {
-    // A time and the step that led to it. Sums wrap.
-    struct Moment {
-        std::int64_t Time = 0;
-        std::int64_t Step = 0;
-    };
-
-  public:
-    // Keeps at most `keepLimit` times. The arena must outlive the axis.
-    TimeAxis(std::uint64_t keepLimit, Arena& memory)
-        : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
-
-    // The first `count` times of another axis; it must have as many.
-    TimeAxis(const TimeAxis& other, std::uint64_t count) : TimeAxis(other.KeepLimit, other.Memory) {
-        Reader reader(other);
-        while (Rows < std::min(count, KeepLimit)) Append(reader.Next());
-        FirstTime = other.FirstTime;
-        Rows = count;
-    }
-
-    void Append(std::int64_t time) {
-        const std::int64_t step = WrappingSubtract(time, Now.Time);
-        if (Rows < KeepLimit) {
-            if (Changes.IsFull()) Changes.Flush(true);
-            Changes.Append(WrappingSubtract(step, Now.Step));
-        }
-        if (Rows == 0) FirstTime = time;
-        Now = {time, step};
-        ++Rows;
-    }
-
-    // Of all times, kept or not. First and Last are 0 if there is none.
-    std::uint64_t Count() const { return Rows; }
-    std::int64_t First() const { return FirstTime; }
-    std::int64_t Last() const { return Now.Time; }
-
-    // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
-    class Reader {
-      public:
-        explicit Reader(const TimeAxis& axis) : Changes(axis.Changes) {}
-
-        // The next time; there must be one.
-        std::int64_t Next() {
-            Now.Step = WrappingAdd(Now.Step, Changes.Next());
-            Now.Time = WrappingAdd(Now.Time, Now.Step);
-            return Now.Time;
-        }
-
-      private:
-        BlockList<std::int64_t>::Reader Changes;
-        Moment Now;
-    };
-
-  private:
-    const std::uint64_t KeepLimit;
-    Arena& Memory;
-    BlockList<std::int64_t> Changes;  // of the step, from row to row; step and time begin at 0
-    std::uint64_t Rows = 0;
-    std::int64_t FirstTime = 0;
-    Moment Now;
-};
-}  // namespace
-
-// Texts that end with a zero, one after the other in an arena.
-class TextKeeper {
-  public:
-    explicit TextKeeper(Arena& memory) : Memory(memory) {}
-
-    const char16_t* Keep(std::u16string_view text) {
-        constexpr std::size_t BlockSize = 4096;
-        if (text.empty()) return u"";
-        if (Room <= text.size()) {
-            Room = std::max(BlockSize, text.size() + 1);
-            Next = static_cast<char16_t*>(Memory.Allocate(Room * sizeof(char16_t)));
-        }
-        char16_t* const kept = Next;
-        *std::copy(text.begin(), text.end(), kept) = u'\0';
-        Next += text.size() + 1;
-        Room -= text.size() + 1;
-        return kept;
-    }
-
-  private:
-    Arena& Memory;
-    char16_t* Next = nullptr;
-    std::size_t Room = 0;
-};
-
 struct SharedStore {
     SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
         : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
+
+    // A copy that ends with a zero.
+    const char16_t* Keep(std::u16string_view text) {
+        auto* const kept =
+            static_cast<char16_t*>(Memory.Allocate((text.size() + 1) * sizeof(char16_t), alignof(char16_t)));
+        *std::copy(text.begin(), text.end(), kept) = u'\0';
+        return kept;
+    }
 
     const std::uint64_t KeepLimit;  // samples that each signal keeps
     DeviceSink* const Sink;         // may be null
     Arena Memory;
     const std::shared_ptr<TimeAxis> Axis;
-    TextKeeper Texts{Memory};
     std::map<std::uint32_t, std::vector<std::string>> MetaData;  // of signals that only count, by their ids
 };
 
@@ -348,15 +263,15 @@ class CountedSignal final : public StoredSignal {
   public:
     CountedSignal(const SignalDescription& description, std::uint32_t id, SharedStore& store)
         : StoredSignal(id),
-          Type(description.Type),
-          Store(store),
-          Name(store.Texts.Keep(description.Name)),
+          Type(static_cast<std::uint8_t>(description.Type)),
           Size(description.Size),
-          Column(description.Column) {}
+          Column(description.Column),
+          Store(store),
+          Name(store.Keep(description.Name)) {}
 
-    void SetSymbol(const char16_t* symbol) override { Symbol = Store.Texts.Keep(symbol); }
+    void SetSymbol(const char16_t* symbol) override { Symbol = Store.Keep(symbol); }
     std::u16string GetUnit() const override { return Unit; }
-    void SetUnit(const char16_t* unit) override { Unit = Store.Texts.Keep(unit); }
+    void SetUnit(const char16_t* unit) override { Unit = Store.Keep(unit); }
     DM::EResult WriteMetaData(std::uint32_t, const DM::XmlString& xml) override {
         Store.MetaData[GetUniqueSignalId().DirBlockId].push_back(xml.GetString());
         return DM::ResultOk;
@@ -380,13 +295,13 @@ class CountedSignal final : public StoredSignal {
     void Finish() override {}
 
   private:
-    const std::uint32_t Type;
+    const std::uint8_t Type;  // an EKelvarinType
+    const std::uint32_t Size;
+    const std::int32_t Column;
     SharedStore& Store;
     const char16_t* const Name;
     const char16_t* Symbol = u"";
     const char16_t* Unit = u"";
-    const std::uint32_t Size;
-    const std::int32_t Column;
     std::uint64_t Count = 0;
     std::uint64_t WithoutValue = 0;
 };

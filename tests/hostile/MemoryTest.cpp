@@ -1,6 +1,7 @@
 // Lines, tables and sidecars that are too large.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include "hostile/Shell.h"
@@ -56,6 +57,27 @@ TEST(HostileMemory, AStartLineMayBeAnyNumber) {
             EXPECT_LT(result.Status, 4) << command << ": " << result.Err;
             EXPECT_EQ(result.Err.find("runtime error"), std::string::npos) << command << ": " << result.Err;
         }
+    }
+}
+
+TEST(LimitsHostileMemory, AMillionColumnsTakeFourHundredMegabytes) {
+    const ProgramRun run;
+    std::string bytes;
+    for (const char* const cell : {"n", "1", "2", "3"}) {
+        for (int column = 0; column < 1'000'000; ++column)
+            bytes += (column == 0 ? "" : ";") + std::string(cell);
+        bytes += "\n";
+    }
+    run.Write("wide.csv", bytes);
+    for (const char* const command : {"import", "analyze", "explain"}) {
+        rusage after{};
+        std::vector<std::string> arguments = {command, "--set",         "TimeSetting=1",
+                                              "--set", "DateSetting=2", "wide.csv"};
+        const ProgramResult result = run(arguments);
+        getrusage(RUSAGE_CHILDREN, &after);
+        EXPECT_EQ(result.Status, 0) << result.Err;
+        EXPECT_LT(after.ru_maxrss, 400'000'000 / 1024) << command;
+        EXPECT_NE(result.Out.find("999800 more columns"), std::string::npos) << result.Out.substr(0, 2000);
     }
 }
 
