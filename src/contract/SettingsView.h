@@ -17,7 +17,7 @@ class ISettingsView {
     // The warning about the filter's sidecar; empty if there is none.
     virtual const std::u16string& GetSidecarWarning() const = 0;
 
-    // Why the sidecar that the last dialog was to write is not written, in the system's words; empty if it is,
-    // or if none was to be written.
+    // Why the sidecar that the last dialog was to write is not written, in the system's words; empty if it
+    // is, or if none was to be written.
     virtual const std::string& GetSidecarFailure() const = 0;
 };

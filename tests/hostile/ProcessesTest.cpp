@@ -9,6 +9,7 @@
 #include <fstream>
 
 #include "hostile/Shell.h"
+#include "platform/framework/Terminal.h"
 #include "program/BytesRead.h"
 #include "program/ProgramRun.h"
 
@@ -76,6 +77,25 @@ TEST_F(HostileProcesses, WithoutATemporaryFolderEveryFileIsNamed) {
     for (int i = 0; i < Files; ++i)
         EXPECT_NE(result.Out.find(NameOf(i) + ": no process could be started: "), std::string::npos)
             << NameOf(i);
+}
+
+// What becomes of a process that gets Ctrl-C twice.
+int StatusAfterTwoInterrupts(bool staysCaught) {
+    const pid_t process = fork();
+    if (process == 0) {
+        CatchInterrupt(staysCaught);
+        raise(SIGINT);
+        raise(SIGINT);
+        _exit(WasInterrupted() ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(process, &status, 0);
+    return StatusOf(status);
+}
+
+TEST(HostileInterrupt, OfTheTerminalAndOfTheProgramIsOneForAProcessOfJobs) {
+    EXPECT_EQ(StatusAfterTwoInterrupts(true), 0);
+    EXPECT_EQ(StatusAfterTwoInterrupts(false), 1000 + SIGINT) << "the second one ends the program itself";
 }
 
 // A run over two files that take long, in a group of its own as the terminal starts it.

@@ -34,6 +34,13 @@ std::optional<std::string> ReadWholeFile(const std::u16string& path, ProfileStat
     }
 }
 
+std::u16string WhyNotMade(const std::u16string& path) {
+    CFile file;
+    CFileException error(false);
+    return file.Open(path.c_str(), CFile::modeWrite | CFile::modeCreate, &error) ? std::u16string()
+                                                                                 : DescribeFileError(error);
+}
+
 class FileProfile : public ProfileStore {
   public:
     explicit FileProfile(std::u16string path) : Path(std::move(path)) {}
@@ -83,8 +90,9 @@ class FileProfile : public ProfileStore {
         try {
             MakeFolders(Path);
             // The profile itself can't be the lock: it is replaced while that is held.
-            const FileLock lock(Path + u".lock");
-            if (!lock.IsHeld()) return Fail(u"its lock file can't be made");
+            const std::u16string lockPath = Path + u".lock";
+            const FileLock lock(lockPath);
+            if (!lock.IsHeld()) return Fail(WhyNotMade(lockPath));
             ProfileState state;
             const auto bytes = ReadWholeFile(Path, state);
             if (!bytes) return Fail(state.Reason);
