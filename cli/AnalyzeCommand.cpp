@@ -26,7 +26,8 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const g
         WriteFormatText(std::cout, file, session.Filter());
         if (guessed.Guess() != nullptr) WriteGuessText(std::cout, *guessed.Guess());
     }
-    return analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));
+    const int status = analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));
+    return WithSaving(status, file, guessed.Guess());
 }
 }  // namespace
 

@@ -24,8 +24,9 @@ struct RejectsOptions {
 // Empty, or why the file could not be checked.
 std::string WhyFailed(const check::CheckResult& result) {
     if (!result.Failed) return {};
-    if (!result.WhyUnreadable.empty()) return result.WhyUnreadable;
     const std::string failure = Utf16ToUtf8(result.Failure);
+    if (result.SourceChanged || result.OutOfMemory) return failure;
+    if (!result.WhyUnreadable.empty()) return result.WhyUnreadable;
     if (result.Begun) return failure;
     const Reading& table = result.Format;
     const check::RowsAbove& above = result.Above;

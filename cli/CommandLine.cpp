@@ -22,6 +22,19 @@ std::string AllowedOptions(const CLI::App& command) {
     return names;
 }
 
+// CLI11 takes an argument in brackets for a list. With this after it, which no argument has, it doesn't.
+constexpr char Mark = '\0';
+
+void TakeMarksOff(CLI::App& command) {
+    for (CLI::Option* option : command.get_options(nullptr)) {
+        option->transform([](std::string value) {
+            if (value.ends_with(Mark)) value.pop_back();
+            return value;
+        });
+    }
+    for (CLI::App* part : command.get_subcommands(nullptr)) TakeMarksOff(*part);
+}
+
 // What is wrong with the line, in the user's language as far as the parser says it often.
 std::string ReasonOf(const CLI::ParseError& error) {
     const std::string text = error.what();
@@ -158,11 +171,15 @@ std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments
     if (!arguments.empty() && std::find(known.begin(), known.end(), arguments.front()) == known.end()) {
         arguments.insert(arguments.begin(), "import");
     }
+    for (std::string& argument : arguments) {
+        if (argument.starts_with('[') && argument.ends_with(']')) argument += Mark;
+    }
     std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
     return arguments;
 }
 
 std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments) {
+    TakeMarksOff(Program);
     try {
         RefuseEmptyValues(arguments);
         Program.parse(InOrder(arguments));
@@ -180,6 +197,11 @@ std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments)
         Complain(Phrase("{}; see --help", ReasonOf(error)));
     }
     return ExitWrongUsage;
+}
+
+bool CommandLine::HasOption(const std::string& name) const {
+    const CLI::Option* const option = Program.get_subcommands().front()->get_option_no_throw(name);
+    return option != nullptr && option->count() != 0;
 }
 
 int CommandLine::Run(const ModuleLoader& module) const {

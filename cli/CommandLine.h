@@ -49,6 +49,10 @@ class CommandLine {
     // Those of the command that was asked for.
     const CommonOptions& Common() const { return CommonValues; }
 
+    // The name of the command that was asked for, and whether an option of its own was given.
+    std::string CommandName() const { return Program.get_subcommands().front()->get_name(); }
+    bool HasOption(const std::string& name) const;
+
     // Runs the command that was asked for.
     int Run(const ModuleLoader& module) const;
 

@@ -4,7 +4,9 @@
 #include <iostream>
 
 #include "cli/report/TextLayout.h"
+#include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -32,6 +34,14 @@ int Fail(const std::string& file, const std::string& reason) {
 
 int Finish(const std::string& file, const std::string& reason) {
     return reason.empty() ? int{ExitDone} : Fail(file, reason);
+}
+
+int FinishOutput(int status) {
+    const OutputState state = CloseOutput();
+    if (state == OutputState::ReaderGone) return ExitReaderGone;
+    if (state == OutputState::Written) return status;
+    Complain(Phrase("standard output can't be written: {}", OutputFailure()));
+    return WorseStatus(status, ExitFileFailed);
 }
 
 std::string PrintableName(const std::string& file) {

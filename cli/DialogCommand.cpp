@@ -7,15 +7,29 @@
 #include "cli/Complaints.h"
 #include "cli/DialogScript.h"
 #include "cli/report/JsonReport.h"
+#include "contract/SettingsView.h"
 #include "host/HostSession.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
 
 namespace {
+// What an OK was to store and could not is complained about. Returns ExitDone without any such thing.
+int ReportUnsaved(const std::string& file, const CImportFilter& filter) {
+    int status = ExitDone;
+    const ISettingsView* const view = filter.Find<ISettingsView>();
+    if (view != nullptr && !view->GetSidecarFailure().empty())
+        status = Fail(file + ".info", view->GetSidecarFailure());
+    const std::string failure = Utf16ToUtf8(GetProcessProfile()->WriteFailure());
+    if (failure.empty()) return status;
+    Complain(Phrase("the profile can't be written: {}", failure));
+    return ExitFileFailed;
+}
+
 // The dialog of one file, with a script in the user's place unless it is null.
 int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream* script) {
     HostSession session(module, PathFromNative(file), RunOptions());
@@ -30,7 +44,9 @@ int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream
     Json document = {{"result", result}};
     AddSettings(document, session.Filter());
     WriteDocument(std::cout, document);
-    return result != 0 ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), PathFromNative(file)));
+    if (result == 0) return Fail(file, WhyUnreadable(session.Filter(), PathFromNative(file)));
+    constexpr std::int64_t Ok = 1;
+    return result == Ok ? ReportUnsaved(file, session.Filter()) : int{ExitDone};
 }
 
 // `scriptPath` is empty, a file, or - for standard input.

@@ -55,6 +55,7 @@ bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
 
 // Empty, or why the file counts as failed.
 std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
+    if (result.OutOfMemory) return result.Failure;
     if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
     const std::string reason = WhyUnreadable(session.Filter(), path);
     if (!result.Failed || !reason.empty()) return reason;
@@ -98,7 +99,11 @@ class StoreFile {
     }
 
     // What takes the samples of the next run; null without a path.
-    store::DeviceSink* BeginRun() { return File == nullptr ? nullptr : &File->BeginDevice(); }
+    store::DeviceSink* BeginRun() {
+        if (File == nullptr) return nullptr;
+        File->DropDevice();  // of a run that came to no end
+        return &File->BeginDevice();
+    }
 
     // Keeps the device of the run if `isDone`. False if the file can't be written any more.
     bool EndRun(const HostSession& session, bool isDone) {
@@ -158,6 +163,7 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     std::string reason;
     std::uint64_t samples = 0;
     bool hasStored = true;
+    int saved = ExitDone;
     {
         ProgressLine progress(file);
         const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
@@ -173,8 +179,9 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
         } else {
             WriteText(module, file, path, result, session, guessed.Guess());
         }
+        saved = WithSaving(ExitDone, file, guessed.Guess());
     }
-    const int status = Finish(file, reason);
+    const int status = WorseStatus(saved, Finish(file, reason));
     if (result.Interrupted) return {ExitInterrupted, samples};
     return {hasStored ? status : ExitFileFailed, samples};
 }

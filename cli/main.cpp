@@ -1,25 +1,38 @@
 // The embedded host: loads the import module and drives it as the host does.
+#include <new>
+
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/language/Texts.h"
+#include "cli/many/ManyFiles.h"
 #include "contract/SupportFunctions.h"
+#include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
+#include "platform/framework/Text.h"
 
 using namespace kelvarin;
 using namespace kelvarin::cli;
 
 namespace {
-// The store that the module will read: the user's or a file.
-void OpenProfile(const CommonOptions& options) {
-    SetProcessProfile(options.ProfilePath.empty() ? OpenUserProfile(u"Brenholt", GetCommonProfileName())
-                                                  : OpenProfileFile(PathFromNative(options.ProfilePath)));
+// Makes the user's profile or the file that was named the store that the module reads. ExitDone, or a failure
+// that was complained about.
+int OpenProfile(const CommandLine& line) {
+    const std::string& path = line.Common().ProfilePath;
+    SetProcessProfile(path.empty() ? OpenUserProfile(u"Brenholt", GetCommonProfileName())
+                                   : OpenProfileFile(PathFromNative(path)));
+    const ProfileState state = GetProcessProfile()->State();
+    // A dialog makes the profile that it is given.
+    const bool mayBeMissing = path.empty() || line.CommandName() == "dialog";
+    if (state.Kind == ProfileState::Readable) return ExitDone;
+    if (state.Kind == ProfileState::Missing && mayBeMissing) return ExitDone;
+    // The process that started this one has said it.
+    if (line.HasOption(ProcessOption)) return ExitDone;
+    Complain(Phrase("no profile: {}", Utf16ToUtf8(state.Reason)));
+    return state.Kind == ProfileState::Nowhere ? ExitDone : ExitFileFailed;
 }
-}  // namespace
 
-int main(int argc, char** argv) {
-    const std::vector<std::string> arguments = BeginProgram(argc, argv);
-    UseTexts(WantedLanguage(arguments));
+int RunProgram(const std::vector<std::string>& arguments) {
     CommandLine line;
     AddImportCommand(line);
     AddAnalyzeCommand(line);
@@ -30,12 +43,26 @@ int main(int argc, char** argv) {
     AddDialogCommand(line);
     AddShellCommands(line);
     if (const std::optional<int> status = line.Parse(arguments)) return *status;
-    OpenProfile(line.Common());
+    const int profile = OpenProfile(line);
+    if (profile != ExitDone && !line.Common().ProfilePath.empty()) return profile;
     SettingsLayer settings;
     for (const ParsedSetting& setting : line.Common().Settings) settings.Set(setting);
     ModuleLoader module;
     const std::string reason = module.Load();
-    if (reason.empty()) return line.Run(module);
+    if (reason.empty()) return WorseStatus(profile, line.Run(module));
     Complain(reason);
     return ExitFileFailed;
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments = BeginProgram(argc, argv);
+    UseTexts(WantedLanguage(arguments));
+    int status = ExitFileFailed;
+    try {
+        status = RunProgram(arguments);
+    } catch (const std::bad_alloc&) {
+        Complain(Phrase("not enough memory"));
+    }
+    return FinishOutput(status);
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "host/Reading.h"
@@ -11,17 +13,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-namespace {
-// The 0-based columns of the source that become signals, in the order in which a filter makes them.
-std::vector<int> SignalColumns(const CImportFilter& filter) {
-    std::vector<int> columns;
-    for (const ColumnSummary& column : SummarizeColumns(filter)) {
-        if (column.IsSignal) columns.push_back(column.Index);
-    }
-    return columns;
-}
-}  // namespace
-
 // Compares in place: a copy of each text without its digits would cost more than all the rest.
 bool MessageList::KindOrder::operator()(const ImportMessage& one, const ImportMessage& other) const {
     if (one.Column != other.Column || one.Column >= 0) return one.Column < other.Column;
@@ -98,16 +89,31 @@ bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
 
 RunResult HostSession::Run() {
     RunResult result;
+    try {
+        BeginAndRead(result);
+    } catch (const std::bad_alloc&) {
+        result.OutOfMemory = true;
+    } catch (const std::length_error&) {  // a text longer than any memory
+        result.OutOfMemory = true;
+    }
+    ImportFilter->EndImport();
+    if (result.OutOfMemory) {
+        result.Failed = true;
+        result.Failure = Phrase("not enough memory");
+    }
+    if (result.Failed && result.Failure.empty())
+        result.Failure = Phrase("the module can't read the file and doesn't say why");
+    return result;
+}
+
+void HostSession::BeginAndRead(RunResult& result) {
     if (IObservedRun* const run = ImportFilter->Find<IObservedRun>()) run->ObserveRun(Options.Observer);
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
     CollectMessages(0, result);
-    if (result.Begun && Options.OnBegun) Options.OnBegun(*ImportFilter);
-    if (result.Begun) ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
-    ImportFilter->EndImport();
-    if (result.Failed && result.Failure.empty())
-        result.Failure = Phrase("the module can't read the file and doesn't say why");
-    return result;
+    if (!result.Begun) return;
+    if (Options.OnBegun) Options.OnBegun(*ImportFilter);
+    ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
 }
 
 void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {

@@ -76,6 +76,7 @@ struct RunResult {
     bool Begun = false;                   // what BeginImport returned
     bool Failed = false;                  // it could not begin, or a read error ended it
     bool Interrupted = false;             // Cancel ended it
+    bool OutOfMemory = false;             // it failed, as a line or its table is too large for this process
     std::uint64_t Lines = 0;              // calls of ImportNextLine that returned true
     std::vector<std::uint32_t> Progress;  // percentages as they changed
     std::string Failure;  // the last failure in one sentence, in UTF-8; not empty if it failed
@@ -112,6 +113,7 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
 
     // Takes the filter's messages; true if one of them is a failure, whose text the result then has.
     bool CollectMessages(std::uint64_t line, RunResult& result);
+    void BeginAndRead(RunResult& result);
     void ReadLines(RunResult& result, std::uint64_t firstDataLine);
 
     const std::filesystem::path Path;

@@ -18,12 +18,11 @@ Reading ReadingOf(const CImportFilter& filter) {
     const CCsvImportSettings* const settings = SettingsOf(filter);
     if (settings == nullptr) return {};
     const int firstLine = settings->GetFirstLine();
-    const bool hasHeader = settings->ImportHeader != 0;
     return {settings->Separator,
             settings->OtherSeparator,
             settings->MergeSeparators != 0,
-            hasHeader ? firstLine : 0,
-            hasHeader ? firstLine + 1 : firstLine,
+            settings->ImportHeader != 0 ? firstLine : 0,
+            settings->GetFirstDataLine(),
             settings->DateSetting,
             settings->DateColumn,
             settings->TimeSetting,
@@ -34,17 +33,27 @@ Reading ReadingOf(const CImportFilter& filter) {
             settings->IntervalUnit};
 }
 
-std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter) {
+std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter, std::size_t most) {
     std::vector<ColumnSummary> columns;
     const CCsvImportSettings* const settings = SettingsOf(filter);
     if (settings == nullptr) return columns;
     for (const auto& [index, column] : settings->ColumnMap) {
         if (index < 0 || index >= settings->ColumnCount) continue;
-        const bool isDate = settings->DateSetting == DateFromColumn && index + 1 == settings->DateColumn;
-        const bool isTime = settings->TimeSetting == TimeFromColumn && index + 1 == settings->TimeColumn;
-        const bool isTimestamp = isDate || isTime;
+        if (columns.size() == most) break;
+        const bool isTimestamp = settings->IsTimestampColumn(index);
         columns.push_back({column.GetDisplayName(), column.GetEffectiveType(), column.Unit, isTimestamp,
                            index, column.ImportColumn && !isTimestamp});
+    }
+    return columns;
+}
+
+std::vector<int> SignalColumns(const CImportFilter& filter) {
+    std::vector<int> columns;
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    if (settings == nullptr) return columns;
+    for (const auto& [index, column] : settings->ColumnMap) {
+        const bool isThere = index >= 0 && index < settings->ColumnCount;
+        if (isThere && column.ImportColumn && !settings->IsTimestampColumn(index)) columns.push_back(index);
     }
     return columns;
 }

@@ -1,6 +1,7 @@
 // How a filter reads its file: what its settings come to after the analysis.
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,11 @@ struct ColumnSummary {
 const CCsvImportSettings* SettingsOf(const CImportFilter& filter);
 
 // Both of a filter that has analysed its file; the defaults, and no column, if it doesn't show its settings.
+// At most the first `most` columns.
 Reading ReadingOf(const CImportFilter& filter);
-std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter);
+std::vector<ColumnSummary> SummarizeColumns(const CImportFilter& filter,
+                                            std::size_t most = std::numeric_limits<std::size_t>::max());
+
+// The indices of the columns of which a run makes signals, in the order in which it makes them.
+std::vector<int> SignalColumns(const CImportFilter& filter);
 }  // namespace kelvarin

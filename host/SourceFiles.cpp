@@ -30,14 +30,28 @@ bool IsTable(const std::string& name) {
     return MatchesPattern(name, "*.csv") || MatchesPattern(name, "*.txt");
 }
 
-template <class Iterator>
-void AddTables(const fs::path& folder, std::vector<std::string>& files) {
-    std::error_code error;
-    for (Iterator entry(folder, fs::directory_options::skip_permission_denied, error), end;
-         !error && entry != end; entry.increment(error)) {
-        std::error_code ignored;
-        if (entry->is_regular_file(ignored) && IsTable(NativeText(entry->path().filename())))
-            files.push_back(NativeText(entry->path()));
+// The tables of a folder and, with `recursive`, of the folders in it. One folder is open at a time: there may
+// be more below one another than a process can hold open.
+void AddTables(const fs::path& top, bool recursive, FileList& list, std::vector<std::string>& files) {
+    for (std::vector<fs::path> folders = {top}; !folders.empty();) {
+        const fs::path folder = std::move(folders.back());
+        folders.pop_back();
+        std::error_code error;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            // What can't be looked at is listed too: whoever opens it gets the reason.
+            std::error_code unknown;
+            const bool isFile = entry->is_regular_file(unknown);
+            const bool isUnknown = unknown && unknown != std::errc::no_such_file_or_directory;
+            if ((isFile || isUnknown) && IsTable(NativeText(entry->path().filename())))
+                files.push_back(NativeText(entry->path()));
+            std::error_code ignored;
+            if (recursive && entry->is_directory(ignored) && !entry->is_symlink(ignored))
+                folders.push_back(entry->path());
+        }
+        // A folder that was named itself is opened as a file if nothing is found.
+        if (error && (folder != top || !files.empty()))
+            list.Unread.emplace_back(NativeText(folder), error.message());
     }
 }
 
@@ -118,11 +132,7 @@ FileList ListFiles(const std::vector<std::string>& arguments, bool recursive) {
         std::vector<std::string> found;
         std::error_code ignored;
         if (fs::is_directory(path, ignored)) {
-            if (recursive) {
-                AddTables<fs::recursive_directory_iterator>(path, found);
-            } else {
-                AddTables<fs::directory_iterator>(path, found);
-            }
+            AddTables(path, recursive, list, found);
         } else if (argument.find_first_of("*?") != std::string::npos && !fs::exists(path, ignored)) {
             const fs::path relative = path.relative_path();
             AddMatches(path.root_path(), relative.begin(), relative.end(), found);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "contract/ImportFilter.h"
@@ -10,6 +11,7 @@ namespace kelvarin {
 struct FileList {
     std::vector<std::string> Files;  // in the order of the arguments, those of a folder or pattern sorted
     bool IsExpanded = false;         // a folder or a pattern was among the arguments
+    std::vector<std::pair<std::string, std::string>> Unread = {};  // folders, and why in the system's words
 };
 
 // A folder means its *.csv and *.txt, with `recursive` those of the folders in it too. A name with * or ?

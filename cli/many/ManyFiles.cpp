@@ -1,12 +1,17 @@
 #include "cli/many/ManyFiles.h"
 
 #include <iostream>
+#include <new>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 
 #include "cli/Complaints.h"
 #include "cli/many/ProcessPool.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
+#include "host/sidecar/Sidecars.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
@@ -27,7 +32,6 @@ std::string Grouped(std::uint64_t number) {
 
 constexpr int MostJobs = 256;
 constexpr const char* JobsOption = "--jobs";
-constexpr const char* ProcessOption = "--summary-line";
 
 // The command line of this run without its files and without what concerns many files.
 std::vector<std::string> ArgumentsOfProcesses(const CLI::App& command) {
@@ -44,11 +48,30 @@ std::vector<std::string> ArgumentsOfProcesses(const CLI::App& command) {
     return arguments;
 }
 
-int RunOneByOne(const std::vector<std::string>& files, const ManyFiles::Work& work, FilesSummary& summary) {
+// The work for one file; what it takes from others, such as memory, it fails for alone.
+FileOutcome DoOne(const std::string& file, const ManyFiles::Work& work) {
+    const std::string unread = sidecar::WhyUnread(PathFromNative(file));
+    if (!unread.empty()) ComplainAbout(file + ".info", unread);
+    try {
+        FileOutcome outcome = work(file);
+        if (!unread.empty()) outcome.Status = WorseStatus(outcome.Status, ExitFileFailed);
+        return outcome;
+    } catch (const std::bad_alloc&) {
+    } catch (const std::length_error&) {  // a text longer than any memory
+    }
+    return Fail(file, Phrase("not enough memory"));
+}
+
+int RunOneByOne(const std::vector<std::string>& files, const ManyFiles::Work& work, FilesSummary& summary,
+                bool isProcess) {
     int status = ExitDone;
     for (const std::string& file : files) {
         if (WasInterrupted()) return ExitInterrupted;
-        const FileOutcome outcome = work(file);
+        const FileOutcome outcome = DoOne(file, work);
+        const OutputState output = isProcess ? KeepOutput() : FlushOutput();
+        if (output == OutputState::ReaderGone) return ExitReaderGone;
+        // Who started this process passes on whole reports only.
+        if (isProcess && output == OutputState::Failed) return ExitFileFailed;
         ++summary.Files;
         summary.Samples += outcome.Samples;
         if (outcome.Status == ExitFileFailed) summary.Failed.push_back(file);
@@ -92,8 +115,9 @@ std::string SummaryLine(const FilesSummary& summary) {
 FilesSummary TakeSummary(std::string& messages) {
     const std::size_t mark = messages.rfind(Mark);
     if (mark == std::string::npos) return {};
-    const Json document = Json::parse(messages.substr(mark + 1), nullptr, false);
-    messages.erase(mark);
+    const std::size_t end = messages.find('\n', mark);
+    const Json document = Json::parse(messages.substr(mark + 1, end - mark - 1), nullptr, false);
+    messages.erase(mark, end == std::string::npos ? end : end + 1 - mark);
     if (document.is_discarded()) return {};
     return {document.value("files", std::size_t{0}), document.value("failed", std::vector<std::string>()),
             document.value("samples", std::uint64_t{0}), document.value("findings", std::size_t{0})};
@@ -110,15 +134,20 @@ void ManyFiles::AddOptions(CLI::App& command) {
 
 int ManyFiles::Run(const std::vector<std::string>& arguments, const std::string& done, const Work& work,
                    Sum sum) const {
-    CatchInterrupt();
+    CatchInterrupt(IsProcess);
     const FileList list = ListFiles(arguments, Recursive);
     FilesSummary summary;
-    const int status = HasProcesses() && list.Files.size() > 1
-                           ? RunInProcesses(ArgumentsOfProcesses(*Command), static_cast<std::size_t>(Jobs),
-                                            list.Files, summary)
-                           : RunOneByOne(list.Files, work, summary);
+    int status = HasProcesses() && list.Files.size() > 1
+                     ? RunInProcesses(ArgumentsOfProcesses(*Command), static_cast<std::size_t>(Jobs),
+                                      list.Files, summary)
+                     : RunOneByOne(list.Files, work, summary, IsProcess);
+    for (const auto& [name, reason] : list.Unread) {
+        ComplainAbout(name, reason);
+        ++summary.Files;
+        summary.Failed.push_back(name);
+        status = WorseStatus(status, ExitFileFailed);
+    }
     if (IsProcess) {
-        std::cout.flush();
         std::cerr << SummaryLine(summary);
     } else if (sum == Sum::Always || list.IsExpanded || Jobs != 0) {
         Complain(summary.Text(done));

@@ -31,10 +31,13 @@ struct FilesSummary {
     std::string Text(const std::string& done) const;
 };
 
-// A process of the program ends its messages with its summary in one line, which the one that started it
-// takes off their end again. Messages without such a line give an empty summary.
+// A process of the program has its summary in one line of its messages, which the one that started it takes
+// out of them again. Messages without such a line give an empty summary.
 std::string SummaryLine(const FilesSummary& summary);
 FilesSummary TakeSummary(std::string& messages);
+
+// The option of such a process.
+constexpr const char* ProcessOption = "--summary-line";
 
 class ManyFiles {
   public:

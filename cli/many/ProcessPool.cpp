@@ -4,11 +4,13 @@
 #include <chrono>
 #include <iostream>
 #include <memory>
+#include <string_view>
 #include <thread>
 
 #include "cli/Complaints.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/ChildProcess.h"
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
@@ -18,10 +20,26 @@ constexpr std::size_t SharesPerJob = 4;
 constexpr std::size_t LargestShare = 16;
 constexpr std::chrono::milliseconds Pause(5);
 
+// Reads the file from its start. False if not all of it can be read.
 template <class Take>
-void ReadBlocks(std::FILE* from, const Take& take) {
+bool ReadBlocks(std::FILE* from, const Take& take) {
+    std::rewind(from);
     char block[65536];
-    while (const std::size_t count = std::fread(block, 1, sizeof block, from)) take(block, count);
+    while (const std::size_t count = std::fread(block, 1, sizeof block, from))
+        take(std::string_view(block, count));
+    return std::ferror(from) == 0;
+}
+
+// The bytes up to the end of the last whole line.
+std::uint64_t BytesOfLines(std::FILE* from) {
+    std::uint64_t read = 0;
+    std::uint64_t whole = 0;
+    ReadBlocks(from, [&](std::string_view block) {
+        const std::size_t end = block.rfind('\n');
+        if (end != block.npos) whole = read + end + 1;
+        read += block.size();
+    });
+    return whole;
 }
 
 // A run of neighbouring files for one process.
@@ -51,7 +69,7 @@ class ProcessPool {
         std::size_t passed = 0;
         bool isInterrupted = false;
         while (passed < Shares.size()) {
-            if (WasInterrupted() && !isInterrupted) {
+            if (!isInterrupted && (WasInterrupted() || FlushOutput() == OutputState::ReaderGone)) {
                 isInterrupted = true;
                 for (Share& share : Shares) {
                     if (share.Process) share.Process->Interrupt();
@@ -86,14 +104,18 @@ class ProcessPool {
 
     void PassOn(Share& share) {
         if (!share.Process) return;
-        ReadBlocks(share.Process->Output(), [](const char* block, std::size_t count) {
-            std::cout.write(block, static_cast<std::streamsize>(count));
-        });
-        std::cout.flush();
         std::string messages;
-        ReadBlocks(share.Process->Errors(),
-                   [&](const char* block, std::size_t count) { messages.append(block, count); });
-        const FilesSummary own = TakeSummary(messages);
+        ReadBlocks(share.Process->Errors(), [&](std::string_view block) { messages += block; });
+        FilesSummary own = TakeSummary(messages);
+        // A process that ended in the middle of a report has left half a line.
+        std::uint64_t rest = own.Files != 0 ? ~std::uint64_t{0} : BytesOfLines(share.Process->Output());
+        const bool isRead = ReadBlocks(share.Process->Output(), [&](std::string_view block) {
+            const std::string_view passed = block.substr(0, rest);
+            std::cout.write(passed.data(), static_cast<std::streamsize>(passed.size()));
+            rest -= passed.size();
+        });
+        if (!isRead) own = {};  // which reports are missing is unknown
+        std::cout.flush();
         std::cerr << messages << std::flush;
         Summary.Add(own);
         const int ended = share.Process->Status();

@@ -120,17 +120,17 @@ void WriteFormatText(ReportStream out, const std::string& file, const CImportFil
     out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
-    const std::vector<ColumnSummary> columns = SummarizeColumns(filter);
-    for (std::size_t i = 0; i < std::min(columns.size(), MostColumnsShown); ++i) {
+    const std::vector<ColumnSummary> columns = SummarizeColumns(filter, MostColumnsShown);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
         const ColumnSummary& column = columns[i];
         table.AddRow({std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
                       column.IsTimestamp ? Phrase("timestamp") : DataTypeInWords(column.Type),
                       HasUnit(column) ? UnitText(column.Unit) : std::string()});
     }
     table.Write(out, "    ");
-    if (columns.size() > MostColumnsShown) {
-        out << "    " << Phrase("... and {} more columns", columns.size() - MostColumnsShown) << "\n";
-    }
+    const auto all = static_cast<std::size_t>(SettingsOf(filter)->ColumnCount);
+    if (all > MostColumnsShown)
+        out << "    " << Phrase("... and {} more columns", all - MostColumnsShown) << "\n";
 }
 
 void WriteRunText(ReportStream out, const RunResult& result, const HostSession& session,

@@ -57,7 +57,8 @@ void WriteManual(std::ostream& out, const std::string& version, const std::vecto
         {"1", Phrase("a file could not be read, imported or analysed; the others are done")},
         {"2", Phrase("the command line is wrong; nothing was done")},
         {"3", Phrase("a check or a comparison found something")},
-        {"130", Phrase("ended by Ctrl-C")}};
+        {"130", Phrase("ended by Ctrl-C")},
+        {"141", Phrase("nobody reads the output any more")}};
     for (const auto& [status, meaning] : states)
         out << ".TP\n.B " << status << "\n" << Roff(meaning) << ".\n";
     WriteHeading(out, Phrase("ENVIRONMENT"));

@@ -7,6 +7,7 @@
 #include "host/SourceFiles.h"
 #include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/FileWatch.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
@@ -54,6 +55,22 @@ std::u16string WithOtherDecimalMark(const std::u16string& format) {
     return {};
 }
 
+// Empty, or what became of the file while it was read.
+std::string ChangeInWords(FileChange change) {
+    switch (change) {
+        case FileChange::Removed:
+            return Phrase("the file was removed while it was checked");
+        case FileChange::Replaced:
+            return Phrase("the file was replaced by another one while it was checked");
+        case FileChange::Cut:
+            return Phrase("the file was cut while it was checked");
+        case FileChange::Overwritten:
+            return Phrase("the file was written to while it was checked");
+        default:
+            return {};
+    }
+}
+
 std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& result) {
     auto* const reader = filter.Find<ITimeReader>();
     const std::vector<std::u16string>& texts = result.Dropped.UnreadableTexts();
@@ -97,6 +114,7 @@ void CheckObserver::OnCellRefused(const RefusedCell& cell) {
 
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
     CheckResult result;
+    const FileWatch watch(path);
     CheckObserver observer(result, options.Wanted);
     RunOptions runOptions;
     runOptions.OnBegun = [&](const CImportFilter& filter) { Prepare(filter, result); };
@@ -110,16 +128,24 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
         return result;
     }
     const RunResult run = session.Run();
-    result.Begun = run.Begun;
+    result.Begun = run.Begun && result.Series != nullptr;
     result.Failed = run.Failed;
     result.Interrupted = run.Interrupted;
+    result.OutOfMemory = run.OutOfMemory;
     result.Lines = run.Lines;
     result.Failure = FailureOf(session.Messages(), run.Failed);
     if (run.Failed) result.WhyUnreadable = WhyUnreadable(session.Filter(), path);
-    if (run.Failed && result.Failure.empty()) result.Failure = Utf8ToUtf16(run.Failure);
+    if (run.OutOfMemory || (run.Failed && result.Failure.empty())) result.Failure = Utf8ToUtf16(run.Failure);
+    const std::string change = ChangeInWords(watch.Change());
+    result.SourceChanged = !change.empty();
+    if (result.SourceChanged) {
+        result.Failed = true;
+        result.Failure = Utf8ToUtf16(change);
+    }
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
     if (!run.Begun) TakeFormat(session.Filter(), result);
-    if (run.Begun) CountSamples(*session.Device(), result);
+    if (result.Begun) CountSamples(*session.Device(), result);
+    if (run.OutOfMemory) return result;  // the same lines again would not help
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
     result.Above = FindRowsAbove(session.Filter(), result);
     const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;

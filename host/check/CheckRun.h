@@ -39,10 +39,12 @@ struct ColumnCheck {
 // nanoseconds on the scale of CTimeStamp, under relative time from RelativeTimeEpoch on.
 struct CheckResult {
     bool Begun = false;
-    bool Failed = false;        // could not begin, or a read error ended it
-    bool Interrupted = false;   // was cancelled; all below is of the lines read so far
-    std::u16string Failure;     // the module's message about the file or its sidecar; empty without one
-    std::string WhyUnreadable;  // of a run that failed, as the function of this name says it
+    bool Failed = false;         // could not begin, or a read error ended it
+    bool SourceChanged = false;  // Failed, as the file isn't what it was
+    bool OutOfMemory = false;    // Failed, as a line or the table is too large for this process
+    bool Interrupted = false;    // was cancelled; all below is of the lines read so far
+    std::u16string Failure;      // the module's message about the file or its sidecar; empty without one
+    std::string WhyUnreadable;   // of a run that failed, as the function of this name says it
 
     Reading Format;
     std::u16string Letters;  // of a timestamp format, see ITimeReader::FormatLetters

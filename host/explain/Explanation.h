@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -132,7 +133,9 @@ struct TableFormat {
 
     // Blanks are the one separator that files repeat to align their columns.
     bool Merges() const { return Separator == 3; }
-    int FirstDataLine() const { return FirstLine + (Header ? 1 : 0); }
+    int FirstDataLine() const {
+        return FirstLine + (Header && FirstLine < std::numeric_limits<int>::max() ? 1 : 0);
+    }
     bool operator==(const TableFormat&) const = default;
 };
 

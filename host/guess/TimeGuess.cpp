@@ -155,7 +155,8 @@ GuessLayer::GuessLayer(const ModuleLoader& module, const std::u16string& path, c
     Made = GuessTime(module, path);
     if (!Made->Failure.empty()) return;
     const std::u16string sidecar = path + u".info";
-    if (sidecar::CheckSidecar(module, sidecar).Errors == 0) {
+    const int errors = sidecar::CheckSidecar(module, sidecar).Errors;
+    if (errors == 0) {
         Made->Objections.push_back(
             Phrase("it is not used: {} is in force", Utf16ToUtf8(PathStripPath(sidecar))));
     }
@@ -172,6 +173,7 @@ GuessLayer::GuessLayer(const ModuleLoader& module, const std::u16string& path, c
     if (!options.Save) return;
     Made->SaveFailure = sidecar::SaveSidecar(module, path);
     if (Made->SaveFailure.empty()) Made->Saved = Utf16ToUtf8(sidecar);
+    Made->IsSaveLost = Made->Saved.empty() && errors < 0;
 }
 
 Remedy AdviseTimestamp(const ModuleLoader& module, const std::u16string& path, const Reading& reading) {

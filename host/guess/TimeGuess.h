@@ -31,6 +31,7 @@ struct TimeGuess {
     std::size_t Rising = 0;        // later than all before
     std::string Saved;             // the sidecar that now holds it; empty for none
     std::string SaveFailure;       // why it was not saved, though asked for
+    bool IsSaveLost = false;       // there was no sidecar, and there could be none
 };
 
 // Looks at rows from all over the file, under the settings in force; reads some MiB at most. Of settings and

@@ -4,6 +4,11 @@ namespace kelvarin {
 namespace {
 constexpr Translation Texts[] = {
     // The command.
+    {"the file was removed while it was checked", "die Datei wurde während der Prüfung entfernt"},
+    {"the file was replaced by another one while it was checked",
+     "die Datei wurde während der Prüfung durch eine andere ersetzt"},
+    {"the file was cut while it was checked", "die Datei wurde während der Prüfung gekürzt"},
+    {"the file was written to while it was checked", "in die Datei wurde während der Prüfung geschrieben"},
     {"Say what an import would lose, and why; status 3 if anything",
      "Sagt, was ein Import verlöre und warum; Status 3, falls etwas"},
     {"Write the dropped rows to a file of their own, to be mended and imported alone",

@@ -14,6 +14,7 @@ constexpr Translation Texts[] = {
     {"'{}' is no value of {}; allowed is {}", "'{}' ist kein Wert von {}; erlaubt ist {}"},
     {"there is no setting '{}'; allowed are {}", "eine Einstellung '{}' gibt es nicht; erlaubt sind {}"},
     // Reasons.
+    {"not enough memory", "der Speicher reicht nicht"},
     {"the file is empty", "die Datei ist leer"},
     {"looks like a binary file (NUL byte in line {})",
      "sieht nach einer Binärdatei aus (NUL-Byte in Zeile {})"},

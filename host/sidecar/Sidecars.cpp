@@ -7,6 +7,7 @@
 #include "host/SettingText.h"
 #include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -32,6 +33,23 @@ SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& side
     check.Errors = -1;
     check.Reason = NoSidecars();
     return check;
+}
+
+std::string WhyUnread(const std::u16string& source) {
+    const std::u16string sidecar = source + std::u16string(Ending);
+    if (!HasSidecar(source)) return {};
+    CFile file;
+    CFileException error(false);
+    char first = 0;
+    if (!file.Open(sidecar.c_str(), CFile::modeRead, &error)) return Utf16ToUtf8(DescribeFileError(error));
+    try {
+        file.Read(&first, sizeof first);
+        return {};
+    } catch (CFileException* failure) {
+        const std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+        return reason;
+    }
 }
 
 std::string ComplaintOf(const SidecarCheck& check) {

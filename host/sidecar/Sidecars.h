@@ -11,6 +11,10 @@ namespace kelvarin::sidecar {
 // Reads the sidecar at a path; the reason names what is wrong with it.
 SidecarCheck CheckSidecar(const ModuleLoader& module, const std::u16string& sidecar);
 
+// Empty, or why the sidecar of a source file can't be read though there is one: the file is then read as if
+// there were none.
+std::string WhyUnread(const std::u16string& source);
+
 // Empty, or what is wrong with a sidecar.
 std::string ComplaintOf(const SidecarCheck& check);
 

@@ -37,10 +37,9 @@ Arena::~Arena() {
     for (const Chunk& chunk : Chunks) FreePages(chunk.Memory, chunk.Size);
 }
 
-void* Arena::Allocate(std::size_t size) {
-    constexpr std::size_t Alignment = alignof(std::max_align_t);
-    size = (size + Alignment - 1) / Alignment * Alignment;
-    if (Chunks.empty() || Chunks.back().Size - Used < size) {
+void* Arena::Allocate(std::size_t size, std::size_t alignment) {
+    Used = (Used + alignment - 1) / alignment * alignment;
+    if (Chunks.empty() || Chunks.back().Size < Used + size) {
         const std::size_t next = Chunks.empty() ? FirstChunk : std::min(2 * Chunks.back().Size, LargestChunk);
         const std::size_t room = std::max(size, next);
         Chunks.push_back({static_cast<char*>(AllocatePages(room)), room});

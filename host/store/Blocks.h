@@ -18,8 +18,8 @@ class Arena {
     Arena& operator=(const Arena&) = delete;
     ~Arena();
 
-    // `size` bytes, aligned for every fundamental type; not initialised. Raises std::bad_alloc.
-    void* Allocate(std::size_t size);
+    // `size` bytes, by default aligned for every fundamental type; not initialised. Raises std::bad_alloc.
+    void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t));
 
   private:
     struct Chunk {

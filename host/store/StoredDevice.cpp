@@ -2,90 +2,33 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
 #include <span>
 #include <type_traits>
 #include <utility>
 
 #include "host/store/Blocks.h"
 #include "host/store/TextBlocks.h"
-#include "platform/framework/Numbers.h"
+#include "host/store/TimeAxis.h"
 
 namespace kelvarin::store {
-namespace {
-// A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
-// its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
-// for others.
-class TimeAxis {
-    // A time and the step that led to it. Sums wrap.
-    struct Moment {
-        std::int64_t Time = 0;
-        std::int64_t Step = 0;
-    };
-
-  public:
-    // Keeps at most `keepLimit` times. The arena must outlive the axis.
-    TimeAxis(std::uint64_t keepLimit, Arena& memory)
-        : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
-
-    // The first `count` times of another axis; it must have as many.
-    TimeAxis(const TimeAxis& other, std::uint64_t count) : TimeAxis(other.KeepLimit, other.Memory) {
-        Reader reader(other);
-        while (Rows < std::min(count, KeepLimit)) Append(reader.Next());
-        FirstTime = other.FirstTime;
-        Rows = count;
-    }
-
-    void Append(std::int64_t time) {
-        const std::int64_t step = WrappingSubtract(time, Now.Time);
-        if (Rows < KeepLimit) {
-            if (Changes.IsFull()) Changes.Flush(true);
-            Changes.Append(WrappingSubtract(step, Now.Step));
-        }
-        if (Rows == 0) FirstTime = time;
-        Now = {time, step};
-        ++Rows;
-    }
-
-    // Of all times, kept or not. First and Last are 0 if there is none.
-    std::uint64_t Count() const { return Rows; }
-    std::int64_t First() const { return FirstTime; }
-    std::int64_t Last() const { return Now.Time; }
-
-    // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
-    class Reader {
-      public:
-        explicit Reader(const TimeAxis& axis) : Changes(axis.Changes) {}
-
-        // The next time; there must be one.
-        std::int64_t Next() {
-            Now.Step = WrappingAdd(Now.Step, Changes.Next());
-            Now.Time = WrappingAdd(Now.Time, Now.Step);
-            return Now.Time;
-        }
-
-      private:
-        BlockList<std::int64_t>::Reader Changes;
-        Moment Now;
-    };
-
-  private:
-    const std::uint64_t KeepLimit;
-    Arena& Memory;
-    BlockList<std::int64_t> Changes;  // of the step, from row to row; step and time begin at 0
-    std::uint64_t Rows = 0;
-    std::int64_t FirstTime = 0;
-    Moment Now;
-};
-}  // namespace
-
 struct SharedStore {
     SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
         : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
+
+    // A copy that ends with a zero.
+    const char16_t* Keep(std::u16string_view text) {
+        auto* const kept =
+            static_cast<char16_t*>(Memory.Allocate((text.size() + 1) * sizeof(char16_t), alignof(char16_t)));
+        *std::copy(text.begin(), text.end(), kept) = u'\0';
+        return kept;
+    }
 
     const std::uint64_t KeepLimit;  // samples that each signal keeps
     DeviceSink* const Sink;         // may be null
     Arena Memory;
     const std::shared_ptr<TimeAxis> Axis;
+    std::map<std::uint32_t, std::vector<std::string>> MetaData;  // of signals that only count, by their ids
 };
 
 namespace {
@@ -94,12 +37,23 @@ namespace {
 class SignalBase : public StoredSignal {
   public:
     SignalBase(SignalDescription description, std::uint32_t id, const SharedStore& store)
-        : StoredSignal(std::move(description), id),
+        : StoredSignal(id),
+          About(std::move(description)),
           Axis(store.Axis),
           KeepLimit(store.KeepLimit),
           TimeSink(store.Sink) {
         if (TimeSink != nullptr) Sink = TimeSink->AddSignal(About);
     }
+
+    void SetSymbol(const char16_t* symbol) override { About.Symbol = symbol; }
+    std::u16string GetUnit() const override { return About.Unit; }
+    void SetUnit(const char16_t* unit) override { About.Unit = unit; }
+    DM::EResult WriteMetaData(std::uint32_t, const DM::XmlString& xml) override {
+        About.MetaData.push_back(xml.GetString());
+        return DM::ResultOk;
+    }
+    SignalDescription Description() const override { return About; }
+    SignalSummary Summary() const override { return Sum; }
 
     void Finish() override {
         Sum.FirstTime = Axis->First();
@@ -139,6 +93,8 @@ class SignalBase : public StoredSignal {
     // Adds what isn't in the summary yet to it.
     virtual void SummarizeRest() = 0;
 
+    SignalDescription About;
+    SignalSummary Sum;
     std::shared_ptr<TimeAxis> Axis;
     SignalSink* Sink = nullptr;  // null: nobody wants the samples
 
@@ -302,8 +258,59 @@ class TextSignal final : public SignalBase {
     std::uint32_t LastKept = 0;  // the last entry of Sizes with a value
 };
 
+// What a list of signals shows. A table of a million columns leaves each hundred and some bytes.
+class CountedSignal final : public StoredSignal {
+  public:
+    CountedSignal(const SignalDescription& description, std::uint32_t id, SharedStore& store)
+        : StoredSignal(id),
+          Type(static_cast<std::uint8_t>(description.Type)),
+          Size(description.Size),
+          Column(description.Column),
+          Store(store),
+          Name(store.Keep(description.Name)) {}
+
+    void SetSymbol(const char16_t* symbol) override { Symbol = Store.Keep(symbol); }
+    std::u16string GetUnit() const override { return Unit; }
+    void SetUnit(const char16_t* unit) override { Unit = Store.Keep(unit); }
+    DM::EResult WriteMetaData(std::uint32_t, const DM::XmlString& xml) override {
+        Store.MetaData[GetUniqueSignalId().DirBlockId].push_back(xml.GetString());
+        return DM::ResultOk;
+    }
+    DM::EResult AddSample(const void* data, std::uint32_t, std::int64_t) override {
+        ++Count;
+        WithoutValue += data == nullptr ? 1 : 0;
+        return DM::ResultOk;
+    }
+
+    SignalDescription Description() const override {
+        const auto metaData = Store.MetaData.find(GetUniqueSignalId().DirBlockId);
+        const bool hasAny = metaData != Store.MetaData.end();
+        return {
+            Name, Type, Size, Column, Symbol, Unit, hasAny ? metaData->second : std::vector<std::string>()};
+    }
+    SignalSummary Summary() const override {
+        return {Count, WithoutValue, Store.Axis->First(), Store.Axis->Last(), {}, {}, {}};
+    }
+    void VisitSamples(std::uint64_t, const SampleVisitor&) const override {}
+    void Finish() override {}
+
+  private:
+    const std::uint8_t Type;  // an EKelvarinType
+    const std::uint32_t Size;
+    const std::int32_t Column;
+    SharedStore& Store;
+    const char16_t* const Name;
+    const char16_t* Symbol = u"";
+    const char16_t* Unit = u"";
+    std::uint64_t Count = 0;
+    std::uint64_t WithoutValue = 0;
+};
+
 std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uint32_t id,
                                          SharedStore& store) {
+    constexpr std::uint32_t MostLookedAt = 1000;
+    if (id > MostLookedAt && store.KeepLimit == 0 && store.Sink == nullptr)
+        return std::make_unique<CountedSignal>(description, id, store);
     switch (description.Type) {
         case KelvarinBool:
             return std::make_unique<FixedSignal<std::uint8_t>>(std::move(description), id, store);
@@ -318,11 +325,6 @@ std::unique_ptr<StoredSignal> MakeSignal(SignalDescription description, std::uin
     }
 }
 }  // namespace
-
-DM::EResult StoredSignal::WriteMetaData(std::uint32_t, const DM::XmlString& xml) {
-    About.MetaData.push_back(xml.GetString());
-    return DM::ResultOk;
-}
 
 StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
                            DeviceSink* sink, std::vector<int> columns)

@@ -40,16 +40,12 @@ struct SignalSummary {
 // A signal: a summary of all its samples, and the first of them up to a limit.
 class StoredSignal : public DM::SignalProxy {
   public:
-    void SetSymbol(const char16_t* symbol) override { About.Symbol = symbol; }
-    std::u16string GetUnit() const override { return About.Unit; }
-    void SetUnit(const char16_t* unit) override { About.Unit = unit; }
     const DM::SUniqueSignalId& GetUniqueSignalId() const override { return Id; }
-    DM::EResult WriteMetaData(std::uint32_t kind, const DM::XmlString& xml) override;
 
-    const SignalDescription& Description() const { return About; }
+    virtual SignalDescription Description() const = 0;
 
     // Complete once the device is finished.
-    const SignalSummary& Summary() const { return Sum; }
+    virtual SignalSummary Summary() const = 0;
 
     // Gets a sample as it was given: its time in nanoseconds, `size` bytes of the signal's type, valid during
     // the call. Null data is a sample without a value.
@@ -62,11 +58,7 @@ class StoredSignal : public DM::SignalProxy {
     virtual void Finish() = 0;
 
   protected:
-    StoredSignal(SignalDescription description, std::uint32_t id)
-        : About(std::move(description)), Id{{0, 0, 0}, id} {}
-
-    SignalDescription About;
-    SignalSummary Sum;
+    explicit StoredSignal(std::uint32_t id) : Id{{0, 0, 0}, id} {}
 
   private:
     const DM::SUniqueSignalId Id;
@@ -80,7 +72,8 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
   public:
     // Its signals keep at most `keepLimit` samples each. All of them go to `sink` too, unless it is null; it
     // must outlive the run. `columns` has the source's columns of the signals in the order of their making,
-    // as far as they are known.
+    // as far as they are known. Where nothing is kept and there is no sink, the signals after the first
+    // thousand count their samples but don't look at them.
     StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
                  DeviceSink* sink = nullptr, std::vector<int> columns = {});
     ~StoredDevice() override;

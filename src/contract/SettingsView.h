@@ -7,7 +7,7 @@ class CCsvImportSettings;
 
 class ISettingsView {
   public:
-    static constexpr const char* Id = "kelvarin.SettingsView/1";
+    static constexpr const char* Id = "kelvarin.SettingsView/2";
 
     virtual ~ISettingsView() = default;
 
@@ -20,4 +20,8 @@ class ISettingsView {
     // Why the source file could not be opened or read when the filter last used it, as the operating system
     // says it; empty if it could.
     virtual const std::u16string& GetFileFailure() const = 0;
+
+    // Why the sidecar that the last dialog was to write is not written, in the system's words; empty if it
+    // is, or if none was to be written.
+    virtual const std::string& GetSidecarFailure() const = 0;
 };

@@ -12,6 +12,9 @@ struct XmlElement;
 
 namespace DM {
 
+// The bytes of the longest text that is read.
+constexpr std::size_t LargestXmlText = std::size_t{1} << 20;
+
 // A text for writing takes elements in order. A write operation answers false, and writes nothing, where it
 // can't stand: an attribute behind content, an element without name, a closing tag without an open element.
 // Names are narrow ASCII text. Characters that XML can't hold are dropped.

@@ -69,7 +69,7 @@ bool CCsvImportFilter::HasColumnToImport() {
 }
 
 bool CCsvImportFilter::SkipToFirstDataLine() {
-    const int firstDataLine = Settings.GetFirstLine() + (Settings.ImportHeader != 0 ? 1 : 0);
+    const std::int64_t firstDataLine = Settings.GetFirstDataLine();
     for (CurrentLine = 1; CurrentLine < firstDataLine; ++CurrentLine) {
         if (!SourceFile.ReadString(LineText)) return false;
     }

@@ -45,6 +45,7 @@ class CCsvImportFilter : public CImportFilter {
     const CCsvImportSettings& GetSettings() const { return Settings; }
     const std::u16string& GetSidecarWarning() const { return SidecarWarning; }
     const std::u16string& GetFileFailure() const { return FileFailure; }
+    const std::string& GetSidecarFailure() const { return SidecarFailure; }
     void ObserveAnalysis(IAnalysisObserver* observer) { AnalysisObserver = observer; }
     void ObserveRun(IRunObserver* observer) { RunObserver = observer; }
 
@@ -86,7 +87,8 @@ class CCsvImportFilter : public CImportFilter {
     CCsvInfoFile InfoFile;
     CStdioFileEx SourceFile;        // closed except during an analysis or a run
     std::u16string SidecarWarning;  // about a sidecar with errors; empty if there is none
-    std::int32_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
+    std::string SidecarFailure;     // why the last dialog's sidecar is not written; empty if it is
+    std::int64_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
     std::u16string LineText;        // the line just read, which the cells point into
     CellList Cells;
     std::u16string JoinedTimeText;    // a row's date and time cells, kept for its storage

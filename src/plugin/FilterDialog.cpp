@@ -16,9 +16,10 @@ std::int64_t CCsvImportFilter::ShowOptionDialog() {
     const CCsvImportSettings before = Settings;
     COptionDlg dialog(&Settings, FilePath);
     const std::int64_t result = dialog.DoModal();
+    SidecarFailure.clear();
     if (result == Ok && Settings.SaveSidecarFile != 0) {
         InfoFile.TakeFromSettings(Settings);
-        InfoFile.Write();
+        InfoFile.Replace(SidecarFailure);
     }
     if (result != Ok) Settings = before;
     return result;

@@ -14,6 +14,10 @@ const std::u16string& CFilterInterfaces::GetFileFailure() const {
     return Owner.GetFileFailure();
 }
 
+const std::string& CFilterInterfaces::GetSidecarFailure() const {
+    return Owner.GetSidecarFailure();
+}
+
 void CFilterInterfaces::ObserveAnalysis(IAnalysisObserver* observer) {
     Owner.ObserveAnalysis(observer);
 }

@@ -24,6 +24,7 @@ class CFilterInterfaces final : public ISettingsView,
     const CCsvImportSettings& GetSettings() const override;
     const std::u16string& GetSidecarWarning() const override;
     const std::u16string& GetFileFailure() const override;
+    const std::string& GetSidecarFailure() const override;
     void ObserveAnalysis(IAnalysisObserver* observer) override;
     void ObserveRun(IRunObserver* observer) override;
 

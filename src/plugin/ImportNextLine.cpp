@@ -55,7 +55,7 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     const char16_t* const text = Settings.GetTimestampText(Cells, JoinedTimeText);
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
-    const std::int64_t row = std::int64_t{CurrentLine} - Settings.GetFirstLine() - headerLines;
+    const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
     const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
@@ -93,13 +93,14 @@ void CCsvImportFilter::SettleRun() {
 
 void CCsvImportFilter::CollectSampleColumns() {
     SampleColumns.clear();
+    SampleColumns.reserve(Signals.size());
     for (int i = 0; i < Settings.GetColumnCount() && i < static_cast<int>(Signals.size()); ++i) {
         CCsvColumnInfo& info = Settings.GetColumn(i);
         const ECsvDataType type = info.GetEffectiveType();
         DM::SignalProxy* const signal = Signals[static_cast<std::size_t>(i)];
         if (!info.ImportColumn || Settings.IsTimestampColumn(i) || signal == nullptr) continue;
         if (type < CsvTypeBoolean || type > CsvTypeString) continue;
-        SampleColumns.push_back({i, type, &info, signal});
+        SampleColumns.push_back({i, type, false, &info, signal});
     }
 }
 

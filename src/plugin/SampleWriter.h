@@ -13,9 +13,9 @@
 struct SampleColumn {
     int Index;          // 0-based
     ECsvDataType Type;  // CsvTypeBoolean to CsvTypeString
+    bool UnitSettled;   // the signal has its unit, or never gets one
     CCsvColumnInfo* Info;
     DM::SignalProxy* Signal;
-    bool UnitSettled = false;  // the signal has its unit, or never gets one
 };
 
 // Called for a cell that is not of its column's type, as its parser left it; not for one that is empty by

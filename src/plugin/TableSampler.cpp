@@ -95,7 +95,7 @@ void SampleRows(const std::u16string& path, const CCsvImportSettings& settings, 
     std::uint64_t length = 0;
     {
         RowSource source(path, 0, settings);
-        const int firstDataLine = settings.GetFirstLine() + (settings.ImportHeader != 0 ? 1 : 0);
+        const int firstDataLine = settings.GetFirstDataLine();
         counted = ReadFirstRows(source, static_cast<std::uint64_t>(firstDataLine), sample);
         length = source.Length();
     }

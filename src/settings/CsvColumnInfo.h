@@ -7,13 +7,13 @@
 #include "settings/DataType.h"
 
 struct CCsvColumnInfo {
-    bool ImportColumn = true;                         // the column becomes a signal
     std::u16string DetectedName;                      // settled by the analysis
     std::u16string UserName;                          // typed by the user; empty means none
     std::u16string Unit;                              // set by the first cell with a unit, also during a run
     std::array<bool, CsvTypeCount> TypeCandidates{};  // types 1 to 8 that fit every cell so far
     ECsvDataType DetectedType = CsvTypeUndefined;     // settled by the analysis
     ECsvDataType UserType = CsvTypeUndefined;         // chosen by the user; undefined means none
+    bool ImportColumn = true;                         // the column becomes a signal
     int PreviewWidth = -1;  // of the column in the preview, in pixels; -1 means never set
 
     // The user's name, else the detected one.

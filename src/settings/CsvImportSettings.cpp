@@ -38,12 +38,6 @@ void CCsvImportSettings::SetPreviewWidth(int column, int width) {
     GetColumn(column).PreviewWidth = width;
 }
 
-bool CCsvImportSettings::IsTimestampColumn(int column) const {
-    const int number = column + 1;
-    return (DateSetting == DateFromColumn && number == DateColumn) ||
-           (TimeSetting == TimeFromColumn && number == TimeColumn);
-}
-
 void CCsvImportSettings::RemoveDefaultColumns() {
     for (auto entry = ColumnMap.begin(); entry != ColumnMap.end();) {
         if (HoldsOnlyDefaults(entry->second)) {

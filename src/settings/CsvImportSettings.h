@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <string>
 
@@ -104,6 +105,11 @@ class CCsvImportSettings {
     // FirstLine, at least 1.
     int GetFirstLine() const { return std::max(FirstLine, 1); }
 
+    // The line below the header, or FirstLine without one; at most the greatest int.
+    int GetFirstDataLine() const {
+        return GetFirstLine() + (ImportHeader != 0 && FirstLine < std::numeric_limits<int>::max() ? 1 : 0);
+    }
+
     // The column's entry, made with default values if absent.
     CCsvColumnInfo& GetColumn(int column) { return ColumnMap[column]; }
     int GetColumnCount() const { return ColumnCount; }
@@ -113,7 +119,10 @@ class CCsvImportSettings {
     void SetPreviewWidth(int column, int width);
 
     // True for a 0-based column that feeds the timestamp and so is no signal.
-    bool IsTimestampColumn(int column) const;
+    bool IsTimestampColumn(int column) const {
+        return (DateSetting == DateFromColumn && column + 1 == DateColumn) ||
+               (TimeSetting == TimeFromColumn && column + 1 == TimeColumn);
+    }
 
     // Erases the entries that hold no choice of the user, and forgets the detected type of the others.
     void RemoveDefaultColumns();

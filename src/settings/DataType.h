@@ -4,7 +4,7 @@
 #include <cstdint>
 
 // In order of preference: of the types that fit all cells of a column the lowest is its type.
-enum ECsvDataType : std::int32_t {
+enum ECsvDataType : std::uint8_t {
     CsvTypeUndefined = 0,
     CsvTypeBoolean = 1,
     CsvTypeInteger = 2,

@@ -43,6 +43,11 @@ int CCsvInfoFile::Read() {
     SourceText source;
     try {
         if (!file.Open(Path.c_str(), CFile::modeRead | CFile::typeText, &error)) throw &error;
+        // Before memory is taken for it; what is beside a source file may be anything.
+        if (file.GetLength() > DM::LargestXmlText) {
+            SetDiagnosis(source, 0, "the file is larger than 1 MiB");
+            return 1;
+        }
         std::u16string line;
         while (file.ReadString(line)) {
             source.LineStarts.push_back(source.Text.size());

@@ -4,29 +4,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <thread>
 
+#include "program/BytesRead.h"
 #include "program/ProgramRun.h"
 
 namespace {
-
-// The bytes that the process has read of the file where it holds it open; 0 where it doesn't.
-long BytesRead(pid_t process, const std::filesystem::path& file) {
-    std::error_code ignored;
-    const std::filesystem::path folder = "/proc/" + std::to_string(process);
-    long read = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder / "fd", ignored)) {
-        if (std::filesystem::read_symlink(entry.path(), ignored) != file) continue;
-        std::ifstream information(folder / "fdinfo" / entry.path().filename());
-        std::string key;
-        long position = 0;
-        if (information >> key >> position) read = std::max(read, position);
-    }
-    return read;
-}
 
 struct Ended {
     int Status;

@@ -6,7 +6,8 @@
 #include <vector>
 
 // One running copy. What it writes is kept in temporary files without a name until it is asked for, so that
-// it never waits for a reader, and goes with this object. A copy that still runs then is ended.
+// it never waits for a reader, and goes with this object. A copy that still runs then is ended, and so it is
+// when this process ends in whatever way.
 class ChildProcess {
   public:
     ChildProcess() = default;

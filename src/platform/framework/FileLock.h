@@ -34,5 +34,6 @@ class FileLock {
     CFileException Error{false};
 };
 
-// Makes the folder of a file and those above it.
+// Makes the folder of a file and those above it. Raises CFileException for one that is missing and can't be
+// made, where the system says that.
 void MakeFolders(const std::u16string& path);

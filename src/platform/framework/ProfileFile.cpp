@@ -7,15 +7,11 @@
 
 namespace {
 
-// The bytes of a file; a file that doesn't exist is empty. Raises CFileException for one that can't be read,
-// and so must not be written over either.
+// The bytes of a file. Raises CFileException for one that doesn't exist or can't be read.
 std::string ReadWholeFile(const std::u16string& path) {
     CFile file;
     auto error = std::make_unique<CFileException>();
-    if (!file.Open(path.c_str(), CFile::modeRead, error.get())) {
-        if (error->Cause == CFileException::fileNotFound) return {};
-        throw error.release();
-    }
+    if (!file.Open(path.c_str(), CFile::modeRead, error.get())) throw error.release();
     std::string bytes;
     constexpr std::size_t Block = 16384;
     std::size_t count = 0;
@@ -28,13 +24,24 @@ std::string ReadWholeFile(const std::u16string& path) {
     return bytes;
 }
 
+// The same; a file that doesn't exist is empty. One that can't be read must not be written over either.
+std::string ReadIfThere(const std::u16string& path) {
+    try {
+        return ReadWholeFile(path);
+    } catch (CFileException* failure) {
+        if (failure->Cause != CFileException::fileNotFound) throw;
+        failure->Delete();
+        return {};
+    }
+}
+
 struct ProfileEntry {
     std::string Section, Key, Value;
 };
 
 // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
 void StoreUnderLock(const std::u16string& path, const std::vector<ProfileEntry>& entries) {
-    ProfileText text(ReadWholeFile(path));
+    ProfileText text(ReadIfThere(path));
     for (const ProfileEntry& entry : entries) text.Set(entry.Section, entry.Key, entry.Value);
     ReplaceFile(path, text.ToBytes());
 }
@@ -69,12 +76,24 @@ class FileProfile : public ProfileStore {
     }
     void BeginWrites() override { ++Depth; }
     bool EndWrites() override { return --Depth > 0 || StoreWaiting(); }
+    ProfileState State() const override {
+        try {
+            ReadWholeFile(Path);
+            return {};
+        } catch (CFileException* failure) {
+            const bool isMissing = failure->Cause == CFileException::fileNotFound;
+            const ProfileState state{isMissing ? ProfileState::Missing : ProfileState::Unreadable,
+                                     Path + u": " + DescribeFileError(*failure)};
+            failure->Delete();
+            return state;
+        }
+    }
     std::u16string WriteFailure() const override { return Failure; }
 
   private:
     std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
         try {
-            return ProfileText(ReadWholeFile(Path)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
+            return ProfileText(ReadIfThere(Path)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
         } catch (CFileException* failure) {
             failure->Delete();
             return std::nullopt;

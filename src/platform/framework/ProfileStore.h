@@ -9,6 +9,14 @@
 
 using ProfileBlock = std::vector<std::uint8_t>;
 
+// Whether values can be read from a store at all.
+struct ProfileState {
+    enum EKind { Readable, Missing, Unreadable, Nowhere };
+
+    EKind Kind = Readable;  // Missing: the first write makes it. Nowhere: the system names no place for it
+    std::u16string Reason = {};  // in the system's words; empty if it is readable
+};
+
 // A store. A value that is absent, or of another kind than asked for, reads as nothing. Writing answers
 // whether the value now stands in the store.
 class ProfileStore {
@@ -32,12 +40,15 @@ class ProfileStore {
     virtual void BeginWrites() {}
     virtual bool EndWrites() { return true; }
 
+    virtual ProfileState State() const { return {}; }
+
     // Why a write failed, the first that did: in the system's words; empty if none has failed.
     virtual std::u16string WriteFailure() const { return {}; }
 };
 
 // The user's own store of a program: the registry on Windows; elsewhere the file
-// $XDG_CONFIG_HOME/<company>/<profile>.ini, by default under ~/.config.
+// $XDG_CONFIG_HOME/<company>/<profile>.ini, by default under ~/.config. If neither variable is set the store
+// is empty and nothing can be written to it.
 std::unique_ptr<ProfileStore> OpenUserProfile(const std::u16string& company, const std::u16string& profile);
 
 // A store in one file. The file need not exist; it is made by the first write, its folder too.

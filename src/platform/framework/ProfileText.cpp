@@ -6,6 +6,7 @@
 
 namespace {
 
+constexpr std::string_view Mark = "\xEF\xBB\xBF";  // that some editors begin a file in UTF-8 with
 constexpr std::string_view HexMark = "hex:";
 constexpr char HexDigits[] = "0123456789abcdef";
 
@@ -19,7 +20,8 @@ int HexValue(char c) {
 
 }  // namespace
 
-ProfileText::ProfileText(std::string_view bytes) {
+ProfileText::ProfileText(std::string_view bytes) : HasMark(bytes.starts_with(Mark)) {
+    if (HasMark) bytes.remove_prefix(Mark.size());
     while (!bytes.empty()) {
         const std::size_t end = bytes.find('\n');
         std::string_view line = bytes.substr(0, end);
@@ -64,7 +66,7 @@ void ProfileText::Set(const std::string& section, const std::string& key, const 
 }
 
 std::string ProfileText::ToBytes() const {
-    std::string bytes;
+    std::string bytes(HasMark ? Mark : "");
     for (const std::string& line : Lines) bytes += line + "\n";
     return bytes;
 }

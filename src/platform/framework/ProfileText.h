@@ -32,6 +32,7 @@ class ProfileText {
     };
     Place Locate(const std::string& section, const std::string& key) const;
 
+    bool HasMark;  // a byte order mark, which stays
     std::vector<std::string> Lines;
 };
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-// The program's arguments behind its name, in UTF-8. Also makes the standard streams carry UTF-8 and plain
-// line ends; called once, first.
+// The program's arguments behind its name, in UTF-8. Also opens the standard streams (StandardStreams.h) and
+// makes them carry UTF-8 and plain line ends; called once, first.
 std::vector<std::string> BeginProgram(int argc, char** argv);
 
 // True if standard output, or standard error, goes to a terminal.
@@ -17,8 +17,9 @@ bool IsErrorTerminal();
 // Characters in a line of the terminal of standard output; 0 if there is none or it doesn't tell.
 std::size_t OutputWidth();
 
-// From now on Ctrl-C only sets a flag. A second Ctrl-C ends the program at once.
-void CatchInterrupt();
+// From now on Ctrl-C only sets a flag. A second Ctrl-C ends the program at once, unless it `staysCaught`: the
+// copies of a program get one Ctrl-C from the terminal and from the program.
+void CatchInterrupt(bool staysCaught = false);
 
 // True after Ctrl-C. The flag becomes true at that moment.
 bool WasInterrupted();

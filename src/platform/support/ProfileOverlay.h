@@ -29,6 +29,7 @@ class ProfileOverlay : public ProfileStore {
                     const ProfileBlock& value) override;
     void BeginWrites() override { Store->BeginWrites(); }
     bool EndWrites() override { return Store->EndWrites(); }
+    ProfileState State() const override { return Store->State(); }
     std::u16string WriteFailure() const override { return Store->WriteFailure(); }
 
   private:

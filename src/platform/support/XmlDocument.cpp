@@ -11,12 +11,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <set>
 
+#include "contract/XmlString.h"
 #include "platform/framework/Text.h"
 
 namespace {
 
-constexpr std::size_t LargestText = std::size_t{1} << 20;
 constexpr std::size_t DeepestElement = 64;
 
 bool IsSpace(char c) {
@@ -72,7 +73,7 @@ class XmlWalk {
     explicit XmlWalk(std::string_view text) : Text(text) {}
 
     XmlElement Document() {
-        if (Text.size() > LargestText) Fail("the text is larger than 1 MiB");
+        if (Text.size() > DM::LargestXmlText) Fail("the text is larger than 1 MiB");
         Declaration();
         SkipMisc();
         if (AtEnd()) Fail("there is no element");
@@ -247,6 +248,7 @@ class XmlWalk {
 
     // Everything of an opening tag behind its name. True if the element ends with it.
     bool Attributes(XmlElement& element) {
+        std::set<std::string> names;
         for (;;) {
             const std::size_t before = At;
             SkipSpace();
@@ -255,7 +257,7 @@ class XmlWalk {
             if (At == before) Fail("an opening tag has no end");
             const std::size_t begin = At;
             std::string name = Name();
-            if (element.FindAttribute(name) != nullptr) {
+            if (!names.insert(name).second) {
                 At = begin;
                 Fail("the attribute " + name + " stands twice");
             }

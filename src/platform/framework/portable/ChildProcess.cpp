@@ -1,7 +1,8 @@
 #include "platform/framework/ChildProcess.h"
 
 #include <signal.h>
-#include <spawn.h>
+#include <stdlib.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,14 +12,28 @@
 
 #include "platform/framework/portable/TemporaryFile.h"
 
-extern char** environ;
-
 namespace {
 
 // std::tmpfile knows nothing of TMPDIR, and what it opens goes on to the copies started later.
 std::FILE* OpenNamelessStream() {
     const int descriptor = OpenNamelessFile();
     return descriptor < 0 ? nullptr : fdopen(descriptor, "w+b");
+}
+
+// Takes room for messages on the disk, so that a copy can still say that the disk is full.
+bool ReserveMessages(std::FILE* file) {
+    constexpr off_t Size = 16384;
+    return fallocate(fileno(file), FALLOC_FL_KEEP_SIZE, 0, Size) == 0 || errno != ENOSPC;
+}
+
+// In the new process, which may call nothing that takes a lock: becomes the copy.
+[[noreturn]] void BecomeCopy(pid_t parent, int out, int err, char* const* arguments) {
+    // A parent that ended before the call is no longer there to end this process.
+    if (prctl(PR_SET_PDEATHSIG, SIGTERM) == 0 && getppid() == parent && dup2(out, STDOUT_FILENO) >= 0 &&
+        dup2(err, STDERR_FILENO) >= 0)
+        execv("/proc/self/exe", arguments);
+    constexpr int CantExecute = 126;
+    _exit(CantExecute);
 }
 
 pid_t IdOf(void* process) {
@@ -41,7 +56,7 @@ ChildProcess::~ChildProcess() {
 bool ChildProcess::Start(const std::vector<std::string>& arguments, std::string& reason) {
     Out = OpenNamelessStream();
     Err = OpenNamelessStream();
-    if (Out == nullptr || Err == nullptr) {
+    if (Out == nullptr || Err == nullptr || !ReserveMessages(Err)) {
         reason = std::strerror(errno);
         return false;
     }
@@ -52,15 +67,11 @@ bool ChildProcess::Start(const std::vector<std::string>& arguments, std::string&
     for (std::string& argument : copies) list.push_back(argument.data());
     list.push_back(nullptr);
 
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, fileno(Out), STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, fileno(Err), STDERR_FILENO);
-    pid_t process = 0;
-    const int error = posix_spawn(&process, "/proc/self/exe", &actions, nullptr, list.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) {
-        reason = std::strerror(error);
+    const pid_t parent = getpid();
+    const pid_t process = fork();
+    if (process == 0) BecomeCopy(parent, fileno(Out), fileno(Err), list.data());
+    if (process < 0) {
+        reason = std::strerror(errno);
         return false;
     }
     Process = reinterpret_cast<void*>(static_cast<std::intptr_t>(process));

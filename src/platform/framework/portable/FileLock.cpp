@@ -4,6 +4,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+#include "platform/framework/Exceptions.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
 #include "platform/framework/portable/FileError.h"
@@ -29,6 +30,11 @@ FileLock::~FileLock() {
 void MakeFolders(const std::u16string& path) {
     const std::string native = PathToNative(path);
     for (std::size_t at = native.find('/', 1); at != std::string::npos; at = native.find('/', at + 1)) {
-        mkdir(native.substr(0, at).c_str(), 0700);
+        if (mkdir(native.substr(0, at).c_str(), 0700) == 0 || errno == EEXIST) continue;
+        auto* error = new CFileException;
+        error->Cause = CFileException::genericException;
+        error->OsError = errno;
+        error->FileName = path;
+        throw error;
     }
 }

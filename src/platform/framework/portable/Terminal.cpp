@@ -5,6 +5,7 @@
 
 #include <csignal>
 
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/portable/RemovedAtEnd.h"
 
 namespace {
@@ -12,14 +13,17 @@ namespace {
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler sets it
 
+std::atomic<bool> endsWithNext = false;  // an interrupt after the first one ends the process
+
 void RememberInterrupt(int signal) {
     interrupted = true;
-    LetSignalEnd(signal);
+    if (endsWithNext) LetSignalEnd(signal);
 }
 
 }  // namespace
 
 std::vector<std::string> BeginProgram(int argc, char** argv) {
+    OpenStandardStreams();
     return {argv + 1, argv + argc};
 }
 
@@ -36,8 +40,12 @@ bool IsErrorTerminal() {
     return isatty(STDERR_FILENO) != 0;
 }
 
-void CatchInterrupt() {
-    std::signal(SIGINT, RememberInterrupt);
+void CatchInterrupt(bool staysCaught) {
+    endsWithNext = !staysCaught;
+    struct sigaction action {};
+    action.sa_handler = RememberInterrupt;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &action, nullptr);
 }
 
 bool WasInterrupted() {

@@ -44,6 +44,18 @@ std::u16string Quoted(const std::u16string& argument) {
     return quoted + u"\"";
 }
 
+// Holds all copies. It is closed with this process, and ends them then.
+HANDLE JobOfCopies() {
+    static const HANDLE job = [] {
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        const HANDLE made = CreateJobObjectW(nullptr, nullptr);
+        SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        return made;
+    }();
+    return job;
+}
+
 std::string LastReason() {
     CFileException reason(false);
     reason.OsError = static_cast<long>(GetLastError());
@@ -83,11 +95,13 @@ bool ChildProcess::Start(const std::vector<std::string>& arguments, std::string&
     start.hStdOutput = HandleOf(Out);
     start.hStdError = HandleOf(Err);
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(W(program), W(line.data()), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                       &process) == 0) {
+    if (CreateProcessW(W(program), W(line.data()), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr, nullptr,
+                       &start, &process) == 0) {
         reason = LastReason();
         return false;
     }
+    AssignProcessToJobObject(JobOfCopies(), process.hProcess);
+    ResumeThread(process.hThread);
     CloseHandle(process.hThread);
     Process = process.hProcess;
     return true;

@@ -7,21 +7,25 @@
 #include <cstdio>
 
 #include "platform/framework/Path.h"
+#include "platform/framework/StandardStreams.h"
 #include "platform/framework/win32/Api.h"
 
 namespace {
 
 std::atomic<bool> interrupted{false};
+std::atomic<bool> stays_caught{false};
 
 // Runs on a thread of the system's. False passes a second Ctrl-C on, which ends the program.
 BOOL WINAPI RememberInterrupt(DWORD event) {
-    return event == CTRL_C_EVENT && !interrupted.exchange(true) ? TRUE : FALSE;
+    const bool isCaught = event == CTRL_C_EVENT && (!interrupted.exchange(true) || stays_caught);
+    return isCaught ? TRUE : FALSE;
 }
 
 }  // namespace
 
 // The arguments of main come in the system's code page, which can't write every file name.
 std::vector<std::string> BeginProgram(int, char**) {
+    OpenStandardStreams();
     SetConsoleOutputCP(CP_UTF8);
     for (const DWORD stream : {STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
         DWORD mode = 0;
@@ -52,7 +56,8 @@ bool IsErrorTerminal() {
     return _isatty(_fileno(stderr)) != 0;
 }
 
-void CatchInterrupt() {
+void CatchInterrupt(bool staysCaught) {
+    stays_caught = staysCaught;
     SetConsoleCtrlHandler(RememberInterrupt, TRUE);
 }
 

@@ -1,0 +1,75 @@
+// The times of the samples of a device.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "host/store/Blocks.h"
+#include "platform/framework/Numbers.h"
+
+namespace kelvarin::store {
+// A growing list of times in nanoseconds, of which the first are kept. What is kept of a time is by how much
+// its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
+// for others.
+class TimeAxis {
+    // A time and the step that led to it. Sums wrap.
+    struct Moment {
+        std::int64_t Time = 0;
+        std::int64_t Step = 0;
+    };
+
+  public:
+    // Keeps at most `keepLimit` times. The arena must outlive the axis.
+    TimeAxis(std::uint64_t keepLimit, Arena& memory)
+        : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
+
+    // The first `count` times of another axis; it must have as many.
+    TimeAxis(const TimeAxis& other, std::uint64_t count) : TimeAxis(other.KeepLimit, other.Memory) {
+        Reader reader(other);
+        while (Rows < std::min(count, KeepLimit)) Append(reader.Next());
+        FirstTime = other.FirstTime;
+        Rows = count;
+    }
+
+    void Append(std::int64_t time) {
+        const std::int64_t step = WrappingSubtract(time, Now.Time);
+        if (Rows < KeepLimit) {
+            if (Changes.IsFull()) Changes.Flush(true);
+            Changes.Append(WrappingSubtract(step, Now.Step));
+        }
+        if (Rows == 0) FirstTime = time;
+        Now = {time, step};
+        ++Rows;
+    }
+
+    // Of all times, kept or not. First and Last are 0 if there is none.
+    std::uint64_t Count() const { return Rows; }
+    std::int64_t First() const { return FirstTime; }
+    std::int64_t Last() const { return Now.Time; }
+
+    // Reads the kept times from the first on. The axis must outlive it and not grow meanwhile.
+    class Reader {
+      public:
+        explicit Reader(const TimeAxis& axis) : Changes(axis.Changes) {}
+
+        // The next time; there must be one.
+        std::int64_t Next() {
+            Now.Step = WrappingAdd(Now.Step, Changes.Next());
+            Now.Time = WrappingAdd(Now.Time, Now.Step);
+            return Now.Time;
+        }
+
+      private:
+        BlockList<std::int64_t>::Reader Changes;
+        Moment Now;
+    };
+
+  private:
+    const std::uint64_t KeepLimit;
+    Arena& Memory;
+    BlockList<std::int64_t> Changes;  // of the step, from row to row; step and time begin at 0
+    std::uint64_t Rows = 0;
+    std::int64_t FirstTime = 0;
+    Moment Now;
+};
+}  // namespace kelvarin::store
