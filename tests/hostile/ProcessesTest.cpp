@@ -15,7 +15,7 @@
 
 namespace {
 
-using Json = nlohmann::json;
+using Json = nlohmann::ordered_json;
 
 const std::vector<std::string> Counted = {"--set", "TimeSetting=1", "--set", "DateSetting=2"};
 

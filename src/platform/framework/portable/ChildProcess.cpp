@@ -1,5 +1,6 @@
 #include "platform/framework/ChildProcess.h"
 
+#include <fcntl.h>
 #include <signal.h>
 #include <stdlib.h>
 #include <sys/prctl.h>
