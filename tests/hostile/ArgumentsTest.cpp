@@ -56,10 +56,12 @@ TEST(HostileArguments, AProfileMayBeginWithAByteOrderMark) {
 TEST(HostileArguments, WithoutAHomeThereIsNoProfile) {
     const ProgramRun run;
     run.Write("a.csv", DatedRows);
+    run.Write("b.csv", DatedRows);
     const std::string command = "env -u HOME XDG_CONFIG_HOME= " + std::string(KELVARIN_IMPORT);
     const std::string file = run.Folder.NativePath("a.csv").string();
+    const std::string other = run.Folder.NativePath("b.csv").string();
     const ShellResult read =
-        RunShell(command + " analyze --jobs 2 " + file + " " + file + " 2>&1 >/dev/null");
+        RunShell(command + " analyze --jobs 2 " + file + " " + other + " 2>&1 >/dev/null");
     EXPECT_EQ(read.Status, 0);
     EXPECT_EQ(read.Out,
               "kelvarin-import: no profile: HOME is not set\nkelvarin-import: 2 files: 2 analyzed\n");
