@@ -44,7 +44,9 @@ int RunProgram(const std::vector<std::string>& arguments) {
     AddShellCommands(line);
     if (const std::optional<int> status = line.Parse(arguments)) return *status;
     const int profile = OpenProfile(line);
-    if (profile != ExitDone && !line.Common().ProfilePath.empty()) return profile;
+    // A named one that isn't there has no settings; one that can't be read may have those that matter.
+    const bool isNamed = !line.Common().ProfilePath.empty();
+    if (isNamed && GetProcessProfile()->State().Kind == ProfileState::Unreadable) return profile;
     SettingsLayer settings;
     for (const ParsedSetting& setting : line.Common().Settings) settings.Set(setting);
     ModuleLoader module;

@@ -115,10 +115,8 @@ struct ProfileCase {
 TEST_F(HostileSilence, AProfileThatCantBeReadEndsTheRun) {
     std::filesystem::create_directory(Run.Folder.NativePath("folder"));
     MakeLoop("loop.ini");
-    const ProfileCase cases[] = {{"missing.ini", "No such file or directory"},
-                                 {"folder", "Is a directory"},
-                                 {"a.csv/p.ini", "Not a directory"},
-                                 {"loop.ini", LoopReason}};
+    const ProfileCase cases[] = {
+        {"folder", "Is a directory"}, {"a.csv/p.ini", "Not a directory"}, {"loop.ini", LoopReason}};
     for (const ProfileCase& c : cases) {
         for (const char* const command : {"import", "analyze", "explain", "check", "sidecar"}) {
             SCOPED_TRACE(std::string(command) + " --profile " + c.Name);
@@ -130,6 +128,22 @@ TEST_F(HostileSilence, AProfileThatCantBeReadEndsTheRun) {
         }
     }
     EXPECT_EQ(Run.Folder.Names(), "a.csv folder loop.ini");
+}
+
+TEST_F(HostileSilence, AProfileThatIsMissingIsNamedAndTheWorkGoesOn) {
+    for (const char* const command : {"import", "analyze", "explain", "check"}) {
+        SCOPED_TRACE(command);
+        const std::vector<std::string> all = {"--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"};
+        std::vector<std::string> with = {command, "--profile", "missing.ini"};
+        std::vector<std::string> without = {command};
+        with.insert(with.end(), all.begin(), all.end());
+        without.insert(without.end(), all.begin(), all.end());
+        const ProgramResult result = Run(with);
+        EXPECT_EQ(result.Status, 1);
+        EXPECT_EQ(result.Err, "kelvarin-import: no profile: missing.ini: No such file or directory\n");
+        EXPECT_EQ(result.Out, Run(without).Out);
+    }
+    EXPECT_EQ(Run.Folder.Names(), "a.csv");
 }
 
 TEST_F(HostileSilence, TheUsersOwnProfileThatCantBeReadIsNamed) {
