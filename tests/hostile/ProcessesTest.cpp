@@ -102,12 +102,7 @@ TEST(HostileInterrupt, OfTheTerminalAndOfTheProgramIsOneForAProcessOfJobs) {
 class HostileGroup : public testing::Test {
   protected:
     HostileGroup() {
-        for (const char* const name : Names) {
-            std::string file = "n\n";
-            for (int i = 0; i < 100; ++i) file += "5\n";
-            file.append(std::size_t{64} << 20, '\n');
-            Run.Write(name, file);
-        }
+        for (const char* const name : Names) Run.Write(name, SlowFile(std::size_t{16} << 20));
     }
 
     void Start() {

@@ -13,6 +13,7 @@
 #include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/portable/FileCalls.h"
+#include "program/BytesRead.h"
 #include "program/ProgramRun.h"
 
 namespace temporary_files {
@@ -193,7 +194,7 @@ TEST(HostileTemporaryFiles, OfTheProgramEndWithIt) {
     if (!kelvarin::store::HasSampleFiles()) GTEST_SKIP() << "no such files in this build";
     for (const int signal : {SIGTERM, SIGHUP}) {
         const ProgramRun run;
-        run.Write("data.csv", "n\n5\n6\n" + std::string(std::size_t{48} << 20, '\n'));
+        run.Write("data.csv", SlowFile(std::size_t{16} << 20));
         run.Write("data.h5", "before");
         const std::string command =
             run.CommandLine({"import", "--set", "TimeSetting=1", "--set", "DateSetting=2", "--set",

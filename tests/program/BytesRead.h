@@ -1,4 +1,4 @@
-// How far another process has read a file.
+// A file that takes long to import, and how far another process has read it.
 #pragma once
 
 #include <sys/types.h>
@@ -7,6 +7,16 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+
+// A column of numbers, then as many words as make up the size: each is refused with a message, which takes
+// the program a microsecond. A process that looks for a place in the run has some ten seconds for 16 MiB.
+inline std::string SlowFile(std::size_t size) {
+    std::string file = "n\n";
+    for (int i = 0; i < 600; ++i) file += "5\n";  // what decides on the type
+    file.reserve(size);
+    while (file.size() < size) file += "x\n";
+    return file;
+}
 
 // The bytes that the process has read of the file where it holds it open; 0 where it doesn't.
 inline long BytesRead(pid_t process, const std::filesystem::path& file) {
