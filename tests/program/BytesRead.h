@@ -8,11 +8,13 @@
 #include <fstream>
 #include <string>
 
-// A column of numbers, then as many words as make up the size: each is refused with a message, which takes
-// the program a microsecond. A process that looks for a place in the run has some ten seconds for 16 MiB.
+// A column of numbers, three million blank lines, which take no time, and then words up to the size: each is
+// refused with a message, which takes the program a microsecond. Whoever sees two million bytes read has some
+// ten seconds left of 16 MiB.
 inline std::string SlowFile(std::size_t size) {
     std::string file = "n\n";
     for (int i = 0; i < 600; ++i) file += "5\n";  // what decides on the type
+    file.append(3'000'000, '\n');
     file.reserve(size);
     while (file.size() < size) file += "x\n";
     return file;
