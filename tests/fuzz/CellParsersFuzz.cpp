@@ -55,7 +55,7 @@ void CheckTypes(const std::u16string& text) {
     FakeSignal signal(u"", KelvarinString, 0, 0);
     for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
         CCsvColumnInfo fresh = once;
-        std::vector<SampleColumn> targets = {{0, static_cast<ECsvDataType>(type), &fresh, &signal}};
+        std::vector<SampleColumn> targets = {{0, static_cast<ECsvDataType>(type), false, &fresh, &signal}};
         std::u16string cell = text + std::u16string(LinePadding, u'\0');
         WriteSamples(targets, {cell.data()}, type, [](const SampleColumn&, const char16_t*) {});
         const bool isRefused = signal.Values.back().starts_with("none(");

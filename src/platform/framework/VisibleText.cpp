@@ -5,13 +5,13 @@
 #include "platform/framework/Text.h"
 
 std::string MakeVisible(std::string_view text) {
-    constexpr char32_t Replacement = 0xFFFD;  // of one byte: no UTF-8
+    constexpr char32_t NotUtf8 = 0xFFFD;  // of one byte: no UTF-8
     std::string visible;
     visible.reserve(text.size());
     while (!text.empty()) {
         std::size_t length = 1;
         const char32_t point = DecodeUtf8Point(text, length);
-        const bool isStrayByte = point == Replacement && length == 1;
+        const bool isStrayByte = point == NotUtf8 && length == 1;
         if (isStrayByte || IsObeyed(point)) {
             const unsigned shown = isStrayByte ? static_cast<unsigned char>(text[0]) : point;
             char escape[8];
