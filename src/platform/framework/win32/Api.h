@@ -41,3 +41,6 @@ inline const char16_t* FromW(const wchar_t* text) {
 
 // A path as the calls take it. Beyond about 250 units they want the absolute path behind a mark.
 std::u16string ApiPath(const std::u16string& path);
+
+// For a file that other programs may use in any way meanwhile.
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;

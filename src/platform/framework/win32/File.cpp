@@ -94,7 +94,6 @@ void CFile::RaiseLastError() const {
 }
 
 std::optional<FileIdentity> IdentityOf(const std::u16string& path) {
-    constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const HANDLE handle = CreateFileW(W(ApiPath(path)), 0, ShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return std::nullopt;

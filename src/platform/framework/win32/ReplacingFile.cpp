@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::u16string_view Mark = u".kelvarin-";
 
 // 0, or the number of the error of the call that returned this.
