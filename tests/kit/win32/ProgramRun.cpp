@@ -1,10 +1,15 @@
 #include "program/ProgramRun.h"
 
+#include <filesystem>
+#include <fstream>
+
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
 
 namespace {
+
+constexpr const char* ProfileName = "config/Brenholt/kelvarin.ini";
 
 // As the program's start-up takes it apart again: backslashes count only before a quote.
 std::string Quoted(const std::string& text) {
@@ -24,6 +29,27 @@ HANDLE OpenStream(const std::u16string& path) {
     return CreateFileW(W(path), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
+
+// The profile that a run is given must be there. Without values it goes again with the run.
+class EmptyProfile {
+  public:
+    explicit EmptyProfile(const Workdir& folder)
+        : Top(folder.NativePath("config")), File(folder.NativePath(ProfileName)), IsMade(!exists(File)) {
+        if (!IsMade) return;
+        std::filesystem::create_directories(File.parent_path());
+        std::ofstream(File).flush();
+    }
+    EmptyProfile(const EmptyProfile&) = delete;
+    EmptyProfile& operator=(const EmptyProfile&) = delete;
+    ~EmptyProfile() {
+        std::error_code ignored;
+        if (IsMade && file_size(File, ignored) == 0) std::filesystem::remove_all(Top, ignored);
+    }
+
+  private:
+    const std::filesystem::path Top, File;
+    const bool IsMade;
+};
 
 }  // namespace
 
@@ -52,10 +78,11 @@ std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) c
         if (argument == "--json" || argument == "--set") hasProfile = false;
     }
     for (const std::string& argument : arguments) hasProfile = hasProfile || argument == "--profile";
-    return hasProfile ? command : command + " --profile config/Brenholt/kelvarin.ini";
+    return hasProfile ? command : command + " --profile " + ProfileName;
 }
 
 ProgramResult ProgramRun::operator()(const std::vector<std::string>& arguments) const {
+    const EmptyProfile profile(Folder);
     std::u16string command = PathFromNative(CommandLine(arguments));
     STARTUPINFOW start{};
     start.cb = sizeof start;
