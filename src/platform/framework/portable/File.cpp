@@ -1,4 +1,5 @@
 #include "platform/framework/File.h"
+#include "platform/framework/FileError.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -9,7 +10,6 @@
 
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
-#include "platform/framework/portable/FileError.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/framework/portable/FileError.h"
+#include "platform/framework/FileError.h"
 
 #include <cerrno>
 #include <cstring>
@@ -6,10 +6,8 @@
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
 
-namespace {
-
-CFileException::ECause CauseOf(int error) {
-    switch (error) {
+CFileException::ECause CauseOfFileError(long number) {
+    switch (number) {
         case ENOENT:
             return CFileException::fileNotFound;
         case ENOTDIR:
@@ -35,20 +33,6 @@ CFileException::ECause CauseOf(int error) {
         default:
             return CFileException::genericException;
     }
-}
-
-}  // namespace
-
-void FillFileError(CFileException* error, int number, const std::u16string& path) {
-    error->Cause = CauseOf(number);
-    error->OsError = number;
-    error->FileName = path;
-}
-
-void RaiseFileError(int number, const std::u16string& path) {
-    auto* error = new CFileException;
-    FillFileError(error, number, path);
-    throw error;
 }
 
 std::u16string DescribeFileError(const CFileException& error) {

@@ -5,9 +5,9 @@
 #include <sys/stat.h>
 
 #include "platform/framework/Exceptions.h"
+#include "platform/framework/FileError.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
-#include "platform/framework/portable/FileError.h"
 
 FileLock::FileLock(const std::u16string& path, Make make) {
     const std::string native = PathToNative(path);

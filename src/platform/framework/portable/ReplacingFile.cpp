@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <vector>
 
+#include "platform/framework/FileError.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
-#include "platform/framework/portable/FileError.h"
 #include "platform/framework/portable/TemporaryFile.h"
 
 namespace fs = std::filesystem;

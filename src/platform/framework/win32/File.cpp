@@ -1,10 +1,10 @@
 #include "platform/framework/File.h"
+#include "platform/framework/FileError.h"
 
 #include <algorithm>
 
 #include "platform/framework/Path.h"
 #include "platform/framework/win32/Api.h"
-#include "platform/framework/win32/FileError.h"
 
 namespace {
 

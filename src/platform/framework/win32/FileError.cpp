@@ -1,12 +1,11 @@
-#include "platform/framework/win32/FileError.h"
+#include "platform/framework/FileError.h"
 
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/win32/Api.h"
 
-namespace {
-
-CFileException::ECause CauseOf(DWORD error) {
-    switch (error) {
+CFileException::ECause CauseOfFileError(long number) {
+    switch (number) {
         case ERROR_FILE_NOT_FOUND:
             return CFileException::fileNotFound;
         case ERROR_PATH_NOT_FOUND:
@@ -37,20 +36,6 @@ CFileException::ECause CauseOf(DWORD error) {
         default:
             return CFileException::genericException;
     }
-}
-
-}  // namespace
-
-void FillFileError(CFileException* error, DWORD number, const std::u16string& path) {
-    error->Cause = CauseOf(number);
-    error->OsError = static_cast<long>(number);
-    error->FileName = path;
-}
-
-void RaiseFileError(DWORD number, const std::u16string& path) {
-    auto* error = new CFileException;
-    FillFileError(error, number, path);
-    throw error;
 }
 
 std::u16string DescribeFileError(const CFileException& error) {

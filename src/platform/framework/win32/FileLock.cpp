@@ -1,7 +1,7 @@
 #include "platform/framework/FileLock.h"
 
+#include "platform/framework/FileError.h"
 #include "platform/framework/win32/Api.h"
-#include "platform/framework/win32/FileError.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <random>
 #include <vector>
 
+#include "platform/framework/FileError.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "platform/framework/win32/Api.h"
-#include "platform/framework/win32/FileError.h"
 // What follows needs the types of the first.
 #include <aclapi.h>
 
