@@ -1,0 +1,194 @@
+#include "host/plan/Cells.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/plan/TimeText.h"
+#include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+bool IsSeparatorAt(const Cut& how, char16_t c) {
+    return c == how.Separator || (how.Merges && how.Separator == u' ' && c == u'\t');
+}
+
+bool IsOneOf(std::u16string_view cell, const std::u16string_view* begin, const std::u16string_view* end) {
+    return std::any_of(begin, end, [&](std::u16string_view word) { return EqualsIgnoreCase(cell, word); });
+}
+
+bool IsHexDigit(char16_t c) {
+    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+}
+
+bool IsHex(std::u16string_view cell) {
+    const bool hasPrefix = cell.size() > 2 && cell[0] == u'0' && (cell[1] == u'x' || cell[1] == u'X');
+    if (!hasPrefix && cell.size() != 2 && cell.size() != 8) return false;
+    return std::all_of(cell.begin() + (hasPrefix ? 2 : 0), cell.end(), IsHexDigit);
+}
+
+// Where the number at the beginning ends; 0 if there is none.
+std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
+    std::size_t at = 0;
+    if (at < cell.size() && (cell[at] == u'+' || cell[at] == u'-')) ++at;
+    const std::size_t begin = at;
+    std::size_t digits = 0;
+    std::size_t group = 0;  // digits since the last mark
+    std::size_t marks = 0;
+    char16_t last = u'\0';
+    char16_t first = u'\0';
+    bool evenGroups = true;
+    for (; at < cell.size(); ++at) {
+        const char16_t c = cell[at];
+        if (IsDigit(c)) {
+            ++digits;
+            ++group;
+            continue;
+        }
+        const bool isMark = c == u'.' || c == u',' || ((c == u'\'' || c == 0xA0 || c == 0x2019) && group > 0);
+        if (!isMark || (last != u'\0' && last != first)) break;
+        if (marks > 0) evenGroups &= group == 3;
+        if (marks == 0) look.Digits = digits;
+        if (marks > 0 && c == first && group != 3) break;
+        if (first == u'\0') first = c;
+        last = c;
+        ++marks;
+        group = 0;
+    }
+    if (digits == 0) return 0;
+    if (marks == 0) {
+        look.Digits = digits;
+    } else if (last != first) {
+        look = {last, first, false, look.Digits};
+        if (!evenGroups) return 0;
+    } else if (marks > 1 || first == u'\'' || first == 0xA0 || first == 0x2019) {
+        if (group != 3 || look.Digits > 3) return 0;
+        look.Thousands = first;
+    } else {
+        look.Mark = first;
+    }
+    if (at < cell.size() && (cell[at] == u'e' || cell[at] == u'E') && at > begin) {
+        std::size_t end = at + 1;
+        if (end < cell.size() && (cell[end] == u'+' || cell[end] == u'-')) ++end;
+        const std::size_t exponent = end;
+        while (end < cell.size() && IsDigit(cell[end])) ++end;
+        if (end > exponent && end - exponent <= 3) {
+            look.HasExponent = true;
+            at = end;
+        }
+    }
+    return at;
+}
+bool LooksLikeTime(std::u16string_view cell) {
+    const auto digits = std::count_if(cell.begin(), cell.end(), IsDigit);
+    if (digits < 3 || digits * 4 < static_cast<std::ptrdiff_t>(cell.size())) return false;
+    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
+        if (ParseTime(cell, {order, false, false})) return true;
+    }
+    return false;
+}
+
+// "(1.5)" is 1.5.
+std::u16string_view WithoutBrackets(std::u16string_view cell) {
+    const bool isEnclosed = cell.size() > 2 && ((cell.front() == u'(' && cell.back() == u')') ||
+                                                (cell.front() == u'[' && cell.back() == u']'));
+    return isEnclosed ? TrimWhiteSpace(cell.substr(1, cell.size() - 2)) : cell;
+}
+}  // namespace
+
+std::u16string_view LineCutter::Take(std::u16string_view line, std::size_t& at) {
+    while (at < line.size() && IsWhiteSpace(line[at]) && !IsSeparatorAt(How, line[at])) ++at;
+    if (at < line.size() && line[at] == u'"') {
+        std::size_t end = at + 1;
+        bool hasEscape = false;
+        while (end < line.size() && (line[end] != u'"' || (end + 1 < line.size() && line[end + 1] == u'"'))) {
+            hasEscape |= line[end] == u'"';
+            end += line[end] == u'"' ? 2 : 1;
+        }
+        std::size_t after = end + 1;
+        while (after < line.size() && IsWhiteSpace(line[after]) && !IsSeparatorAt(How, line[after])) ++after;
+        if (end < line.size() && (after >= line.size() || IsSeparatorAt(How, line[after]))) {
+            std::u16string_view cell = line.substr(at + 1, end - at - 1);
+            at = after;
+            if (!hasEscape) return TrimWhiteSpace(cell);
+            Unescaped.push_back(ReplaceAll(std::u16string(cell), u"\"\"", u"\""));
+            return TrimWhiteSpace(Unescaped.back());
+        }
+    }
+    std::size_t end = at;
+    while (end < line.size() && !IsSeparatorAt(How, line[end])) ++end;
+    const std::u16string_view cell = line.substr(at, end - at);
+    at = end;
+    return TrimWhiteSpace(cell);
+}
+
+const std::vector<std::u16string_view>& LineCutter::operator()(std::u16string_view line) {
+    Cells.clear();
+    Unescaped.clear();
+    if (How.IsLineQuoted) {
+        line = TrimWhiteSpace(line);
+        if (line.size() >= 2 && line.front() == u'"' && line.back() == u'"') {
+            Unescaped.push_back(ReplaceAll(std::u16string(line.substr(1, line.size() - 2)), u"\"\"", u"\""));
+            line = Unescaped.back();
+        }
+    }
+    if (How.Separator == u'\0') {
+        Cells.push_back(TrimWhiteSpace(line));
+        return Cells;
+    }
+    std::size_t at = 0;
+    if (How.Merges) {
+        while (at < line.size() && IsSeparatorAt(How, line[at])) ++at;
+        if (at == line.size()) return Cells;
+    }
+    for (;;) {
+        Cells.push_back(Take(line, at));
+        if (at >= line.size()) return Cells;
+        ++at;
+        if (!How.Merges) continue;
+        while (at < line.size() && IsSeparatorAt(How, line[at])) ++at;
+        if (at == line.size()) return Cells;
+    }
+}
+
+bool IsMissing(std::u16string_view cell) {
+    constexpr std::u16string_view Markers[] = {
+        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none",    u"nil",  u"-",    u"--",
+        u"---", u"----",    u"?",    u"*",       u"***",     u"over",    u"ovld", u"ol",   u"overflow",
+        u"#nv", u"#div/0!", u"-nan", u"1.#qnan", u"missing", u"no data", u"inf",  u"-inf", u"."};
+    return cell.empty() || IsOneOf(cell, std::begin(Markers), std::end(Markers));
+}
+
+std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
+    NumberLook look;
+    const std::size_t end = NumberEnd(cell, look);
+    if (end == 0 || end != cell.size()) return std::nullopt;
+    return look;
+}
+
+double ValueOf(std::u16string_view number, const NumberLook& look) {
+    std::u16string text(number);
+    if (look.Thousands != u'\0') std::erase(text, look.Thousands);
+    const char16_t* end = nullptr;
+    return ParseDouble(text.c_str(), look.Mark == u'\0' ? u'.' : look.Mark, &end);
+}
+
+CellKind KindOf(std::u16string_view cell) {
+    cell = WithoutBrackets(cell);
+    if (IsMissing(cell)) return CellKind::Empty;
+    NumberLook look;
+    const std::size_t end = NumberEnd(cell, look);
+    if (end == cell.size()) return CellKind::Number;
+    if (IsHex(cell)) return CellKind::Hex;
+    if (LooksLikeTime(cell)) return CellKind::Time;
+    constexpr std::u16string_view Truths[] = {u"true", u"false", u"on",   u"off",    u"yes",  u"no",
+                                              u"ja",   u"nein",  u"wahr", u"falsch", u"open", u"closed"};
+    if (IsOneOf(cell, std::begin(Truths), std::end(Truths))) return CellKind::Truth;
+    if (end != 0) {
+        // A value and its unit; more words are a text that begins with a number.
+        const std::u16string_view rest = TrimWhiteSpace(cell.substr(end));
+        if (rest.size() <= 8 && rest.find(u' ') == rest.npos) return CellKind::Amount;
+    }
+    return CellKind::Word;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,66 @@
+// A line cut into cells, and what a cell looks like to a person.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelvarin::plan {
+// How the lines of a table are cut.
+struct Cut {
+    char16_t Separator = u'\0';  // NUL: a line is one cell
+    bool Merges = false;         // a run of separators is one, and none counts at either end
+    bool IsLineQuoted = false;   // each line is one quoted text that holds the cells
+    bool operator==(const Cut&) const = default;
+};
+
+// The cells of one line after the other. White space around a cell and quotes that enclose it are not part of
+// it; a doubled quote within quotes is one.
+class LineCutter {
+  public:
+    explicit LineCutter(const Cut& cut) : How(cut) {}
+
+    // Valid until the next call, and as long as the line.
+    const std::vector<std::u16string_view>& operator()(std::u16string_view line);
+
+  private:
+    std::u16string_view Take(std::u16string_view line, std::size_t& at);
+
+    const Cut How;
+    std::vector<std::u16string_view> Cells;
+    std::deque<std::u16string> Unescaped;
+};
+
+enum class CellKind : std::uint8_t {
+    Empty,   // or a marker of a missing value
+    Number,  // decimal, with point or comma; also with an exponent
+    Hex,     // 0x1F, or two hexadecimal digits
+    Time,    // with a date or a clock
+    Amount,  // a number and a word, such as a unit
+    Truth,   // "true", "off"
+    Word
+};
+
+CellKind KindOf(std::u16string_view cell);
+
+// True for a text that stands for a value that was not measured: "NaN", "n/a", "---".
+bool IsMissing(std::u16string_view cell);
+
+// What a number looks like.
+struct NumberLook {
+    char16_t Mark = u'\0';       // the decimal mark: point, comma, or NUL for none
+    char16_t Thousands = u'\0';  // between groups of three digits, or NUL
+    bool HasExponent = false;
+    std::size_t Digits = 0;  // before the mark
+};
+
+// Nothing for a text that is no decimal number. A lone comma or point before exactly three digits may be
+// either; it is taken for the decimal mark.
+std::optional<NumberLook> LookAtNumber(std::u16string_view cell);
+
+// The value of a number with this decimal mark; a mark between thousands is stepped over.
+double ValueOf(std::u16string_view number, const NumberLook& look);
+}  // namespace kelvarin::plan

@@ -1,0 +1,78 @@
+#include "host/plan/FileSample.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "contract/StdioFileEx.h"
+
+namespace kelvarin::plan {
+namespace {
+constexpr std::size_t MostHeadLines = 5000;
+constexpr std::size_t MostHeadUnits = 2u << 20;
+constexpr std::uint64_t Places = 40;
+constexpr std::size_t LinesPerPlace = 24;
+constexpr std::uint64_t TailBytes = 16 * 1024;
+constexpr std::size_t LongestLine = 64 * 1024;
+
+void OpenOrRaise(CStdioFileEx& file, const std::u16string& path) {
+    auto error = std::make_unique<CFileException>();
+    constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
+    if (!file.Open(path.c_str(), Flags, error.get())) throw error.release();
+}
+
+// Units of two bytes can't be told from the middle of a file, where there is no mark.
+bool HasWideUnits(CFile& file) {
+    unsigned char mark[2] = {};
+    file.Read(mark, sizeof mark);
+    return (mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF);
+}
+
+// The lines that begin from one byte on to another, at most so many.
+void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, FileSample& sample) {
+    CStdioFileEx file;
+    OpenOrRaise(file, path);
+    file.Seek(from);
+    std::u16string line;
+    if (!file.ReadString(line)) return;  // the place is within it
+    for (std::size_t i = 0; i < most && file.ReadString(line); ++i) {
+        if (line.size() > LongestLine) line.resize(LongestLine);
+        sample.Lines.push_back({0, line, i == 0});
+    }
+}
+}  // namespace
+
+FileSample SampleFile(const std::u16string& path) {
+    FileSample sample;
+    std::uint64_t counted = 0;
+    std::uint64_t length = 0;
+    bool isWide = false;
+    {
+        CStdioFileEx file;
+        OpenOrRaise(file, path);
+        length = file.GetLength();
+        std::u16string line;
+        std::size_t units = 0;
+        sample.IsWhole = true;
+        while (file.ReadString(line)) {
+            units += line.size() + 1;
+            if (line.size() > LongestLine) line.resize(LongestLine);
+            sample.Lines.push_back({sample.Lines.size() + 1, std::move(line), false});
+            if (sample.Lines.size() < MostHeadLines && units < MostHeadUnits) continue;
+            sample.IsWhole = !file.ReadString(line);
+            break;
+        }
+        counted = file.GetPosition();
+        sample.Head = sample.Lines.size();
+        file.Seek(0);
+        isWide = HasWideUnits(file);
+    }
+    if (sample.IsWhole || isWide || length <= counted) return sample;
+    const std::uint64_t tail = std::min(TailBytes, length - counted);
+    const std::uint64_t rest = length - counted - tail;
+    for (std::uint64_t place = 1; rest > TailBytes && place <= Places; ++place)
+        AddLines(path, counted + rest / (Places + 1) * place, LinesPerPlace, sample);
+    AddLines(path, length - tail, MostHeadLines, sample);
+    return sample;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,24 @@
+// Lines from all over a file, however long it is.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kelvarin::plan {
+struct SampleLine {
+    std::uint64_t Number = 0;  // of the file, from 1; 0 where the lines before were not counted
+    std::u16string Text;
+    bool IsAfterGap = false;  // lines before it were left out
+};
+
+struct FileSample {
+    std::vector<SampleLine> Lines;  // in the order of the file, blank ones too
+    std::size_t Head = 0;           // lines from the beginning without a gap
+    bool IsWhole = false;           // every line is among them
+};
+
+// Reads the first lines, some at places evenly spread over the rest, and the last ones: some MiB at most.
+// Raises CFileException.
+FileSample SampleFile(const std::u16string& path);
+}  // namespace kelvarin::plan

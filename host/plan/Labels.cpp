@@ -1,0 +1,148 @@
+#include "host/plan/Labels.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <set>
+
+#include "host/plan/Units.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+constexpr std::size_t LinesOfABlock = 24;
+
+struct LabelLine {
+    std::size_t Index;  // in the sample
+    std::vector<std::u16string> Cells;
+    std::size_t Filled = 0;
+    std::size_t Different = 0;  // texts
+    std::size_t Units = 0;      // cells that are units
+    bool IsAdjacent = false;    // no blank line lies between it and the table, or one gap at most
+};
+
+std::u16string WithoutBrackets(std::u16string_view text) {
+    text = TrimWhiteSpace(text);
+    if (text.size() >= 2 &&
+        ((text.front() == u'[' && text.back() == u']') || (text.front() == u'(' && text.back() == u')')))
+        text = TrimWhiteSpace(text.substr(1, text.size() - 2));
+    return std::u16string(text);
+}
+
+// True for a line of words for kinds of values: "Avg", "REAL32", "Counter".
+bool IsKindsLine(const std::vector<std::u16string>& cells) {
+    constexpr std::u16string_view Kinds[] = {
+        u"counter", u"analog", u"digital", u"float", u"double", u"int",     u"integer",  u"real",   u"real32",
+        u"real64",  u"int16",  u"int32",   u"int64", u"uint8",  u"uint16",  u"uint32",   u"uint64", u"bool",
+        u"boolean", u"bit",    u"string",  u"text",  u"avg",    u"average", u"mean",     u"smp",    u"sample",
+        u"min",     u"max",    u"std",     u"sum",   u"tot",    u"total",   u"datetime", u"number"};
+    std::size_t filled = 0;
+    std::size_t kinds = 0;
+    for (const std::u16string& cell : cells) {
+        if (cell.empty()) continue;
+        ++filled;
+        kinds += std::any_of(std::begin(Kinds), std::end(Kinds),
+                             [&](auto kind) { return EqualsIgnoreCase(cell, kind); });
+    }
+    return filled > 0 && 4 * kinds >= 3 * filled;
+}
+
+// The lines above the table that may describe its columns, the lowest first.
+std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
+    std::vector<LabelLine> lines;
+    LineCutter cut(table.How);
+    int gaps = 0;
+    for (std::size_t i = table.First; i-- > 0 && table.First - i <= LinesOfABlock;) {
+        const RowShape& shape = table.Shapes[i];
+        if (shape.Filled == 0) {
+            const bool isFirstOfGap = i + 1 == table.First || table.Shapes[i + 1].Filled != 0;
+            gaps += isFirstOfGap;
+            if (gaps > 1) break;
+            continue;
+        }
+        if (2 * shape.Cells < table.Width || shape.Cells > table.Width + 2) continue;
+        // A key and its value, filled up with separators.
+        if (table.Width > 4 && shape.Filled <= 2) continue;
+        LabelLine line{i, {}, 0, 0, 0, true};
+        std::set<std::u16string_view> texts;
+        const auto& cells = cut(sample.Lines[i].Text);
+        for (const std::u16string_view cell : cells) {
+            line.Cells.emplace_back(cell);
+            line.Filled += !cell.empty();
+            line.Units += IsUnit(WithoutBrackets(cell));
+        }
+        for (const std::u16string& cell : line.Cells) {
+            if (!cell.empty()) texts.insert(cell);
+        }
+        line.Different = texts.size();
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+bool IsUnitsLine(const LabelLine& line) {
+    return line.Units > 0 &&
+           (2 * line.Units >= line.Filled || (line.Units >= 3 && 2 * line.Different <= line.Filled));
+}
+
+// True unless most columns of values hold values in this line too: then it is a row apart from the rest.
+bool IsUnlikeRows(const RowShape& shape, const FoundTable& table) {
+    std::size_t values = 0;
+    std::size_t words = 0;
+    for (std::size_t i = 0; i < table.HoldsValues.size(); ++i) {
+        const CellKind kind = shape.Kind(i);
+        if (!table.HoldsValues[i] || kind == CellKind::Empty) continue;
+        ++(kind == CellKind::Word ? words : values);
+    }
+    return values == 0 || words >= values || (values == 1 && words > 0);
+}
+
+// Units and types repeat and leave cells empty, names don't: of the lines nearly as rich in different texts
+// as the richest, the lowest that isn't one of units.
+const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& table) {
+    std::size_t richest = 0;
+    for (const LabelLine& line : lines) richest = std::max(richest, IsUnitsLine(line) ? 0 : line.Different);
+    for (const LabelLine& line : lines) {
+        const RowShape& shape = table.Shapes[line.Index];
+        // Numbers may be names only above units: the channels of an oscilloscope.
+        const bool isAboveUnits =
+            &line != lines.data() && IsUnitsLine(*(&line - 1)) && shape.Kind(0) == CellKind::Word;
+        const bool isNumbers = 2 * shape.Numbers > shape.Filled && shape.Filled > 2;
+        if (5 * line.Different < 4 * richest || IsUnitsLine(line)) continue;
+        if (IsKindsLine(line.Cells) && lines.size() > 1 && &line != &lines.back()) continue;
+        if (isAboveUnits || (!isNumbers && IsUnlikeRows(shape, table))) return &line;
+    }
+    // A table of one or two columns may have names that are units too.
+    return lines.empty() || lines.size() > 1 || lines.front().Filled == 0 ? nullptr : &lines.front();
+}
+}  // namespace
+
+Labels FindLabels(const FileSample& sample, const FoundTable& table) {
+    Labels labels;
+    labels.Columns.resize(table.Width);
+    const std::vector<LabelLine> lines = LinesAbove(sample, table);
+    const LabelLine* const names = NamesOf(lines, table);
+    const auto units = std::find_if(lines.begin(), lines.end(), [&](const LabelLine& line) {
+        return &line != names && IsUnitsLine(line);
+    });
+    for (const LabelLine& line : lines) {
+        for (std::size_t i = 0; i < std::min(line.Cells.size(), table.Width); ++i) {
+            if (!line.Cells[i].empty()) labels.Columns[i].All.push_back(line.Cells[i]);
+        }
+    }
+    if (names != nullptr) {
+        labels.NamesLine = sample.Lines[names->Index].Number;
+        for (std::size_t i = 0; i < std::min(names->Cells.size(), table.Width); ++i) {
+            labels.Columns[i].Name = names->Cells[i];
+            labels.Columns[i].Unit = UnitInName(names->Cells[i]);
+        }
+    }
+    if (units != lines.end()) {
+        labels.UnitsLine = sample.Lines[units->Index].Number;
+        for (std::size_t i = 0; i < std::min(units->Cells.size(), table.Width); ++i) {
+            if (!units->Cells[i].empty()) labels.Columns[i].Unit = WithoutBrackets(units->Cells[i]);
+        }
+    }
+    return labels;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,51 @@
+// How a file is to be read: found once, and followed by whatever reads, explains or rewrites the file.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/plan/TimeSearch.h"
+
+namespace kelvarin::plan {
+enum class ColumnType { Text, Character, Boolean, Integer, Hexadecimal, Float };
+
+// What the cells of a column are, as far as they were looked at.
+struct CellCounts {
+    std::uint64_t Empty = 0, Missing = 0;  // blank; markers
+    std::uint64_t Whole = 0, Decimal = 0, Hex = 0, Truth = 0, Single = 0, Text = 0;
+    std::uint64_t Nulls = 0, Ones = 0;  // of Whole
+    std::uint64_t Ambiguous = 0;        // of Decimal: digits and an exponent, as hexadecimal numbers may look
+    std::uint64_t NotNumbers = 0;       // of Missing: "NaN"
+    std::uint64_t Commas = 0, Points = 0;  // decimal marks
+    std::uint64_t Amounts = 0;             // numbers with a unit
+    bool TooLong = false;                  // a whole number beyond 64 bits
+
+    void Add(std::u16string_view cell);
+    // `isCount`: the column's name or unit says that its numbers are no truth values.
+    ColumnType Type(bool isCount) const;
+};
+
+struct PlannedColumn {
+    std::u16string Name;  // empty: it has none in the file
+    std::u16string Unit;
+    ColumnType Type = ColumnType::Text;
+    bool IsTime = false;  // its cells make the time of the row
+};
+
+// True for the name of a number that counts: "Cycle", "Step".
+bool IsCountName(std::u16string_view name);
+
+struct ReadingPlan {
+    Cut How;
+    std::size_t Width = 0;                       // cells of most rows
+    std::uint64_t FirstLine = 1;                 // of the table, from 1
+    std::uint64_t NamesLine = 0, UnitsLine = 0;  // 0 for none
+    std::vector<PlannedColumn> Columns;
+    std::optional<FoundTimes> Times;
+};
+
+// Nothing if the file has no table. Raises CFileException.
+std::optional<ReadingPlan> FindPlan(const std::u16string& path);
+}  // namespace kelvarin::plan

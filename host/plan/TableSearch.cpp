@@ -1,0 +1,219 @@
+#include "host/plan/TableSearch.h"
+
+#include <algorithm>
+#include <set>
+
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+constexpr std::size_t MostColumns = 1024;  // looked at
+
+bool IsValue(CellKind kind) {
+    return kind != CellKind::Empty && kind != CellKind::Word;
+}
+
+RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells) {
+    RowShape shape;
+    shape.Line = line;
+    shape.Cells = cells.size();
+    for (std::size_t i = 0; i < std::min(cells.size(), MostColumns); ++i) {
+        CellKind kind = KindOf(cells[i]);
+        // A piece that holds several cells, cut by the wrong separator. One comma may be decimal.
+        const bool isSeveral = cells[i].find_first_of(u";\t") != cells[i].npos ||
+                               std::count(cells[i].begin(), cells[i].end(), u',') > 1;
+        if (isSeveral && kind != CellKind::Number) kind = CellKind::Word;
+        shape.Kinds.push_back(kind);
+        shape.Filled += kind != CellKind::Empty;
+        shape.Numbers += kind == CellKind::Number;
+        shape.Values += IsValue(kind) && kind != CellKind::Number;
+    }
+    return shape;
+}
+
+// Numbers count one, other values a half: of two separators the one wins that leaves numbers, where the other
+// leaves pieces that only begin with a digit. A time counts a whole one: a colon or a point would cut it.
+double Worth(const RowShape& shape) {
+    const auto times = std::count(shape.Kinds.begin(), shape.Kinds.end(), CellKind::Time);
+    return static_cast<double>(shape.Numbers) + static_cast<double>(shape.Values) / 2 +
+           static_cast<double>(times) / 2;
+}
+
+// The columns of the table with so many cells that hold values in four of five cells that aren't empty: a
+// column of values may hold an error text here and there, one of names may hold a number. Learnt from the
+// lower half of its rows, since what is above a table may have its number of cells and hold numbers as well.
+std::vector<bool> ValueColumns(const std::vector<RowShape>& shapes, std::size_t cells) {
+    std::vector<std::size_t> values(std::min(cells, MostColumns), 0);
+    std::vector<std::size_t> words(values.size(), 0);
+    const auto isOne = [cells](const RowShape& row) { return row.Cells == cells && row.LooksLikeData(); };
+    auto skipped = std::count_if(shapes.begin(), shapes.end(), isOne) / 2;
+    for (const RowShape& row : shapes) {
+        if (!isOne(row) || skipped-- > 0) continue;
+        for (std::size_t column = 0; column < values.size(); ++column) {
+            if (row.Kind(column) != CellKind::Empty) ++(IsValue(row.Kind(column)) ? values : words)[column];
+        }
+    }
+    std::vector<bool> holds;
+    for (std::size_t column = 0; column < values.size(); ++column)
+        holds.push_back(values[column] > 0 && values[column] >= 4 * words[column]);
+    return holds;
+}
+
+// Names, units and the like: words in the first column or in most columns where the table has values.
+bool IsUnlike(const RowShape& row, const std::vector<bool>& holdsValues) {
+    std::size_t words = 0;
+    std::size_t filled = 0;
+    for (std::size_t column = 0; column < holdsValues.size(); ++column) {
+        if (!holdsValues[column] || row.Kind(column) == CellKind::Empty) continue;
+        ++filled;
+        words += row.Kind(column) == CellKind::Word;
+    }
+    return (holdsValues[0] && row.Kind(0) == CellKind::Word) || 2 * words > filled;
+}
+
+bool IsRow(const RowShape& row, const std::vector<bool>& holdsValues) {
+    return row.LooksLikeData() && !IsUnlike(row, holdsValues);
+}
+
+// The first row after which nearly all are rows: not a line of the preamble that looks like one. Of ten rows
+// four in five, since a file may hold comments; of a shorter table all but one, a footer.
+std::optional<std::size_t> BeginningOf(const std::vector<RowShape>& shapes, std::size_t cells,
+                                       const std::vector<bool>& holdsValues) {
+    constexpr std::size_t RowsLookedAt = 10;
+    const auto isRow = [&](const RowShape& shape) {
+        return shape.Cells == cells && IsRow(shape, holdsValues);
+    };
+    for (std::size_t i = 0; i < shapes.size(); ++i) {
+        if (!isRow(shapes[i])) continue;
+        std::size_t looked = 0;
+        std::size_t good = 0;
+        for (std::size_t k = i; k < shapes.size() && looked < RowsLookedAt; ++k) {
+            if (shapes[k].Filled == 0) continue;
+            ++looked;
+            good += isRow(shapes[k]);
+        }
+        if (5 * good >= 4 * looked || (good > 1 && good + 1 == looked)) return i;
+    }
+    return std::nullopt;
+}
+
+// Columns that end earlier than others leave shorter rows below: the table begins with the wider rows
+// directly above. One or two such rows are rather names and units.
+std::size_t WiderBeginning(const std::vector<RowShape>& shapes, std::size_t first,
+                           const std::vector<bool>& holdsValues) {
+    constexpr std::size_t FewestRows = 3;
+    std::size_t begin = first;
+    while (begin > 0 && shapes[begin - 1].Cells >= shapes[first].Cells &&
+           IsRow(shapes[begin - 1], holdsValues))
+        --begin;
+    return first - begin < FewestRows ? first : begin;
+}
+
+// Log lines above a header may look like rows: where a line of words in most columns of values is among the
+// first lines, with many more rows below it than above, the table begins below it.
+std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t first, std::size_t cells,
+                            const std::vector<bool>& holdsValues) {
+    constexpr std::size_t LinesLookedAt = 40;
+    std::size_t rowsAbove = 0;
+    std::size_t begin = first;
+    for (std::size_t i = first; i + 1 < shapes.size() && i < first + LinesLookedAt; ++i) {
+        if (IsRow(shapes[i], holdsValues)) {
+            ++rowsAbove;
+            continue;
+        }
+        std::size_t words = 0;
+        std::size_t values = 0;
+        for (std::size_t k = 0; k < holdsValues.size(); ++k) {
+            if (!holdsValues[k]) continue;
+            ++values;
+            words += shapes[i].Kind(k) == CellKind::Word;
+        }
+        const bool isHeader = shapes[i].Cells >= cells && values > 1 && 4 * words >= 3 * values;
+        // The rows above hold less than those below: most of their cells are empty.
+        if (!isHeader || !IsRow(shapes[i + 1], holdsValues)) continue;
+        std::size_t filledAbove = 0;
+        for (std::size_t k = begin; k < i; ++k) filledAbove += shapes[k].Filled;
+        if (rowsAbove > 0 && 2 * filledAbove <= rowsAbove * shapes[i + 1].Filled) begin = i + 1;
+    }
+    return begin;
+}
+
+// The best table that one way of cutting gives.
+void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
+             std::optional<FoundTable>& best) {
+    LineCutter cut(how);
+    std::vector<RowShape> shapes;
+    std::set<std::size_t> widths;
+    for (std::size_t i = 0; i < sample.Lines.size(); ++i) {
+        shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+        if (shapes.back().Cells >= fewestCells && shapes.back().LooksLikeData())
+            widths.insert(shapes.back().Cells);
+    }
+    std::optional<FoundTable> mine;
+    for (const std::size_t cells : widths) {
+        const std::vector<bool> holdsValues = ValueColumns(shapes, cells);
+        if (std::find(holdsValues.begin(), holdsValues.end(), true) == holdsValues.end()) continue;
+        const std::optional<std::size_t> first = BeginningOf(shapes, cells, holdsValues);
+        if (!first) continue;
+        FoundTable table{how, *first, cells, 0, 0, {}, holdsValues};
+        double worth = 0;
+        for (std::size_t i = *first; i < shapes.size(); ++i) {
+            if (shapes[i].Cells != cells || !IsRow(shapes[i], holdsValues)) continue;
+            ++table.Rows;
+            worth += Worth(shapes[i]);
+        }
+        // The worth of the rows times their worth per cell: the second factor keeps a separator from winning
+        // that cuts values into pieces, as the comma does with decimal commas.
+        table.Score = worth * worth / static_cast<double>(table.Rows * cells);
+        if (mine && table.Score <= mine->Score) continue;
+        table.First =
+            BelowLastHeader(shapes, WiderBeginning(shapes, *first, holdsValues), cells, holdsValues);
+        table.Width = shapes[table.First].Cells;
+        mine = std::move(table);
+    }
+    if (!mine || (best && mine->Score <= best->Score)) return;
+    mine->Shapes = std::move(shapes);
+    best = std::move(mine);
+}
+
+// True if nearly all lines are one quoted text each, which holds what separates.
+bool AreLinesQuoted(const FileSample& sample) {
+    std::size_t filled = 0;
+    std::size_t quoted = 0;
+    for (const SampleLine& line : sample.Lines) {
+        const std::u16string_view text = TrimWhiteSpace(line.Text);
+        if (text.empty()) continue;
+        ++filled;
+        if (text.size() < 3 || text.front() != u'"' || text.back() != u'"') continue;
+        const std::u16string_view inner = text.substr(1, text.size() - 2);
+        quoted += ReplaceAll(std::u16string(inner), u"\"\"", u"").find(u'"') == std::u16string::npos &&
+                  inner.find_first_of(u",;\t") != inner.npos;
+    }
+    return quoted > 1 && 2 * quoted > filled;
+}
+}  // namespace
+
+bool RowShape::LooksLikeData() const {
+    if (Numbers + Values == 0) return false;
+    return IsValue(Kind(0)) || 4 * (Numbers + Values) >= Filled;
+}
+
+std::optional<FoundTable> FindTable(const FileSample& sample) {
+    const bool areQuoted = AreLinesQuoted(sample);
+    std::optional<FoundTable> best;
+    for (const char16_t separator : {u';', u',', u'\t', u'|'})
+        Propose(sample, {separator, false, areQuoted}, 2, best);
+    // Colons and blanks are also within times, names and texts: they need twice the rows or twice the worth.
+    for (const char16_t separator : {u':', u' '}) {
+        std::optional<FoundTable> weak;
+        Propose(sample, {separator, separator == u' ', areQuoted}, 2, weak);
+        if (!weak) continue;
+        const bool wins = !best || weak->Score > 2 * best->Score ||
+                          (weak->Rows > 2 * best->Rows && weak->Width >= best->Width);
+        if (wins) best = std::move(weak);
+    }
+    // Rows of one cell are a table only where there is no other.
+    if (!best) Propose(sample, {u'\0', false, areQuoted}, 1, best);
+    return best;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,39 @@
+// Finds the table of a file as a person does: rows alike in width and in what their cells hold.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "host/plan/Cells.h"
+#include "host/plan/FileSample.h"
+
+namespace kelvarin::plan {
+// A line without its texts.
+struct RowShape {
+    std::size_t Line = 0;                             // index in the sample
+    std::size_t Cells = 0;                            // all of them
+    std::size_t Filled = 0, Numbers = 0, Values = 0;  // numbers; dates, amounts and other values that aren't
+    std::vector<CellKind> Kinds;                      // of the first cells
+
+    CellKind Kind(std::size_t column) const {
+        return column < Kinds.size() ? Kinds[column] : CellKind::Empty;
+    }
+
+    // A value in the first cell, or in a quarter of those that aren't empty.
+    bool LooksLikeData() const;
+};
+
+struct FoundTable {
+    Cut How;
+    std::size_t First = 0;          // index in the sample of the first row
+    std::size_t Width = 0;          // cells of most rows
+    std::size_t Rows = 0;           // in the sample
+    double Score = 0;               // comparable between tables of one file
+    std::vector<RowShape> Shapes;   // of all lines of the sample, blank ones without cells
+    std::vector<bool> HoldsValues;  // by column: numbers and the like, not words
+};
+
+// The best table of the sample; nothing if no line holds a value.
+std::optional<FoundTable> FindTable(const FileSample& sample);
+}  // namespace kelvarin::plan

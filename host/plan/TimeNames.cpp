@@ -1,0 +1,158 @@
+#include "host/plan/TimeNames.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+#include "host/plan/TimeWords.h"
+#include "host/plan/Units.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+using WordList = std::u16string_view;  // a blank around each word
+
+bool IsLetter(char16_t c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c > 0x7F;
+}
+
+std::u16string Lowered(std::u16string_view word) {
+    std::u16string lowered(word);
+    for (char16_t& c : lowered) {
+        if (c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + (u'a' - u'A'));
+    }
+    return lowered;
+}
+
+struct Word {
+    std::u16string_view Text;
+    bool IsInQuotient = false;  // a stroke is directly before or after it
+};
+
+std::vector<Word> WordsOf(std::u16string_view label) {
+    std::vector<Word> words;
+    for (std::size_t begin = 0; begin < label.size(); ++begin) {
+        if (!IsLetter(label[begin])) continue;
+        std::size_t end = begin;
+        while (end < label.size() && IsLetter(label[end])) {
+            // "TestTime" is two words, "DATE" is one.
+            const bool isHump = end > begin && label[end] >= u'A' && label[end] <= u'Z' &&
+                                label[end - 1] >= u'a' && label[end - 1] <= u'z';
+            if (isHump) break;
+            ++end;
+        }
+        const bool isQuotient =
+            (begin != 0 && label[begin - 1] == u'/') || (end < label.size() && label[end] == u'/');
+        words.push_back({label.substr(begin, end - begin), isQuotient});
+        begin = end - 1;
+    }
+    return words;
+}
+
+bool IsListed(WordList list, std::u16string_view word) {
+    return list.find(u" " + Lowered(word) + u" ") != list.npos;
+}
+
+bool HasPart(std::u16string_view word, const std::u16string_view* begin, const std::u16string_view* end) {
+    const std::u16string lowered = Lowered(word);
+    return std::any_of(begin, end,
+                       [&](std::u16string_view part) { return lowered.find(part) != lowered.npos; });
+}
+
+constexpr std::u16string_view TimeParts[] = {u"time",  u"zeit",     u"stamp", u"uhr",   u"tijd",
+                                             u"temps", u"tiempo",   u"tempo", u"epoch", u"elapsed",
+                                             u"dauer", u"duration", u"czas",  u"aika"};
+constexpr WordList TimeWords = u" t ts utc gmt ora hora heure hour hours zeit ";
+constexpr std::u16string_view DateParts[] = {u"date", u"datum", u"fecha", u"giorno"};
+constexpr WordList DateWords = u" day tag jour data dia dato ";
+constexpr WordList ClockWords =
+    u" time zeit uhrzeit hour hours hh hhmm hhmmss hr uur stunde heure ora hora tijdstip tijd clock ";
+
+template <class Test>
+bool AnyWord(const Label& label, Test test) {
+    for (const std::u16string& text : label.All) {
+        for (const Word& word : WordsOf(text)) {
+            if (test(word)) return true;
+        }
+    }
+    return false;
+}
+}  // namespace
+
+bool IsNamedDate(const Label& label) {
+    return AnyWord(label, [](const Word& word) {
+        return HasPart(word.Text, std::begin(DateParts), std::end(DateParts)) ||
+               IsListed(DateWords, word.Text);
+    });
+}
+
+bool IsNamedTime(const Label& label) {
+    // A lone capital is a quantity, as T a temperature.
+    return IsNamedDate(label) || AnyWord(label, [](const Word& word) {
+               if (word.Text.size() == 1) return word.Text == u"t";
+               return HasPart(word.Text, std::begin(TimeParts), std::end(TimeParts)) ||
+                      IsListed(TimeWords, word.Text);
+           });
+}
+
+bool IsNamedClock(const Label& label) {
+    return AnyWord(label, [](const Word& word) { return IsListed(ClockWords, word.Text); });
+}
+
+std::optional<TimePart> PartOfName(const Label& label) {
+    struct Named {
+        WordList Words;
+        TimePart Part;
+    };
+    constexpr Named Names[] = {
+        {u" year years jahr yyyy yy jjjj année año anno jaar rok ", TimePart::Year},
+        {u" month months monat mois mes mese maand mon mo miesiąc ", TimePart::Month},
+        {u" day tag jour día dia giorno dag dd mday dzień ", TimePart::Day},
+        {u" doy jday yday ", TimePart::DayOfYear},
+        {u" hour hours hr stunde std heure hora ora uur hh h godzina ", TimePart::Hours},
+        {u" minute minutes minuten min mins minuut minuto ", TimePart::Minutes},
+        {u" second seconds sec sekunde sekunden seconde secondo ss s ", TimePart::Seconds},
+    };
+    const std::vector<Word> words = WordsOf(label.Name);
+    if (words.empty() || words.size() > 3) return std::nullopt;
+    if (words.size() == 3 && Lowered(words[0].Text) == u"day" && Lowered(words[2].Text) == u"year")
+        return TimePart::DayOfYear;
+    for (const Named& named : Names) {
+        if (words.size() <= 2 && IsListed(named.Words, words[0].Text)) return named.Part;
+    }
+    return std::nullopt;
+}
+
+std::int64_t UnitNamed(const Label& label) {
+    const auto unitOf = [](std::u16string_view text) -> std::int64_t {
+        const std::vector<Word> words = WordsOf(text);
+        for (auto word = words.rbegin(); word != words.rend(); ++word) {
+            const bool isCapital = word->Text.size() == 1 && word->Text[0] < u'a';
+            const std::int64_t unit = UnitOfTime(word->Text);
+            // "day" alone is more often a date than an amount.
+            if (unit != 0 && !word->IsInQuotient && !isCapital && Lowered(word->Text) != u"day") return unit;
+        }
+        return 0;
+    };
+    if (const std::int64_t unit = unitOf(label.Unit); unit != 0) return unit;
+    if (const std::int64_t unit = unitOf(label.Name); unit != 0) return unit;
+    for (const std::u16string& text : label.All) {
+        // "SampleTime[ms]"
+        if (const std::int64_t unit = unitOf(UnitInName(text)); unit != 0) return unit;
+    }
+    return 0;
+}
+
+std::optional<DateOrder> OrderIn(const std::vector<std::u16string>& labels) {
+    for (const std::u16string& label : labels) {
+        const std::u16string low = Lowered(label);
+        const std::size_t year = low.find(u"yy") != low.npos ? low.find(u"yy") : low.find(u"jj");
+        const std::size_t month = label.find(u"MM") != label.npos ? label.find(u"MM") : low.find(u"mm");
+        const std::size_t day = low.find(u"dd") != low.npos ? low.find(u"dd") : label.find(u"TT");
+        if (year == low.npos || month == low.npos || day == low.npos) continue;
+        if (year < month) return DateOrder::YearFirst;
+        return day < month ? DateOrder::DayFirst : DateOrder::MonthFirst;
+    }
+    return std::nullopt;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,47 @@
+// How the time of a row comes out of its cells.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/plan/TimeText.h"
+
+namespace kelvarin::plan {
+enum class TimeKind {
+    Text,    // one column, or a date and a clock in two, as people write them
+    Parts,   // year, month, day, hours and so on in columns of their own
+    Number,  // a number that counts a unit of time
+};
+
+// What a column of a Parts recipe holds.
+enum class TimePart { Year, Month, Day, DayOfYear, Hours, Minutes, Seconds, HoursMinutes, Date };
+
+struct PartColumn {
+    std::size_t Column = 0;  // from 0
+    TimePart Part = TimePart::Year;
+};
+
+struct TimeRecipe {
+    TimeKind Kind = TimeKind::Text;
+    std::vector<std::size_t> Columns;  // from 0, of Text and Number: the date's before the clock's
+    std::vector<PartColumn> Parts;
+    TimeStyle Style;
+    std::int64_t Unit = 1'000'000'000;  // of Number, in ns
+    std::int64_t Epoch = 0;             // of Number: ns since 1970 of its zero, if it is absolute
+    char16_t Mark = u'.';               // of Number: decimal mark
+    bool IsAbsolute = false;  // times since 1970 in local time or in the zone they name; else elapsed
+    bool IsUtc = false;       // numbers that count since 1970
+    bool RollsOver = false;   // a clock without a date that runs over midnight
+
+    // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
+    // whose cells hold no time.
+    std::optional<std::int64_t> TimeOf(const std::vector<std::u16string_view>& cells) const;
+};
+
+// A decimal number times a unit in ns, exactly, rounded to the nearest ns; nothing for another text or one
+// beyond 64 bits. "1706778000.25" by seconds is 1706778000250000000.
+std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark);
+}  // namespace kelvarin::plan

@@ -1,0 +1,51 @@
+// Finds the columns that hold the times of a table.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/plan/Labels.h"
+#include "host/plan/TimeRecipe.h"
+
+namespace kelvarin::plan {
+// Rows of the table in the sample, cut.
+struct TableRows {
+    std::vector<std::vector<std::u16string>> Cells;
+    std::vector<bool> IsAfterGap;  // rows between it and the one before are not in the sample
+};
+
+// What becomes of the sampled rows under a recipe.
+struct TimeTrial {
+    std::size_t Read = 0;     // rows with a time
+    std::size_t Rising = 0;   // later than the row before
+    std::size_t Equal = 0;    // as late as the row before
+    std::size_t Falling = 0;  // earlier
+    std::int64_t First = 0, Last = 0;
+    std::int64_t MedianStep = 0;  // of rising rows
+
+    bool IsDescending() const { return Falling > 2 * Rising; }
+};
+
+struct FoundTimes {
+    TimeRecipe Recipe;
+    TimeTrial Trial;
+    double Score = 0;
+    bool IsOrderProven = true;  // of day and month
+    bool IsUnitNamed = true;    // of a number
+};
+
+// The time of a row; nothing for a line that is no row of the table: without a time, or with nothing else.
+// Columns that end earlier leave shorter rows.
+std::optional<std::int64_t> TimeOfRow(const TimeRecipe& recipe, const std::vector<std::u16string_view>& cells,
+                                      std::size_t width);
+
+// The rows of a found table.
+TableRows RowsOf(const FileSample& sample, const FoundTable& table);
+
+// The best times of the table; nothing if no column holds any.
+std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels);
+
+TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows);
+}  // namespace kelvarin::plan

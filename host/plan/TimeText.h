@@ -1,0 +1,40 @@
+// Reads texts as the dates, times of day and spans that people write, in any of the usual ways: more than the
+// formats of the module can hold.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace kelvarin::plan {
+// What the numbers of a date are, from left to right, where the text itself doesn't tell.
+enum class DateOrder { YearFirst, DayFirst, MonthFirst };
+
+// What a text alone can't tell; one style holds for all texts of a column.
+struct TimeStyle {
+    DateOrder Order = DateOrder::DayFirst;
+    bool BeginsWithMinutes = false;  // "12:30" is minutes and seconds, "12:30:05" too with hundredths
+    bool FractionIsCounted = false;  // "15:42:7" and "15:42.7" end in 7 milliseconds
+    bool operator==(const TimeStyle&) const = default;
+};
+
+struct ParsedTime {
+    bool HasDate = false;
+    bool HasClock = false;
+    bool IsSpan = false;               // days or hours beyond a clock were named, as in "3d 18:47:23"
+    int Year = 0, Month = 0, Day = 0;  // with HasDate: a day of the calendar
+    std::int64_t Clock = 0;            // ns since midnight or since the start; may exceed a day
+    std::optional<int> ZoneMinutes;    // east of UTC, if the text names it
+
+    // Nanoseconds since 1970 of the date and the clock as they are written, whatever the zone.
+    std::int64_t Written() const;
+};
+
+// The time that the text is, white space and enclosing brackets or quotes left aside. Nothing for any other
+// text: for one with more numbers than a time has, with an unknown word, or out of range. A plain number of
+// fewer than 6 digits is none.
+std::optional<ParsedTime> ParseTime(std::u16string_view text, const TimeStyle& style);
+
+// Days since 1970 of a day of the Gregorian calendar.
+std::int64_t DaysSince1970(int year, int month, int day);
+}  // namespace kelvarin::plan

@@ -1,0 +1,140 @@
+#include "host/plan/TimeWords.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+namespace kelvarin::plan {
+namespace {
+// Lower case, for the letters of the languages of Europe: Latin-1 and Latin Extended-A.
+char16_t Lowered(char16_t c) {
+    if ((c >= u'A' && c <= u'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7))
+        return static_cast<char16_t>(c + 32);
+    if (c >= 0x100 && c <= 0x137) return static_cast<char16_t>(c | 1);
+    if (c >= 0x139 && c <= 0x148) return static_cast<char16_t>(c % 2 != 0 ? c + 1 : c);
+    if (c >= 0x14A && c <= 0x177) return static_cast<char16_t>(c | 1);
+    return c;
+}
+
+std::u16string Lowered(std::u16string_view word) {
+    std::u16string low;
+    std::transform(word.begin(), word.end(), std::back_inserter(low), [](char16_t c) { return Lowered(c); });
+    return low;
+}
+
+// True if the blank-separated list holds the word.
+bool IsListed(std::u16string_view list, std::u16string_view word) {
+    for (std::size_t at = 0; at < list.size();) {
+        const std::size_t end = std::min(list.find(u' ', at), list.size());
+        if (list.substr(at, end - at) == word) return true;
+        at = end + 1;
+    }
+    return false;
+}
+
+// By month. English, German, French, Italian, Spanish, Portuguese, Dutch, Danish and Norwegian, Swedish,
+// Finnish, Polish, Czech, Hungarian, Romanian, Croatian; names, the form in a date where it differs, and
+// abbreviations.
+constexpr std::u16string_view Months[] = {
+    u"january jan jänner januar jän janvier janv gennaio gen enero ene janeiro januari tammikuu tammikuuta "
+    u"tammi styczeń stycznia sty "
+    u"leden ledna led január ianuarie ian siječanj siječnja sij",
+    u"february feb februar febr feber février févr fév febbraio febrero fevereiro fev februari helmikuu "
+    u"helmikuuta helmi luty "
+    u"lutego lut únor února úno február februarie veljača veljače velj",
+    u"march mar märz mrz mär mars marzo março maart mrt marts maaliskuu maaliskuuta maalis marzec marca "
+    u"březen března bře "
+    u"március márc martie ožujak ožujka ožu",
+    u"april apr avril avr aprile abril abr huhtikuu huhtikuuta huhti kwiecień kwietnia kwi duben dubna dub "
+    u"április ápr "
+    u"aprilie travanj travnja tra",
+    u"may mai maggio mag mayo maio mei maj toukokuu toukokuuta touko maja květen května kvě május máj mayıs "
+    u"svibanj svibnja svi",
+    u"june jun juni juin giugno giu junio junho juni kesäkuu kesäkuuta kesä czerwiec czerwca cze červen "
+    u"června čvn június jún "
+    u"iunie iun lipanj lipnja lip",
+    u"july jul juli juillet juil luglio lug julio julho heinäkuu heinäkuuta heinä lipiec lipca lipi červenec "
+    u"července čvc július júl "
+    u"iulie iul srpanj srpnja srpa",
+    u"august aug août aoû agosto ago augustus augusti elokuu elokuuta elo sierpień sierpnia sie srpen srpna "
+    u"srp augusztus "
+    u"kolovoz kolovoza kol",
+    u"september sep sept septembre settembre set septiembre setembro syyskuu syyskuuta syys wrzesień "
+    u"września wrz září "
+    u"zář szeptember szept septembrie rujan rujna ruj",
+    u"october oct oktober okt octobre ottobre ott octubre outubro out lokakuu lokakuuta loka październik "
+    u"października paź říjen "
+    u"října říj október octombrie",
+    u"november nov novembre noviembre novembro marraskuu marraskuuta marras listopad listopada lis listopadu "
+    u"noiembrie noi",
+    u"december dec dezember dez décembre déc dicembre dic diciembre dezembro joulukuu joulukuuta joulu "
+    u"grudzień grudnia gru prosinec "
+    u"prosince pro decembrie prosinac prosinca",
+};
+
+constexpr std::u16string_view DaysOfWeek =
+    u"monday tuesday wednesday thursday friday saturday sunday mon tue tues wed thu thur thurs fri sat sun "
+    u"montag dienstag mittwoch "
+    u"donnerstag freitag samstag sonnabend sonntag mo di mi do fr sa so lundi mardi mercredi jeudi vendredi "
+    u"samedi dimanche lun mer jeu ven "
+    u"sam dim lunedì martedì mercoledì giovedì venerdì sabato domenica gio sab dom lunes martes miércoles "
+    u"jueves viernes sábado domingo mié "
+    u"jue vie sáb maandag dinsdag woensdag donderdag vrijdag zaterdag zondag ma wo vr za zo måndag tisdag "
+    u"onsdag torsdag fredag lördag söndag "
+    u"mån tis ons tor fre lör sön";
+
+struct Zone {
+    std::u16string_view Name;
+    int Minutes;
+};
+
+constexpr Zone Zones[] = {
+    {u"utc", 0},    {u"gmt", 0},    {u"z", 0},      {u"wet", 0},    {u"west", 60},  {u"bst", 60},
+    {u"cet", 60},   {u"mez", 60},   {u"cest", 120}, {u"mesz", 120}, {u"eet", 120},  {u"eest", 180},
+    {u"msk", 180},  {u"est", -300}, {u"edt", -240}, {u"cst", -360}, {u"cdt", -300}, {u"mst", -420},
+    {u"mdt", -360}, {u"pst", -480}, {u"pdt", -420}, {u"jst", 540},
+};
+
+struct Unit {
+    std::u16string_view Names;
+    std::int64_t Nanoseconds;
+};
+
+constexpr Unit Units[] = {
+    {u"d day days tag tage tagen jour jours giorni días dag dagar dage", 86'400'000'000'000},
+    {u"h hr hrs hour hours std stunde stunden heure heures ore horas uur", 3'600'000'000'000},
+    {u"min mins minute minutes minuten m minuti minutos", 60'000'000'000},
+    {u"s sec secs second seconds sek sekunde sekunden secondes secondi segundos", 1'000'000'000},
+    {u"ms msec msecs millisecond milliseconds millisekunden", 1'000'000},
+    {u"us usec usecs µs μs microsecond microseconds mikrosekunden", 1'000},
+    {u"ns nsec nanosecond nanoseconds nanosekunden", 1},
+};
+}  // namespace
+
+int MonthOfName(std::u16string_view word) {
+    const std::u16string low = Lowered(word);
+    const auto* const found =
+        std::find_if(std::begin(Months), std::end(Months), [&](auto names) { return IsListed(names, low); });
+    return found == std::end(Months) ? 0 : static_cast<int>(found - std::begin(Months)) + 1;
+}
+
+bool IsDayOfWeek(std::u16string_view word) {
+    return IsListed(DaysOfWeek, Lowered(word));
+}
+
+std::optional<int> ZoneOfName(std::u16string_view word) {
+    const std::u16string low = Lowered(word);
+    for (const Zone& zone : Zones) {
+        if (zone.Name == low) return zone.Minutes;
+    }
+    return std::nullopt;
+}
+
+std::int64_t UnitOfTime(std::u16string_view word) {
+    const std::u16string low = Lowered(word);
+    for (const Unit& unit : Units) {
+        if (IsListed(unit.Names, low)) return unit.Nanoseconds;
+    }
+    return 0;
+}
+}  // namespace kelvarin::plan
