@@ -101,7 +101,12 @@ bool IsUnlikeRows(const RowShape& shape, const FoundTable& table) {
 // as the richest, the lowest that isn't one of units.
 const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& table) {
     std::size_t richest = 0;
-    for (const LabelLine& line : lines) richest = std::max(richest, IsUnitsLine(line) ? 0 : line.Different);
+    const bool anyFits = std::any_of(lines.begin(), lines.end(),
+                                     [&](const LabelLine& line) { return line.Cells.size() == table.Width; });
+    for (const LabelLine& line : lines) {
+        if (!anyFits || line.Cells.size() == table.Width)
+            richest = std::max(richest, IsUnitsLine(line) ? 0 : line.Different);
+    }
     for (const LabelLine& line : lines) {
         const RowShape& shape = table.Shapes[line.Index];
         // Numbers may be names only above units: the channels of an oscilloscope.
@@ -109,6 +114,12 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
             &line != lines.data() && IsUnitsLine(*(&line - 1)) && shape.Kind(0) == CellKind::Word;
         const bool isNumbers = 2 * shape.Numbers > shape.Filled && shape.Filled > 2;
         if (5 * line.Different < 4 * richest || IsUnitsLine(line)) continue;
+        if (anyFits && line.Cells.size() != table.Width && line.Cells.size() + 1 != table.Width) continue;
+        // Units below names: as many cells, and none of the names is a unit.
+        const LabelLine* const above = &line + 1;
+        const bool isBelowNames = line.Units >= 2 && &line != &lines.back() && above->Units == 0 &&
+                                  above->Cells.size() == line.Cells.size();
+        if (isBelowNames) continue;
         if (IsKindsLine(line.Cells) && lines.size() > 1 && &line != &lines.back()) continue;
         if (isAboveUnits || (!isNumbers && IsUnlikeRows(shape, table))) return &line;
     }
@@ -123,7 +134,8 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     const std::vector<LabelLine> lines = LinesAbove(sample, table);
     const LabelLine* const names = NamesOf(lines, table);
     const auto units = std::find_if(lines.begin(), lines.end(), [&](const LabelLine& line) {
-        return &line != names && IsUnitsLine(line);
+        return &line != names &&
+               (IsUnitsLine(line) || (names != nullptr && &line < names && line.Units >= 2));
     });
     for (const LabelLine& line : lines) {
         for (std::size_t i = 0; i < std::min(line.Cells.size(), table.Width); ++i) {

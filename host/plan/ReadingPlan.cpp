@@ -79,7 +79,7 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
     ReadingPlan plan{
         table->How, table->Width, sample.Lines[table->First].Number, labels.NamesLine, labels.UnitsLine, {},
         {}};
-    plan.Times = FindTimes(rows, labels);
+    plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
     std::size_t width = table->Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());
     plan.Columns.resize(width);

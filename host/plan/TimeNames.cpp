@@ -99,24 +99,36 @@ bool IsNamedClock(const Label& label) {
     return AnyWord(label, [](const Word& word) { return IsListed(ClockWords, word.Text); });
 }
 
+bool IsDayOfYear(const Label& label) {
+    constexpr std::u16string_view Parts[] = {u"doy", u"jday", u"yday", u"dayofyear"};
+    return AnyWord(label,
+                   [&](const Word& word) { return HasPart(word.Text, std::begin(Parts), std::end(Parts)); });
+}
+
 std::optional<TimePart> PartOfName(const Label& label) {
     struct Named {
         WordList Words;
         TimePart Part;
     };
     constexpr Named Names[] = {
-        {u" year years jahr yyyy yy jjjj année año anno jaar rok ", TimePart::Year},
+        {u" year years yr jahr yyyy yy jjjj année año anno jaar rok ", TimePart::Year},
         {u" month months monat mois mes mese maand mon mo miesiąc ", TimePart::Month},
-        {u" day tag jour día dia giorno dag dd mday dzień ", TimePart::Day},
+        {u" day tag jour día dia giorno dag dd dy mday dzień ", TimePart::Day},
         {u" doy jday yday ", TimePart::DayOfYear},
         {u" hour hours hr stunde std heure hora ora uur hh h godzina ", TimePart::Hours},
-        {u" minute minutes minuten min mins minuut minuto ", TimePart::Minutes},
+        {u" minute minutes minuten min mins mn minuut minuto ", TimePart::Minutes},
+        {u" millisecond milliseconds ms msec millisekunde ", TimePart::Milliseconds},
+        {u" week wk gpsweek ", TimePart::Week},
         {u" second seconds sec sekunde sekunden seconde secondo ss s ", TimePart::Seconds},
     };
     const std::vector<Word> words = WordsOf(label.Name);
     if (words.empty() || words.size() > 3) return std::nullopt;
     if (words.size() == 3 && Lowered(words[0].Text) == u"day" && Lowered(words[2].Text) == u"year")
         return TimePart::DayOfYear;
+    // "MM" is a month, "mm" are minutes; "tow" are the seconds of a week.
+    if (words[0].Text == u"MM") return TimePart::Month;
+    if (words[0].Text == u"mm") return TimePart::Minutes;
+    if (Lowered(words[0].Text) == u"tow") return TimePart::Seconds;
     for (const Named& named : Names) {
         if (words.size() <= 2 && IsListed(named.Words, words[0].Text)) return named.Part;
     }

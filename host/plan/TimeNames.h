@@ -20,6 +20,9 @@ bool IsNamedClock(const Label& label);
 // The part of a time that a name such as "year", "month" or "MM" stands for.
 std::optional<TimePart> PartOfName(const Label& label);
 
+// A word for a day of the year: "DOY", "DECDOY", "JDAY".
+bool IsDayOfYear(const Label& label);
+
 // Nanoseconds of the unit of time that the label names; 0 for none. The s of m/s is none.
 std::int64_t UnitNamed(const Label& label);
 

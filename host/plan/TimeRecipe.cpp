@@ -53,14 +53,32 @@ bool AddPart(TimePart part, std::u16string_view cell, DateParts& all, const Time
         if (!look) return false;
         const std::optional<std::int64_t> amount =
             ExactProduct(cell, unit, look->Mark == u'\0' ? u'.' : look->Mark);
-        const std::int64_t most = part == TimePart::Hours ? 24 * Hour : 60 * unit;
+        // Of a week, seconds go further.
+        const std::int64_t most = part == TimePart::Hours ? 24 * Hour
+                                  : all.HasDate && all.Days % 7 == 3 && part == TimePart::Seconds
+                                      ? 7 * DayLength
+                                      : 60 * unit;
         if (!amount || *amount < 0 || *amount > most) return false;
         all.Clock += *amount;
+        return true;
+    }
+    if (part == TimePart::Clock) {
+        const std::optional<ParsedTime> clock = ParseTime(cell, style);
+        if (!clock || clock->HasDate) return false;
+        all.Clock += clock->Clock;
         return true;
     }
     const std::optional<std::int64_t> number = WholeNumber(cell);
     if (!number) return false;
     switch (part) {
+        case TimePart::Milliseconds:
+            all.Clock += *number * (Second / 1000);
+            return *number < 1000;
+        case TimePart::Week:
+            // Weeks of satellite time count from 6 January 1980.
+            all.Days = DaysSince1970(1980, 1, 6) + 7 * *number;
+            all.HasDate = true;
+            return *number < 10'000;
         case TimePart::Year:
             all.Year = *number < 100 ? *number + (*number < 70 ? 2000 : 1900) : *number;
             return all.Year >= 1900 && all.Year <= 2200;
@@ -115,7 +133,8 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
 }
 }  // namespace
 
-std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark) {
+std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark,
+                                         std::int64_t offset) {
     std::size_t at = 0;
     const bool isNegative = !number.empty() && number[0] == u'-';
     if (!number.empty() && (number[0] == u'-' || number[0] == u'+')) ++at;
@@ -155,7 +174,8 @@ std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_
         if (whole > (Most - 9) / 10) return std::nullopt;
         whole = 10 * whole + digit;
     }
-    if (whole > Most / unit) return std::nullopt;
+    whole -= offset;
+    if (whole > Most / unit || whole < -(Most / unit)) return std::nullopt;
     std::int64_t sum = whole * unit;
     // Digits after the mark: unit / 10, unit / 100, and what the divisions leave, with six more digits.
     std::int64_t rest = 0;  // millionths of a ns
@@ -181,10 +201,28 @@ std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_
 std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_view>& cells) const {
     if (Kind == TimeKind::Parts) return TimeOfParts(*this, cells);
     if (Kind == TimeKind::Text) return TimeOfText(*this, cells);
+    if (Kind == TimeKind::Interval) return Epoch;
     const std::size_t column = Columns.front();
     if (column >= cells.size()) return std::nullopt;
-    const std::optional<std::int64_t> time = ExactProduct(Bare(cells[column]), Unit, Mark);
+    const std::optional<std::int64_t> time = ExactProduct(Bare(cells[column]), Unit, Mark, Offset);
     if (!time) return std::nullopt;
     return *time + Epoch;
+}
+
+std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view>& cells, std::size_t width) {
+    const std::size_t used = Recipe.Columns.size() + Recipe.Parts.size();
+    constexpr std::size_t WideTable = 4;
+    const auto filled = std::count_if(cells.begin(), cells.end(), [](auto cell) { return !cell.empty(); });
+    const bool isAlone =
+        cells.size() <= used || (cells.size() > WideTable && static_cast<std::size_t>(filled) <= used);
+    if (isAlone && width > used) return std::nullopt;
+    std::optional<std::int64_t> time = Recipe.TimeOf(cells);
+    if (!time) return std::nullopt;
+    if (Recipe.Kind == TimeKind::Interval) return *time + Recipe.Unit * Row++;
+    if (!Recipe.RollsOver) return time;
+    if (!IsFirst && *time < Before - DayLength / 2) Days += DayLength;
+    IsFirst = false;
+    Before = *time;
+    return *time + Days;
 }
 }  // namespace kelvarin::plan

@@ -11,13 +11,27 @@
 
 namespace kelvarin::plan {
 enum class TimeKind {
-    Text,    // one column, or a date and a clock in two, as people write them
-    Parts,   // year, month, day, hours and so on in columns of their own
-    Number,  // a number that counts a unit of time
+    Text,      // one column, or a date and a clock in two, as people write them
+    Parts,     // year, month, day, hours and so on in columns of their own
+    Number,    // a number that counts a unit of time
+    Interval,  // no column: the number of the row times a unit
 };
 
 // What a column of a Parts recipe holds.
-enum class TimePart { Year, Month, Day, DayOfYear, Hours, Minutes, Seconds, HoursMinutes, Date };
+enum class TimePart {
+    Year,
+    Month,
+    Day,
+    DayOfYear,
+    Hours,
+    Minutes,
+    Seconds,
+    HoursMinutes,
+    Date,
+    Milliseconds,
+    Clock,
+    Week
+};
 
 struct PartColumn {
     std::size_t Column = 0;  // from 0
@@ -30,8 +44,10 @@ struct TimeRecipe {
     std::vector<PartColumn> Parts;
     TimeStyle Style;
     std::int64_t Unit = 1'000'000'000;  // of Number, in ns
-    std::int64_t Epoch = 0;             // of Number: ns since 1970 of its zero, if it is absolute
-    char16_t Mark = u'.';               // of Number: decimal mark
+    std::int64_t Epoch = 0;  // of Number and Interval: ns since 1970 of its zero, if it is absolute
+    std::int64_t Offset =
+        0;                 // of Number: what its zero is called, in units; days of a calendar have large ones
+    char16_t Mark = u'.';  // of Number: decimal mark
     bool IsAbsolute = false;  // times since 1970 in local time or in the zone they name; else elapsed
     bool IsUtc = false;       // numbers that count since 1970
     bool RollsOver = false;   // a clock without a date that runs over midnight
@@ -41,7 +57,26 @@ struct TimeRecipe {
     std::optional<std::int64_t> TimeOf(const std::vector<std::u16string_view>& cells) const;
 };
 
-// A decimal number times a unit in ns, exactly, rounded to the nearest ns; nothing for another text or one
-// beyond 64 bits. "1706778000.25" by seconds is 1706778000250000000.
-std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark);
+// A decimal number, less an offset, times a unit in ns, exactly, rounded to the nearest ns; nothing for
+// another text or one beyond 64 bits. "1706778000.25" by seconds is 1706778000250000000.
+std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark,
+                                         std::int64_t offset = 0);
+
+// The times of the rows of a table, one after the other.
+class TimeWalk {
+  public:
+    explicit TimeWalk(const TimeRecipe& recipe) : Recipe(recipe) {}
+
+    // The time of the next row, with days added where a clock runs over midnight, and intervals counted;
+    // nothing for a line that is no row: without a time, or with nothing else. Columns that end earlier leave
+    // shorter rows. `width` is that of the table.
+    std::optional<std::int64_t> Next(const std::vector<std::u16string_view>& cells, std::size_t width);
+
+  private:
+    const TimeRecipe& Recipe;
+    std::int64_t Before = 0;
+    std::int64_t Days = 0;  // added so far, in ns
+    std::int64_t Row = 0;
+    bool IsFirst = true;
+};
 }  // namespace kelvarin::plan

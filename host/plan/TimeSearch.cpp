@@ -153,6 +153,14 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts) {
     return look;
 }
 
+// No hour is beyond 24, so that the clock may run over midnight.
+bool IsClockOfDay(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const std::optional<ParsedTime> time = ParseTime(text, {});
+        return !time || (!time->IsSpan && time->Clock <= DayLength);
+    });
+}
+
 // Milliseconds that are counted, not written as a fraction: "15:42:7" is followed by "15:42:12". They tell
 // themselves by their order: read as fractions they fall.
 void ConsiderCounted(const TimeRecipe& recipe, const TableRows& rows, std::vector<FoundTimes>& found) {
@@ -162,6 +170,21 @@ void ConsiderCounted(const TimeRecipe& recipe, const TableRows& rows, std::vecto
     if (plain.Falling > 0 && Try(counted, rows).Falling < plain.Falling && !found.empty()) {
         found.back().Recipe = counted;
         found.back().Trial = Try(counted, rows);
+    }
+}
+
+// A date, a clock and milliseconds in a third column.
+void ConsiderMilliseconds(std::size_t date, std::size_t clock, const TimeStyle& style, const TableRows& rows,
+                          const Labels& labels, std::vector<FoundTimes>& found) {
+    for (std::size_t i = 0; i < WidthOf(rows); ++i) {
+        if (PartOfName(LabelOf(labels, i)) != TimePart::Milliseconds) continue;
+        TimeRecipe recipe;
+        recipe.Kind = TimeKind::Parts;
+        recipe.IsAbsolute = true;
+        recipe.Style = style;
+        recipe.Parts = {{date, TimePart::Date}, {clock, TimePart::Clock}, {i, TimePart::Milliseconds}};
+        Consider(recipe, 1.04, rows, found);
+        return;
     }
 }
 
@@ -199,6 +222,7 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
                     TimeRecipe joint = recipe;
                     const std::size_t known = found.size();
                     if (isClock) {
+                        ConsiderMilliseconds(i, other, recipe.Style, rows, labels, found);
                         joint.Columns = {i, other};
                         Consider(joint, 1.0 - 0.01 * static_cast<double>(std::min<std::size_t>(distance, 20)),
                                  rows, found);
@@ -218,6 +242,7 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
                 if (distance > 20) break;
             }
         } else if (looks[i].Is(looks[i].Clocks)) {
+            recipe.RollsOver = IsClockOfDay(texts[i]);
             Consider(recipe, IsNamedTime(label) ? 0.86 : 0.8, rows, found);
             ConsiderCounted(recipe, rows, found);
         }
@@ -261,6 +286,10 @@ std::vector<PartColumn> PartsByValue(const TableRows& rows) {
         const bool hasDayOfYear = isWithin(next, 1, 366) && isWithin(next + 1, 1, 12) &&
                                   isWithin(next + 2, 1, 31) && isWithin(next + 3, 0, 24);
         std::vector<PartColumn> parts = {{i, TimePart::Year}};
+        // A day of the year and a clock without a colon.
+        if (isWithin(next, 1, 366) && !isWithin(next, 1, 31) && isWithin(next + 1, 0, 2400) &&
+            !isWithin(next + 1, 0, 24))
+            return {{i, TimePart::Year}, {next, TimePart::DayOfYear}, {next + 1, TimePart::HoursMinutes}};
         if (hasDayOfYear) ++next;
         if (!isWithin(next, 1, 12) || !isWithin(next + 1, 1, 31) || !isWithin(next + 2, 0, 24)) continue;
         parts.insert(parts.end(),
@@ -278,7 +307,7 @@ void FindParts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
     TimeRecipe recipe;
     recipe.Kind = TimeKind::Parts;
     recipe.IsAbsolute = true;
-    std::vector<bool> has(8, false);
+    std::vector<bool> has(12, false);
     for (std::size_t i = 0; i < WidthOf(rows); ++i) {
         const std::optional<TimePart> part = PartOfName(LabelOf(labels, i));
         if (!part || has[static_cast<std::size_t>(*part)]) continue;
@@ -290,7 +319,14 @@ void FindParts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
     const auto hasPart = [&](TimePart part) { return has[static_cast<std::size_t>(part)]; };
     const bool isDate = hasPart(TimePart::Year) && (hasPart(TimePart::DayOfYear) ||
                                                     (hasPart(TimePart::Month) && hasPart(TimePart::Day)));
-    if (isDate) Consider(recipe, 0.99, rows, found);
+    const bool isWeek = hasPart(TimePart::Week) && hasPart(TimePart::Seconds);
+    if (isWeek && !isDate)
+        std::erase_if(recipe.Parts, [](const PartColumn& part) {
+            return part.Part != TimePart::Week && part.Part != TimePart::Seconds;
+        });
+    if (isDate)
+        std::erase_if(recipe.Parts, [](const PartColumn& part) { return part.Part == TimePart::Week; });
+    if (isDate || isWeek) Consider(recipe, 0.99, rows, found);
 }
 
 bool IsEpoch(double seconds) {
@@ -300,7 +336,8 @@ bool IsEpoch(double seconds) {
 }
 
 // Numbers that count time.
-void FindNumbers(const TableRows& rows, const Labels& labels, std::vector<FoundTimes>& found) {
+void FindNumbers(const TableRows& rows, const Labels& labels, const PreambleClues& clues,
+                 std::vector<FoundTimes>& found) {
     for (std::size_t i = 0; i < WidthOf(rows); ++i) {
         const std::vector<std::u16string> texts = TextsOf(rows, i);
         if (texts.empty()) continue;
@@ -335,21 +372,21 @@ void FindNumbers(const TableRows& rows, const Labels& labels, std::vector<FoundT
             absolute.IsUtc = true;
             Consider(absolute, 0.98, rows, found);
         }
-        // Days of a spreadsheet, since 30 December 1899; of the Julian calendar, since noon.
-        if (IsNamedDate(label) && first > 30'000 && first < 60'000 && mark != u'\0') {
+        // Days of a spreadsheet since 30 December 1899, Julian days since a noon, days of a year whose number
+        // is above.
+        const auto considerDays = [&](std::int64_t offset, std::int64_t epoch) {
             TimeRecipe days = recipe;
             days.Unit = DayLength;
-            days.Epoch = -25'569 * DayLength;
+            days.Offset = offset;
+            days.Epoch = epoch;
             days.IsAbsolute = true;
             Consider(days, 0.9, rows, found);
-        }
-        if (first > 2'400'000 && first < 2'500'000 && (isTime || IsNamedDate(label))) {
-            TimeRecipe days = recipe;
-            days.Unit = DayLength;
-            days.Epoch = 0;  // TODO
-            days.IsAbsolute = true;
-            Consider(days, 0.9, rows, found);
-        }
+        };
+        const bool isDated = isTime || IsNamedDate(label);
+        if (isDated && hasFractions && first > 30'000 && first < 60'000) considerDays(25'569, 0);
+        if (hasFractions && first > 2'400'000 && first < 2'500'000) considerDays(2'440'588, DayLength / 2);
+        if (clues.Year && hasFractions && first >= 0 && first < 367 && IsDayOfYear(label))
+            considerDays(1, DaysSince1970(*clues.Year, 1, 1) * DayLength);
         if (unit == 0 && !isTime && !isPlace) continue;
         recipe.Unit = unit != 0 ? unit : Second;
         const std::size_t before = found.size();
@@ -358,6 +395,12 @@ void FindNumbers(const TableRows& rows, const Labels& labels, std::vector<FoundT
         if (found.size() == before || unit != 0) continue;
         FoundTimes& times = found.back();
         times.IsUnitNamed = false;
+        const std::int64_t counted = times.Trial.MedianStep / Second;
+        if (clues.Interval && counted > 0 && *clues.Interval % counted == 0 && hasFractions == false) {
+            times.Recipe.Unit = *clues.Interval / counted;
+            times.Trial = Try(times.Recipe, rows);
+            continue;
+        }
         // The unit that makes a usual step. Numbers in the tens of millions that rise by thousands are
         // microseconds, of a bus trace.
         const std::int64_t step = times.Trial.MedianStep;
@@ -373,6 +416,7 @@ void FindNumbers(const TableRows& rows, const Labels& labels, std::vector<FoundT
 
 TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
     TableRows rows;
+    rows.Width = table.Width;
     LineCutter cut(table.How);
     int others = 0;
     bool isAfterGap = false;
@@ -395,22 +439,13 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
     return rows;
 }
 
-std::optional<std::int64_t> TimeOfRow(const TimeRecipe& recipe, const std::vector<std::u16string_view>& cells,
-                                      std::size_t width) {
-    const std::size_t used = recipe.Columns.size() + recipe.Parts.size();
-    constexpr std::size_t WideTable = 4;
-    const auto filled = std::count_if(cells.begin(), cells.end(), [](auto cell) { return !cell.empty(); });
-    const bool isAlone =
-        cells.size() <= used || (cells.size() > WideTable && static_cast<std::size_t>(filled) <= used);
-    return isAlone && width > used ? std::nullopt : recipe.TimeOf(cells);
-}
-
 TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
     TimeTrial trial;
     std::vector<std::int64_t> steps;
     std::optional<std::int64_t> before;
+    TimeWalk walk(recipe);
     for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
-        const std::optional<std::int64_t> time = recipe.TimeOf(Views(rows.Cells[i]));
+        const std::optional<std::int64_t> time = walk.Next(Views(rows.Cells[i]), rows.Width);
         if (!time) continue;
         if (trial.Read++ == 0) trial.First = *time;
         trial.Last = *time;
@@ -430,12 +465,12 @@ TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
     return trial;
 }
 
-std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels) {
+std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels, const PreambleClues& clues) {
     if (rows.Cells.empty()) return std::nullopt;
     std::vector<FoundTimes> found;
     FindTexts(rows, labels, found);
     FindParts(rows, labels, found);
-    FindNumbers(rows, labels, found);
+    FindNumbers(rows, labels, clues, found);
     const FoundTimes* best = nullptr;
     for (const FoundTimes& times : found) {
         const double doubt = times.IsOrderProven ? 0 : 0.1;
@@ -443,7 +478,15 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels)
         constexpr double Better = 0.02;
         if (best == nullptr || times.Score - doubt > best->Score + Better) best = &times;
     }
-    if (best == nullptr) return std::nullopt;
-    return *best;
+    if (best != nullptr) return *best;
+    // No column holds times: rows follow each other at an interval.
+    FoundTimes interval;
+    interval.Recipe.Kind = TimeKind::Interval;
+    interval.Recipe.Unit = clues.Interval.value_or(Second);
+    interval.Recipe.Epoch = clues.Interval ? clues.Start.value_or(0) : 0;
+    interval.Recipe.IsAbsolute = interval.Recipe.Epoch != 0;
+    interval.IsUnitNamed = clues.Interval.has_value();
+    interval.Trial = Try(interval.Recipe, rows);
+    return interval;
 }
 }  // namespace kelvarin::plan

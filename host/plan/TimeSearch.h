@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "host/plan/Labels.h"
+#include "host/plan/Preamble.h"
 #include "host/plan/TimeRecipe.h"
 
 namespace kelvarin::plan {
 // Rows of the table in the sample, cut.
 struct TableRows {
     std::vector<std::vector<std::u16string>> Cells;
+    std::size_t Width = 0;         // cells of most rows
     std::vector<bool> IsAfterGap;  // rows between it and the one before are not in the sample
 };
 
@@ -36,16 +38,11 @@ struct FoundTimes {
     bool IsUnitNamed = true;    // of a number
 };
 
-// The time of a row; nothing for a line that is no row of the table: without a time, or with nothing else.
-// Columns that end earlier leave shorter rows.
-std::optional<std::int64_t> TimeOfRow(const TimeRecipe& recipe, const std::vector<std::u16string_view>& cells,
-                                      std::size_t width);
-
 // The rows of a found table.
 TableRows RowsOf(const FileSample& sample, const FoundTable& table);
 
 // The best times of the table; nothing if no column holds any.
-std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels);
+std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels, const PreambleClues& clues);
 
 TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows);
 }  // namespace kelvarin::plan

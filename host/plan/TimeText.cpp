@@ -80,9 +80,11 @@ class TimeReader {
                     marks.clear();
                     continue;
                 }
-                Groups.push_back({text.substr(at, end - at), marks, hasBlank});
+                if (IsHourMarked) marks = u":";
+                Groups.push_back({text.substr(at, end - at), marks, hasBlank && !IsHourMarked});
                 marks.clear();
                 hasBlank = false;
+                IsHourMarked = false;
             } else if (IsLetter(c)) {
                 while (end < text.size() && IsLetter(text[end])) ++end;
                 if (!TakeWord(text.substr(at, end - at), text, end)) return false;
@@ -163,6 +165,12 @@ class TimeReader {
         if (const std::optional<int> zone = ZoneOfName(word); zone && !Groups.empty()) {
             Time.ZoneMinutes = zone;
             HasZoneWord = true;
+            return true;
+        }
+        // "01h00" after a date
+        if (EqualsIgnoreCase(word, u"h") && isBetweenDigits &&
+            Time.Month + static_cast<int>(Groups.size()) > 1) {
+            IsHourMarked = true;
             return true;
         }
         if (EqualsIgnoreCase(word, u"Uhr") || EqualsIgnoreCase(word, u"at") || EqualsIgnoreCase(word, u"um"))
@@ -258,6 +266,7 @@ class TimeReader {
                            ? SetDate(part(4, 2), part(2, 2).Number(), part(0, 2))
                            : SetDate(part(4, 2), part(0, 2).Number(), part(2, 2));
             case 8:
+            case 10:
             case 12:
             case 14:
             case 17: {
@@ -271,7 +280,8 @@ class TimeReader {
                 if (!isDate) return false;
                 if (digits.size() == 8) return true;
                 const std::int64_t seconds = digits.size() >= 14 ? part(12, 2).Number() : 0;
-                if (!SetClock(part(8, 2).Number(), part(10, 2).Number(), seconds)) return false;
+                const std::int64_t minutes = digits.size() >= 12 ? part(10, 2).Number() : 0;
+                if (!SetClock(part(8, 2).Number(), minutes, seconds)) return false;
                 if (digits.size() == 17) Time.Clock += part(14, 3).Number() * (Second / 1000);
                 return ReadFraction();
             }
@@ -349,8 +359,9 @@ class TimeReader {
         if (Groups[At + 1].Length() > 2) return false;
         if (!hasSeconds) {
             At += 2;
-            if (!(Style.BeginsWithMinutes && !Time.HasDate))
-                return SetClock(first.Number(), second, 0) && ReadFraction();
+            const bool isMinutes = Style.BeginsWithMinutes ||
+                                   (Left() != 0 && Next().Before == u"." && !Next().AfterBlank && isColoned);
+            if (!(isMinutes && !Time.HasDate)) return SetClock(first.Number(), second, 0) && ReadFraction();
             return SetMinutes(first.Number(), second) && ReadFraction();
         }
         const Group third = Groups[At + 2];
@@ -410,6 +421,7 @@ class TimeReader {
     int Half = 0;  // of the day: 1 before noon, 2 after; 0 is not named
     bool HasT = false;
     bool HasZoneWord = false;
+    bool IsHourMarked = false;  // the next group follows an h
 };
 }  // namespace
 
