@@ -74,6 +74,10 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);
         }
+        // "# time value": the mark is no name.
+        const bool isMark = !line.Cells.empty() && (line.Cells[0] == u"#" || line.Cells[0] == u"%" ||
+                                                    line.Cells[0] == u";" || line.Cells[0] == u"//");
+        if (isMark && line.Cells.size() == table.Width + 1) line.Cells.erase(line.Cells.begin());
         line.Different = texts.size();
         lines.push_back(std::move(line));
     }

@@ -2,11 +2,48 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
-void CellCounts::Add(std::u16string_view cell) {
+namespace {
+bool IsHexDigit(char16_t c) {
+    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+}
+
+// The decimal mark of a file. A comma that separates cells is none; else a cell with both marks tells, or the
+// mark that most decimal numbers have, those before exactly three digits left aside.
+char16_t MarkOf(const Cut& how, const TableRows& rows) {
+    if (how.Separator == u',') return u'.';
+    std::size_t commas = 0;
+    std::size_t points = 0;
+    for (const auto& row : rows.Cells) {
+        for (const std::u16string& cell : row) {
+            const std::optional<NumberLook> look = LookAtNumber(cell);
+            if (!look || look->Mark == u'\0') continue;
+            const bool isDoubtful = look->Thousands == u'\0' && cell.size() - cell.find(look->Mark) == 4;
+            (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : 1000;
+        }
+    }
+    return commas > points ? u',' : u'.';
+}
+
+// A number after which a unit follows, apart or not.
+std::optional<std::pair<std::u16string_view, std::u16string_view>> AmountIn(std::u16string_view cell) {
+    std::size_t at = !cell.empty() && (cell[0] == u'+' || cell[0] == u'-') ? 1 : 0;
+    while (at < cell.size() && cell[at] == u' ') ++at;
+    const std::size_t begin = at;
+    while (at < cell.size() && (IsDigit(cell[at]) || cell[at] == u'.' || cell[at] == u',')) ++at;
+    if (at == begin || at == cell.size()) return std::nullopt;
+    const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
+    if (unit.empty() || unit.size() > 8 || IsDigit(unit.front()) || unit.find(u' ') != unit.npos)
+        return std::nullopt;
+    return std::pair(cell.substr(begin, at - begin), unit);
+}
+}  // namespace
+
+void CellCounts::Add(std::u16string_view cell, char16_t mark) {
     if (cell.empty()) {
         ++Empty;
         return;
@@ -16,56 +53,81 @@ void CellCounts::Add(std::u16string_view cell) {
         NotNumbers += EqualsIgnoreCase(cell, u"nan");
         return;
     }
+    const bool isPrefixed = cell.size() > 2 && cell[0] == u'0' && (cell[1] | 32) == u'x';
+    const std::u16string_view digits = isPrefixed ? cell.substr(2) : cell;
+    if (digits.size() <= 16 && std::all_of(digits.begin(), digits.end(), IsHexDigit)) {
+        LeastLength = HexDigits == 0 ? digits.size() : std::min(LeastLength, digits.size());
+        MostLength = std::max(MostLength, digits.size());
+        ++HexDigits;
+        Prefixed += isPrefixed;
+        Letters += !std::all_of(digits.begin(), digits.end(), IsDigit);
+    }
     if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
-        Commas += look->Mark == u',';
-        Points += look->Mark == u'.';
-        if (look->Mark != u'\0' || look->HasExponent) {
-            ++Decimal;
-            Ambiguous += look->Mark == u'\0' && look->HasExponent && IsDigit(cell.front()) &&
-                         cell.find_first_of(u"+-") == cell.npos;
-        } else {
-            ++Whole;
-            Nulls += cell == u"0";
-            Ones += cell == u"1";
-            TooLong |= look->Digits > 18;
-        }
+        AddNumber(cell, *look, mark);
+    } else {
+        AddText(cell, mark);
+    }
+}
+
+void CellCounts::AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark) {
+    const bool isThousands = look.Mark != u'\0' && look.Mark != mark && !look.HasExponent;
+    if ((look.Mark != u'\0' && !isThousands) || look.HasExponent) {
+        ++Decimal;
         return;
     }
-    switch (KindOf(cell)) {
-        case CellKind::Hex:
-            ++Hex;
-            return;
-        case CellKind::Truth:
-            ++Truth;
-            return;
-        case CellKind::Amount:
-            ++Amounts;
-            break;
-        default:
-            break;
+    ++Whole;
+    Nulls += cell == u"0";
+    Ones += cell == u"1";
+    IsTooLong |= look.Digits > 18;
+}
+
+void CellCounts::AddText(std::u16string_view cell, char16_t mark) {
+    if (KindOf(cell) == CellKind::Truth) {
+        ++Truth;
+        return;
     }
-    Single += cell.size() == 1;
     ++Text;
+    Single += cell.size() == 1;
+    const auto amount = AmountIn(cell);
+    if (!amount || (Amounts > 0 && AmountUnit != amount->second)) return;
+    AmountUnit = amount->second;
+    ++Amounts;
+    DecimalAmounts += amount->first.find(mark) != amount->first.npos;
+}
+
+// Digits with a prefix, or so many in each cell and a letter in some: "00000270" beside "000002E4".
+bool CellCounts::IsHexadecimal() const {
+    const std::uint64_t filled = Whole + Decimal + Truth + Text;
+    if (HexDigits != filled || HexDigits == 0) return false;
+    if (Prefixed == filled) return true;
+    return Letters > 0 && LeastLength == MostLength && MostLength > 1 && 20 * Letters >= filled &&
+           Letters < filled;
 }
 
 ColumnType CellCounts::Type(bool isCount) const {
+    const std::uint64_t numbers = Whole + Decimal;
+    if (IsHexadecimal()) return ColumnType::Hexadecimal;
+    if (Text > 0 && Amounts == Text && numbers + Truth == 0)
+        return DecimalAmounts > 0 ? ColumnType::Float : ColumnType::Integer;
+    // A few words among many numbers are what a device prints in place of a value.
+    constexpr std::uint64_t NumbersPerWord = 20;
+    if (Text + Truth > 0 && numbers > NumbersPerWord * (Text + Truth))
+        return Decimal > 0 || NotNumbers > 0 ? ColumnType::Float : ColumnType::Integer;
     if (Text > Single) return ColumnType::Text;
-    if (Text > 0) return Whole + Decimal + Hex + Truth == 0 ? ColumnType::Character : ColumnType::Text;
-    if (Truth > 0)
-        return Whole == Nulls + Ones && Decimal + Hex == 0 ? ColumnType::Boolean : ColumnType::Text;
-    if (Hex > 0) return Decimal == Ambiguous ? ColumnType::Hexadecimal : ColumnType::Text;
+    if (Text > 0) return numbers + Truth == 0 ? ColumnType::Character : ColumnType::Text;
+    if (Truth > 0) return Whole == Nulls + Ones && Decimal == 0 ? ColumnType::Boolean : ColumnType::Text;
     if (Decimal > 0 || NotNumbers > 0) return ColumnType::Float;
     if (Whole == 0) return Missing > 0 ? ColumnType::Float : ColumnType::Text;
     // Both values, and nothing else: a constant 0 may be any number.
     if (Nulls > 0 && Ones > 0 && Nulls + Ones == Whole && !isCount) return ColumnType::Boolean;
-    return TooLong ? ColumnType::Text : ColumnType::Integer;
+    return IsTooLong ? ColumnType::Text : ColumnType::Integer;
 }
 
 bool IsCountName(std::u16string_view name) {
     std::u16string low(name);
     for (char16_t& c : low) c = c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
     constexpr std::u16string_view Parts[] = {u"count",  u"cycle",  u"step",    u"number", u"index",
-                                             u"anzahl", u"zyklus", u"schritt", u"nummer", u"channel"};
+                                             u"anzahl", u"zyklus", u"schritt", u"nummer"};
     return std::any_of(std::begin(Parts), std::end(Parts),
                        [&](auto part) { return low.find(part) != low.npos; });
 }
@@ -76,9 +138,14 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
     const TableRows rows = RowsOf(sample, *table);
-    ReadingPlan plan{
-        table->How, table->Width, sample.Lines[table->First].Number, labels.NamesLine, labels.UnitsLine, {},
-        {}};
+    ReadingPlan plan{table->How,
+                     table->Width,
+                     sample.Lines[table->First].Number,
+                     labels.NamesLine,
+                     labels.UnitsLine,
+                     MarkOf(table->How, rows),
+                     {},
+                     {}};
     plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
     std::size_t width = table->Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());
@@ -92,8 +159,10 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
         CellCounts counts;
         for (std::size_t k = 0; k < rows.Cells.size(); ++k) {
             const auto& row = rows.Cells[k];
-            if (i < row.size()) counts.Add(row[i]);
+            if (i < row.size()) counts.Add(row[i], plan.Mark);
         }
+        if (column.Unit.empty() && counts.Amounts > 0 && counts.Amounts == counts.Text)
+            column.Unit = counts.AmountUnit;
         column.Type = counts.Type(!column.Unit.empty() || IsCountName(column.Name));
         if (!plan.Times) continue;
         const TimeRecipe& recipe = plan.Times->Recipe;

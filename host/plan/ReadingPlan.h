@@ -14,17 +14,27 @@ enum class ColumnType { Text, Character, Boolean, Integer, Hexadecimal, Float };
 // What the cells of a column are, as far as they were looked at.
 struct CellCounts {
     std::uint64_t Empty = 0, Missing = 0;  // blank; markers
-    std::uint64_t Whole = 0, Decimal = 0, Hex = 0, Truth = 0, Single = 0, Text = 0;
+    std::uint64_t Whole = 0, Decimal = 0, Truth = 0, Single = 0, Text = 0;
     std::uint64_t Nulls = 0, Ones = 0;  // of Whole
-    std::uint64_t Ambiguous = 0;        // of Decimal: digits and an exponent, as hexadecimal numbers may look
     std::uint64_t NotNumbers = 0;       // of Missing: "NaN"
-    std::uint64_t Commas = 0, Points = 0;  // decimal marks
-    std::uint64_t Amounts = 0;             // numbers with a unit
-    bool TooLong = false;                  // a whole number beyond 64 bits
+    std::uint64_t Amounts = 0;          // of Text: numbers with AmountUnit after them
+    std::u16string AmountUnit;
+    std::uint64_t DecimalAmounts = 0;             // of Amounts
+    std::uint64_t HexDigits = 0, Prefixed = 0;    // cells of hexadecimal digits alone; those with 0x
+    std::uint64_t Letters = 0;                    // of HexDigits: with a letter
+    std::size_t LeastLength = 0, MostLength = 0;  // of HexDigits
+    bool IsTooLong = false;                       // a whole number beyond 64 bits
 
-    void Add(std::u16string_view cell);
+    // `mark` is the decimal mark of the file.
+    void Add(std::u16string_view cell, char16_t mark);
+
     // `isCount`: the column's name or unit says that its numbers are no truth values.
     ColumnType Type(bool isCount) const;
+
+  private:
+    void AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark);
+    void AddText(std::u16string_view cell, char16_t mark);
+    bool IsHexadecimal() const;
 };
 
 struct PlannedColumn {
@@ -42,6 +52,7 @@ struct ReadingPlan {
     std::size_t Width = 0;                       // cells of most rows
     std::uint64_t FirstLine = 1;                 // of the table, from 1
     std::uint64_t NamesLine = 0, UnitsLine = 0;  // 0 for none
+    char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
     std::optional<FoundTimes> Times;
 };

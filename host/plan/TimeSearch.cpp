@@ -138,7 +138,7 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts) {
         ++look.Filled;
         if (LookAtNumber(text)) {
             ++look.Numbers;
-            if (text.size() != 8 && text.size() < 12) continue;
+            if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
         std::optional<ParsedTime> time;
         for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
@@ -173,11 +173,37 @@ void ConsiderCounted(const TimeRecipe& recipe, const TableRows& rows, std::vecto
     }
 }
 
+// A column of whole numbers within bounds, the largest and the smallest of them.
+struct NumberBounds {
+    bool IsWhole = true;
+    std::int64_t Least = 0, Most = 0;
+};
+
+NumberBounds BoundsOf(const TableRows& rows, std::size_t column) {
+    NumberBounds bounds;
+    bool isFirst = true;
+    for (const auto& row : rows.Cells) {
+        if (column >= row.size() || row[column].empty()) continue;
+        const std::optional<NumberLook> look = LookAtNumber(row[column]);
+        bounds.IsWhole &= look && look->Mark == u'\0' && !look->HasExponent && look->Digits <= 6;
+        if (!bounds.IsWhole) break;
+        const auto value = static_cast<std::int64_t>(ValueOf(row[column], *look));
+        bounds.Least = isFirst ? value : std::min(bounds.Least, value);
+        bounds.Most = isFirst ? value : std::max(bounds.Most, value);
+        isFirst = false;
+    }
+    bounds.IsWhole &= !isFirst;
+    return bounds;
+}
+
 // A date, a clock and milliseconds in a third column.
 void ConsiderMilliseconds(std::size_t date, std::size_t clock, const TimeStyle& style, const TableRows& rows,
                           const Labels& labels, std::vector<FoundTimes>& found) {
     for (std::size_t i = 0; i < WidthOf(rows); ++i) {
-        if (PartOfName(LabelOf(labels, i)) != TimePart::Milliseconds) continue;
+        const bool isNamed =
+            PartOfName(LabelOf(labels, i)) == TimePart::Milliseconds || LabelOf(labels, i).Unit == u"ms";
+        const NumberBounds bounds = isNamed ? BoundsOf(rows, i) : NumberBounds{false, 0, 0};
+        if (!bounds.IsWhole || bounds.Least < 0 || bounds.Most > 999) continue;
         TimeRecipe recipe;
         recipe.Kind = TimeKind::Parts;
         recipe.IsAbsolute = true;
@@ -241,35 +267,25 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
                 }
                 if (distance > 20) break;
             }
+        } else if (looks[i].Is(looks[i].Numbers) && IsNamedDate(label) && i + 1 < width &&
+                   IsNamedClock(LabelOf(labels, i + 1)) && looks[i + 1].Is(looks[i + 1].Numbers)) {
+            // "230905,235207": the texts are a date and a clock only together.
+            std::vector<std::u16string> joined;
+            for (const auto& row : rows.Cells) {
+                if (i + 1 < row.size()) joined.push_back(row[i] + u" " + row[i + 1]);
+            }
+            const auto style = StyleOf(joined, label, rows, {i, i + 1});
+            if (!style) continue;
+            recipe.Columns = {i, i + 1};
+            recipe.Style = style->Style;
+            recipe.IsAbsolute = true;
+            Consider(recipe, 0.99, rows, found);
         } else if (looks[i].Is(looks[i].Clocks)) {
             recipe.RollsOver = IsClockOfDay(texts[i]);
             Consider(recipe, IsNamedTime(label) ? 0.86 : 0.8, rows, found);
             ConsiderCounted(recipe, rows, found);
         }
     }
-}
-
-// A column of whole numbers within bounds, the largest and the smallest of them.
-struct NumberBounds {
-    bool IsWhole = true;
-    std::int64_t Least = 0, Most = 0;
-};
-
-NumberBounds BoundsOf(const TableRows& rows, std::size_t column) {
-    NumberBounds bounds;
-    bool isFirst = true;
-    for (const auto& row : rows.Cells) {
-        if (column >= row.size() || row[column].empty()) continue;
-        const std::optional<NumberLook> look = LookAtNumber(row[column]);
-        bounds.IsWhole &= look && look->Mark == u'\0' && !look->HasExponent && look->Digits <= 6;
-        if (!bounds.IsWhole) break;
-        const auto value = static_cast<std::int64_t>(ValueOf(row[column], *look));
-        bounds.Least = isFirst ? value : std::min(bounds.Least, value);
-        bounds.Most = isFirst ? value : std::max(bounds.Most, value);
-        isFirst = false;
-    }
-    bounds.IsWhole &= !isFirst;
-    return bounds;
 }
 
 // Columns without names, side by side: a year, the day of the year or not, month, day, hours, minutes and
