@@ -8,7 +8,7 @@
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::size_t MostHeadLines = 5000;
+constexpr std::size_t MostHeadLines = 2000;
 constexpr std::size_t MostHeadUnits = 2u << 20;
 constexpr std::uint64_t Places = 40;
 constexpr std::size_t LinesPerPlace = 24;

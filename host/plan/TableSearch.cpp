@@ -141,6 +141,11 @@ std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t fir
 // The best table that one way of cutting gives.
 void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
              std::optional<FoundTable>& best) {
+    const auto holdsSeparator = [&](const SampleLine& line) {
+        return line.Text.find(how.Separator) != line.Text.npos;
+    };
+    if (how.Separator != u'\0' && std::none_of(sample.Lines.begin(), sample.Lines.end(), holdsSeparator))
+        return;
     LineCutter cut(how);
     std::vector<RowShape> shapes;
     std::set<std::size_t> widths;
