@@ -8,10 +8,6 @@
 
 namespace kelvarin::plan {
 namespace {
-bool IsHexDigit(char16_t c) {
-    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-}
-
 // The decimal mark of a file. A comma that separates cells is none; else a cell with both marks tells, or the
 // mark that most decimal numbers have, those before exactly three digits left aside.
 char16_t MarkOf(const Cut& how, const TableRows& rows) {

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/plan/Durations.h"
 #include "host/plan/TimeNames.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-constexpr std::int64_t DayLength = 86'400 * Second;
 constexpr double LeastPart = 0.6;  // of the rows that must have a time
 
 std::vector<std::u16string_view> Views(const std::vector<std::u16string>& cells) {
