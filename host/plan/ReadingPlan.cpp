@@ -141,7 +141,9 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
                      labels.UnitsLine,
                      MarkOf(table->How, rows),
                      {},
-                     {}};
+                     {},
+                     rows.Cells.size(),
+                     sample.IsWhole};
     plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
     std::size_t width = table->Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());

@@ -51,6 +51,13 @@ constexpr std::u16string_view WordsOfDate = u" day tag jour data dia dato ";
 constexpr std::u16string_view WordsOfClock =
     u" time zeit uhrzeit hour hours hh hhmm hhmmss hr uur stunde heure ora hora tijdstip tijd clock ";
 
+bool IsWordOfTime(std::u16string_view word) {
+    // A lone capital is a quantity, as T a temperature.
+    if (word.size() == 1) return word == u"t";
+    return HasPart(word, std::begin(NamePartsOfTime), std::end(NamePartsOfTime)) ||
+           IsListed(WordsOfTime, Lowered(word));
+}
+
 template <class Test>
 bool AnyWord(const Label& label, Test test) {
     for (const std::u16string& text : label.All) {
@@ -70,12 +77,7 @@ bool IsNamedDate(const Label& label) {
 }
 
 bool IsNamedTime(const Label& label) {
-    // A lone capital is a quantity, as T a temperature.
-    return IsNamedDate(label) || AnyWord(label, [](const Word& word) {
-               if (word.Text.size() == 1) return word.Text == u"t";
-               return HasPart(word.Text, std::begin(NamePartsOfTime), std::end(NamePartsOfTime)) ||
-                      IsListed(WordsOfTime, Lowered(word.Text));
-           });
+    return IsNamedDate(label) || AnyWord(label, [](const Word& word) { return IsWordOfTime(word.Text); });
 }
 
 bool IsNamedClock(const Label& label) {
@@ -124,8 +126,12 @@ std::int64_t UnitNamed(const Label& label) {
         for (auto word = words.rbegin(); word != words.rend(); ++word) {
             const bool isCapital = word->Text.size() == 1 && word->Text[0] < u'a';
             const std::int64_t unit = UnitOfTime(word->Text);
+            // "time/s" is a time in seconds, "v/s" none.
+            const bool isOfTime =
+                word == words.rbegin() && words.size() > 1 && IsWordOfTime((word + 1)->Text);
             // "day" alone is more often a date than an amount.
-            if (unit != 0 && !word->IsInQuotient && !isCapital && Lowered(word->Text) != u"day") return unit;
+            if (unit != 0 && (!word->IsInQuotient || isOfTime) && !isCapital && Lowered(word->Text) != u"day")
+                return unit;
         }
         return 0;
     };
