@@ -25,7 +25,7 @@ void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
         out << Phrase("none: {}", guess.Failure) << "\n";
         return;
     }
-    out << guess::CertaintyInWords(guess.Sureness) << ": " << guess.Basis;
+    out << CertaintyInWords(guess.Sureness) << ": " << guess.Basis;
     if (!guess.IsFixedInterval)
         out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
     out << "\n" << Indent << OptionsText(guess.Settings) << "\n";

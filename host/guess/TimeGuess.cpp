@@ -103,11 +103,6 @@ std::vector<TimeCandidate> FindCandidates(const TableTrial& trial) {
 }
 }  // namespace
 
-std::string CertaintyInWords(Certainty certainty) {
-    if (certainty == Certainty::Certain) return Phrase("certain");
-    return certainty == Certainty::Likely ? Phrase("likely") : Phrase("a guess");
-}
-
 TimeGuess GuessTime(const ModuleLoader& module, const std::u16string& path) {
     TimeGuess guess;
     TableSample table;

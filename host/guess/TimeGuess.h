@@ -5,17 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "host/Certainty.h"
 #include "host/ModuleLoader.h"
 #include "host/Reading.h"
 #include "host/Remedy.h"
 #include "host/SettingText.h"
 
 namespace kelvarin::guess {
-enum class Certainty { Certain, Likely, Uncertain };
-
-// "certain", "likely" or "a guess".
-std::string CertaintyInWords(Certainty certainty);
-
 struct TimeGuess {
     SettingList Settings;  // empty if the file has no table to guess from
     Certainty Sureness = Certainty::Certain;

@@ -7,8 +7,8 @@ namespace kelvarin {
 namespace {
 using TextTable = std::span<const Translation> (*)();
 
-constexpr TextTable German[] = {GermanHostTexts, GermanArchiveTexts, GermanCheckTexts, GermanExplainTexts,
-                                GermanGuessTexts};
+constexpr TextTable German[] = {GermanHostTexts,    GermanArchiveTexts, GermanCheckTexts,
+                                GermanExplainTexts, GermanGuessTexts,   GermanPlanTexts};
 
 struct Language {
     std::string_view Code;

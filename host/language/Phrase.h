@@ -34,6 +34,7 @@ std::span<const Translation> GermanArchiveTexts();
 std::span<const Translation> GermanCheckTexts();
 std::span<const Translation> GermanExplainTexts();
 std::span<const Translation> GermanGuessTexts();
+std::span<const Translation> GermanPlanTexts();
 
 // The text in the user's language, with the parts put in: "{}" takes the next one, "{2}" the third. A
 // translation may name them in another order.

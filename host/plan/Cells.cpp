@@ -17,10 +17,6 @@ bool IsOneOf(std::u16string_view cell, const std::u16string_view* begin, const s
     return std::any_of(begin, end, [&](std::u16string_view word) { return EqualsIgnoreCase(cell, word); });
 }
 
-bool IsHexDigit(char16_t c) {
-    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-}
-
 bool IsHex(std::u16string_view cell) {
     const bool hasPrefix = cell.size() > 2 && cell[0] == u'0' && (cell[1] == u'x' || cell[1] == u'X');
     if (!hasPrefix && cell.size() != 2 && cell.size() != 8) return false;
@@ -88,13 +84,18 @@ bool LooksLikeTime(std::u16string_view cell) {
     return false;
 }
 
-// "(1.5)" is 1.5.
+}  // namespace
+
+bool IsHexDigit(char16_t c) {
+    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+}
+
 std::u16string_view WithoutBrackets(std::u16string_view cell) {
-    const bool isEnclosed = cell.size() > 2 && ((cell.front() == u'(' && cell.back() == u')') ||
-                                                (cell.front() == u'[' && cell.back() == u']'));
+    cell = TrimWhiteSpace(cell);
+    const bool isEnclosed = cell.size() >= 2 && ((cell.front() == u'(' && cell.back() == u')') ||
+                                                 (cell.front() == u'[' && cell.back() == u']'));
     return isEnclosed ? TrimWhiteSpace(cell.substr(1, cell.size() - 2)) : cell;
 }
-}  // namespace
 
 std::u16string_view LineCutter::Take(std::u16string_view line, std::size_t& at) {
     while (at < line.size() && IsWhiteSpace(line[at]) && !IsSeparatorAt(How, line[at])) ++at;

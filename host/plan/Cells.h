@@ -34,6 +34,11 @@ class LineCutter {
     std::deque<std::u16string> Unescaped;
 };
 
+bool IsHexDigit(char16_t c);
+
+// The text without the round or square brackets that enclose it: "(1.5)", "[mV]".
+std::u16string_view WithoutBrackets(std::u16string_view cell);
+
 enum class CellKind : std::uint8_t {
     Empty,   // or a marker of a missing value
     Number,  // decimal, with point or comma; also with an exponent

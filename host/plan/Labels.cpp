@@ -21,14 +21,6 @@ struct LabelLine {
     bool IsAdjacent = false;    // no blank line lies between it and the table, or one gap at most
 };
 
-std::u16string WithoutBrackets(std::u16string_view text) {
-    text = TrimWhiteSpace(text);
-    if (text.size() >= 2 &&
-        ((text.front() == u'[' && text.back() == u']') || (text.front() == u'(' && text.back() == u')')))
-        text = TrimWhiteSpace(text.substr(1, text.size() - 2));
-    return std::u16string(text);
-}
-
 // True for a line of words for kinds of values: "Avg", "REAL32", "Counter".
 bool IsKindsLine(const std::vector<std::u16string>& cells) {
     constexpr std::u16string_view Kinds[] = {
@@ -156,7 +148,8 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     if (units != lines.end()) {
         labels.UnitsLine = sample.Lines[units->Index].Number;
         for (std::size_t i = 0; i < std::min(units->Cells.size(), table.Width); ++i) {
-            if (!units->Cells[i].empty()) labels.Columns[i].Unit = WithoutBrackets(units->Cells[i]);
+            if (!units->Cells[i].empty())
+                labels.Columns[i].Unit = std::u16string(WithoutBrackets(units->Cells[i]));
         }
     }
     return labels;

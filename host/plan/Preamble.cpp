@@ -4,20 +4,14 @@
 #include <iterator>
 #include <string>
 
+#include "host/plan/Durations.h"
 #include "host/plan/TimeRecipe.h"
 #include "host/plan/TimeWords.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-
-std::u16string Lowered(std::u16string_view text) {
-    std::u16string low(text);
-    for (char16_t& c : low) c = c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
-    return low;
-}
-
 bool HasAny(std::u16string_view text, std::initializer_list<std::u16string_view> parts) {
     return std::any_of(parts.begin(), parts.end(), [&](auto part) { return text.find(part) != text.npos; });
 }

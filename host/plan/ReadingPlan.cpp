@@ -8,10 +8,6 @@
 
 namespace kelvarin::plan {
 namespace {
-bool IsHexDigit(char16_t c) {
-    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-}
-
 // The decimal mark of a file. A comma that separates cells is none; else a cell with both marks tells, or the
 // mark that most decimal numbers have, those before exactly three digits left aside.
 char16_t MarkOf(const Cut& how, const TableRows& rows) {
@@ -145,7 +141,9 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
                      labels.UnitsLine,
                      MarkOf(table->How, rows),
                      {},
-                     {}};
+                     {},
+                     rows.Cells.size(),
+                     sample.IsWhole};
     plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
     std::size_t width = table->Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());

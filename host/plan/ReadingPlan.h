@@ -55,6 +55,8 @@ struct ReadingPlan {
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
     std::optional<FoundTimes> Times;
+    std::size_t RowsLookedAt = 0;
+    bool IsWholeLookedAt = false;  // every line of the file was looked at
 };
 
 // Nothing if the file has no table. Raises CFileException.

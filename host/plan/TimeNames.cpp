@@ -6,24 +6,11 @@
 
 #include "host/plan/TimeWords.h"
 #include "host/plan/Units.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-using WordList = std::u16string_view;  // a blank around each word
-
-bool IsLetter(char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c > 0x7F;
-}
-
-std::u16string Lowered(std::u16string_view word) {
-    std::u16string lowered(word);
-    for (char16_t& c : lowered) {
-        if (c >= u'A' && c <= u'Z') c = static_cast<char16_t>(c + (u'a' - u'A'));
-    }
-    return lowered;
-}
-
 struct Word {
     std::u16string_view Text;
     bool IsInQuotient = false;  // a stroke is directly before or after it
@@ -49,24 +36,27 @@ std::vector<Word> WordsOf(std::u16string_view label) {
     return words;
 }
 
-bool IsListed(WordList list, std::u16string_view word) {
-    return list.find(u" " + Lowered(word) + u" ") != list.npos;
-}
-
 bool HasPart(std::u16string_view word, const std::u16string_view* begin, const std::u16string_view* end) {
     const std::u16string lowered = Lowered(word);
     return std::any_of(begin, end,
                        [&](std::u16string_view part) { return lowered.find(part) != lowered.npos; });
 }
 
-constexpr std::u16string_view TimeParts[] = {u"time",  u"zeit",     u"stamp", u"uhr",   u"tijd",
-                                             u"temps", u"tiempo",   u"tempo", u"epoch", u"elapsed",
-                                             u"dauer", u"duration", u"czas",  u"aika"};
-constexpr WordList TimeWords = u" t ts utc gmt ora hora heure hour hours zeit ";
-constexpr std::u16string_view DateParts[] = {u"date", u"datum", u"fecha", u"giorno"};
-constexpr WordList DateWords = u" day tag jour data dia dato ";
-constexpr WordList ClockWords =
+constexpr std::u16string_view NamePartsOfTime[] = {u"time",  u"zeit",     u"stamp", u"uhr",   u"tijd",
+                                                   u"temps", u"tiempo",   u"tempo", u"epoch", u"elapsed",
+                                                   u"dauer", u"duration", u"czas",  u"aika"};
+constexpr std::u16string_view WordsOfTime = u" t ts utc gmt ora hora heure hour hours zeit ";
+constexpr std::u16string_view NamePartsOfDate[] = {u"date", u"datum", u"fecha", u"giorno"};
+constexpr std::u16string_view WordsOfDate = u" day tag jour data dia dato ";
+constexpr std::u16string_view WordsOfClock =
     u" time zeit uhrzeit hour hours hh hhmm hhmmss hr uur stunde heure ora hora tijdstip tijd clock ";
+
+bool IsWordOfTime(std::u16string_view word) {
+    // A lone capital is a quantity, as T a temperature.
+    if (word.size() == 1) return word == u"t";
+    return HasPart(word, std::begin(NamePartsOfTime), std::end(NamePartsOfTime)) ||
+           IsListed(WordsOfTime, Lowered(word));
+}
 
 template <class Test>
 bool AnyWord(const Label& label, Test test) {
@@ -81,22 +71,17 @@ bool AnyWord(const Label& label, Test test) {
 
 bool IsNamedDate(const Label& label) {
     return AnyWord(label, [](const Word& word) {
-        return HasPart(word.Text, std::begin(DateParts), std::end(DateParts)) ||
-               IsListed(DateWords, word.Text);
+        return HasPart(word.Text, std::begin(NamePartsOfDate), std::end(NamePartsOfDate)) ||
+               IsListed(WordsOfDate, Lowered(word.Text));
     });
 }
 
 bool IsNamedTime(const Label& label) {
-    // A lone capital is a quantity, as T a temperature.
-    return IsNamedDate(label) || AnyWord(label, [](const Word& word) {
-               if (word.Text.size() == 1) return word.Text == u"t";
-               return HasPart(word.Text, std::begin(TimeParts), std::end(TimeParts)) ||
-                      IsListed(TimeWords, word.Text);
-           });
+    return IsNamedDate(label) || AnyWord(label, [](const Word& word) { return IsWordOfTime(word.Text); });
 }
 
 bool IsNamedClock(const Label& label) {
-    return AnyWord(label, [](const Word& word) { return IsListed(ClockWords, word.Text); });
+    return AnyWord(label, [](const Word& word) { return IsListed(WordsOfClock, Lowered(word.Text)); });
 }
 
 bool IsDayOfYear(const Label& label) {
@@ -107,7 +92,7 @@ bool IsDayOfYear(const Label& label) {
 
 std::optional<TimePart> PartOfName(const Label& label) {
     struct Named {
-        WordList Words;
+        std::u16string_view Words;
         TimePart Part;
     };
     constexpr Named Names[] = {
@@ -130,7 +115,7 @@ std::optional<TimePart> PartOfName(const Label& label) {
     if (words[0].Text == u"mm") return TimePart::Minutes;
     if (Lowered(words[0].Text) == u"tow") return TimePart::Seconds;
     for (const Named& named : Names) {
-        if (words.size() <= 2 && IsListed(named.Words, words[0].Text)) return named.Part;
+        if (words.size() <= 2 && IsListed(named.Words, Lowered(words[0].Text))) return named.Part;
     }
     return std::nullopt;
 }
@@ -141,8 +126,12 @@ std::int64_t UnitNamed(const Label& label) {
         for (auto word = words.rbegin(); word != words.rend(); ++word) {
             const bool isCapital = word->Text.size() == 1 && word->Text[0] < u'a';
             const std::int64_t unit = UnitOfTime(word->Text);
+            // "time/s" is a time in seconds, "v/s" none.
+            const bool isOfTime =
+                word == words.rbegin() && words.size() > 1 && IsWordOfTime((word + 1)->Text);
             // "day" alone is more often a date than an amount.
-            if (unit != 0 && !word->IsInQuotient && !isCapital && Lowered(word->Text) != u"day") return unit;
+            if (unit != 0 && (!word->IsInQuotient || isOfTime) && !isCapital && Lowered(word->Text) != u"day")
+                return unit;
         }
         return 0;
     };

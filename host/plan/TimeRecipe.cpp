@@ -5,14 +5,11 @@
 #include <limits>
 
 #include "host/plan/Cells.h"
+#include "host/plan/Durations.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-constexpr std::int64_t Hour = 3600 * Second;
-constexpr std::int64_t DayLength = 24 * Hour;
-
 std::optional<std::int64_t> WholeNumber(std::u16string_view text) {
     text = TrimWhiteSpace(text);
     if (text.empty() || text.size() > 9) return std::nullopt;
@@ -22,11 +19,6 @@ std::optional<std::int64_t> WholeNumber(std::u16string_view text) {
         number = 10 * number + (c - u'0');
     }
     return number;
-}
-
-std::u16string_view Bare(std::u16string_view cell) {
-    const bool isEnclosed = cell.size() > 2 && cell.front() == u'(' && cell.back() == u')';
-    return isEnclosed ? TrimWhiteSpace(cell.substr(1, cell.size() - 2)) : cell;
 }
 
 struct DateParts {
@@ -204,7 +196,7 @@ std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_
     if (Kind == TimeKind::Interval) return Epoch;
     const std::size_t column = Columns.front();
     if (column >= cells.size()) return std::nullopt;
-    const std::optional<std::int64_t> time = ExactProduct(Bare(cells[column]), Unit, Mark, Offset);
+    const std::optional<std::int64_t> time = ExactProduct(WithoutBrackets(cells[column]), Unit, Mark, Offset);
     if (!time) return std::nullopt;
     return *time + Epoch;
 }

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/plan/Durations.h"
 #include "host/plan/TimeNames.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-constexpr std::int64_t DayLength = 86'400 * Second;
 constexpr double LeastPart = 0.6;  // of the rows that must have a time
 
 std::vector<std::u16string_view> Views(const std::vector<std::u16string>& cells) {
@@ -29,7 +28,8 @@ const Label& LabelOf(const Labels& labels, std::size_t column) {
 
 // Adds a recipe with what it makes of the rows, unless too few have a time.
 void Consider(TimeRecipe recipe, double weight, const TableRows& rows, std::vector<FoundTimes>& found) {
-    FoundTimes times{std::move(recipe), {}, 0, true, true};
+    FoundTimes times;
+    times.Recipe = std::move(recipe);
     times.Trial = Try(times.Recipe, rows);
     const auto count = static_cast<double>(rows.Cells.size());
     const double read = static_cast<double>(times.Trial.Read) / count;
@@ -52,11 +52,19 @@ bool IsAmerican(const std::vector<std::u16string>& texts) {
     });
 }
 
+// Two points before any colon: "04.05.2023 10:00".
+bool AreDotted(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const std::u16string_view date = std::u16string_view(text).substr(0, text.find(u':'));
+        return std::count(date.begin(), date.end(), u'.') == 2;
+    });
+}
+
 // The order of day and month that the texts prove, else the one that makes even steps, else that of the
 // label.
 struct OrderFound {
     TimeStyle Style;
-    bool IsProven = true;
+    OrderProof Proof = OrderProof::Unneeded;
 };
 
 std::optional<OrderFound> StyleOf(const std::vector<std::u16string>& texts, const Label& label,
@@ -75,24 +83,26 @@ std::optional<OrderFound> StyleOf(const std::vector<std::u16string>& texts, cons
     }
     const std::size_t most = std::max({tried[0].Read, tried[1].Read, tried[2].Read});
     if (most == 0) return std::nullopt;
+    const auto writtenAs = [](const std::u16string& text, const Tried& one) {
+        const std::optional<ParsedTime> time = ParseTime(text, one.Style);
+        return time ? std::optional(time->Written()) : std::nullopt;
+    };
+    const auto readSame = [&] {
+        return std::all_of(texts.begin(), texts.end(), [&](const std::u16string& text) {
+            const std::optional<std::int64_t> time = writtenAs(text, tried[0]);
+            return std::all_of(tried.begin(), tried.end(),
+                               [&](const Tried& one) { return writtenAs(text, one) == time; });
+        });
+    };
+    if (readSame()) return OrderFound{tried[0].Style, OrderProof::Unneeded};
     std::erase_if(tried, [most](const Tried& one) { return one.Read < most; });
     const std::optional<DateOrder> named = OrderIn(label.All);
     if (tried.size() > 1 && named) {
         for (const Tried& one : tried) {
-            if (one.Style.Order == *named) return OrderFound{one.Style, true};
+            if (one.Style.Order == *named) return OrderFound{one.Style, OrderProof::Name};
         }
     }
-    if (tried.size() == 1) return OrderFound{tried[0].Style, true};
-    // Texts that read the same in every order need no proof.
-    bool same = true;
-    for (const std::u16string& text : texts) {
-        const std::optional<ParsedTime> time = ParseTime(text, tried[0].Style);
-        for (const Tried& one : tried) {
-            const std::optional<ParsedTime> other = ParseTime(text, one.Style);
-            same &= time && other && time->Written() == other->Written();
-        }
-    }
-    if (same) return OrderFound{tried[0].Style, true};
+    if (tried.size() == 1 || readSame()) return OrderFound{tried[0].Style, OrderProof::Texts};
     for (Tried& one : tried) {
         TimeRecipe recipe;
         recipe.Columns = columns;
@@ -114,8 +124,10 @@ std::optional<OrderFound> StyleOf(const std::vector<std::u16string>& texts, cons
         std::stable_partition(tried.begin(), tried.end(),
                               [](const Tried& one) { return one.Style.Order == DateOrder::MonthFirst; });
     std::stable_sort(tried.begin(), tried.end(), better);
-    const bool isProven = better(tried[0], tried[1]);
-    return OrderFound{tried[0].Style, isProven};
+    if (better(tried[0], tried[1])) return OrderFound{tried[0].Style, OrderProof::Steps};
+    const bool isCustom =
+        IsAmerican(texts) || (tried[0].Style.Order == DateOrder::DayFirst && AreDotted(texts));
+    return OrderFound{tried[0].Style, isCustom ? OrderProof::Custom : OrderProof::None};
 }
 
 std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column) {
@@ -235,7 +247,7 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
             const bool isBoth = 2 * looks[i].Both > looks[i].Filled;
             const std::size_t before = found.size();
             Consider(recipe, isBoth ? 1.0 : 0.9, rows, found);
-            if (found.size() > before) found.back().IsOrderProven = style->IsProven;
+            if (found.size() > before) found.back().Order = style->Proof;
             if (isBoth) continue;
             // A clock in another column, the nearest first, to the right before the left.
             for (std::size_t distance = 1; distance < width; ++distance) {
@@ -263,7 +275,7 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
                         joint.Columns = {};
                         Consider(joint, isNamed ? 0.97 : 0.9, rows, found);
                     }
-                    if (found.size() > known) found.back().IsOrderProven = style->IsProven;
+                    if (found.size() > known) found.back().Order = style->Proof;
                 }
                 if (distance > 20) break;
             }
@@ -279,7 +291,9 @@ void FindTexts(const TableRows& rows, const Labels& labels, std::vector<FoundTim
             recipe.Columns = {i, i + 1};
             recipe.Style = style->Style;
             recipe.IsAbsolute = true;
+            const std::size_t before = found.size();
             Consider(recipe, 0.99, rows, found);
+            if (found.size() > before) found.back().Order = style->Proof;
         } else if (looks[i].Is(looks[i].Clocks)) {
             recipe.RollsOver = IsClockOfDay(texts[i]);
             Consider(recipe, IsNamedTime(label) ? 0.86 : 0.8, rows, found);
@@ -481,6 +495,29 @@ TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
     return trial;
 }
 
+namespace {
+// The columns that a recipe reads.
+std::vector<std::size_t> ColumnsOf(const TimeRecipe& recipe) {
+    std::vector<std::size_t> columns = recipe.Columns;
+    for (const PartColumn& part : recipe.Parts) columns.push_back(part.Column);
+    return columns;
+}
+
+// A column that the best times don't read and that holds times nearly as good.
+std::optional<std::size_t> RivalOf(const FoundTimes& best, const std::vector<FoundTimes>& found) {
+    constexpr double NearlyAsGood = 0.06;
+    const std::vector<std::size_t> used = ColumnsOf(best.Recipe);
+    for (const FoundTimes& times : found) {
+        const std::vector<std::size_t> columns = ColumnsOf(times.Recipe);
+        const bool isApart = std::none_of(columns.begin(), columns.end(), [&](std::size_t column) {
+            return std::find(used.begin(), used.end(), column) != used.end();
+        });
+        if (isApart && times.Score >= best.Score - NearlyAsGood) return columns.front();
+    }
+    return std::nullopt;
+}
+}  // namespace
+
 std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels, const PreambleClues& clues) {
     if (rows.Cells.empty()) return std::nullopt;
     std::vector<FoundTimes> found;
@@ -489,12 +526,19 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
     FindNumbers(rows, labels, clues, found);
     const FoundTimes* best = nullptr;
     for (const FoundTimes& times : found) {
-        const double doubt = times.IsOrderProven ? 0 : 0.1;
+        const double doubt = times.Order == OrderProof::None ? 0.1 : 0;
         // Scores so close are equal: the column further left is taken, as people do.
         constexpr double Better = 0.02;
         if (best == nullptr || times.Score - doubt > best->Score + Better) best = &times;
     }
-    if (best != nullptr) return *best;
+    if (best != nullptr) {
+        FoundTimes times = *best;
+        times.Rival = RivalOf(times, found);
+        const std::vector<std::size_t> columns = ColumnsOf(times.Recipe);
+        times.IsNamed = std::any_of(columns.begin(), columns.end(),
+                                    [&](std::size_t column) { return IsNamedTime(LabelOf(labels, column)); });
+        return times;
+    }
     // No column holds times: rows follow each other at an interval.
     FoundTimes interval;
     interval.Recipe.Kind = TimeKind::Interval;

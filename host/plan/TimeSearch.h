@@ -30,12 +30,24 @@ struct TimeTrial {
     bool IsDescending() const { return Falling > 2 * Rising; }
 };
 
+// What the order of day, month and year rests on.
+enum class OrderProof {
+    Unneeded,  // the times have no date, or read the same in every order
+    Texts,     // other orders don't fit all texts
+    Name,      // the column's name spells the format
+    Steps,     // the rows follow each other evenly or rise
+    Custom,    // people write dates with dots, or with twelve hours, in one order only
+    None
+};
+
 struct FoundTimes {
     TimeRecipe Recipe;
     TimeTrial Trial;
     double Score = 0;
-    bool IsOrderProven = true;  // of day and month
-    bool IsUnitNamed = true;    // of a number
+    OrderProof Order = OrderProof::Unneeded;
+    bool IsUnitNamed = true;           // of a number; of an interval, it is in the preamble
+    bool IsNamed = false;              // the columns' names are words for times
+    std::optional<std::size_t> Rival;  // another column whose times are as good
 };
 
 // The rows of a found table.

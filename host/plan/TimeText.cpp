@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/plan/Durations.h"
 #include "host/plan/TimeWords.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-constexpr std::int64_t Minute = 60 * Second;
-constexpr std::int64_t Hour = 60 * Minute;
-constexpr std::int64_t Day = 24 * Hour;
-
 // A run of digits, and what is between it and the run before: marks without blanks, "" for blanks alone.
 struct Group {
     std::u16string_view Digits;
@@ -26,11 +23,6 @@ struct Group {
     }
     std::size_t Length() const { return Digits.size(); }
 };
-
-bool IsLetter(char16_t c) {
-    return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || (c >= 0xC0 && c < 0x250) || c == u'μ' ||
-           c == u'µ';
-}
 
 int DaysOfMonth(int year, int month) {
     constexpr int Days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -194,7 +186,7 @@ class TimeReader {
             // In two parts, since their product has up to 80 bits.
             amount = unit / scale * fraction.Number() + unit % scale * fraction.Number() / scale;
         }
-        if (Groups.front().Number() > MostDays * (Day / unit)) return false;
+        if (Groups.front().Number() > MostDays * (DayLength / unit)) return false;
         Time.Clock += Groups.front().Number() * unit + amount;
         Time.IsSpan = true;
         Time.HasClock = true;
@@ -435,7 +427,7 @@ std::int64_t DaysSince1970(int year, int month, int day) {
 }
 
 std::int64_t ParsedTime::Written() const {
-    return (HasDate ? DaysSince1970(Year, Month, kelvarin::plan::ParsedTime::Day) * plan::Day : 0) + Clock;
+    return (HasDate ? DaysSince1970(Year, Month, Day) * DayLength : 0) + Clock;
 }
 
 std::optional<ParsedTime> ParseTime(std::u16string_view text, const TimeStyle& style) {

@@ -4,34 +4,11 @@
 #include <iterator>
 #include <string>
 
+#include "host/plan/Durations.h"
+#include "host/plan/WordList.h"
+
 namespace kelvarin::plan {
 namespace {
-// Lower case, for the letters of the languages of Europe: Latin-1 and Latin Extended-A.
-char16_t Lowered(char16_t c) {
-    if ((c >= u'A' && c <= u'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7))
-        return static_cast<char16_t>(c + 32);
-    if (c >= 0x100 && c <= 0x137) return static_cast<char16_t>(c | 1);
-    if (c >= 0x139 && c <= 0x148) return static_cast<char16_t>(c % 2 != 0 ? c + 1 : c);
-    if (c >= 0x14A && c <= 0x177) return static_cast<char16_t>(c | 1);
-    return c;
-}
-
-std::u16string Lowered(std::u16string_view word) {
-    std::u16string low;
-    std::transform(word.begin(), word.end(), std::back_inserter(low), [](char16_t c) { return Lowered(c); });
-    return low;
-}
-
-// True if the blank-separated list holds the word.
-bool IsListed(std::u16string_view list, std::u16string_view word) {
-    for (std::size_t at = 0; at < list.size();) {
-        const std::size_t end = std::min(list.find(u' ', at), list.size());
-        if (list.substr(at, end - at) == word) return true;
-        at = end + 1;
-    }
-    return false;
-}
-
 // By month. English, German, French, Italian, Spanish, Portuguese, Dutch, Danish and Norwegian, Swedish,
 // Finnish, Polish, Czech, Hungarian, Romanian, Croatian; names, the form in a date where it differs, and
 // abbreviations.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -31,10 +32,6 @@ constexpr std::u16string_view Whole =
     u"Liter liter litre litres gallons Gallons Degrees degrees Hertz Lux lux ";
 
 constexpr std::u16string_view Prefixes = u"YZEPTGMkhdcmµμunpfa";
-
-bool IsListed(std::u16string_view list, std::u16string_view word) {
-    return !word.empty() && list.find(u" " + std::u16string(word) + u" ") != list.npos;
-}
 
 // One factor: "mV", "cm2", "s^-1", "m³".
 bool IsFactor(std::u16string_view text) {

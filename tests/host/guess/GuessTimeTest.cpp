@@ -8,7 +8,7 @@
 
 namespace {
 
-using kelvarin::guess::Certainty;
+using kelvarin::Certainty;
 using kelvarin::guess::GuessLayer;
 using kelvarin::guess::TimeGuess;
 using Settings = kelvarin::SettingList;

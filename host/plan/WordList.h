@@ -1,0 +1,16 @@
+// Words in lists that are one text each, with blanks between the words.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kelvarin::plan {
+// True for a letter of the languages of Europe that are written in Latin letters, and for the sign of micro.
+bool IsLetter(char16_t c);
+
+// Lower case, for the same letters.
+std::u16string Lowered(std::u16string_view word);
+
+// True if the list holds the word, which must have the same case. No list holds the empty word.
+bool IsListed(std::u16string_view list, std::u16string_view word);
+}  // namespace kelvarin::plan
