@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "host/plan/CopyTime.h"
 #include "host/plan/LineMap.h"
 #include "host/plan/ReadingPlan.h"
 #include "platform/framework/ScratchFile.h"
@@ -33,13 +34,6 @@ struct CopyOptions {
     std::size_t MostSortedBytes = std::size_t{64} << 20;  // of rows in memory; more are sorted on the disk
 };
 
-// How the times of the copy are written.
-enum class CopyTimes {
-    Local,    // "2024-01-31 12:00:00.000000000", as written in the file
-    Moments,  // seconds since 1970 in UTC with nine decimals
-    Elapsed,  // seconds with nine decimals, none negative
-};
-
 // Lines of one kind that the copy doesn't have.
 struct LinesLeftOut {
     std::uint64_t Count = 0;
@@ -54,7 +48,7 @@ struct CopyRows {
 };
 
 struct CopyChanges {
-    std::uint64_t Numbers = 0;     // cells whose decimal mark, separators of thousands or unit were taken out
+    std::uint64_t Values = 0;      // numbers and truth values that are written in another way
     std::uint64_t Missing = 0;     // markers in columns of numbers that became empty cells
     std::uint64_t ExtraCells = 0;  // not empty, beyond the columns of the plan, left out
 };

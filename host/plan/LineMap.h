@@ -5,7 +5,7 @@
 #include <vector>
 
 namespace kelvarin::plan {
-// Lines that follow each other, forwards or backwards, take one entry however many they are.
+// Lines at the same distance from each other, forwards or backwards, take one entry however many they are.
 class LineMap {
   public:
     // The next line of the copy comes from this line of the file, from 1; 0 for none.
@@ -22,10 +22,11 @@ class LineMap {
     struct Range {
         std::uint64_t First;   // line of the copy, from 1
         std::uint64_t Source;  // line of the file
-        std::int64_t Step;     // of Source for each line: 1, -1, or 0 while the range has one line
+        std::int64_t Step;     // from each line's Source to the next one's
     };
 
     std::vector<Range> Ranges;
     std::uint64_t Lines = 0;
+    std::uint64_t Last = 0;  // line of the file that was added last
 };
 }  // namespace kelvarin::plan

@@ -6,8 +6,9 @@
 #include <memory>
 #include <string>
 
-// A new empty file in the system's folder for temporary files, for its user alone. It is gone when this
-// object is, and when the process ends in whatever way. All but the destructor raise CFileException.
+// A new empty file in the system's folder for temporary files, for its user alone. It is removed with this
+// object, and when the process ends in whatever way; on Windows a process that is killed after Path was asked
+// for leaves it. All but the destructor raise CFileException.
 class ScratchFile {
   public:
     ScratchFile();
@@ -21,11 +22,12 @@ class ScratchFile {
     // Reads up to `size` bytes from a position on; 0 at the end.
     std::size_t Read(std::uint64_t position, void* data, std::size_t size) const;
 
-    // Takes all content out again.
+    // Removes the content.
     void Clear();
 
-    // A path at which this process can open the file for reading, as long as this object lives.
-    std::u16string Path() const;
+    // A path at which this process can open the file for reading, as long as this object lives. None of the
+    // functions above may be called afterwards.
+    std::u16string Path();
 
   private:
     struct Handle;
