@@ -167,6 +167,20 @@ std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
     return look;
 }
 
+PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
+    const std::size_t begin = !cell.empty() && (cell[0] == u'-' || cell[0] == u'+') ? 1 : 0;
+    std::size_t at = begin;
+    while (at < cell.size() && IsDigit(cell[at])) ++at;
+    const std::size_t digits = at - begin;
+    if (at == cell.size()) return {digits, false};
+    const std::size_t decimals = at + 1;
+    if (cell[at] != mark || decimals == cell.size()) return {};
+    for (at = decimals; at < cell.size(); ++at) {
+        if (!IsDigit(cell[at])) return {};
+    }
+    return {digits, true};
+}
+
 double ValueOf(std::u16string_view number, const NumberLook& look) {
     std::u16string text(number);
     if (look.Thousands != u'\0') std::erase(text, look.Thousands);

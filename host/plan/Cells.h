@@ -66,6 +66,15 @@ struct NumberLook {
 // either; it is taken for the decimal mark.
 std::optional<NumberLook> LookAtNumber(std::u16string_view cell);
 
+// A sign or none, digits, and no more than a decimal mark with digits after it.
+struct PlainNumber {
+    std::size_t Digits = 0;  // before the mark; 0 for any other text
+    bool HasMark = false;
+};
+
+// What almost all numbers are, found in few steps.
+PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark);
+
 // The value of a number with this decimal mark; a mark between thousands is stepped over.
 double ValueOf(std::u16string_view number, const NumberLook& look);
 }  // namespace kelvarin::plan

@@ -44,7 +44,8 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         ++Empty;
         return;
     }
-    if (IsMissing(cell)) {
+    const PlainNumber plain = LookAtPlainNumber(cell, mark);
+    if (plain.Digits == 0 && IsMissing(cell)) {
         ++Missing;
         NotNumbers += EqualsIgnoreCase(cell, u"nan");
         return;
@@ -58,7 +59,9 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         Prefixed += isPrefixed;
         Letters += !std::all_of(digits.begin(), digits.end(), IsDigit);
     }
-    if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
+    if (plain.Digits != 0) {
+        AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark);
+    } else if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
         AddNumber(cell, *look, mark);
     } else {
         AddText(cell, mark);

@@ -121,7 +121,9 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
     }
     const std::optional<ParsedTime> time = ParseTime(text, recipe.Style);
     if (!time || time->HasDate != recipe.IsAbsolute) return std::nullopt;
-    return time->Written();
+    if (!recipe.AppliesZone) return time->Written();
+    if (!time->ZoneMinutes) return std::nullopt;
+    return time->Written() - *time->ZoneMinutes * 60 * Second;
 }
 }  // namespace
 

@@ -48,9 +48,10 @@ struct TimeRecipe {
     std::int64_t Offset =
         0;                 // of Number: what its zero is called, in units; days of a calendar have large ones
     char16_t Mark = u'.';  // of Number: decimal mark
-    bool IsAbsolute = false;  // times since 1970 in local time or in the zone they name; else elapsed
-    bool IsUtc = false;       // numbers that count since 1970
-    bool RollsOver = false;   // a clock without a date that runs over midnight
+    bool IsAbsolute = false;   // times since 1970 in local time or in the zone they name; else elapsed
+    bool IsUtc = false;        // numbers that count since 1970
+    bool AppliesZone = false;  // of Text: each names its zone, and the times are in UTC
+    bool RollsOver = false;    // a clock without a date that runs over midnight
 
     // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
     // whose cells hold no time.

@@ -365,6 +365,11 @@ bool IsEpoch(double seconds) {
     return seconds >= From && seconds <= To;
 }
 
+// "s since 1970", "Seconds since 1970-01-01".
+bool IsNamedEpoch(const Label& label) {
+    return (label.Name + u" " + label.Unit).find(u"since 1970") != std::u16string::npos;
+}
+
 // Numbers that count time.
 void FindNumbers(const TableRows& rows, const Labels& labels, const PreambleClues& clues,
                  std::vector<FoundTimes>& found) {
@@ -395,12 +400,14 @@ void FindNumbers(const TableRows& rows, const Labels& labels, const PreambleClue
         recipe.Columns = {i};
         recipe.Mark = mark;
         for (const std::int64_t epoch : {Second, Second / 1000, Second / 1'000'000, std::int64_t{1}}) {
-            if (unit != 0 || !IsEpoch(first * static_cast<double>(epoch) / 1e9)) continue;
+            // A measurement that began in 1970 would be longer than any.
+            const bool isEpoch = IsEpoch(first * static_cast<double>(epoch) / 1e9) || IsNamedEpoch(label);
+            if (!isEpoch || (unit != 0 && unit != epoch)) continue;
             TimeRecipe absolute = recipe;
             absolute.Unit = epoch;
             absolute.IsAbsolute = true;
             absolute.IsUtc = true;
-            Consider(absolute, 0.98, rows, found);
+            Consider(absolute, IsNamedEpoch(label) ? 1.03 : 0.98, rows, found);
         }
         // Days of a spreadsheet since 30 December 1899, Julian days since a noon, days of a year whose number
         // is above.
@@ -412,7 +419,7 @@ void FindNumbers(const TableRows& rows, const Labels& labels, const PreambleClue
             days.IsAbsolute = true;
             Consider(days, 0.9, rows, found);
         };
-        const bool isDated = isTime || IsNamedDate(label);
+        const bool isDated = (isTime || IsNamedDate(label)) && (unit == 0 || unit == DayLength);
         if (isDated && hasFractions && first > 30'000 && first < 60'000) considerDays(25'569, 0);
         if (hasFractions && first > 2'400'000 && first < 2'500'000) considerDays(2'440'588, DayLength / 2);
         if (clues.Year && hasFractions && first >= 0 && first < 367 && IsDayOfYear(label))
@@ -441,6 +448,16 @@ void FindNumbers(const TableRows& rows, const Labels& labels, const PreambleClue
         }
         times.Trial = Try(times.Recipe, rows);
     }
+}
+// Texts that all name their zone are moments, also where the zone changes between summer and winter.
+void ApplyZones(FoundTimes& times, const TableRows& rows) {
+    TimeRecipe zoned = times.Recipe;
+    zoned.AppliesZone = true;
+    if (zoned.Kind != TimeKind::Text || !zoned.IsAbsolute) return;
+    const TimeTrial trial = Try(zoned, rows);
+    if (trial.Read != times.Trial.Read) return;
+    times.Recipe = zoned;
+    times.Trial = trial;
 }
 }  // namespace
 
@@ -537,6 +554,7 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
         const std::vector<std::size_t> columns = ColumnsOf(times.Recipe);
         times.IsNamed = std::any_of(columns.begin(), columns.end(),
                                     [&](std::size_t column) { return IsNamedTime(LabelOf(labels, column)); });
+        ApplyZones(times, rows);
         return times;
     }
     // No column holds times: rows follow each other at an interval.
