@@ -17,9 +17,41 @@ std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
     if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
     return objections;
 }
+void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
+    if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
+    if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
+}
+
+// The word of a certainty, the same in every language.
+const char* CodeOf(Certainty certainty) {
+    constexpr const char* Codes[] = {"certain", "likely", "guess"};
+    return Codes[static_cast<int>(certainty)];
+}
+
+// A line for each assumption, with what speaks against it below.
+void WriteAssumptions(ReportStream out, const guess::TimeGuess& guess) {
+    out << ReportLabel(Phrase("assumed"));
+    const char* indent = "";
+    for (const Assumption& one : guess.Assumed) {
+        out << indent << one.Text << " (" << CertaintyInWords(one.Sureness) << ")\n";
+        for (const std::string& objection : one.Objections)
+            out << Indent << "  " << Phrase("but: {}", objection) << "\n";
+        indent = Indent;
+    }
+    if (!guess.Settings.empty()) {
+        out << Indent << Phrase("as options: {}", OptionsText(guess.Settings)) << "\n";
+    } else {
+        out << Indent << Phrase("`kelvarin-import prepare FILE` writes such a copy to keep") << "\n";
+    }
+}
 }  // namespace
 
 void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
+    if (!guess.Assumed.empty()) {
+        WriteAssumptions(out, guess);
+        WriteSaving(out, guess);
+        return;
+    }
     out << ReportLabel(Phrase("guess"));
     if (!guess.Failure.empty()) {
         out << Phrase("none: {}", guess.Failure) << "\n";
@@ -33,17 +65,23 @@ void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
         out << Indent << Phrase("but: {}", objection) << "\n";
     if (!guess.OtherBasis.empty())
         out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
-    if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
-    if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
+    WriteSaving(out, guess);
 }
 
 Json GuessToJson(const guess::TimeGuess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
-    constexpr const char* Certainties[] = {"certain", "likely", "guess"};  // the same in every language
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
-    return {{"certainty", Certainties[static_cast<int>(guess.Sureness)]},
+    Json assumed = Json::array();
+    for (const Assumption& one : guess.Assumed) {
+        assumed.push_back({{"kind", one.Kind},
+                           {"text", one.Text},
+                           {"certainty", CodeOf(one.Sureness)},
+                           {"objections", one.Objections}});
+    }
+    return {{"certainty", CodeOf(guess.Sureness)},
             {"basis", guess.Basis},
+            {"assumed", assumed},
             {"settings", settings},
             {"options", OptionsText(guess.Settings)},
             {"fixedInterval", guess.IsFixedInterval},

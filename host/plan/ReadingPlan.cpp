@@ -132,17 +132,19 @@ bool IsCountName(std::u16string_view name) {
 }
 
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
-    const FileSample sample = SampleFile(path);
+    FileSample sample = SampleFile(path);
     const std::optional<FoundTable> table = FindTable(sample);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
-    const TableRows rows = RowsOf(sample, *table);
+    TableRows rows = RowsOf(sample, *table);
     ReadingPlan plan{table->How,
                      table->Width,
                      sample.Lines[table->First].Number,
                      labels.NamesLine,
                      labels.UnitsLine,
                      MarkOf(table->How, rows),
+                     {},
+                     {},
                      {},
                      {},
                      rows.Cells.size(),
@@ -164,6 +166,7 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
         }
         if (column.Unit.empty() && counts.Amounts > 0 && counts.Amounts == counts.Text)
             column.Unit = counts.AmountUnit;
+        column.HasAmounts = counts.Amounts > 0;
         column.Type = counts.Type(!column.Unit.empty() || IsCountName(column.Name));
         if (!plan.Times) continue;
         const TimeRecipe& recipe = plan.Times->Recipe;
@@ -171,6 +174,8 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
                         std::any_of(recipe.Parts.begin(), recipe.Parts.end(),
                                     [i](const PartColumn& part) { return part.Column == i; });
     }
+    plan.Sample = std::move(sample);
+    plan.Rows = std::move(rows);
     return plan;
 }
 }  // namespace kelvarin::plan
