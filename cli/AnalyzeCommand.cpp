@@ -17,7 +17,7 @@ namespace {
 int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& options,
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    FileReading reading(module, file, common, options, nullptr);
+    FileReading reading(module, file, common, options);
     RunOptions run;
     run.Reading = reading.Automatic();
     HostSession session(module, path, std::move(run));

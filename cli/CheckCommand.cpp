@@ -64,7 +64,8 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Che
     const std::u16string path = PathFromNative(file);
     check::LineSet rejected;
     ProgressLine progress(file);
-    FileReading reading(module, file, common, options.Reading, &progress);
+    FileReading reading(module, file, common, options.Reading,
+                        [&progress](std::uint32_t percent) { progress.Show(percent); });
     CheckReport report{file, {}, {}, {}, 0, {}, nullptr};
     do {
         rejected = {};

@@ -215,7 +215,7 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const R
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
     explain::AnalysisRecord record;
-    FileReading reading(module, file, common, options, nullptr);
+    FileReading reading(module, file, common, options);
     RunOptions run;
     run.Reading = reading.Automatic();
     HostSession session(module, path, std::move(run));

@@ -10,13 +10,14 @@
 
 namespace kelvarin::cli {
 namespace {
-plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options, ProgressLine* progress) {
+plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
+                                           std::function<void(std::uint32_t)> onProgress) {
     plan::AutomaticOptions automatic;
     automatic.IsOff = options.NoGuess;
+    automatic.ColumnsOnly = options.ColumnsOnly;
     automatic.Wishes = options.Wishes;
     automatic.Cancel = &InterruptFlag();
-    if (progress != nullptr)
-        automatic.OnProgress = [progress](std::uint32_t percent) { progress->Show(percent); };
+    automatic.OnProgress = std::move(onProgress);
     return automatic;
 }
 
@@ -93,11 +94,12 @@ void AddSaveOption(CLI::App& command, ReadingOptions& options) {
 }
 
 FileReading::FileReading(const ModuleLoader& module, const std::string& file, const CommonOptions& common,
-                         const ReadingOptions& options, ProgressLine* progress)
+                         const ReadingOptions& options, std::function<void(std::uint32_t)> onProgress)
     : Module(module),
       File(file),
       IsToBeSaved(options.Save),
-      Plan(module, PathFromNative(file), common.Settings, AutomaticOptionsFor(options, progress)) {
+      Plan(module, PathFromNative(file), common.Settings,
+           AutomaticOptionsFor(options, std::move(onProgress))) {
     if (Plan.Plan() != nullptr) {
         Found = plan::GuessOf(Plan);
         if (options.Save) Save();
@@ -123,6 +125,8 @@ int FileReading::WithComplaints(int status) const {
     if (Found && Found->IsSaveLost) status = WorseStatus(status, Fail(File + ".info", Found->SaveFailure));
     for (const std::u16string& column : Plan.UnknownColumns())
         status = WorseStatus(status, Fail(File, Phrase("there is no column '{}'", Utf16ToUtf8(column))));
+    if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
+        status = Fail(File, Plan.WhyUnread());
     if (!Plan.CopyFailure().empty())
         ComplainAbout(File, Phrase("no clean copy could be made: {}", Plan.CopyFailure()));
     return status;

@@ -1,21 +1,22 @@
 // How a command reads a file: by what is found of it, by what the user has said, or as the module alone does.
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "cli/CommandLine.h"
-#include "cli/ProgressLine.h"
 #include "host/guess/TimeGuess.h"
 #include "host/plan/AutomaticReading.h"
 
 namespace kelvarin::cli {
 struct ReadingOptions {
     bool NoGuess = false;
-    bool GuessTime = false;  // says what is the default
-    bool Save = false;       // keep what was found in a sidecar beside the file
+    bool GuessTime = false;    // says what is the default
+    bool ColumnsOnly = false;  // as that of AutomaticOptions
+    bool Save = false;         // keep what was found in a sidecar beside the file
     std::vector<plan::ColumnWish> Wishes;
 };
 
@@ -28,9 +29,9 @@ void AddSaveOption(CLI::App& command, ReadingOptions& options);
 // What is found of a file, in force for everything that is done with it while the object lives.
 class FileReading {
   public:
-    // `progress` shows the making of a copy; null for nothing.
+    // `onProgress` gets each new percentage of the making of a copy; may be empty.
     FileReading(const ModuleLoader& module, const std::string& file, const CommonOptions& common,
-                const ReadingOptions& options, ProgressLine* progress);
+                const ReadingOptions& options, std::function<void(std::uint32_t)> onProgress = {});
 
     // For the options of a run or a check of the file.
     plan::AutomaticReading* Automatic() { return &Plan; }

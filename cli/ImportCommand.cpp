@@ -160,7 +160,8 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
                        const std::string& file, StoreFile& store) {
     const std::u16string path = PathFromNative(file);
     ProgressLine progress(file);
-    FileReading reading(module, file, common, options.Reading, &progress);
+    FileReading reading(module, file, common, options.Reading,
+                        [&progress](std::uint32_t percent) { progress.Show(percent); });
     std::optional<HostSession> session;
     RunResult result;
     do {
@@ -172,7 +173,8 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
         result = session->Run();
     } while (!result.Interrupted && reading.TakesCopy());
     result.Interrupted |= reading.Automatic()->IsInterrupted();
-    const std::string reason = WhyFailed(path, result, *session);
+    std::string reason = WhyFailed(path, result, *session);
+    if (reason.empty()) reason = reading.Automatic()->WhyUnread();
     const std::uint64_t samples = CountSamples(session->Device());
     const bool hasStored = store.EndRun(*session, reason.empty() && !result.Interrupted);
     progress.Clear();

@@ -90,7 +90,7 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const Sid
     ReadingOptions wanted;
     wanted.NoGuess = !options.GuessTime;
     wanted.GuessTime = options.GuessTime;
-    FileReading reading(module, file, common, wanted, nullptr);
+    FileReading reading(module, file, common, wanted);
     const guess::TimeGuess* const guess = reading.Guess();
     std::string reason = WhyKept(path, options.Force);
     if (reason.empty() && guess != nullptr) reason = guess->Failure;

@@ -75,6 +75,8 @@ store::SampleOrigin HostSession::Origin() const {
     if (const CCsvImportSettings* const settings = SettingsOf(*ImportFilter))
         origin.Settings = SettingsAsText(*settings);
     origin.BaseTime = Options.BaseTime;
+    origin.IsAutomatic = Options.Reading != nullptr && Options.Reading->Plan() != nullptr;
+    origin.IsCopied = origin.IsAutomatic && Options.Reading->Copy() != nullptr;
     origin.IsRelative = ReadingOf(*ImportFilter).DateSetting == DateNone;
     return origin;
 }

@@ -175,6 +175,28 @@ constexpr Translation Texts[] = {
     {"explained", "erklärt"},
     {"written", "geschrieben"},
     {"there are no texts for '{}'; allowed are {}", "für '{}' gibt es keine Texte; erlaubt sind {}"},
+    // How a file is read.
+    {"Find out how the file is built, use and print it (the default)",
+     "Herausfinden, wie die Datei aufgebaut ist, es verwenden und ausgeben (die Vorgabe)"},
+    {"Find out how the file is built, and write that",
+     "Herausfinden, wie die Datei aufgebaut ist, und das ablegen"},
+    {"Read the file as the module alone does, under the settings in force",
+     "Die Datei so lesen, wie es das Modul allein unter den geltenden Einstellungen tut"},
+    {"Keep what was found in FILE.info", "Das Gefundene in FILE.info ablegen"},
+    {"Data type of a column, by number or name: boolean, integer, hex, float, character, text; repeatable",
+     "Datentyp einer Spalte, nach Nummer oder Name: boolean, integer, hex, float, character, text; mehrfach "
+     "möglich"},
+    {"Name of a column's signal; repeatable", "Name des Signals einer Spalte; mehrfach möglich"},
+    {"Unit of a column's signal; repeatable", "Einheit des Signals einer Spalte; mehrfach möglich"},
+    {"Make no signal of a column; repeatable", "Aus einer Spalte kein Signal machen; mehrfach möglich"},
+    {"'{}' is no data type; allowed are {}", "'{}' ist kein Datentyp; erlaubt sind {}"},
+    {"'{}' is not of the form COLUMN=VALUE", "'{}' hat nicht die Form COLUMN=VALUE"},
+    {"there is no column '{}'", "es gibt keine Spalte '{}'"},
+    {"no clean copy could be made: {}", "es konnte keine bereinigte Kopie gemacht werden: {}"},
+    {"assumed", "angenommen"},
+    {"as options: {}", "als Optionen: {}"},
+    {"`kelvarin-import prepare FILE` writes such a copy to keep",
+     "`kelvarin-import prepare FILE` schreibt eine solche Kopie zum Aufheben"},
 };
 }  // namespace
 

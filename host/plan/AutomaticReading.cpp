@@ -63,14 +63,19 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     settled.Table |= isAnyChosen(TableKeys);
     AreTimesChosen = settled.Times || isAnyChosen(TimeKeys);
     HasTableAlone = !Options.IsOff && !settled.All && settled.Table && !AreTimesChosen;
-    if (!Options.IsOff && !settled.All && !settled.Table) {
+    if (!Options.IsOff && (Options.ColumnsOnly || (!settled.All && !settled.Table))) {
         try {
             Found = FindPlan(path);
         } catch (CFileException* failure) {
-            failure->Delete();  // an import of the file says why it can't be read
+            Unread = Utf16ToUtf8(DescribeFileError(*failure));
+            failure->Delete();
         }
     }
-    if (Found) FollowDirectly();
+    if (Found && Options.ColumnsOnly) {
+        ChooseColumns();
+    } else if (Found) {
+        FollowDirectly();
+    }
     ApplyWishes();
 }
 
@@ -214,7 +219,8 @@ bool AutomaticReading::AreLossesAvoidable() const {
 }
 
 bool AutomaticReading::TakesCopy() {
-    if (!Found || Copied || AreTimesChosen || !Found->Times || !AreLossesAvoidable()) return false;
+    if (!Found || Copied || AreTimesChosen || Options.ColumnsOnly || !Found->Times || !AreLossesAvoidable())
+        return false;
     MakeCopy();
     if (Copied) ApplyWishes();
     return Copied.has_value();

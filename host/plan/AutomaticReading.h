@@ -26,7 +26,8 @@ struct ColumnWish {
 };
 
 struct AutomaticOptions {
-    bool IsOff = false;  // nothing is found, only the wishes are followed
+    bool IsOff = false;        // nothing is found, only the wishes are followed
+    bool ColumnsOnly = false;  // the settings in force stay; names, units and types are found
     std::vector<ColumnWish> Wishes;
     const std::atomic<bool>* Cancel = nullptr;      // ends the making of a copy
     std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage of a copy; may be empty
@@ -49,6 +50,10 @@ class AutomaticReading : private IReadingGuide {
 
     // Of the copy that is read in place of the file; null for none.
     const CopyResult* Copy() const { return Copied ? &*Copied : nullptr; }
+
+    // Why the file could not be looked at, so that it is read otherwise than it is at other times; empty if
+    // it could.
+    const std::string& WhyUnread() const { return Unread; }
 
     // Why there is no copy although one is needed; empty if none is.
     const std::string& CopyFailure() const { return Failure; }
@@ -108,6 +113,7 @@ class AutomaticReading : private IReadingGuide {
     Losses Lost;
     std::unique_ptr<ScratchFile> CopyFile;
     std::optional<CopyResult> Copied;
+    std::string Unread;
     std::string Failure;
     bool Interrupted = false;
 };
