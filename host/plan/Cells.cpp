@@ -14,7 +14,9 @@ bool IsSeparatorAt(const Cut& how, char16_t c) {
 }
 
 bool IsOneOf(std::u16string_view cell, const std::u16string_view* begin, const std::u16string_view* end) {
-    return std::any_of(begin, end, [&](std::u16string_view word) { return EqualsIgnoreCase(cell, word); });
+    return std::any_of(begin, end, [&](std::u16string_view word) {
+        return cell.size() == word.size() && EqualsIgnoreCase(cell, word);
+    });
 }
 
 bool IsHex(std::u16string_view cell) {

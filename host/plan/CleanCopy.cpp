@@ -86,6 +86,10 @@ CopyResult CopyInPasses(const std::u16string& source, const ReadingPlan& plan, C
         const bool isWrong = !areTypesFinal && pass.HasWrongTypes();
         CopyResult result = pass.TakeResult();
         if (!isWrong) {
+            if (result.Rows.Written == 0) {
+                result.Failure = Phrase("no line of the table has a time");
+                return result;
+            }
             target.Finish();
             progress(1);
             return result;

@@ -12,6 +12,14 @@ bool IsPlain(char16_t c) {
     return c > u' ' && c < 0x7F && c != u'"';
 }
 
+// Appends a text of ASCII characters, one of them replaced.
+void AppendNarrow(std::u16string_view text, char16_t from, char to, std::string& out) {
+    const std::size_t begin = out.size();
+    out.resize(begin + text.size());
+    char* next = out.data() + begin;
+    for (const char16_t c : text) *next++ = c == from ? to : static_cast<char>(c);
+}
+
 // A number as the module reads it; false for one whose decimal mark can't be told from one of thousands.
 bool AppendNumber(std::u16string_view number, const NumberLook& look, char16_t mark, std::string& out) {
     char16_t decimal = look.Mark;
@@ -43,19 +51,16 @@ TruthWord TruthOf(std::u16string_view cell) {
         {u"ja", TruthWord::True},      {u"nein", TruthWord::False},   {u"wahr", TruthWord::True},
         {u"falsch", TruthWord::False}, {u"open", TruthWord::Unclear}, {u"closed", TruthWord::Unclear},
     };
-    const auto word = std::find_if(std::begin(Words), std::end(Words),
-                                   [&](const Word& one) { return EqualsIgnoreCase(cell, one.Text); });
+    const auto word = std::find_if(std::begin(Words), std::end(Words), [&](const Word& one) {
+        return cell.size() == one.Text.size() && EqualsIgnoreCase(cell, one.Text);
+    });
     return word == std::end(Words) ? TruthWord::None : word->Value;
 }
 }  // namespace
 
 void AppendTextCell(std::u16string_view text, std::string& out) {
-    const auto special = std::find_if_not(text.begin(), text.end(), IsPlain);
-    if (special == text.end()) {
-        const std::size_t begin = out.size();
-        out.resize(begin + text.size());
-        std::transform(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(begin),
-                       [](char16_t c) { return static_cast<char>(c); });
+    if (std::all_of(text.begin(), text.end(), IsPlain)) {
+        AppendNarrow(text, u'\0', '\0', out);
         return;
     }
     std::u16string safe(text);
@@ -77,10 +82,13 @@ CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t ma
 void CellCopier::Append(std::u16string_view cell, std::string& out) {
     All.Add(cell, Mark);
     if (cell.empty()) return;
-    const PlainNumber plain = LookAtPlainNumber(cell, Mark);
-    const bool isAsItIs = plain.Digits != 0 && (Mark == u'.' || !plain.HasMark);
+    if (const PlainNumber plain = LookAtPlainNumber(cell, Mark); plain.Digits != 0) {
+        Numbers += plain.HasMark && Mark != u'.';
+        AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', out);
+        return;
+    }
     Rewritten.clear();
-    if (!isAsItIs && Rewrite(cell) && Own != Kind::Texts) {
+    if (Rewrite(cell) && Own != Kind::Texts) {
         out += Rewritten;
     } else {
         AppendTextCell(cell, out);

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/plan/MinuteMemo.h"
 #include "host/plan/TimeText.h"
 
 namespace kelvarin::plan {
@@ -75,6 +76,7 @@ class TimeWalk {
 
   private:
     const TimeRecipe& Recipe;
+    MinuteMemo Memo;
     std::int64_t Before = 0;
     std::int64_t Days = 0;  // added so far, in ns
     std::int64_t Row = 0;
