@@ -129,7 +129,10 @@ bool IsCountName(std::u16string_view name) {
 }
 
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
-    const FileSample sample = SampleFile(path);
+    return FindPlan(SampleFile(path));
+}
+
+std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
     const std::optional<FoundTable> table = FindTable(sample);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);

@@ -59,6 +59,9 @@ struct ReadingPlan {
     bool IsWholeLookedAt = false;  // every line of the file was looked at
 };
 
+// Nothing if the lines hold no table.
+std::optional<ReadingPlan> FindPlan(const FileSample& sample);
+
 // Nothing if the file has no table. Raises CFileException.
 std::optional<ReadingPlan> FindPlan(const std::u16string& path);
 }  // namespace kelvarin::plan
