@@ -61,7 +61,8 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         for (const std::u16string_view cell : cells) {
             line.Cells.emplace_back(cell);
             line.Filled += !cell.empty();
-            line.Units += IsUnit(WithoutBrackets(cell));
+            // "t" is rather the name of the time than tonnes.
+            line.Units += cell != u"t" && IsUnit(WithoutBrackets(cell));
         }
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);

@@ -108,9 +108,18 @@ void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, s
         joint.Columns = {column, other};
         FoundTimes* const found = Consider(joint, 1.0 - 0.01 * static_cast<double>(distance));
         if (found != nullptr) found->Order = date.Order;
-    } else if (isNumber && (isNamed || distance == 1)) {
+    } else if (isNumber && (isNamed || (distance == 1 && MayBeHours(other)))) {
         AddHoursBeside(date, other, isNamed ? 0.97 : 0.9);
     }
+}
+
+// Without a name, numbers are hours only if they go far into the day; other small ones count something else.
+bool TimeCandidates::MayBeHours(std::size_t column) const {
+    const NumberBounds bounds = BoundsOf(column);
+    constexpr std::int64_t LateHour = 18;
+    const bool areFourDigits = std::all_of(Texts[column].begin(), Texts[column].end(),
+                                           [](const auto& text) { return text.size() == 4; });
+    return bounds.IsWithin(0, 2400) && (areFourDigits || bounds.Most >= LateHour);
 }
 
 void TimeCandidates::AddHoursBeside(const FoundTimes& date, std::size_t other, double weight) {

@@ -51,6 +51,7 @@ class TimeCandidates {
     // TextCandidates.cpp.
     void AddDates(std::size_t column);
     void AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance);
+    bool MayBeHours(std::size_t column) const;
     void AddHoursBeside(const FoundTimes& date, std::size_t other, double weight);
     void AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style);
     void AddJointDigits(std::size_t column);

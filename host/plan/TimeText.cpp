@@ -127,12 +127,16 @@ class TimeReader {
 
     // Day and year stand around the name of the month, or after it.
     bool ReadNamedMonth() {
-        // The clock's groups follow each other by colons.
+        // The clock's groups follow each other by colons, or by points after the date's two.
         std::vector<DigitGroup> dates;
         std::vector<DigitGroup> clock;
+        const bool isDotted = Groups.size() > 3 && Groups[2].AfterBlank && Groups[3].Before == u"." &&
+                              std::none_of(Groups.begin(), Groups.end(),
+                                           [](const DigitGroup& group) { return group.Before == u":"; });
         for (std::size_t i = 0; i < Groups.size(); ++i) {
             const bool isClock =
-                Groups[i].Before == u":" || (i + 1 < Groups.size() && Groups[i + 1].Before == u":") ||
+                (isDotted && i > 1) || Groups[i].Before == u":" ||
+                (i + 1 < Groups.size() && Groups[i + 1].Before == u":") ||
                 (!clock.empty() && i > 0 && !Groups[i].AfterBlank &&
                  (Groups[i].Before == u"." || Groups[i].Before == u",") && Groups[i - 1].Before == u":");
             (isClock ? clock : dates).push_back(Groups[i]);

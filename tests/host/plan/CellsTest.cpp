@@ -155,6 +155,27 @@ TEST(PlanCells, NumbersHaveMarksAndThousands) {
     for (const CellCase& c : cases) EXPECT_EQ(NumberInWords(c.Cell), c.Outcome) << c.Cell;
 }
 
+TEST(PlanCells, AmountsAreNumbersWithUnits) {
+    const CellCase cases[] = {{"72%", "72|%"},
+                              {"26,2 °C", "26,2|°C"},
+                              {"+   74.65 g", "+74.65|g"},
+                              {"-3V", "-3|V"},
+                              {"36.5 dB(A)", "36.5|dB(A)"},
+                              {"72", "none"},
+                              {"1.5e-3", "none"},
+                              {"1:1", "none"},
+                              {"5/8", "none"},
+                              {"10 green bottles", "none"},
+                              {"V", "none"},
+                              {"", "none"}};
+    for (const CellCase& c : cases) {
+        const std::optional<Amount> amount = AmountIn(Utf8ToUtf16(c.Cell));
+        const std::string shown =
+            amount ? Utf16ToUtf8(amount->Number) + "|" + Utf16ToUtf8(amount->Unit) : "none";
+        EXPECT_EQ(shown, c.Outcome) << c.Cell;
+    }
+}
+
 TEST(PlanCells, AreTakenOutOfBrackets) {
     const CellCase cases[] = {{"(1.5)", "1.5"}, {"[ mV ]", "mV"}, {"()", ""},       {"(a", "(a"},
                               {"[a)", "[a)"},   {" x ", "x"},     {"((1))", "(1)"}, {"", ""}};

@@ -46,15 +46,18 @@ TEST(PlanTypes, AreWhatAllCellsAre) {
         {{"0x1F", "0x20"}, "hexadecimal"},
         {{"1F", "20", "A0"}, "hexadecimal"},
         {{"00000270", "000002E4"}, "hexadecimal"},
-        {{"2BF", "5DC", "0C4"}, "hexadecimal"},
         {{"BF", "4C", "E2"}, "hexadecimal"},
         {{"AB", "CD", "EF"}, "text"},
+        {{"A1", "B2", "A3"}, "text"},  // names
+        {{"2BF", "5DC", "0C4"}, "text"},
         {{"1.5", "1e5"}, "float"},
         {{"12", "345"}, "integer"},
         // Numbers with one unit after each.
         {{"72%", "64%"}, "integer"},
         {{"26.2 V", "25 V"}, "float"},
         {{"26.2 V", "25 A"}, "text"},
+        {{"+  7.5 g", "-  0.3 g"}, "float"},
+        {{"1:1", "1:2"}, "text"},
     };
     for (const TypeCase& c : cases) {
         CellCounts counts;
@@ -119,8 +122,12 @@ TEST(ReadingPlan, HoldsColumnsOfAllKinds) {
          "t time|I [A] {A} integer|on boolean mark ."},
         // Thousands: the mark that both have between digits is the other one.
         {"t;v\n10:00:00;1.528,53\n10:00:01;1.600,00\n10:00:02;17,25\n", "t time|v float mark ,"},
+        // Identifiers beside bytes.
+        {"t;Id;B0\n10:00:00;5DC;38\n10:00:01;1A0;F9\n10:00:02;0C4;6E\n10:00:03;2BF;A1\n",
+         "t time|Id hexadecimal|B0 hexadecimal mark ."},
         // Rows that are longer than most have columns, too.
-        {"t;v\n10:00:00;1;7\n10:00:01;2\n10:00:02;3\n10:00:03;4\n", "t time|v integer| integer mark ."},
+        {"t;v\n10:00:00;1\n10:00:01;2\n10:00:01;2;7\n10:00:02;3\n10:00:03;4\n",
+         "t time|v integer| integer mark ."},
     };
     for (const PlanCase& c : cases) EXPECT_EQ(PlanInWords(c.Text), c.Plan) << c.Text;
 }
