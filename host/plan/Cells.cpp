@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "host/plan/TimeText.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
@@ -181,6 +182,22 @@ PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
         if (!IsDigit(cell[at])) return {};
     }
     return {digits, true};
+}
+
+std::optional<Amount> AmountIn(std::u16string_view cell) {
+    if (LookAtNumber(cell)) return std::nullopt;  // "1.5e-3"
+    std::size_t at = !cell.empty() && (cell[0] == u'+' || cell[0] == u'-') ? 1 : 0;
+    std::u16string number(cell.substr(0, at));
+    while (at < cell.size() && cell[at] == u' ') ++at;
+    const std::size_t begin = at;
+    while (at < cell.size() && (IsDigit(cell[at]) || cell[at] == u'.' || cell[at] == u',')) ++at;
+    if (at == begin || at == cell.size()) return std::nullopt;
+    number += cell.substr(begin, at - begin);
+    const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
+    constexpr std::size_t LongestUnit = 8;
+    if (unit.empty() || unit.size() > LongestUnit || unit.find(u' ') != unit.npos) return std::nullopt;
+    const bool isUnit = IsLetter(unit[0]) || std::u16string_view(u"%°‰ΩÅ").find(unit[0]) != unit.npos;
+    return isUnit ? std::optional(Amount{std::move(number), std::u16string(unit)}) : std::nullopt;
 }
 
 double ValueOf(std::u16string_view number, const NumberLook& look) {

@@ -75,6 +75,16 @@ struct PlainNumber {
 // What almost all numbers are, found in few steps.
 PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark);
 
+// A number and the unit after it, apart or not: "72%", "26,2 °C", "+  74.65 g".
+struct Amount {
+    std::u16string Number;  // with its sign, without blanks
+    std::u16string Unit;
+};
+
+// Nothing for a text that is no amount: a number, one without a unit, or with a ratio or several words after
+// the number.
+std::optional<Amount> AmountIn(std::u16string_view cell);
+
 // The value of a number with this decimal mark; a mark between thousands is stepped over.
 double ValueOf(std::u16string_view number, const NumberLook& look);
 }  // namespace kelvarin::plan

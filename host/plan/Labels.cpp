@@ -61,7 +61,8 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         for (const std::u16string_view cell : cells) {
             line.Cells.emplace_back(cell);
             line.Filled += !cell.empty();
-            line.Units += IsUnit(WithoutBrackets(cell));
+            // "t" is rather the name of the time than tonnes.
+            line.Units += cell != u"t" && IsUnit(WithoutBrackets(cell));
         }
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);
@@ -119,8 +120,17 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         if (IsKindsLine(line.Cells) && lines.size() > 1 && &line != &lines.back()) continue;
         if (isAboveUnits || (!isNumbers && IsUnlikeRows(shape, table))) return &line;
     }
-    // A table of one or two columns may have names that are units too.
-    return lines.empty() || lines.size() > 1 || lines.front().Filled == 0 ? nullptr : &lines.front();
+    // Names may be units too, such as A, B and C: those that are not all units are names, above or below
+    // others that are.
+    for (const LabelLine& line : lines) {
+        const bool hasUnits = std::any_of(lines.begin(), lines.end(), [&](const LabelLine& other) {
+            return &other != &line && other.Units == other.Filled;
+        });
+        if (hasUnits && line.Units > 0 && line.Units < line.Filled) return &line;
+    }
+    if (lines.size() != 1 || lines.front().Filled == 0) return nullptr;
+    const RowShape& only = table.Shapes[lines.front().Index];
+    return 2 * only.Numbers > only.Filled ? nullptr : &lines.front();
 }
 }  // namespace
 

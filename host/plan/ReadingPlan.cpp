@@ -1,6 +1,7 @@
 #include "host/plan/ReadingPlan.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 #include <utility>
 
@@ -16,26 +17,46 @@ char16_t MarkOf(const Cut& how, const TableRows& rows) {
     std::size_t points = 0;
     for (const auto& row : rows.Cells) {
         for (const std::u16string& cell : row) {
-            const std::optional<NumberLook> look = LookAtNumber(cell);
+            const std::optional<Amount> amount = AmountIn(cell);
+            const std::u16string_view number = amount ? amount->Number : cell;
+            const std::optional<NumberLook> look = LookAtNumber(number);
             if (!look || look->Mark == u'\0') continue;
-            const bool isDoubtful = look->Thousands == u'\0' && cell.size() - cell.find(look->Mark) == 4;
+            const bool isDoubtful = look->Thousands == u'\0' && number.size() - number.find(look->Mark) == 4;
             (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : 1000;
         }
     }
     return commas > points ? u',' : u'.';
 }
 
-// A number after which a unit follows, apart or not.
-std::optional<std::pair<std::u16string_view, std::u16string_view>> AmountIn(std::u16string_view cell) {
-    std::size_t at = !cell.empty() && (cell[0] == u'+' || cell[0] == u'-') ? 1 : 0;
-    while (at < cell.size() && cell[at] == u' ') ++at;
-    const std::size_t begin = at;
-    while (at < cell.size() && (IsDigit(cell[at]) || cell[at] == u'.' || cell[at] == u',')) ++at;
-    if (at == begin || at == cell.size()) return std::nullopt;
-    const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
-    if (unit.empty() || unit.size() > 8 || IsDigit(unit.front()) || unit.find(u' ') != unit.npos)
-        return std::nullopt;
-    return std::pair(cell.substr(begin, at - begin), unit);
+bool Reads(const TimeRecipe& recipe, std::size_t column) {
+    const std::vector<std::size_t> columns = ColumnsOf(recipe);
+    return std::find(columns.begin(), columns.end(), column) != columns.end();
+}
+
+// The columns of the plan, which has its decimal mark and its times already.
+void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) {
+    std::size_t width = plan.Width;
+    for (const auto& row : rows.Cells) width = std::max(width, row.size());
+    plan.Columns.resize(width);
+    std::vector<CellCounts> counts(width);
+    for (const auto& row : rows.Cells) {
+        for (std::size_t i = 0; i < row.size(); ++i) counts[i].Add(row[i], plan.Mark);
+    }
+    const bool hasHexadecimal = std::any_of(counts.begin(), counts.end(), [](const CellCounts& one) {
+        return one.Type(false) == ColumnType::Hexadecimal;
+    });
+    for (std::size_t i = 0; i < width; ++i) {
+        PlannedColumn& column = plan.Columns[i];
+        if (i < labels.Columns.size()) {
+            column.Name = labels.Columns[i].Name;
+            column.Unit = labels.Columns[i].Unit;
+        }
+        if (column.Unit.empty() && counts[i].Amounts > 0 && counts[i].Amounts == counts[i].Text)
+            column.Unit = counts[i].AmountUnit;
+        column.HasAmounts = counts[i].Amounts > 0;
+        column.Type = counts[i].Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
+        column.IsTime = plan.Times && Reads(plan.Times->Recipe, i);
+    }
 }
 }  // namespace
 
@@ -58,6 +79,8 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         ++HexDigits;
         Prefixed += isPrefixed;
         Letters += !std::all_of(digits.begin(), digits.end(), IsDigit);
+        for (std::size_t place = 0; place < digits.size(); ++place)
+            (IsDigit(digits.rbegin()[place]) ? DigitPlaces : LetterPlaces) |= 1u << place;
     }
     if (plain.Digits != 0) {
         AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark);
@@ -87,25 +110,29 @@ void CellCounts::AddText(std::u16string_view cell, char16_t mark) {
     }
     ++Text;
     Single += cell.size() == 1;
-    const auto amount = AmountIn(cell);
-    if (!amount || (Amounts > 0 && AmountUnit != amount->second)) return;
-    AmountUnit = amount->second;
+    const std::optional<Amount> amount = AmountIn(cell);
+    if (!amount || (Amounts > 0 && AmountUnit != amount->Unit)) return;
+    AmountUnit = amount->Unit;
     ++Amounts;
-    DecimalAmounts += amount->first.find(mark) != amount->first.npos;
+    DecimalAmounts += amount->Number.find(mark) != amount->Number.npos;
 }
 
-// Digits with a prefix, or so many in each cell and a letter in some: "00000270" beside "000002E4".
-bool CellCounts::IsHexadecimal() const {
+// Digits with a prefix, with digits and letters in the same places, or so many in each cell and a letter in
+// some: "00000270" beside "000002E4".
+bool CellCounts::IsHexadecimal(bool isBesideOthers) const {
     const std::uint64_t filled = Whole + Decimal + Truth + Text;
     if (HexDigits != filled || HexDigits == 0) return false;
     if (Prefixed == filled) return true;
+    // Names such as "A1" have their letters in one place, numbers in any.
+    const int mixed = std::popcount(static_cast<unsigned>(DigitPlaces & LetterPlaces));
+    if (mixed > 1 || (mixed == 1 && isBesideOthers)) return true;
     return Letters > 0 && LeastLength == MostLength && MostLength > 1 && 20 * Letters >= filled &&
            Letters < filled;
 }
 
-ColumnType CellCounts::Type(bool isCount) const {
+ColumnType CellCounts::Type(bool isCount, bool isBesideHexadecimal) const {
     const std::uint64_t numbers = Whole + Decimal;
-    if (IsHexadecimal()) return ColumnType::Hexadecimal;
+    if (IsHexadecimal(isBesideHexadecimal)) return ColumnType::Hexadecimal;
     if (Text > 0 && Amounts == Text && numbers + Truth == 0)
         return DecimalAmounts > 0 ? ColumnType::Float : ColumnType::Integer;
     // A few words among many numbers are what a device prints in place of a value.
@@ -133,6 +160,12 @@ bool IsCountName(std::u16string_view name) {
 
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
     FileSample sample = SampleFile(path);
+    std::optional<ReadingPlan> plan = FindPlan(sample);
+    if (plan) plan->Sample = std::move(sample);
+    return plan;
+}
+
+std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
     const std::optional<FoundTable> table = FindTable(sample);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
@@ -150,31 +183,7 @@ std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
                      rows.Cells.size(),
                      sample.IsWhole};
     plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
-    std::size_t width = table->Width;
-    for (const auto& row : rows.Cells) width = std::max(width, row.size());
-    plan.Columns.resize(width);
-    for (std::size_t i = 0; i < width; ++i) {
-        PlannedColumn& column = plan.Columns[i];
-        if (i < labels.Columns.size()) {
-            column.Name = labels.Columns[i].Name;
-            column.Unit = labels.Columns[i].Unit;
-        }
-        CellCounts counts;
-        for (std::size_t k = 0; k < rows.Cells.size(); ++k) {
-            const auto& row = rows.Cells[k];
-            if (i < row.size()) counts.Add(row[i], plan.Mark);
-        }
-        if (column.Unit.empty() && counts.Amounts > 0 && counts.Amounts == counts.Text)
-            column.Unit = counts.AmountUnit;
-        column.HasAmounts = counts.Amounts > 0;
-        column.Type = counts.Type(!column.Unit.empty() || IsCountName(column.Name));
-        if (!plan.Times) continue;
-        const TimeRecipe& recipe = plan.Times->Recipe;
-        column.IsTime = std::find(recipe.Columns.begin(), recipe.Columns.end(), i) != recipe.Columns.end() ||
-                        std::any_of(recipe.Parts.begin(), recipe.Parts.end(),
-                                    [i](const PartColumn& part) { return part.Column == i; });
-    }
-    plan.Sample = std::move(sample);
+    AddColumns(rows, labels, plan);
     plan.Rows = std::move(rows);
     return plan;
 }

@@ -19,22 +19,24 @@ struct CellCounts {
     std::uint64_t NotNumbers = 0;       // of Missing: "NaN"
     std::uint64_t Amounts = 0;          // of Text: numbers with AmountUnit after them
     std::u16string AmountUnit;
-    std::uint64_t DecimalAmounts = 0;             // of Amounts
-    std::uint64_t HexDigits = 0, Prefixed = 0;    // cells of hexadecimal digits alone; those with 0x
-    std::uint64_t Letters = 0;                    // of HexDigits: with a letter
-    std::size_t LeastLength = 0, MostLength = 0;  // of HexDigits
-    bool IsTooLong = false;                       // a whole number beyond 64 bits
+    std::uint64_t DecimalAmounts = 0;                 // of Amounts
+    std::uint64_t HexDigits = 0, Prefixed = 0;        // cells of hexadecimal digits alone; those with 0x
+    std::uint64_t Letters = 0;                        // of HexDigits: with a letter
+    std::size_t LeastLength = 0, MostLength = 0;      // of HexDigits
+    std::uint32_t DigitPlaces = 0, LetterPlaces = 0;  // of HexDigits: bits, from the right, that hold some
+    bool IsTooLong = false;                           // a whole number beyond 64 bits
 
     // `mark` is the decimal mark of the file.
     void Add(std::u16string_view cell, char16_t mark);
 
-    // `isCount`: the column's name or unit says that its numbers are no truth values.
-    ColumnType Type(bool isCount) const;
+    // `isCount`: the column's name or unit says that its numbers are no truth values. `isBesideHexadecimal`:
+    // another column of the table is hexadecimal.
+    ColumnType Type(bool isCount, bool isBesideHexadecimal = false) const;
 
   private:
     void AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark);
     void AddText(std::u16string_view cell, char16_t mark);
-    bool IsHexadecimal() const;
+    bool IsHexadecimal(bool isBesideOthers) const;
 };
 
 struct PlannedColumn {
@@ -61,6 +63,9 @@ struct ReadingPlan {
     std::size_t RowsLookedAt = 0;
     bool IsWholeLookedAt = false;  // every line of the file was looked at
 };
+
+// Nothing if the lines hold no table.
+std::optional<ReadingPlan> FindPlan(const FileSample& sample);
 
 // Nothing if the file has no table. Raises CFileException.
 std::optional<ReadingPlan> FindPlan(const std::u16string& path);

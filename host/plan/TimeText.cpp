@@ -4,41 +4,15 @@
 #include <vector>
 
 #include "host/plan/Durations.h"
-#include "host/plan/TimeWords.h"
-#include "host/plan/WordList.h"
+#include "host/plan/TimeGroups.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-// A run of digits, and what is between it and the run before: marks without blanks, "" for blanks alone.
-struct Group {
-    std::u16string_view Digits;
-    std::u16string Before;
-    bool AfterBlank = false;  // or after a letter T, or a word
-
-    std::int64_t Number() const {
-        std::int64_t number = 0;
-        for (const char16_t c : Digits) number = 10 * number + (c - u'0');
-        return number;
-    }
-    std::size_t Length() const { return Digits.size(); }
-};
-
 int DaysOfMonth(int year, int month) {
     constexpr int Days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
     return month == 2 && isLeap ? 29 : Days[month - 1];
-}
-
-std::u16string_view WithoutEnclosure(std::u16string_view text) {
-    text = TrimWhiteSpace(text);
-    if (text.starts_with(u'=')) text.remove_prefix(1);  // ="..." keeps a spreadsheet from reading the text
-    while (text.size() >= 2) {
-        const std::size_t kind = std::u16string_view(u"(['\"<").find(text.front());
-        if (kind == std::u16string_view::npos || text.back() != u")]'\">"[kind]) break;
-        text = TrimWhiteSpace(text.substr(1, text.size() - 2));
-    }
-    return text;
 }
 
 // Reads one text; an object a text.
@@ -47,7 +21,15 @@ class TimeReader {
     explicit TimeReader(const TimeStyle& style) : Style(style) {}
 
     std::optional<ParsedTime> Read(std::u16string_view text) {
-        if (!Cut(WithoutEnclosure(text))) return std::nullopt;
+        std::optional<TimeGroups> cut = CutTimeText(text);
+        if (!cut) return std::nullopt;
+        Groups = std::move(cut->Groups);
+        Half = cut->Half;
+        Time.Month = cut->Month;
+        Time.ZoneMinutes = cut->ZoneMinutes;
+        Time.IsSpan = cut->IsSpan;
+        Time.HasClock = cut->IsSpan;
+        Time.Clock = cut->Span;
         if (Time.IsSpan && Groups.empty()) return Time;
         if (Groups.empty() || !ReadDate() || !ReadClock() || At != Groups.size()) return std::nullopt;
         if (!Time.HasDate && !Time.HasClock) return std::nullopt;
@@ -55,146 +37,7 @@ class TimeReader {
     }
 
   private:
-    // Cuts a text into groups of digits; takes the words out of it. False for a text that is no time.
-    bool Cut(std::u16string_view text) {
-        constexpr std::size_t MostGroups = 9;
-        std::u16string marks;
-        bool hasBlank = false;
-        for (std::size_t at = 0; at < text.size();) {
-            const char16_t c = text[at];
-            std::size_t end = at + 1;
-            if (IsDigit(c)) {
-                while (end < text.size() && IsDigit(text[end])) ++end;
-                if (end - at > 18 || Groups.size() == MostGroups) return false;
-                if (IsZoneAhead(marks, text, at)) {
-                    if (!ReadZone(marks, text, at)) return false;
-                    at = ZoneEnd;
-                    marks.clear();
-                    continue;
-                }
-                if (IsHourMarked) marks = u":";
-                Groups.push_back({text.substr(at, end - at), marks, hasBlank && !IsHourMarked});
-                marks.clear();
-                hasBlank = false;
-                IsHourMarked = false;
-            } else if (IsLetter(c)) {
-                while (end < text.size() && IsLetter(text[end])) ++end;
-                if (!TakeWord(text.substr(at, end - at), text, end)) return false;
-                marks.clear();
-                hasBlank = true;
-            } else if (IsWhiteSpace(c) || c == 0xA0 || c == u'_' || c == u'|') {
-                hasBlank = true;
-            } else if (std::u16string_view(u".,:/-+'\"").find(c) != std::u16string_view::npos) {
-                marks += c;
-            } else {
-                return false;
-            }
-            at = end;
-        }
-        return marks.empty() || marks == u"." || marks == u",";
-    }
-
-    // A sign after a clock begins a zone; in "2019-12-03-09-01" the marks are those of a date.
-    bool IsZoneAhead(const std::u16string& marks, std::u16string_view, std::size_t) const {
-        if (marks != u"+" && marks != u"-" && marks != u":+") return false;
-        if (HasZoneWord) return true;
-        return std::any_of(Groups.begin(), Groups.end(),
-                           [](const Group& group) { return group.Before == u":"; }) ||
-               (HasT && marks == u"+");
-    }
-
-    bool ReadZone(const std::u16string& marks, std::u16string_view text, std::size_t at) {
-        std::size_t digits = at;
-        while (digits < text.size() && IsDigit(text[digits])) ++digits;
-        int hours = 0;
-        int minutes = 0;
-        const auto numberOf = [&](std::size_t from, std::size_t count) {
-            int number = 0;
-            for (std::size_t i = from; i < from + count; ++i) number = 10 * number + (text[i] - u'0');
-            return number;
-        };
-        ZoneEnd = digits;
-        if (digits - at == 4) {
-            hours = numberOf(at, 2);
-            minutes = numberOf(at + 2, 2);
-        } else if (digits - at <= 2) {
-            hours = numberOf(at, digits - at);
-            const bool hasMinutes = digits + 2 < text.size() && text[digits] == u':' &&
-                                    IsDigit(text[digits + 1]) && IsDigit(text[digits + 2]);
-            if (hasMinutes) {
-                minutes = numberOf(digits + 1, 2);
-                ZoneEnd = digits + 3;
-            }
-        } else {
-            return false;
-        }
-        if (hours > 14 || minutes > 59) return false;
-        Time.ZoneMinutes = (marks.back() == u'-' ? -1 : 1) * (60 * hours + minutes);
-        return true;
-    }
-
-    // Takes a word that times are written with; false for any other.
-    bool TakeWord(std::u16string_view word, std::u16string_view text, std::size_t end) {
-        const bool isBetweenDigits = end < text.size() && IsDigit(text[end]) && !Groups.empty();
-        if (EqualsIgnoreCase(word, u"T")) {
-            HasT = true;
-            return isBetweenDigits;
-        }
-        if (EqualsIgnoreCase(word, u"AM") || EqualsIgnoreCase(word, u"PM") || EqualsIgnoreCase(word, u"a") ||
-            EqualsIgnoreCase(word, u"p")) {
-            // "a.m." comes in two words
-            if (Half != 0) return false;
-            Half = EqualsIgnoreCase(word.substr(0, 1), u"a") ? 1 : 2;
-            return true;
-        }
-        if (Half != 0 && EqualsIgnoreCase(word, u"m") && word.size() == 1) return true;
-        if (const int month = MonthOfName(word); month != 0 && Time.Month == 0) {
-            Time.Month = month;
-            MonthAt = Groups.size();
-            return true;
-        }
-        if (IsDayOfWeek(word)) return true;
-        if (const std::optional<int> zone = ZoneOfName(word); zone && !Groups.empty()) {
-            Time.ZoneMinutes = zone;
-            HasZoneWord = true;
-            return true;
-        }
-        // "01h00" after a date
-        if (EqualsIgnoreCase(word, u"h") && isBetweenDigits &&
-            Time.Month + static_cast<int>(Groups.size()) > 1) {
-            IsHourMarked = true;
-            return true;
-        }
-        if (EqualsIgnoreCase(word, u"Uhr") || EqualsIgnoreCase(word, u"at") || EqualsIgnoreCase(word, u"um"))
-            return true;
-        return TakeUnit(word);
-    }
-
-    // "3d", "2h": the group before is an amount of a span.
-    bool TakeUnit(std::u16string_view word) {
-        const std::int64_t unit = UnitOfTime(word);
-        constexpr std::int64_t MostDays = 36'500;
-        if (unit == 0 || Groups.empty() || Groups.size() > 2) return false;
-        std::int64_t amount = 0;
-        if (Groups.size() == 2) {
-            // A fraction: "2.5 s".
-            const Group& fraction = Groups.back();
-            if ((fraction.Before != u"." && fraction.Before != u",") || fraction.AfterBlank) return false;
-            if (fraction.Length() > 9) return false;
-            std::int64_t scale = 1;
-            for (std::size_t i = 0; i < fraction.Length(); ++i) scale *= 10;
-            // In two parts, since their product has up to 80 bits.
-            amount = unit / scale * fraction.Number() + unit % scale * fraction.Number() / scale;
-        }
-        if (Groups.front().Number() > MostDays * (DayLength / unit)) return false;
-        Time.Clock += Groups.front().Number() * unit + amount;
-        Time.IsSpan = true;
-        Time.HasClock = true;
-        Groups.clear();
-        return true;
-    }
-
-    const Group& Next() const { return Groups[At]; }
+    const DigitGroup& Next() const { return Groups[At]; }
     std::size_t Left() const { return Groups.size() - At; }
 
     bool SetDate(std::int64_t year, std::size_t digits, std::int64_t month, std::int64_t day) {
@@ -208,7 +51,7 @@ class TimeReader {
         return true;
     }
 
-    bool SetDate(const Group& year, std::int64_t month, const Group& day) {
+    bool SetDate(const DigitGroup& year, std::int64_t month, const DigitGroup& day) {
         return day.Length() <= 2 && SetDate(year.Number(), year.Length(), month, day.Number());
     }
 
@@ -216,11 +59,11 @@ class TimeReader {
     bool ReadDate() {
         if (Time.IsSpan) return true;
         if (Time.Month != 0) return ReadNamedMonth();
-        const Group& first = Next();
+        const DigitGroup& first = Next();
         if (first.Length() >= 6) return ReadCompact(first);
         if (Left() < 3) return true;
-        const Group& second = Groups[At + 1];
-        const Group& third = Groups[At + 2];
+        const DigitGroup& second = Groups[At + 1];
+        const DigitGroup& third = Groups[At + 2];
         const bool isColoned = second.Before == u":";
         if (isColoned && first.Length() != 4) return true;
         if (second.AfterBlank != third.AfterBlank || (!isColoned && second.Before == u":")) return true;
@@ -239,10 +82,10 @@ class TimeReader {
     bool IsClockOfMarks() const { return Left() >= 3 && Groups[At + 1].Before != Groups[At + 2].Before; }
 
     // A number of digits only: YYYYMMDD, YYYYMMDDhhmm(ss), or six digits by the order.
-    bool ReadCompact(const Group& group) {
+    bool ReadCompact(const DigitGroup& group) {
         const std::u16string_view digits = group.Digits;
         const auto part = [&](std::size_t from, std::size_t count) {
-            return Group{digits.substr(from, count), {}, false};
+            return DigitGroup{digits.substr(from, count), {}, false};
         };
         const bool isAlone = Left() == 1;
         switch (digits.size()) {
@@ -284,12 +127,16 @@ class TimeReader {
 
     // Day and year stand around the name of the month, or after it.
     bool ReadNamedMonth() {
-        // The clock's groups follow each other by colons.
-        std::vector<Group> dates;
-        std::vector<Group> clock;
+        // The clock's groups follow each other by colons, or by points after the date's two.
+        std::vector<DigitGroup> dates;
+        std::vector<DigitGroup> clock;
+        const bool isDotted = Groups.size() > 3 && Groups[2].AfterBlank && Groups[3].Before == u"." &&
+                              std::none_of(Groups.begin(), Groups.end(),
+                                           [](const DigitGroup& group) { return group.Before == u":"; });
         for (std::size_t i = 0; i < Groups.size(); ++i) {
             const bool isClock =
-                Groups[i].Before == u":" || (i + 1 < Groups.size() && Groups[i + 1].Before == u":") ||
+                (isDotted && i > 1) || Groups[i].Before == u":" ||
+                (i + 1 < Groups.size() && Groups[i + 1].Before == u":") ||
                 (!clock.empty() && i > 0 && !Groups[i].AfterBlank &&
                  (Groups[i].Before == u"." || Groups[i].Before == u",") && Groups[i - 1].Before == u":");
             (isClock ? clock : dates).push_back(Groups[i]);
@@ -304,7 +151,7 @@ class TimeReader {
 
     bool SetClock(std::int64_t hours, std::int64_t minutes, std::int64_t seconds) {
         constexpr std::int64_t MostHours = 24 * 36'500;
-        const bool isPartOfDay = Time.HasDate || Half != 0;
+        const bool isPartOfDay = Time.HasDate || Half != DayHalf::Unnamed;
         if (hours > (isPartOfDay ? 24 : MostHours) || minutes > 59 || seconds > 60) return false;
         if (isPartOfDay && hours == 24 && (minutes != 0 || seconds != 0)) return false;
         Time.Clock += hours * Hour + minutes * Minute + seconds * Second;
@@ -315,7 +162,7 @@ class TimeReader {
     // Digits after a point or a comma, or counted milliseconds.
     bool ReadFraction() {
         if (Left() == 0) return true;
-        const Group& group = Next();
+        const DigitGroup& group = Next();
         const bool isMarked = group.Before == u"." || group.Before == u"," || group.Before == u":";
         if (!isMarked || group.AfterBlank) return false;
         std::int64_t number = 0;
@@ -340,7 +187,7 @@ class TimeReader {
             Next().Before != Groups[1].Before && Next().Before != u"-" && Next().Before != u":")
             return false;
         if (ReadCompactClock()) return ReadFraction();
-        const Group first = Next();
+        const DigitGroup first = Next();
         if (Left() == 1 || Groups[At + 1].AfterBlank) return false;
         const std::u16string mark = Groups[At + 1].Before;
         const bool isColoned = mark == u":";
@@ -356,7 +203,7 @@ class TimeReader {
             if (!(isMinutes && !Time.HasDate)) return SetClock(first.Number(), second, 0) && ReadFraction();
             return SetMinutes(first.Number(), second) && ReadFraction();
         }
-        const Group third = Groups[At + 2];
+        const DigitGroup third = Groups[At + 2];
         if (Style.BeginsWithMinutes && !Time.HasDate) {
             At += 2;
             return SetMinutes(first.Number(), second) && ReadFraction();
@@ -395,25 +242,20 @@ class TimeReader {
 
     // Twelve hours and a half of the day.
     bool ApplyHalf() {
-        if (Half == 0) return true;
+        if (Half == DayHalf::Unnamed) return true;
         const std::int64_t hours = Time.Clock / Hour;
         // "13:05 PM" is what some loggers print.
         if (!Time.HasClock || hours > 23) return false;
-        if (hours == 12 && Half == 1) Time.Clock -= 12 * Hour;
-        if (hours < 12 && Half == 2) Time.Clock += 12 * Hour;
+        if (hours == 12 && Half == DayHalf::Morning) Time.Clock -= 12 * Hour;
+        if (hours < 12 && Half == DayHalf::Afternoon) Time.Clock += 12 * Hour;
         return true;
     }
 
     const TimeStyle Style;
-    std::vector<Group> Groups;
+    std::vector<DigitGroup> Groups;
     std::size_t At = 0;
     ParsedTime Time;
-    std::size_t MonthAt = 0;
-    std::size_t ZoneEnd = 0;
-    int Half = 0;  // of the day: 1 before noon, 2 after; 0 is not named
-    bool HasT = false;
-    bool HasZoneWord = false;
-    bool IsHourMarked = false;  // the next group follows an h
+    DayHalf Half = DayHalf::Unnamed;
 };
 }  // namespace
 

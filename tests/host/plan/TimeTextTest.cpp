@@ -19,7 +19,7 @@ constexpr TimeStyle Minutes{DateOrder::DayFirst, true, false};
 constexpr TimeStyle Counted{DateOrder::DayFirst, false, true};
 
 // "2024-01-31 10:00:00.5 +60", "10:00:00", "2024-01-31", or "none".
-std::string Shown(const std::string& text, const TimeStyle& style) {
+std::string TimeInWords(const std::string& text, const TimeStyle& style) {
     const std::optional<ParsedTime> time = ParseTime(Utf8ToUtf16(text), style);
     if (!time) return "none";
     char shown[80];
@@ -44,14 +44,14 @@ std::string Shown(const std::string& text, const TimeStyle& style) {
     return all;
 }
 
-struct Case {
+struct TextCase {
     const char* Text;
     TimeStyle Style;
     const char* Time;
 };
 
 TEST(TimeText, IsReadInEveryUsualWay) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"31.01.2024 10:20:30", Day, "2024-01-31 10:20:30"},
         {"31.1.24 9:05", Day, "2024-01-31 09:05:00"},
         {"1/31/2024 9:05:07", Month, "2024-01-31 09:05:07"},
@@ -82,6 +82,8 @@ TEST(TimeText, IsReadInEveryUsualWay) {
         {"2019/12/03-09:01:24:125", Day, "2019-12-03 09:01:24.125"},
         {"12-Jan-2024 10:00:00", Day, "2024-01-12 10:00:00"},
         {"Jan 12, 2024 10:00:00 PM", Day, "2024-01-12 22:00:00"},
+        {"28 april 2023 13.00.05", Day, "2023-04-28 13:00:05"},
+        {"28. april 2023 13.25", Day, "2023-04-28 13:25:00"},
         {"12. Januar 2024", Day, "2024-01-12"},
         {"12. März 2024 8:00", Day, "2024-03-12 08:00:00"},
         {"Mon Jan 12 10:00:00 2024", Day, "2024-01-12 10:00:00"},
@@ -112,14 +114,17 @@ TEST(TimeText, IsReadInEveryUsualWay) {
         {"(2024-01-31 10:00:00)", Day, "2024-01-31 10:00:00"},
         {"=\"31.01.2024\"", Day, "2024-01-31"},
         {"  31.01.2024   10:00 Uhr ", Day, "2024-01-31 10:00:00"},
+        // From and to: the row belongs to the first.
+        {"2024-01-31 10:00:00 to 2024-01-31 11:00:00", Day, "2024-01-31 10:00:00"},
+        {"2024-01-31T10:00:00/2024-01-31T11:00:00", Day, "2024-01-31 10:00:00"},
         {"2024-01-31 10:00:00 CET", Day, "2024-01-31 10:00:00 +60"},
         {"2024-01-31 10:00:00 UTC+2", Day, "2024-01-31 10:00:00 +120"},
     };
-    for (const Case& c : cases) EXPECT_EQ(Shown(c.Text, c.Style), c.Time) << c.Text;
+    for (const TextCase& c : cases) EXPECT_EQ(TimeInWords(c.Text, c.Style), c.Time) << c.Text;
 }
 
 TEST(TimeText, IsNothingElse) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"", Day, ""},
         {"abc", Day, ""},
         {"12", Day, ""},
@@ -139,7 +144,6 @@ TEST(TimeText, IsNothingElse) {
         {"T", Day, ""},
         {"12:30 on 5", Day, ""},
         {"1.528,53", Day, ""},
-        {"2024-01-31 10:00:00 to 2024-01-31 11:00:00", Day, ""},
         {"0x1F", Day, ""},
         {"+49 228 123456", Day, ""},
         {"13:00:00 99999", Day, ""},
@@ -147,7 +151,7 @@ TEST(TimeText, IsNothingElse) {
         {"12345", Day, ""},
         {"1 234 567", Day, ""},
     };
-    for (const Case& c : cases) EXPECT_EQ(Shown(c.Text, c.Style), "none") << c.Text;
+    for (const TextCase& c : cases) EXPECT_EQ(TimeInWords(c.Text, c.Style), "none") << c.Text;
 }
 
 TEST(TimeText, CountsDaysSince1970) {

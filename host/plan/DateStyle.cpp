@@ -1,0 +1,120 @@
+#include "host/plan/DateStyle.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/plan/TimeNames.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+using TextList = std::vector<std::u16string>;
+
+struct TriedStyle {
+    TimeStyle Style;
+    std::size_t Read = 0;  // texts
+    TimeTrial Trial;
+};
+
+std::vector<TriedStyle> StylesThatFit(const TextList& texts) {
+    std::vector<TriedStyle> tried;
+    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
+        TriedStyle one{{order, false, false}, 0, {}};
+        for (const std::u16string& text : texts) one.Read += ParseTime(text, one.Style).has_value();
+        tried.push_back(one);
+    }
+    return tried;
+}
+
+std::optional<std::int64_t> WrittenAs(const std::u16string& text, const TimeStyle& style) {
+    const std::optional<ParsedTime> time = ParseTime(text, style);
+    return time ? std::optional(time->Written()) : std::nullopt;
+}
+
+bool AreSame(const std::vector<TriedStyle>& tried, const TextList& texts) {
+    return std::all_of(texts.begin(), texts.end(), [&](const std::u16string& text) {
+        const std::optional<std::int64_t> time = WrittenAs(text, tried[0].Style);
+        return std::all_of(tried.begin() + 1, tried.end(),
+                           [&](const TriedStyle& one) { return WrittenAs(text, one.Style) == time; });
+    });
+}
+
+// Numbers of one digit between strokes, or a clock of twelve hours after them.
+bool AreAmerican(const TextList& texts) {
+    return std::any_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const bool isUnpadded = text.size() > 4 && (text[1] == u'/' || (text[2] == u'/' && text[4] == u'/'));
+        return isUnpadded ||
+               (text.find(u'/') != text.npos && (text.ends_with(u"AM") || text.ends_with(u"PM")));
+    });
+}
+
+// Two points before any colon: "04.05.2023 10:00".
+bool AreDotted(const TextList& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const std::u16string_view date = std::u16string_view(text).substr(0, text.find(u':'));
+        return std::count(date.begin(), date.end(), u'.') == 2;
+    });
+}
+
+// Six digits without marks: "230905 235207".
+bool AreBareDigits(const TextList& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const std::u16string_view date = std::u16string_view(text).substr(0, text.find(u' '));
+        return date.size() == 6 && std::all_of(date.begin(), date.end(), IsDigit);
+    });
+}
+
+// The order that people use for dates that look so, where nothing proves another.
+std::optional<DateOrder> CustomOf(const TextList& texts) {
+    if (AreAmerican(texts)) return DateOrder::MonthFirst;
+    if (AreDotted(texts)) return DateOrder::DayFirst;
+    return std::nullopt;
+}
+
+// True for steps of a day where others are a month, and rows that rise where others jump.
+bool IsSteadier(const TriedStyle& a, const TriedStyle& b) {
+    const std::size_t disorderA = std::min(a.Trial.Rising, a.Trial.Falling);
+    const std::size_t disorderB = std::min(b.Trial.Rising, b.Trial.Falling);
+    if (disorderA != disorderB) return disorderA < disorderB;
+    const double spanA = std::abs(static_cast<double>(a.Trial.Last) - static_cast<double>(a.Trial.First));
+    const double spanB = std::abs(static_cast<double>(b.Trial.Last) - static_cast<double>(b.Trial.First));
+    return 2 * spanA < spanB;
+}
+
+// The style that makes the rows follow each other best; the first of those as good.
+DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
+                      const std::vector<std::size_t>& columns, const TextList& texts) {
+    for (TriedStyle& one : tried) {
+        TimeRecipe recipe;
+        recipe.Columns = columns;
+        recipe.Style = one.Style;
+        recipe.IsAbsolute = true;
+        one.Trial = Try(recipe, rows);
+    }
+    std::optional<DateOrder> custom = CustomOf(texts);
+    const std::optional<DateOrder> first = !custom && AreBareDigits(texts) ? DateOrder::YearFirst : custom;
+    std::stable_partition(tried.begin(), tried.end(),
+                          [&](const TriedStyle& one) { return one.Style.Order == first; });
+    std::stable_sort(tried.begin(), tried.end(), IsSteadier);
+    const TimeStyle& best = tried[0].Style;
+    if (IsSteadier(tried[0], tried[1])) return {best, OrderProof::Steps};
+    return {best, custom == best.Order ? OrderProof::Custom : OrderProof::None};
+}
+}  // namespace
+
+std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& names, const TableRows& rows,
+                                       const std::vector<std::size_t>& columns) {
+    std::vector<TriedStyle> tried = StylesThatFit(texts);
+    const std::size_t most = std::max({tried[0].Read, tried[1].Read, tried[2].Read});
+    if (most == 0) return std::nullopt;
+    if (AreSame(tried, texts)) return DateStyle{tried[0].Style, OrderProof::Unneeded};
+    std::erase_if(tried, [most](const TriedStyle& one) { return one.Read < most; });
+    if (const std::optional<DateOrder> named = OrderIn(names); named && tried.size() > 1) {
+        for (const TriedStyle& one : tried) {
+            if (one.Style.Order == *named) return DateStyle{one.Style, OrderProof::Name};
+        }
+    }
+    if (tried.size() == 1 || AreSame(tried, texts)) return DateStyle{tried[0].Style, OrderProof::Texts};
+    return SteadiestOf(std::move(tried), rows, columns, texts);
+}
+}  // namespace kelvarin::plan

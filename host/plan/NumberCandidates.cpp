@@ -1,0 +1,106 @@
+// Times that are numbers.
+#include <algorithm>
+
+#include "host/plan/Durations.h"
+#include "host/plan/TimeCandidates.h"
+#include "host/plan/TimeNames.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+// Seconds of the years 2000 to 2040.
+bool IsSince1970(double seconds) {
+    constexpr double From = 946'684'800;
+    constexpr double To = 2'208'988'800;
+    return seconds >= From && seconds <= To;
+}
+}  // namespace
+
+// A column of numbers, and what its name says.
+struct TimeCandidates::NumberColumn {
+    TimeRecipe Recipe;  // with the column and the decimal mark
+    double First = 0;
+    bool HasFractions = false;
+    std::int64_t Unit = 0;  // ns; 0: none is named
+    bool IsTime = false;
+    bool IsDayOfYear = false;
+    bool IsFirstWithoutName = false;
+};
+
+void TimeCandidates::AddNumbers() {
+    for (std::size_t i = 0; i < Width; ++i) {
+        if (Texts[i].empty()) continue;
+        NumberColumn column;
+        column.Recipe.Kind = TimeKind::Number;
+        column.Recipe.Columns = {i};
+        std::size_t numbers = 0;
+        for (const std::u16string& text : Texts[i]) {
+            const std::u16string_view bare = WithoutBrackets(text);
+            const std::optional<NumberLook> look = LookAtNumber(bare);
+            if (!look || look->Thousands != u'\0') continue;
+            if (look->Mark != u'\0') column.Recipe.Mark = look->Mark;
+            column.HasFractions |= look->Mark != u'\0';
+            if (numbers++ == 0) column.First = ValueOf(bare, *look);
+        }
+        if (10 * numbers < 8 * Texts[i].size()) continue;
+        const Label& label = LabelOf(i);
+        column.Unit = UnitNamed(label);
+        column.IsTime = IsNamedTime(label);
+        column.IsDayOfYear = IsDayOfYear(label);
+        column.IsFirstWithoutName = i == 0 && label.Name.empty();
+        AddSince1970(column);
+        AddDays(column);
+        if (column.Unit != 0 || column.IsTime || column.IsFirstWithoutName) AddElapsed(column);
+    }
+}
+
+void TimeCandidates::AddSince1970(const NumberColumn& column) {
+    for (const std::int64_t unit : {Second, Millisecond, std::int64_t{1000}, std::int64_t{1}}) {
+        if (column.Unit != 0 || !IsSince1970(column.First * static_cast<double>(unit) / 1e9)) continue;
+        TimeRecipe recipe = column.Recipe;
+        recipe.Unit = unit;
+        recipe.IsAbsolute = true;
+        recipe.IsUtc = true;
+        Consider(recipe, 0.98);
+    }
+}
+
+// Days of a spreadsheet since 30 December 1899, Julian days since a noon, days of a year whose number is
+// above.
+void TimeCandidates::AddDays(const NumberColumn& column) {
+    if (!column.HasFractions) return;
+    const auto consider = [&](std::int64_t offset, std::int64_t epoch) {
+        TimeRecipe recipe = column.Recipe;
+        recipe.Unit = DayLength;
+        recipe.Offset = offset;
+        recipe.Epoch = epoch;
+        recipe.IsAbsolute = true;
+        Consider(recipe, 0.9);
+    };
+    if (column.IsTime && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
+    if (column.First > 2'400'000 && column.First < 2'500'000) consider(2'440'588, DayLength / 2);
+    if (Clues.Year && column.First >= 0 && column.First < 367 && column.IsDayOfYear)
+        consider(1, DaysSince1970(*Clues.Year, 1, 1) * DayLength);
+}
+
+void TimeCandidates::AddElapsed(const NumberColumn& column) {
+    TimeRecipe recipe = column.Recipe;
+    recipe.Unit = column.Unit != 0 ? column.Unit : Second;
+    const bool isNamed = column.Unit != 0;
+    const double weight = column.IsTime ? (isNamed ? 0.8 : 0.75) : (isNamed ? 0.7 : 0.6);
+    FoundTimes* const times = Consider(recipe, weight);
+    if (times == nullptr || isNamed) return;
+    times->IsUnitNamed = false;
+    const std::int64_t step = times->Trial.MedianStep;
+    const std::int64_t counted = step / Second;
+    if (Clues.Interval && counted > 0 && *Clues.Interval % counted == 0 && !column.HasFractions) {
+        times->Recipe.Unit = *Clues.Interval / counted;
+    } else if (step >= 1000 * Second && column.First >= 1e7) {
+        // Numbers in the tens of millions that rise by thousands are microseconds, of a bus trace.
+        times->Recipe.Unit = 1000;
+    } else if (step > Second && !column.HasFractions) {
+        times->Recipe.Unit = Millisecond;
+    }
+    times->Trial = Try(times->Recipe, Rows);
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,178 @@
+// Times that are texts.
+#include <algorithm>
+
+#include "host/plan/Durations.h"
+#include "host/plan/TimeCandidates.h"
+#include "host/plan/TimeNames.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text) {
+    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
+        if (const std::optional<ParsedTime> time = ParseTime(text, {order, false, false})) return time;
+    }
+    return std::nullopt;
+}
+
+ColumnLook LookAt(const std::vector<std::u16string>& texts) {
+    ColumnLook look;
+    for (const std::u16string& text : texts) {
+        ++look.Filled;
+        if (LookAtNumber(text)) {
+            ++look.Numbers;
+            if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
+        }
+        const std::optional<ParsedTime> time = ParseInAnyOrder(text);
+        if (!time) continue;
+        look.Dates += time->HasDate && !time->HasClock;
+        look.Clocks += !time->HasDate;
+        look.Both += time->HasDate && time->HasClock;
+    }
+    return look;
+}
+
+// No hour is beyond 24, so that the clock may run over midnight.
+bool IsClockOfDay(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        const std::optional<ParsedTime> time = ParseTime(text, {});
+        return !time || (!time->IsSpan && time->Clock <= DayLength);
+    });
+}
+
+// The texts of two columns with a blank between them.
+std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, std::size_t other) {
+    std::vector<std::u16string> texts;
+    for (const auto& row : rows.Cells) {
+        if (std::max(one, other) < row.size()) texts.push_back(row[one] + u" " + row[other]);
+    }
+    return texts;
+}
+
+bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
+    const auto count = std::count_if(texts.begin(), texts.end(), [&](const std::u16string& text) {
+        const std::optional<ParsedTime> time = ParseTime(text, style);
+        return time && time->HasDate && time->HasClock;
+    });
+    return 10 * static_cast<std::size_t>(count) >= 8 * texts.size();
+}
+}  // namespace
+
+void TimeCandidates::AddTexts() {
+    for (const auto& texts : Texts) Looks.push_back(LookAt(texts));
+    for (std::size_t i = 0; i < Width; ++i) {
+        const ColumnLook& look = Looks[i];
+        const bool isNextNumber = i + 1 < Width && Looks[i + 1].Is(Looks[i + 1].Numbers);
+        if (look.Is(look.Both + look.Dates)) {
+            AddDates(i);
+        } else if (look.Is(look.Numbers) && IsNamedDate(LabelOf(i)) && isNextNumber &&
+                   IsNamedClock(LabelOf(i + 1))) {
+            AddJointDigits(i);
+        } else if (look.Is(look.Clocks)) {
+            AddClocks(i);
+        }
+    }
+}
+
+// A date with or without a clock, or with one in another column: the nearest first, to the right before the
+// left.
+void TimeCandidates::AddDates(std::size_t column) {
+    const auto style = FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column});
+    if (!style) return;
+    FoundTimes date;
+    date.Recipe.Columns = {column};
+    date.Recipe.Style = style->Style;
+    date.Recipe.IsAbsolute = true;
+    date.Order = style->Proof;
+    const bool isBoth = 2 * Looks[column].Both > Looks[column].Filled;
+    if (FoundTimes* const found = Consider(date.Recipe, isBoth ? 1.0 : 0.9)) found->Order = date.Order;
+    if (isBoth) return;
+    constexpr std::size_t MostDistance = 20;
+    for (std::size_t distance = 1; distance <= std::min(Width, MostDistance); ++distance) {
+        if (column + distance < Width) AddClockBeside(date, column + distance, distance);
+        if (distance <= column) AddClockBeside(date, column - distance, distance);
+    }
+}
+
+void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance) {
+    const ColumnLook& look = Looks[other];
+    const std::size_t column = date.Recipe.Columns.front();
+    const bool isNamed = IsNamedClock(LabelOf(other));
+    const bool isNumber = look.Is(look.Numbers);
+    // "13.00.00" and "130000" are clocks only after a date.
+    const bool mayBeClock = isNamed || (!isNumber && distance == 1);
+    if (look.Is(look.Clocks) ||
+        (mayBeClock && MostAreDatesWithClocks(JointTexts(Rows, column, other), date.Recipe.Style))) {
+        AddMilliseconds(column, other, {date.Recipe.Style, date.Order});
+        TimeRecipe joint = date.Recipe;
+        joint.Columns = {column, other};
+        FoundTimes* const found = Consider(joint, 1.0 - 0.01 * static_cast<double>(distance));
+        if (found != nullptr) found->Order = date.Order;
+    } else if (isNumber && (isNamed || (distance == 1 && MayBeHours(other)))) {
+        AddHoursBeside(date, other, isNamed ? 0.97 : 0.9);
+    }
+}
+
+// Without a name, numbers are hours only if they go far into the day; other small ones count something else.
+bool TimeCandidates::MayBeHours(std::size_t column) const {
+    const NumberBounds bounds = BoundsOf(column);
+    constexpr std::int64_t LateHour = 18;
+    const bool areFourDigits = std::all_of(Texts[column].begin(), Texts[column].end(),
+                                           [](const auto& text) { return text.size() == 4; });
+    return bounds.IsWithin(0, 2400) && (areFourDigits || bounds.Most >= LateHour);
+}
+
+void TimeCandidates::AddHoursBeside(const FoundTimes& date, std::size_t other, double weight) {
+    // "100" is one o'clock; no hour is greater than 24.
+    const bool isLarge = std::any_of(Texts[other].begin(), Texts[other].end(),
+                                     [](const auto& text) { return text.size() > 2 && text != u"024"; });
+    TimeRecipe joint = date.Recipe;
+    joint.Kind = TimeKind::Parts;
+    joint.Columns = {};
+    joint.Parts = {{date.Recipe.Columns.front(), TimePart::Date},
+                   {other, isLarge ? TimePart::HoursMinutes : TimePart::Hours}};
+    if (FoundTimes* const found = Consider(joint, weight)) found->Order = date.Order;
+}
+
+// A date, a clock and milliseconds in a third column.
+void TimeCandidates::AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style) {
+    for (std::size_t i = 0; i < Width; ++i) {
+        const bool isNamed = PartOfName(LabelOf(i)) == TimePart::Milliseconds || LabelOf(i).Unit == u"ms";
+        if (!isNamed || !BoundsOf(i).IsWithin(0, 999)) continue;
+        TimeRecipe recipe;
+        recipe.Kind = TimeKind::Parts;
+        recipe.IsAbsolute = true;
+        recipe.Style = style.Style;
+        recipe.Parts = {{date, TimePart::Date}, {clock, TimePart::Clock}, {i, TimePart::Milliseconds}};
+        if (FoundTimes* const found = Consider(recipe, 1.04)) found->Order = style.Proof;
+        return;
+    }
+}
+
+// "230905,235207": the texts are a date and a clock only together.
+void TimeCandidates::AddJointDigits(std::size_t column) {
+    const auto style =
+        FindDateStyle(JointTexts(Rows, column, column + 1), LabelOf(column).All, Rows, {column, column + 1});
+    if (!style) return;
+    TimeRecipe recipe;
+    recipe.Columns = {column, column + 1};
+    recipe.Style = style->Style;
+    recipe.IsAbsolute = true;
+    if (FoundTimes* const found = Consider(recipe, 0.99)) found->Order = style->Proof;
+}
+
+void TimeCandidates::AddClocks(std::size_t column) {
+    TimeRecipe recipe;
+    recipe.Columns = {column};
+    recipe.RollsOver = IsClockOfDay(Texts[column]);
+    FoundTimes* const found = Consider(recipe, IsNamedTime(LabelOf(column)) ? 0.86 : 0.8);
+    if (found == nullptr || found->Trial.Falling == 0) return;
+    // Milliseconds that are counted, not written as a fraction: "15:42:7" is followed by "15:42:12". They
+    // tell themselves by their order: read as fractions they fall.
+    recipe.Style.FractionIsCounted = true;
+    const TimeTrial counted = Try(recipe, Rows);
+    if (counted.Falling >= found->Trial.Falling) return;
+    found->Recipe = recipe;
+    found->Trial = counted;
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,72 @@
+#include "host/plan/TimeTrial.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace kelvarin::plan {
+namespace {
+std::int64_t MedianOf(std::vector<std::int64_t> steps) {
+    if (steps.empty()) return 0;
+    const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
+    std::nth_element(steps.begin(), middle, steps.end());
+    return *middle;
+}
+}  // namespace
+
+TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
+    TableRows rows;
+    rows.Width = table.Width;
+    LineCutter cut(table.How);
+    int others = 0;
+    bool isAfterGap = false;
+    for (std::size_t i = table.First; i < sample.Lines.size(); ++i) {
+        isAfterGap |= sample.Lines[i].IsAfterGap;
+        const RowShape& shape = table.Shapes[i];
+        if (!shape.LooksLikeData() || (shape.Cells < 2 && table.Width > 1)) {
+            // What follows so many other lines belongs to another table.
+            constexpr int MostOthers = 5;
+            others += shape.Filled != 0;
+            if (others > MostOthers && !rows.Cells.empty() && i < sample.Head) break;
+            continue;
+        }
+        others = 0;
+        const auto& cells = cut(sample.Lines[i].Text);
+        rows.Cells.emplace_back(cells.begin(), cells.end());
+        rows.IsAfterGap.push_back(isAfterGap);
+        isAfterGap = false;
+    }
+    return rows;
+}
+
+std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column) {
+    std::vector<std::u16string> texts;
+    for (const auto& row : rows.Cells) {
+        if (column < row.size() && !row[column].empty()) texts.push_back(row[column]);
+    }
+    return texts;
+}
+
+TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
+    TimeTrial trial;
+    std::vector<std::int64_t> steps;
+    std::optional<std::int64_t> before;
+    std::vector<std::u16string_view> cells;
+    TimeWalk walk(recipe);
+    for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
+        cells.assign(rows.Cells[i].begin(), rows.Cells[i].end());
+        const std::optional<std::int64_t> time = walk.Next(cells, rows.Width);
+        if (!time) continue;
+        if (trial.Read++ == 0) trial.First = *time;
+        trial.Last = *time;
+        if (before && !rows.IsAfterGap[i]) {
+            trial.Rising += *time > *before;
+            trial.Equal += *time == *before;
+            trial.Falling += *time < *before;
+            if (*time > *before) steps.push_back(*time - *before);
+        }
+        before = time;
+    }
+    trial.MedianStep = MedianOf(std::move(steps));
+    return trial;
+}
+}  // namespace kelvarin::plan

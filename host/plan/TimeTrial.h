@@ -1,0 +1,38 @@
+// What becomes of the rows of a table under a recipe for their times.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "host/plan/TableSearch.h"
+#include "host/plan/TimeRecipe.h"
+
+namespace kelvarin::plan {
+// Rows of the table in the sample, cut.
+struct TableRows {
+    std::vector<std::vector<std::u16string>> Cells;
+    std::size_t Width = 0;         // cells of most rows
+    std::vector<bool> IsAfterGap;  // rows between it and the one before are not in the sample
+};
+
+// The rows of a found table.
+TableRows RowsOf(const FileSample& sample, const FoundTable& table);
+
+// The texts of a column, empty cells left out. `column` counts from 0.
+std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column);
+
+struct TimeTrial {
+    std::size_t Read = 0;              // rows with a time
+    std::size_t Rising = 0;            // later than the row before
+    std::size_t Equal = 0;             // as late as the row before
+    std::size_t Falling = 0;           // earlier
+    std::int64_t First = 0, Last = 0;  // ns, as TimeRecipe gives them
+    std::int64_t MedianStep = 0;       // ns, of rising rows
+
+    bool IsDescending() const { return Falling > 2 * Rising; }
+};
+
+TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows);
+}  // namespace kelvarin::plan

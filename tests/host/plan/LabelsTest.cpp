@@ -1,0 +1,79 @@
+// Names and units above a table.
+#include "host/plan/Labels.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/plan/PlanKit.h"
+
+namespace {
+
+using namespace kelvarin::plan;
+
+// "Zeit|Druck [bar]", and "names 1, units 2" with the lines that there are.
+std::string LabelsInWords(const char* text) {
+    const FileSample sample = SampleOf(text);
+    const std::optional<FoundTable> table = FindTable(sample);
+    if (!table) return "no table";
+    const Labels labels = FindLabels(sample, *table);
+    std::string words;
+    for (const Label& label : labels.Columns) {
+        if (&label != labels.Columns.data()) words += "|";
+        words += Utf16ToUtf8(label.Name);
+        if (!label.Unit.empty()) words += "{" + Utf16ToUtf8(label.Unit) + "}";
+    }
+    if (labels.NamesLine != 0) words += ", names " + std::to_string(labels.NamesLine);
+    if (labels.UnitsLine != 0) words += ", units " + std::to_string(labels.UnitsLine);
+    return words;
+}
+
+struct LabelCase {
+    const char* Text;
+    const char* Labels;
+};
+
+TEST(PlanLabels, AreNamesDirectlyAboveTheTable) {
+    const LabelCase cases[] = {
+        {"Zeit;Druck\n0;1\n1;2\n2;3\n", "Zeit|Druck, names 1"},
+        {"Zeit;Druck [bar];Speed (km/h)\n0;1;2\n1;2;2\n2;3;2\n",
+         "Zeit|Druck [bar]{bar}|Speed (km/h){km/h}, names 1"},
+        {"Zeit;Druck\n\n0;1\n1;2\n2;3\n", "Zeit|Druck, names 1"},
+        {"0;1\n1;2\n2;3\n", "|"},
+        // The mark of a comment is no name.
+        {"# t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},
+        // Trailing separators.
+        {"Zeit;Druck;\n0;1;\n1;2;\n2;3;\n", "Zeit|Druck|, names 1"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
+TEST(PlanLabels, StandAboveRowsOfUnitsKindsAndNumbers) {
+    const LabelCase cases[] = {
+        {"Zeit;Druck;Strom\ns;bar;mA\n0;1;2\n1;2;2\n2;3;2\n",
+         "Zeit{s}|Druck{bar}|Strom{mA}, names 1, units 2"},
+        {"Zeit;Druck;Strom\n[s];[bar];[mA]\n0;1;2\n1;2;2\n2;3;2\n",
+         "Zeit{s}|Druck{bar}|Strom{mA}, names 1, units 2"},
+        {"Time;A;B;C\ns;V;V;\n;Avg;Avg;Smp\n0;1;2;3\n1;2;2;3\n2;3;2;3\n",
+         "Time{s}|A{V}|B{V}|C, names 1, units 2"},
+        {"s;V;V\nTime;A;B\n0;1;2\n1;2;2\n2;3;2\n", "Time{s}|A{V}|B{V}, names 2, units 1"},
+        // The names of the channels of an oscilloscope are numbers.
+        {"x-axis,1,2\nsecond,Volt,Volt\n-1e-3,0.5,0.1\n0,0.6,0.2\n1e-3,0.7,0.3\n",
+         "x-axis{second}|1{Volt}|2{Volt}, names 1, units 2"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
+TEST(PlanLabels, AreNotThePreamble) {
+    const LabelCase cases[] = {
+        {"Device;Logger 7\nSerial;4711\n\nZeit;Druck\n0;1\n1;2\n2;3\n3;4\n", "Zeit|Druck, names 4"},
+        {"Today's weather;;;;\nt;a;b;c;d\n0;1;2;3;4\n1;1;2;3;4\n2;1;2;3;4\n", "t|a|b|c|d, names 2"},
+        // Numbers above numbers are no names.
+        {"Ridge\n41.520  -103.411 1377 m version 1\n1 2 3 4 5 6 7 8 9\n2 2 3 4 5 6 7 8 9\n3 2 3 4 5 6 7 8 "
+         "9\n",
+         "||||||||"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
+}  // namespace

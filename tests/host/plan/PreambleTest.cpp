@@ -1,0 +1,76 @@
+// Start, interval and year in the lines above a table.
+#include "host/plan/Preamble.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/plan/Durations.h"
+#include "host/plan/PlanKit.h"
+#include "host/plan/TimeText.h"
+
+namespace {
+
+using namespace kelvarin::plan;
+
+constexpr std::int64_t Unknown = -1;
+
+std::int64_t At(int year, int month, int day, std::int64_t clock = 0) {
+    return DaysSince1970(year, month, day) * DayLength + clock;
+}
+
+struct ClueCase {
+    const char* Lines;  // above a table
+    std::int64_t Start, Interval;
+};
+
+TEST(PlanPreamble, NamesStartAndInterval) {
+    const ClueCase cases[] = {
+        {"Logger 7\n", Unknown, Unknown},
+        {"Start: 31.01.2024 10:00:00\n", At(2024, 1, 31, 10 * Hour), Unknown},
+        {"Date;31.01.2024\n", At(2024, 1, 31), Unknown},
+        {"Beginn;2024-01-31;10:00\n", At(2024, 1, 31, 10 * Hour), Unknown},
+        {"Trigger time 12-Jan-2024 08:30:00.5\n", At(2024, 1, 12, 8 * Hour + 30 * Minute + Second / 2),
+         Unknown},
+        // Start counts more than any other date, wherever it is.
+        {"Date: 30.01.2024\nStart: 31.01.2024 10:00\nExport: 05.02.2024\n", At(2024, 1, 31, 10 * Hour),
+         Unknown},
+        {"Stop: 31.01.2024 10:00\n", Unknown, Unknown},
+        {"Last calibration 31.01.2024\n", Unknown, Unknown},
+        {"Interval: 10 min\n", Unknown, 10 * Minute},
+        {"Sampling interval [ms];250\n", Unknown, Unknown},
+        {"Abtastrate: 2 kHz\n", Unknown, Second / 2000},
+        {"Sample rate;0,5;Hz\n", Unknown, 2 * Second},
+        {"Sample Interval: 1.5 s\n", Unknown, 3 * Second / 2},
+        {"dt=20 us\n", Unknown, 20'000},
+        {"Baud rate: 9600 s\n", Unknown, Unknown},
+        {"Length: 12 s\n", Unknown, Unknown},
+    };
+    for (const ClueCase& c : cases) {
+        SCOPED_TRACE(c.Lines);
+        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
+        const std::optional<FoundTable> table = FindTable(sample);
+        ASSERT_TRUE(table);
+        const PreambleClues clues = ReadPreamble(sample, *table);
+        EXPECT_EQ(clues.Start.value_or(Unknown), c.Start);
+        EXPECT_EQ(clues.Interval.value_or(Unknown), c.Interval);
+    }
+}
+
+TEST(PlanPreamble, NamesAYear) {
+    struct YearCase {
+        const char* Lines;
+        int Year;  // 0: none
+    };
+    const YearCase cases[] = {
+        {"Year: 2022\n", 2022}, {"# log of 2023\n", 2023}, {"Serial 20231\n", 0}, {"Nr. 1234\n", 0}, {"", 0},
+        {"01.02.2024\n", 2024}};
+    for (const YearCase& c : cases) {
+        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
+        const std::optional<FoundTable> table = FindTable(sample);
+        ASSERT_TRUE(table) << c.Lines;
+        EXPECT_EQ(ReadPreamble(sample, *table).Year.value_or(0), c.Year) << c.Lines;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,171 @@
+// The times of short files, as devices print them.
+#include "host/plan/TimeSearch.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <span>
+#include <string>
+
+#include "host/plan/Durations.h"
+#include "host/plan/PlanKit.h"
+#include "host/plan/TimesInWords.h"
+
+namespace {
+
+using namespace kelvarin::plan;
+
+struct TimesCase {
+    const char* Text;
+    const char* Times;  // in words
+    const char* First;
+    const char* Last;
+};
+
+// "2024-01-31 10:00:00.5" or, of elapsed time, "36000.5".
+std::string MomentOf(const TimeRecipe& recipe, std::int64_t time) {
+    char text[60];
+    const std::int64_t days = time / DayLength;
+    const std::int64_t clock = time % DayLength;
+    if (!recipe.IsAbsolute) {
+        std::snprintf(text, sizeof text, "%.9g", static_cast<double>(time) / 1e9);
+        return text;
+    }
+    int year = 1970 + static_cast<int>(days / 366);
+    while (DaysSince1970(year + 1, 1, 1) <= days) ++year;
+    int month = 1;
+    while (month < 12 && DaysSince1970(year, month + 1, 1) <= days) ++month;
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%.6g", year, month,
+                  static_cast<int>(days - DaysSince1970(year, month, 1) + 1), static_cast<int>(clock / Hour),
+                  static_cast<int>(clock / Minute % 60), static_cast<double>(clock % Minute) / 1e9);
+    return text;
+}
+
+void CheckTimes(std::span<const TimesCase> cases) {
+    for (const TimesCase& c : cases) {
+        SCOPED_TRACE(c.Text);
+        const std::optional<ReadingPlan> plan = FindPlan(SampleOf(c.Text));
+        ASSERT_TRUE(plan && plan->Times);
+        EXPECT_EQ(TimesInWords(*plan), c.Times);
+        EXPECT_EQ(MomentOf(plan->Times->Recipe, plan->Times->Trial.First), c.First);
+        EXPECT_EQ(MomentOf(plan->Times->Recipe, plan->Times->Trial.Last), c.Last);
+    }
+}
+
+TEST(PlanTimes, AreDatesAndClocksInOneColumnOrTwo) {
+    const TimesCase cases[] = {
+        {"t;v\n2024-01-31 10:00:00;1\n2024-01-31 10:00:01;2\n2024-01-31 10:00:02.5;3\n",
+         "date and time in column 1 (\"t\")", "2024-01-31 10:00:0", "2024-01-31 10:00:2.5"},
+        {"v;w;When\n1;5;2024-01-31T10:00:00Z\n2;6;2024-01-31T10:00:01Z\n3;7;2024-01-31T10:00:02Z\n",
+         "date and time in column 3 (\"When\")", "2024-01-31 10:00:0", "2024-01-31 10:00:2"},
+        {"Datum;Zeit;v\n31.01.2024;10:00;1\n31.01.2024;10:01;2\n31.01.2024;10:02;3\n",
+         "date and time in column 1 (\"Datum\"), column 2 (\"Zeit\"), day before month", "2024-01-31 10:00:0",
+         "2024-01-31 10:02:0"},
+        {"Time;Date;v\n10:00;01/31/2024;1\n10:01;01/31/2024;2\n10:02;01/31/2024;3\n",
+         "date and time in column 2 (\"Date\"), column 1 (\"Time\"), month before day", "2024-01-31 10:00:0",
+         "2024-01-31 10:02:0"},
+        {"Day;v\n2024-01-30;1\n2024-01-31;2\n2024-02-01;3\n", "date in column 1 (\"Day\")",
+         "2024-01-30 00:00:0", "2024-02-01 00:00:0"},
+        {"Zeit;v\n28 april 2023 13:00;1\n28 april 2023 13:25;2\n28 april 2023 13:50;2\n",
+         "date and time in column 1 (\"Zeit\")", "2023-04-28 13:00:0", "2023-04-28 13:50:0"},
+        // Dots within the clock.
+        {"Datum;Tid;pH\n28 april 2023;13.00.00;6,79\n28 april 2023;13.25.00;6,96\n28 april "
+         "2023;13.50.00;7,07\n",
+         "date and time in column 1 (\"Datum\"), column 2 (\"Tid\")", "2023-04-28 13:00:0",
+         "2023-04-28 13:50:0"},
+        // Digits without marks.
+        {"DATE,TIME,v\n230905,235207,1\n230905,235208,2\n230905,235209,3\n",
+         "date and time in column 1 (\"DATE\"), column 2 (\"TIME\"), year before month and day",
+         "2023-09-05 23:52:7", "2023-09-05 23:52:9"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, HaveTheOrderOfDayAndMonthThatTheRowsShow) {
+    const TimesCase cases[] = {
+        // A day beyond 12.
+        {"t;v\n12/01/2024 23:59;1\n13/01/2024 00:00;2\n13/01/2024 00:01;3\n",
+         "date and time in column 1 (\"t\"), day before month", "2024-01-12 23:59:0", "2024-01-13 00:01:0"},
+        // The name.
+        {"t (MM/DD/YYYY);v\n01/02/2024 10:00;1\n01/02/2024 10:01;2\n01/02/2024 10:02;3\n",
+         "date and time in column 1 (\"t (MM/DD/YYYY)\"), month before day", "2024-01-02 10:00:0",
+         "2024-01-02 10:02:0"},
+        // Days that follow each other.
+        {"t;v\n03/01/2024;1\n03/02/2024;2\n03/03/2024;3\n03/04/2024;3\n",
+         "date in column 1 (\"t\"), month before day", "2024-03-01 00:00:0", "2024-03-04 00:00:0"},
+        // Twelve hours.
+        {"t;v\n01/02/2024 10:00:00 AM;1\n01/02/2024 10:01:00 AM;2\n01/02/2024 10:02:00 AM;3\n",
+         "date and time in column 1 (\"t\"), month before day", "2024-01-02 10:00:0", "2024-01-02 10:02:0"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreInParts) {
+    const TimesCase cases[] = {
+        {"Year,Month,Day,Hour,Minute,v\n2024,1,31,10,0,7\n2024,1,31,10,1,7\n2024,1,31,10,2,8\n",
+         "date and time in parts: column 1 (\"Year\"), column 2 (\"Month\"), column 3 (\"Day\"), column 4 "
+         "(\"Hour\"), "
+         "column 5 (\"Minute\")",
+         "2024-01-31 10:00:0", "2024-01-31 10:02:0"},
+        {"STN,YYYYMMDD,HH,v\n260,20240131,22,7\n260,20240131,23,7\n260,20240131,24,8\n",
+         "date and time in parts: column 2 (\"YYYYMMDD\"), column 3 (\"HH\")", "2024-01-31 22:00:0",
+         "2024-02-01 00:00:0"},
+        // By their values alone.
+        {" 2016  3  1  0  0   91.28\n 2016  3  1  0  1   89.44\n 2016  3  1  0  2   83.25\n",
+         "date and time in parts: column 1, column 2, column 3, column 4, column 5", "2016-03-01 00:00:0",
+         "2016-03-01 00:02:0"},
+        {"week;tow(s);v\n2299;302400.0;1\n2299;302401.0;2\n2299;302402.0;3\n",
+         "date and time in parts: column 1 (\"week\"), column 2 (\"tow(s)\")", "2024-01-31 12:00:0",
+         "2024-01-31 12:00:2"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreNumbersThatCount) {
+    const TimesCase cases[] = {
+        {"t [s];v\n0;1\n0.5;2\n1;3\n", "elapsed seconds in column 1 (\"t [s]\")", "0", "1"},
+        {"Time;v\nms;V\n0;1\n10;2\n20;3\n", "elapsed milliseconds in column 1 (\"Time\")", "0", "0.02"},
+        {"v;t_ms\n5;0\n6;10\n5;20\n", "elapsed milliseconds in column 2 (\"t_ms\")", "0", "0.02"},
+        {"time/s;I/mA\n0;1\n1,5;2\n3;3\n", "elapsed seconds in column 1 (\"time/s\")", "0", "3"},
+        {"ts;v\n1706695200;1\n1706695201;2\n1706695202;3\n", "seconds since 1970 in column 1 (\"ts\")",
+         "2024-01-31 10:00:0", "2024-01-31 10:00:2"},
+        {"ts;v\n1706695200055;1\n1706695200155;2\n1706695200255;3\n",
+         "milliseconds since 1970 in column 1 (\"ts\")", "2024-01-31 10:00:0.055", "2024-01-31 10:00:0.255"},
+        {"Zeit;v\n45322,5;1\n45322,625;2\n45322,75;3\n", "days since 30 December 1899 in column 1 (\"Zeit\")",
+         "2024-01-31 12:00:0", "2024-01-31 18:00:0"},
+        {"JD;v\n2460341.0;1\n2460341.25;2\n2460341.5;3\n", "Julian days in column 1 (\"JD\")",
+         "2024-01-31 12:00:0", "2024-02-01 00:00:0"},
+        {"Year: 2022\nDECDOY,v,w\n1.5,1,3\n1.75,2,3\n2.0,3,4\n", "days of the year in column 1 (\"DECDOY\")",
+         "2022-01-01 12:00:0", "2022-01-02 00:00:0"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreClocksAndSpansWithoutADate) {
+    const TimesCase cases[] = {
+        {"Uhrzeit;v\n23:59:58;1\n23:59:59;2\n00:00:00;3\n",
+         "time of day without a date in column 1 (\"Uhrzeit\"), running over midnight", "86398", "86400"},
+        {"Elapsed;v\n23:59:59;1\n24:00:00;1\n24:00:01;2\n", "elapsed time in column 1 (\"Elapsed\")", "86399",
+         "86401"},
+        {"Time;v\n0d 00:00:01.5;1\n0d 00:00:02.5;2\n3d 00:00:03.5;2\n", "elapsed time in column 1 (\"Time\")",
+         "1.5", "259203.5"},
+        {"Time;v\n15:42:3:7;1\n15:42:3:46;2\n15:42:3:109;2\n",
+         "time of day without a date in column 1 (\"Time\"), milliseconds without leading zeros", "56523.007",
+         "56523.109"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreIntervalsWhereNoColumnHoldsAny) {
+    const TimesCase cases[] = {
+        {"Interval: 10 s\nA;B;C\n5;1;7\n4;9;7\n5;1;8\n", "no column holds times: a row every 10 s", "0",
+         "20"},
+        {"Start: 31.01.2024 10:00\nAbtastrate: 2 kHz\nA;B;C\n5;1;7\n4;9;7\n5;1;8\n",
+         "no column holds times: a row every 500 µs, from the start named above on", "2024-01-31 10:00:0",
+         "2024-01-31 10:00:0.001"},
+        {"A;B;C\n5;1;7\n4;9;7\n5;1;8\n", "no column holds times: a row every 1 s", "0", "2"},
+    };
+    CheckTimes(cases);
+}
+
+}  // namespace

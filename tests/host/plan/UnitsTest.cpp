@@ -1,0 +1,57 @@
+// Units alone and at the end of names.
+#include "host/plan/Units.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/framework/Text.h"
+
+namespace {
+
+using namespace kelvarin::plan;
+
+TEST(PlanUnits, AreKnownWithPrefixesPowersAndQuotients) {
+    for (const char* unit : {"V",     "mV",           "kWh",   "°C",  "Grad C", "m/s",   "m/s^2", "m/s²",
+                             "W/m2",  "umol m-2 s-1", "%",     "%RH", "U/min",  "1/min", "mg/l",  "l/h",
+                             "kg/m³", "N·m",          "dBm",   "Ohm", "MΩ",     "hPa",   "µS/cm", "bar",
+                             "psi",   "rpm",          "deg C", "ms",  "h",      "daN",   "1/s"})
+        EXPECT_TRUE(IsUnit(Utf8ToUtf16(unit))) << unit;
+    for (const char* text : {"", "Druck", "Time", "x-axis", "TIMESTAMP", "1", "100", "Channel 1", "REAL32",
+                             "Spannung V", "mx", "Position/Weg", "Kanal/V", "2023", "-", "°X"})
+        EXPECT_FALSE(IsUnit(Utf8ToUtf16(text))) << text;
+}
+
+struct UnitCase {
+    const char* Name;
+    const char* Unit;
+};
+
+TEST(PlanUnits, StandAtTheEndOfNames) {
+    const UnitCase cases[] = {
+        {"Druck [bar]", "bar"},
+        {"Speed(mph)", "mph"},
+        {"Time {s}", "s"},
+        {"Strom <mA>", "mA"},
+        {"Druck [bar] (max)", "bar"},
+        {"Temp (°C) innen", "°C"},
+        {"Spannung / V", "V"},
+        {"Zeit in ms", "ms"},
+        {"Relative time, s", "s"},
+        {"Time/min", "min"},
+        // In square brackets any short word is one.
+        {"Durchsatz [Stk]", "Stk"},
+        {"Druck", ""},
+        {"Druck (innen)", ""},
+        {"Druck [5]", ""},
+        {"Druck [auf der anderen Seite]", ""},
+        {"Mode/A", ""},
+        {"Ein/Aus", ""},
+        {"Check in hall", ""},
+        {"[bar", ""},
+        {"", ""},
+    };
+    for (const UnitCase& c : cases) EXPECT_EQ(Utf16ToUtf8(UnitInName(Utf8ToUtf16(c.Name))), c.Unit) << c.Name;
+}
+
+}  // namespace
