@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
 #include "host/language/Phrase.h"
 
@@ -22,22 +23,8 @@ void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }
 
-// The word of a certainty, the same in every language.
-const char* CodeOf(Certainty certainty) {
-    constexpr const char* Codes[] = {"certain", "likely", "guess"};
-    return Codes[static_cast<int>(certainty)];
-}
-
-// A line for each assumption, with what speaks against it below.
-void WriteAssumptions(ReportStream out, const guess::TimeGuess& guess) {
-    out << ReportLabel(Phrase("assumed"));
-    const char* indent = "";
-    for (const Assumption& one : guess.Assumed) {
-        out << indent << one.Text << " (" << CertaintyInWords(one.Sureness) << ")\n";
-        for (const std::string& objection : one.Objections)
-            out << Indent << "  " << Phrase("but: {}", objection) << "\n";
-        indent = Indent;
-    }
+void WritePlan(ReportStream out, const guess::TimeGuess& guess) {
+    WriteAssumptions(out, guess.Assumed);
     if (!guess.Settings.empty()) {
         out << Indent << Phrase("as options: {}", OptionsText(guess.Settings)) << "\n";
     } else {
@@ -48,7 +35,7 @@ void WriteAssumptions(ReportStream out, const guess::TimeGuess& guess) {
 
 void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
     if (!guess.Assumed.empty()) {
-        WriteAssumptions(out, guess);
+        WritePlan(out, guess);
         WriteSaving(out, guess);
         return;
     }
@@ -72,16 +59,9 @@ Json GuessToJson(const guess::TimeGuess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
-    Json assumed = Json::array();
-    for (const Assumption& one : guess.Assumed) {
-        assumed.push_back({{"kind", one.Kind},
-                           {"text", one.Text},
-                           {"certainty", CodeOf(one.Sureness)},
-                           {"objections", one.Objections}});
-    }
     return {{"certainty", CodeOf(guess.Sureness)},
             {"basis", guess.Basis},
-            {"assumed", assumed},
+            {"assumed", AssumptionsToJson(guess.Assumed)},
             {"settings", settings},
             {"options", OptionsText(guess.Settings)},
             {"fixedInterval", guess.IsFixedInterval},

@@ -3,9 +3,12 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Complaints.h"
+#include "cli/report/AssumptionsReport.h"
 #include "cli/report/JsonReport.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
+#include "host/plan/CopyInWords.h"
+#include "host/plan/Sureness.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -47,13 +50,6 @@ std::string TimesInWords(const plan::CopyResult& result) {
     return Phrase("elapsed seconds, {} added to all", SpanInWords(result.Shift));
 }
 
-std::string LinesInWords(const plan::LinesLeftOut& lines) {
-    std::string numbers = Listed(lines.First);
-    if (lines.Count > lines.First.size()) numbers += " ...";
-    return lines.Count == 1 ? Phrase("{} (line {})", lines.Count, numbers)
-                            : Phrase("{} (lines {})", lines.Count, numbers);
-}
-
 // A line of the report for each text, the first with the label.
 void WriteLines(ReportStream& out, const std::string& label, const std::vector<std::string>& texts) {
     for (std::size_t i = 0; i < texts.size(); ++i)
@@ -63,11 +59,11 @@ void WriteLines(ReportStream& out, const std::string& label, const std::vector<s
 void WriteChanges(ReportStream& out, const plan::CopyResult& result) {
     std::vector<std::string> leftOut;
     if (result.Rows.Blank.Count != 0)
-        leftOut.push_back(Phrase("blank lines: {}", LinesInWords(result.Rows.Blank)));
+        leftOut.push_back(Phrase("blank lines: {}", plan::LinesInWords(result.Rows.Blank)));
     if (result.Rows.Headers.Count != 0)
-        leftOut.push_back(Phrase("header lines again: {}", LinesInWords(result.Rows.Headers)));
+        leftOut.push_back(Phrase("header lines again: {}", plan::LinesInWords(result.Rows.Headers)));
     if (result.Rows.Timeless.Count != 0)
-        leftOut.push_back(Phrase("lines without a time: {}", LinesInWords(result.Rows.Timeless)));
+        leftOut.push_back(Phrase("lines without a time: {}", plan::LinesInWords(result.Rows.Timeless)));
     if (result.Changes.ExtraCells != 0)
         leftOut.push_back(Phrase("cells to the right of the table: {}", result.Changes.ExtraCells));
     WriteLines(out, Phrase("left out"), leftOut);
@@ -78,16 +74,6 @@ void WriteChanges(ReportStream& out, const plan::CopyResult& result) {
         rewritten.push_back(
             Phrase("markers of missing values that became empty cells: {}", result.Changes.Missing));
     WriteLines(out, Phrase("changed"), rewritten);
-}
-
-void WriteAssumptions(ReportStream& out, const plan::FoundTimes& times) {
-    std::vector<std::string> assumed;
-    if (!times.IsOrderProven)
-        assumed.push_back(Phrase("which number of a date is the day and which the month: nothing proves it"));
-    if (!times.IsUnitNamed)
-        assumed.push_back(
-            Phrase("the unit of the times, {}: nothing names it", SpanInWords(times.Recipe.Unit)));
-    WriteLines(out, Phrase("assumed"), assumed);
 }
 
 void WriteColumns(ReportStream& out, const plan::ReadingPlan& plan) {
@@ -133,7 +119,7 @@ void WritePrepareText(ReportStream out, const PrepareReport& report) {
                           : Phrase("{}, in the order of their times already", rows))
         << "\n";
     WriteChanges(out, result);
-    WriteAssumptions(out, *report.Plan->Times);
+    WriteAssumptions(out, plan::Assumptions(*report.Plan));
     WriteColumns(out, *report.Plan);
 }
 
@@ -142,13 +128,11 @@ void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
         {"file", PrintableName(report.File)}, {"written", !report.Copy.empty()}, {"reason", report.Reason}};
     if (!report.Copy.empty()) {
         const plan::CopyResult& result = report.Result;
-        const plan::FoundTimes& times = *report.Plan->Times;
         document["copy"] = PrintableName(report.Copy);
         document["times"] = {{"kind", TimesWords[static_cast<std::size_t>(result.Times)]},
                              {"columns", TimeColumns(*report.Plan)},
-                             {"shift", result.Shift},
-                             {"orderProven", times.IsOrderProven},
-                             {"unitNamed", times.IsUnitNamed}};
+                             {"shift", result.Shift}};
+        document["assumed"] = AssumptionsToJson(plan::Assumptions(*report.Plan));
         document["rows"] = result.Rows.Written;
         document["sorted"] = result.Sorted;
         document["leftOut"] = {{"blank", LinesToJson(result.Rows.Blank)},

@@ -45,9 +45,11 @@ TableStart StartOf(const ReadingPlan& plan) {
 bool IsReadOtherwise(const PlannedColumn& column, const CutCell& cell, char16_t mark) {
     const bool isNumber = column.Type == ColumnType::Integer || column.Type == ColumnType::Float;
     if (column.IsTime || !isNumber || cell.Text.empty() || IsMissing(cell.Text)) return false;
-    const std::optional<NumberLook> look = LookAtNumber(TrimWhiteSpace(cell.Text));
-    if (!look) return false;
-    const bool isThousands = look->Thousands != u'\0' || (look->Mark != u'\0' && look->Mark != mark);
+    const std::u16string_view text = TrimWhiteSpace(cell.Text);
+    const std::optional<NumberLook> look = LookAtNumber(text);
+    if (!look && !AmountIn(text)) return false;
+    const bool isThousands =
+        look && (look->Thousands != u'\0' || (look->Mark != u'\0' && look->Mark != mark));
     return isThousands || (cell.Fits >> (ModuleTypeOf(column) - 1) & 1) == 0;
 }
 

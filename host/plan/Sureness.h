@@ -8,6 +8,8 @@
 #include "host/plan/ReadingPlan.h"
 
 namespace kelvarin::plan {
+using kelvarin::Assumption;
+
 // In the order of Assumption::Kind. "times" is always among them, the others where there is something to say.
 std::vector<Assumption> Assumptions(const ReadingPlan& plan);
 
