@@ -50,7 +50,12 @@ void TimeCandidates::AddNumbers() {
         column.IsFirstWithoutName = i == 0 && label.Name.empty();
         AddSince1970(column);
         AddDays(column);
-        if (column.Unit != 0 || column.IsTime || column.IsFirstWithoutName) AddElapsed(column);
+        const bool hasName = !label.Name.empty() || !label.Unit.empty();
+        if (column.Unit != 0 || column.IsTime || column.IsFirstWithoutName) {
+            AddElapsed(column);
+        } else if (!hasName && column.HasFractions) {
+            AddRising(column);
+        }
     }
 }
 
@@ -91,6 +96,12 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
     FoundTimes* const times = Consider(recipe, weight);
     if (times == nullptr || isNamed) return;
     times->IsUnitNamed = false;
+    if (Clues.TimeUnit) {
+        times->Recipe.Unit = *Clues.TimeUnit;
+        times->IsUnitNamed = true;
+        times->Trial = Try(times->Recipe, Rows);
+        return;
+    }
     const std::int64_t step = times->Trial.MedianStep;
     const std::int64_t counted = step / Second;
     if (Clues.Interval && counted > 0 && *Clues.Interval % counted == 0 && !column.HasFractions) {
@@ -102,5 +113,15 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
         times->Recipe.Unit = Millisecond;
     }
     times->Trial = Try(times->Recipe, Rows);
+}
+
+// Decimal numbers without a name that rise from row to row, as nothing that is measured does.
+void TimeCandidates::AddRising(const NumberColumn& column) {
+    TimeRecipe recipe = column.Recipe;
+    recipe.Unit = Clues.TimeUnit.value_or(Second);
+    const TimeTrial trial = Try(recipe, Rows);
+    constexpr std::size_t FewestSteps = 10;
+    if (trial.Rising < FewestSteps || trial.Equal + trial.Falling != 0) return;
+    if (FoundTimes* const found = Consider(recipe, 0.5)) found->IsUnitNamed = Clues.TimeUnit.has_value();
 }
 }  // namespace kelvarin::plan
