@@ -64,6 +64,9 @@ void WriteChanges(ReportStream& out, const plan::CopyResult& result) {
         leftOut.push_back(Phrase("header lines again: {}", plan::LinesInWords(result.Rows.Headers)));
     if (result.Rows.Timeless.Count != 0)
         leftOut.push_back(Phrase("lines without a time: {}", plan::LinesInWords(result.Rows.Timeless)));
+    if (result.Rows.Totals.Count != 0)
+        leftOut.push_back(
+            Phrase("a last row that sums up the others: {}", plan::LinesInWords(result.Rows.Totals)));
     if (result.Changes.ExtraCells != 0)
         leftOut.push_back(Phrase("cells to the right of the table: {}", result.Changes.ExtraCells));
     WriteLines(out, Phrase("left out"), leftOut);
@@ -138,6 +141,7 @@ void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
         document["leftOut"] = {{"blank", LinesToJson(result.Rows.Blank)},
                                {"headers", LinesToJson(result.Rows.Headers)},
                                {"withoutTime", LinesToJson(result.Rows.Timeless)},
+                               {"totals", LinesToJson(result.Rows.Totals)},
                                {"cells", result.Changes.ExtraCells}};
         document["rewritten"] = {{"values", result.Changes.Values}, {"missing", result.Changes.Missing}};
         document["columns"] = ColumnsToJson(report);

@@ -51,6 +51,10 @@ constexpr Translation Texts[] = {
     {"the interval is taken from the lines above the table",
      "das Intervall stammt aus den Zeilen oberhalb der Tabelle"},
     {"nothing names the interval: it is an example", "nichts nennt das Intervall: es ist ein Beispiel"},
+    {"the year is taken from the lines above the table",
+     "das Jahr stammt aus den Zeilen oberhalb der Tabelle"},
+    {"the last row has the time of the first: it seems to be a total",
+     "die letzte Zeile hat die Zeit der ersten: sie scheint eine Summe zu sein"},
     {"the unit is not named", "die Einheit ist nicht genannt"},
     {"{} holds times as well", "auch {} enthält Zeiten"},
     // The rows.

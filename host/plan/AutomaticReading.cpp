@@ -194,6 +194,10 @@ bool AutomaticReading::IsMissing(int column, const char16_t* cell) {
 }
 
 bool AutomaticReading::IsNoRow(const DroppedRow& row) {
+    if (row.Reason == DropReason::Falls && Found->EndsInTotal && !Lost.HasTotal) {
+        Lost.HasTotal = true;
+        return true;
+    }
     if (row.Reason == DropReason::Falls) Lost.AreRowsOutOfOrder = true;
     if (row.Reason != DropReason::DoesNotFit) return false;
     const std::vector<std::u16string_view> cells(row.Cells.begin(), row.Cells.end());

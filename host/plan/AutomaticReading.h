@@ -84,6 +84,7 @@ class AutomaticReading : private IReadingGuide {
     // What the last run has lost.
     struct Losses {
         bool AreRowsOutOfOrder = false;
+        bool HasTotal = false;            // a row that sums up the others was left out
         bool AreTimesUnread = false;      // that the plan reads
         std::vector<CellCounts> Refused;  // by column
     };

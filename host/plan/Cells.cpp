@@ -81,8 +81,9 @@ std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
 bool LooksLikeTime(std::u16string_view cell) {
     const auto digits = std::count_if(cell.begin(), cell.end(), IsDigit);
     if (digits < 3 || digits * 4 < static_cast<std::ptrdiff_t>(cell.size())) return false;
+    constexpr int AnyYear = 2000;  // "Apr 29 06:00"
     for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
-        if (ParseTime(cell, {order, false, false})) return true;
+        if (ParseTime(cell, {order, false, false, AnyYear})) return true;
     }
     return false;
 }

@@ -45,6 +45,7 @@ struct CopyRows {
     LinesLeftOut Blank;
     LinesLeftOut Headers;   // the header line or the units line again
     LinesLeftOut Timeless;  // other lines without a time
+    LinesLeftOut Totals;    // the last row, if it sums up the others
 };
 
 struct CopyChanges {

@@ -80,6 +80,7 @@ CopyPass::Outcome CopyPass::Run(const std::u16string& source, const std::functio
         if (IsInterrupted()) return Outcome::Interrupted;
         onShare(static_cast<double>(file.GetPosition()) / length);
     }
+    if (Held) LeaveOut(Result.Rows.Totals, Held->Line);
     if (Sorts) {
         Sorter.Finish([this](const SortedRow& row) {
             WriteRow(row);
@@ -111,27 +112,41 @@ void CopyPass::WriteHeader() {
 bool CopyPass::TakeLine(std::u16string_view line) {
     const std::vector<std::u16string_view>& cells = Cutter(line);
     if (IsBlank(cells)) {
-        LeaveOut(Result.Rows.Blank);
+        LeaveOut(Result.Rows.Blank, Line);
         return true;
     }
     const std::u16string_view trimmed = TrimWhiteSpace(line);
     if (std::find(HeaderLines.begin(), HeaderLines.end(), trimmed) != HeaderLines.end()) {
-        LeaveOut(Result.Rows.Headers);
+        LeaveOut(Result.Rows.Headers, Line);
         return true;
     }
     const std::optional<std::int64_t> time = IsRow(cells) ? Walk.Next(cells, Plan.Width) : std::nullopt;
     if (!time) {
-        LeaveOut(Result.Rows.Timeless);
+        LeaveOut(Result.Rows.Timeless, Line);
         return true;
     }
-    if (!Sorts && Result.Rows.Written > 0 && *time < Before) return false;
-    Before = *time;
+    if (Held) {
+        Row.swap(Held->Text);
+        if (!TakeRow(Held->Time, Held->Line)) return false;
+        Held.reset();
+    }
     MakeRow(cells);
-    ++Result.Rows.Written;
+    if (Plan.EndsInTotal && Result.Rows.Written > 0 && *time <= First) {
+        Held = {*time, Line, Row};
+        return true;
+    }
+    return TakeRow(*time, Line);
+}
+
+// Row, which is of this line; false if it is out of order.
+bool CopyPass::TakeRow(std::int64_t time, std::uint64_t line) {
+    if (!Sorts && Result.Rows.Written > 0 && time < Before) return false;
+    if (Result.Rows.Written++ == 0) First = time;
+    Before = time;
     if (Sorts) {
-        Sorter.Add(*time, Line, Row);
+        Sorter.Add(time, line, Row);
     } else {
-        WriteRow({*time, Line, Row});
+        WriteRow({time, line, Row});
     }
     return true;
 }
@@ -146,9 +161,9 @@ bool CopyPass::IsRow(const std::vector<std::u16string_view>& cells) const {
     });
 }
 
-void CopyPass::LeaveOut(LinesLeftOut& kind) const {
+void CopyPass::LeaveOut(LinesLeftOut& kind, std::uint64_t line) {
     constexpr std::size_t MostNumbers = 20;
-    if (kind.Count++ < MostNumbers) kind.First.push_back(Line);
+    if (kind.Count++ < MostNumbers) kind.First.push_back(line);
 }
 
 void CopyPass::MakeRow(const std::vector<std::u16string_view>& cells) {
@@ -158,7 +173,11 @@ void CopyPass::MakeRow(const std::vector<std::u16string_view>& cells) {
         const bool isTime = Plan.Columns[i].IsTime;
         if (isTime && !isInPlace) continue;
         if (!isInPlace) Row += '\t';
-        if (!isTime && i < cells.size()) Columns[i].Append(cells[i], Row);
+        if (!isTime && i < cells.size()) {
+            const bool isMissing = Plan.IsDeclaredMissing(cells[i]);
+            DeclaredMissing += isMissing;
+            Columns[i].Append(isMissing ? std::u16string_view() : cells[i], Row);
+        }
         if (isInPlace) Row += '\t';
     }
     for (std::size_t i = Columns.size(); i < cells.size(); ++i)
@@ -184,6 +203,7 @@ void CopyPass::WriteBlock() {
 }
 
 CopyResult CopyPass::TakeResult() {
+    Result.Changes.Missing += DeclaredMissing;
     for (const CellCopier& column : Columns) {
         Result.Cells.push_back(column.Counts());
         Result.Types.push_back(column.Type());

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,7 +48,8 @@ class CopyPass {
     void WriteHeader();
     bool TakeLine(std::u16string_view line);
     bool IsRow(const std::vector<std::u16string_view>& cells) const;
-    void LeaveOut(LinesLeftOut& kind) const;
+    static void LeaveOut(LinesLeftOut& kind, std::uint64_t line);
+    bool TakeRow(std::int64_t time, std::uint64_t line);
     void MakeRow(const std::vector<std::u16string_view>& cells);
     void WriteRow(const SortedRow& row);
     void WriteBlock();
@@ -64,8 +66,18 @@ class CopyPass {
     std::vector<CellCopier> Columns;
     std::vector<std::u16string> HeaderLines;  // as they are in the file, trimmed
     std::uint64_t Line = 0;                   // that was read last
+    std::int64_t First = 0;                   // time of the first row
     std::int64_t Before = 0;                  // time of the row before
     std::string Row;                          // without its time
     std::string Block;                        // that isn't written yet
+
+    // A row that sums up the others unless one follows it.
+    struct HeldRow {
+        std::int64_t Time;
+        std::uint64_t Line;
+        std::string Text;
+    };
+    std::optional<HeldRow> Held;
+    std::uint64_t DeclaredMissing = 0;  // cells
 };
 }  // namespace kelvarin::plan

@@ -16,10 +16,10 @@ struct TriedStyle {
     TimeTrial Trial;
 };
 
-std::vector<TriedStyle> StylesThatFit(const TextList& texts) {
+std::vector<TriedStyle> StylesThatFit(const TextList& texts, int year) {
     std::vector<TriedStyle> tried;
     for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
-        TriedStyle one{{order, false, false}, 0, {}};
+        TriedStyle one{{order, false, false, year}, 0, {}};
         for (const std::u16string& text : texts) one.Read += ParseTime(text, one.Style).has_value();
         tried.push_back(one);
     }
@@ -103,8 +103,8 @@ DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
 }  // namespace
 
 std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& names, const TableRows& rows,
-                                       const std::vector<std::size_t>& columns) {
-    std::vector<TriedStyle> tried = StylesThatFit(texts);
+                                       const std::vector<std::size_t>& columns, int year) {
+    std::vector<TriedStyle> tried = StylesThatFit(texts, year);
     const std::size_t most = std::max({tried[0].Read, tried[1].Read, tried[2].Read});
     if (most == 0) return std::nullopt;
     if (AreSame(tried, texts)) return DateStyle{tried[0].Style, OrderProof::Unneeded};

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "host/plan/Units.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -20,24 +21,6 @@ struct LabelLine {
     std::size_t Units = 0;      // cells that are units
     bool IsAdjacent = false;    // no blank line lies between it and the table, or one gap at most
 };
-
-// True for a line of words for kinds of values: "Avg", "REAL32", "Counter".
-bool IsKindsLine(const std::vector<std::u16string>& cells) {
-    constexpr std::u16string_view Kinds[] = {
-        u"counter", u"analog", u"digital", u"float", u"double", u"int",     u"integer",  u"real",   u"real32",
-        u"real64",  u"int16",  u"int32",   u"int64", u"uint8",  u"uint16",  u"uint32",   u"uint64", u"bool",
-        u"boolean", u"bit",    u"string",  u"text",  u"avg",    u"average", u"mean",     u"smp",    u"sample",
-        u"min",     u"max",    u"std",     u"sum",   u"tot",    u"total",   u"datetime", u"number"};
-    std::size_t filled = 0;
-    std::size_t kinds = 0;
-    for (const std::u16string& cell : cells) {
-        if (cell.empty()) continue;
-        ++filled;
-        kinds += std::any_of(std::begin(Kinds), std::end(Kinds),
-                             [&](auto kind) { return EqualsIgnoreCase(cell, kind); });
-    }
-    return filled > 0 && 4 * kinds >= 3 * filled;
-}
 
 // The lines above the table that may describe its columns, the lowest first.
 std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
@@ -55,6 +38,10 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         if (2 * shape.Cells < table.Width || shape.Cells > table.Width + 2) continue;
         // A key and its value, filled up with separators.
         if (table.Width > 4 && shape.Filled <= 2) continue;
+        // A line that is drawn: "----+----".
+        const std::u16string& text = sample.Lines[i].Text;
+        if (std::none_of(text.begin(), text.end(), [](char16_t c) { return IsLetter(c) || IsDigit(c); }))
+            continue;
         LabelLine line{i, {}, 0, 0, 0, true};
         std::set<std::u16string_view> texts;
         const auto& cells = cut(sample.Lines[i].Text);
@@ -117,7 +104,7 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         const bool isBelowNames = line.Units >= 2 && &line != &lines.back() && above->Units == 0 &&
                                   above->Cells.size() == line.Cells.size();
         if (isBelowNames) continue;
-        if (IsKindsLine(line.Cells) && lines.size() > 1 && &line != &lines.back()) continue;
+        if (shape.AreKinds && lines.size() > 1 && &line != &lines.back()) continue;
         if (isAboveUnits || (!isNumbers && IsUnlikeRows(shape, table))) return &line;
     }
     // Names may be units too, such as A, B and C: those that are not all units are names, above or below

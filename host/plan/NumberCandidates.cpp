@@ -14,6 +14,10 @@ bool IsSince1970(double seconds) {
     constexpr double To = 2'208'988'800;
     return seconds >= From && seconds <= To;
 }
+// "s since 1970", "Seconds since 1970-01-01".
+bool IsNamedSince1970(const Label& label) {
+    return (label.Name + u" " + label.Unit).find(u"since 1970") != std::u16string::npos;
+}
 }  // namespace
 
 // A column of numbers, and what its name says.
@@ -24,6 +28,7 @@ struct TimeCandidates::NumberColumn {
     std::int64_t Unit = 0;  // ns; 0: none is named
     bool IsTime = false;
     bool IsDayOfYear = false;
+    bool IsNamedSince1970 = false;
     bool IsFirstWithoutName = false;
 };
 
@@ -47,21 +52,31 @@ void TimeCandidates::AddNumbers() {
         column.Unit = UnitNamed(label);
         column.IsTime = IsNamedTime(label);
         column.IsDayOfYear = IsDayOfYear(label);
+        column.IsNamedSince1970 = IsNamedSince1970(label);
         column.IsFirstWithoutName = i == 0 && label.Name.empty();
         AddSince1970(column);
         AddDays(column);
-        if (column.Unit != 0 || column.IsTime || column.IsFirstWithoutName) AddElapsed(column);
+        const bool hasName = !label.Name.empty() || !label.Unit.empty();
+        if (column.Unit != 0 || column.IsTime || column.IsFirstWithoutName) {
+            AddElapsed(column);
+        } else if (!hasName && column.HasFractions) {
+            AddRising(column);
+        }
     }
 }
 
 void TimeCandidates::AddSince1970(const NumberColumn& column) {
     for (const std::int64_t unit : {Second, Millisecond, std::int64_t{1000}, std::int64_t{1}}) {
-        if (column.Unit != 0 || !IsSince1970(column.First * static_cast<double>(unit) / 1e9)) continue;
+        // A measurement that began in 1970 would be longer than any.
+        const bool isSince1970 =
+            column.IsNamedSince1970 || IsSince1970(column.First * static_cast<double>(unit) / 1e9);
+        const bool fitsUnit = column.Unit == 0 || (column.IsNamedSince1970 && column.Unit == unit);
+        if (!isSince1970 || !fitsUnit) continue;
         TimeRecipe recipe = column.Recipe;
         recipe.Unit = unit;
         recipe.IsAbsolute = true;
         recipe.IsUtc = true;
-        Consider(recipe, 0.98);
+        Consider(recipe, column.IsNamedSince1970 ? 1.03 : 0.98);
     }
 }
 
@@ -77,7 +92,8 @@ void TimeCandidates::AddDays(const NumberColumn& column) {
         recipe.IsAbsolute = true;
         Consider(recipe, 0.9);
     };
-    if (column.IsTime && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
+    const bool areDays = column.Unit == 0 || column.Unit == DayLength;
+    if (column.IsTime && areDays && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
     if (column.First > 2'400'000 && column.First < 2'500'000) consider(2'440'588, DayLength / 2);
     if (Clues.Year && column.First >= 0 && column.First < 367 && column.IsDayOfYear)
         consider(1, DaysSince1970(*Clues.Year, 1, 1) * DayLength);
@@ -91,6 +107,12 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
     FoundTimes* const times = Consider(recipe, weight);
     if (times == nullptr || isNamed) return;
     times->IsUnitNamed = false;
+    if (Clues.TimeUnit) {
+        times->Recipe.Unit = *Clues.TimeUnit;
+        times->IsUnitNamed = true;
+        times->Trial = Try(times->Recipe, Rows);
+        return;
+    }
     const std::int64_t step = times->Trial.MedianStep;
     const std::int64_t counted = step / Second;
     if (Clues.Interval && counted > 0 && *Clues.Interval % counted == 0 && !column.HasFractions) {
@@ -102,5 +124,15 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
         times->Recipe.Unit = Millisecond;
     }
     times->Trial = Try(times->Recipe, Rows);
+}
+
+// Decimal numbers without a name that rise from row to row, as nothing that is measured does.
+void TimeCandidates::AddRising(const NumberColumn& column) {
+    TimeRecipe recipe = column.Recipe;
+    recipe.Unit = Clues.TimeUnit.value_or(Second);
+    const TimeTrial trial = Try(recipe, Rows);
+    constexpr std::size_t FewestSteps = 10;
+    if (trial.Rising < FewestSteps || trial.Equal + trial.Falling != 0) return;
+    if (FoundTimes* const found = Consider(recipe, 0.5)) found->IsUnitNamed = Clues.TimeUnit.has_value();
 }
 }  // namespace kelvarin::plan

@@ -42,15 +42,24 @@ TableStart StartOf(const ReadingPlan& plan) {
 }
 
 // A cell that the module would refuse or read as another number.
-bool IsReadOtherwise(const PlannedColumn& column, const CutCell& cell, char16_t mark) {
+bool IsReadOtherwise(const PlannedColumn& column, const CutCell& cell, const ReadingPlan& plan) {
     const bool isNumber = column.Type == ColumnType::Integer || column.Type == ColumnType::Float;
     if (column.IsTime || !isNumber || cell.Text.empty() || IsMissing(cell.Text)) return false;
     const std::u16string_view text = TrimWhiteSpace(cell.Text);
     const std::optional<NumberLook> look = LookAtNumber(text);
     if (!look && !AmountIn(text)) return false;
     const bool isThousands =
-        look && (look->Thousands != u'\0' || (look->Mark != u'\0' && look->Mark != mark));
+        look && (look->Thousands != u'\0' || (look->Mark != u'\0' && look->Mark != plan.Mark));
     return isThousands || (cell.Fits >> (ModuleTypeOf(column) - 1) & 1) == 0;
+}
+
+// A number that stands for a missing value, which the module would take for one.
+bool HoldsDeclaredMissing(const ReadingPlan& plan) {
+    const auto isAny = [&plan](const auto& row) {
+        return std::any_of(row.begin(), row.end(),
+                           [&plan](const auto& cell) { return plan.IsDeclaredMissing(cell); });
+    };
+    return !plan.Missing.empty() && std::any_of(plan.Rows.Cells.begin(), plan.Rows.Cells.end(), isAny);
 }
 
 // Both cut a line alike; `expected` are the plan's cells.
@@ -60,7 +69,7 @@ bool AreAlike(const CutLine& line, const std::vector<std::u16string_view>& expec
     for (std::size_t i = 0; i < std::min(line.Cells.size(), plan.Columns.size()); ++i) {
         const std::u16string_view text = TrimWhiteSpace(line.Cells[i].Text);
         if (text.size() < length && text != expected[i]) return false;
-        if (IsReadOtherwise(plan.Columns[i], line.Cells[i], plan.Mark)) return false;
+        if (IsReadOtherwise(plan.Columns[i], line.Cells[i], plan)) return false;
     }
     return true;
 }
@@ -294,6 +303,7 @@ std::optional<SettingList> IntervalSettings(const ReadingPlan& plan) {
 
 std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const ReadingPlan& plan) {
     const TableStart start = StartOf(plan);
+    if (HoldsDeclaredMissing(plan)) return std::nullopt;
     if (plan.How.IsLineQuoted || start.Line == 0 || start.Line > HighestNumber) return std::nullopt;
     ITableReader* const reader = filter.Find<ITableReader>();
     if (reader == nullptr || !CutsAlike(*reader, plan)) return std::nullopt;
@@ -317,7 +327,8 @@ std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const Re
 std::optional<SettingList> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
                                           const std::u16string& path) {
     ITimeReader* const reader = filter.Find<ITimeReader>();
-    if (!plan.Times || reader == nullptr || plan.Times->Trial.Falling != 0) return std::nullopt;
+    if (!plan.Times || reader == nullptr || plan.Times->Trial.Falling != (plan.EndsInTotal ? 1u : 0u))
+        return std::nullopt;
     switch (plan.Times->Recipe.Kind) {
         case TimeKind::Text:
             return TextSettings(*reader, plan, path);

@@ -5,8 +5,10 @@
 #include <string>
 
 #include "host/plan/Durations.h"
+#include "host/plan/TimeNames.h"
 #include "host/plan/TimeRecipe.h"
 #include "host/plan/TimeWords.h"
+#include "host/plan/Units.h"
 #include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
@@ -80,40 +82,81 @@ std::optional<std::int64_t> IntervalIn(std::u16string_view line) {
     }
     return std::nullopt;
 }
+// Four digits on their own.
+std::optional<int> YearIn(std::u16string_view line) {
+    for (std::size_t at = 0; at + 4 <= line.size(); ++at) {
+        const std::u16string_view digits = line.substr(at, 4);
+        const bool isAlone =
+            (at == 0 || !IsDigit(line[at - 1])) && (at + 4 == line.size() || !IsDigit(line[at + 4]));
+        if (!isAlone || !std::all_of(digits.begin(), digits.end(), IsDigit)) continue;
+        int year = 0;
+        for (const char16_t c : digits) year = 10 * year + (c - u'0');
+        if (year >= 1980 && year <= 2100) return year;
+    }
+    return std::nullopt;
+}
+
+// "Time Offset (ms)": a word for time and a unit at the end, without a value.
+std::optional<std::int64_t> TimeUnitIn(std::u16string_view line) {
+    const std::u16string text(TrimWhiteSpace(line));
+    const bool endsInBrackets = text.ends_with(u')') || text.ends_with(u']');
+    if (!endsInBrackets || std::any_of(text.begin(), text.end(), IsDigit)) return std::nullopt;
+    const std::int64_t unit = UnitOfTime(UnitInName(text));
+    if (unit == 0 || !IsNamedTime({text, {}, {text}})) return std::nullopt;
+    return unit;
+}
+
+// "Missing value: -9999": a number of nines after the word.
+std::u16string MissingIn(std::u16string_view line, std::u16string_view low) {
+    std::size_t at = low.npos;
+    for (const std::u16string_view word : {u"missing", u"no data", u"nodata", u"fehlwert", u"fill value"})
+        at = std::min(at, low.find(word));
+    if (at == low.npos) return {};
+    for (std::size_t end = line.size(); end > at; --end) {
+        if (!IsDigit(line[end - 1])) continue;
+        std::size_t begin = end;
+        while (begin > at && std::u16string_view(u"0123456789.,-").find(line[begin - 1]) != line.npos)
+            --begin;
+        const std::u16string_view number = line.substr(begin, end - begin);
+        const auto nines = std::count(number.begin(), number.end(), u'9');
+        const bool areNines = nines >= 2 && std::none_of(number.begin(), number.end(),
+                                                         [](char16_t c) { return c > u'0' && c < u'9'; });
+        return areNines && LookAtNumber(number) ? std::u16string(number) : std::u16string();
+    }
+    return {};
+}
+
+// How much a line with a date says that the measurement began then; 0 for one that says that it ended.
+int StartRank(std::u16string_view low) {
+    if (HasAny(low, {u"start", u"begin", u"first", u"trigger"})) return 3;
+    if (HasAny(low, {u"end", u"stop", u"last", u"export", u"print", u"calib"})) return 0;
+    return HasAny(low, {u"date", u"datum", u"time", u"zeit", u"fecha"}) ? 2 : 1;
+}
+
+bool IsOfInterval(std::u16string_view low) {
+    return HasAny(low, {u"interval", u"sampl", u"abtast", u"takt", u"rate", u"period", u"step", u"delta",
+                        u"increment", u"dt="}) &&
+           !HasAny(low, {u"baud", u"points"});
+}
 }  // namespace
 
 PreambleClues ReadPreamble(const FileSample& sample, const FoundTable& table) {
     PreambleClues clues;
-    int bestKey = 0;
+    int bestRank = 0;
     for (std::size_t i = 0; i < table.First && i < sample.Lines.size(); ++i) {
         constexpr std::size_t Longest = 300;
         const std::u16string_view line = std::u16string_view(sample.Lines[i].Text).substr(0, Longest);
         const std::u16string low = Lowered(line);
-        if (const std::optional<ParsedTime> date = DateIn(line)) {
-            const int key = HasAny(low, {u"start", u"begin", u"first", u"trigger"})        ? 3
-                            : HasAny(low, {u"date", u"datum", u"time", u"zeit", u"fecha"}) ? 2
-                                                                                           : 1;
-            const bool isEnd =
-                HasAny(low, {u"end", u"stop", u"last", u"export", u"print", u"calib"}) && key < 3;
-            if (!isEnd && key > bestKey) {
+        if (const int rank = StartRank(low); rank > bestRank) {
+            if (const std::optional<ParsedTime> date = DateIn(line)) {
                 clues.Start = date->Written();
-                bestKey = key;
+                bestRank = rank;
             }
         }
-        const bool isRate = HasAny(low, {u"interval", u"sampl", u"abtast", u"takt", u"rate", u"period",
-                                         u"step", u"delta", u"increment", u"dt="});
-        if (isRate && !clues.Interval && !HasAny(low, {u"baud", u"points"}))
-            clues.Interval = IntervalIn(line);
-        for (std::size_t at = 0; at + 4 <= line.size(); ++at) {
-            const bool isAlone =
-                (at == 0 || !IsDigit(line[at - 1])) && (at + 4 == line.size() || !IsDigit(line[at + 4]));
-            if (!isAlone || !std::all_of(line.begin() + static_cast<std::ptrdiff_t>(at),
-                                         line.begin() + static_cast<std::ptrdiff_t>(at) + 4, IsDigit))
-                continue;
-            const int year = (line[at] - u'0') * 1000 + (line[at + 1] - u'0') * 100 +
-                             (line[at + 2] - u'0') * 10 + (line[at + 3] - u'0');
-            if (year >= 1980 && year <= 2100 && !clues.Year) clues.Year = year;
-        }
+        if (!clues.Interval && IsOfInterval(low)) clues.Interval = IntervalIn(line);
+        if (!clues.Year) clues.Year = YearIn(line);
+        if (!clues.TimeUnit) clues.TimeUnit = TimeUnitIn(line);
+        if (clues.Missing.empty()) clues.Missing = MissingIn(line, low);
     }
     return clues;
 }

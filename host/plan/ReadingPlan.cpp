@@ -40,7 +40,8 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
     plan.Columns.resize(width);
     std::vector<CellCounts> counts(width);
     for (const auto& row : rows.Cells) {
-        for (std::size_t i = 0; i < row.size(); ++i) counts[i].Add(row[i], plan.Mark);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            counts[i].Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
     }
     const bool hasHexadecimal = std::any_of(counts.begin(), counts.end(), [](const CellCounts& one) {
         return one.Type(false) == ColumnType::Hexadecimal;
@@ -158,6 +159,13 @@ bool IsCountName(std::u16string_view name) {
                        [&](auto part) { return low.find(part) != low.npos; });
 }
 
+bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
+    if (Missing.empty() || cell.empty()) return false;
+    const std::optional<NumberLook> look = LookAtNumber(cell);
+    const std::optional<NumberLook> declared = LookAtNumber(Missing);
+    return look && declared && ValueOf(cell, *look) == ValueOf(Missing, *declared);
+}
+
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
     FileSample sample = SampleFile(path);
     std::optional<ReadingPlan> plan = FindPlan(sample);
@@ -170,19 +178,20 @@ std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
     TableRows rows = RowsOf(sample, *table);
-    ReadingPlan plan{table->How,
-                     table->Width,
-                     sample.Lines[table->First].Number,
-                     labels.NamesLine,
-                     labels.UnitsLine,
-                     MarkOf(table->How, rows),
-                     {},
-                     {},
-                     {},
-                     {},
-                     rows.Cells.size(),
-                     sample.IsWhole};
-    plan.Times = FindTimes(rows, labels, ReadPreamble(sample, *table));
+    ReadingPlan plan;
+    plan.How = table->How;
+    plan.Width = table->Width;
+    plan.FirstLine = sample.Lines[table->First].Number;
+    plan.NamesLine = labels.NamesLine;
+    plan.UnitsLine = labels.UnitsLine;
+    plan.Mark = MarkOf(table->How, rows);
+    plan.RowsLookedAt = rows.Cells.size();
+    plan.IsWholeLookedAt = sample.IsWhole;
+    const PreambleClues clues = ReadPreamble(sample, *table);
+    plan.Missing = clues.Missing;
+    plan.Times = FindTimes(rows, labels, clues);
+    const bool isEndLookedAt = sample.IsWhole || sample.Lines.size() > sample.Head;
+    plan.EndsInTotal = plan.Times && isEndLookedAt && plan.Times->Trial.EndsAtStart;
     AddColumns(rows, labels, plan);
     plan.Rows = std::move(rows);
     return plan;

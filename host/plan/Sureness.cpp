@@ -96,6 +96,8 @@ Assumption TimesOf(const ReadingPlan& plan) {
         if (!times.IsNamed)
             Object(assumption, Certainty::Likely, Phrase("plain numbers may mean something else"));
     }
+    if (recipe.Style.Year != 0)
+        Object(assumption, Certainty::Likely, Phrase("the year is taken from the lines above the table"));
     if (times.Rival)
         Object(assumption, Certainty::Likely,
                Phrase("{} holds times as well", ColumnInWords(plan, *times.Rival)));
@@ -113,7 +115,10 @@ Assumption RowsOf(const ReadingPlan& plan) {
         Object(rows, areMany ? Certainty::Uncertain : Certainty::Likely,
                Phrase("rows without a time: {}", plan.RowsLookedAt - trial.Read));
     }
-    if (trial.IsDescending()) {
+    if (plan.EndsInTotal) {
+        Object(rows, Certainty::Likely,
+               Phrase("the last row has the time of the first: it seems to be a total"));
+    } else if (trial.IsDescending()) {
         Object(rows, Certainty::Likely, Phrase("the newest row is the first"));
     } else if (trial.Falling > 0) {
         const bool areMany = trial.Falling > trial.Rising / 10;

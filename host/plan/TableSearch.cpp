@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "host/plan/KindWords.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -28,6 +29,7 @@ RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells
         shape.Numbers += kind == CellKind::Number;
         shape.Values += IsValue(kind) && kind != CellKind::Number;
     }
+    shape.AreKinds = shape.Numbers + shape.Values == 0 && AreKinds(cells);
     return shape;
 }
 
@@ -109,6 +111,12 @@ std::size_t WiderBeginning(const std::vector<RowShape>& shapes, std::size_t firs
     return first - begin < FewestRows ? first : begin;
 }
 
+std::size_t NextRow(const std::vector<RowShape>& shapes, std::size_t from,
+                    const std::vector<bool>& holdsValues) {
+    while (from + 1 < shapes.size() && !IsRow(shapes[from], holdsValues)) ++from;
+    return from;
+}
+
 // Log lines above a header may look like rows: where a line of words in most columns of values is among the
 // first lines, with many more rows below it than above, the table begins below it.
 std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t first, std::size_t cells,
@@ -128,6 +136,12 @@ std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t fir
             ++values;
             words += shapes[i].Kind(k) == CellKind::Word;
         }
+        // Kinds of values below rows of identifiers and factors.
+        constexpr std::size_t MostRowsOfAHeader = 5;
+        if (shapes[i].AreKinds && shapes[i].Filled > 1 && rowsAbove <= MostRowsOfAHeader) {
+            begin = NextRow(shapes, i + 1, holdsValues);
+            continue;
+        }
         const bool isHeader = shapes[i].Cells >= cells && values > 1 && 4 * words >= 3 * values;
         // The rows above hold less than those below: most of their cells are empty.
         if (!isHeader || !IsRow(shapes[i + 1], holdsValues)) continue;
@@ -136,6 +150,13 @@ std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t fir
         if (rowsAbove > 0 && 2 * filledAbove <= rowsAbove * shapes[i + 1].Filled) begin = i + 1;
     }
     return begin;
+}
+
+std::size_t RowsFrom(const std::vector<RowShape>& shapes, std::size_t first, std::size_t cells,
+                     const std::vector<bool>& holdsValues) {
+    return static_cast<std::size_t>(std::count_if(
+        shapes.begin() + static_cast<std::ptrdiff_t>(first), shapes.end(),
+        [&](const RowShape& shape) { return shape.Cells == cells && IsRow(shape, holdsValues); }));
 }
 
 // The best table that one way of cutting gives.
@@ -163,17 +184,17 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
         FoundTable table{how, *first, cells, 0, 0, {}, holdsValues};
         double worth = 0;
         for (std::size_t i = *first; i < shapes.size(); ++i) {
-            if (shapes[i].Cells != cells || !IsRow(shapes[i], holdsValues)) continue;
-            ++table.Rows;
-            worth += Worth(shapes[i]);
+            if (shapes[i].Cells == cells && IsRow(shapes[i], holdsValues)) worth += Worth(shapes[i]);
         }
+        const std::size_t rows = RowsFrom(shapes, *first, cells, holdsValues);
         // The worth of the rows times their worth per cell: the second factor keeps a separator from winning
         // that cuts values into pieces, as the comma does with decimal commas.
-        table.Score = worth * worth / static_cast<double>(table.Rows * cells);
+        table.Score = worth * worth / static_cast<double>(rows * cells);
         if (mine && table.Score <= mine->Score) continue;
         table.First =
             BelowLastHeader(shapes, WiderBeginning(shapes, *first, holdsValues), cells, holdsValues);
         table.Width = shapes[table.First].Cells;
+        table.Rows = RowsFrom(shapes, table.First, cells, holdsValues);
         mine = std::move(table);
     }
     if (!mine || (best && mine->Score <= best->Score)) return;

@@ -14,6 +14,7 @@ struct RowShape {
     std::size_t Line = 0;                             // index in the sample
     std::size_t Cells = 0;                            // all of them
     std::size_t Filled = 0, Numbers = 0, Values = 0;  // numbers; dates, amounts and other values that aren't
+    bool AreKinds = false;                            // words such as "Avg" and "REAL32"
     std::vector<CellKind> Kinds;                      // of the first cells
 
     CellKind Kind(std::size_t column) const {

@@ -8,14 +8,14 @@
 
 namespace kelvarin::plan {
 namespace {
-std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text) {
+std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text, int year) {
     for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
-        if (const std::optional<ParsedTime> time = ParseTime(text, {order, false, false})) return time;
+        if (const std::optional<ParsedTime> time = ParseTime(text, {order, false, false, year})) return time;
     }
     return std::nullopt;
 }
 
-ColumnLook LookAt(const std::vector<std::u16string>& texts) {
+ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
     ColumnLook look;
     for (const std::u16string& text : texts) {
         ++look.Filled;
@@ -23,7 +23,7 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts) {
             ++look.Numbers;
             if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
-        const std::optional<ParsedTime> time = ParseInAnyOrder(text);
+        const std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
         if (!time) continue;
         look.Dates += time->HasDate && !time->HasClock;
         look.Clocks += !time->HasDate;
@@ -59,7 +59,7 @@ bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const Time
 }  // namespace
 
 void TimeCandidates::AddTexts() {
-    for (const auto& texts : Texts) Looks.push_back(LookAt(texts));
+    for (const auto& texts : Texts) Looks.push_back(LookAt(texts, Clues.Year.value_or(0)));
     for (std::size_t i = 0; i < Width; ++i) {
         const ColumnLook& look = Looks[i];
         const bool isNextNumber = i + 1 < Width && Looks[i + 1].Is(Looks[i + 1].Numbers);
@@ -77,7 +77,8 @@ void TimeCandidates::AddTexts() {
 // A date with or without a clock, or with one in another column: the nearest first, to the right before the
 // left.
 void TimeCandidates::AddDates(std::size_t column) {
-    const auto style = FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column});
+    const auto style =
+        FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column}, Clues.Year.value_or(0));
     if (!style) return;
     FoundTimes date;
     date.Recipe.Columns = {column};
@@ -151,8 +152,8 @@ void TimeCandidates::AddMilliseconds(std::size_t date, std::size_t clock, const 
 
 // "230905,235207": the texts are a date and a clock only together.
 void TimeCandidates::AddJointDigits(std::size_t column) {
-    const auto style =
-        FindDateStyle(JointTexts(Rows, column, column + 1), LabelOf(column).All, Rows, {column, column + 1});
+    const auto style = FindDateStyle(JointTexts(Rows, column, column + 1), LabelOf(column).All, Rows,
+                                     {column, column + 1}, 0);
     if (!style) return;
     TimeRecipe recipe;
     recipe.Columns = {column, column + 1};

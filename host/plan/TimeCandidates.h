@@ -66,6 +66,7 @@ class TimeCandidates {
     void AddSince1970(const NumberColumn& column);
     void AddDays(const NumberColumn& column);
     void AddElapsed(const NumberColumn& column);
+    void AddRising(const NumberColumn& column);
 
     const TableRows& Rows;
     const Labels& Names;

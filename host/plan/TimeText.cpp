@@ -141,6 +141,12 @@ class TimeReader {
                  (Groups[i].Before == u"." || Groups[i].Before == u",") && Groups[i - 1].Before == u":");
             (isClock ? clock : dates).push_back(Groups[i]);
         }
+        if (dates.size() == 1 && Style.Year != 0 && dates[0].Length() <= 2) {
+            if (!SetDate(Style.Year, 4, Time.Month, dates[0].Number())) return false;
+            Groups = std::move(clock);
+            At = 0;
+            return true;
+        }
         if (dates.size() != 2) return false;
         const bool yearFirst = dates[0].Length() == 4 || dates[0].Number() > 31;
         if (!SetDate(dates[yearFirst ? 0 : 1], Time.Month, dates[yearFirst ? 1 : 0])) return false;

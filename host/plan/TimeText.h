@@ -15,6 +15,7 @@ struct TimeStyle {
     DateOrder Order = DateOrder::DayFirst;
     bool BeginsWithMinutes = false;  // "12:30" is minutes and seconds, "12:30:05" too with hundredths
     bool FractionIsCounted = false;  // "15:42:7" and "15:42.7" end in 7 milliseconds
+    int Year = 0;                    // of dates without one, "Apr 29 06:00"; 0: there are none
     bool operator==(const TimeStyle&) const = default;
 };
 

@@ -31,6 +31,9 @@ struct TimeTrial {
     std::int64_t First = 0, Last = 0;  // ns, as TimeRecipe gives them
     std::int64_t MedianStep = 0;       // ns, of rising rows
 
+    bool EndsAtStart =
+        false;  // the last row is as early as the first, and no other is earlier than the one before
+
     bool IsDescending() const { return Falling > 2 * Rising; }
 };
 

@@ -68,6 +68,8 @@ TEST(PlanLabels, AreNotThePreamble) {
     const LabelCase cases[] = {
         {"Device;Logger 7\nSerial;4711\n\nZeit;Druck\n0;1\n1;2\n2;3\n3;4\n", "Zeit|Druck, names 4"},
         {"Today's weather;;;;\nt;a;b;c;d\n0;1;2;3;4\n1;1;2;3;4\n2;1;2;3;4\n", "t|a|b|c|d, names 2"},
+        // Neither is a line that is drawn.
+        {"t  p   n\n-- -- --\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "t|p|n, names 1"},
         // Numbers above numbers are no names.
         {"Ridge\n41.520  -103.411 1377 m version 1\n1 2 3 4 5 6 7 8 9\n2 2 3 4 5 6 7 8 9\n3 2 3 4 5 6 7 8 "
          "9\n",

@@ -73,4 +73,32 @@ TEST(PlanPreamble, NamesAYear) {
     }
 }
 
+TEST(PlanPreamble, DeclaresMissingValuesAndUnits) {
+    struct DeclaredCase {
+        const char* Lines;
+        const char* Missing;
+        std::int64_t TimeUnit;
+    };
+    const DeclaredCase cases[] = {
+        {"Missing value: -9999\n", "-9999", Unknown},
+        {"# no data = 999.9\n", "999.9", Unknown},
+        {"Fehlwert;-99,9;\n", "-99,9", Unknown},
+        {"Missing values: 12\n", "", Unknown},
+        {"9999 values are missing\n", "", Unknown},
+        {"Serial 9999\n", "", Unknown},
+        {";   |   Time Offset (ms)\n", "", Millisecond},
+        {"Zeit [min]\n", "", Minute},
+        {"Time 5 (ms)\n", "", Unknown},
+        {"Druck (ms)\n", "", Unknown},
+    };
+    for (const DeclaredCase& c : cases) {
+        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
+        const std::optional<FoundTable> table = FindTable(sample);
+        ASSERT_TRUE(table) << c.Lines;
+        const PreambleClues clues = ReadPreamble(sample, *table);
+        EXPECT_EQ(Utf16ToUtf8(clues.Missing), c.Missing) << c.Lines;
+        EXPECT_EQ(clues.TimeUnit.value_or(Unknown), c.TimeUnit) << c.Lines;
+    }
+}
+
 }  // namespace

@@ -89,6 +89,34 @@ TEST(PlanTypes, AFewWordsAmongManyNumbersAreNoText) {
     EXPECT_EQ(counts.Type(false), ColumnType::Text);
 }
 
+TEST(ReadingPlan, KnowsDeclaredMissingValues) {
+    const std::optional<ReadingPlan> plan = FindPlan(
+        SampleOf("Missing value: -9999\n\nt;n;v\n10:00:00;1;0.5\n10:00:01;-9999;-9999.00\n10:00:02;0;0.7\n"));
+    ASSERT_TRUE(plan);
+    for (const char16_t* cell : {u"-9999", u"-9999.0", u"-9999.000"})
+        EXPECT_TRUE(plan->IsDeclaredMissing(cell));
+    for (const char16_t* cell : {u"", u"9999", u"-999", u"x"}) EXPECT_FALSE(plan->IsDeclaredMissing(cell));
+    EXPECT_EQ(plan->Columns[1].Type, ColumnType::Boolean);
+}
+
+TEST(ReadingPlan, KnowsATotalAtTheEnd) {
+    struct TotalCase {
+        const char* Text;
+        bool EndsInTotal;
+    };
+    const TotalCase cases[] = {
+        {"t;v\n2024-01-01;1\n2024-01-02;2\n2024-01-03;3\n2024-01-04;4\n2024-01-01;10\n", true},
+        {"t;v\n2024-01-01;1\n2024-01-02;2\n2024-01-03;3\n2024-01-04;4\n2024-01-05;10\n", false},
+        {"t;v\n2024-01-01;1\n2024-01-02;2\n2024-01-01;3\n2024-01-02;4\n2024-01-01;10\n", false},
+        {"t;v\n2024-01-05;1\n2024-01-04;2\n2024-01-03;3\n2024-01-02;4\n2024-01-01;10\n", false},
+    };
+    for (const TotalCase& c : cases) {
+        const std::optional<ReadingPlan> plan = FindPlan(SampleOf(c.Text));
+        ASSERT_TRUE(plan) << c.Text;
+        EXPECT_EQ(plan->EndsInTotal, c.EndsInTotal) << c.Text;
+    }
+}
+
 struct PlanCase {
     const char* Text;
     const char* Plan;

@@ -73,6 +73,10 @@ TEST(PlanTable, BeginsBelowWhatIsAboveIt) {
         {"Rate: 10 Hz\n1,2\nt,v,w\n0,1.5,2\n1,1.6,2\n2,1.7,3\n", ",, 3 columns from line 4, 3 rows"},
         // Blank lines below the header.
         {"t;v\n\n\n1;2\n2;3\n3;4\n", ";, 2 columns from line 4, 3 rows"},
+        // Identifiers and factors above kinds of values.
+        {"Time,p,T\ns,bar,K\n0,101,102\n1.0,0.1,0.1\nREAL64,REAL32,INT16\n\n0,14.4,44\n1,39.8,61\n2,15.9,75\n"
+         "3,15.9,75\n4,15.9,75\n",
+         ",, 3 columns from line 7, 5 rows"},
         // Rows of numbers for each column among the names.
         {"Name;A;B\nOffset;0;0\nZeit;V;V\n0;1;2\n1;3;4\n2;5;6\n3;5;6\n", ";, 3 columns from line 4, 4 rows"},
     };

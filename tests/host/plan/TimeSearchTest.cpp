@@ -68,6 +68,12 @@ TEST(PlanTimes, AreDatesAndClocksInOneColumnOrTwo) {
          "2024-01-30 00:00:0", "2024-02-01 00:00:0"},
         {"Zeit;v\n28 april 2023 13:00;1\n28 april 2023 13:25;2\n28 april 2023 13:50;2\n",
          "date and time in column 1 (\"Zeit\")", "2023-04-28 13:00:0", "2023-04-28 13:50:0"},
+        // The year is above.
+        {"# log of 2023\ndate;v\nApr 30 23:59:00;1\nMay 1 00:00:00;2\nMay 1 00:01:00;3\n",
+         "date and time in column 1 (\"date\")", "2023-04-30 23:59:0", "2023-05-01 00:01:0"},
+        // A number beside a date is an hour only if it goes far into the day.
+        {"Datum;n\n2024-01-30;1\n2024-01-30;2\n2024-01-31;3\n", "date in column 1 (\"Datum\")",
+         "2024-01-30 00:00:0", "2024-01-31 00:00:0"},
         // Dots within the clock.
         {"Datum;Tid;pH\n28 april 2023;13.00.00;6,79\n28 april 2023;13.25.00;6,96\n28 april "
          "2023;13.50.00;7,07\n",
@@ -137,6 +143,31 @@ TEST(PlanTimes, AreNumbersThatCount) {
          "2024-01-31 12:00:0", "2024-02-01 00:00:0"},
         {"Year: 2022\nDECDOY,v,w\n1.5,1,3\n1.75,2,3\n2.0,3,4\n", "days of the year in column 1 (\"DECDOY\")",
          "2022-01-01 12:00:0", "2022-01-02 00:00:0"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreNumbersThatRiseWhereNothingIsNamed) {
+    const TimesCase cases[] = {
+        {"A,1,,-0.5,7\nB,2,,-0.4,8\n,,,-0.3,9\n,,,-0.2,8\n,,,-0.1,7\n,,,0.0,7\n,,,0.1,8\n,,,0.2,7\n,,,0.3,9\n"
+         ",,,0.4,7\n,,,0.5,7\n,,,0.6,7\n",
+         "elapsed seconds in column 4", "-0.5", "0.6"},
+        {";   |     Time Offset (ms)\n;-- -- ---- - -- -- --\n"
+         "1) 0.3 Rx 7 5E 34 B8 0A FE F6 8C A1\n"
+         "2) 5.8 Rx 7 5E 34 B8 0A FE F6 8C A2\n"
+         "3) 8.4 Rx 7 5E 34 B8 0A FE F6 8C A3\n"
+         "4) 12.7 Rx 7 5E 34 B8 0A FE F6 8C A4\n"
+         "5) 23.2 Rx 7 5E 34 B8 0A FE F6 8C A5\n"
+         "6) 27.3 Rx 7 5E 34 B8 0A FE F6 8C A6\n"
+         "7) 29.4 Rx 7 5E 34 B8 0A FE F6 8C A7\n"
+         "8) 36.0 Rx 7 5E 34 B8 0A FE F6 8C A8\n"
+         "9) 37.1 Rx 7 5E 34 B8 0A FE F6 8C A9\n"
+         "10) 38.0 Rx 7 5E 34 B8 0A FE F6 8C AA\n"
+         "11) 39.5 Rx 7 5E 34 B8 0A FE F6 8C AB\n",
+         "elapsed milliseconds in column 2", "0.0003", "0.0395"},
+        // What has a name is measured.
+        {"n;U\n5;0.1\n4;0.2\n5;0.3\n5;0.4\n5;0.5\n5;0.6\n5;0.7\n5;0.8\n5;0.9\n5;1.0\n5;1.1\n5;1.2\n",
+         "no column holds times: a row every 1 s", "0", "11"},
     };
     CheckTimes(cases);
 }
