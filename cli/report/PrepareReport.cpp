@@ -68,6 +68,8 @@ void WriteChanges(ReportStream& out, const plan::CopyResult& result) {
         leftOut.push_back(Phrase("header lines again: {}", LinesInWords(result.Rows.Headers)));
     if (result.Rows.Timeless.Count != 0)
         leftOut.push_back(Phrase("lines without a time: {}", LinesInWords(result.Rows.Timeless)));
+    if (result.Rows.OtherTable.Count != 0)
+        leftOut.push_back(Phrase("lines of another table: {}", LinesInWords(result.Rows.OtherTable)));
     if (result.Changes.ExtraCells != 0)
         leftOut.push_back(Phrase("cells to the right of the table: {}", result.Changes.ExtraCells));
     WriteLines(out, Phrase("left out"), leftOut);
@@ -153,6 +155,7 @@ void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
         document["sorted"] = result.Sorted;
         document["leftOut"] = {{"blank", LinesToJson(result.Rows.Blank)},
                                {"headers", LinesToJson(result.Rows.Headers)},
+                               {"otherTable", LinesToJson(result.Rows.OtherTable)},
                                {"withoutTime", LinesToJson(result.Rows.Timeless)},
                                {"cells", result.Changes.ExtraCells}};
         document["rewritten"] = {{"values", result.Changes.Values}, {"missing", result.Changes.Missing}};

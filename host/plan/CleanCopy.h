@@ -43,8 +43,9 @@ struct LinesLeftOut {
 struct CopyRows {
     std::uint64_t Written = 0;
     LinesLeftOut Blank;
-    LinesLeftOut Headers;   // the header line or the units line again
-    LinesLeftOut Timeless;  // other lines without a time
+    LinesLeftOut Headers;     // the header line or the units line again
+    LinesLeftOut OtherTable;  // of a table of another width, after other lines without a time
+    LinesLeftOut Timeless;    // other lines without a time
 };
 
 struct CopyChanges {

@@ -117,11 +117,18 @@ bool CopyPass::TakeLine(std::u16string_view line) {
     const std::u16string_view trimmed = TrimWhiteSpace(line);
     if (std::find(HeaderLines.begin(), HeaderLines.end(), trimmed) != HeaderLines.end()) {
         LeaveOut(Result.Rows.Headers);
+        IsInOtherTable = false;
+        TimelessBefore = 0;
         return true;
     }
     const std::optional<std::int64_t> time = IsRow(cells) ? Walk.Next(cells, Plan.Width) : std::nullopt;
     if (!time) {
+        ++TimelessBefore;
         LeaveOut(Result.Rows.Timeless);
+        return true;
+    }
+    if (IsOfOtherTable(cells.size())) {
+        LeaveOut(Result.Rows.OtherTable);
         return true;
     }
     if (!Sorts && Result.Rows.Written > 0 && *time < Before) return false;
@@ -144,6 +151,15 @@ bool CopyPass::IsRow(const std::vector<std::u16string_view>& cells) const {
         const CellKind kind = KindOf(cell);
         return kind != CellKind::Empty && kind != CellKind::Word;
     });
+}
+
+// Another table begins with a row of another width after its own lines of names; it ends where the header of
+// this one comes again.
+bool CopyPass::IsOfOtherTable(std::size_t cells) {
+    constexpr int MostOthers = 5;
+    if (TimelessBefore > MostOthers && cells != Plan.Width && Result.Rows.Written > 0) IsInOtherTable = true;
+    TimelessBefore = 0;
+    return IsInOtherTable;
 }
 
 void CopyPass::LeaveOut(LinesLeftOut& kind) const {

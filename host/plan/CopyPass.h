@@ -47,6 +47,7 @@ class CopyPass {
     void WriteHeader();
     bool TakeLine(std::u16string_view line);
     bool IsRow(const std::vector<std::u16string_view>& cells) const;
+    bool IsOfOtherTable(std::size_t cells);
     void LeaveOut(LinesLeftOut& kind) const;
     void MakeRow(const std::vector<std::u16string_view>& cells);
     void WriteRow(const SortedRow& row);
@@ -64,8 +65,10 @@ class CopyPass {
     std::vector<CellCopier> Columns;
     std::vector<std::u16string> HeaderLines;  // as they are in the file, trimmed
     std::uint64_t Line = 0;                   // that was read last
-    std::int64_t Before = 0;                  // time of the row before
-    std::string Row;                          // without its time
-    std::string Block;                        // that isn't written yet
+    int TimelessBefore = 0;                   // lines without a time since the last row, blank ones aside
+    bool IsInOtherTable = false;
+    std::int64_t Before = 0;  // time of the row before
+    std::string Row;          // without its time
+    std::string Block;        // that isn't written yet
 };
 }  // namespace kelvarin::plan
