@@ -209,6 +209,7 @@ constexpr Translation Texts[] = {
     {"{}, sorted by time", "{}, nach der Zeit sortiert"},
     {"blank lines: {}", "leere Zeilen: {}"},
     {"header lines again: {}", "wiederholte Kopfzeilen: {}"},
+    {"lines of another table: {}", "Zeilen einer anderen Tabelle: {}"},
     {"lines without a time: {}", "Zeilen ohne Zeit: {}"},
     {"cells to the right of the table: {}", "Zellen rechts der Tabelle: {}"},
     {"{} (line {})", "{} (Zeile {})"},

@@ -67,6 +67,8 @@ void WriteChanges(ReportStream& out, const plan::CopyResult& result) {
     if (result.Rows.Totals.Count != 0)
         leftOut.push_back(
             Phrase("a last row that sums up the others: {}", plan::LinesInWords(result.Rows.Totals)));
+    if (result.Rows.OtherTable.Count != 0)
+        leftOut.push_back(Phrase("lines of another table: {}", plan::LinesInWords(result.Rows.OtherTable)));
     if (result.Changes.ExtraCells != 0)
         leftOut.push_back(Phrase("cells to the right of the table: {}", result.Changes.ExtraCells));
     WriteLines(out, Phrase("left out"), leftOut);
@@ -140,6 +142,7 @@ void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
         document["sorted"] = result.Sorted;
         document["leftOut"] = {{"blank", LinesToJson(result.Rows.Blank)},
                                {"headers", LinesToJson(result.Rows.Headers)},
+                               {"otherTable", LinesToJson(result.Rows.OtherTable)},
                                {"withoutTime", LinesToJson(result.Rows.Timeless)},
                                {"totals", LinesToJson(result.Rows.Totals)},
                                {"cells", result.Changes.ExtraCells}};

@@ -161,7 +161,12 @@ bool IsMissing(std::u16string_view cell) {
         u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none",    u"nil",  u"-",    u"--",
         u"---", u"----",    u"?",    u"*",       u"***",     u"over",    u"ovld", u"ol",   u"overflow",
         u"#nv", u"#div/0!", u"-nan", u"1.#qnan", u"missing", u"no data", u"inf",  u"-inf", u"."};
-    return cell.empty() || IsOneOf(cell, std::begin(Markers), std::end(Markers));
+    if (cell.empty()) return true;
+    // Most cells need no comparison.
+    constexpr std::u16string_view Firsts = u"nN#-?*oOmMiI.1";
+    constexpr std::size_t Longest = 8;
+    if (cell.size() > Longest || Firsts.find(cell.front()) == Firsts.npos) return false;
+    return IsOneOf(cell, std::begin(Markers), std::end(Markers));
 }
 
 std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {

@@ -43,9 +43,10 @@ struct LinesLeftOut {
 struct CopyRows {
     std::uint64_t Written = 0;
     LinesLeftOut Blank;
-    LinesLeftOut Headers;   // the header line or the units line again
-    LinesLeftOut Timeless;  // other lines without a time
-    LinesLeftOut Totals;    // the last row, if it sums up the others
+    LinesLeftOut Headers;     // the header line or the units line again
+    LinesLeftOut OtherTable;  // of a table of another width, after other lines without a time
+    LinesLeftOut Timeless;    // other lines without a time
+    LinesLeftOut Totals;      // the last row, if it sums up the others
 };
 
 struct CopyChanges {

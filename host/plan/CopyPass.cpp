@@ -118,11 +118,18 @@ bool CopyPass::TakeLine(std::u16string_view line) {
     const std::u16string_view trimmed = TrimWhiteSpace(line);
     if (std::find(HeaderLines.begin(), HeaderLines.end(), trimmed) != HeaderLines.end()) {
         LeaveOut(Result.Rows.Headers, Line);
+        IsInOtherTable = false;
+        TimelessBefore = 0;
         return true;
     }
     const std::optional<std::int64_t> time = IsRow(cells) ? Walk.Next(cells, Plan.Width) : std::nullopt;
     if (!time) {
+        ++TimelessBefore;
         LeaveOut(Result.Rows.Timeless, Line);
+        return true;
+    }
+    if (IsOfOtherTable(cells.size())) {
+        LeaveOut(Result.Rows.OtherTable, Line);
         return true;
     }
     if (Held) {
@@ -131,7 +138,7 @@ bool CopyPass::TakeLine(std::u16string_view line) {
         Held.reset();
     }
     MakeRow(cells);
-    if (Plan.EndsInTotal && Result.Rows.Written > 0 && *time <= First) {
+    if (Plan.EndsInTotal && Result.Rows.Written > 0 && *time == First) {
         Held = {*time, Line, Row};
         return true;
     }
@@ -159,6 +166,15 @@ bool CopyPass::IsRow(const std::vector<std::u16string_view>& cells) const {
         const CellKind kind = KindOf(cell);
         return kind != CellKind::Empty && kind != CellKind::Word;
     });
+}
+
+// Another table begins with a row of another width after its own lines of names; it ends where the header of
+// this one comes again.
+bool CopyPass::IsOfOtherTable(std::size_t cells) {
+    constexpr int MostOthers = 5;
+    if (TimelessBefore > MostOthers && cells != Plan.Width && Result.Rows.Written > 0) IsInOtherTable = true;
+    TimelessBefore = 0;
+    return IsInOtherTable;
 }
 
 void CopyPass::LeaveOut(LinesLeftOut& kind, std::uint64_t line) {

@@ -48,6 +48,7 @@ class CopyPass {
     void WriteHeader();
     bool TakeLine(std::u16string_view line);
     bool IsRow(const std::vector<std::u16string_view>& cells) const;
+    bool IsOfOtherTable(std::size_t cells);
     static void LeaveOut(LinesLeftOut& kind, std::uint64_t line);
     bool TakeRow(std::int64_t time, std::uint64_t line);
     void MakeRow(const std::vector<std::u16string_view>& cells);
@@ -66,10 +67,12 @@ class CopyPass {
     std::vector<CellCopier> Columns;
     std::vector<std::u16string> HeaderLines;  // as they are in the file, trimmed
     std::uint64_t Line = 0;                   // that was read last
-    std::int64_t First = 0;                   // time of the first row
-    std::int64_t Before = 0;                  // time of the row before
-    std::string Row;                          // without its time
-    std::string Block;                        // that isn't written yet
+    int TimelessBefore = 0;                   // lines without a time since the last row, blank ones aside
+    bool IsInOtherTable = false;
+    std::int64_t First = 0;   // time of the first row
+    std::int64_t Before = 0;  // time of the row before
+    std::string Row;          // without its time
+    std::string Block;        // that isn't written yet
 
     // A row that sums up the others unless one follows it.
     struct HeldRow {

@@ -108,7 +108,7 @@ std::string ShownLines(const char* kind, const LinesLeftOut& lines) {
 
 std::string LeftOut(const CopyRows& rows) {
     return ShownLines("blank", rows.Blank) + ShownLines("header", rows.Headers) +
-           ShownLines("timeless", rows.Timeless);
+           ShownLines("timeless", rows.Timeless) + ShownLines("other", rows.OtherTable);
 }
 
 TEST(CleanCopy, KeepsTheColumnsAndPutsTheTimeLast) {
@@ -325,6 +325,12 @@ TEST(CleanCopy, LeavesOutLinesThatAreNoRows) {
         {"blank lines", "0;1\n\n;\n  \n1;2\n\n", " blank 4: 3 4 5 7", "1 2 6"},
         {"the header again", "0;1\nt;v\n1;2\n", " header 1: 3", "1 2 4"},
         {"a footer", "0;1\n1;2\nEnd of file\nsum;3\n", " timeless 2: 4 5", "1 2 3"},
+        {"a table of another width", "0;1\n1;2\na\nb\nc\nd\ne\nf\n0;1;2\n3;4\n",
+         " timeless 6: 4 5 6 7 8 9 other 2: 10 11", "1 2 3"},
+        {"a block after many lines", "0;1\na\nb\nc\nd\ne\nf\n1;2\n", " timeless 6: 3 4 5 6 7 8", "1 2 9"},
+        {"a block after another table", "0;1\na\nb\nc\nd\ne\nf\n5;1;2\nt;v\n1;2\n",
+         " header 1: 10 timeless 6: 3 4 5 6 7 8 other 1: 9", "1 2 11"},
+        {"a wider row after a few lines", "0;1\na\nb\n1;2;3\n", " timeless 2: 3 4", "1 2 5"},
         {"a cell without a time", "0;1\n?;5\n1;2\n", " timeless 1: 3", "1 2 4"},
     };
     for (const auto& c : cases) {
