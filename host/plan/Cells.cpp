@@ -82,10 +82,7 @@ bool LooksLikeTime(std::u16string_view cell) {
     const auto digits = std::count_if(cell.begin(), cell.end(), IsDigit);
     if (digits < 3 || digits * 4 < static_cast<std::ptrdiff_t>(cell.size())) return false;
     constexpr int AnyYear = 2000;  // "Apr 29 06:00"
-    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
-        if (ParseTime(cell, {order, false, false, AnyYear})) return true;
-    }
-    return false;
+    return ParseInAnyOrder(cell, AnyYear).has_value();
 }
 
 }  // namespace
@@ -157,16 +154,21 @@ const std::vector<std::u16string_view>& LineCutter::operator()(std::u16string_vi
 }
 
 bool IsMissing(std::u16string_view cell) {
-    constexpr std::u16string_view Markers[] = {
-        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none",    u"nil",  u"-",    u"--",
-        u"---", u"----",    u"?",    u"*",       u"***",     u"over",    u"ovld", u"ol",   u"overflow",
-        u"#nv", u"#div/0!", u"-nan", u"1.#qnan", u"missing", u"no data", u"inf",  u"-inf", u"."};
+    constexpr std::size_t LongestMarker = 8;
     if (cell.empty()) return true;
-    // Most cells need no comparison.
-    constexpr std::u16string_view Firsts = u"nN#-?*oOmMiI.1";
-    constexpr std::size_t Longest = 8;
-    if (cell.size() > Longest || Firsts.find(cell.front()) == Firsts.npos) return false;
+    if (cell.size() > LongestMarker) return false;
+    if (IsDigit(cell.front())) return EqualsIgnoreCase(cell, u"1.#qnan");
+    constexpr std::u16string_view Markers[] = {
+        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none", u"nil",  u"-",  u"--",
+        u"---", u"----",    u"?",    u"*",       u"***",     u"over", u"ovld", u"ol", u"overflow",
+        u"#nv", u"#div/0!", u"-nan", u"missing", u"no data", u"inf",  u"-inf", u"."};
     return IsOneOf(cell, std::begin(Markers), std::end(Markers));
+}
+
+bool IsTruth(std::u16string_view cell) {
+    constexpr std::u16string_view Truths[] = {u"true", u"false", u"on",   u"off",    u"yes",  u"no",
+                                              u"ja",   u"nein",  u"wahr", u"falsch", u"open", u"closed"};
+    return IsOneOf(cell, std::begin(Truths), std::end(Truths));
 }
 
 std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
@@ -221,9 +223,7 @@ CellKind KindOf(std::u16string_view cell) {
     if (end == cell.size()) return CellKind::Number;
     if (IsHex(cell)) return CellKind::Hex;
     if (LooksLikeTime(cell)) return CellKind::Time;
-    constexpr std::u16string_view Truths[] = {u"true", u"false", u"on",   u"off",    u"yes",  u"no",
-                                              u"ja",   u"nein",  u"wahr", u"falsch", u"open", u"closed"};
-    if (IsOneOf(cell, std::begin(Truths), std::end(Truths))) return CellKind::Truth;
+    if (IsTruth(cell)) return CellKind::Truth;
     if (end != 0) {
         // A value and its unit; more words are a text that begins with a number.
         const std::u16string_view rest = TrimWhiteSpace(cell.substr(end));

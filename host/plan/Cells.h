@@ -54,6 +54,9 @@ CellKind KindOf(std::u16string_view cell);
 // True for a text that stands for a value that was not measured: "NaN", "n/a", "---".
 bool IsMissing(std::u16string_view cell);
 
+// True for a word that stands for one of two states: "true", "off", "nein", "open".
+bool IsTruth(std::u16string_view cell);
+
 // What a number looks like.
 struct NumberLook {
     char16_t Mark = u'\0';       // the decimal mark: point, comma, or NUL for none

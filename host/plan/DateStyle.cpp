@@ -1,6 +1,7 @@
 #include "host/plan/DateStyle.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "host/plan/TimeNames.h"
@@ -16,26 +17,41 @@ struct TriedStyle {
     TimeTrial Trial;
 };
 
-std::vector<TriedStyle> StylesThatFit(const TextList& texts, int year) {
+// The times of a text as written, in ns, by DateOrder.
+using WrittenTimes = std::array<std::optional<std::int64_t>, 3>;
+
+std::vector<WrittenTimes> TimesOf(const TextList& texts, int year) {
+    std::vector<WrittenTimes> all;
+    for (const std::u16string& text : texts) {
+        const auto times = ParseInEachOrder(text, year);
+        WrittenTimes written;
+        for (std::size_t order = 0; order < times.size(); ++order) {
+            if (times.at(order)) written.at(order) = times.at(order)->Written();
+        }
+        all.push_back(written);
+    }
+    return all;
+}
+
+std::size_t IndexOf(const TriedStyle& style) {
+    return static_cast<std::size_t>(style.Style.Order);
+}
+
+std::vector<TriedStyle> TryOrders(const std::vector<WrittenTimes>& times, int year) {
     std::vector<TriedStyle> tried;
     for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
         TriedStyle one{{order, false, false, year}, 0, {}};
-        for (const std::u16string& text : texts) one.Read += ParseTime(text, one.Style).has_value();
+        for (const WrittenTimes& time : times) one.Read += time.at(IndexOf(one)).has_value();
         tried.push_back(one);
     }
     return tried;
 }
 
-std::optional<std::int64_t> WrittenAs(const std::u16string& text, const TimeStyle& style) {
-    const std::optional<ParsedTime> time = ParseTime(text, style);
-    return time ? std::optional(time->Written()) : std::nullopt;
-}
-
-bool AreSame(const std::vector<TriedStyle>& tried, const TextList& texts) {
-    return std::all_of(texts.begin(), texts.end(), [&](const std::u16string& text) {
-        const std::optional<std::int64_t> time = WrittenAs(text, tried[0].Style);
-        return std::all_of(tried.begin() + 1, tried.end(),
-                           [&](const TriedStyle& one) { return WrittenAs(text, one.Style) == time; });
+bool AreSame(const std::vector<TriedStyle>& tried, const std::vector<WrittenTimes>& times) {
+    return std::all_of(times.begin(), times.end(), [&](const WrittenTimes& time) {
+        return std::all_of(tried.begin() + 1, tried.end(), [&](const TriedStyle& one) {
+            return time.at(IndexOf(one)) == time.at(IndexOf(tried[0]));
+        });
     });
 }
 
@@ -104,17 +120,18 @@ DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
 
 std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& names, const TableRows& rows,
                                        const std::vector<std::size_t>& columns, int year) {
-    std::vector<TriedStyle> tried = StylesThatFit(texts, year);
+    const std::vector<WrittenTimes> times = TimesOf(texts, year);
+    std::vector<TriedStyle> tried = TryOrders(times, year);
     const std::size_t most = std::max({tried[0].Read, tried[1].Read, tried[2].Read});
     if (most == 0) return std::nullopt;
-    if (AreSame(tried, texts)) return DateStyle{tried[0].Style, OrderProof::Unneeded};
+    if (AreSame(tried, times)) return DateStyle{tried[0].Style, OrderProof::Unneeded};
     std::erase_if(tried, [most](const TriedStyle& one) { return one.Read < most; });
     if (const std::optional<DateOrder> named = OrderIn(names); named && tried.size() > 1) {
         for (const TriedStyle& one : tried) {
             if (one.Style.Order == *named) return DateStyle{one.Style, OrderProof::Name};
         }
     }
-    if (tried.size() == 1 || AreSame(tried, texts)) return DateStyle{tried[0].Style, OrderProof::Texts};
+    if (tried.size() == 1 || AreSame(tried, times)) return DateStyle{tried[0].Style, OrderProof::Texts};
     return SteadiestOf(std::move(tried), rows, columns, texts);
 }
 }  // namespace kelvarin::plan

@@ -105,7 +105,7 @@ void CellCounts::AddNumber(std::u16string_view cell, const NumberLook& look, cha
 }
 
 void CellCounts::AddText(std::u16string_view cell, char16_t mark) {
-    if (KindOf(cell) == CellKind::Truth) {
+    if (IsTruth(cell)) {
         ++Truth;
         return;
     }

@@ -8,13 +8,6 @@
 
 namespace kelvarin::plan {
 namespace {
-std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text, int year) {
-    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
-        if (const std::optional<ParsedTime> time = ParseTime(text, {order, false, false, year})) return time;
-    }
-    return std::nullopt;
-}
-
 ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
     ColumnLook look;
     for (const std::u16string& text : texts) {

@@ -25,6 +25,7 @@ class TimeCutter {
   public:
     // False for a text that is no time.
     bool Cut(std::u16string_view text) {
+        All.Groups.reserve(MostGroups);
         for (std::size_t at = 0; at < text.size();) {
             const char16_t c = text[at];
             if (IsDigit(c)) {
@@ -52,9 +53,10 @@ class TimeCutter {
     TimeGroups All;
 
   private:
+    static constexpr std::size_t MostGroups = 9;
+
     // A run of digits: a group, or a zone.
     bool TakeDigits(std::u16string_view text, std::size_t& at) {
-        constexpr std::size_t MostGroups = 9;
         constexpr std::size_t MostDigits = 18;
         std::size_t end = at;
         while (end < text.size() && IsDigit(text[end])) ++end;

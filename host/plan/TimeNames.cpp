@@ -121,7 +121,8 @@ std::optional<TimePart> PartOfName(const Label& label) {
 }
 
 std::int64_t UnitNamed(const Label& label) {
-    const auto unitOf = [](std::u16string_view text) -> std::int64_t {
+    const bool isTime = IsNamedTime(label);
+    const auto unitOf = [isTime](std::u16string_view text) -> std::int64_t {
         const std::vector<Word> words = WordsOf(text);
         for (auto word = words.rbegin(); word != words.rend(); ++word) {
             const bool isCapital = word->Text.size() == 1 && word->Text[0] < u'a';
@@ -129,17 +130,23 @@ std::int64_t UnitNamed(const Label& label) {
             // "time/s" is a time in seconds, "v/s" none.
             const bool isOfTime =
                 word == words.rbegin() && words.size() > 1 && IsWordOfTime((word + 1)->Text);
-            // "day" alone is more often a date than an amount.
-            if (unit != 0 && (!word->IsInQuotient || isOfTime) && !isCapital && Lowered(word->Text) != u"day")
-                return unit;
+            // "day" alone is more often a date than an amount, "m" more often metres than minutes.
+            const bool isOther =
+                isCapital || Lowered(word->Text) == u"day" || (!isTime && word->Text == u"m");
+            if (unit != 0 && (!word->IsInQuotient || isOfTime) && !isOther) return unit;
         }
         return 0;
     };
-    if (const std::int64_t unit = unitOf(label.Unit); unit != 0) return unit;
+    const auto isOfQuotient = [isTime](std::u16string_view name, std::u16string_view unit) {
+        return !isTime && name.ends_with(unit) && name.substr(0, name.size() - unit.size()).ends_with(u'/');
+    };
+    if (const std::int64_t unit = unitOf(label.Unit); unit != 0 && !isOfQuotient(label.Name, label.Unit))
+        return unit;
     if (const std::int64_t unit = unitOf(label.Name); unit != 0) return unit;
     for (const std::u16string& text : label.All) {
         // "SampleTime[ms]"
-        if (const std::int64_t unit = unitOf(UnitInName(text)); unit != 0) return unit;
+        const std::u16string found = UnitInName(text);
+        if (const std::int64_t unit = unitOf(found); unit != 0 && !isOfQuotient(text, found)) return unit;
     }
     return 0;
 }

@@ -1,6 +1,7 @@
 #include "host/plan/TimeText.h"
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 #include "host/plan/Durations.h"
@@ -20,16 +21,14 @@ class TimeReader {
   public:
     explicit TimeReader(const TimeStyle& style) : Style(style) {}
 
-    std::optional<ParsedTime> Read(std::u16string_view text) {
-        std::optional<TimeGroups> cut = CutTimeText(text);
-        if (!cut) return std::nullopt;
-        Groups = std::move(cut->Groups);
-        Half = cut->Half;
-        Time.Month = cut->Month;
-        Time.ZoneMinutes = cut->ZoneMinutes;
-        Time.IsSpan = cut->IsSpan;
-        Time.HasClock = cut->IsSpan;
-        Time.Clock = cut->Span;
+    std::optional<ParsedTime> Read(const TimeGroups& cut) {
+        Groups = cut.Groups;
+        Half = cut.Half;
+        Time.Month = cut.Month;
+        Time.ZoneMinutes = cut.ZoneMinutes;
+        Time.IsSpan = cut.IsSpan;
+        Time.HasClock = cut.IsSpan;
+        Time.Clock = cut.Span;
         if (Time.IsSpan && Groups.empty()) return Time;
         if (Groups.empty() || !ReadDate() || !ReadClock() || At != Groups.size()) return std::nullopt;
         if (!Time.HasDate && !Time.HasClock) return std::nullopt;
@@ -143,16 +142,20 @@ class TimeReader {
         }
         if (dates.size() == 1 && Style.Year != 0 && dates[0].Length() <= 2) {
             if (!SetDate(Style.Year, 4, Time.Month, dates[0].Number())) return false;
-            Groups = std::move(clock);
-            At = 0;
+            TakeGroups(std::move(clock));
             return true;
         }
         if (dates.size() != 2) return false;
         const bool yearFirst = dates[0].Length() == 4 || dates[0].Number() > 31;
         if (!SetDate(dates[yearFirst ? 0 : 1], Time.Month, dates[yearFirst ? 1 : 0])) return false;
-        Groups = std::move(clock);
-        At = 0;
+        TakeGroups(std::move(clock));
         return true;
+    }
+
+    void TakeGroups(std::vector<DigitGroup> groups) {
+        AfterDate = std::move(groups);
+        Groups = AfterDate;
+        At = 0;
     }
 
     bool SetClock(std::int64_t hours, std::int64_t minutes, std::int64_t seconds) {
@@ -258,11 +261,35 @@ class TimeReader {
     }
 
     const TimeStyle Style;
-    std::vector<DigitGroup> Groups;
+    std::span<const DigitGroup> Groups;
+    std::vector<DigitGroup> AfterDate;  // Groups once the date with a named month is taken out
     std::size_t At = 0;
     ParsedTime Time;
     DayHalf Half = DayHalf::Unnamed;
 };
+std::optional<ParsedTime> ReadTime(const std::optional<TimeGroups>& cut, const TimeStyle& style) {
+    return cut ? TimeReader(style).Read(*cut) : std::nullopt;
+}
+
+bool MayBeTime(std::u16string_view text) {
+    constexpr std::size_t Longest = 64;
+    return text.size() <= Longest && std::any_of(text.begin(), text.end(), IsDigit);
+}
+
+// Two times may be from and to: the row belongs to the first.
+std::optional<ParsedTime> ReadFirstTime(const std::optional<TimeGroups>& cut, std::u16string_view text,
+                                        const TimeStyle& style) {
+    if (std::optional<ParsedTime> time = ReadTime(cut, style)) return time;
+    constexpr std::size_t Shortest = 8;
+    if (text.size() <= 2 * Shortest) return std::nullopt;
+    for (const std::u16string_view mark : {u" to ", u" - ", u"/", u" bis "}) {
+        const std::size_t at = text.find(mark);
+        if (at == text.npos || at < Shortest || text.size() - at < Shortest) continue;
+        std::optional<ParsedTime> from = ReadTime(CutTimeText(text.substr(0, at)), style);
+        if (from && ReadTime(CutTimeText(text.substr(at + mark.size())), style)) return from;
+    }
+    return std::nullopt;
+}
 }  // namespace
 
 std::int64_t DaysSince1970(int year, int month, int day) {
@@ -279,17 +306,26 @@ std::int64_t ParsedTime::Written() const {
 }
 
 std::optional<ParsedTime> ParseTime(std::u16string_view text, const TimeStyle& style) {
-    constexpr std::size_t Longest = 64;
-    if (text.size() > Longest) return std::nullopt;
-    if (std::optional<ParsedTime> time = TimeReader(style).Read(text)) return time;
-    // Two times, from and to: the row belongs to the first.
-    for (const std::u16string_view mark : {u" to ", u" - ", u"/", u" bis "}) {
-        const std::size_t at = text.find(mark);
-        constexpr std::size_t Shortest = 8;
-        if (at == text.npos || at < Shortest || text.size() - at < Shortest) continue;
-        std::optional<ParsedTime> from = TimeReader(style).Read(text.substr(0, at));
-        if (from && TimeReader(style).Read(text.substr(at + mark.size()))) return from;
+    if (!MayBeTime(text)) return std::nullopt;
+    return ReadFirstTime(CutTimeText(text), text, style);
+}
+
+std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text, int year) {
+    if (!MayBeTime(text)) return std::nullopt;
+    const std::optional<TimeGroups> cut = CutTimeText(text);
+    for (const DateOrder order : {DateOrder::DayFirst, DateOrder::MonthFirst, DateOrder::YearFirst}) {
+        if (std::optional<ParsedTime> time = ReadFirstTime(cut, text, {order, false, false, year}))
+            return time;
     }
     return std::nullopt;
+}
+
+std::array<std::optional<ParsedTime>, 3> ParseInEachOrder(std::u16string_view text, int year) {
+    std::array<std::optional<ParsedTime>, 3> times;
+    if (!MayBeTime(text)) return times;
+    const std::optional<TimeGroups> cut = CutTimeText(text);
+    for (const DateOrder order : {DateOrder::YearFirst, DateOrder::DayFirst, DateOrder::MonthFirst})
+        times.at(static_cast<std::size_t>(order)) = ReadFirstTime(cut, text, {order, false, false, year});
+    return times;
 }
 }  // namespace kelvarin::plan

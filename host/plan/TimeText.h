@@ -2,6 +2,7 @@
 // formats of the module can hold.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -35,6 +36,12 @@ struct ParsedTime {
 // text: for one with more numbers than a time has, with an unknown word, or out of range. A plain number of
 // fewer than 6 digits is none.
 std::optional<ParsedTime> ParseTime(std::u16string_view text, const TimeStyle& style);
+
+// As ParseTime, in the first order that fits; `year` is that of TimeStyle.
+std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text, int year);
+
+// As ParseTime, in each order, by DateOrder. Cheaper than three calls.
+std::array<std::optional<ParsedTime>, 3> ParseInEachOrder(std::u16string_view text, int year);
 
 // Days since 1970 of a day of the Gregorian calendar.
 std::int64_t DaysSince1970(int year, int month, int day);

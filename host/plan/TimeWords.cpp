@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <unordered_map>
 
 #include "host/plan/Durations.h"
 #include "host/plan/WordList.h"
@@ -86,17 +87,50 @@ constexpr Unit Units[] = {
     {u"us usec usecs µs μs microsecond microseconds mikrosekunden", 1'000},
     {u"ns nsec nanosecond nanoseconds nanosekunden", 1},
 };
+using WordNumbers = std::unordered_map<std::u16string_view, std::int64_t>;
+
+void AddWords(std::u16string_view list, std::int64_t number, WordNumbers& numbers) {
+    for (std::size_t at = 0; at < list.size();) {
+        const std::size_t end = std::min(list.find(u' ', at), list.size());
+        numbers.emplace(list.substr(at, end - at), number);
+        at = end + 1;
+    }
+}
+
+// The number of a word without regard to case; 0 for any other.
+std::int64_t NumberOf(const WordNumbers& numbers, std::u16string_view word) {
+    const auto found = numbers.find(Lowered(word));
+    return found == numbers.end() ? 0 : found->second;
+}
+
+WordNumbers MonthNumbers() {
+    WordNumbers numbers;
+    std::int64_t month = 0;
+    for (const std::u16string_view names : Months) AddWords(names, ++month, numbers);
+    return numbers;
+}
+
+WordNumbers UnitLengths() {
+    WordNumbers lengths;
+    for (const Unit& unit : Units) AddWords(unit.Names, unit.Nanoseconds, lengths);
+    return lengths;
+}
+
+WordNumbers NamesOfDays() {
+    WordNumbers names;
+    AddWords(DaysOfWeek, 1, names);
+    return names;
+}
 }  // namespace
 
 int MonthOfName(std::u16string_view word) {
-    const std::u16string low = Lowered(word);
-    const auto* const found =
-        std::find_if(std::begin(Months), std::end(Months), [&](auto names) { return IsListed(names, low); });
-    return found == std::end(Months) ? 0 : static_cast<int>(found - std::begin(Months)) + 1;
+    static const WordNumbers numbers = MonthNumbers();
+    return static_cast<int>(NumberOf(numbers, word));
 }
 
 bool IsDayOfWeek(std::u16string_view word) {
-    return IsListed(DaysOfWeek, Lowered(word));
+    static const WordNumbers names = NamesOfDays();
+    return NumberOf(names, word) != 0;
 }
 
 std::optional<int> ZoneOfName(std::u16string_view word) {
@@ -108,10 +142,7 @@ std::optional<int> ZoneOfName(std::u16string_view word) {
 }
 
 std::int64_t UnitOfTime(std::u16string_view word) {
-    const std::u16string low = Lowered(word);
-    for (const Unit& unit : Units) {
-        if (IsListed(unit.Names, low)) return unit.Nanoseconds;
-    }
-    return 0;
+    static const WordNumbers lengths = UnitLengths();
+    return NumberOf(lengths, word);
 }
 }  // namespace kelvarin::plan

@@ -29,19 +29,91 @@ constexpr std::u16string_view Whole =
     u"Millibar mbar Pascal Newton Joule "
     u"Second Seconds second seconds Minute Minutes minutes Hour Hours hours Grad grad Prozent Stunden "
     u"Sekunden Minuten Tage "
+    u"mAU VDC VAC ADC AAC feet foot bpm km/u "
     u"Liter liter litre litres gallons Gallons Degrees degrees Hertz Lux lux ";
 
 constexpr std::u16string_view Prefixes = u"YZEPTGMkhdcmµμunpfa";
 
-// One factor: "mV", "cm2", "s^-1", "m³".
+// The text without the exponent at its end: "cm2", "s^-1", "m³". A bare exponent is 2, 3 or 4: "C1" is a
+// name.
+std::u16string_view WithoutExponent(std::u16string_view text) {
+    const std::size_t end = text.find_last_not_of(u"0123456789^-+²³¹⁻") + 1;
+    const std::u16string_view exponent = text.substr(end);
+    const bool isBare = !exponent.empty() && std::all_of(exponent.begin(), exponent.end(), IsDigit);
+    if (isBare && exponent != u"2" && exponent != u"3" && exponent != u"4") return text;
+    return text.substr(0, end);
+}
+
+// One factor: "mV", "cm2", "s^-1", "m³"; "100km" of l/100km.
 bool IsFactor(std::u16string_view text) {
-    while (!text.empty() &&
-           (IsDigit(text.back()) || std::u16string_view(u"^-+²³¹⁻").find(text.back()) != text.npos))
-        text.remove_suffix(1);
+    for (const std::u16string_view power : {u"1000", u"100", u"10"}) {
+        if (text.starts_with(power)) {
+            text.remove_prefix(power.size());
+            break;
+        }
+    }
+    text = WithoutExponent(text);
     if (text.empty()) return false;
     if (IsListed(Whole, text) || IsListed(Symbols, text)) return true;
     if (text.starts_with(u"da") && IsListed(Symbols, text.substr(2))) return true;
     return Prefixes.find(text.front()) != Prefixes.npos && IsListed(Symbols, text.substr(1));
+}
+
+// In brackets, words may follow: "% sat", "mg/stroke".
+bool IsUnitWithWords(std::u16string_view text) {
+    if (text.starts_with(u"% ")) return true;
+    const std::size_t stroke = text.find(u'/');
+    if (stroke == text.npos || stroke == 0 || stroke + 1 == text.size()) return false;
+    const std::u16string_view word = text.substr(stroke + 1);
+    return IsUnit(text.substr(0, stroke)) && std::all_of(word.begin(), word.end(), IsLetter);
+}
+
+// The last brackets that hold a unit; square ones hold nothing else.
+std::u16string_view UnitInBrackets(std::u16string_view name) {
+    constexpr std::u16string_view Openings = u"[({<";
+    constexpr std::u16string_view Closings = u"])}>";
+    for (std::size_t at = name.size(); at-- > 0;) {
+        const std::size_t kind = Openings.find(name[at]);
+        if (kind == Openings.npos) continue;
+        const std::size_t end = name.find(Closings[kind], at);
+        if (end == name.npos) continue;
+        const std::u16string_view inner = TrimWhiteSpace(name.substr(at + 1, end - at - 1));
+        constexpr std::size_t LongestInBrackets = 14;
+        const bool isShort = inner.size() <= LongestInBrackets && !inner.empty() && !IsDigit(inner.front());
+        if (IsUnit(inner) || (isShort && (name[at] == u'[' || IsUnitWithWords(inner)))) return inner;
+    }
+    return {};
+}
+
+// True for a unit of one letter that is rather a name after a bare stroke or low line: "Mode/A", "Phase_C".
+bool MayBeName(std::u16string_view unit, std::u16string_view before) {
+    constexpr std::u16string_view SureLetters = u"%VWKΩshmgJN°";
+    constexpr std::size_t LongestSymbol = 3;  // "I/A" is a current
+    return unit.size() == 1 && SureLetters.find(unit[0]) == SureLetters.npos && before.size() > LongestSymbol;
+}
+
+// "Ewe/V", "Total cells/mL".
+std::u16string_view UnitAfterStroke(std::u16string_view name) {
+    const std::size_t stroke = name.rfind(u'/');
+    if (stroke == name.npos || stroke == 0) return {};
+    const std::size_t word = name.find_last_of(u" _", stroke) + 1;
+    if (word != 0 && word < stroke && IsUnit(name.substr(word)) && IsUnit(name.substr(word, stroke - word)))
+        return name.substr(word);
+    const std::u16string_view unit = TrimWhiteSpace(name.substr(stroke + 1));
+    return IsUnit(unit) && !MayBeName(unit, name.substr(0, stroke)) ? unit : std::u16string_view();
+}
+
+// "Gas m3", "altitude_m": a last word that is no word of a language.
+std::u16string_view UnitInLastWord(std::u16string_view name) {
+    const std::size_t mark = name.find_last_of(u" _");
+    if (mark == name.npos || mark == 0) return {};
+    const std::u16string_view unit = name.substr(mark + 1);
+    const bool isAfterLine = name[mark] == u'_';
+    const bool isWord = unit.size() > 1 && std::all_of(unit.begin(), unit.end(),
+                                                       [](char16_t c) { return c >= u'a' && c <= u'z'; });
+    if (!IsUnit(unit) || (!isAfterLine && (isWord || unit.size() == 1))) return {};
+    const bool isTemperature = unit == u"C" && Lowered(name).find(u"temp") != name.npos;
+    return isTemperature || !MayBeName(unit, name.substr(0, mark)) ? unit : std::u16string_view();
 }
 }  // namespace
 
@@ -69,26 +141,16 @@ bool IsUnit(std::u16string_view text) {
 
 std::u16string UnitInName(std::u16string_view name) {
     name = TrimWhiteSpace(name);
-    constexpr std::u16string_view Openings = u"[({<";
-    constexpr std::u16string_view Closings = u"])}>";
-    // The last brackets that hold a unit; square ones hold nothing else.
-    for (std::size_t at = name.size(); at-- > 0;) {
-        const std::size_t kind = Openings.find(name[at]);
-        if (kind == Openings.npos) continue;
-        const std::size_t end = name.find(Closings[kind], at);
-        if (end == name.npos) continue;
-        const std::u16string_view inner = TrimWhiteSpace(name.substr(at + 1, end - at - 1));
-        constexpr std::size_t LongestInBrackets = 14;
-        const bool isWord = inner.size() <= LongestInBrackets && !inner.empty() && !IsDigit(inner.front());
-        if (IsUnit(inner) || (name[at] == u'[' && isWord)) return std::u16string(inner);
+    if (const std::u16string_view unit = UnitInBrackets(name); !unit.empty()) return std::u16string(unit);
+    for (const std::u16string_view mark : {u" / ", u" in ", u", "}) {
+        for (std::size_t at = name.find(mark); at != name.npos && at != 0; at = name.find(mark, at + 1)) {
+            // "Temp, °C (cellar)"
+            std::u16string_view rest = name.substr(at + mark.size());
+            rest = TrimWhiteSpace(rest.substr(0, rest.find(u" (")));
+            if (IsUnit(rest)) return std::u16string(rest);
+        }
     }
-    for (const std::u16string_view mark : {u" / ", u" in ", u", ", u"/"}) {
-        const std::size_t at = name.rfind(mark);
-        if (at == name.npos || at == 0) continue;
-        const std::u16string_view rest = TrimWhiteSpace(name.substr(at + mark.size()));
-        // "Mode/A" and "Check in h": a lone letter after a bare stroke may be anything.
-        if (IsUnit(rest) && (mark != u"/" || rest.size() > 1)) return std::u16string(rest);
-    }
-    return {};
+    if (const std::u16string_view unit = UnitAfterStroke(name); !unit.empty()) return std::u16string(unit);
+    return std::u16string(UnitInLastWord(name));
 }
 }  // namespace kelvarin::plan

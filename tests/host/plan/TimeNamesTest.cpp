@@ -71,6 +71,7 @@ TEST(PlanTimeNames, NameUnitsOfTime) {
         {"Time", "ms", Millisecond},
         {"t_ms", "", Millisecond},
         {"Zeit in s", "", Second},
+        {"Zeit [m]", "m", Minute},
         {"elapsed_s", "", Second},
         {"Time (min)", "", Minute},
         {"Durata (h)", "", Hour},
@@ -81,6 +82,9 @@ TEST(PlanTimeNames, NameUnitsOfTime) {
         // Parts of other units, quantities, dates.
         {"v [m/s]", "", 0},
         {"v/s", "", 0},
+        {"v/s", "s", 0},
+        {"Level [m]", "m", 0},
+        {"altitude_m", "m", 0},
         {"Time", "", 0},
         {"S", "", 0},
         {"Day", "", 0},

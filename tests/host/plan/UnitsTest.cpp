@@ -18,7 +18,7 @@ TEST(PlanUnits, AreKnownWithPrefixesPowersAndQuotients) {
                              "psi",   "rpm",          "deg C", "ms",  "h",      "daN",   "1/s"})
         EXPECT_TRUE(IsUnit(Utf8ToUtf16(unit))) << unit;
     for (const char* text : {"", "Druck", "Time", "x-axis", "TIMESTAMP", "1", "100", "Channel 1", "REAL32",
-                             "Spannung V", "mx", "Position/Weg", "Kanal/V", "2023", "-", "°X"})
+                             "Spannung V", "mx", "Position/Weg", "Kanal/V", "2023", "-", "°X", "C0", "V1"})
         EXPECT_FALSE(IsUnit(Utf8ToUtf16(text))) << text;
 }
 
@@ -41,6 +41,23 @@ TEST(PlanUnits, StandAtTheEndOfNames) {
         {"Time/min", "min"},
         // In square brackets any short word is one.
         {"Durchsatz [Stk]", "Stk"},
+        {"Consumption (l/100km)", "l/100km"},
+        {"Qty <mg/stroke>", "mg/stroke"},
+        {"Humidity (% sat)", "% sat"},
+        {"Ewe/V", "V"},
+        {"I/A", "A"},
+        {"Total (x10^6) cells/mL", "cells/mL"},
+        {"Temp, °C (LGR S/N: 2041, LBL: cellar)", "°C"},
+        {"RH, % (LGR S/N: 2041)", "%"},
+        // The last word, where it can't be one of a language.
+        {"Gas m3", "m3"},
+        {"altitude_m", "m"},
+        {"CO2_ppm", "ppm"},
+        {"vehicle_speed_km/h", "km/h"},
+        {"temperature_C", "C"},
+        {"Phase_C", ""},
+        {"Sensor A", ""},
+        {"Side bar", ""},
         {"Druck", ""},
         {"Druck (innen)", ""},
         {"Druck [5]", ""},
