@@ -39,6 +39,8 @@ TEST(HostileSourcesStay, WhateverTheOutputIsCalled) {
         {{"check", "--rejects", "soft.csv", "a.csv"}, "soft.csv: leads to a.csv"},
         {{"check", "--rejects", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
         {{"check", "--rejects", "steps", "--profile", "steps", "a.csv"}, "steps: this file is read"},
+        {{"prepare", "--force", "-o", "soft.csv", "a.csv"}, "soft.csv: leads to a.csv"},
+        {{"prepare", "--force", "-o", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
         {{"sidecar", "a.csv", "b.csv"}, "b.csv.info: leads to a.csv"},
         {{"sidecar", "apply", "--force", "a.csv", "b.csv"}, ""},
         {{"dialog", "--script", "steps", "--profile", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
