@@ -184,6 +184,12 @@ TEST(CleanCopy, WritesTimes) {
          CopyTimes::Moments,
          "Time [s since 1970]",
          {"1706702400.123000000", "1706702400.124000000"}},
+        {"moments before 1970",
+         epoch,
+         {"-1500", "0"},
+         CopyTimes::Moments,
+         "Time [s since 1970]",
+         {"-1.500000000", "0.000000000"}},
         {"a zone that changes",
          zoned,
          {"27.10.2024 02:30:00+02:00", "27.10.2024 02:00:00+01:00"},
@@ -248,6 +254,7 @@ TEST(CleanCopy, LeavesOutLinesThatAreNoRows) {
         {"a block after many lines", "0;1\na\nb\nc\nd\ne\nf\n1;2\n", " timeless 6: 3 4 5 6 7 8", "1 2 9"},
         {"a block after another table", "0;1\na\nb\nc\nd\ne\nf\n5;1;2\nt;v\n1;2\n",
          " header 1: 10 timeless 6: 3 4 5 6 7 8 other 1: 9", "1 2 11"},
+        {"a wider first row", "a\nb\nc\nd\ne\nf\n0;1;2\n1;2\n", " timeless 6: 2 3 4 5 6 7", "1 8 9"},
         {"a wider row after a few lines", "0;1\na\nb\n1;2;3\n", " timeless 2: 3 4", "1 2 5"},
         {"a cell without a time", "0;1\n?;5\n1;2\n", " timeless 1: 3", "1 2 4"},
     };
@@ -365,34 +372,6 @@ TEST(CleanCopy, CountsRowsWhereNoColumnHoldsTimes) {
     const Copied copied = CopyOf("a;v\n5;1\na;v\nthe end;of it\n7;2\n", plan);
     EXPECT_EQ(copied.Text, "a|v|Time\n5|1|0.000000000\n7|2|0.100000000\n");
     EXPECT_EQ(LeftOut(copied.Result.Rows), " header 1: 3 timeless 1: 4");
-}
-
-TEST(CleanCopy, LeavesNothingWhereItFails) {
-    const Workdir folder;
-    const ReadingPlan plan = PlanOf("t@ v", Number(Second));
-    const CopyResult missing =
-        WriteCleanCopy(folder.Path("none.csv"), plan, folder.Path("copy.csv"), CopyOptions{});
-    EXPECT_NE(missing.Failure.find("none.csv"), std::string::npos) << missing.Failure;
-    EXPECT_EQ(folder.Names(), "");
-
-    const std::u16string source = folder.Write("source.csv", "t;v\n0;1\n");
-    const CopyResult nowhere = WriteCleanCopy(source, plan, folder.Path("no folder/copy.csv"), CopyOptions{});
-    EXPECT_NE(nowhere.Failure, "");
-    EXPECT_EQ(folder.Names(), "source.csv");
-}
-
-TEST(CleanCopy, LeavesTheTargetAsItWasWhenInterrupted) {
-    const Workdir folder;
-    const std::u16string source = folder.Write("source.csv", "t;v\n0;1\n");
-    folder.Write("copy.csv", "old");
-    const std::atomic<bool> cancel = true;
-    CopyOptions options;
-    options.Cancel = &cancel;
-    const CopyResult result =
-        WriteCleanCopy(source, PlanOf("t@ v", Number(Second)), folder.Path("copy.csv"), options);
-    EXPECT_TRUE(result.Interrupted);
-    EXPECT_EQ(folder.Read("copy.csv"), "old");
-    EXPECT_EQ(folder.Names(), "copy.csv source.csv");
 }
 
 TEST(CleanCopy, IsTheSameInAScratchFile) {
