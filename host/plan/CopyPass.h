@@ -48,6 +48,7 @@ class CopyPass {
     bool TakeLine(std::u16string_view line);
     bool IsRow(const std::vector<std::u16string_view>& cells) const;
     bool IsOfOtherTable(std::size_t cells);
+    bool IsWanted(const std::vector<std::u16string_view>& cells) const;
     void LeaveOut(LinesLeftOut& kind) const;
     void MakeRow(const std::vector<std::u16string_view>& cells);
     void WriteRow(const SortedRow& row);

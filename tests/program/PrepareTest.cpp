@@ -37,8 +37,8 @@ TEST(Prepare, WritesOneTableInTheOrderOfItsTimes) {
     EXPECT_EQ(result.Status, 0) << result.Err;
     EXPECT_EQ(result.Out,
               "  a.csv\n"
-              "  copy      a.csv.prepared.csv\n"
               "  times     columns 1, 2: as written, without a zone\n"
+              "  copy      a.csv.prepared.csv\n"
               "  content   41 rows, sorted by time\n"
               "  left out  blank lines: 1 (line 25)\n"
               "            header lines again: 1 (line 26)\n"
@@ -60,13 +60,16 @@ TEST(Prepare, SaysTheSameInJson) {
     const ProgramResult result = run({"prepare", "--json", "-o", "out.txt", "a.csv"});
     EXPECT_EQ(result.Status, 0) << result.Err;
     const Json document = Json::parse(result.Out);
-    EXPECT_EQ(document["copy"], "out.txt");
     EXPECT_EQ(document["times"].dump(),
-              R"({"kind":"elapsed","columns":[1],"shift":1000000000,"orderProven":true,"unitNamed":true})");
-    EXPECT_EQ(document["rows"], 5);
-    EXPECT_EQ(document["sorted"], true);
-    EXPECT_EQ(document["leftOut"]["blank"].dump(), R"({"count":1,"lines":[5]})");
-    EXPECT_EQ(document["rewritten"]["values"], 5);
+              R"({"kind":"elapsed","columns":[1],"orderProven":true,"unitNamed":true})");
+    EXPECT_EQ(document["copies"].size(), 1u);
+    const Json copy = document["copies"][0];
+    EXPECT_EQ(copy["copy"], "out.txt");
+    EXPECT_EQ(copy["shift"], 1'000'000'000);
+    EXPECT_EQ(copy["rows"], 5);
+    EXPECT_EQ(copy["sorted"], true);
+    EXPECT_EQ(copy["leftOut"]["blank"].dump(), R"({"count":1,"lines":[5]})");
+    EXPECT_EQ(copy["rewritten"]["values"], 5);
     EXPECT_EQ(document["columns"].dump(), R"([{"column":2,"name":"v","unit":"","type":"float"}])");
     EXPECT_EQ(run.Folder.Names(), "a.csv out.txt");
 }
@@ -136,6 +139,31 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
         EXPECT_EQ(times.substr(3, std::string(c.First).size()), c.First);
         EXPECT_EQ(TimesOf(run.Folder.Path("a.csv.prepared.csv")), times);
     }
+}
+
+TEST(Prepare, GivesEachDeviceItsOwnCopy) {
+    std::string interleaved = "time;sensor;value\n";
+    std::string copies[2];
+    for (int second = 10; second < 40; ++second) {
+        const std::string time = "2024-02-01 10:00:" + std::to_string(second);
+        for (int device = 0; device < 2; ++device) {
+            const std::string name = device == 0 ? "north 1/2" : "south";
+            interleaved += time + ";" + name + ";" + std::to_string(second + device) + "\n";
+            copies[device] += time + ".000000000|" + (device == 0 ? "\"north 1/2\"" : name) + "|" +
+                              std::to_string(second + device) + "\n";
+        }
+    }
+    const ProgramRun run;
+    run.Write("a.csv", interleaved);
+    const ProgramResult result = run({"prepare", "--language", "en", "a.csv", "-o", "out.csv"});
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    EXPECT_NE(result.Out.find("  devices   2, told apart by column 2; each has its own copy\n"),
+              std::string::npos)
+        << result.Out;
+    EXPECT_EQ(Shown(run.Folder.Read("out.north_1_2.csv")), "Time|sensor|value\n" + copies[0]);
+    EXPECT_EQ(Shown(run.Folder.Read("out.south.csv")), "Time|sensor|value\n" + copies[1]);
+    EXPECT_EQ(run.Folder.Names(), "a.csv out.north_1_2.csv out.south.csv");
+    EXPECT_EQ(run({"prepare", "a.csv", "-o", "out.csv"}).Status, 1) << "they are there already";
 }
 
 TEST(Prepare, IsReadByTheModule) {
