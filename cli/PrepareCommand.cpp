@@ -45,7 +45,10 @@ std::string WhyUnplanned(const std::u16string& path, const std::optional<plan::R
 }
 
 // Empty, or why a copy may not take this place.
-std::string WhyKept(const std::string& copy, bool force) {
+std::string WhyKept(const std::string& copy, const std::vector<std::string>& sources, bool force) {
+    // The names of devices come from the files themselves.
+    if (!FindOverwriting(sources, {copy}).Output.empty())
+        return copy + ": " + Phrase("this file is read, and would be overwritten");
     if (force || !IdentityOf(PathFromNative(copy))) return {};
     return Phrase("{} exists already; --force replaces it", PrintableName(copy));
 }
@@ -60,14 +63,14 @@ std::string CopyOfDevice(const std::string& copy, const std::string& device) {
             (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-';
         if (isAscii && !isAllowed) c = '_';
     }
-    const std::size_t folder = copy.find_last_of('/') + 1;  // npos + 1 is 0
+    const std::size_t folder = copy.find_last_of("/\\") + 1;  // npos + 1 is 0
     const std::size_t end = copy.ends_with(Ending) ? copy.size() - Ending.size() : copy.rfind('.');
     const std::size_t at = end == copy.npos || end <= folder ? copy.size() : end;
     return copy.substr(0, at) + "." + name + copy.substr(at);
 }
 
 // The copies to be made, still without their results: one for each device, or one.
-std::vector<PreparedCopy> CopiesOf(const std::string& file, const std::string& copy,
+std::vector<PreparedCopy> CopiesOf(const std::string& copy,
                                    const std::optional<plan::DeviceColumn>& devices) {
     if (!devices) return {{copy, {}, {}}};
     std::vector<PreparedCopy> copies;
@@ -75,8 +78,7 @@ std::vector<PreparedCopy> CopiesOf(const std::string& file, const std::string& c
         const std::string name = Utf16ToUtf8(device);
         std::string path = CopyOfDevice(copy, name);
         const auto isTaken = [&](const PreparedCopy& other) { return other.Path == path; };
-        while (std::any_of(copies.begin(), copies.end(), isTaken) || path == file)
-            path = CopyOfDevice(path, "2");
+        while (std::any_of(copies.begin(), copies.end(), isTaken)) path = CopyOfDevice(path, "2");
         copies.push_back({path, name, {}});
     }
     return copies;
@@ -95,12 +97,12 @@ plan::CopyResult CopyWithProgress(const std::string& file, const plan::ReadingPl
 }
 
 // Writes the copies of a file that has a plan. True if the user ended it.
-bool WriteCopies(const PrepareOptions& options, const std::optional<plan::DeviceColumn>& devices,
-                 PrepareReport& report) {
+bool WriteCopies(const PrepareOptions& options, const std::vector<std::string>& sources,
+                 const std::optional<plan::DeviceColumn>& devices, PrepareReport& report) {
     if (devices) report.DeviceColumn = devices->Column + 1;
-    std::vector<PreparedCopy> copies = CopiesOf(report.File, CopyOf(report.File, options), devices);
+    std::vector<PreparedCopy> copies = CopiesOf(CopyOf(report.File, options), devices);
     for (const PreparedCopy& copy : copies) {
-        report.Reason = WhyKept(copy.Path, options.Force);
+        report.Reason = WhyKept(copy.Path, sources, options.Force);
         if (!report.Reason.empty()) return false;
     }
     for (PreparedCopy& copy : copies) {
@@ -112,7 +114,8 @@ bool WriteCopies(const PrepareOptions& options, const std::optional<plan::Device
     return false;
 }
 
-int PrepareFile(const CommonOptions& common, const PrepareOptions& options, const std::string& file) {
+int PrepareFile(const CommonOptions& common, const PrepareOptions& options,
+                const std::vector<std::string>& sources, const std::string& file) {
     const std::u16string path = PathFromNative(file);
     PrepareReport report;
     report.File = file;
@@ -131,7 +134,7 @@ int PrepareFile(const CommonOptions& common, const PrepareOptions& options, cons
     bool isInterrupted = false;
     if (report.Reason.empty()) {
         report.Plan = &*plan;
-        isInterrupted = WriteCopies(options, devices, report);
+        isInterrupted = WriteCopies(options, sources, devices, report);
     }
     if (common.Json) {
         WritePrepareJson(std::cout, report);
@@ -165,7 +168,7 @@ int PrepareFiles(const CommonOptions& common, const PrepareOptions& options, con
     std::vector<std::string> copies;
     for (const std::string& file : files) copies.push_back(CopyOf(file, options));
     if (const int refusal = RefuseOverwriting(common, files, copies); refusal != ExitDone) return refusal;
-    const auto prepare = [&](const std::string& file) { return PrepareFile(common, options, file); };
+    const auto prepare = [&](const std::string& file) { return PrepareFile(common, options, files, file); };
     const bool isExpanded = files != common.Files;
     return many.Run(files, Phrase("prepared"), prepare,
                     isExpanded ? ManyFiles::Sum::Always : ManyFiles::Sum::IfMany);

@@ -60,6 +60,20 @@ TEST(HostileSourcesStay, WhateverTheOutputIsCalled) {
     }
 }
 
+TEST(HostileSourcesStay, WhateverTheDevicesInThemAreCalled) {
+    const std::string rows = "t [s];sensor;v\n1;a;5\n1;b;6\n2;a;7\n2;b;8\n3;a;5\n3;b;6\n";
+    const ProgramRun run;
+    run.Write("x.csv", rows);
+    std::filesystem::create_symlink("x.csv", run.Folder.NativePath("x.csv.b.prepared.csv"));
+    const ProgramResult result = run({"prepare", "--force", "x.csv"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_NE(result.Err.find("x.csv.b.prepared.csv: this file is read, and would be overwritten"),
+              std::string::npos)
+        << result.Err;
+    EXPECT_EQ(run.Folder.Read("x.csv"), rows);
+    EXPECT_EQ(run.Folder.Names(), "x.csv x.csv.b.prepared.csv");
+}
+
 TEST(HostileSourcesStay, BesideAStoreOfSuchAName) {
     if (!kelvarin::store::HasSampleFiles()) GTEST_SKIP() << "no such files in this build";
     const ProgramRun run;
