@@ -163,7 +163,12 @@ bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
 }
 
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
-    return FindPlan(SampleFile(path));
+    std::optional<ReadingPlan> plan = FindPlan(SampleFile(path));
+    // A table that begins below the lines that were counted: more of them are.
+    constexpr std::size_t MostLines = 1'000'000;
+    for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4)
+        plan = FindPlan(SampleFile(path, lines));
+    return plan;
 }
 
 std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
