@@ -3,7 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/GuessOptions.h"
+#include "cli/FileReading.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
@@ -14,34 +14,37 @@
 
 namespace kelvarin::cli {
 namespace {
-int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const guess::GuessOptions& guessing,
+int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& options,
                 const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessLayer guessed(module, path, guessing, common.Settings);
-    HostSession session(module, path, RunOptions());
+    FileReading reading(module, file, common, options);
+    RunOptions run;
+    run.Reading = reading.Automatic();
+    HostSession session(module, path, std::move(run));
     const bool analyzed = session.Filter().AnalyzeFile();
     if (common.Json) {
-        WriteAnalyzeJson(std::cout, file, analyzed, session.Filter(), guessed.Guess());
+        WriteAnalyzeJson(std::cout, file, analyzed, session.Filter(), reading.Guess());
     } else if (analyzed) {
         WriteFormatText(std::cout, file, session.Filter());
-        if (guessed.Guess() != nullptr) WriteGuessText(std::cout, *guessed.Guess());
+        if (reading.Guess() != nullptr) WriteGuessText(std::cout, *reading.Guess());
     }
     const int status = analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));
-    return WithSaving(status, file, guessed.Guess());
+    return reading.WithComplaints(status);
 }
 }  // namespace
 
 void AddAnalyzeCommand(CommandLine& line) {
-    const auto guessing = std::make_shared<guess::GuessOptions>();
+    const auto options = std::make_shared<ReadingOptions>();
     const auto many = std::make_shared<ManyFiles>();
     CLI::App& command =
         line.Add("analyze", Phrase("What the analysis finds: format and columns"),
-                 [guessing, many](const ModuleLoader& module, const CommonOptions& common) {
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
                      return many->Run(common.Files, Phrase("analyzed"), [&](const std::string& file) {
-                         return AnalyzeFile(module, common, *guessing, file);
+                         return AnalyzeFile(module, common, *options, file);
                      });
                  });
-    AddGuessOptions(command, *guessing);
+    AddReadingOptions(command, *options);
+    AddSaveOption(command, *options);
     many->AddOptions(command);
     AddExamples(command,
                 {"kelvarin-import analyze data.csv",

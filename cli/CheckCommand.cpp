@@ -3,6 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
+#include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
@@ -16,9 +17,10 @@
 
 namespace kelvarin::cli {
 namespace {
-struct RejectsOptions {
-    std::string File;    // for the rejected rows; empty: none
-    bool Cells = false;  // among them those with a refused cell
+struct CheckOptions {
+    std::string RejectsFile;   // for the rejected rows; empty: none
+    bool RejectCells = false;  // among them those with a refused cell
+    ReadingOptions Reading;
 };
 
 // Empty, or why the file could not be checked.
@@ -39,29 +41,45 @@ std::string WhyFailed(const check::CheckResult& result) {
                          table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));
 }
 
-check::CheckResult RunWithProgress(const ModuleLoader& module, const RejectsOptions& options,
-                                   const std::string& file, check::LineSet& rejected) {
-    ProgressLine progress(file);
+check::CheckResult RunOnce(const ModuleLoader& module, const CheckOptions& options, const std::string& file,
+                           FileReading& reading, ProgressLine& progress, check::LineSet& rejected) {
     check::CheckOptions wanted;
-    if (!options.File.empty()) wanted.Wanted.Dropped = &rejected;
-    if (options.Cells) wanted.Wanted.Refused = &rejected;
+    if (!options.RejectsFile.empty()) wanted.Wanted.Dropped = &rejected;
+    if (options.RejectCells) wanted.Wanted.Refused = &rejected;
     wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
     wanted.Cancel = &InterruptFlag();
+    wanted.Reading = reading.Automatic();
     return check::RunCheck(module, PathFromNative(file), wanted);
 }
 
-int CheckFile(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
+// The line of the file at which the rows begin.
+std::uint64_t FirstDataLine(const check::CheckResult& result, FileReading& reading) {
+    const plan::AutomaticReading& automatic = *reading.Automatic();
+    if (automatic.Copy() != nullptr) return automatic.Plan()->FirstLine;
+    return static_cast<std::uint64_t>(result.Format.FirstDataLine);
+}
+
+int CheckFile(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
     check::LineSet rejected;
-    CheckReport report{file, RunWithProgress(module, options, file, rejected), {}, {}, 0, {}};
+    ProgressLine progress(file);
+    FileReading reading(module, file, common, options.Reading,
+                        [&progress](std::uint32_t percent) { progress.Show(percent); });
+    CheckReport report{file, {}, {}, {}, 0, {}, nullptr};
+    do {
+        rejected = {};
+        report.Result = RunOnce(module, options, file, reading, progress, rejected);
+    } while (!report.Result.Interrupted && reading.TakesCopy());
+    progress.Clear();
+    report.Guess = reading.Guess();
     const check::CheckResult& result = report.Result;
     report.Findings = check::Judge(result);
-    if (!options.File.empty() && result.Begun && !result.Failed) {
-        report.RejectsFile = options.File;
+    if (!options.RejectsFile.empty() && result.Begun && !result.Failed) {
+        report.RejectsFile = options.RejectsFile;
         report.RejectedRows = rejected.Count();
-        const auto firstLine = static_cast<std::uint64_t>(result.Format.FirstDataLine);
-        report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.File), firstLine, rejected);
+        report.RejectsFailure = check::WriteRejects(path, PathFromNative(options.RejectsFile),
+                                                    FirstDataLine(result, reading), rejected);
     }
     if (common.Json) {
         WriteCheckJson(std::cout, report);
@@ -70,22 +88,22 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Rej
     }
     const std::string reason = WhyFailed(result);
     if (!reason.empty()) ComplainAbout(file, reason);
-    if (!report.RejectsFailure.empty()) ComplainAbout(options.File, report.RejectsFailure);
-    if (result.Interrupted) return ExitInterrupted;
+    if (!report.RejectsFailure.empty()) ComplainAbout(options.RejectsFile, report.RejectsFailure);
+    if (result.Interrupted || reading.Automatic()->IsInterrupted()) return ExitInterrupted;
     if (result.Failed || !report.RejectsFailure.empty()) return ExitFileFailed;
-    return check::IsClean(result, report.Findings) ? ExitDone : ExitFindings;
+    return reading.WithComplaints(check::IsClean(result, report.Findings) ? ExitDone : ExitFindings);
 }
 
-int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const RejectsOptions& options,
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
                const ManyFiles& many) {
-    if (!options.File.empty()) {
+    if (!options.RejectsFile.empty()) {
         const std::vector<std::string> files = many.FilesOf(common.Files);
         if (files.size() > 1) {
             Complain(Phrase("--rejects takes the rows of one file; check the files one by one"));
             return ExitWrongUsage;
         }
         const std::string& file = files.front();
-        const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.File});
+        const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.RejectsFile});
         if (refusal != ExitDone) return refusal;
     }
     return many.Run(common.Files, Phrase("checked"),
@@ -94,7 +112,7 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Re
 }  // namespace
 
 void AddCheckCommand(CommandLine& line) {
-    const auto options = std::make_shared<RejectsOptions>();
+    const auto options = std::make_shared<CheckOptions>();
     const auto many = std::make_shared<ManyFiles>();
     CLI::App& command =
         line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
@@ -104,13 +122,14 @@ void AddCheckCommand(CommandLine& line) {
     CLI::Option* const rejects =
         command
             .add_option(
-                "--rejects", options->File,
+                "--rejects", options->RejectsFile,
                 Phrase("Write the dropped rows to a file of their own, to be mended and imported alone"))
             ->type_name("FILE");
     command
-        .add_flag("--reject-cells", options->Cells,
+        .add_flag("--reject-cells", options->RejectCells,
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
+    AddReadingOptions(command, options->Reading);
     many->AddOptions(command);
     AddExamples(command, {"kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
                           "kelvarin-import check --rejects rejected.csv data.csv"});

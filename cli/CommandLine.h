@@ -81,6 +81,7 @@ void AddImportCommand(CommandLine& line);
 void AddAnalyzeCommand(CommandLine& line);
 void AddExplainCommand(CommandLine& line);
 void AddCheckCommand(CommandLine& line);
+void AddPrepareCommand(CommandLine& line);
 void AddSidecarCommand(CommandLine& line);
 void AddVerifyCommand(CommandLine& line);
 void AddDialogCommand(CommandLine& line);

@@ -6,7 +6,9 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
+#include "cli/FileReading.h"
 #include "cli/many/ManyFiles.h"
+#include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/Options.h"
 #include "cli/report/TextLayout.h"
@@ -168,9 +170,10 @@ Json ProposalJson(const explain::Explanation& explanation) {
             {"options", explanation.IsAdvised() ? OptionsText(explanation.ProposedSettings()) : ""}};
 }
 
-void WriteExplanationText(ReportStream out, const std::string& file,
-                          const explain::Explanation& explanation) {
+void WriteExplanationText(ReportStream out, const std::string& file, const explain::Explanation& explanation,
+                          const guess::TimeGuess* guess) {
     out << Styled(Style::Heading, file) << "\n";
+    if (guess != nullptr) WriteGuessText(out, *guess);
     WriteLine(out, ReportLabel(Phrase("taken")), FormatInWords(explanation.Format));
     TerminalText label = ReportLabel(Phrase("why"));
     for (const std::string& reason : explain::FormatReasons(explanation)) {
@@ -185,8 +188,8 @@ void WriteExplanationText(ReportStream out, const std::string& file,
     WriteAdvice(out, explanation);
 }
 
-void WriteExplanationJson(std::ostream& out, const std::string& file,
-                          const explain::Explanation& explanation) {
+void WriteExplanationJson(std::ostream& out, const std::string& file, const explain::Explanation& explanation,
+                          const guess::TimeGuess* guess) {
     Json columns = Json::array();
     for (std::size_t i = 0; i < ColumnsShown(explanation); ++i) columns.push_back(ColumnJson(explanation, i));
     Json warnings = Json::array();
@@ -194,43 +197,52 @@ void WriteExplanationJson(std::ostream& out, const std::string& file,
         warnings.push_back(
             {{"kind", warning.Kind}, {"text", warning.Text}, {"remedy", RemedyText(warning.Remedy)}});
     }
-    const Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
-                           {"taken", FormatInWords(explanation.Format)},
-                           {"why", explain::FormatReasons(explanation)},
-                           {"runnerUp", explain::RunnerUp(explanation.Record)},
-                           {"detection", DetectionJson(explanation.Record)},
-                           {"table", TableJson(explanation)},
-                           {"columns", columns},
-                           {"columnCount", explanation.Columns.size()},
-                           {"warnings", warnings},
-                           {"proposal", ProposalJson(explanation)}};
+    Json document = {{"file", Utf16ToUtf8(PathFromNative(file))},
+                     {"taken", FormatInWords(explanation.Format)},
+                     {"why", explain::FormatReasons(explanation)},
+                     {"runnerUp", explain::RunnerUp(explanation.Record)},
+                     {"detection", DetectionJson(explanation.Record)},
+                     {"table", TableJson(explanation)},
+                     {"columns", columns},
+                     {"columnCount", explanation.Columns.size()},
+                     {"warnings", warnings},
+                     {"proposal", ProposalJson(explanation)}};
+    if (guess != nullptr) document["guess"] = GuessToJson(*guess);
     out << document.dump() << "\n";
 }
 
-int ExplainFile(const ModuleLoader& module, const CommonOptions& options, const std::string& file) {
+int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& options,
+                const std::string& file) {
     const std::u16string path = PathFromNative(file);
     explain::AnalysisRecord record;
-    HostSession session(module, path, RunOptions());
+    FileReading reading(module, file, common, options);
+    RunOptions run;
+    run.Reading = reading.Automatic();
+    HostSession session(module, path, std::move(run));
     record.ListenTo(session.Filter());
     if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(session.Filter(), path));
-    const explain::Explanation explanation = explain::Explain(module, path, session.Filter(), record);
-    if (options.Json) {
-        WriteExplanationJson(std::cout, file, explanation);
+    const explain::Explanation explanation =
+        explain::Explain(module, reading.Automatic()->Path(), session.Filter(), record);
+    if (common.Json) {
+        WriteExplanationJson(std::cout, file, explanation, reading.Guess());
     } else {
-        WriteExplanationText(std::cout, file, explanation);
+        WriteExplanationText(std::cout, file, explanation, reading.Guess());
     }
-    return ExitDone;
+    return reading.WithComplaints(ExitDone);
 }
 }  // namespace
 
 void AddExplainCommand(CommandLine& line) {
+    const auto options = std::make_shared<ReadingOptions>();
     const auto many = std::make_shared<ManyFiles>();
-    CLI::App& command = line.Add(
-        "explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
-        [many](const ModuleLoader& module, const CommonOptions& common) {
-            return many->Run(common.Files, Phrase("explained"),
-                             [&](const std::string& file) { return ExplainFile(module, common, file); });
-        });
+    CLI::App& command =
+        line.Add("explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
+                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                     return many->Run(common.Files, Phrase("explained"), [&](const std::string& file) {
+                         return ExplainFile(module, common, *options, file);
+                     });
+                 });
+    AddReadingOptions(command, *options);
     many->AddOptions(command);
     AddExamples(command,
                 {"kelvarin-import explain data.csv", "kelvarin-import explain --json *.csv >reasons.json"});

@@ -3,7 +3,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/GuessOptions.h"
+#include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
@@ -27,7 +27,7 @@ struct ImportOptions {
     std::size_t Messages = 10'000;         // how many it lists at most
     std::string StorePath;                 // of the file for every sample; empty: none
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
-    guess::GuessOptions Guessing;
+    ReadingOptions Reading;
 };
 
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
@@ -159,30 +159,33 @@ class StoreFile {
 FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
                        const std::string& file, StoreFile& store) {
     const std::u16string path = PathFromNative(file);
+    ProgressLine progress(file);
+    FileReading reading(module, file, common, options.Reading,
+                        [&progress](std::uint32_t percent) { progress.Show(percent); });
+    std::optional<HostSession> session;
     RunResult result;
-    std::string reason;
-    std::uint64_t samples = 0;
-    bool hasStored = true;
-    int saved = ExitDone;
-    {
-        ProgressLine progress(file);
-        const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
+    do {
+        session.reset();
         RunOptions run = MakeRunOptions(common, options, progress);
         run.Sink = store.BeginRun();
-        HostSession session(module, path, std::move(run));
-        result = session.Run();
-        reason = WhyFailed(path, result, session);
-        samples = CountSamples(session.Device());
-        hasStored = store.EndRun(session, reason.empty() && !result.Interrupted);
-        if (common.Json) {
-            WriteImportJson(std::cout, file, result, session, options.Samples, guessed.Guess());
-        } else {
-            WriteText(module, file, path, result, session, guessed.Guess());
-        }
-        saved = WithSaving(ExitDone, file, guessed.Guess());
+        run.Reading = reading.Automatic();
+        session.emplace(module, path, std::move(run));
+        result = session->Run();
+    } while (!result.Interrupted && reading.TakesCopy());
+    result.Interrupted |= reading.Automatic()->IsInterrupted();
+    std::string reason = WhyFailed(path, result, *session);
+    if (reason.empty()) reason = reading.Automatic()->WhyUnread();
+    const std::uint64_t samples = CountSamples(session->Device());
+    const bool hasStored = store.EndRun(*session, reason.empty() && !result.Interrupted);
+    progress.Clear();
+    if (common.Json) {
+        WriteImportJson(std::cout, file, result, *session, options.Samples, reading.Guess());
+    } else {
+        WriteText(module, file, path, result, *session, reading.Guess());
     }
-    const int status = WorseStatus(saved, Finish(file, reason));
+    int status = WorseStatus(reading.WithComplaints(ExitDone), Finish(file, reason));
     if (result.Interrupted) return {ExitInterrupted, samples};
+    if (samples == 0 && status == ExitDone) status = ExitFindings;
     return {hasStored ? status : ExitFileFailed, samples};
 }
 
@@ -190,7 +193,7 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
 int RefuseOverwriting(const CommonOptions& common, const ImportOptions& options,
                       std::vector<std::string> files) {
     std::vector<std::string> sidecars = SidecarsOf(files);
-    if (options.Guessing.Save) {
+    if (options.Reading.Save) {
         const int refusal = cli::RefuseOverwriting(common, files, sidecars);
         if (refusal != ExitDone) return refusal;
     }
@@ -272,7 +275,8 @@ void AddImportCommand(CommandLine& line) {
                "every sample to an HDF5 file"),
         SetStore);
     add("--base-time", "NS", Phrase("Start of relative measurement time in nanoseconds"), SetBaseTime);
-    AddGuessOptions(command, options->Guessing);
+    AddReadingOptions(command, options->Reading);
+    AddSaveOption(command, options->Reading);
     many->AddOptions(command);
     AddExamples(command, {"kelvarin-import data.csv",
                           "kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",

@@ -12,8 +12,8 @@
 namespace kelvarin::cli {
 constexpr const char* ClearLine = "\r\033[K";
 
-ProgressLine::~ProgressLine() {
-    if (Shown) std::cerr << ClearLine << std::flush;
+void ProgressLine::Clear() {
+    if (std::exchange(Shown, false)) std::cerr << ClearLine << std::flush;
 }
 
 void ProgressLine::Show(std::uint32_t percent) {

@@ -15,9 +15,12 @@ class ProgressLine {
     explicit ProgressLine(std::string file) : File(std::move(file)) {}
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
-    ~ProgressLine();
+    ~ProgressLine() { Clear(); }
 
     void Show(std::uint32_t percent);
+
+    // Removes the line; Show makes it again.
+    void Clear();
 
   private:
     const std::string File;

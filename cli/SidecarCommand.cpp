@@ -6,7 +6,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
-#include "cli/GuessOptions.h"
+#include "cli/FileReading.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
@@ -14,6 +14,7 @@
 #include "contract/SidecarTool.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
+#include "host/plan/PlanGuess.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/ReplacingFile.h"
@@ -26,7 +27,7 @@ namespace {
 // What the command and its parts take beside the common options.
 struct SidecarOptions {
     bool CheckOnly = false;
-    guess::GuessOptions Guessing;
+    bool GuessTime = false;
     bool Force = false;
     std::string Sidecar;               // of apply, and the first of diff
     std::string Other;                 // the second of diff
@@ -86,10 +87,14 @@ std::string WhyKept(const std::u16string& path, bool force) {
 int WriteFile(const ModuleLoader& module, const CommonOptions& common, const SidecarOptions& options,
               const std::string& file) {
     const std::u16string path = PathFromNative(file);
-    const guess::GuessLayer guessed(module, path, options.Guessing, common.Settings);
-    const guess::TimeGuess* const guess = guessed.Guess();
+    ReadingOptions wanted;
+    wanted.NoGuess = !options.GuessTime;
+    wanted.GuessTime = options.GuessTime;
+    FileReading reading(module, file, common, wanted);
+    const guess::TimeGuess* const guess = reading.Guess();
     std::string reason = WhyKept(path, options.Force);
     if (reason.empty() && guess != nullptr) reason = guess->Failure;
+    if (reason.empty() && reading.Automatic()->Copy() != nullptr) reason = plan::WhyNotSaved();
     if (reason.empty()) reason = sidecar::WriteSidecar(module, path);
     if (common.Json) {
         Json document = {{"file", PrintableName(file)}, {"written", reason.empty()}};
@@ -230,7 +235,8 @@ void AddSidecarCommand(CommandLine& line) {
                  });
     command.add_flag("--check", options->CheckOnly, Phrase("FILE is a sidecar: say how it reads"));
     command.add_flag("--force", options->Force, Phrase("Replace sidecars that are there already"));
-    AddGuessOption(command, options->Guessing);
+    command.add_flag("--guess-time", options->GuessTime,
+                     Phrase("Find out how the file is built, and write that"));
     AddParts(command, *options);
     AddExamples(command, {"kelvarin-import sidecar --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
                           "kelvarin-import sidecar --guess-time data.csv",

@@ -1,10 +1,12 @@
 #include <chrono>
+#include <functional>
 #include <iostream>
 #include <map>
 #include <nlohmann/json.hpp>
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
+#include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/JsonReport.h"
@@ -52,8 +54,8 @@ Json ToJson(const Difference* difference) {
 // The comparison of one file of samples with imports of its sources.
 class Verification {
   public:
-    Verification(const ModuleLoader& module, const CommonOptions& common)
-        : Module(module), Common(common), ArchivePath(common.Files.front()) {}
+    Verification(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading)
+        : Module(module), Common(common), Wanted(reading), ArchivePath(common.Files.front()) {}
 
     int Run() {
         std::string complaint;
@@ -66,38 +68,63 @@ class Verification {
 
   private:
     int Verify(const std::string& source) {
-        const std::u16string path = PathFromNative(source);
-        const std::string name = Utf16ToUtf8(PathStripPath(path));
+        const std::string name = Utf16ToUtf8(PathStripPath(PathFromNative(source)));
+        const std::size_t index = Seen[name]++;
         std::string complaint;
-        const auto check = Archive->FindDevice(name, Seen[name]++, complaint);
+        auto check = Archive->FindDevice(name, index, complaint);
         if (check == nullptr) return Fail(ArchivePath, complaint);
+        const store::SampleOrigin origin = check->Origin();
         SettingsLayer settings;
+        ReadingOptions wanted = Wanted;
         // What the user says on the command line is meant.
-        if (Common.Settings.empty()) complaint = LayOver(settings, check->Origin().Settings);
-        if (!complaint.empty()) return Fail(ArchivePath, complaint);
-        return Compare(source, path, *check);
+        if (Common.Settings.empty() && !origin.IsCopied) {
+            complaint = LayOver(settings, origin.Settings);
+            if (!complaint.empty()) return Fail(ArchivePath, complaint);
+            wanted.NoGuess |= !origin.IsAutomatic;
+            wanted.ColumnsOnly = true;
+        }
+        ProgressLine progress(source);
+        const auto onProgress = [&progress](std::uint32_t percent) {
+            ReportLife();
+            progress.Show(percent);
+        };
+        FileReading reading(Module, source, Common, wanted, onProgress);
+        Comparison comparison = Compare(source, *check, reading, onProgress);
+        while (!comparison.Run.Interrupted && reading.TakesCopy()) {
+            check = Archive->FindDevice(name, index, complaint);
+            comparison = Compare(source, *check, reading, onProgress);
+        }
+        progress.Clear();
+        return reading.WithComplaints(Report(source, *check, comparison));
     }
 
-    int Compare(const std::string& source, const std::u16string& path, store::SampleCheck& check) {
-        RunResult result;
-        const Difference* difference = nullptr;
-        {
-            ProgressLine progress(source);
-            RunOptions options;
-            options.Cancel = &InterruptFlag();
-            options.BaseTime = check.Origin().BaseTime;
-            options.OnProgress = [&progress](std::uint32_t percent) {
-                ReportLife();
-                progress.Show(percent);
-            };
-            options.Sink = &check;
-            HostSession session(Module, path, std::move(options));
-            result = session.Run();
-            if (result.Failed || session.Device() == nullptr) return Fail(source, result.Failure);
-            if (!result.Interrupted) difference = check.Compare(*session.Device());
-        }
-        if (result.Interrupted) return ExitInterrupted;
+    struct Comparison {
+        RunResult Run;
+        bool HasDevice = false;
+        const Difference* First = nullptr;  // of the check; null if there is none
+    };
+
+    Comparison Compare(const std::string& source, store::SampleCheck& check, FileReading& reading,
+                       const std::function<void(std::uint32_t)>& onProgress) {
+        RunOptions options;
+        options.Cancel = &InterruptFlag();
+        options.BaseTime = check.Origin().BaseTime;
+        options.OnProgress = onProgress;
+        options.Sink = &check;
+        options.Reading = reading.Automatic();
+        HostSession session(Module, PathFromNative(source), std::move(options));
+        Comparison comparison{session.Run(), session.Device() != nullptr, nullptr};
+        if (!comparison.Run.Failed && !comparison.Run.Interrupted && comparison.HasDevice)
+            comparison.First = check.Compare(*session.Device());
+        return comparison;
+    }
+
+    int Report(const std::string& source, const store::SampleCheck& check,
+               const Comparison& comparison) const {
+        if (comparison.Run.Interrupted) return ExitInterrupted;
+        if (comparison.Run.Failed || !comparison.HasDevice) return Fail(source, comparison.Run.Failure);
         if (!check.Failure().empty()) return Fail(ArchivePath, check.Failure());
+        const Difference* const difference = comparison.First;
         if (Common.Json) {
             WriteDocument(std::cout, {{"file", PrintableName(source)},
                                       {"store", PrintableName(ArchivePath)},
@@ -116,16 +143,18 @@ class Verification {
 
     const ModuleLoader& Module;
     const CommonOptions& Common;
+    const ReadingOptions& Wanted;
     const std::string ArchivePath;
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
 };
 
 // As Verification::Run, where what the library makes of a damaged file can do no harm.
-int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, int patience) {
+int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading,
+                  int patience) {
     CatchInterrupt();
-    const GuardedResult result =
-        RunGuarded([&] { return Verification(module, common).Run(); }, std::chrono::seconds(patience));
+    const GuardedResult result = RunGuarded([&] { return Verification(module, common, reading).Run(); },
+                                            std::chrono::seconds(patience));
     const std::string& file = common.Files.front();
     switch (result.End) {
         case GuardedResult::Crashed:
@@ -146,10 +175,11 @@ int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, int p
 void AddVerifyCommand(CommandLine& line) {
     constexpr int UsualPatience = 60;
     const auto patience = std::make_shared<int>(UsualPatience);
+    const auto reading = std::make_shared<ReadingOptions>();
     CLI::App& command =
         line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
-                 [patience](const ModuleLoader& module, const CommonOptions& common) -> int {
-                     if (common.Files.size() > 1) return VerifyGuarded(module, common, *patience);
+                 [patience, reading](const ModuleLoader& module, const CommonOptions& common) -> int {
+                     if (common.Files.size() > 1) return VerifyGuarded(module, common, *reading, *patience);
                      Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
                      return ExitWrongUsage;
                  });
@@ -158,6 +188,7 @@ void AddVerifyCommand(CommandLine& line) {
                     Phrase("Processor time without progress after which the file is damaged (default: 60)"))
         ->type_name("SECONDS")
         ->check(CLI::Range(1, 86'400));
+    AddReadingOptions(command, *reading);
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
                 Phrase("The settings are those that the file was written with, unless --set is given."));
 }

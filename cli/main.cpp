@@ -38,6 +38,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
     AddAnalyzeCommand(line);
     AddExplainCommand(line);
     AddCheckCommand(line);
+    AddPrepareCommand(line);
     AddSidecarCommand(line);
     AddVerifyCommand(line);
     AddDialogCommand(line);

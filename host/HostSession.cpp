@@ -9,6 +9,7 @@
 #include "host/Reading.h"
 #include "host/SettingText.h"
 #include "host/language/Phrase.h"
+#include "host/plan/AutomaticReading.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -41,15 +42,18 @@ void MessageList::Add(ImportMessage message, std::uint64_t line) {
 }
 
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
-    : Path(PathForStream(path)),
+    : Source(path),
       Options(std::move(options)),
       AllMessages(Options.KeepMessages),
-      ImportFilter(module.MakeFilter(path)) {
+      ImportFilter(module.MakeFilter(Options.Reading == nullptr ? path : Options.Reading->Path())) {
+    if (Options.Reading != nullptr) Options.Reading->Guide(*ImportFilter);
     ImportFilter->DeviceHost = this;
     ImportFilter->TimeContext = this;
 }
 
+// A copy that is read in place of the file has another name.
 CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
+    if (Options.Reading != nullptr && Options.Reading->Copy() != nullptr) name = PathStripPath(Source);
     Store = std::make_unique<store::StoredDevice>(std::move(name), description, Options.KeepSamples,
                                                   Options.Sink, SignalColumns(*ImportFilter));
     return Store.get();
@@ -63,13 +67,16 @@ void HostSession::FinishDevice(CDevice*) {
 store::SampleOrigin HostSession::Origin() const {
     store::SampleOrigin origin;
     std::error_code ignored;
-    origin.SourceSize = std::filesystem::file_size(Path, ignored);
-    const auto written = std::filesystem::last_write_time(Path, ignored);
+    const std::filesystem::path path = PathForStream(Source);
+    origin.SourceSize = std::filesystem::file_size(path, ignored);
+    const auto written = std::filesystem::last_write_time(path, ignored);
     const auto moment = std::chrono::file_clock::to_sys(written).time_since_epoch();
     origin.SourceModified = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
     if (const CCsvImportSettings* const settings = SettingsOf(*ImportFilter))
         origin.Settings = SettingsAsText(*settings);
     origin.BaseTime = Options.BaseTime;
+    origin.IsAutomatic = Options.Reading != nullptr && Options.Reading->Plan() != nullptr;
+    origin.IsCopied = origin.IsAutomatic && Options.Reading->Copy() != nullptr;
     origin.IsRelative = ReadingOf(*ImportFilter).DateSetting == DateNone;
     return origin;
 }
@@ -82,9 +89,13 @@ bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
             anyFailure = true;
             result.Failure = Utf16ToUtf8(message.Text);
         }
-        AllMessages.Add(std::move(message), line);
+        AllMessages.Add(std::move(message), SourceLine(line));
     }
     return anyFailure;
+}
+
+std::uint64_t HostSession::SourceLine(std::uint64_t line) const {
+    return Options.Reading == nullptr ? line : Options.Reading->SourceLine(line);
 }
 
 RunResult HostSession::Run() {

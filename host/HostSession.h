@@ -18,6 +18,10 @@
 #include "host/store/StoredDevice.h"
 
 namespace kelvarin {
+namespace plan {
+class AutomaticReading;
+}
+
 // Messages of one kind: about the cells of one column, or alike but for their numbers.
 struct MessageGroup {
     std::u16string FirstText;
@@ -70,6 +74,7 @@ struct RunOptions {
     store::DeviceSink* Sink = nullptr;                  // gets every sample; the run ends when it has failed
     IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it
     const std::atomic<bool>* Cancel = nullptr;  // any thread sets it to end the run before the next line
+    plan::AutomaticReading* Reading = nullptr;  // says which file is read in place of the session's, and how
 };
 
 struct RunResult {
@@ -116,7 +121,10 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     void BeginAndRead(RunResult& result);
     void ReadLines(RunResult& result, std::uint64_t firstDataLine);
 
-    const std::filesystem::path Path;
+    // The line of the session's file for a line of the one that is read.
+    std::uint64_t SourceLine(std::uint64_t line) const;
+
+    const std::u16string Source;
     const RunOptions Options;
     MessageList AllMessages;
     std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals

@@ -1,6 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/report/CheckReport.h"
+#include "cli/report/GuessReport.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -113,6 +114,7 @@ void WriteCheckJson(std::ostream& out, const CheckReport& report) {
     document["before1990"] = PlacesToJson(result.Before1990);
     document["time"] = result.Series ? TimeToJson(*result.Series) : Json();
     document["rejects"] = RejectsToJson(report);
+    if (report.Guess != nullptr) document["guess"] = GuessToJson(*report.Guess);
     out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 }  // namespace kelvarin::cli

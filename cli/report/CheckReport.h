@@ -7,6 +7,7 @@
 
 #include "cli/report/TextLayout.h"
 #include "host/check/Findings.h"
+#include "host/guess/TimeGuess.h"
 
 namespace kelvarin::cli {
 struct CheckReport {
@@ -15,7 +16,8 @@ struct CheckReport {
     std::vector<check::Finding> Findings;
     std::string RejectsFile;  // as given; empty without one
     std::uint64_t RejectedRows = 0;
-    std::string RejectsFailure;  // why it could not be written
+    std::string RejectsFailure;               // why it could not be written
+    const guess::TimeGuess* Guess = nullptr;  // how the file was read; null if nothing was looked for
 };
 
 // What to do about a finding, with the options or the commands that do it; empty if there is nothing to do.

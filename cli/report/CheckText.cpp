@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "cli/report/CheckReport.h"
+#include "cli/report/GuessReport.h"
 #include "cli/report/Options.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
@@ -138,6 +139,7 @@ std::string AdviceText(const CheckReport& report, const check::Finding& finding)
 void WriteCheckText(ReportStream out, const CheckReport& report) {
     if (!report.Result.Begun) return;
     out << Styled(Style::Heading, report.File) << "\n";
+    if (report.Guess != nullptr) WriteGuessText(out, *report.Guess);
     WriteVerdict(out, report);
     WriteFindings(out, report);
     WriteColumns(out, report.Result);

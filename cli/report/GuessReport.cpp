@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
 #include "host/language/Phrase.h"
 
@@ -17,9 +18,27 @@ std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
     if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
     return objections;
 }
+void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
+    if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
+    if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
+}
+
+void WritePlan(ReportStream out, const guess::TimeGuess& guess) {
+    WriteAssumptions(out, guess.Assumed);
+    if (!guess.Settings.empty()) {
+        out << Indent << Phrase("as options: {}", OptionsText(guess.Settings)) << "\n";
+    } else {
+        out << Indent << Phrase("`kelvarin-import prepare FILE` writes such a copy to keep") << "\n";
+    }
+}
 }  // namespace
 
 void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
+    if (!guess.Assumed.empty()) {
+        WritePlan(out, guess);
+        WriteSaving(out, guess);
+        return;
+    }
     out << ReportLabel(Phrase("guess"));
     if (!guess.Failure.empty()) {
         out << Phrase("none: {}", guess.Failure) << "\n";
@@ -33,17 +52,16 @@ void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
         out << Indent << Phrase("but: {}", objection) << "\n";
     if (!guess.OtherBasis.empty())
         out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
-    if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
-    if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
+    WriteSaving(out, guess);
 }
 
 Json GuessToJson(const guess::TimeGuess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
-    constexpr const char* Certainties[] = {"certain", "likely", "guess"};  // the same in every language
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
-    return {{"certainty", Certainties[static_cast<int>(guess.Sureness)]},
+    return {{"certainty", CodeOf(guess.Sureness)},
             {"basis", guess.Basis},
+            {"assumed", AssumptionsToJson(guess.Assumed)},
             {"settings", settings},
             {"options", OptionsText(guess.Settings)},
             {"fixedInterval", guess.IsFixedInterval},

@@ -7,6 +7,7 @@
 #include "host/SourceFiles.h"
 #include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
+#include "host/plan/AutomaticReading.h"
 #include "platform/framework/FileWatch.h"
 #include "platform/framework/Text.h"
 
@@ -121,6 +122,7 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     runOptions.OnProgress = options.OnProgress;
     runOptions.Observer = &observer;
     runOptions.Cancel = options.Cancel;
+    runOptions.Reading = options.Reading;
     HostSession session(module, path, runOptions);
     if (session.Filter().Find<IObservedRun>() == nullptr) {
         result.Failed = true;
@@ -146,6 +148,8 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (result.Begun) CountSamples(*session.Device(), result);
     if (run.OutOfMemory) return result;  // the same lines again would not help
+    // A plan has looked at the table and its times already.
+    if (options.Reading != nullptr && options.Reading->Plan() != nullptr) return result;
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
     result.Above = FindRowsAbove(session.Filter(), result);
     const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;

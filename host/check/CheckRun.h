@@ -17,6 +17,10 @@
 #include "host/check/RejectsFile.h"
 #include "host/check/TimeSeries.h"
 
+namespace kelvarin::plan {
+class AutomaticReading;
+}
+
 namespace kelvarin::check {
 // The longest stretch of such lines, numbered from 1; First is 0 if there is none.
 struct RowsAbove {
@@ -86,6 +90,7 @@ struct CheckOptions {
     WantedLines Wanted;
     std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
     const std::atomic<bool>* Cancel = nullptr;      // ends the run once it is true, set from any thread
+    plan::AutomaticReading* Reading = nullptr;      // as that of RunOptions
 };
 
 // Imports the file at `path` under the settings in force (SettingsLayer) and stores nothing. Takes the time

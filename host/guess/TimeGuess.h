@@ -17,6 +17,7 @@ struct TimeGuess {
     Certainty Sureness = Certainty::Certain;
     std::string Basis;                    // one phrase: what was found where
     std::vector<std::string> Objections;  // what speaks against it, a phrase each
+    std::vector<Assumption> Assumed;      // of a plan: all that was found, the times among it
     Remedy OtherWay;         // to read times that the settings can't; without text if there is none
     std::string OtherBasis;  // of a proposal that is nearly as good; empty if there is none
     SettingList OtherSettings;

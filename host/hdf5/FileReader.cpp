@@ -25,6 +25,8 @@ store::SampleOrigin ReadOrigin(hid_t group) {
     }
     if (HasAttribute(group, Layout::BaseTime)) origin.BaseTime = ReadNumberAttribute(group, Layout::BaseTime);
     origin.IsRelative = ReadTextAttribute(group, Layout::TimeKind) == Layout::Relative;
+    origin.IsAutomatic = HasAttribute(group, Layout::Automatic);
+    origin.IsCopied = origin.IsAutomatic && ReadTextAttribute(group, Layout::Automatic) == Layout::ByCopy;
     return origin;
 }
 

@@ -155,6 +155,8 @@ class DeviceWriter final : public store::DeviceSink {
         WriteAttribute(group, Layout::Settings, JoinLines(settings));
         WriteAttribute(group, Layout::TimeKind, origin.IsRelative ? Layout::Relative : Layout::Absolute);
         if (origin.BaseTime) WriteAttribute(group, Layout::BaseTime, *origin.BaseTime);
+        if (origin.IsAutomatic)
+            WriteAttribute(group, Layout::Automatic, origin.IsCopied ? Layout::ByCopy : Layout::Directly);
 
         Times.Finish(group, Layout::Time);
         const Hdf5Handle times(H5Dopen2(group, Layout::Time, H5P_DEFAULT));

@@ -24,6 +24,9 @@ inline constexpr const char* BaseTime = "base_time";
 inline constexpr const char* TimeKind = "time_kind";  // Absolute or Relative
 inline constexpr const char* Absolute = "absolute";
 inline constexpr const char* Relative = "relative";
+inline constexpr const char* Automatic = "automatic";  // absent: by settings alone; else one of:
+inline constexpr const char* Directly = "settings";    // names, units and types of the columns were found too
+inline constexpr const char* ByCopy = "copy";          // of which the settings are
 
 // Of the times.
 inline constexpr const char* Epoch = "epoch";

@@ -4,9 +4,6 @@ namespace kelvarin {
 namespace {
 // What --guess-time says.
 constexpr Translation Texts[] = {
-    {"Find out the columns and the format of the times, use and print them",
-     "Spalten und Format der Zeiten herausfinden, verwenden und ausgeben"},
-    {"Keep what was guessed in FILE.info", "Das Ermittelte in FILE.info ablegen"},
     {"guess", "Vorschlag"},
     {"certain", "sicher"},
     {"likely", "wahrscheinlich"},

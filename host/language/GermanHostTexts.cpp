@@ -15,6 +15,9 @@ constexpr Translation Texts[] = {
     {"there is no setting '{}'; allowed are {}", "eine Einstellung '{}' gibt es nicht; erlaubt sind {}"},
     // Reasons.
     {"not enough memory", "der Speicher reicht nicht"},
+    {"the copy can't be made: {}: {}", "die Kopie ist nicht möglich: {}: {}"},
+    {"the copy can't be made: not enough memory", "die Kopie ist nicht möglich: der Speicher reicht nicht"},
+    {"no line of the table has a time", "keine Zeile der Tabelle hat eine Zeit"},
     {"the file is empty", "die Datei ist leer"},
     {"looks like a binary file (NUL byte in line {})",
      "sieht nach einer Binärdatei aus (NUL-Byte in Zeile {})"},

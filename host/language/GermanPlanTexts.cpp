@@ -76,6 +76,16 @@ constexpr Translation Texts[] = {
     {"hexadecimal numbers", "Hexadezimalzahlen"},
     {"decimal numbers", "Dezimalzahlen"},
     {"{} of the file were looked at", "{} der Datei wurden geprüft"},
+    // A copy that is read in place of the file.
+    {"no settings read this file, so a clean copy is read in its place",
+     "keine Einstellungen lesen diese Datei, daher wird an ihrer Stelle eine bereinigte Kopie gelesen"},
+    {"no sidecar can say how this file is read; a clean copy of it needs none",
+     "keine Sidecar-Datei kann sagen, wie diese Datei gelesen wird; eine bereinigte Kopie braucht keine"},
+    {"rows sorted by their times", "Zeilen nach ihren Zeiten sortiert"},
+    {"times shifted so that the first is 0", "Zeiten so verschoben, dass die erste 0 ist"},
+    {"headers left out: {}", "weggelassene Kopfzeilen: {}"},
+    {"lines without a time left out: {}", "weggelassene Zeilen ohne Zeit: {}"},
+    {"values rewritten: {}", "umgeschriebene Werte: {}"},
 };
 }  // namespace
 

@@ -15,7 +15,9 @@ bool IsSeparatorAt(const Cut& how, char16_t c) {
 }
 
 bool IsOneOf(std::u16string_view cell, const std::u16string_view* begin, const std::u16string_view* end) {
-    return std::any_of(begin, end, [&](std::u16string_view word) { return EqualsIgnoreCase(cell, word); });
+    return std::any_of(begin, end, [&](std::u16string_view word) {
+        return cell.size() == word.size() && EqualsIgnoreCase(cell, word);
+    });
 }
 
 bool IsHex(std::u16string_view cell) {
@@ -174,6 +176,20 @@ std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
     const std::size_t end = NumberEnd(cell, look);
     if (end == 0 || end != cell.size()) return std::nullopt;
     return look;
+}
+
+PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
+    const std::size_t begin = !cell.empty() && (cell[0] == u'-' || cell[0] == u'+') ? 1 : 0;
+    std::size_t at = begin;
+    while (at < cell.size() && IsDigit(cell[at])) ++at;
+    const std::size_t digits = at - begin;
+    if (at == cell.size()) return {digits, false};
+    const std::size_t decimals = at + 1;
+    if (cell[at] != mark || decimals == cell.size()) return {};
+    for (at = decimals; at < cell.size(); ++at) {
+        if (!IsDigit(cell[at])) return {};
+    }
+    return {digits, true};
 }
 
 std::optional<Amount> AmountIn(std::u16string_view cell) {

@@ -69,6 +69,15 @@ struct NumberLook {
 // either; it is taken for the decimal mark.
 std::optional<NumberLook> LookAtNumber(std::u16string_view cell);
 
+// A sign or none, digits, and no more than a decimal mark with digits after it.
+struct PlainNumber {
+    std::size_t Digits = 0;  // before the mark; 0 for any other text
+    bool HasMark = false;
+};
+
+// What almost all numbers are, found in few steps.
+PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark);
+
 // A number and the unit after it, apart or not: "72%", "26,2 °C", "+  74.65 g".
 struct Amount {
     std::u16string Number;  // with its sign, without blanks

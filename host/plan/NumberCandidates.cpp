@@ -14,6 +14,10 @@ bool IsSince1970(double seconds) {
     constexpr double To = 2'208'988'800;
     return seconds >= From && seconds <= To;
 }
+// "s since 1970", "Seconds since 1970-01-01".
+bool IsNamedSince1970(const Label& label) {
+    return (label.Name + u" " + label.Unit).find(u"since 1970") != std::u16string::npos;
+}
 }  // namespace
 
 // A column of numbers, and what its name says.
@@ -25,6 +29,7 @@ struct TimeCandidates::NumberColumn {
     bool IsTime = false;
     bool IsDayOfYear = false;
     bool IsModifiedJulian = false;
+    bool IsNamedSince1970 = false;
     bool IsFirstWithoutName = false;
 };
 
@@ -49,6 +54,7 @@ void TimeCandidates::AddNumbers() {
         column.IsTime = IsNamedTime(label);
         column.IsDayOfYear = IsDayOfYear(label);
         column.IsModifiedJulian = IsModifiedJulian(label);
+        column.IsNamedSince1970 = IsNamedSince1970(label);
         column.IsFirstWithoutName = i == 0 && label.Name.empty();
         AddSince1970(column);
         AddDays(column);
@@ -63,12 +69,16 @@ void TimeCandidates::AddNumbers() {
 
 void TimeCandidates::AddSince1970(const NumberColumn& column) {
     for (const std::int64_t unit : {Second, Millisecond, std::int64_t{1000}, std::int64_t{1}}) {
-        if (column.Unit != 0 || !IsSince1970(column.First * static_cast<double>(unit) / 1e9)) continue;
+        // A measurement that began in 1970 would be longer than any.
+        const bool isSince1970 =
+            column.IsNamedSince1970 || IsSince1970(column.First * static_cast<double>(unit) / 1e9);
+        const bool fitsUnit = column.Unit == 0 || (column.IsNamedSince1970 && column.Unit == unit);
+        if (!isSince1970 || !fitsUnit) continue;
         TimeRecipe recipe = column.Recipe;
         recipe.Unit = unit;
         recipe.IsAbsolute = true;
         recipe.IsUtc = true;
-        Consider(recipe, 0.98);
+        Consider(recipe, column.IsNamedSince1970 ? 1.03 : 0.98);
     }
 }
 
@@ -85,7 +95,8 @@ void TimeCandidates::AddDays(const NumberColumn& column) {
         Consider(recipe, 0.9);
     };
     if (column.IsModifiedJulian) consider(40'587, 0);
-    if (column.IsTime && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
+    const bool areDays = column.Unit == 0 || column.Unit == DayLength;
+    if (column.IsTime && areDays && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
     if (column.First > 2'400'000 && column.First < 2'500'000) consider(2'440'588, DayLength / 2);
     if (Clues.Year && column.First >= 0 && column.First < 367 && column.IsDayOfYear)
         consider(1, DaysSince1970(*Clues.Year, 1, 1) * DayLength);

@@ -54,6 +54,7 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
         }
         if (column.Unit.empty() && counts[i].Amounts > 0 && counts[i].Amounts == counts[i].Text)
             column.Unit = counts[i].AmountUnit;
+        column.HasAmounts = counts[i].Amounts > 0;
         column.Type = counts[i].Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
         column.IsTime = plan.Times && Reads(plan.Times->Recipe, i);
     }
@@ -65,7 +66,8 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         ++Empty;
         return;
     }
-    if (IsMissing(cell)) {
+    const PlainNumber plain = LookAtPlainNumber(cell, mark);
+    if (plain.Digits == 0 && IsMissing(cell)) {
         ++Missing;
         NotNumbers += EqualsIgnoreCase(cell, u"nan");
         return;
@@ -81,7 +83,9 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         for (std::size_t place = 0; place < digits.size(); ++place)
             (IsDigit(digits.rbegin()[place]) ? DigitPlaces : LetterPlaces) |= 1u << place;
     }
-    if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
+    if (plain.Digits != 0) {
+        AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark);
+    } else if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
         AddNumber(cell, *look, mark);
     } else {
         AddText(cell, mark);
@@ -163,11 +167,15 @@ bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
 }
 
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
-    std::optional<ReadingPlan> plan = FindPlan(SampleFile(path));
+    FileSample sample = SampleFile(path);
+    std::optional<ReadingPlan> plan = FindPlan(sample);
     // A table that begins below the lines that were counted: more of them are.
     constexpr std::size_t MostLines = 1'000'000;
-    for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4)
-        plan = FindPlan(SampleFile(path, lines));
+    for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4) {
+        sample = SampleFile(path, lines);
+        plan = FindPlan(sample);
+    }
+    if (plan) plan->Sample = std::move(sample);
     return plan;
 }
 
@@ -175,7 +183,7 @@ std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
     const std::optional<FoundTable> table = FindTable(sample);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
-    const TableRows rows = RowsOf(sample, *table);
+    TableRows rows = RowsOf(sample, *table);
     ReadingPlan plan;
     plan.How = table->How;
     plan.Width = table->Width;
@@ -191,6 +199,7 @@ std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
     const bool isEndLookedAt = sample.IsWhole || sample.Lines.size() > sample.Head;
     plan.EndsInTotal = plan.Times && isEndLookedAt && plan.Times->Trial.EndsAtStart;
     AddColumns(rows, labels, plan);
+    plan.Rows = std::move(rows);
     return plan;
 }
 }  // namespace kelvarin::plan

@@ -43,7 +43,8 @@ struct PlannedColumn {
     std::u16string Name;  // empty: it has none in the file
     std::u16string Unit;
     ColumnType Type = ColumnType::Text;
-    bool IsTime = false;  // its cells make the time of the row
+    bool IsTime = false;      // its cells make the time of the row
+    bool HasAmounts = false;  // its cells name their unit
 };
 
 // True for the name of a number that counts: "Cycle", "Step".
@@ -57,6 +58,8 @@ struct ReadingPlan {
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
     std::optional<FoundTimes> Times;
+    FileSample Sample;       // what was looked at
+    TableRows Rows;          // of the sample
     std::u16string Missing;  // the number that the file declares for missing values; empty for none
     std::size_t RowsLookedAt = 0;
     bool IsWholeLookedAt = false;  // every line of the file was looked at

@@ -234,6 +234,10 @@ std::optional<FoundTable> FindTable(const FileSample& sample) {
         std::optional<FoundTable> weak;
         Propose(sample, {separator, separator == u' ', areQuoted}, 2, weak);
         if (!weak) continue;
+        // Runs of blanks swallow the tabs around empty cells.
+        const bool isTabbed = best && best->How.Separator == u'\t' && best->Rows >= weak->Rows &&
+                              best->Width >= weak->Width && separator == u' ';
+        if (isTabbed) continue;
         const bool wins = !best || weak->Score > 2 * best->Score ||
                           (weak->Rows > 2 * best->Rows && weak->Width >= best->Width);
         if (wins) best = std::move(weak);

@@ -121,7 +121,9 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
     }
     const std::optional<ParsedTime> time = ParseTime(text, recipe.Style);
     if (!time || time->HasDate != recipe.IsAbsolute) return std::nullopt;
-    return time->Written();
+    if (!recipe.AppliesZone) return time->Written();
+    if (!time->ZoneMinutes) return std::nullopt;
+    return time->Written() - *time->ZoneMinutes * 60 * Second;
 }
 }  // namespace
 
@@ -208,7 +210,7 @@ std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view
     const bool isAlone =
         cells.size() <= used || (cells.size() > WideTable && static_cast<std::size_t>(filled) <= used);
     if (isAlone && width > used) return std::nullopt;
-    std::optional<std::int64_t> time = Recipe.TimeOf(cells);
+    std::optional<std::int64_t> time = Memo.TimeOf(Recipe, cells);
     if (!time) return std::nullopt;
     if (Recipe.Kind == TimeKind::Interval) return *time + Recipe.Unit * Row++;
     if (!Recipe.RollsOver) return time;

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/plan/MinuteMemo.h"
 #include "host/plan/TimeText.h"
 
 namespace kelvarin::plan {
@@ -48,9 +49,10 @@ struct TimeRecipe {
     std::int64_t Offset =
         0;                 // of Number: what its zero is called, in units; days of a calendar have large ones
     char16_t Mark = u'.';  // of Number: decimal mark
-    bool IsAbsolute = false;  // times since 1970 in local time or in the zone they name; else elapsed
-    bool IsUtc = false;       // numbers that count since 1970
-    bool RollsOver = false;   // a clock without a date that runs over midnight
+    bool IsAbsolute = false;   // times since 1970 in local time or in the zone they name; else elapsed
+    bool IsUtc = false;        // numbers that count since 1970
+    bool AppliesZone = false;  // of Text: each names its zone, and the times are in UTC
+    bool RollsOver = false;    // a clock without a date that runs over midnight
 
     // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
     // whose cells hold no time.
@@ -74,6 +76,7 @@ class TimeWalk {
 
   private:
     const TimeRecipe& Recipe;
+    MinuteMemo Memo;
     std::int64_t Before = 0;
     std::int64_t Days = 0;  // added so far, in ns
     std::int64_t Row = 0;

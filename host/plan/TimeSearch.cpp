@@ -33,6 +33,17 @@ const FoundTimes* BestOf(const std::vector<FoundTimes>& found) {
     return best;
 }
 
+// Texts that all name their zone are moments, also where the zone changes between summer and winter.
+void ApplyZones(FoundTimes& times, const TableRows& rows) {
+    TimeRecipe zoned = times.Recipe;
+    zoned.AppliesZone = true;
+    if (zoned.Kind != TimeKind::Text || !zoned.IsAbsolute) return;
+    const TimeTrial trial = Try(zoned, rows);
+    if (trial.Read != times.Trial.Read) return;
+    times.Recipe = zoned;
+    times.Trial = trial;
+}
+
 // Rows that follow each other at the interval of the preamble, or of a second for want of any.
 FoundTimes IntervalOf(const TableRows& rows, const PreambleClues& clues) {
     FoundTimes interval;
@@ -64,6 +75,7 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
     times.Rival = RivalOf(times, candidates.Found());
     for (const std::size_t column : ColumnsOf(times.Recipe))
         times.IsNamed |= column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
+    ApplyZones(times, rows);
     return times;
 }
 }  // namespace kelvarin::plan

@@ -67,7 +67,7 @@ TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
         before = time;
     }
     constexpr std::size_t FewestRows = 5;
-    trial.EndsAtStart = trial.Read >= FewestRows && trial.Falling == 1 && trial.Last <= trial.First;
+    trial.EndsAtStart = trial.Read >= FewestRows && trial.Falling == 1 && trial.Last == trial.First;
     trial.MedianStep = MedianOf(std::move(steps));
     return trial;
 }

@@ -54,6 +54,8 @@ struct SampleOrigin {
     SettingList Settings;                  // those of the run
     std::optional<std::int64_t> BaseTime;  // of relative time in nanoseconds, as given by the user
     bool IsRelative = false;               // the times are relative measurement time
+    bool IsAutomatic = false;              // it was found how to read the file, and what its columns are
+    bool IsCopied = false;                 // a clean copy was read in place of the file
 };
 
 // A file while it is written. Nothing is seen at its path until Finish; if the object is destroyed without

@@ -108,6 +108,7 @@ bool CCsvImportFilter::MakeSignal(int column) {
         return false;
     }
     signal->SetSymbol(info.GetDisplayName().c_str());
+    if (!ChosenUnit(column).empty()) signal->SetUnit(ChosenUnit(column).c_str());
     Signals[static_cast<std::size_t>(column)] = signal;
     if (dataType == CsvTypeHex) WriteHexMetaData(*signal);
     return true;

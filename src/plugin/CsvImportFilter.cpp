@@ -15,6 +15,7 @@ CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), 
     Offer<ITimeReader>(OptionalInterfaces);
     Offer<IObservedAnalysis>(OptionalInterfaces);
     Offer<IObservedRun>(OptionalInterfaces);
+    Offer<IGuidedReading>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
     Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "contract/ImportFilter.h"
@@ -48,6 +49,8 @@ class CCsvImportFilter : public CImportFilter {
     const std::string& GetSidecarFailure() const { return SidecarFailure; }
     void ObserveAnalysis(IAnalysisObserver* observer) { AnalysisObserver = observer; }
     void ObserveRun(IRunObserver* observer) { RunObserver = observer; }
+    void ChooseColumns(std::vector<ColumnChoice> choices) { ColumnChoices = std::move(choices); }
+    void FollowGuide(IReadingGuide* guide) { Guide = guide; }
 
   private:
     // Lays the sidecar over the settings, or makes the warning about it.
@@ -66,6 +69,10 @@ class CCsvImportFilter : public CImportFilter {
     // Adds a message of string `id` that concerns the file as a whole.
     void AddFileMessage(unsigned id);
 
+    // What the host knows of the columns (GuidedReading.cpp).
+    void ApplyColumnChoices();
+    const std::u16string& ChosenUnit(int column) const;  // empty for none
+
     // Steps of BeginImport.
     bool HasColumnToImport();
     bool SkipToFirstDataLine();
@@ -76,8 +83,10 @@ class CCsvImportFilter : public CImportFilter {
     // Steps of ImportNextLine.
     void UpdateProgress(std::uint32_t* progress);
     bool SettleRowTime(std::int64_t& time);
+    std::int64_t MessageLine() const;  // that messages name for the row being read
     RowPlace CurrentPlace() const;
     void TellObserver(const RowTimestamp& row, const char16_t* text);
+    DroppedRow DropOf(const RowTimestamp& row, const char16_t* text) const;
     void AddRowSamples(std::int64_t time);
     void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
@@ -106,4 +115,6 @@ class CCsvImportFilter : public CImportFilter {
     CFilterInterfaces OptionalInterfaces{*this};
     IAnalysisObserver* AnalysisObserver = nullptr;  // the host's; null for none
     IRunObserver* RunObserver = nullptr;            // the host's; null for none
+    std::vector<ColumnChoice> ColumnChoices;        // the host's
+    IReadingGuide* Guide = nullptr;                 // the host's; null for none
 };

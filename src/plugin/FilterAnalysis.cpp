@@ -12,6 +12,7 @@ bool CCsvImportFilter::RunAnalysis(bool reportFailure, bool requireColumns) {
         const bool passed =
             Settings.DetectFormat(SourceFile, AnalysisObserver) &&
             (Settings.AnalyzeColumns(SourceFile, nullptr, nullptr, AnalysisObserver) || !requireColumns);
+        if (passed) ApplyColumnChoices();
         if (!passed && reportFailure) AddFileMessage(IdNoValidFile);
         SourceFile.Close();
         return passed;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "contract/AnalysisObserver.h"
+#include "contract/GuidedReading.h"
 #include "contract/RunObserver.h"
 #include "contract/SettingsView.h"
 #include "contract/SidecarTool.h"
@@ -16,7 +17,8 @@ class CFilterInterfaces final : public ISettingsView,
                                 public ITableReader,
                                 public ITimeReader,
                                 public IObservedAnalysis,
-                                public IObservedRun {
+                                public IObservedRun,
+                                public IGuidedReading {
   public:
     explicit CFilterInterfaces(CCsvImportFilter& owner) : Owner(owner) {}
 
@@ -27,6 +29,10 @@ class CFilterInterfaces final : public ISettingsView,
     const std::string& GetSidecarFailure() const override;
     void ObserveAnalysis(IAnalysisObserver* observer) override;
     void ObserveRun(IRunObserver* observer) override;
+
+    // --- GuidedReading.cpp ---
+    void ChooseColumns(std::vector<ColumnChoice> choices) override;
+    void FollowGuide(IReadingGuide* guide) override;
 
     // --- SidecarTool.cpp ---
     bool WriteSidecar(std::string& reason) override;

@@ -59,25 +59,34 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
-        AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), CurrentLine));
+        if (Guide != nullptr && Guide->IsNoRow(DropOf(result, text))) return false;
+        AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), MessageLine()));
     }
     if (RunObserver != nullptr) TellObserver(result, text);
     time = result.Time;
     return result.Accepted;
 }
 
+std::int64_t CCsvImportFilter::MessageLine() const {
+    if (Guide == nullptr) return CurrentLine;
+    return static_cast<std::int64_t>(Guide->SourceLine(static_cast<std::uint64_t>(CurrentLine)));
+}
+
 RowPlace CCsvImportFilter::CurrentPlace() const {
-    const auto line = static_cast<std::uint64_t>(CurrentLine);
-    return {line + BlankLines, line};
+    const std::uint64_t line = static_cast<std::uint64_t>(CurrentLine) + BlankLines;
+    return {Guide == nullptr ? line : Guide->SourceLine(line), static_cast<std::uint64_t>(MessageLine())};
 }
 
 void CCsvImportFilter::TellObserver(const RowTimestamp& row, const char16_t* text) {
     if (row.Before1990) RunObserver->OnTimeBefore1990(CurrentPlace(), row.Time);
     if (row.Accepted) return RunObserver->OnRowStored(CurrentPlace(), row.Time);
+    RunObserver->OnRowDropped(DropOf(row, text));
+}
+
+DroppedRow CCsvImportFilter::DropOf(const RowTimestamp& row, const char16_t* text) const {
     std::optional<std::int64_t> time;
     if (row.HasTime) time = row.Time;
-    RunObserver->OnRowDropped(
-        {CurrentPlace(), row.Reason, text, time, std::span(Cells.begin(), Cells.size())});
+    return {CurrentPlace(), row.Reason, text, time, std::span(Cells.begin(), Cells.size())};
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
@@ -105,7 +114,8 @@ void CCsvImportFilter::CollectSampleColumns() {
 }
 
 void CCsvImportFilter::ReportWrongCell(const SampleColumn& column, const char16_t* cell) {
+    if (Guide != nullptr && Guide->IsMissing(column.Index, cell)) return;
     AddMessage(false, column.Index, false, LoadAppString(IdWrongCell), cell, column.Info->GetDisplayName(),
-               CurrentLine, LoadSubString(IdDataTypeNames, static_cast<unsigned>(column.Type)));
+               MessageLine(), LoadSubString(IdDataTypeNames, static_cast<unsigned>(column.Type)));
     if (RunObserver != nullptr) RunObserver->OnCellRefused({CurrentPlace(), column.Index, column.Type, cell});
 }

@@ -140,7 +140,8 @@ TEST(HostilePrinting, ShowsHeadersUnitsAndCells) {
             PrintedBy(run, command);
         }
     }
-    EXPECT_NE(run({"import", "--set", Format, "a.csv"}).Out.find("n\\x01\\x02"), std::string::npos);
+    EXPECT_NE(run({"import", "--no-guess", "--set", Format, "a.csv"}).Out.find("n\\x01\\x02"),
+              std::string::npos);
 }
 
 TEST(HostilePrinting, ShowsSidecars) {

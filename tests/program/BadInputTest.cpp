@@ -31,8 +31,9 @@ TEST(BadFile, IsNamedWithTheReasonAndTheOthersGoOn) {
     for (int i = 0; i < 3000; ++i) binary += static_cast<char>(i % 31);
     run.Write("binary.csv", binary);
     std::filesystem::create_directory(run.Folder.NativePath("folder"));
-    const ProgramResult result = run({"--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss", "missing.csv", "folder",
-                                      "empty.csv", "binary.csv", "gap.csv", "good.csv"});
+    const ProgramResult result =
+        run({"--no-guess", "--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss", "missing.csv", "folder",
+             "empty.csv", "binary.csv", "gap.csv", "good.csv"});
     EXPECT_EQ(result.Status, 1);
     EXPECT_EQ(
         result.Err,

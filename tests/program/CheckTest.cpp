@@ -14,7 +14,7 @@ constexpr const char* Dated = "TimestampFormat=TT.MM.JJJJ hh:mm:ss";
 
 ProgramResult Check(const ProgramRun& run, const std::vector<std::string>& settings,
                     std::vector<std::string> more) {
-    std::vector<std::string> arguments = {"check"};
+    std::vector<std::string> arguments = {"check", "--no-guess"};
     for (const std::string& setting : settings) arguments.insert(arguments.end(), {"--set", setting});
     arguments.insert(arguments.end(), more.begin(), more.end());
     return run(arguments);
@@ -231,8 +231,9 @@ std::string Same(const std::string& text) {
 
 // The samples that an import stores.
 Json ImportedSamples(const ProgramRun& run, const std::string& file) {
-    const ProgramResult result = run({"import", "--json", "--samples", "all", "--set", Dated, "--set",
-                                      "AutoFormat=0", "--set", "Separator=0", "--set", "FirstLine=2", file});
+    const ProgramResult result =
+        run({"import", "--no-guess", "--json", "--samples", "all", "--set", Dated, "--set", "AutoFormat=0",
+             "--set", "Separator=0", "--set", "FirstLine=2", file});
     return Json::parse(result.Out)["signals"][0]["samples"];
 }
 
@@ -246,7 +247,7 @@ TEST(Check, AdvisesAnIntervalFromTheTimeOfTheFirstRow) {
         run.Write("data.csv", file);
         const Json checked = Json::parse(Check(run, {Dated}, {"--json", "data.csv"}).Out);
         std::istringstream remedy(checked["findings"][0]["remedy"].get<std::string>());
-        std::vector<std::string> options = {"--json", "--samples", "1", "data.csv"};
+        std::vector<std::string> options = {"--no-guess", "--json", "--samples", "1", "data.csv"};
         for (std::string word; remedy >> word;) {
             if (word.find('=') != std::string::npos) options.insert(options.end(), {"--set", word});
         }

@@ -43,9 +43,9 @@ TEST(DataFiles, GiveWhatAPersonSeesInThem) {
         SCOPED_TRACE(c.File);
         const ProgramRun run;
         const std::string path = std::string(KELVARIN_TEST_DATA) + "/" + c.File;
-        const Json settings = Json::parse(run({"analyze", "--json", path}).Out)["settings"];
+        const Json settings = Json::parse(run({"analyze", "--no-guess", "--json", path}).Out)["settings"];
         std::vector<std::string> arguments = c.Options;
-        arguments.insert(arguments.end(), {"--json", "--samples", "1", path});
+        arguments.insert(arguments.end(), {"--no-guess", "--json", "--samples", "1", path});
         const Json document = Json::parse(run(arguments).Out);
         const Json& signals = document["signals"];
         ASSERT_GT(signals.size(), c.Index);

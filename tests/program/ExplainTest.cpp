@@ -18,7 +18,7 @@ std::string Rows(int count, const std::string& row) {
 TEST(Explain, TellsWhatWasTakenAndWhy) {
     const ProgramRun run;
     run.Write("a.csv", "bench 7\nt;n;v\n0;1e5;\n1;2e5;1,5\n2;3e5;x\n");
-    const ProgramResult result = run({"explain", "a.csv"});
+    const ProgramResult result = run({"explain", "--no-guess", "a.csv"});
     EXPECT_EQ(result.Status, 0);
     EXPECT_EQ(result.Out,
               "a.csv\n"
@@ -86,7 +86,7 @@ TEST(Explain, WarnsOfSurprisesAndAdvises) {
         SCOPED_TRACE(c.File);
         const ProgramRun run;
         run.Write("c.csv", c.File);
-        const Json found = Json::parse(run({"explain", "--json", "c.csv"}).Out);
+        const Json found = Json::parse(run({"explain", "--no-guess", "--json", "c.csv"}).Out);
         std::string kinds;
         for (const Json& warning : found["warnings"])
             kinds += (kinds.empty() ? "" : " ") + warning["kind"].get<std::string>();
@@ -99,8 +99,9 @@ TEST(Explain, WarnsOfSurprisesAndAdvises) {
 TEST(Explain, KnowsWhoNamedTheFormat) {
     const ProgramRun run;
     run.Write("a.csv", "t;v\n0;1.5\n1;2.5\n");
-    const Json set =
-        Json::parse(run({"explain", "--json", "--set", "AutoFormat=0", "--set", "FirstLine=2", "a.csv"}).Out);
+    const Json set = Json::parse(
+        run({"explain", "--no-guess", "--json", "--set", "AutoFormat=0", "--set", "FirstLine=2", "a.csv"})
+            .Out);
     EXPECT_EQ(set["why"][0],
               "The settings say so; without them it would be: separated by semicolon; header in "
               "line 1, data from line 2.");

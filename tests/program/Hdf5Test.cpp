@@ -12,7 +12,7 @@ namespace {
 const std::vector<std::string> Settings = {"--set", "TimestampFormat=[s],000", "--set", "DateSetting=2"};
 
 std::vector<std::string> Import(std::vector<std::string> more) {
-    std::vector<std::string> arguments = {"import"};
+    std::vector<std::string> arguments = {"import", "--no-guess"};
     arguments.insert(arguments.end(), Settings.begin(), Settings.end());
     arguments.insert(arguments.end(), more.begin(), more.end());
     return arguments;

@@ -23,8 +23,9 @@ TEST(Json, ImportDocumentHoldsEverySampleTypeAndMessage) {
               "0;1;10;1,5;0x1A;x;\xFC;1 V\n"
               "1;0;11;x;0xFF;y;;2 V\n"
               "1;0;12;1;0xFF;z;;3 V\n");
-    const ProgramResult result = run({"import", "--json", "--samples", "all", "--set", "DateSetting=2",
-                                      "--set", "TimestampFormat=[s],000", "--base-time", "1000", "all.csv"});
+    const ProgramResult result =
+        run({"import", "--no-guess", "--json", "--samples", "all", "--set", "DateSetting=2", "--set",
+             "TimestampFormat=[s],000", "--base-time", "1000", "all.csv"});
     EXPECT_EQ(result.Status, 0) << result.Err;
     EXPECT_EQ(
         result.Out,

@@ -16,7 +16,8 @@ constexpr const char* GermanFile =
 TEST(Report, ShowsFormatColumnsSignalsTimeAndMessages) {
     const ProgramRun run;
     run.Write("bench.csv", GermanFile);
-    const ProgramResult result = run({"--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss,000", "bench.csv"});
+    const ProgramResult result =
+        run({"--no-guess", "--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss,000", "bench.csv"});
     EXPECT_EQ(result.Status, 0);
     EXPECT_EQ(result.Err, "");
     EXPECT_EQ(result.Out,
@@ -82,14 +83,14 @@ TEST(Advice, NamesOptionsThatGiveEveryRowItsTime) {
         SCOPED_TRACE(c.File);
         const ProgramRun run;
         run.Write("data.csv", c.File);
-        const ProgramResult untouched = run({"data.csv"});
+        const ProgramResult untouched = run({"--no-guess", "data.csv"});
         const std::size_t advice = untouched.Out.find("  advice    no row has a timestamp");
         ASSERT_NE(advice, std::string::npos) << untouched.Out;
         EXPECT_EQ(untouched.Out.find('\n', advice), untouched.Out.size() - 1) << "the advice is one line";
         EXPECT_NE(untouched.Out.find(c.Options.back(), advice), std::string::npos) << untouched.Out;
 
         std::vector<std::string> arguments = c.Options;
-        arguments.push_back("data.csv");
+        arguments.insert(arguments.end(), {"--no-guess", "data.csv"});
         const ProgramResult advised = run(arguments);
         EXPECT_NE(advised.Out.find("\n  time      "), std::string::npos) << advised.Out;
         EXPECT_EQ(advised.Out.find("Zeitstempel"), std::string::npos) << advised.Out;

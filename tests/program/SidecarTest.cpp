@@ -31,11 +31,11 @@ TEST(Sidecar, WithErrorsIsReportedAndNotUsed) {
     run.Write("50%s%d.csv.info",
               "<CSV-INFO format-rev=\"2\">\n  <START-LINE>one</START-LINE>\n</CSV-INFO>\n");
     const std::string warning = "Die Sidecar-Datei '50%s%d.csv.info' enthält ungültige Angaben.";
-    const Json analyzed = Json::parse(run({"analyze", "--json", "50%s%d.csv"}).Out);
+    const Json analyzed = Json::parse(run({"analyze", "--no-guess", "--json", "50%s%d.csv"}).Out);
     EXPECT_EQ(analyzed["sidecarWarning"], warning);
     EXPECT_EQ(analyzed["settings"]["AutoFormat"], 1);
-    const Json imported =
-        Json::parse(run({"--json", "--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss", "50%s%d.csv"}).Out);
+    const Json imported = Json::parse(
+        run({"--no-guess", "--json", "--set", "TimestampFormat=TT.MM.JJJJ hh:mm:ss", "50%s%d.csv"}).Out);
     EXPECT_EQ(imported["messages"].dump(),
               Json::array({{{"failure", false}, {"column", -2}, {"text", warning}}}).dump());
     EXPECT_EQ(imported["signals"][0]["count"], 2);
@@ -95,7 +95,7 @@ TEST(Sidecar, TellsWhereTwoDiffer) {
 
 // The lines that an import reads, and every sample.
 std::string Samples(const ProgramRun& run, std::vector<std::string> settings) {
-    settings.insert(settings.begin(), {"import", "--json", "--samples", "all"});
+    settings.insert(settings.begin(), {"import", "--no-guess", "--json", "--samples", "all"});
     settings.push_back("a.csv");
     const Json document = Json::parse(run(settings).Out, nullptr, false);
     return document["lines"].dump() + " " + document["signals"].dump();

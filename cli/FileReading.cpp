@@ -1,0 +1,134 @@
+#include "cli/FileReading.h"
+
+#include "cli/Complaints.h"
+#include "host/Words.h"
+#include "host/language/Phrase.h"
+#include "host/plan/PlanGuess.h"
+#include "platform/framework/Path.h"
+#include "platform/framework/Terminal.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::cli {
+namespace {
+plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
+                                           std::function<void(std::uint32_t)> onProgress) {
+    plan::AutomaticOptions automatic;
+    automatic.IsOff = options.NoGuess;
+    automatic.ColumnsOnly = options.ColumnsOnly;
+    automatic.Wishes = options.Wishes;
+    automatic.Cancel = &InterruptFlag();
+    automatic.OnProgress = std::move(onProgress);
+    return automatic;
+}
+
+// The types as --type names them, in the order of the module's numbers; "auto" is none of them.
+struct TypeName {
+    const char* Name;
+    int Type;
+};
+constexpr TypeName TypeNames[] = {
+    {"boolean", CsvTypeBoolean}, {"integer", CsvTypeInteger}, {"hex", CsvTypeHex},
+    {"float", CsvTypeFloat},     {"character", CsvTypeChar},  {"text", CsvTypeString},
+};
+
+int TypeNamed(const std::string& option, const std::string& name) {
+    std::string known;
+    for (const TypeName& type : TypeNames) {
+        if (name == type.Name) return type.Type;
+        known += (known.empty() ? "" : ", ") + std::string(type.Name);
+    }
+    RefuseOption(option, Phrase("'{}' is no data type; allowed are {}", name, known));
+}
+
+// The parts of "COLUMN=VALUE"; a name may hold the sign itself, so the last one counts.
+std::pair<std::u16string, std::string> ColumnAndValue(const std::string& option, const std::string& text) {
+    const std::size_t equals = text.rfind('=');
+    if (equals == std::string::npos || equals == 0)
+        RefuseOption(option, Phrase("'{}' is not of the form COLUMN=VALUE", text));
+    return {Utf8ToUtf16(text.substr(0, equals)), text.substr(equals + 1)};
+}
+}  // namespace
+
+void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
+    command.add_flag("--no-guess", options.NoGuess,
+                     Phrase("Read the file as the module alone does, under the settings in force"));
+    command.add_flag("--guess-time", options.GuessTime,
+                     Phrase("Find out how the file is built, use and print it (the default)"));
+    const auto add = [&command, &options](const char* name, const char* values,
+                                          const std::string& description, const auto& set) {
+        command
+            .add_option_function<std::vector<std::string>>(
+                name,
+                [&options, set, option = std::string(name)](const std::vector<std::string>& texts) {
+                    for (const std::string& text : texts) options.Wishes.push_back(set(option, text));
+                },
+                description)
+            ->type_name(values)
+            ->allow_extra_args(false);
+    };
+    add("--type", "COLUMN=TYPE",
+        Phrase("Data type of a column, by number or name: boolean, integer, hex, float, character, text; "
+               "repeatable"),
+        [](const std::string& option, const std::string& text) {
+            const auto [column, value] = ColumnAndValue(option, text);
+            return plan::ColumnWish{column, {}, {}, TypeNamed(option, value), false};
+        });
+    add("--name", "COLUMN=NAME", Phrase("Name of a column's signal; repeatable"),
+        [](const std::string& option, const std::string& text) {
+            const auto [column, value] = ColumnAndValue(option, text);
+            return plan::ColumnWish{column, Utf8ToUtf16(value), {}, 0, false};
+        });
+    add("--unit", "COLUMN=UNIT", Phrase("Unit of a column's signal; repeatable"),
+        [](const std::string& option, const std::string& text) {
+            const auto [column, value] = ColumnAndValue(option, text);
+            return plan::ColumnWish{column, {}, Utf8ToUtf16(value), 0, false};
+        });
+    add("--skip", "COLUMN", Phrase("Make no signal of a column; repeatable"),
+        [](const std::string&, const std::string& text) {
+            return plan::ColumnWish{Utf8ToUtf16(text), {}, {}, 0, true};
+        });
+}
+
+void AddSaveOption(CLI::App& command, ReadingOptions& options) {
+    command.add_flag("--save", options.Save, Phrase("Keep what was found in FILE.info"));
+}
+
+FileReading::FileReading(const ModuleLoader& module, const std::string& file, const CommonOptions& common,
+                         const ReadingOptions& options, std::function<void(std::uint32_t)> onProgress)
+    : Module(module),
+      File(file),
+      IsToBeSaved(options.Save),
+      Plan(module, PathFromNative(file), common.Settings,
+           AutomaticOptionsFor(options, std::move(onProgress))) {
+    if (Plan.Plan() != nullptr) {
+        Found = plan::GuessOf(Plan);
+        if (options.Save) Save();
+    } else if (options.GuessTime || Plan.IsTableChosen()) {
+        ByTable.emplace(module, PathFromNative(file), guess::GuessOptions{true, options.Save},
+                        common.Settings);
+        Found = *ByTable->Guess();
+    }
+}
+
+void FileReading::Save() {
+    plan::SaveGuess(Module, PathFromNative(File), Plan, *Found);
+}
+
+bool FileReading::TakesCopy() {
+    if (!Plan.TakesCopy()) return false;
+    Found = plan::GuessOf(Plan);
+    if (IsToBeSaved) Save();
+    return true;
+}
+
+int FileReading::WithComplaints(int status) const {
+    if (Found && Found->IsSaveLost) status = WorseStatus(status, Fail(File + ".info", Found->SaveFailure));
+    for (const std::u16string& column : Plan.UnknownColumns())
+        status = WorseStatus(status, Fail(File, Phrase("there is no column '{}'", Utf16ToUtf8(column))));
+    if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
+        status = Fail(File, Plan.WhyUnread());
+    if (!Plan.CopyFailure().empty())
+        ComplainAbout(File, Phrase("no clean copy could be made: {}", Plan.CopyFailure()));
+    return status;
+}
+}  // namespace kelvarin::cli

@@ -1,0 +1,18 @@
+// What was assumed of a file, for people and for scripts.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <vector>
+
+#include "cli/report/TextLayout.h"
+#include "host/Certainty.h"
+
+namespace kelvarin::cli {
+// "certain", "likely" or "guess", the same in every language.
+const char* CodeOf(Certainty certainty);
+
+// A line for each, the first with a label, and below it what speaks against it.
+void WriteAssumptions(ReportStream out, const std::vector<Assumption>& assumptions);
+
+nlohmann::ordered_json AssumptionsToJson(const std::vector<Assumption>& assumptions);
+}  // namespace kelvarin::cli

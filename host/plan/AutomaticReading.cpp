@@ -1,0 +1,232 @@
+// Settings first: the module reads the file itself where it then reads what the plan says. Only what no
+// setting can say takes a copy, which costs one more pass over the file.
+#include "host/plan/AutomaticReading.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "contract/TableReader.h"
+#include "contract/TimeReader.h"
+#include "host/Reading.h"
+#include "host/language/Phrase.h"
+#include "host/plan/PlanSettings.h"
+#include "host/sidecar/Sidecars.h"
+#include "platform/framework/File.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+namespace {
+constexpr const char* TableKeys[] = {"AutoFormat",      "Separator", "OtherSeparator",
+                                     "MergeSeparators", "FirstLine", "ImportHeader"};
+constexpr const char* TimeKeys[] = {"DateSetting", "DateColumn",    "StartDate",    "TimeSetting",
+                                    "TimeColumn",  "IntervalValue", "IntervalUnit", "TimestampFormat"};
+
+// How much of a file's reading is settled before anything is looked for.
+struct Settled {
+    bool All = false;  // by a sidecar
+    bool Table = false, Times = false;
+};
+
+// By the settings in force, whoever has said them.
+Settled SettledBy(const CImportFilter& filter, const std::u16string& path, const ModuleLoader& module) {
+    Settled settled;
+    settled.All = sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    if (settings == nullptr || filter.Find<ITimeReader>() == nullptr ||
+        filter.Find<ITableReader>() == nullptr) {
+        settled.All = true;
+        return settled;
+    }
+    settled.Table = settings->AutoFormat == 0;
+    settled.Times = !settings->TimestampFormat.empty() || settings->TimeSetting != TimeFromColumn ||
+                    settings->DateSetting != DateFromColumn || settings->DateColumn != 1 ||
+                    settings->TimeColumn != 1;
+    return settled;
+}
+
+// A cell that holds a value, not a word.
+bool IsValue(std::u16string_view cell) {
+    const CellKind kind = KindOf(cell);
+    return kind != CellKind::Empty && kind != CellKind::Word;
+}
+}  // namespace
+
+AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16string& path,
+                                   const std::vector<ParsedSetting>& chosen, AutomaticOptions options)
+    : Module(module), Source(path), Chosen(chosen), Options(std::move(options)), ReadPath(path) {
+    const auto filter = Module.MakeFilter(path);
+    Settled settled = SettledBy(*filter, path, module);
+    const auto isAnyChosen = [this](const auto& keys) {
+        return std::any_of(std::begin(keys), std::end(keys),
+                           [this](const char* key) { return IsChosen(key); });
+    };
+    settled.Table |= isAnyChosen(TableKeys);
+    AreTimesChosen = settled.Times || isAnyChosen(TimeKeys);
+    HasTableAlone = !Options.IsOff && !settled.All && settled.Table && !AreTimesChosen;
+    if (!Options.IsOff && (Options.ColumnsOnly || (!settled.All && !settled.Table))) {
+        try {
+            Found = FindPlan(path);
+        } catch (CFileException* failure) {
+            Unread = Utf16ToUtf8(DescribeFileError(*failure));
+            failure->Delete();
+        }
+    }
+    if (Found && Options.ColumnsOnly) {
+        ChooseColumns();
+    } else if (Found) {
+        FollowDirectly();
+    }
+    ApplyWishes();
+}
+
+bool AutomaticReading::IsChosen(const std::string& key) const {
+    return std::any_of(Chosen.begin(), Chosen.end(),
+                       [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
+}
+
+void AutomaticReading::FollowDirectly() {
+    const auto filter = Module.MakeFilter(Source);
+    std::optional<SettingList> table = TableSettingsOf(*filter, *Found);
+    std::optional<SettingList> times;
+    if (AreTimesChosen) {
+        times.emplace();
+    } else if (table) {
+        times = TimeSettingsOf(*filter, *Found, Source);
+    }
+    if (table && times) {
+        table->insert(table->end(), times->begin(), times->end());
+        ChooseColumns();
+        Follow(*std::move(table));
+    } else if (Found->Times && !AreTimesChosen) {
+        MakeCopy();
+    }
+    if (Followed.empty()) Found.reset();
+}
+
+void AutomaticReading::MakeCopy() {
+    CopyOptions options;
+    options.Cancel = Options.Cancel;
+    options.OnProgress = Options.OnProgress;
+    CopyResult result;
+    try {
+        CopyFile = std::make_unique<ScratchFile>();
+        result = WriteCleanCopy(Source, *Found, *CopyFile, options);
+    } catch (CFileException* failure) {
+        result.Failure = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+    }
+    Interrupted = result.Interrupted;
+    Failure = result.Failure;
+    if (!Failure.empty() || Interrupted) {
+        CopyFile.reset();
+        return;
+    }
+    ReadPath = CopyFile->Path();
+    for (std::size_t i = 0; i < std::min(result.Types.size(), Found->Columns.size()); ++i)
+        Found->Columns[i].Type = result.Types[i];
+    for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
+    ChooseColumns();
+    const std::size_t timeColumn = Found->Columns.size();
+    Columns.push_back({static_cast<int>(timeColumn), {}, {}, 0, false});
+    SettingList settings = {{"AutoFormat", "0"},    {"Separator", std::to_string(SeparatorTab)},
+                            {"OtherSeparator", ""}, {"MergeSeparators", "0"},
+                            {"FirstLine", "1"},     {"ImportHeader", "1"}};
+    const SettingList times = CopyTimeSettings(*Module.MakeFilter(ReadPath), result.Times, timeColumn);
+    settings.insert(settings.end(), times.begin(), times.end());
+    Copied = std::move(result);
+    Follow(std::move(settings));
+}
+
+void AutomaticReading::Follow(SettingList settings) {
+    std::erase_if(settings, [this](const auto& setting) { return IsChosen(setting.first); });
+    for (const auto& [key, value] : settings) Layer.Set(key, value);
+    Followed = std::move(settings);
+}
+
+void AutomaticReading::ChooseColumns() {
+    Columns.clear();
+    for (std::size_t i = 0; i < Found->Columns.size(); ++i) {
+        const PlannedColumn& column = Found->Columns[i];
+        const bool isTime = column.IsTime && !AreTimesChosen;
+        Columns.push_back({static_cast<int>(i), column.Name, column.Unit, ModuleTypeOf(column), !isTime});
+    }
+}
+
+void AutomaticReading::ApplyWishes() {
+    for (const ColumnWish& wish : Options.Wishes) {
+        int number = 0;
+        const bool isNumber = ParseWhole(Utf16ToUtf8(wish.Column), number) && number > 0;
+        auto column = std::find_if(Columns.begin(), Columns.end(), [&](const ColumnChoice& choice) {
+            return isNumber ? choice.Column == number - 1 : choice.Name == wish.Column;
+        });
+        if (column == Columns.end()) {
+            if (!isNumber) {
+                Unknown.push_back(wish.Column);
+                continue;
+            }
+            column = Columns.insert(Columns.end(), ColumnChoice{number - 1, {}, {}, 0, true});
+        }
+        if (wish.Name) column->Name = *wish.Name;
+        if (wish.Unit) column->Unit = *wish.Unit;
+        if (wish.Type != 0) column->Type = wish.Type;
+        if (wish.Skip) column->Import = false;
+    }
+}
+
+void AutomaticReading::Guide(CImportFilter& filter) {
+    Lost = {};
+    IGuidedReading* const guided = filter.Find<IGuidedReading>();
+    if (guided == nullptr) return;
+    guided->ChooseColumns(Columns);
+    if (Found) guided->FollowGuide(this);
+}
+
+std::uint64_t AutomaticReading::SourceLine(std::uint64_t line) const {
+    return Copied ? Copied->Lines.SourceLine(line) : line;
+}
+
+bool AutomaticReading::IsMissing(int column, const char16_t* cell) {
+    if (plan::IsMissing(cell)) return true;
+    const auto index = static_cast<std::size_t>(column);
+    if (Lost.Refused.size() <= index) Lost.Refused.resize(index + 1);
+    Lost.Refused[index].Add(cell, Found->Mark);
+    return false;
+}
+
+bool AutomaticReading::IsNoRow(const DroppedRow& row) {
+    if (row.Reason == DropReason::Falls && Found->EndsInTotal && !Lost.HasTotal) {
+        Lost.HasTotal = true;
+        return true;
+    }
+    if (row.Reason == DropReason::Falls) Lost.AreRowsOutOfOrder = true;
+    if (row.Reason != DropReason::DoesNotFit) return false;
+    const std::vector<std::u16string_view> cells(row.Cells.begin(), row.Cells.end());
+    if (std::none_of(cells.begin(), cells.end(), IsValue)) return true;
+    if (!Found->Times || AreTimesChosen) return false;
+    TimeWalk walk(Found->Times->Recipe);
+    Lost.AreTimesUnread |= walk.Next(cells, Found->Width).has_value();
+    return false;
+}
+
+bool AutomaticReading::AreLossesAvoidable() const {
+    if (Lost.AreRowsOutOfOrder || Lost.AreTimesUnread) return true;
+    for (std::size_t i = 0; i < std::min(Lost.Refused.size(), Found->Columns.size()); ++i) {
+        const CellCounts& refused = Lost.Refused[i];
+        const ColumnType type = Found->Columns[i].Type;
+        const bool isWider = (type == ColumnType::Integer && refused.Decimal > 0) ||
+                             (type == ColumnType::Boolean && refused.Whole + refused.Decimal > 0) ||
+                             (type == ColumnType::Character && refused.Text > 0) ||
+                             type == ColumnType::Hexadecimal;
+        if (isWider && !(type == ColumnType::Hexadecimal && refused.Text + refused.Whole == 0)) return true;
+    }
+    return false;
+}
+
+bool AutomaticReading::TakesCopy() {
+    if (!Found || Copied || AreTimesChosen || Options.ColumnsOnly || !Found->Times || !AreLossesAvoidable())
+        return false;
+    MakeCopy();
+    if (Copied) ApplyWishes();
+    return Copied.has_value();
+}
+}  // namespace kelvarin::plan

@@ -1,0 +1,121 @@
+// A file read by a plan that is found for it, where nobody has said how it is to be read.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "contract/GuidedReading.h"
+#include "host/ModuleLoader.h"
+#include "host/SettingText.h"
+#include "host/plan/CleanCopy.h"
+#include "host/plan/ReadingPlan.h"
+#include "platform/framework/ScratchFile.h"
+
+namespace kelvarin::plan {
+// A choice for one column, by hand.
+struct ColumnWish {
+    std::u16string Column;  // number from 1, or name
+    std::optional<std::u16string> Name, Unit;
+    int Type = 0;  // of the module, 1 boolean to 8 text; 0 as it is found
+    bool Skip = false;
+};
+
+struct AutomaticOptions {
+    bool IsOff = false;        // nothing is found, only the wishes are followed
+    bool ColumnsOnly = false;  // the settings in force stay; names, units and types are found
+    std::vector<ColumnWish> Wishes;
+    const std::atomic<bool>* Cancel = nullptr;      // ends the making of a copy
+    std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage of a copy; may be empty
+};
+
+// Finds the plan of a file, and makes it the settings of every filter made while the object lives, as a
+// SettingsLayer does. Settings that the user has chosen stay. Nothing is found for a file with a sidecar or
+// under a profile that says how times are read. One thread.
+class AutomaticReading : private IReadingGuide {
+  public:
+    // `chosen` are the settings in force that were chosen for this run, over those of the profile.
+    AutomaticReading(const ModuleLoader& module, const std::u16string& path,
+                     const std::vector<ParsedSetting>& chosen, AutomaticOptions options);
+
+    // The plan that is followed; null for none.
+    const ReadingPlan* Plan() const { return Found ? &*Found : nullptr; }
+
+    // The settings that follow it, of the copy if there is one.
+    const SettingList& Settings() const { return Followed; }
+
+    // Of the copy that is read in place of the file; null for none.
+    const CopyResult* Copy() const { return Copied ? &*Copied : nullptr; }
+
+    // Why the file could not be looked at, so that it is read otherwise than it is at other times; empty if
+    // it could.
+    const std::string& WhyUnread() const { return Unread; }
+
+    // Why there is no copy although one is needed; empty if none is.
+    const std::string& CopyFailure() const { return Failure; }
+
+    // AutomaticOptions::Cancel ended the making of a copy.
+    bool IsInterrupted() const { return Interrupted; }
+
+    // Columns that were wished for and that the file doesn't have.
+    const std::vector<std::u16string>& UnknownColumns() const { return Unknown; }
+
+    // The user has named the table and not the times, so that no plan was looked for.
+    bool IsTableChosen() const { return HasTableAlone; }
+
+    // The file that filters are to read: the user's, or a copy in place of it.
+    const std::u16string& Path() const { return ReadPath; }
+
+    // Gives a filter of Path what is known of the columns and lines. It must not outlive this object.
+    void Guide(CImportFilter& filter);
+
+    // The line of the user's file, from 1, for a line of the file that is read.
+    std::uint64_t SourceLine(std::uint64_t line) const override;
+
+    // After a run that a filter of Path did: follows the plan by a copy from now on if that run has lost what
+    // a copy keeps, so that the run is to be done again. Else false.
+    bool TakesCopy();
+
+  private:
+    // What the last run has lost.
+    struct Losses {
+        bool AreRowsOutOfOrder = false;
+        bool HasTotal = false;            // a row that sums up the others was left out
+        bool AreTimesUnread = false;      // that the plan reads
+        std::vector<CellCounts> Refused;  // by column
+    };
+
+    bool IsMissing(int column, const char16_t* cell) override;
+    bool IsNoRow(const DroppedRow& row) override;
+    bool AreLossesAvoidable() const;
+    void FollowDirectly();
+    void MakeCopy();
+    void Follow(SettingList settings);
+    void ChooseColumns();
+    void ApplyWishes();
+    bool IsChosen(const std::string& key) const;
+
+    const ModuleLoader& Module;
+    const std::u16string Source;
+    const std::vector<ParsedSetting> Chosen;
+    const AutomaticOptions Options;
+    std::u16string ReadPath;
+    SettingsLayer Layer;
+    bool AreTimesChosen = false;
+    bool HasTableAlone = false;
+    std::optional<ReadingPlan> Found;
+    SettingList Followed;
+    std::vector<ColumnChoice> Columns;
+    std::vector<std::u16string> Unknown;
+    Losses Lost;
+    std::unique_ptr<ScratchFile> CopyFile;
+    std::optional<CopyResult> Copied;
+    std::string Unread;
+    std::string Failure;
+    bool Interrupted = false;
+};
+}  // namespace kelvarin::plan

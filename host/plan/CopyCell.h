@@ -1,0 +1,58 @@
+// One cell of a file becomes one of its copy.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/plan/ReadingPlan.h"
+
+namespace kelvarin::plan {
+// Appends a text as a cell that every reader takes as it is: in quotes if it holds a blank, a tab or a quote,
+// with a blank for each character that would end the line.
+void AppendTextCell(std::u16string_view text, std::string& out);
+
+// The cells of one column, counted as they are in the file.
+//
+// In a column of numbers or truth values a number gets a decimal point, no separators of thousands and no
+// unit, and a marker of a missing value becomes an empty cell; in one of truth values their words become
+// "true" or "false". A cell that is no value of its column stays as it is, as all texts do.
+class CellCopier {
+  public:
+    // `mark` is the decimal mark of the file. The column outlives this object.
+    CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark);
+
+    void Append(std::u16string_view cell, std::string& out);
+
+    const CellCounts& Counts() const { return All; }
+
+    // What the cells so far are.
+    ColumnType Type() const;
+
+    // True if the column turned out to be of another type than it was copied as, and its cells would be
+    // others then.
+    bool IsWrongType() const;
+
+    // Cells that are not as in the file: values written in another way, and markers.
+    std::uint64_t ChangedValues() const;
+    std::uint64_t ChangedMarkers() const;
+
+  private:
+    enum class Kind { Texts, Truths, Numbers };
+
+    static Kind KindOf(ColumnType type);
+    bool Rewrite(std::u16string_view cell);
+    bool RewriteNumber(std::u16string_view cell, const NumberLook& look);
+    bool RewriteAmount(std::u16string_view cell);
+    bool IsRewritten(std::u16string_view cell) const;
+
+    const PlannedColumn& Column;
+    const Kind Own;
+    const char16_t Mark;
+    CellCounts All;
+    std::string Rewritten;  // of the cell at hand
+    // Cells that are rewritten, in a column of texts: that would be if it were none.
+    std::uint64_t Numbers = 0, Truths = 0, Markers = 0;
+    bool HasUnclearTruth = false;  // "open": which of both is true can't be told
+};
+}  // namespace kelvarin::plan

@@ -1,0 +1,40 @@
+#include "host/plan/PlanGuess.h"
+
+#include "host/language/Phrase.h"
+#include "host/plan/CopyInWords.h"
+#include "host/plan/Sureness.h"
+#include "host/sidecar/Sidecars.h"
+#include "platform/framework/Text.h"
+
+namespace kelvarin::plan {
+guess::TimeGuess GuessOf(const AutomaticReading& reading) {
+    guess::TimeGuess guess;
+    const ReadingPlan& plan = *reading.Plan();
+    guess.Settings = reading.Copy() == nullptr ? reading.Settings() : SettingList{};
+    guess.Rows = plan.RowsLookedAt;
+    guess.Assumed = Assumptions(plan);
+    guess.Sureness = SurenessOf(guess.Assumed);
+    for (const Assumption& one : guess.Assumed) {
+        if (one.Kind == "times") guess.Basis = one.Text;
+        guess.Objections.insert(guess.Objections.end(), one.Objections.begin(), one.Objections.end());
+    }
+    if (reading.Copy() != nullptr) guess.Assumed.push_back({"copy", CopyInWords(*reading.Copy())});
+    if (!plan.Times) return guess;
+    guess.Read = plan.Times->Trial.Read;
+    guess.Rising = plan.Times->Trial.Rising + (guess.Read == 0 ? 0 : 1);
+    guess.IsFixedInterval = plan.Times->Recipe.Kind == TimeKind::Interval;
+    return guess;
+}
+
+std::string WhyNotSaved() {
+    return Phrase("no sidecar can say how this file is read; a clean copy of it needs none");
+}
+
+void SaveGuess(const ModuleLoader& module, const std::u16string& path, const AutomaticReading& reading,
+               guess::TimeGuess& guess) {
+    const bool hadSidecar = sidecar::HasSidecar(path);
+    guess.SaveFailure = reading.Copy() != nullptr ? WhyNotSaved() : sidecar::SaveSidecar(module, path);
+    guess.Saved = guess.SaveFailure.empty() ? Utf16ToUtf8(path + u".info") : std::string();
+    guess.IsSaveLost = guess.Saved.empty() && !hadSidecar;
+}
+}  // namespace kelvarin::plan

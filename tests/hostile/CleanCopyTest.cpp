@@ -1,0 +1,93 @@
+// Copies on a disk that fails: the copy is whole or not there, and nothing else is left.
+#include "host/plan/CleanCopy.h"
+
+#include <gtest/gtest.h>
+
+#include "kit/FileFaults.h"
+#include "kit/Workdir.h"
+
+namespace {
+
+using namespace kelvarin::plan;
+
+// Times in column 1, in no order.
+ReadingPlan PlanOfRows() {
+    ReadingPlan plan;
+    plan.How.Separator = u';';
+    plan.Width = 2;
+    plan.NamesLine = 1;
+    plan.FirstLine = 2;
+    plan.Columns = {{u"t", u"", ColumnType::Float, true}, {u"v", u"", ColumnType::Integer, false}};
+    plan.Times.emplace();
+    plan.Times->Recipe.Kind = TimeKind::Number;
+    plan.Times->Recipe.Columns = {0};
+    return plan;
+}
+
+CopyOptions OnDisk() {
+    CopyOptions options;
+    options.MostSortedBytes = 1;
+    return options;
+}
+
+constexpr const char* Source = "t;v\n3;3\n1;1\n2;2\n";
+constexpr const char* Copy = "\xEF\xBB\xBFt\tv\tTime\n\t1\t1.000000000\n\t2\t2.000000000\n\t3\t3.000000000\n";
+
+TEST(HostileCleanCopy, IsWholeOrNotThereWhateverCallFails) {
+    const Workdir folder;
+    const std::u16string source = folder.Write("source.csv", Source);
+    const auto copy = [&](FileFaults& faults) {
+        folder.Write("copy.csv", "old");
+        faults.Armed = true;
+        CopyResult result = WriteCleanCopy(source, PlanOfRows(), folder.Path("copy.csv"), OnDisk());
+        faults.Armed = false;
+        EXPECT_EQ(faults.Descriptors.size(), 0u) << "a file is open";
+        return result;
+    };
+    std::array<int, FileCallCount> calls{};
+    {
+        FileFaults clean;
+        ASSERT_EQ(copy(clean).Failure, "");
+        calls = clean.Calls;
+    }
+    ASSERT_EQ(folder.Read("copy.csv"), Copy);
+    int failures = 0;
+    for (int kind = 0; kind < FileCallCount; ++kind) {
+        for (int number = 1; number <= calls[static_cast<std::size_t>(kind)]; ++number) {
+            SCOPED_TRACE("call of kind " + std::to_string(kind) + ", number " + std::to_string(number));
+            FileFaults faults;
+            faults.Failing = kind;
+            faults.FailsAt = number;
+            faults.Error = EIO;
+            const CopyResult result = copy(faults);
+            failures += !result.Failure.empty();
+            // A write in place, where the folder takes no new file, may have begun.
+            EXPECT_EQ(folder.Read("copy.csv"), result.Failure.empty() ? Copy : "old");
+            EXPECT_EQ(folder.Read("source.csv"), Source);
+            if (kind != CallRemove) {
+                EXPECT_EQ(folder.Names(), "copy.csv source.csv");
+            }
+            if (HasFailure()) return;
+        }
+    }
+    EXPECT_GE(failures, 10);
+}
+
+TEST(HostileCleanCopy, SaysThatTheDiskIsFull) {
+    const Workdir folder;
+    const std::u16string source = folder.Write("source.csv", Source);
+    for (const bool isSorting : {false, true}) {
+        SCOPED_TRACE(isSorting ? "of the temporary files" : "of the copy");
+        FileFaults faults;
+        faults.Failing = CallWrite;
+        faults.FailsAt = isSorting ? 1 : 4;  // after three rows
+        faults.Error = ENOSPC;
+        faults.Armed = true;
+        const CopyResult result = WriteCleanCopy(source, PlanOfRows(), folder.Path("copy.csv"), OnDisk());
+        faults.Armed = false;
+        EXPECT_NE(result.Failure.find("No space left"), std::string::npos) << result.Failure;
+        EXPECT_EQ(folder.Names(), "source.csv");
+    }
+}
+
+}  // namespace
