@@ -16,7 +16,8 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
             ++look.Numbers;
             if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
-        const std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
+        std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
+        if (!time) time = ParseTime(text, {DateOrder::DayFirst, true});
         if (!time) continue;
         look.Dates += time->HasDate && !time->HasClock;
         look.Clocks += !time->HasDate;
@@ -30,6 +31,13 @@ bool IsClockOfDay(const std::vector<std::u16string>& texts) {
     return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
         const std::optional<ParsedTime> time = ParseTime(text, {});
         return !time || (!time->IsSpan && time->Clock <= DayLength);
+    });
+}
+
+// "12:30".
+bool AreShort(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        return text.size() <= 5 && std::count(text.begin(), text.end(), u':') == 1;
     });
 }
 
@@ -163,17 +171,30 @@ void TimeCandidates::AddJointDigits(std::size_t column) {
 }
 
 void TimeCandidates::AddClocks(std::size_t column) {
-    TimeRecipe recipe;
-    recipe.Columns = {column};
-    recipe.RollsOver = IsClockOfDay(Texts[column]);
+    const TimeRecipe recipe = ClockOf(column);
     FoundTimes* const found = Consider(recipe, IsNamedTime(LabelOf(column)) ? 0.86 : 0.8);
-    if (found == nullptr || found->Trial.Falling == 0) return;
+    if (found == nullptr) return;
+    found->IsClockShort = !recipe.Style.BeginsWithMinutes && AreShort(Texts[column]);
+    if (found->Trial.Falling == 0) return;
     // Milliseconds that are counted, not written as a fraction: "15:42:7" is followed by "15:42:12". They
     // tell themselves by their order: read as fractions they fall.
-    recipe.Style.FractionIsCounted = true;
-    const TimeTrial counted = Try(recipe, Rows);
+    TimeRecipe counting = recipe;
+    counting.Style.FractionIsCounted = true;
+    const TimeTrial counted = Try(counting, Rows);
     if (counted.Falling >= found->Trial.Falling) return;
-    found->Recipe = recipe;
+    found->Recipe = counting;
     found->Trial = counted;
+}
+
+// Minutes come first if the name spells it, or if more rows can be read so: "12:30:75" ends in hundredths.
+TimeRecipe TimeCandidates::ClockOf(std::size_t column) const {
+    TimeRecipe recipe;
+    recipe.Columns = {column};
+    TimeRecipe minutes = recipe;
+    minutes.Style.BeginsWithMinutes = true;
+    if (SpellsMinutesFirst(LabelOf(column)) || Try(minutes, Rows).Read > Try(recipe, Rows).Read)
+        return minutes;
+    recipe.RollsOver = IsClockOfDay(Texts[column]);
+    return recipe;
 }
 }  // namespace kelvarin::plan

@@ -61,6 +61,7 @@ class TimeCandidates {
     void AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style);
     void AddJointDigits(std::size_t column);
     void AddClocks(std::size_t column);
+    TimeRecipe ClockOf(std::size_t column) const;
 
     // PartCandidates.cpp.
     std::vector<PartColumn> PartsByName() const;
