@@ -13,7 +13,9 @@
 #include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
+#include "platform/framework/FormatText.h"
 #include "platform/framework/Text.h"
+#include "resources/ResourceIds.h"
 
 namespace kelvarin::plan {
 namespace {
@@ -128,6 +130,7 @@ void AutomaticReading::MakeCopy() {
         Found->Columns[i].Type = result.Types[i];
     for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
     ChooseColumns();
+    NameColumns();
     const std::size_t timeColumn = Found->Columns.size();
     Columns.push_back({static_cast<int>(timeColumn), {}, {}, 0, false});
     SettingList settings = {{"AutoFormat", "0"},    {"Separator", std::to_string(SeparatorTab)},
@@ -151,6 +154,14 @@ void AutomaticReading::ChooseColumns() {
         const PlannedColumn& column = Found->Columns[i];
         const bool isTime = column.IsTime && !AreTimesChosen;
         Columns.push_back({static_cast<int>(i), column.Name, column.Unit, ModuleTypeOf(column), !isTime});
+    }
+}
+
+// As the module names a column that has no name in the file: by its number.
+void AutomaticReading::NameColumns() {
+    const std::vector<std::u16string> names = Module.ResourceItems(IdColumnName);
+    for (ColumnChoice& choice : Columns) {
+        if (choice.Name.empty() && !names.empty()) choice.Name = FormatText(names.front(), choice.Column + 1);
     }
 }
 

@@ -100,6 +100,7 @@ class AutomaticReading : private IReadingGuide {
     void MakeCopy();
     void Follow(SettingList settings);
     void ChooseColumns();
+    void NameColumns();
     void ApplyWishes();
     bool IsChosen(const std::string& key) const;
 
