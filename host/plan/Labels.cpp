@@ -137,7 +137,7 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         return &lines.front();
     if (lines.size() != 1 || lines.front().Filled == 0) return nullptr;
     const RowShape& only = table.Shapes[lines.front().Index];
-    return 2 * only.Numbers > only.Filled ? nullptr : &lines.front();
+    return 2 * only.Numbers > only.Filled || IsSaidOfATime(only) ? nullptr : &lines.front();
 }
 }  // namespace
 
