@@ -86,6 +86,10 @@ constexpr Translation Texts[] = {
     {"headers left out: {}", "weggelassene Kopfzeilen: {}"},
     {"lines without a time left out: {}", "weggelassene Zeilen ohne Zeit: {}"},
     {"values rewritten: {}", "umgeschriebene Werte: {}"},
+    {"a last row that sums up the others left out: {}",
+     "weggelassene letzte Zeile mit der Summe der anderen: {}"},
+    {"{} (line {})", "{} (Zeile {})"},
+    {"{} (lines {})", "{} (Zeilen {})"},
 };
 }  // namespace
 

@@ -10,9 +10,12 @@
 #include "host/Reading.h"
 #include "host/language/Phrase.h"
 #include "host/plan/PlanSettings.h"
+#include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
+#include "platform/framework/FormatText.h"
 #include "platform/framework/Text.h"
+#include "resources/ResourceIds.h"
 
 namespace kelvarin::plan {
 namespace {
@@ -76,6 +79,7 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     } else if (Found) {
         FollowDirectly();
     }
+    if (!Options.IsOff && !Found) Columns = sidecar::ReadColumns(path);
     ApplyWishes();
 }
 
@@ -126,6 +130,7 @@ void AutomaticReading::MakeCopy() {
         Found->Columns[i].Type = result.Types[i];
     for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
     ChooseColumns();
+    NameColumns();
     const std::size_t timeColumn = Found->Columns.size();
     Columns.push_back({static_cast<int>(timeColumn), {}, {}, 0, false});
     SettingList settings = {{"AutoFormat", "0"},    {"Separator", std::to_string(SeparatorTab)},
@@ -150,6 +155,35 @@ void AutomaticReading::ChooseColumns() {
         const bool isTime = column.IsTime && !AreTimesChosen;
         Columns.push_back({static_cast<int>(i), column.Name, column.Unit, ModuleTypeOf(column), !isTime});
     }
+}
+
+// As the module names a column that has no name in the file: by its number.
+void AutomaticReading::NameColumns() {
+    const std::vector<std::u16string> names = Module.ResourceItems(IdColumnName);
+    for (ColumnChoice& choice : Columns) {
+        if (choice.Name.empty() && !names.empty()) choice.Name = FormatText(names.front(), choice.Column + 1);
+    }
+}
+
+std::vector<ColumnChoice> AutomaticReading::ColumnsToPin() const {
+    std::vector<ColumnChoice> pinned;
+    if (Copied || !Found) return pinned;
+    const auto filter = Module.MakeFilter(ReadPath);
+    filter->AnalyzeFile();
+    const std::vector<ColumnSummary> columns = SummarizeColumns(*filter);
+    for (ColumnChoice choice : Columns) {
+        const auto column = std::find_if(columns.begin(), columns.end(), [&](const ColumnSummary& one) {
+            return one.Index == choice.Column;
+        });
+        if (column != columns.end()) {
+            if (column->IsTimestamp) continue;
+            if (choice.Name == column->Name) choice.Name.clear();
+            if (choice.Type == column->Type) choice.Type = CsvTypeUndefined;
+        }
+        if (!choice.Name.empty() || !choice.Unit.empty() || choice.Type != CsvTypeUndefined || !choice.Import)
+            pinned.push_back(std::move(choice));
+    }
+    return pinned;
 }
 
 void AutomaticReading::ApplyWishes() {

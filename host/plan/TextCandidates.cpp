@@ -50,6 +50,13 @@ std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, s
     return texts;
 }
 
+// "235207", as a clock without colons is written.
+bool AreSixDigits(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        return text.size() == 6 && std::all_of(text.begin(), text.end(), IsDigit);
+    });
+}
+
 bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
     const auto count = std::count_if(texts.begin(), texts.end(), [&](const std::u16string& text) {
         const std::optional<ParsedTime> time = ParseTime(text, style);
@@ -102,7 +109,7 @@ void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, s
     const bool isNamed = IsNamedClock(LabelOf(other));
     const bool isNumber = look.Is(look.Numbers);
     // "13.00.00" and "130000" are clocks only after a date.
-    const bool mayBeClock = isNamed || (!isNumber && distance == 1);
+    const bool mayBeClock = isNamed || (distance == 1 && (!isNumber || AreSixDigits(Texts[other])));
     if (look.Is(look.Clocks) ||
         (mayBeClock && MostAreDatesWithClocks(JointTexts(Rows, column, other), date.Recipe.Style))) {
         AddMilliseconds(column, other, {date.Recipe.Style, date.Order});
