@@ -8,7 +8,8 @@
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::size_t UnitsPerHeadLine = 1024;  // on average, at most
+constexpr std::size_t UnitsPerHeadLine = 200;  // on average, at most: of wide tables fewer lines do
+constexpr std::size_t UnitsPerPlace = 4096;    // at most, but for the last line
 constexpr std::size_t MostTailLines = 2000;
 constexpr std::uint64_t Places = 40;
 constexpr std::size_t LinesPerPlace = 24;
@@ -28,14 +29,17 @@ bool HasWideUnits(CFile& file) {
     return (mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF);
 }
 
-// The lines that begin from one byte on to another, at most so many.
-void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, FileSample& sample) {
+// The lines that begin after a byte, at most so many, and none after so many characters.
+void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, std::size_t mostUnits,
+              FileSample& sample) {
     CStdioFileEx file;
     OpenOrRaise(file, path);
     file.Seek(from);
     std::u16string line;
     if (!file.ReadString(line)) return;  // the place is within it
-    for (std::size_t i = 0; i < most && file.ReadString(line); ++i) {
+    std::size_t units = 0;
+    for (std::size_t i = 0; i < most && units < mostUnits && file.ReadString(line); ++i) {
+        units += line.size();
         if (line.size() > LongestLine) line.resize(LongestLine);
         sample.Lines.push_back({0, line, i == 0});
     }
@@ -71,8 +75,8 @@ FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
     const std::uint64_t tail = std::min(TailBytes, length - counted);
     const std::uint64_t rest = length - counted - tail;
     for (std::uint64_t place = 1; rest > TailBytes && place <= Places; ++place)
-        AddLines(path, counted + rest / (Places + 1) * place, LinesPerPlace, sample);
-    AddLines(path, length - tail, MostTailLines, sample);
+        AddLines(path, counted + rest / (Places + 1) * place, LinesPerPlace, UnitsPerPlace, sample);
+    AddLines(path, length - tail, MostTailLines, TailBytes, sample);
     return sample;
 }
 }  // namespace kelvarin::plan

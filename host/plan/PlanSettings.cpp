@@ -44,13 +44,16 @@ TableStart StartOf(const ReadingPlan& plan) {
 // A cell that the module would refuse or read as another number.
 bool IsReadOtherwise(const PlannedColumn& column, const CutCell& cell, const ReadingPlan& plan) {
     const bool isNumber = column.Type == ColumnType::Integer || column.Type == ColumnType::Float;
-    if (column.IsTime || !isNumber || cell.Text.empty() || IsMissing(cell.Text)) return false;
+    const bool isTruth = column.Type == ColumnType::Boolean;
+    if (column.IsTime || (!isNumber && !isTruth) || cell.Text.empty() || IsMissing(cell.Text)) return false;
+    const bool fits = (cell.Fits >> (ModuleTypeOf(column) - 1) & 1) != 0;
+    if (isTruth) return !fits;
     const std::u16string_view text = TrimWhiteSpace(cell.Text);
     const std::optional<NumberLook> look = LookAtNumber(text);
     if (!look && !AmountIn(text)) return false;
     const bool isThousands =
         look && (look->Thousands != u'\0' || (look->Mark != u'\0' && look->Mark != plan.Mark));
-    return isThousands || (cell.Fits >> (ModuleTypeOf(column) - 1) & 1) == 0;
+    return isThousands || !fits;
 }
 
 // A number that stands for a missing value, which the module would take for one.

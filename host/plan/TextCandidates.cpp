@@ -12,8 +12,10 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
     ColumnLook look;
     for (const std::u16string& text : texts) {
         ++look.Filled;
-        if (LookAtNumber(text)) {
+        if (const std::optional<NumberLook> number = LookAtNumber(text)) {
             ++look.Numbers;
+            constexpr std::size_t DigitsOfDate = 8;
+            if (number->HasExponent || (number->Mark != u'\0' && number->Digits < DigitsOfDate)) continue;
             if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
         std::optional<ParsedTime> time = ParseInAnyOrder(text, year);

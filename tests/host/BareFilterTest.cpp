@@ -10,6 +10,7 @@
 #include "host/check/Findings.h"
 #include "host/explain/Explanation.h"
 #include "host/guess/TimeGuess.h"
+#include "host/plan/AutomaticReading.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/Text.h"
 
@@ -72,7 +73,8 @@ TEST_F(BareModule, IsImported) {
         R"("messages":[],"progress":[]})"
         "\n");
     std::ostringstream text;
-    cli::WriteFormatText(text, "good", session.Filter());
+    const plan::AutomaticReading reading(Module, u"good", {}, {});
+    cli::WriteFormatText(text, "good", session.Filter(), reading);
     cli::WriteRunText(text, result, session, {});
     EXPECT_EQ(text.str().substr(0, text.str().find("    ")), "good\n  signals   1 from 2 lines\n");
 }
