@@ -26,7 +26,8 @@ class Column:
         return [self.missing if value is None else self.show(value) for value in self.values]
 
     def truth(self, number):
-        known = {"column": self.column or number, "name": self.name, "type": self.kind, "unit": self.unit, "samples": None}
+        known = {"column": self.column or number, "name": self.name, "type": self.kind, "unit": self.unit,
+                 "samples": None}
         values = [value for value in self.values if value is not None]
         if self.also:
             known["also"] = self.also
@@ -111,11 +112,6 @@ def layout(name, description):
 
 def header(columns, separator, show=plain):
     return separator.join(show(column.name) for column in columns)
-
-
-def units(columns, separator, form="{}", first=""):
-    """A row of units under the names; `first` is the cell under the first name."""
-    return separator.join([first] + [form.format(column.unit) if column.unit else "" for column in columns[1:]])
 
 
 def table(columns, separator, trailing=""):

@@ -1,0 +1,121 @@
+"""The second reading of each layout, by its number."""
+
+from datetime import datetime
+
+from readings import (
+    DAY, DAYS, HOUR, JULIAN, MICROSECOND, MILLISECOND, MINUTE, SECOND, SHEET, Reading, after_midnight, at, by_row,
+    calendar, day_and_clock, day_and_hour, day_of_year, each, exactly, found, gps, hhmm, in_blocks, nine_digits, number,
+    one_after_the_other, shifted, span)
+
+ISO, GERMAN = "%Y-%m-%d %H:%M:%S", "%d.%m.%Y %H:%M:%S"
+UNPADDED = found(r"(\d+):(\d+):(\d+):(\d+)", 1, HOUR, MINUTE, SECOND, MILLISECOND)
+
+
+def moment(text):
+    return exactly(datetime.fromisoformat(text))
+
+
+def joined(row):
+    """The parts of L84, the last of them whole milliseconds."""
+    *parts, thousandths = map(int, row[:7])
+    return exactly(datetime(*parts)) + thousandths * MILLISECOND
+
+
+READINGS = {
+    "L01": Reading(";", r"\d\d\.\d\d\.", at(GERMAN, 1), comma=True, missing=("---",), encoding="cp1252"),
+    "L02": Reading(",", r'"\d{4}-', at(ISO, 1), missing=("NAN",)),
+    "L03": Reading(",", r"\d+,", at("%m/%d/%y %I:%M:%S %p", 2)),
+    "L04": Reading("", r"\d\d/", at("%d/%m/%Y %H:%M:%S", 1, 2)),
+    "L05": Reading(",", r"\d{4}/", at("%Y/%m/%d %H:%M:%S %f", 1, 2, 3), missing=("*****",)),
+    "L06": Reading(",", r"\d{4}-", at("%Y-%m-%dT%H:%M:%SZ", 1)),
+    "L07": Reading("\t", r"\d", by_row(moment("2023-10-28 18:00:00"), 10 * MINUTE)),
+    "L08": Reading("\t", r"\d", number(1, SECOND // 2000)),
+    "L09": Reading("\t", r"\d\d:", after_midnight(at("%H:%M:%S,%f", 1), "2023-05-04"), comma=True),
+    "L10": Reading(",", r"\w{3} \d\d ", at("%a %d %b %Y %H:%M", 1)),
+    "L11": Reading(";", r"\d{4}-", at(ISO, 1)),
+    "L12": Reading(";", r"\d", at("%d-%b-%Y %H:%M", 1, 2)),
+    "L13": Reading(",", r"[-\d]", number(1, MILLISECOND)),
+    "L14": Reading("\t", r"\d", number(1, SECOND)),
+    "L15": Reading(";", r"\d", number(1, SECOND), comma=True, encoding="cp1252"),
+    "L16": Reading(";", r"\d", in_blocks(number(1, SECOND), [moment(f"2023-05-04 1{place}:20:00") for place in range(3)]), comma=True, encoding="cp1252",
+                   others=(one_after_the_other(number(1, SECOND), SECOND // 20), number(1, SECOND))),
+    "L17": Reading(";", r"\d", found(r"(\d+):([\d.]+)", 1, MINUTE, SECOND)),
+    "L18": Reading(",", r"\d", span(1, DAYS), missing=("OVER",)),
+    "L19": Reading("\t", r"\d", span(1)),
+    "L20": Reading("", r" +\d", number(1, MILLISECOND)),
+    "L21": Reading(";", r"\d", at("%d. %m %Y %H:%M", 1, words=(("Februar", "2"), ("März", "3"))), comma=True),
+    "L22": Reading(",", r"\d+\.\d{3}", number(1, SECOND)),
+    "L23": Reading(";", r"\d", at("%d.%m.%y %H:%M:%S", 1, 2)),
+    "L24": Reading("", r" +\d+\.\d+ \d ", number(1, SECOND), others=(lambda rows: [0, *number(1, SECOND)(rows)], number(1, SECOND, moment("2023-05-04 10:00:00")))),
+    "L25": Reading("", r" +\d+\)", number(2, MILLISECOND), others=(number(2, MILLISECOND, moment("2023-05-04 10:00:00")),)),
+    "L26": Reading(",", r"\d", number(1, MICROSECOND)),
+    "L27": Reading(";", r"\d", UNPADDED, others=(shifted(UNPADDED, moment("2023-05-04")), shifted(UNPADDED, moment("2023-04-05")))),
+    "L28": Reading(";", r"\d", number(1, SECOND)),
+    "L29": Reading(",", r"\d", number(1, SECOND)),
+    "L30": Reading("\t", r"\d", span(1)),
+    "L31": Reading(";", r"\d", number(1, DAY, SHEET), comma=True, encoding="cp1252", close=5 * MILLISECOND),
+    "L32": Reading(",", r'"\d', number(1, MILLISECOND)),
+    "L33": Reading(";", r"\d", at("%Y-%m-%dT%H:%M:%S+01:00", 1), comma=True, others=(at("%Y-%m-%dT%H:%M:%S+01:00", 2),)),
+    "L34": Reading(",", r"\d", day_and_hour(2, 3, 0), others=(day_and_hour(2, 3, -1),)),
+    "L35": Reading(";", r"\d", day_and_clock(1, 2), comma=True, encoding="cp1252"),
+    "L36": Reading(",", r"\d", at("%Y/%m/%d %H:%M:%S.%f", 2, 3), missing=("---O-F---",)),
+    "L37": Reading(";", r"\d", at("%d/%m/%Y %H:%M:%S", 1), comma=True),
+    "L38": Reading(";", r"\d", at("%d %m %Y %Hh%M", 1, words=(("novembre", "11"), ("décembre", "12"), ("janvier", "1"), ("février", "2"))), comma=True, encoding="cp1252"),
+    "L39": Reading("|", r"\d", hhmm(1, 2)),
+    "L40": Reading(",", r"\d", number(1, SECOND), missing=("n/a",)),
+    "L41": Reading(",", r"\d", at("%m/%d/%y", 1), group=","),
+    "L42": Reading("\t", r"\d", after_midnight(at("%H:%M", 1), "2023-12-30")),
+    "L43": Reading("\t", r"\d", at("%m/%d/%y %I:%M%p", 1, 2, words=(("a", "AM"), ("p", "PM"))), missing=("---",)),
+    "L44": Reading(",", r"\d", day_of_year(2, 3, 4)),
+    "L45": Reading("", r"\d", calendar(1, 2, 3, 4, 5), missing=("NA",)),
+    "L46": Reading(",", r"\d", number(1, DAY, moment("2021-12-31")), missing=("-9999",), close=50 * MILLISECOND),
+    "L47": Reading("", r"\d", number(1, DAY, JULIAN)),
+    "L48": Reading(",", r"\d", at("%Y%m%dT%H%M%SZ", 1)),
+    "L49": Reading(";", r" +\d", at("%Y%m%d%H", 2)),
+    "L50": Reading("", r" \d{4} ", calendar(1, 2, 3, 4, 5)),
+    "L51": Reading(";", r"\d", at("%d %m %Y %H:%M", 1, words=(("feb", "2"), ("mrt", "3"))), comma=True),
+    "L52": Reading(",", r"[^,]*,[^,]*,,", number(4, SECOND)),
+    "L53": Reading(",", r"\+", number(1, SECOND)),
+    "L54": Reading(",", r"[-\d]", number(1, MILLISECOND), missing=("OVER",)),
+    "L55": Reading(",", r"\d", number(1, SECOND)),
+    "L56": Reading(",", r"\d+,\d\d/", at("%m/%d/%Y %H:%M:%S:%f", 2)),
+    "L57": Reading("\t", r"\d", number(1, SECOND, moment("2023-05-04 10:00:00"))),
+    "L58": Reading(",", r"\d", nine_digits(1)),
+    "L59": Reading("\t", r"\d", number(1, MICROSECOND)),
+    "L60": Reading(",", r"[-+]", number(2, SECOND)),
+    "L61": Reading("\t", r"\d", span(4, DAYS), others=(at("%m/%d/%Y %I:%M:%S %p", 10),)),
+    "L62": Reading(",", r",,\d", at(ISO, 8)),
+    "L63": Reading("\t", r"\d\t", number(3, SECOND), comma=True, encoding="cp1252"),
+    "L64": Reading(",", r"\d", number(2, SECOND), others=(number(3, DAY, SHEET),), close=50 * MICROSECOND),
+    "L65": Reading(",", r'"\d', number(1, MINUTE), unquote=True),
+    "L66": Reading(",", r"\d", number(1, SECOND), missing=("null",)),
+    "L67": Reading(";", r"\d", at("%d %m %Y %H.%M.%S", 1, words=(("gennaio", "1"), ("febbraio", "2"))), comma=True, encoding="cp1252"),
+    "L68": Reading("\t", r"\d", at(GERMAN, 1, 2)),
+    "L69": Reading("\t", r"\d", number(1, MINUTE), group=","),
+    "L70": Reading("\t", r"\d+:", span(1)),
+    "L71": Reading(";", r"\d", number(2, MINUTE), comma=True, encoding="cp1252"),
+    "L72": Reading(";", r"\d", at("%d %m %Y %H.%M.%S", 1, 2, words=(("april", "4"), ("maj", "5"))), comma=True, missing=("#N/A",)),
+    "L73": Reading("|", r"\| \d", number(3, SECOND)),
+    "L74": Reading(":", r"\d", number(1, SECOND)),
+    "L75": Reading(";", r"\d", at(ISO, 1), others=(at(ISO, 2), number(3, HOUR))),
+    "L76": Reading(";", r"P\d", at("%d-%m-%y %H:%M", 3), missing=("-",)),
+    "L77": Reading(";", r"[A-Z]+\d", at(GERMAN, 2), comma=True),
+    "L78": Reading(";", r'"Level', at(GERMAN, 2), comma=True, encoding="cp1252", others=(lambda rows: [*at(GERMAN, 2)(rows), at(GERMAN, 2)(rows)[-1] + 10 * SECOND],)),
+    "L79": Reading(";", r"\d", at("%d/%m/%Y %H:%M:%S", 2, 1), missing=("---",)),
+    "L80": Reading(";", r"\d", number(1, 250 * MICROSECOND)),
+    "L81": Reading("\t", r"\d", at("%d-%m-%Y %H:%M:%S", 1, words=(("dic", "12"), ("ene", "1"))), comma=True, encoding="cp1252"),
+    "L82": Reading(",", r"\d", at("%m%d%y %H%M%S", 1)),
+    "L83": Reading(";", r"\d", at("%d %m %Y, %H:%M", 1, words=(("września", "9"), ("października", "10"))), comma=True, missing=("-",)),
+    "L84": Reading("\t", r"\d", each(joined)),
+    "L85": Reading(",", r"\d", at("%m/%d/%Y %I:%M:%S.%f %p", 1), group=","),
+    "L86": Reading(",", r"\d", number(1, SECOND)),
+    "L87": Reading(",", r"\d", number(1, 1), others=(number(2, SECOND),)),
+    "L88": Reading(",", r"\d", at("%y%m%d %H%M%S", 3, 4)),
+    "L89": Reading(",", r"\d", number(1, MICROSECOND), others=(gps(2, 3, MILLISECOND), shifted(gps(2, 3, MILLISECOND), -18 * SECOND))),
+    "L90": Reading("", r" +\d", gps(1, 2, SECOND), others=(shifted(gps(1, 2, SECOND), -18 * SECOND),)),
+    "L91": Reading(",", r",\d", number(2, MILLISECOND)),
+    "L92": Reading(",", r"\d", at("%Y-%m-%d-%H-%M-%S", 1)),
+    "L93": Reading("\t", r"\[\d", at("[%Y-%m-%d %H:%M:%S.%f]", 1)),
+    "L94": Reading(",", r"\d", one_after_the_other(number(1, SECOND), SECOND), others=(one_after_the_other(number(1, SECOND), 0), number(1, SECOND))),
+    "L95": Reading(",", r"\d", at("%Y-%m-%d %H:%M", 1)),
+}
