@@ -152,3 +152,19 @@ def ecu_repeats(random, rows):
                Column("Size", smooth(random, rows, 16, 4096, 0), "integer", show=lambda value: f'"{value}"')]
     return File([header(columns, ",", quoted()), *table(columns, ",")], columns,
                 [repeated([time - times[0] for time in times], relative=True)], "repeated times")
+
+
+@layout("L100-fleet-tracker-sparse-events.csv",
+        "fleet tracker: rows of several kinds that fill different columns, epoch in seconds with "
+        "decimals, empty otherwise")
+def fleet_tracker(random, rows):
+    times = uneven(random, moment("2023-05-04 10:00:00"), 10 * MS, 900, rows)
+    kinds = held(random, rows, ["pos", "can", "tank"], 4)
+    def only(kind, values):
+        return [value if kinds[row] == kind else None for row, value in enumerate(values)]
+    columns = [Column("ts", times, show=amount(SECOND, 2)), Column("kind", kinds, "text"),
+               Column("lat", only("pos", smooth(random, rows, 51, 52, 5)), "float", None),
+               Column("lon", only("pos", smooth(random, rows, 6, 7, 5)), "float", None),
+               Column("rpm", only("can", smooth(random, rows, 600, 2400, 0)), "integer", None),
+               Column("fuel [%]", only("tank", smooth(random, rows, 5, 100, 1)), "float", "%")]
+    return File([header(columns, ";"), *table(columns, ";")], columns, [Axis(times), elapsed(times)], "sparse columns")

@@ -133,6 +133,21 @@ def titrator(random, rows):
                Column("Method", held(random, rows, ["acid", "base", "water"], 4), "text"),
                Column("Determined on", times, show=stamp("{D:02}-{M:02}-{y:02} {h:02}:{m:02}")),
                Column("EP1 [mL]", smooth(random, rows, 1, 19, 3), "float", "mL"),
-               Column("Result [mg/L]", with_gaps(random, smooth(random, rows, 2, 900, 1)), "float", "mg/L", missing="-")]
+               Column("Result [mg/L]", with_gaps(random, smooth(random, rows, 2, 900)), "float", "mg/L", missing="-")]
     return File([header(columns, ";"), *table(columns, ";")], columns, [Axis(times, may_miss=len(late))],
                 "rows out of order", end="\r\n")
+
+
+@layout("L98-sensor-calibration-rows.csv",
+        "gas calibrator: rows of coefficients as wide as the table above the header, long dates "
+        "with weekday, clock with PM")
+def calibration_rows(random, rows):
+    times = every(moment("2023-06-28 08:10:00"), 7 * MINUTE, rows)
+    columns = [Column("Day", times, show=stamp('"{weekday}, {D} {month_en} {Y}"')),
+               Column("Clock", times, show=stamp("{t}:{m:02} {AP}")),
+               Column("CO [ppm]", smooth(random, rows, 0, 90, 1), "float", "ppm"),
+               Column("NO2 [ppb]", smooth(random, rows, 0, 200, 1), "float", "ppb"),
+               Column("Flow [ml/min]", smooth(random, rows, 480, 520, 0), "integer", "ml/min")]
+    lines = ["Coefficient,,C0,C1,C2", "Offset,,0.12,-0.7,3", "Slope,,1.002,0.981,1", "Limit,,50,100,600",
+             header(columns, ","), *table(columns, ",")]
+    return File(lines, columns, [Axis(times)], "AM/PM", expressible=False, end="\r\n")

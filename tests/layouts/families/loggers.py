@@ -98,7 +98,7 @@ def gateway_several_sensors(random, rows):
     times = [time for time in every(moment("2023-07-01 00:00:00"), 5 * MINUTE, rounds) for _ in sensors]
     count = len(times)
     columns = [Column("time", times, show=stamp("{Y}-{M:02}-{D:02}T{h:02}:{m:02}:{s:02}Z")),
-               Column("sensor", list(sensors) * rounds, "text"),
+               Column("sensor", list(sensors) * rounds),
                Column("temperature_C", smooth(random, count, 14, 31), "float", "C", also="temperature"),
                Column("humidity_%", smooth(random, count, 30, 80, 0), "integer", "%", also="humidity"),
                Column("battery_mV", smooth(random, count, 2400, 3000, 0), "integer", "mV", also="battery"),
@@ -205,4 +205,4 @@ def crash_recorder(random, rows):
                Column("Belt / kN", smooth(random, rows, 0, 6, 3), "float", "kN", left(8))]
     lines = ["% test 2291", "% trigger at 0.0 ms", "% " + span("{m:02}:{s:02}")(0) + " is t0", header(columns, ", "),
              *table(columns, ", ")]
-    return File(lines, columns, [elapsed(times)], "negative times", expressible=False)
+    return File(lines, columns, [elapsed(times)], "negative times")

@@ -18,8 +18,8 @@ def smart_meter_from_to(random, rows):
                Column("Einspeisung (kWh)", fed, "float", "kWh", fixed(3, ",")),
                Column("Status", ["wahrer Wert" if value else "fehlt" for value in used], "text")]
     return File([header(columns, ";"), *table(columns, ";")], columns,
-                [Axis(times, zone="+01:00"), Axis(ends, zone="+01:00")], "ISO with zone", expressible=False,
-                encoding="utf-8-sig", end="\r\n", note="begin or end of the quarter hour")
+                [Axis(times, zone="+01:00"), Axis(ends, zone="+01:00")], "ISO with zone", encoding="utf-8-sig",
+                end="\r\n", note="begin or end of the quarter hour")
 
 
 @layout("L34-load-profile-hours-1-24.csv", "load profile: date without separators and hours 1 to 24 in a column")
@@ -47,7 +47,7 @@ def utility_2400(random, rows):
                Column("Arbeit [kWh]", growing(random, rows, 118_000, 900), "float", "kWh", fixed(2, ",", "."))]
     lines = ["Zählpunkt;DE000562668020O6G56M11SN51G21M24S", "OBIS;1-1:1.29.0", "", header(columns, ";"),
              *table(columns, ";"), f"Summe;;{fixed(2, ',', '.')(sum(columns[2].values))};"]
-    return File(lines, columns, [Axis(times)], "24:00", expressible=False, encoding="cp1252", end="\r\n",
+    return File(lines, columns, [Axis(times)], "24:00", encoding="cp1252", end="\r\n",
                 note="24:00 of a day is 00:00 of the next; the last line is a sum")
 
 
@@ -153,3 +153,19 @@ def heat_pump_blocks(random, rows):
         lines.append(row)
     return File(lines, columns, [Axis(times), Axis([time - times[0] for time in times], True)], "over midnight",
                 note="the date stands in a comment above each block")
+
+
+@layout("L96-portal-summer-time.csv",
+        "energy portal: local times with +0100 that become +0200 in the night of the change, comma before fractions")
+def portal_summer_time(random, rows):
+    change = moment("2023-03-26 01:00:00")
+    times = every(change - rows // 2 * MINUTE, MINUTE, rows)
+    local = [time + (1 if time < change else 2) * HOUR for time in times]
+    def show(time):
+        zone = 1 if time < change else 2
+        return stamp("{Y}-{M:02}-{D:02} {h:02}:{m:02}:{s:02},{f3}")(time + zone * HOUR) + f"+0{zone}00"
+    columns = [Column("measured_at", times, show=show),
+               Column("power (kW)", smooth(random, rows, 0, 11, 3), "float", "kW"),
+               Column("meter reading (kWh)", growing(random, rows, 5_100, 0.2, 3), "float", "kWh")]
+    return File([header(columns, ";"), *table(columns, ";")], columns, [Axis(times), Axis(local)], "zone changes",
+                expressible=False, note="UTC, or local times with an hour left out")

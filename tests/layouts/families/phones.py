@@ -149,3 +149,18 @@ def air_monitor(random, rows):
                Column("wind", held(random, rows, ["N", "E", "S"]), "character")]
     return File([header(columns, ","), *table(columns, ",")], columns, [Axis(times)], "late types",
                 encoding="utf-8-sig")
+
+
+@layout("L99-receiver-sentences.txt",
+        "satellite receiver: sentences that begin with $, clock in the second cell, DDMMYY in the "
+        "tenth, checksum behind *")
+def receiver_sentences(random, rows):
+    times = every(moment("2023-08-17 23:55:00"), SECOND, rows)
+    columns = [Column("", ["$GPRMC"] * rows), Column("", times, show=stamp("{h:02}{m:02}{s:02}.{f2}")),
+               Column("", ["A"] * rows), Column("", smooth(random, rows, 4738, 4739, 4), "float"),
+               Column("", ["N"] * rows), Column("", smooth(random, rows, 830, 831, 4), "float", show=fixed(4)),
+               Column("", ["E"] * rows), Column("", smooth(random, rows, 0, 30, 2), "float"),
+               Column("", smooth(random, rows, 0, 359, 1), "float"),
+               Column("", times, show=stamp("{D:02}{M:02}{y:02}")), Column("", [None] * rows),
+               Column("", [None] * rows), Column("", [f"A*{random.randrange(128):02X}" for _ in range(rows)])]
+    return File(table(columns, ","), columns, [Axis(times), elapsed(times)], "no header", end="\r\n")

@@ -11,12 +11,13 @@ from kit.times import DAY, HOUR, MINUTE, MS, SECOND, amount, days_since, every, 
 def scada_tags(random, rows):
     tags, rounds = ("TI101.PV", "FI204.PV", "LI310.PV", "PI007.PV"), rows // 4
     times = [time for time in every(moment("2023-05-04 10:00:00"), MINUTE, rounds) for _ in tags]
-    columns = [Column("TagName", list(tags) * rounds, "text"),
+    columns = [Column("TagName", list(tags) * rounds),
                Column("TimeStamp", times, show=stamp("{D:02}.{M:02}.{Y} {h:02}:{m:02}:{s:02}")),
-               Column("Value", smooth(random, len(times), 0, 400, 3), "float", "", fixed(3, ",")),
-               Column("Quality", held(random, len(times), ["Good", "Uncertain"], 40), "text")]
+               Column("Value", smooth(random, len(times), 0, 400, 3), "float", None, fixed(3, ","), judged=False),
+               Column("Quality", held(random, len(times), ["Good", "Uncertain"], 40))]
     return File([header(columns, ";"), *table(columns, ";")], columns, [repeated(times)], "several devices",
-                encoding="utf-8-sig", end="\r\n", note="four tags a minute: all but one may be lost")
+                encoding="utf-8-sig", end="\r\n",
+                note="four tags a minute: all but one may be lost, or each becomes a signal")
 
 
 @layout("L78-panel-log-day-numbers.csv",
@@ -29,15 +30,15 @@ def panel_log(random, rows):
                Column("VarValue", smooth(random, rows, 0, 900, 2), "float", "", fixed(2, ",")),
                Column("Validity", [1] * rows, None),
                Column("Time_ms", times, None, None, amount(DAY // 10**6, 4, ",", days_since(1899, 12, 30)))]
+    off = times[-1] + 10 * SECOND
     lines = [header(columns, ";", quoted()), *table(columns, ";"),
-             '"$RT_OFF$";"' + stamp("{D:02}.{M:02}.{Y} {h:02}:{m:02}:{s:02}")(times[-1] + 10 * SECOND) + '";0;2;45050499537,0370',
-             f'"$RT_COUNT$";{rows};;;']
-    return File(lines, columns, [Axis(times), Axis([*times[:-1], times[-1] + 10 * SECOND])], "footer",
-                encoding="cp1252", end="\r\n")
+             f'"$RT_OFF$";{columns[1].show(off)};0;2;{columns[4].show(off)}', f'"$RT_COUNT$";{rows};;;']
+    return File(lines, columns, [Axis(times), Axis([*times, off])], "footer", encoding="cp1252", end="\r\n",
+                note="the stop mark may count as a row")
 
 
 @layout("L79-historian-time-before-date.csv",
-        "historian: the time column stands before the date column, day before month, <no data> in places")
+        "historian: the time column stands before the date column, day before month, --- in places")
 def historian_reversed(random, rows):
     times = every(moment("2023-05-03 18:00:00"), 5 * MINUTE, rows)
     columns = [Column("Time", times, show=stamp("{h:02}:{m:02}:{s:02}")),
@@ -120,10 +121,22 @@ def drive_spread(random, rows):
 def historian_am_pm(random, rows):
     times = every(moment("2023-04-13 11:58:00") + 500 * MS, 30 * SECOND, rows)
     columns = [Column("Timestamp", times, show=stamp("{M}/{D}/{Y} {t}:{m:02}:{s:02}.{f3} {AP}")),
-               Column("21-TI-1041 degF", smooth(random, rows, 300, 690), "float", "degF", also="21-TI-1041"),
-               Column("21-FI-2200 BPD", smooth(random, rows, 1200, 9900, 0), "integer", "BPD",
+               Column("21-TI-1041 degF", with_gaps(random, smooth(random, rows, 300, 690)), "float", None,
+                      missing="Bad Input", also="21-TI-1041"),
+               Column("21-FI-2200 BPD", smooth(random, rows, 1200, 9900, 0), "integer", None,
                       lambda value: f'"{whole(",")(value)}"', also="21-FI-2200"),
                Column("21-XV-7 open", held(random, rows, [False, True]), None, show=words("Open", "Closed"))]
-    columns[1].unit = columns[2].unit = None
     return File([header(columns, ","), *table(columns, ",")], columns, [Axis(times)], "AM/PM", expressible=False,
                 end="\r\n")
+
+
+@layout("L97-controller-log-no-year.txt",
+        "building controller: month name and day without a year, host and tag as in system logs, year in the preamble")
+def controller_log(random, rows):
+    times = every(moment("2023-04-29 06:00:00"), 4 * MINUTE, rows)
+    columns = [Column("", times, show=stamp("{short_en} {D:2} {h:02}:{m:02}:{s:02}")), Column("", ["ctrl-2"] * rows),
+               Column("", smooth(random, rows, 15, 28, 2), "float"),
+               Column("", smooth(random, rows, 300, 1400, 0), "integer"),
+               Column("", held(random, rows, ["auto", "manual", "night"]), "text")]
+    return File(["# log of 2023", "# date, host, room temperature, CO2, mode", *table(columns, ", ")], columns,
+                [Axis(times), elapsed(times)], "no year", expressible=False, end="\r\n")

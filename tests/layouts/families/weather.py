@@ -113,8 +113,8 @@ def climate_archive(random, rows):
 
 
 @layout("L50-radiation-spread-header-less.txt",
-        "radiation: station lines ahead, leading blanks, year month day hour minute and decimal "
-        "hour, several lines of another shape ahead")
+        "radiation: station lines ahead, leading blanks, year, month, day, hour and minute "
+        "in columns, lines of another shape ahead")
 def radiation_spread(random, rows):
     times = every(moment("2016-03-01 00:00:00"), MINUTE, rows)
     columns = [Column("", times, show=stamp(" {Y}")),

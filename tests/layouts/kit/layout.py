@@ -1,6 +1,17 @@
-"""What a layout is made of: columns, axes, the file, and the truth as the judge of readings takes it."""
+"""What a layout is made of: columns, axes, the file, and what wanted.json says of it.
 
-from dataclasses import dataclass, field
+wanted.json holds an object per file:
+  rows, rows_may_miss  rows that should get a time, and how many of them may be lost with good reason
+  relative             first and last are elapsed nanoseconds, whose base is free, else local date and time
+  first, last, zone    the earliest and the latest time; with a zone it may be applied or not
+  interval_ns          the step, or null if it is uneven
+  or                   other axes that are as good
+  expressible          one format of the import can read the times
+  columns              column (from 1), name ("" is not judged), also (another good name), type (null is not judged),
+                       unit (null is not judged), samples (cells with a value), min, max
+"""
+
+from dataclasses import dataclass
 from datetime import datetime, timezone
 
 from kit.numbers import plain
@@ -12,7 +23,8 @@ LAYOUTS = {}
 @dataclass
 class Column:
     """A column of the table. kind is float, integer, boolean, hex, character or text, or None where any reading will
-    do; unit is None where none is judged; also is another good name; missing is the text of a gap."""
+    do; unit is None where none is judged; also is another good name; missing is the text of a gap; column is the
+    number if the columns before are not listed; judged tells whether the name is."""
     name: str
     values: list
     kind: str | None = None
@@ -21,13 +33,14 @@ class Column:
     missing: str = ""
     also: str = ""
     column: int = 0
+    judged: bool = True
 
     def texts(self):
         return [self.missing if value is None else self.show(value) for value in self.values]
 
     def truth(self, number):
-        known = {"column": self.column or number, "name": self.name, "type": self.kind, "unit": self.unit,
-                 "samples": None}
+        known = {"column": self.column or number, "name": self.name if self.judged else "", "type": self.kind,
+                 "unit": self.unit, "samples": None}
         values = [value for value in self.values if value is not None]
         if self.also:
             known["also"] = self.also
@@ -86,7 +99,6 @@ class File:
     encoding: str = "utf-8"
     end: str = "\n"
     last_end: bool = True
-    more: dict = field(default_factory=dict)
 
     def content(self):
         text = self.end.join(self.lines) + (self.end if self.last_end else "")
