@@ -23,7 +23,6 @@ class Reading:
     group: str = ""
     missing: tuple = ()
     others: tuple = ()
-    encoding: str = "utf-8"
     close: int = 0
     unquote: bool = False
 

@@ -84,10 +84,10 @@ def paperless_recorder(random, rows):
                Column("CH002", smooth(random, rows, 0, 400, 1), "float", "C", also="Kiln zone 2"),
                Column("CH003", with_gaps(random, smooth(random, rows, -50, 50, 2)), "float", "mbar", missing="*****",
                       also="Flue draught")]
-    lines = ["Recorder type,12 channels", "Serial No.,S5K202113", "File Message,firing 0771", "Time Correction,None",
+    lines = ["Recorder type,12 channels", "Serial No.,00417-B", "File Message,firing 0771", "Time Correction,None",
              "Starting Condition,Manual", "", ",,Ch,CH001,CH002,CH003", ",,Tag,Kiln zone 1,Kiln zone 2,Flue draught",
              "Date,Time,ms,C,C,mbar", *table(columns, ",")]
-    return File(lines, columns, [Axis(times)], "spread over columns", end="\r\n",
+    return File(lines, columns, [Axis(times)], "spread over columns", expressible=False, end="\r\n",
                 note="the names are the channels or the tags; milliseconds stand in a column of their own")
 
 

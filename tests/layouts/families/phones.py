@@ -131,7 +131,7 @@ def gas_sensor_runs(random, rows):
     joined = [row // block * block * SECOND + time for row, time in enumerate(spans)]
     close = [row // block * (block - 1) * SECOND + time for row, time in enumerate(spans)]
     return File(lines, columns, [elapsed(joined), Axis(close, True, 3), Axis(spans, True, count - block)],
-                "restart in blocks", expressible=False, note="one run after the other, or the first run alone")
+                "restart in blocks", note="one run after the other, or the first run alone")
 
 
 @layout("L95-air-monitor-late-types.csv",

@@ -55,7 +55,7 @@ def buoy(random, rows):
                Column("WTMP", smooth(random, rows, 6, 14, 1), "float", "degC", fixed(1, width=5))]
     lines = ["#YY  MM DD hh mm WDIR WSPD  WVHT   PRES  WTMP", "#yr  mo dy hr mn degT m/s      m    hPa  degC",
              *table(columns, " ")]
-    return File(lines, columns, [Axis(times)], "spread over columns")
+    return File(lines, columns, [Axis(times)], "spread over columns", expressible=False)
 
 
 @layout("L46-flux-tower-decimal-day.csv",
@@ -123,8 +123,8 @@ def radiation_spread(random, rows):
                Column("", smooth(random, rows, -4, 1100, 1), "float", show=fixed(1, width=7)),
                Column("", held(random, rows, [0, 1, 2], 40), "integer"),
                Column("", smooth(random, rows, 900, 1010, 1), "float", show=fixed(1, width=7))]
-    return File([" Table Mountain", "   40.125  -105.237 1689 m version 1", *table(columns, " ")], columns,
-                [Axis(times)], "spread over columns")
+    return File([" Bare Ridge", "   41.520  -103.411 1377 m version 1", *table(columns, " ")], columns,
+                [Axis(times)], "spread over columns", expressible=False)
 
 
 @layout("L51-garden-station-dutch.csv",

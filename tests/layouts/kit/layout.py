@@ -105,6 +105,15 @@ class File:
         marks = {"utf-16-le": b"\xff\xfe", "utf-16-be": b"\xfe\xff"}
         return marks.get(self.encoding, b"") + text.encode(self.encoding)
 
+    def vary(self, random):
+        """Takes another encoding that holds the text, and other line ends."""
+        self.end, self.last_end = random.choice(("\n", "\r\n", "\r")), random.random() < 0.8
+        self.encoding = random.choice(("utf-8", "utf-8-sig", "cp1252", "utf-16-le", "utf-16-be"))
+        try:
+            self.content()
+        except UnicodeEncodeError:
+            self.encoding = "utf-8"
+
     def truth(self):
         wanted = self.axes[0].truth()
         if len(self.axes) > 1:
