@@ -55,6 +55,22 @@ bool AreSame(const std::vector<TriedStyle>& tried, const std::vector<WrittenTime
     });
 }
 
+// Leaves of orders that read all texts the same the first: a text that begins with no year may read the same
+// in two.
+void DropRepeated(std::vector<TriedStyle>& tried, const std::vector<WrittenTimes>& times) {
+    for (std::size_t i = 1; i < tried.size();) {
+        const bool isRepeated = std::any_of(tried.begin(), tried.begin() + static_cast<std::ptrdiff_t>(i),
+                                            [&](const TriedStyle& one) {
+                                                return AreSame({one, tried[i]}, times);
+                                            });
+        if (isRepeated) {
+            tried.erase(tried.begin() + static_cast<std::ptrdiff_t>(i));
+        } else {
+            ++i;
+        }
+    }
+}
+
 // Numbers of one digit between strokes, or a clock of twelve hours after them.
 bool AreAmerican(const TextList& texts) {
     return std::any_of(texts.begin(), texts.end(), [](const std::u16string& text) {
@@ -126,6 +142,7 @@ std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& na
     if (most == 0) return std::nullopt;
     if (AreSame(tried, times)) return DateStyle{tried[0].Style, OrderProof::Unneeded};
     std::erase_if(tried, [most](const TriedStyle& one) { return one.Read < most; });
+    DropRepeated(tried, times);
     if (const std::optional<DateOrder> named = OrderIn(names); named && tried.size() > 1) {
         for (const TriedStyle& one : tried) {
             if (one.Style.Order == *named) return DateStyle{one.Style, OrderProof::Name};
