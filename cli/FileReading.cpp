@@ -1,6 +1,7 @@
 #include "cli/FileReading.h"
 
 #include "cli/Complaints.h"
+#include "cli/TypeNames.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "host/plan/PlanGuess.h"
@@ -21,23 +22,10 @@ plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
     return automatic;
 }
 
-// The types as --type names them, in the order of the module's numbers; "auto" is none of them.
-struct TypeName {
-    const char* Name;
-    int Type;
-};
-constexpr TypeName TypeNames[] = {
-    {"boolean", CsvTypeBoolean}, {"integer", CsvTypeInteger}, {"hex", CsvTypeHex},
-    {"float", CsvTypeFloat},     {"character", CsvTypeChar},  {"text", CsvTypeString},
-};
-
-int TypeNamed(const std::string& option, const std::string& name) {
-    std::string known;
-    for (const TypeName& type : TypeNames) {
-        if (name == type.Name) return type.Type;
-        known += (known.empty() ? "" : ", ") + std::string(type.Name);
-    }
-    RefuseOption(option, Phrase("'{}' is no data type; allowed are {}", name, known));
+int TypeOrRefuse(const std::string& option, const std::string& word) {
+    const int type = TypeNamed(word);
+    if (type == 0) RefuseOption(option, Phrase("'{}' is no data type; allowed are {}", word, AllTypeNames()));
+    return type;
 }
 
 // The parts of "COLUMN=VALUE"; a name may hold the sign itself, so the last one counts.
@@ -67,11 +55,10 @@ void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
             ->allow_extra_args(false);
     };
     add("--type", "COLUMN=TYPE",
-        Phrase("Data type of a column, by number or name: boolean, integer, hex, float, character, text; "
-               "repeatable"),
+        Phrase("Data type of a column, by number or name: {}; repeatable", AllTypeNames()),
         [](const std::string& option, const std::string& text) {
             const auto [column, value] = ColumnAndValue(option, text);
-            return plan::ColumnWish{column, {}, {}, TypeNamed(option, value), false};
+            return plan::ColumnWish{column, {}, {}, TypeOrRefuse(option, value), false};
         });
     add("--name", "COLUMN=NAME", Phrase("Name of a column's signal; repeatable"),
         [](const std::string& option, const std::string& text) {

@@ -9,6 +9,7 @@
 #include "cli/report/PrepareReport.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
+#include "host/plan/DeviceColumn.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -43,40 +44,97 @@ std::string WhyUnplanned(const std::u16string& path, const std::optional<plan::R
         "rows. Add such a line, as in \"Interval: 0.5 s\", or a column of times");
 }
 
+// Empty, or why a copy may not take this place.
+std::string WhyKept(const std::string& copy, const std::vector<std::string>& sources, bool force) {
+    // The names of devices come from the files themselves.
+    if (!FindOverwriting(sources, {copy}).Output.empty())
+        return copy + ": " + Phrase("this file is read, and would be overwritten");
+    if (force || !IdentityOf(PathFromNative(copy))) return {};
+    return Phrase("{} exists already; --force replaces it", PrintableName(copy));
+}
+
+// A name for the copy of one device: its own before the ending. What not every system takes in a name becomes
+// a low line.
+std::string CopyOfDevice(const std::string& copy, const std::string& device) {
+    std::string name = device;
+    for (char& c : name) {
+        const bool isAscii = static_cast<unsigned char>(c) < 0x80;
+        const bool isAllowed =
+            (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-';
+        if (isAscii && !isAllowed) c = '_';
+    }
+    const std::size_t folder = copy.find_last_of("/\\") + 1;  // npos + 1 is 0
+    const std::size_t end = copy.ends_with(Ending) ? copy.size() - Ending.size() : copy.rfind('.');
+    const std::size_t at = end == copy.npos || end <= folder ? copy.size() : end;
+    return copy.substr(0, at) + "." + name + copy.substr(at);
+}
+
+// The copies to be made, still without their results: one for each device, or one.
+std::vector<PreparedCopy> CopiesOf(const std::string& copy,
+                                   const std::optional<plan::DeviceColumn>& devices) {
+    if (!devices) return {{copy, {}, {}}};
+    std::vector<PreparedCopy> copies;
+    for (const std::u16string& device : devices->Devices) {
+        const std::string name = Utf16ToUtf8(device);
+        std::string path = CopyOfDevice(copy, name);
+        const auto isTaken = [&](const PreparedCopy& other) { return other.Path == path; };
+        while (std::any_of(copies.begin(), copies.end(), isTaken)) path = CopyOfDevice(path, "2");
+        copies.push_back({path, name, {}});
+    }
+    return copies;
+}
+
 plan::CopyResult CopyWithProgress(const std::string& file, const plan::ReadingPlan& plan,
-                                  const std::string& copy) {
+                                  const PreparedCopy& copy,
+                                  const std::optional<plan::DeviceColumn>& devices) {
     ProgressLine progress(file);
     plan::CopyOptions wanted;
     wanted.Layout = plan::CopyLayout::ForPeople;
     wanted.Cancel = &InterruptFlag();
     wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
-    return WriteCleanCopy(PathFromNative(file), plan, PathFromNative(copy), wanted);
+    if (devices) wanted.Only = plan::DeviceRows{devices->Column, Utf8ToUtf16(copy.Device)};
+    return WriteCleanCopy(PathFromNative(file), plan, PathFromNative(copy.Path), wanted);
 }
 
-// Empty, or why a copy may not take this place.
-std::string WhyKept(const std::string& copy, bool force) {
-    if (force || !IdentityOf(PathFromNative(copy))) return {};
-    return Phrase("{} exists already; --force replaces it", PrintableName(copy));
+// Writes the copies of a file that has a plan. True if the user ended it.
+bool WriteCopies(const PrepareOptions& options, const std::vector<std::string>& sources,
+                 const std::optional<plan::DeviceColumn>& devices, PrepareReport& report) {
+    if (devices) report.DeviceColumn = devices->Column + 1;
+    std::vector<PreparedCopy> copies = CopiesOf(CopyOf(report.File, options), devices);
+    for (const PreparedCopy& copy : copies) {
+        report.Reason = WhyKept(copy.Path, sources, options.Force);
+        if (!report.Reason.empty()) return false;
+    }
+    for (PreparedCopy& copy : copies) {
+        copy.Result = CopyWithProgress(report.File, *report.Plan, copy, devices);
+        report.Reason = copy.Result.Failure;
+        if (copy.Result.Interrupted || !report.Reason.empty()) return copy.Result.Interrupted;
+        report.Copies.push_back(std::move(copy));
+    }
+    return false;
 }
 
-int PrepareFile(const CommonOptions& common, const PrepareOptions& options, const std::string& file) {
-    const std::string copy = CopyOf(file, options);
-    PrepareReport report{file, {}, WhyKept(copy, options.Force), nullptr, {}};
+int PrepareFile(const CommonOptions& common, const PrepareOptions& options,
+                const std::vector<std::string>& sources, const std::string& file) {
+    const std::u16string path = PathFromNative(file);
+    PrepareReport report;
+    report.File = file;
     std::optional<plan::ReadingPlan> plan;
+    std::optional<plan::DeviceColumn> devices;
     try {
-        if (report.Reason.empty()) {
-            plan = plan::FindPlan(PathFromNative(file));
-            report.Reason = WhyUnplanned(PathFromNative(file), plan);
-        }
+        plan = plan::FindPlan(path);
+        report.Reason = WhyUnplanned(path, plan);
+        const bool isOrdered =
+            !plan || !plan->Times || plan->Times->Trial.Equal + plan->Times->Trial.Falling == 0;
+        if (!isOrdered) devices = plan::FindDeviceColumn(path, *plan);
     } catch (CFileException* error) {
         report.Reason = Utf16ToUtf8(DescribeFileError(*error));
         error->Delete();
     }
+    bool isInterrupted = false;
     if (report.Reason.empty()) {
         report.Plan = &*plan;
-        report.Result = CopyWithProgress(file, *plan, copy);
-        report.Reason = report.Result.Failure;
-        if (report.Reason.empty() && !report.Result.Interrupted) report.Copy = copy;
+        isInterrupted = WriteCopies(options, sources, devices, report);
     }
     if (common.Json) {
         WritePrepareJson(std::cout, report);
@@ -84,7 +142,7 @@ int PrepareFile(const CommonOptions& common, const PrepareOptions& options, cons
         WritePrepareText(std::cout, report);
     }
     const int status = Finish(file, report.Reason);
-    return report.Result.Interrupted ? int{ExitInterrupted} : status;
+    return isInterrupted ? int{ExitInterrupted} : status;
 }
 
 // The files to be done. Copies are not copied again, unless they are named one by one.
@@ -110,7 +168,7 @@ int PrepareFiles(const CommonOptions& common, const PrepareOptions& options, con
     std::vector<std::string> copies;
     for (const std::string& file : files) copies.push_back(CopyOf(file, options));
     if (const int refusal = RefuseOverwriting(common, files, copies); refusal != ExitDone) return refusal;
-    const auto prepare = [&](const std::string& file) { return PrepareFile(common, options, file); };
+    const auto prepare = [&](const std::string& file) { return PrepareFile(common, options, files, file); };
     const bool isExpanded = files != common.Files;
     return many.Run(files, Phrase("prepared"), prepare,
                     isExpanded ? ManyFiles::Sum::Always : ManyFiles::Sum::IfMany);

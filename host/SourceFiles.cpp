@@ -159,8 +159,9 @@ Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::v
 }
 
 std::vector<std::string> SidecarsOf(const std::vector<std::string>& files) {
-    std::vector<std::string> sidecars = files;
-    for (std::string& path : sidecars) path += ".info";
+    std::vector<std::string> sidecars;
+    for (const std::string& path : files)
+        sidecars.insert(sidecars.end(), {path + ".info", path + ".columns"});
     return sidecars;
 }
 

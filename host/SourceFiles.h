@@ -26,7 +26,8 @@ struct Overwriting {
 };
 Overwriting FindOverwriting(const std::vector<std::string>& inputs, const std::vector<std::string>& outputs);
 
-// The sidecars of files: theirs are the paths with ".info" added.
+// What is kept beside files: their sidecars, the paths with ".info" added, and what these can't say of the
+// columns, with ".columns".
 std::vector<std::string> SidecarsOf(const std::vector<std::string>& files);
 
 // True if the name fits a pattern of * (any text) and ? (one character). Letters of ASCII in any case.

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "cli/TypeNames.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
@@ -23,10 +25,35 @@ void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }
 
+// With those for single columns, if these are not more than `most`.
+std::string AllOptions(const guess::TimeGuess& guess, std::size_t most) {
+    const std::string columns = guess.Columns.size() > most ? "" : OptionsText(guess.Columns);
+    const std::string settings = OptionsText(guess.Settings);
+    return settings + (settings.empty() || columns.empty() ? "" : " ") + columns;
+}
+
+Json ColumnsToJson(const std::vector<ColumnChoice>& choices) {
+    Json columns = Json::array();
+    for (const ColumnChoice& choice : choices) {
+        Json column = {{"column", choice.Column + 1}};
+        if (choice.Type != 0) column["type"] = TypeOption(choice.Type);
+        if (!choice.Name.empty()) column["name"] = Utf16ToUtf8(choice.Name);
+        if (!choice.Unit.empty()) column["unit"] = Utf16ToUtf8(choice.Unit);
+        if (!choice.Import) column["skip"] = true;
+        columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
 void WritePlan(ReportStream out, const guess::TimeGuess& guess) {
     WriteAssumptions(out, guess.Assumed);
     if (!guess.Settings.empty()) {
-        out << Indent << Phrase("as options: {}", OptionsText(guess.Settings)) << "\n";
+        constexpr std::size_t MostShown = 8;
+        out << Indent << Phrase("as options: {}", AllOptions(guess, MostShown)) << "\n";
+        if (guess.Columns.size() > MostShown)
+            out << Indent
+                << Phrase("{} more options for single columns; --save keeps all", guess.Columns.size())
+                << "\n";
     } else {
         out << Indent << Phrase("`kelvarin-import prepare FILE` writes such a copy to keep") << "\n";
     }
@@ -63,7 +90,8 @@ Json GuessToJson(const guess::TimeGuess& guess) {
             {"basis", guess.Basis},
             {"assumed", AssumptionsToJson(guess.Assumed)},
             {"settings", settings},
-            {"options", OptionsText(guess.Settings)},
+            {"columns", ColumnsToJson(guess.Columns)},
+            {"options", AllOptions(guess, guess.Columns.size())},
             {"fixedInterval", guess.IsFixedInterval},
             {"rows", guess.Rows},
             {"fitting", guess.Read},

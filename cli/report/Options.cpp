@@ -1,12 +1,33 @@
 #include "cli/report/Options.h"
 
+#include "cli/TypeNames.h"
 #include "platform/framework/ShellText.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
 std::string OptionsText(const SettingList& settings) {
     std::string options;
     for (const auto& [key, value] : settings)
         options += (options.empty() ? "--set " : " --set ") + ShellQuoted(key + "=" + value);
+    return options;
+}
+
+std::string OptionsText(const std::vector<ColumnChoice>& columns) {
+    std::string options;
+    const auto add = [&options](const char* name, const std::string& value) {
+        options += (options.empty() ? "" : " ") + std::string(name) + " " + ShellQuoted(value);
+    };
+    for (const ColumnChoice& choice : columns) {
+        const std::string column = std::to_string(choice.Column + 1);
+        if (!choice.Import) {
+            add("--skip", column);
+            continue;
+        }
+        const std::string type = TypeOption(choice.Type);
+        if (!type.empty()) add("--type", column + "=" + type);
+        if (!choice.Name.empty()) add("--name", column + "=" + Utf16ToUtf8(choice.Name));
+        if (!choice.Unit.empty()) add("--unit", column + "=" + Utf16ToUtf8(choice.Unit));
+    }
     return options;
 }
 

@@ -2,12 +2,17 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "contract/GuidedReading.h"
 #include "host/Remedy.h"
 
 namespace kelvarin::cli {
 // "--set KEY=VALUE ..."; empty without settings.
 std::string OptionsText(const SettingList& settings);
+
+// "--type 3=float --unit '3=bar' ..."; empty without columns.
+std::string OptionsText(const std::vector<ColumnChoice>& columns);
 
 // The text of a remedy, then a colon and the options that do it.
 std::string RemedyText(const Remedy& remedy);

@@ -103,50 +103,69 @@ Json ColumnsToJson(const PrepareReport& report) {
     for (std::size_t i = 0; i < report.Plan->Columns.size(); ++i) {
         const plan::PlannedColumn& column = report.Plan->Columns[i];
         if (column.IsTime) continue;
+        const plan::ColumnType type = report.Copies.front().Result.Types[i];
         columns.push_back({{"column", i + 1},
                            {"name", Utf16ToUtf8(column.Name)},
                            {"unit", Utf16ToUtf8(column.Unit)},
-                           {"type", TypeWords[static_cast<std::size_t>(report.Result.Types[i])]}});
+                           {"type", TypeWords[static_cast<std::size_t>(type)]}});
     }
     return columns;
+}
+
+Json CopyToJson(const PreparedCopy& copy) {
+    const plan::CopyResult& result = copy.Result;
+    return {{"copy", PrintableName(copy.Path)},
+            {"device", copy.Device},
+            {"shift", result.Shift},
+            {"rows", result.Rows.Written},
+            {"sorted", result.Sorted},
+            {"leftOut",
+             {{"blank", LinesToJson(result.Rows.Blank)},
+              {"headers", LinesToJson(result.Rows.Headers)},
+              {"otherTable", LinesToJson(result.Rows.OtherTable)},
+              {"withoutTime", LinesToJson(result.Rows.Timeless)},
+              {"totals", LinesToJson(result.Rows.Totals)},
+              {"cells", result.Changes.ExtraCells}}},
+            {"rewritten", {{"values", result.Changes.Values}, {"missing", result.Changes.Missing}}}};
+}
+
+void WriteCopy(ReportStream& out, const PreparedCopy& copy) {
+    out << ReportLabel(Phrase("copy")) << copy.Path << "\n";
+    const std::string rows = RowsInWords(copy.Result.Rows.Written);
+    out << ReportLabel(Phrase("content"))
+        << (copy.Result.Sorted ? Phrase("{}, sorted by time", rows)
+                               : Phrase("{}, in the order of their times already", rows))
+        << "\n";
+    WriteChanges(out, copy.Result);
 }
 }  // namespace
 
 void WritePrepareText(ReportStream out, const PrepareReport& report) {
-    if (report.Copy.empty()) return;
-    const plan::CopyResult& result = report.Result;
-    out << ReportHeading(report.File) << "\n" << ReportLabel(Phrase("copy")) << report.Copy << "\n";
-    out << ReportLabel(Phrase("times")) << SourceOfTimes(*report.Plan) << ": " << TimesInWords(result)
-        << "\n";
-    const std::string rows = RowsInWords(result.Rows.Written);
-    out << ReportLabel(Phrase("content"))
-        << (result.Sorted ? Phrase("{}, sorted by time", rows)
-                          : Phrase("{}, in the order of their times already", rows))
-        << "\n";
-    WriteChanges(out, result);
+    if (report.Copies.empty()) return;
+    out << ReportHeading(report.File) << "\n"
+        << ReportLabel(Phrase("times")) << SourceOfTimes(*report.Plan) << ": "
+        << TimesInWords(report.Copies.front().Result) << "\n";
     WriteAssumptions(out, plan::Assumptions(*report.Plan));
+    if (report.DeviceColumn != 0)
+        out << ReportLabel(Phrase("devices"))
+            << Phrase("{}, told apart by column {}; each has its own copy", report.Copies.size(),
+                      report.DeviceColumn)
+            << "\n";
+    for (const PreparedCopy& copy : report.Copies) WriteCopy(out, copy);
     WriteColumns(out, *report.Plan);
 }
 
 void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
     Json document = {
-        {"file", PrintableName(report.File)}, {"written", !report.Copy.empty()}, {"reason", report.Reason}};
-    if (!report.Copy.empty()) {
-        const plan::CopyResult& result = report.Result;
-        document["copy"] = PrintableName(report.Copy);
-        document["times"] = {{"kind", TimesWords[static_cast<std::size_t>(result.Times)]},
-                             {"columns", TimeColumns(*report.Plan)},
-                             {"shift", result.Shift}};
+        {"file", PrintableName(report.File)}, {"written", !report.Copies.empty()}, {"reason", report.Reason}};
+    if (!report.Copies.empty()) {
+        const plan::CopyTimes kind = report.Copies.front().Result.Times;
+        document["times"] = {{"kind", TimesWords[static_cast<std::size_t>(kind)]},
+                             {"columns", TimeColumns(*report.Plan)}};
         document["assumed"] = AssumptionsToJson(plan::Assumptions(*report.Plan));
-        document["rows"] = result.Rows.Written;
-        document["sorted"] = result.Sorted;
-        document["leftOut"] = {{"blank", LinesToJson(result.Rows.Blank)},
-                               {"headers", LinesToJson(result.Rows.Headers)},
-                               {"otherTable", LinesToJson(result.Rows.OtherTable)},
-                               {"withoutTime", LinesToJson(result.Rows.Timeless)},
-                               {"totals", LinesToJson(result.Rows.Totals)},
-                               {"cells", result.Changes.ExtraCells}};
-        document["rewritten"] = {{"values", result.Changes.Values}, {"missing", result.Changes.Missing}};
+        document["deviceColumn"] = report.DeviceColumn == 0 ? Json() : Json(report.DeviceColumn);
+        document["copies"] = Json::array();
+        for (const PreparedCopy& copy : report.Copies) document["copies"].push_back(CopyToJson(copy));
         document["columns"] = ColumnsToJson(report);
     }
     WriteDocument(out, document);

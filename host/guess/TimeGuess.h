@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "contract/GuidedReading.h"
 #include "host/Certainty.h"
 #include "host/ModuleLoader.h"
 #include "host/Reading.h"
@@ -18,6 +19,7 @@ struct TimeGuess {
     std::string Basis;                    // one phrase: what was found where
     std::vector<std::string> Objections;  // what speaks against it, a phrase each
     std::vector<Assumption> Assumed;      // of a plan: all that was found, the times among it
+    std::vector<ColumnChoice> Columns;    // that the settings alone would give otherwise
     Remedy OtherWay;         // to read times that the settings can't; without text if there is none
     std::string OtherBasis;  // of a proposal that is nearly as good; empty if there is none
     SettingList OtherSettings;

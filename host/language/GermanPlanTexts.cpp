@@ -33,6 +33,7 @@ constexpr Translation Texts[] = {
     {"{} since 1970 in {}", "{} seit 1970 in {}"},
     {"days of the year in {}", "Tage des Jahres in {}"},
     {"Julian days in {}", "julianische Tage in {}"},
+    {"modified Julian days in {}", "modifizierte julianische Tage in {}"},
     {"days since 30 December 1899 in {}", "Tage seit dem 30. Dezember 1899 in {}"},
     {"nanoseconds", "Nanosekunden"},
     {"microseconds", "Mikrosekunden"},
@@ -55,6 +56,8 @@ constexpr Translation Texts[] = {
      "das Jahr stammt aus den Zeilen oberhalb der Tabelle"},
     {"the last row has the time of the first: it seems to be a total",
      "die letzte Zeile hat die Zeit der ersten: sie scheint eine Summe zu sein"},
+    {"hours and minutes could be minutes and seconds",
+     "Stunden und Minuten könnten Minuten und Sekunden sein"},
     {"the unit is not named", "die Einheit ist nicht genannt"},
     {"{} holds times as well", "auch {} enthält Zeiten"},
     // The rows.
@@ -83,6 +86,10 @@ constexpr Translation Texts[] = {
     {"headers left out: {}", "weggelassene Kopfzeilen: {}"},
     {"lines without a time left out: {}", "weggelassene Zeilen ohne Zeit: {}"},
     {"values rewritten: {}", "umgeschriebene Werte: {}"},
+    {"a last row that sums up the others left out: {}",
+     "weggelassene letzte Zeile mit der Summe der anderen: {}"},
+    {"{} (line {})", "{} (Zeile {})"},
+    {"{} (lines {})", "{} (Zeilen {})"},
 };
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include "host/Reading.h"
 #include "host/language/Phrase.h"
 #include "host/plan/PlanSettings.h"
+#include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Text.h"
@@ -76,6 +77,7 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     } else if (Found) {
         FollowDirectly();
     }
+    if (!Options.IsOff && !Found) Columns = sidecar::ReadColumns(path);
     ApplyWishes();
 }
 
@@ -150,6 +152,27 @@ void AutomaticReading::ChooseColumns() {
         const bool isTime = column.IsTime && !AreTimesChosen;
         Columns.push_back({static_cast<int>(i), column.Name, column.Unit, ModuleTypeOf(column), !isTime});
     }
+}
+
+std::vector<ColumnChoice> AutomaticReading::ColumnsToPin() const {
+    std::vector<ColumnChoice> pinned;
+    if (Copied || !Found) return pinned;
+    const auto filter = Module.MakeFilter(ReadPath);
+    filter->AnalyzeFile();
+    const std::vector<ColumnSummary> columns = SummarizeColumns(*filter);
+    for (ColumnChoice choice : Columns) {
+        const auto column = std::find_if(columns.begin(), columns.end(), [&](const ColumnSummary& one) {
+            return one.Index == choice.Column;
+        });
+        if (column != columns.end()) {
+            if (column->IsTimestamp) continue;
+            if (choice.Name == column->Name) choice.Name.clear();
+            if (choice.Type == column->Type) choice.Type = CsvTypeUndefined;
+        }
+        if (!choice.Name.empty() || !choice.Unit.empty() || choice.Type != CsvTypeUndefined || !choice.Import)
+            pinned.push_back(std::move(choice));
+    }
+    return pinned;
 }
 
 void AutomaticReading::ApplyWishes() {

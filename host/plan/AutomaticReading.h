@@ -70,6 +70,10 @@ class AutomaticReading : private IReadingGuide {
     // The file that filters are to read: the user's, or a copy in place of it.
     const std::u16string& Path() const { return ReadPath; }
 
+    // The choices for columns without which the settings alone would give other names, units or types. None
+    // for a copy, which settings can't say.
+    std::vector<ColumnChoice> ColumnsToPin() const;
+
     // Gives a filter of Path what is known of the columns and lines. It must not outlive this object.
     void Guide(CImportFilter& filter);
 

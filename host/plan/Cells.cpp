@@ -26,11 +26,21 @@ bool IsHex(std::u16string_view cell) {
     return std::all_of(cell.begin() + (hasPrefix ? 2 : 0), cell.end(), IsHexDigit);
 }
 
+// Where the exponent that begins at `at` ends; `at` if there is none.
+std::size_t ExponentEnd(std::u16string_view cell, std::size_t at) {
+    if (at == cell.size() || (cell[at] | 32) != u'e') return at;
+    std::size_t begin = at + 1;
+    if (begin < cell.size() && (cell[begin] == u'+' || cell[begin] == u'-')) ++begin;
+    std::size_t end = begin;
+    while (end < cell.size() && IsDigit(cell[end])) ++end;
+    constexpr std::size_t MostDigits = 3;
+    return end > begin && end - begin <= MostDigits ? end : at;
+}
+
 // Where the number at the beginning ends; 0 if there is none.
 std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     std::size_t at = 0;
     if (at < cell.size() && (cell[at] == u'+' || cell[at] == u'-')) ++at;
-    const std::size_t begin = at;
     std::size_t digits = 0;
     std::size_t group = 0;  // digits since the last mark
     std::size_t marks = 0;
@@ -66,25 +76,17 @@ std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     } else {
         look.Mark = first;
     }
-    if (at < cell.size() && (cell[at] == u'e' || cell[at] == u'E') && at > begin) {
-        std::size_t end = at + 1;
-        if (end < cell.size() && (cell[end] == u'+' || cell[end] == u'-')) ++end;
-        const std::size_t exponent = end;
-        while (end < cell.size() && IsDigit(cell[end])) ++end;
-        if (end > exponent && end - exponent <= 3) {
-            look.HasExponent = true;
-            at = end;
-        }
-    }
-    return at;
+    const std::size_t end = ExponentEnd(cell, at);
+    look.HasExponent = end != at;
+    return end;
 }
+
 bool LooksLikeTime(std::u16string_view cell) {
     const auto digits = std::count_if(cell.begin(), cell.end(), IsDigit);
     if (digits < 3 || digits * 4 < static_cast<std::ptrdiff_t>(cell.size())) return false;
     constexpr int AnyYear = 2000;  // "Apr 29 06:00"
     return ParseInAnyOrder(cell, AnyYear).has_value();
 }
-
 }  // namespace
 
 bool IsHexDigit(char16_t c) {

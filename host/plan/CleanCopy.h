@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,15 @@ enum class CopyLayout {
     ForPeople,
 };
 
+// Rows whose cell in a column is this text.
+struct DeviceRows {
+    std::size_t Column = 0;  // from 0
+    std::u16string Device;
+};
+
 struct CopyOptions {
     CopyLayout Layout = CopyLayout::InPlace;
+    std::optional<DeviceRows> Only;                       // the other rows are left out, and not counted
     const std::atomic<bool>* Cancel = nullptr;            // any thread sets it to end the copy
     std::function<void(std::uint32_t)> OnProgress;        // gets each new percentage; may be empty
     std::size_t MostSortedBytes = std::size_t{64} << 20;  // of rows in memory; more are sorted on the disk

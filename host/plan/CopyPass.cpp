@@ -132,6 +132,7 @@ bool CopyPass::TakeLine(std::u16string_view line) {
         LeaveOut(Result.Rows.OtherTable, Line);
         return true;
     }
+    if (!IsWanted(cells)) return true;
     if (Held) {
         Row.swap(Held->Text);
         if (!TakeRow(Held->Time, Held->Line)) return false;
@@ -175,6 +176,11 @@ bool CopyPass::IsOfOtherTable(std::size_t cells) {
     if (TimelessBefore > MostOthers && cells != Plan.Width && Result.Rows.Written > 0) IsInOtherTable = true;
     TimelessBefore = 0;
     return IsInOtherTable;
+}
+
+bool CopyPass::IsWanted(const std::vector<std::u16string_view>& cells) const {
+    if (!Options.Only) return true;
+    return Options.Only->Column < cells.size() && cells[Options.Only->Column] == Options.Only->Device;
 }
 
 void CopyPass::LeaveOut(LinesLeftOut& kind, std::uint64_t line) {

@@ -49,6 +49,7 @@ class CopyPass {
     bool TakeLine(std::u16string_view line);
     bool IsRow(const std::vector<std::u16string_view>& cells) const;
     bool IsOfOtherTable(std::size_t cells);
+    bool IsWanted(const std::vector<std::u16string_view>& cells) const;
     static void LeaveOut(LinesLeftOut& kind, std::uint64_t line);
     bool TakeRow(std::int64_t time, std::uint64_t line);
     void MakeRow(const std::vector<std::u16string_view>& cells);

@@ -136,6 +136,10 @@ DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
 
 std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& names, const TableRows& rows,
                                        const std::vector<std::size_t>& columns, int year) {
+    // The year is needed only where the texts are no times without it.
+    const bool needsYear = std::none_of(
+        texts.begin(), texts.end(), [](const auto& text) { return ParseInAnyOrder(text, 0).has_value(); });
+    if (!needsYear) year = 0;
     const std::vector<WrittenTimes> times = TimesOf(texts, year);
     std::vector<TriedStyle> tried = TryOrders(times, year);
     const std::size_t most = std::max({tried[0].Read, tried[1].Read, tried[2].Read});

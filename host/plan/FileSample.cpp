@@ -8,8 +8,8 @@
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::size_t MostHeadLines = 2000;
-constexpr std::size_t MostHeadUnits = 2u << 20;
+constexpr std::size_t UnitsPerHeadLine = 1024;  // on average, at most
+constexpr std::size_t MostTailLines = 2000;
 constexpr std::uint64_t Places = 40;
 constexpr std::size_t LinesPerPlace = 24;
 constexpr std::uint64_t TailBytes = 16 * 1024;
@@ -42,7 +42,7 @@ void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, 
 }
 }  // namespace
 
-FileSample SampleFile(const std::u16string& path) {
+FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
     FileSample sample;
     std::uint64_t counted = 0;
     std::uint64_t length = 0;
@@ -58,7 +58,7 @@ FileSample SampleFile(const std::u16string& path) {
             units += line.size() + 1;
             if (line.size() > LongestLine) line.resize(LongestLine);
             sample.Lines.push_back({sample.Lines.size() + 1, std::move(line), false});
-            if (sample.Lines.size() < MostHeadLines && units < MostHeadUnits) continue;
+            if (sample.Lines.size() < mostHeadLines && units < mostHeadLines * UnitsPerHeadLine) continue;
             sample.IsWhole = !file.ReadString(line);
             break;
         }
@@ -72,7 +72,7 @@ FileSample SampleFile(const std::u16string& path) {
     const std::uint64_t rest = length - counted - tail;
     for (std::uint64_t place = 1; rest > TailBytes && place <= Places; ++place)
         AddLines(path, counted + rest / (Places + 1) * place, LinesPerPlace, sample);
-    AddLines(path, length - tail, MostHeadLines, sample);
+    AddLines(path, length - tail, MostTailLines, sample);
     return sample;
 }
 }  // namespace kelvarin::plan

@@ -18,7 +18,7 @@ struct FileSample {
     bool IsWhole = false;           // every line is among them
 };
 
-// Reads the first lines, some at places evenly spread over the rest, and the last ones: some MiB at most.
-// Raises CFileException.
-FileSample SampleFile(const std::u16string& path);
+// Reads the first lines, so many at most, some at places evenly spread over the rest, and the last ones: some
+// MiB. Raises CFileException.
+FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines = 2000);
 }  // namespace kelvarin::plan

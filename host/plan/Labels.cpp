@@ -22,6 +22,15 @@ struct LabelLine {
     bool IsAdjacent = false;    // no blank line lies between it and the table, or one gap at most
 };
 
+// "# time value", "# columns: time value": neither the mark nor the word is a name.
+void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
+    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
+    const auto isIntroduction = [&](const std::u16string& cell) {
+        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
+    };
+    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
+}
+
 // The lines above the table that may describe its columns, the lowest first.
 std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
     std::vector<LabelLine> lines;
@@ -54,10 +63,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);
         }
-        // "# time value": the mark is no name.
-        const bool isMark = !line.Cells.empty() && (line.Cells[0] == u"#" || line.Cells[0] == u"%" ||
-                                                    line.Cells[0] == u";" || line.Cells[0] == u"//");
-        if (isMark && line.Cells.size() == table.Width + 1) line.Cells.erase(line.Cells.begin());
+        DropIntroduction(line.Cells, table.Width);
         line.Different = texts.size();
         lines.push_back(std::move(line));
     }
@@ -115,6 +121,12 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         });
         if (hasUnits && line.Units > 0 && line.Units < line.Filled) return &line;
     }
+    // There are no units without names.
+    const auto isUnits = [](const LabelLine& line) {
+        return IsUnitsLine(line) && line.Different == line.Filled;
+    };
+    if (std::count_if(lines.begin(), lines.end(), IsUnitsLine) == 1 && isUnits(lines.front()))
+        return &lines.front();
     if (lines.size() != 1 || lines.front().Filled == 0) return nullptr;
     const RowShape& only = table.Shapes[lines.front().Index];
     return 2 * only.Numbers > only.Filled ? nullptr : &lines.front();

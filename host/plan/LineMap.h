@@ -18,6 +18,9 @@ class LineMap {
     // Lines of the copy.
     std::uint64_t Count() const { return Lines; }
 
+    // Entries that they take, of 24 bytes.
+    std::size_t Entries() const { return Ranges.size(); }
+
   private:
     struct Range {
         std::uint64_t First;   // line of the copy, from 1

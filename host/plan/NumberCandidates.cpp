@@ -28,6 +28,7 @@ struct TimeCandidates::NumberColumn {
     std::int64_t Unit = 0;  // ns; 0: none is named
     bool IsTime = false;
     bool IsDayOfYear = false;
+    bool IsModifiedJulian = false;
     bool IsNamedSince1970 = false;
     bool IsFirstWithoutName = false;
 };
@@ -52,6 +53,7 @@ void TimeCandidates::AddNumbers() {
         column.Unit = UnitNamed(label);
         column.IsTime = IsNamedTime(label);
         column.IsDayOfYear = IsDayOfYear(label);
+        column.IsModifiedJulian = IsModifiedJulian(label);
         column.IsNamedSince1970 = IsNamedSince1970(label);
         column.IsFirstWithoutName = i == 0 && label.Name.empty();
         AddSince1970(column);
@@ -80,8 +82,8 @@ void TimeCandidates::AddSince1970(const NumberColumn& column) {
     }
 }
 
-// Days of a spreadsheet since 30 December 1899, Julian days since a noon, days of a year whose number is
-// above.
+// Days of a spreadsheet since 30 December 1899, Julian days since a noon or a midnight, days of a year whose
+// number is above.
 void TimeCandidates::AddDays(const NumberColumn& column) {
     if (!column.HasFractions) return;
     const auto consider = [&](std::int64_t offset, std::int64_t epoch) {
@@ -92,6 +94,7 @@ void TimeCandidates::AddDays(const NumberColumn& column) {
         recipe.IsAbsolute = true;
         Consider(recipe, 0.9);
     };
+    if (column.IsModifiedJulian) consider(40'587, 0);
     const bool areDays = column.Unit == 0 || column.Unit == DayLength;
     if (column.IsTime && areDays && column.First > 30'000 && column.First < 60'000) consider(25'569, 0);
     if (column.First > 2'400'000 && column.First < 2'500'000) consider(2'440'588, DayLength / 2);

@@ -3,6 +3,7 @@
 #include "host/language/Phrase.h"
 #include "host/plan/CopyInWords.h"
 #include "host/plan/Sureness.h"
+#include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/Text.h"
 
@@ -11,6 +12,7 @@ guess::TimeGuess GuessOf(const AutomaticReading& reading) {
     guess::TimeGuess guess;
     const ReadingPlan& plan = *reading.Plan();
     guess.Settings = reading.Copy() == nullptr ? reading.Settings() : SettingList{};
+    guess.Columns = reading.ColumnsToPin();
     guess.Rows = plan.RowsLookedAt;
     guess.Assumed = Assumptions(plan);
     guess.Sureness = SurenessOf(guess.Assumed);
@@ -34,6 +36,7 @@ void SaveGuess(const ModuleLoader& module, const std::u16string& path, const Aut
                guess::TimeGuess& guess) {
     const bool hadSidecar = sidecar::HasSidecar(path);
     guess.SaveFailure = reading.Copy() != nullptr ? WhyNotSaved() : sidecar::SaveSidecar(module, path);
+    if (guess.SaveFailure.empty()) guess.SaveFailure = sidecar::SaveColumns(path, guess.Columns);
     guess.Saved = guess.SaveFailure.empty() ? Utf16ToUtf8(path + u".info") : std::string();
     guess.IsSaveLost = guess.Saved.empty() && !hadSidecar;
 }

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "host/plan/Durations.h"
+#include "host/plan/ExactProduct.h"
 #include "host/plan/TimeNames.h"
-#include "host/plan/TimeRecipe.h"
 #include "host/plan/TimeWords.h"
 #include "host/plan/Units.h"
 #include "host/plan/WordList.h"

@@ -169,6 +169,12 @@ bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
 std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
     FileSample sample = SampleFile(path);
     std::optional<ReadingPlan> plan = FindPlan(sample);
+    // A table that begins below the lines that were counted: more of them are.
+    constexpr std::size_t MostLines = 1'000'000;
+    for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4) {
+        sample = SampleFile(path, lines);
+        plan = FindPlan(sample);
+    }
     if (plan) plan->Sample = std::move(sample);
     return plan;
 }

@@ -53,7 +53,7 @@ bool IsCountName(std::u16string_view name);
 struct ReadingPlan {
     Cut How;
     std::size_t Width = 0;                       // cells of most rows
-    std::uint64_t FirstLine = 1;                 // of the table, from 1
+    std::uint64_t FirstLine = 1;                 // of the table, from 1; 0 if it begins far below in the file
     std::uint64_t NamesLine = 0, UnitsLine = 0;  // 0 for none
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;

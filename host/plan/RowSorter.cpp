@@ -66,10 +66,9 @@ void RowSorter::Add(std::int64_t time, std::uint64_t line, std::string_view text
     Texts += text;
 }
 
-// Begin tells the order in which the rows came.
 void RowSorter::Sort() {
     std::sort(Entries.begin(), Entries.end(), [](const Entry& a, const Entry& b) {
-        return std::tie(a.Time, a.Begin, a.Line) < std::tie(b.Time, b.Begin, b.Line);
+        return std::tie(a.Time, a.Line) < std::tie(b.Time, b.Line);
     });
 }
 

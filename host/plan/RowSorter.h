@@ -24,7 +24,7 @@ class RowSorter {
     // `mostBytes` of rows are held in memory; one row is, however long.
     explicit RowSorter(std::size_t mostBytes) : MostBytes(mostBytes) {}
 
-    // Raises CFileException.
+    // Adds a row of a line after those of all rows before it. Raises CFileException.
     void Add(std::int64_t time, std::uint64_t line, std::string_view text);
 
     // Gives all rows in order, until `take` returns false. Nothing can be added afterwards. Raises

@@ -96,6 +96,8 @@ Assumption TimesOf(const ReadingPlan& plan) {
         if (!times.IsNamed)
             Object(assumption, Certainty::Likely, Phrase("plain numbers may mean something else"));
     }
+    if (times.IsClockShort)
+        Object(assumption, Certainty::Likely, Phrase("hours and minutes could be minutes and seconds"));
     if (recipe.Style.Year != 0)
         Object(assumption, Certainty::Likely, Phrase("the year is taken from the lines above the table"));
     if (times.Rival)

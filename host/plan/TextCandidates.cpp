@@ -16,7 +16,8 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
             ++look.Numbers;
             if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
-        const std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
+        std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
+        if (!time) time = ParseTime(text, {DateOrder::DayFirst, true});
         if (!time) continue;
         look.Dates += time->HasDate && !time->HasClock;
         look.Clocks += !time->HasDate;
@@ -33,6 +34,13 @@ bool IsClockOfDay(const std::vector<std::u16string>& texts) {
     });
 }
 
+// "12:30".
+bool AreShort(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        return text.size() <= 5 && std::count(text.begin(), text.end(), u':') == 1;
+    });
+}
+
 // The texts of two columns with a blank between them.
 std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, std::size_t other) {
     std::vector<std::u16string> texts;
@@ -40,6 +48,13 @@ std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, s
         if (std::max(one, other) < row.size()) texts.push_back(row[one] + u" " + row[other]);
     }
     return texts;
+}
+
+// "235207", as a clock without colons is written.
+bool AreSixDigits(const std::vector<std::u16string>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        return text.size() == 6 && std::all_of(text.begin(), text.end(), IsDigit);
+    });
 }
 
 bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
@@ -94,7 +109,7 @@ void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, s
     const bool isNamed = IsNamedClock(LabelOf(other));
     const bool isNumber = look.Is(look.Numbers);
     // "13.00.00" and "130000" are clocks only after a date.
-    const bool mayBeClock = isNamed || (!isNumber && distance == 1);
+    const bool mayBeClock = isNamed || (distance == 1 && (!isNumber || AreSixDigits(Texts[other])));
     if (look.Is(look.Clocks) ||
         (mayBeClock && MostAreDatesWithClocks(JointTexts(Rows, column, other), date.Recipe.Style))) {
         AddMilliseconds(column, other, {date.Recipe.Style, date.Order});
@@ -156,17 +171,30 @@ void TimeCandidates::AddJointDigits(std::size_t column) {
 }
 
 void TimeCandidates::AddClocks(std::size_t column) {
-    TimeRecipe recipe;
-    recipe.Columns = {column};
-    recipe.RollsOver = IsClockOfDay(Texts[column]);
+    const TimeRecipe recipe = ClockOf(column);
     FoundTimes* const found = Consider(recipe, IsNamedTime(LabelOf(column)) ? 0.86 : 0.8);
-    if (found == nullptr || found->Trial.Falling == 0) return;
+    if (found == nullptr) return;
+    found->IsClockShort = !recipe.Style.BeginsWithMinutes && AreShort(Texts[column]);
+    if (found->Trial.Falling == 0) return;
     // Milliseconds that are counted, not written as a fraction: "15:42:7" is followed by "15:42:12". They
     // tell themselves by their order: read as fractions they fall.
-    recipe.Style.FractionIsCounted = true;
-    const TimeTrial counted = Try(recipe, Rows);
+    TimeRecipe counting = recipe;
+    counting.Style.FractionIsCounted = true;
+    const TimeTrial counted = Try(counting, Rows);
     if (counted.Falling >= found->Trial.Falling) return;
-    found->Recipe = recipe;
+    found->Recipe = counting;
     found->Trial = counted;
+}
+
+// Minutes come first if the name spells it, or if more rows can be read so: "12:30:75" ends in hundredths.
+TimeRecipe TimeCandidates::ClockOf(std::size_t column) const {
+    TimeRecipe recipe;
+    recipe.Columns = {column};
+    TimeRecipe minutes = recipe;
+    minutes.Style.BeginsWithMinutes = true;
+    if (SpellsMinutesFirst(LabelOf(column)) || Try(minutes, Rows).Read > Try(recipe, Rows).Read)
+        return minutes;
+    recipe.RollsOver = IsClockOfDay(Texts[column]);
+    return recipe;
 }
 }  // namespace kelvarin::plan

@@ -21,7 +21,12 @@ struct NumberBounds {
 // What the texts of a column are, as counts.
 struct ColumnLook {
     std::size_t Filled = 0, Dates = 0, Clocks = 0, Both = 0, Numbers = 0;
-    bool Is(std::size_t count) const { return Filled > 0 && 10 * count >= 8 * Filled; }
+
+    // Most of the texts; in a short file all but one, as a total at its end.
+    bool Is(std::size_t count) const {
+        constexpr std::size_t Fewest = 3;
+        return Filled > 0 && (10 * count >= 8 * Filled || (count >= Fewest && count + 1 >= Filled));
+    }
 };
 
 // The arguments must outlive the object.
@@ -56,6 +61,7 @@ class TimeCandidates {
     void AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style);
     void AddJointDigits(std::size_t column);
     void AddClocks(std::size_t column);
+    TimeRecipe ClockOf(std::size_t column) const;
 
     // PartCandidates.cpp.
     std::vector<PartColumn> PartsByName() const;

@@ -90,6 +90,17 @@ bool IsDayOfYear(const Label& label) {
                    [&](const Word& word) { return HasPart(word.Text, std::begin(Parts), std::end(Parts)); });
 }
 
+bool SpellsMinutesFirst(const Label& label) {
+    return std::any_of(label.All.begin(), label.All.end(), [](const std::u16string& text) {
+        const std::u16string low = Lowered(text);
+        return low.find(u"mm:ss") != low.npos && low.find(u"h:mm:ss") == low.npos;
+    });
+}
+
+bool IsModifiedJulian(const Label& label) {
+    return AnyWord(label, [](const Word& word) { return EqualsIgnoreCase(word.Text, u"mjd"); });
+}
+
 std::optional<TimePart> PartOfName(const Label& label) {
     struct Named {
         std::u16string_view Words;

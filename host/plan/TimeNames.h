@@ -23,6 +23,12 @@ std::optional<TimePart> PartOfName(const Label& label);
 // A word for a day of the year: "DOY", "DECDOY", "JDAY".
 bool IsDayOfYear(const Label& label);
 
+// True if a text spells minutes and seconds without hours: "Time [mm:ss]".
+bool SpellsMinutesFirst(const Label& label);
+
+// A word for the modified Julian date.
+bool IsModifiedJulian(const Label& label);
+
 // Nanoseconds of the unit of time that the label names; 0 for none. The s of m/s is none.
 std::int64_t UnitNamed(const Label& label);
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 
 #include "host/plan/Cells.h"
 #include "host/plan/Durations.h"
+#include "host/plan/ExactProduct.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -28,65 +28,66 @@ struct DateParts {
     bool HasDate = false;
 };
 
-bool AddPart(TimePart part, std::u16string_view cell, DateParts& all, const TimeStyle& style) {
-    if (part == TimePart::Date) {
-        const std::optional<ParsedTime> date = ParseTime(cell, style);
-        if (!date || !date->HasDate) return false;
-        all.Days = DaysSince1970(date->Year, date->Month, date->Day);
-        all.Clock += date->Clock;
-        all.HasDate = true;
-        return true;
-    }
-    if (part == TimePart::Hours || part == TimePart::Minutes || part == TimePart::Seconds) {
-        const std::int64_t unit = part == TimePart::Hours     ? Hour
-                                  : part == TimePart::Minutes ? 60 * Second
-                                                              : Second;
-        const std::optional<NumberLook> look = LookAtNumber(cell);
-        if (!look) return false;
-        const std::optional<std::int64_t> amount =
-            ExactProduct(cell, unit, look->Mark == u'\0' ? u'.' : look->Mark);
-        // Of a week, seconds go further.
-        const std::int64_t most = part == TimePart::Hours ? 24 * Hour
-                                  : all.HasDate && all.Days % 7 == 3 && part == TimePart::Seconds
-                                      ? 7 * DayLength
-                                      : 60 * unit;
-        if (!amount || *amount < 0 || *amount > most) return false;
-        all.Clock += *amount;
-        return true;
-    }
-    if (part == TimePart::Clock) {
-        const std::optional<ParsedTime> clock = ParseTime(cell, style);
-        if (!clock || clock->HasDate) return false;
-        all.Clock += clock->Clock;
-        return true;
-    }
-    const std::optional<std::int64_t> number = WholeNumber(cell);
-    if (!number) return false;
+// A date, or a clock, as people write it.
+bool AddText(TimePart part, std::u16string_view cell, DateParts& all, const TimeStyle& style) {
+    const std::optional<ParsedTime> time = ParseTime(cell, style);
+    if (!time || time->HasDate != (part == TimePart::Date)) return false;
+    if (time->HasDate) all.Days = DaysSince1970(time->Year, time->Month, time->Day);
+    all.HasDate |= time->HasDate;
+    all.Clock += time->Clock;
+    return true;
+}
+
+// Hours, minutes or seconds, with a fraction or without.
+bool AddAmount(TimePart part, std::u16string_view cell, DateParts& all) {
+    const std::int64_t unit = part == TimePart::Hours ? Hour : part == TimePart::Minutes ? Minute : Second;
+    const std::optional<NumberLook> look = LookAtNumber(cell);
+    if (!look) return false;
+    const std::optional<std::int64_t> amount =
+        ExactProduct(cell, unit, look->Mark == u'\0' ? u'.' : look->Mark);
+    // Of a week, which begins on a Sunday, seconds go further.
+    const bool isOfWeek = all.HasDate && all.Days % 7 == 3 && part == TimePart::Seconds;
+    const std::int64_t most = part == TimePart::Hours ? DayLength : isOfWeek ? 7 * DayLength : 60 * unit;
+    if (!amount || *amount < 0 || *amount > most) return false;
+    all.Clock += *amount;
+    return true;
+}
+
+// The parts that are whole numbers.
+bool AddNumber(TimePart part, std::int64_t number, DateParts& all) {
     switch (part) {
         case TimePart::Milliseconds:
-            all.Clock += *number * (Second / 1000);
-            return *number < 1000;
+            all.Clock += number * Millisecond;
+            return number < 1000;
         case TimePart::Week:
             // Weeks of satellite time count from 6 January 1980.
-            all.Days = DaysSince1970(1980, 1, 6) + 7 * *number;
+            all.Days = DaysSince1970(1980, 1, 6) + 7 * number;
             all.HasDate = true;
-            return *number < 10'000;
+            return number < 10'000;
         case TimePart::Year:
-            all.Year = *number < 100 ? *number + (*number < 70 ? 2000 : 1900) : *number;
+            all.Year = number < 100 ? number + (number < 70 ? 2000 : 1900) : number;
             return all.Year >= 1900 && all.Year <= 2200;
         case TimePart::Month:
-            all.Month = *number;
-            return *number >= 1 && *number <= 12;
+            all.Month = number;
+            return number >= 1 && number <= 12;
         case TimePart::Day:
-            all.Day = *number;
-            return *number >= 1 && *number <= 31;
+            all.Day = number;
+            return number >= 1 && number <= 31;
         case TimePart::DayOfYear:
-            all.DayOfYear = *number;
-            return *number >= 1 && *number <= 366;
+            all.DayOfYear = number;
+            return number >= 1 && number <= 366;
         default:
-            all.Clock += *number / 100 * Hour + *number % 100 * 60 * Second;
-            return *number <= 2400 && *number % 100 < 60;
+            all.Clock += number / 100 * Hour + number % 100 * Minute;
+            return number <= 2400 && number % 100 < 60;
     }
+}
+
+bool AddPart(TimePart part, std::u16string_view cell, DateParts& all, const TimeStyle& style) {
+    if (part == TimePart::Date || part == TimePart::Clock) return AddText(part, cell, all, style);
+    if (part == TimePart::Hours || part == TimePart::Minutes || part == TimePart::Seconds)
+        return AddAmount(part, cell, all);
+    const std::optional<std::int64_t> number = WholeNumber(cell);
+    return number && AddNumber(part, *number, all);
 }
 
 std::optional<std::int64_t> TimeOfParts(const TimeRecipe& recipe,
@@ -126,71 +127,6 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
     return time->Written() - *time->ZoneMinutes * 60 * Second;
 }
 }  // namespace
-
-std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark,
-                                         std::int64_t offset) {
-    std::size_t at = 0;
-    const bool isNegative = !number.empty() && number[0] == u'-';
-    if (!number.empty() && (number[0] == u'-' || number[0] == u'+')) ++at;
-    std::u16string digits;
-    int exponent = 0;  // of ten, after the digits
-    bool afterMark = false;
-    for (; at < number.size() && number[at] != u'e' && number[at] != u'E'; ++at) {
-        if (number[at] == mark && !afterMark) {
-            afterMark = true;
-        } else if (IsDigit(number[at])) {
-            digits += number[at];
-            exponent -= afterMark;
-        } else {
-            return std::nullopt;
-        }
-    }
-    if (digits.empty()) return std::nullopt;
-    if (at < number.size()) {
-        std::u16string_view power = number.substr(at + 1);
-        const bool isSmall = !power.empty() && power[0] == u'-';
-        if (!power.empty() && (power[0] == u'-' || power[0] == u'+')) power.remove_prefix(1);
-        const std::optional<std::int64_t> value = WholeNumber(power);
-        if (!value || *value > 400) return std::nullopt;
-        exponent += static_cast<int>(isSmall ? -*value : *value);
-    }
-    // The product as whole nanoseconds and tenths, digit by digit: value = value * 10 + digit * unit would
-    // need more than 64 bits where a long fraction follows, so the fraction is divided digit by digit
-    // instead.
-    std::int64_t whole = 0;
-    const auto wholeDigits = static_cast<std::ptrdiff_t>(digits.size()) + exponent;
-    constexpr std::int64_t Most = std::numeric_limits<std::int64_t>::max();
-    std::ptrdiff_t place = 0;
-    for (; place < wholeDigits; ++place) {
-        const std::int64_t digit = place < static_cast<std::ptrdiff_t>(digits.size())
-                                       ? digits[static_cast<std::size_t>(place)] - u'0'
-                                       : 0;
-        if (whole > (Most - 9) / 10) return std::nullopt;
-        whole = 10 * whole + digit;
-    }
-    whole -= offset;
-    if (whole > Most / unit || whole < -(Most / unit)) return std::nullopt;
-    std::int64_t sum = whole * unit;
-    // Digits after the mark: unit / 10, unit / 100, and what the divisions leave, with six more digits.
-    std::int64_t rest = 0;  // millionths of a ns
-    std::int64_t value = unit;
-    std::int64_t part = 0;
-    for (std::ptrdiff_t i = std::min<std::ptrdiff_t>(wholeDigits, 0); i < 0 && value != 0; ++i) {
-        part = (part + value % 10 * 1'000'000) / 10;
-        value /= 10;
-    }
-    for (place = std::max<std::ptrdiff_t>(wholeDigits, 0); place < static_cast<std::ptrdiff_t>(digits.size());
-         ++place) {
-        part = (part + value % 10 * 1'000'000) / 10;
-        value /= 10;
-        const std::int64_t digit = digits[static_cast<std::size_t>(place)] - u'0';
-        sum += digit * value;
-        rest += digit * part;
-        if (value == 0 && part == 0) break;
-    }
-    sum += (rest + 500'000) / 1'000'000;
-    return isNegative ? -sum : sum;
-}
 
 std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_view>& cells) const {
     if (Kind == TimeKind::Parts) return TimeOfParts(*this, cells);

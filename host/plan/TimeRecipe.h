@@ -59,11 +59,6 @@ struct TimeRecipe {
     std::optional<std::int64_t> TimeOf(const std::vector<std::u16string_view>& cells) const;
 };
 
-// A decimal number, less an offset, times a unit in ns, exactly, rounded to the nearest ns; nothing for
-// another text or one beyond 64 bits. "1706778000.25" by seconds is 1706778000250000000.
-std::optional<std::int64_t> ExactProduct(std::u16string_view number, std::int64_t unit, char16_t mark,
-                                         std::int64_t offset = 0);
-
 // The times of the rows of a table, one after the other.
 class TimeWalk {
   public:

@@ -18,6 +18,7 @@ struct FoundTimes {
     double Score = 0;  // comparable between the times of one table; 1 at most but for a little
     OrderProof Order = OrderProof::Unneeded;
     bool IsUnitNamed = true;           // of a number; of an interval, it is in the preamble
+    bool IsClockShort = false;         // "12:30" without a date and without a name that spells it
     bool IsNamed = false;              // the columns' names are words for times
     std::optional<std::size_t> Rival;  // another column whose times are as good
 };

@@ -276,17 +276,26 @@ bool MayBeTime(std::u16string_view text) {
     return text.size() <= Longest && std::any_of(text.begin(), text.end(), IsDigit);
 }
 
+// The length of a mark between two times, or 0.
+std::size_t MarkBetweenTimes(std::u16string_view text) {
+    if (text.front() == u'/') return 1;
+    if (text.front() != u' ') return 0;
+    for (const std::u16string_view mark : {u" to ", u" - ", u" bis "}) {
+        if (text.starts_with(mark)) return mark.size();
+    }
+    return 0;
+}
+
 // Two times may be from and to: the row belongs to the first.
 std::optional<ParsedTime> ReadFirstTime(const std::optional<TimeGroups>& cut, std::u16string_view text,
                                         const TimeStyle& style) {
     if (std::optional<ParsedTime> time = ReadTime(cut, style)) return time;
     constexpr std::size_t Shortest = 8;
-    if (text.size() <= 2 * Shortest) return std::nullopt;
-    for (const std::u16string_view mark : {u" to ", u" - ", u"/", u" bis "}) {
-        const std::size_t at = text.find(mark);
-        if (at == text.npos || at < Shortest || text.size() - at < Shortest) continue;
+    for (std::size_t at = Shortest; at + Shortest <= text.size(); ++at) {
+        const std::size_t length = MarkBetweenTimes(text.substr(at));
+        if (length == 0) continue;
         std::optional<ParsedTime> from = ReadTime(CutTimeText(text.substr(0, at)), style);
-        if (from && ReadTime(CutTimeText(text.substr(at + mark.size())), style)) return from;
+        if (from && ReadTime(CutTimeText(text.substr(at + length)), style)) return from;
     }
     return std::nullopt;
 }

@@ -71,6 +71,8 @@ std::string NumbersInWords(const ReadingPlan& plan, const TimeRecipe& recipe) {
     if (!recipe.IsAbsolute) return Phrase("elapsed {} in {}", UnitInWords(recipe.Unit), columns);
     if (recipe.Offset == 1) return Phrase("days of the year in {}", columns);
     constexpr std::int64_t JulianDays = 2'000'000;
+    constexpr std::int64_t ModifiedJulianDays = 40'587;
+    if (recipe.Offset == ModifiedJulianDays) return Phrase("modified Julian days in {}", columns);
     return recipe.Offset > JulianDays ? Phrase("Julian days in {}", columns)
                                       : Phrase("days since 30 December 1899 in {}", columns);
 }

@@ -1,4 +1,5 @@
-// Copies on a disk that fails: the copy is whole or not there, and nothing else is left.
+// Copies that can't be made, above all on a disk that fails: the copy is whole or not there, and nothing else
+// is left.
 #include "host/plan/CleanCopy.h"
 
 #include <gtest/gtest.h>
@@ -88,6 +89,33 @@ TEST(HostileCleanCopy, SaysThatTheDiskIsFull) {
         EXPECT_NE(result.Failure.find("No space left"), std::string::npos) << result.Failure;
         EXPECT_EQ(folder.Names(), "source.csv");
     }
+}
+
+TEST(HostileCleanCopy, LeavesNothingWhereItFails) {
+    const Workdir folder;
+    const ReadingPlan plan = PlanOfRows();
+    const CopyResult missing =
+        WriteCleanCopy(folder.Path("none.csv"), plan, folder.Path("copy.csv"), CopyOptions{});
+    EXPECT_NE(missing.Failure.find("none.csv"), std::string::npos) << missing.Failure;
+    EXPECT_EQ(folder.Names(), "");
+
+    const std::u16string source = folder.Write("source.csv", "t;v\n0;1\n");
+    const CopyResult nowhere = WriteCleanCopy(source, plan, folder.Path("no folder/copy.csv"), CopyOptions{});
+    EXPECT_NE(nowhere.Failure, "");
+    EXPECT_EQ(folder.Names(), "source.csv");
+}
+
+TEST(HostileCleanCopy, LeavesTheTargetAsItWasWhenInterrupted) {
+    const Workdir folder;
+    const std::u16string source = folder.Write("source.csv", "t;v\n0;1\n");
+    folder.Write("copy.csv", "old");
+    const std::atomic<bool> cancel = true;
+    CopyOptions options;
+    options.Cancel = &cancel;
+    const CopyResult result = WriteCleanCopy(source, PlanOfRows(), folder.Path("copy.csv"), options);
+    EXPECT_TRUE(result.Interrupted);
+    EXPECT_EQ(folder.Read("copy.csv"), "old");
+    EXPECT_EQ(folder.Names(), "copy.csv source.csv");
 }
 
 }  // namespace

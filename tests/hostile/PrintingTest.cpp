@@ -216,7 +216,7 @@ TEST(HostilePrinting, LeavesJsonAndStoresAsTheyAre) {
     if (!kelvarin::store::HasSampleFiles()) return;
     ASSERT_EQ(run({"--store", "a.h5", "--set", Format, "a.csv"}).Status, 0);
     EXPECT_EQ(run({"verify", "a.h5", "a.csv"}).Status, 0);
-    run.Write("a.csv", "t;n" + bad + "x;w\n01.02.2024 10:00:00;2;" + bad + "y\n");
+    run.Write("a.csv", "t;n" + bad + "x;w\n01.02.2024 10:00:00;2;" + bad + "x\n");
     EXPECT_NE(PrintedBy(run, {"verify", "a.h5", "a.csv"}).find("n\\x01\\x02"), std::string::npos);
     run.Write("b" + bad, Data);
     PrintedBy(run, {"verify", "a.h5", "b" + bad});

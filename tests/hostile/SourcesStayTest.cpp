@@ -39,6 +39,8 @@ TEST(HostileSourcesStay, WhateverTheOutputIsCalled) {
         {{"check", "--rejects", "soft.csv", "a.csv"}, "soft.csv: leads to a.csv"},
         {{"check", "--rejects", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
         {{"check", "--rejects", "steps", "--profile", "steps", "a.csv"}, "steps: this file is read"},
+        {{"prepare", "--force", "-o", "soft.csv", "a.csv"}, "soft.csv: leads to a.csv"},
+        {{"prepare", "--force", "-o", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
         {{"sidecar", "a.csv", "b.csv"}, "b.csv.info: leads to a.csv"},
         {{"sidecar", "apply", "--force", "a.csv", "b.csv"}, ""},
         {{"dialog", "--script", "steps", "--profile", "hard.csv", "a.csv"}, "hard.csv: leads to a.csv"},
@@ -56,6 +58,20 @@ TEST(HostileSourcesStay, WhateverTheOutputIsCalled) {
         EXPECT_EQ(run.Folder.Names(), names);
         for (const std::string& name : Texts) EXPECT_EQ(run.Folder.Read(name), Table) << name;
     }
+}
+
+TEST(HostileSourcesStay, WhateverTheDevicesInThemAreCalled) {
+    const std::string rows = "t [s];sensor;v\n1;a;5\n1;b;6\n2;a;7\n2;b;8\n3;a;5\n3;b;6\n";
+    const ProgramRun run;
+    run.Write("x.csv", rows);
+    std::filesystem::create_symlink("x.csv", run.Folder.NativePath("x.csv.b.prepared.csv"));
+    const ProgramResult result = run({"prepare", "--force", "x.csv"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_NE(result.Err.find("x.csv.b.prepared.csv: this file is read, and would be overwritten"),
+              std::string::npos)
+        << result.Err;
+    EXPECT_EQ(run.Folder.Read("x.csv"), rows);
+    EXPECT_EQ(run.Folder.Names(), "x.csv x.csv.b.prepared.csv");
 }
 
 TEST(HostileSourcesStay, BesideAStoreOfSuchAName) {

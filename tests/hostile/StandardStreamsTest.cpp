@@ -22,6 +22,8 @@ const StreamCase Printing[] = {
     {{"analyze", "a.csv"}},
     {{"explain", "a.csv"}},
     {{"check", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}},
+    {{"prepare", "--force", "a.csv"}},
+    {{"prepare", "--force", "--json", "a.csv"}},
     {{"sidecar", "--json", "c.csv"}},
     {{"sidecar", "--check", "b.csv.info"}},
     {{"sidecar", "diff", "b.csv.info", "d.csv.info"}},

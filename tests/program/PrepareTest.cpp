@@ -38,14 +38,7 @@ TEST(Prepare, WritesOneTableInTheOrderOfItsTimes) {
     EXPECT_EQ(
         result.Out,
         "  a.csv\n"
-        "  copy      a.csv.prepared.csv\n"
         "  times     columns 1, 2: as written, without a zone\n"
-        "  content   41 rows, sorted by time\n"
-        "  left out  blank lines: 1 (line 25)\n"
-        "            header lines again: 1 (line 26)\n"
-        "            lines without a time: 1 (line 48)\n"
-        "  changed   numbers and truth values: 39\n"
-        "            markers of missing values that became empty cells: 1\n"
         "  assumed   4 columns from line 5 on, separated by semicolons; names in line 3; units in line 4 "
         "(certain)\n"
         "            date and time in column 1 (\"Datum\"), column 2 (\"Zeit\"), day before month (certain)\n"
@@ -53,6 +46,13 @@ TEST(Prepare, WritesOneTableInTheOrderOfItsTimes) {
         "              but: times fall back: 1\n"
         "            1 column with units, from line 4 (certain)\n"
         "            decimal numbers: 1, texts: 1 (certain)\n"
+        "  copy      a.csv.prepared.csv\n"
+        "  content   41 rows, sorted by time\n"
+        "  left out  blank lines: 1 (line 25)\n"
+        "            header lines again: 1 (line 26)\n"
+        "            lines without a time: 1 (line 48)\n"
+        "  changed   numbers and truth values: 39\n"
+        "            markers of missing values that became empty cells: 1\n"
         "  columns\n"
         "    3  Druck  [bar]\n"
         "    4  Ort\n");
@@ -68,12 +68,15 @@ TEST(Prepare, SaysTheSameInJson) {
     const ProgramResult result = run({"prepare", "--json", "-o", "out.txt", "a.csv"});
     EXPECT_EQ(result.Status, 0) << result.Err;
     const Json document = Json::parse(result.Out);
-    EXPECT_EQ(document["copy"], "out.txt");
-    EXPECT_EQ(document["times"].dump(), R"({"kind":"elapsed","columns":[1],"shift":1000000000})");
-    EXPECT_EQ(document["rows"], 5);
-    EXPECT_EQ(document["sorted"], true);
-    EXPECT_EQ(document["leftOut"]["blank"].dump(), R"({"count":1,"lines":[5]})");
-    EXPECT_EQ(document["rewritten"]["values"], 5);
+    EXPECT_EQ(document["times"].dump(), R"({"kind":"elapsed","columns":[1]})");
+    EXPECT_EQ(document["copies"].size(), 1u);
+    const Json copy = document["copies"][0];
+    EXPECT_EQ(copy["copy"], "out.txt");
+    EXPECT_EQ(copy["shift"], 1'000'000'000);
+    EXPECT_EQ(copy["rows"], 5);
+    EXPECT_EQ(copy["sorted"], true);
+    EXPECT_EQ(copy["leftOut"]["blank"].dump(), R"({"count":1,"lines":[5]})");
+    EXPECT_EQ(copy["rewritten"]["values"], 5);
     EXPECT_EQ(document["columns"].dump(), R"([{"column":2,"name":"v","unit":"","type":"float"}])");
     EXPECT_EQ(run.Folder.Names(), "a.csv out.txt");
 }
@@ -145,6 +148,31 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
     }
 }
 
+TEST(Prepare, GivesEachDeviceItsOwnCopy) {
+    std::string interleaved = "time;sensor;value\n";
+    std::string copies[2];
+    for (int second = 10; second < 40; ++second) {
+        const std::string time = "2024-02-01 10:00:" + std::to_string(second);
+        for (int device = 0; device < 2; ++device) {
+            const std::string name = device == 0 ? "north 1/2" : "south";
+            interleaved += time + ";" + name + ";" + std::to_string(second + device) + "\n";
+            copies[device] += time + ".000000000|" + (device == 0 ? "\"north 1/2\"" : name) + "|" +
+                              std::to_string(second + device) + "\n";
+        }
+    }
+    const ProgramRun run;
+    run.Write("a.csv", interleaved);
+    const ProgramResult result = run({"prepare", "--language", "en", "a.csv", "-o", "out.csv"});
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    EXPECT_NE(result.Out.find("  devices   2, told apart by column 2; each has its own copy\n"),
+              std::string::npos)
+        << result.Out;
+    EXPECT_EQ(Shown(run.Folder.Read("out.north_1_2.csv")), "Time|sensor|value\n" + copies[0]);
+    EXPECT_EQ(Shown(run.Folder.Read("out.south.csv")), "Time|sensor|value\n" + copies[1]);
+    EXPECT_EQ(run.Folder.Names(), "a.csv out.north_1_2.csv out.south.csv");
+    EXPECT_EQ(run({"prepare", "a.csv", "-o", "out.csv"}).Status, 1) << "they are there already";
+}
+
 TEST(Prepare, IsReadByTheModule) {
     const ProgramRun run;
     run.Write("a.csv",
@@ -181,7 +209,6 @@ TEST(Prepare, RefusesWithReasonAndRemedy) {
          {"good.csv", "-o", "good.csv"},
          2,
          "good.csv: this file is read, and would be overwritten"},
-        {"itself by a link", {"good.csv", "-o", "link.csv", "--force"}, 2, "link.csv: leads to good.csv"},
         {"one copy of two files",
          {"good.csv", "kept.csv", "-o", "x.csv"},
          2,
@@ -199,7 +226,6 @@ TEST(Prepare, RefusesWithReasonAndRemedy) {
     run.Write("good.csv", "t [s];v\n1;1\n2;2\n3;3\n");
     run.Write("kept.csv", "t [s];v\n1;1\n2;2\n3;3\n");
     run.Write("kept.csv.prepared.csv", "mine");
-    std::filesystem::create_symlink("good.csv", run.Folder.NativePath("link.csv"));
     const std::string names = run.Folder.Names();
     for (const auto& c : cases) {
         SCOPED_TRACE(c.About);

@@ -42,6 +42,9 @@ TEST(PlanLabels, AreNamesDirectlyAboveTheTable) {
         {"0;1\n1;2\n2;3\n", "|"},
         // The mark of a comment is no name.
         {"# t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},
+        {"# columns: t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},
+        // Names that could be units, below another line.
+        {"\"2023-05-14\",\"10:00:00\"\nT,V,A\n0,1.5,2\n1,1.6,2\n2,1.7,2\n", "T|V|A, names 2"},
         // Trailing separators.
         {"Zeit;Druck;\n0;1;\n1;2;\n2;3;\n", "Zeit|Druck|, names 1"},
     };

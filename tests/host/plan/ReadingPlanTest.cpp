@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/plan/PlanKit.h"
+#include "kit/Workdir.h"
 
 namespace {
 
@@ -87,6 +88,18 @@ TEST(PlanTypes, AFewWordsAmongManyNumbersAreNoText) {
     EXPECT_EQ(counts.Type(false), ColumnType::Integer);
     for (int i = 0; i < 10; ++i) counts.Add(u"sensor error", u'.');
     EXPECT_EQ(counts.Type(false), ColumnType::Text);
+}
+
+TEST(ReadingPlan, BeginsBelowALongPreamble) {
+    std::string text;
+    for (int i = 0; i < 9000; ++i) text += "Event: nothing was heard of channel A today\n";
+    text += "t;v\n";
+    for (int i = 0; i < 5000; ++i) text += std::to_string(i) + ".5;" + std::to_string(i % 100) + "\n";
+    const Workdir folder;
+    const std::optional<ReadingPlan> plan = FindPlan(folder.Write("a.csv", text));
+    ASSERT_TRUE(plan);
+    EXPECT_EQ(plan->NamesLine, 9001U);
+    EXPECT_EQ(plan->FirstLine, 9002U);
 }
 
 TEST(ReadingPlan, KnowsDeclaredMissingValues) {

@@ -82,7 +82,8 @@ TEST(RowSorter, EndsWhenNoMoreRowsAreTaken) {
     for (const std::size_t mostBytes : {Unbounded, std::size_t{1}}) {
         SCOPED_TRACE(mostBytes);
         RowSorter sorter(mostBytes);
-        for (std::int64_t time = 5; time > 0; --time) sorter.Add(time, 1, "row");
+        for (std::int64_t time = 5; time > 0; --time)
+            sorter.Add(time, static_cast<std::uint64_t>(6 - time), "row");
         std::vector<std::int64_t> times;
         sorter.Finish([&](const SortedRow& row) {
             times.push_back(row.Time);

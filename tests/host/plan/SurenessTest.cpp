@@ -39,6 +39,10 @@ TEST(PlanSureness, FallsWithWhatSpeaksAgainstThePlan) {
         // Numbers.
         {"Time;v\n0.5;1\n1.5;2\n2.5;3\n3.5;4\n", Certainty::Uncertain, "the unit is not named"},
         {"run s;v\n0;1\n1;2\n2;3\n3;4\n", Certainty::Likely, "plain numbers may mean something else"},
+        // Clocks.
+        {"Time;v\n00:00;1\n00:05;2\n00:10;2\n00:15;2\n", Certainty::Likely,
+         "hours and minutes could be minutes and seconds"},
+        {"Time (mm:ss);v\n00:00;1\n00:05;2\n00:10;2\n00:15;2\n", Certainty::Certain, ""},
         // No times.
         {"A;B;C\n5;1;7\n4;9;7\n5;1;8\n4;1;8\n", Certainty::Uncertain,
          "nothing names the interval: it is an example"},

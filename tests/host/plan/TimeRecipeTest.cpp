@@ -8,6 +8,7 @@
 
 #include "host/plan/Cells.h"
 #include "host/plan/Durations.h"
+#include "host/plan/ExactProduct.h"
 #include "platform/framework/Text.h"
 
 namespace {

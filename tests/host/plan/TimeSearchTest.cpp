@@ -141,6 +141,8 @@ TEST(PlanTimes, AreNumbersThatCount) {
          "2024-01-31 12:00:0", "2024-01-31 18:00:0"},
         {"JD;v\n2460341.0;1\n2460341.25;2\n2460341.5;3\n", "Julian days in column 1 (\"JD\")",
          "2024-01-31 12:00:0", "2024-02-01 00:00:0"},
+        {"MJD;v\n60340.5;1\n60340.75;2\n60341.0;3\n", "modified Julian days in column 1 (\"MJD\")",
+         "2024-01-31 12:00:0", "2024-02-01 00:00:0"},
         {"Year: 2022\nDECDOY,v,w\n1.5,1,3\n1.75,2,3\n2.0,3,4\n", "days of the year in column 1 (\"DECDOY\")",
          "2022-01-01 12:00:0", "2022-01-02 00:00:0"},
     };
@@ -178,6 +180,13 @@ TEST(PlanTimes, AreClocksAndSpansWithoutADate) {
          "time of day without a date in column 1 (\"Uhrzeit\"), running over midnight", "86398", "86400"},
         {"Elapsed;v\n23:59:59;1\n24:00:00;1\n24:00:01;2\n", "elapsed time in column 1 (\"Elapsed\")", "86399",
          "86401"},
+        {"Time (mm:ss);v\n00:00;1\n00:05;2\n01:10;2\n", "elapsed time in column 1 (\"Time (mm:ss)\")", "0",
+         "70"},
+        {"Time (h:mm:ss);v\n0:00:00;1\n0:05:00;2\n0:10:00;2\n",
+         "time of day without a date in column 1 (\"Time (h:mm:ss)\")", "0", "600"},
+        // Hundredths in the third place.
+        {"Time;v\n00:59:75;1\n01:00:25;2\n01:00:75;2\n", "elapsed time in column 1 (\"Time\")", "59.75",
+         "60.75"},
         {"Time;v\n0d 00:00:01.5;1\n0d 00:00:02.5;2\n3d 00:00:03.5;2\n", "elapsed time in column 1 (\"Time\")",
          "1.5", "259203.5"},
         {"Time;v\n15:42:3:7;1\n15:42:3:46;2\n15:42:3:109;2\n",

@@ -1,4 +1,4 @@
-// --guess-time: what it proposes, how sure it is, and that the run uses it.
+// What is found of a file by itself, how sure that is, and that the run follows it.
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
@@ -11,62 +11,55 @@ using Json = nlohmann::ordered_json;
 
 struct GuessCase {
     const char* File;
-    const char* Format;  // that is proposed; empty for a fixed interval
+    const char* Format;  // of the settings; empty for a fixed interval or a copy
     const char* Certainty;
     const char* Objection;  // part of one, or empty if there must be none
-    std::size_t Count;      // samples of the first signal
+    std::size_t Count;      // samples of the last signal
     std::int64_t First;     // time of its first sample in seconds, -1 for relative time
 };
 
-TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
+TEST(Automatic, FollowsWhatTheRowsTell) {
     const GuessCase cases[] = {
         // The zone of these runs is an hour ahead of UTC.
         {"t;v\n01.02.2024 10:00:00;1\n13.02.2024 10:00:00;2\n14.02.2024 10:00:00;3\n15.02.2024 10:00:00;4\n",
-         "TT.MM.JJJJ hh:mm:ss,000", "certain", "", 4, 1706778000},
+         "TT.MM.JJJJ hh:mm:ss", "certain", "", 4, 1706778000},
         {"t,u,v\n2024-02-01,100000,1\n2024-02-01,100001,2\n2024-02-01,100002,2\n2024-02-01,100003,2\n",
-         "JJJJ-MM-TT, hhmmss", "likely", "plain numbers", 4, 1706778000},
+         "JJJJ-MM-TT,hhmmss", "certain", "", 4, 1706778000},
         // The day is the one that makes even steps, or the one above 12; or nothing tells.
         {"t,v\n09/01/2024 23:50,1\n10/01/2024 00:00,2\n10/01/2024 00:10,3\n10/01/2024 00:20,4\n",
          "TT/MM/JJJJ hh:mm", "likely", "distances", 4, 1704840600},
         {"t,v\n01/02/2024,1\n01/05/2024,2\n01/12/2024,3\n01/13/2024,4\n", "MM/TT/JJJJ", "certain", "", 4,
          1704150000},
         {"t,v\n01/02/2024 10:00,1\n01/02/2024 10:01,2\n01/02/2024 10:02,3\n01/02/2024 10:03,4\n",
-         "MM/TT/JJJJ hh:mm", "guess", "swapped", 4, 1704186000},
-        // Rows that an import loses.
-        {"t;v\n01.02.2024;1\n01.02.2024;2\n01.02.2024;3\n02.02.2024;4\n", "TT.MM.JJJJ", "likely", "repeat", 2,
+         "TT/MM/JJJJ hh:mm", "guess", "swapped", 4, 1706778000},
+        // Rows that an import loses, and rows that a copy puts in order.
+        {"t;v\n01.02.2024;1\n01.02.2024;2\n01.02.2024;3\n02.02.2024;4\n", "TT.MM.JJJJ", "guess", "repeat", 2,
          1706742000},
-        {"t;v\n04.02.2024;1\n03.02.2024;2\n02.02.2024;3\n01.02.2024;4\n", "TT.MM.JJJJ", "guess", "newest", 1,
-         1707001200},
-        {"t;v\n13.02.2024;1\n14.02.2024;2\n15.02.2024;3\nsum;6\n", "TT.MM.JJJJ", "likely", "line 5", 3,
+        {"t;v\n04.02.2024;1\n03.02.2024;2\n02.02.2024;3\n01.02.2024;4\n", "", "likely", "newest", 4,
+         1706742000},
+        {"t;v\n13.02.2024;1\n14.02.2024;2\n15.02.2024;3\nsum;6\n", "TT.MM.JJJJ", "guess", "without a time", 3,
          1707778800},
         // Numbers: the unit from the name, else from the size; or seconds since 1970.
         {"x;time [ms];v\na;0,5;1\na;0,75;2\na;1,25;3\na;2;4\n", "[ms],000", "certain", "", 4, -1},
-        {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n", "[s],000", "likely", "no unit", 3, -1},
-        {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs],000", "guess", "no unit", 3,
-         -1},
+        {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n", "[s],000", "guess", "unit is not named", 3, -1},
+        {"Stamp,v\n166064000,1\n166074000,2\n166074000,3\n166134000,4\n", "[µs]", "guess",
+         "unit is not named", 3, -1},
         {"t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n", "[s].000", "certain", "", 4,
          1706778000},
-        // Fractions beside a doubtful date.
-        {"elapsed,real,v\n0:00:00.1,01/06/2024 10:00:00,1\n0:00:01.2,01/06/2024 10:00:01,2\n"
-         "0:00:02.3,01/06/2024 10:00:02,3\n0:00:03.4,01/06/2024 10:00:03,4\n",
-         "hh:mm:ss.000", "certain", "", 4, -1},
         // Two times in a cell: the rows get the earlier.
         {"t,v\n2024-02-01 10:00 to 2024-02-01 11:00,1\n2024-02-01 11:00 to 2024-02-01 12:00,2\n"
          "2024-02-01 12:00 to 2024-02-01 13:00,3\n2024-02-01 13:00 to 2024-02-01 14:00,4\n",
-         "JJJJ-MM-TT hh:mm to JJJJ-MM-TT hh:mm", "certain", "two times", 4, 1706778000},
+         "", "certain", "", 4, 1706778000},
         // Times that no format reads, and none.
-        {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "", "likely",
-         "letter T", 3, 1706778000},
-        // On a day on which the clock is put forward: so long after midnight as a format would read it.
-        {"t;v\n2024-03-31T12:00:00;1\n2024-03-31T12:00:10;2\n2024-03-31T12:00:20;3\n", "", "likely",
-         "letter T", 3, 1711882800},
-        {"nm;v\n325;3\n326;2\n327;1\n", "", "guess", "no column", 3, -1},
+        {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "", "likely", "3 rows",
+         3, 1706778000},
+        {"nm;v\n325;3\n326;2\n327;1\n", "", "guess", "names the interval", 3, -1},
     };
     for (const GuessCase& c : cases) {
         SCOPED_TRACE(c.File);
         const ProgramRun run;
         run.Write("data.csv", c.File);
-        const ProgramResult result = run({"--guess-time", "--json", "--samples", "1", "data.csv"});
+        const ProgramResult result = run({"--json", "--samples", "1", "data.csv"});
         ASSERT_EQ(result.Status, 0) << result.Err;
         const Json document = Json::parse(result.Out);
         const Json& guess = document["guess"];
@@ -80,45 +73,53 @@ TEST(GuessTime, ProposesWhatTheRowsTellAndUsesIt) {
         const std::int64_t first = signal["samples"][0][0].get<std::int64_t>() / 1'000'000'000;
         constexpr std::int64_t RelativeStart = 315'529'200;
         EXPECT_EQ(first < 2 * RelativeStart ? -1 : first, c.First);
+        if (guess["settings"].empty()) continue;
         // The printed options alone do the same.
         std::vector<std::string> options = {"--json", "--samples", "1", "data.csv"};
         for (const auto& [key, value] : guess["settings"].items())
             options.insert(options.end(), {"--set", key + "=" + value.get<std::string>()});
+        for (const Json& column : guess["columns"]) {
+            const std::string number = std::to_string(column["column"].get<int>()) + "=";
+            for (const std::string key : {"type", "name", "unit"}) {
+                if (column.contains(key))
+                    options.insert(options.end(), {"--" + key, number + column[key].get<std::string>()});
+            }
+        }
         EXPECT_EQ(Json::parse(run(options).Out)["signals"].dump(), document["signals"].dump());
     }
 }
 
-TEST(GuessTime, StepsBackBehindWhatTheUserSet) {
+// What is chosen stays, and the rest is found: the table and the columns, but no other times.
+TEST(Automatic, StepsBackBehindWhatTheUserSet) {
     const ProgramRun run;
-    run.Write("data.csv", "t;v\n2024-02-01;1\n2024-02-02;2\n");
+    run.Write("data.csv", "note\nt;v\n2024-02-01;1\n2024-02-02;0\n");
     const std::string set = "TimestampFormat=JJJJ-TT-MM";
-    const Json document = Json::parse(run({"--guess-time", "--json", "--set", set, "data.csv"}).Out);
-    EXPECT_NE(document["guess"]["objections"].dump().find("stays as it was set"), std::string::npos);
+    const Json document = Json::parse(run({"--json", "--set", set, "data.csv"}).Out);
+    EXPECT_EQ(document["guess"]["settings"]["FirstLine"], "2");
+    EXPECT_FALSE(document["guess"]["settings"].contains("TimestampFormat"));
     EXPECT_EQ(document["signals"][0]["count"], 2) << "2 January lies a month behind 1 January";
-    EXPECT_FALSE(Json::parse(run({"--json", "data.csv"}).Out).contains("guess"));
-    EXPECT_EQ(run({"--save", "data.csv"}).Status, 2);
+    EXPECT_FALSE(Json::parse(run({"--no-guess", "--json", "data.csv"}).Out).contains("guess"));
+    const std::string table = "FirstLine=2";
+    const Json byTable = Json::parse(run({"--json", "--set", table, "data.csv"}).Out);
+    EXPECT_EQ(byTable["guess"]["settings"]["TimestampFormat"], "JJJJ-MM-TT") << byTable.dump();
 }
 
-// Seconds since 1970 need no correction in any zone, and the sidecar keeps what they count from.
-TEST(GuessTime, CountsFrom1970InUtc) {
+TEST(Automatic, CountsFrom1970InUtc) {
     const ProgramRun run;
     run.Write("data.csv", "t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n");
-    const Json first =
-        Json::parse(run({"--guess-time", "--save", "--json", "--samples", "1", "data.csv"}).Out);
-    EXPECT_EQ(
-        first["guess"]["settings"].dump(),
-        R"({"DateSetting":"1","StartDate":"0","TimeSetting":"0","TimeColumn":"1","TimestampFormat":"[s].000"})");
+    const Json first = Json::parse(run({"--save", "--json", "--samples", "1", "data.csv"}).Out);
+    EXPECT_EQ(first["guess"]["settings"]["StartDate"], "0");
     EXPECT_EQ(first["signals"][0]["samples"][0][0], 1706778000250000000);
     const Json later = Json::parse(run({"--json", "--samples", "1", "data.csv"}).Out);
     EXPECT_EQ(later["signals"].dump(), first["signals"].dump());
 }
 
 // With a header and without one the next run reads the same rows.
-TEST(GuessTime, SavedServesEveryLaterRun) {
+TEST(Automatic, SavedServesEveryLaterRun) {
     for (const char* const header : {"t;v\n", ""}) {
         const ProgramRun run;
         run.Write("data.csv", std::string(header) + "2024-02-01;1,5\n2024-02-02;2\n2024-02-03;2\n");
-        const Json first = Json::parse(run({"--guess-time", "--save", "--json", "data.csv"}).Out);
+        const Json first = Json::parse(run({"--save", "--json", "data.csv"}).Out);
         EXPECT_EQ(std::filesystem::path(first["guess"]["saved"].get<std::string>()).filename(),
                   "data.csv.info");
         const Json later = Json::parse(run({"--json", "data.csv"}).Out);
