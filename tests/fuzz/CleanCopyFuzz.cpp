@@ -4,6 +4,7 @@
 
 #include "fuzz/kit/PlannedFile.h"
 #include "host/plan/CleanCopy.h"
+#include "host/plan/ExactProduct.h"
 
 namespace {
 using namespace kelvarin::plan;
