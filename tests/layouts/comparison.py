@@ -63,7 +63,7 @@ def judged(wanted, outcome):
     by_column = {signal.column: signal for signal in outcome.signals}
     for column in wanted["columns"]:
         if column["type"]:
-            yield column["name"] or f"column {column['column']}", column, by_column.get(column["column"])
+            yield column["name"].strip() or f"column {column['column']}", column, by_column.get(column["column"])
 
 
 def faults_of(column, signal, lost):
@@ -71,7 +71,7 @@ def faults_of(column, signal, lost):
     if not signal:
         return ["missing"]
     faults = []
-    if column["name"] and not same_name(column, signal):
+    if column["name"].strip() and not same_name(column, signal):
         faults.append(f"named {signal.name!r}")
     if signal.type not in GOOD_TYPES.get(column["type"], {column["type"]}):
         return faults + [f"{signal.type} instead of {column['type']}"]
