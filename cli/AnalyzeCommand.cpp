@@ -25,7 +25,7 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const R
     if (common.Json) {
         WriteAnalyzeJson(std::cout, file, analyzed, session.Filter(), reading.Guess());
     } else if (analyzed) {
-        WriteFormatText(std::cout, file, session.Filter());
+        WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
         if (reading.Guess() != nullptr) WriteGuessText(std::cout, *reading.Guess());
     }
     const int status = analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));

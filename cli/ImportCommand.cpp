@@ -71,15 +71,19 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, const
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
-               const RunResult& result, const HostSession& session, const guess::TimeGuess* guess) {
+               const RunResult& result, const HostSession& session, FileReading& reading) {
     if (!result.Begun) return;
+    const guess::TimeGuess* const guess = reading.Guess();
+    if (CountSamples(session.Device()) == 0)
+        ReportStream(std::cout) << Styled(Style::Warning, Phrase("{}: not one sample is stored", file))
+                                << "\n";
     std::string advice;
     const bool readsTime = ReadingOf(session.Filter()).TimeSetting == TimeFromColumn;
     // A lone column of times gives no signal, and no message either.
     const bool hasReason = !session.Messages().IsEmpty();
     if (LostEveryRow(result, session.Device()) && readsTime && hasReason && guess == nullptr)
         advice = RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(session.Filter())));
-    WriteFormatText(std::cout, file, session.Filter());
+    WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
     if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);
 }
@@ -181,7 +185,7 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     if (common.Json) {
         WriteImportJson(std::cout, file, result, *session, options.Samples, reading.Guess());
     } else {
-        WriteText(module, file, path, result, *session, reading.Guess());
+        WriteText(module, file, path, result, *session, reading);
     }
     int status = WorseStatus(reading.WithComplaints(ExitDone), Finish(file, reason));
     if (result.Interrupted) return {ExitInterrupted, samples};

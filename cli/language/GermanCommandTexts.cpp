@@ -240,6 +240,7 @@ constexpr Translation Texts[] = {
     {"there is no column '{}'", "es gibt keine Spalte '{}'"},
     {"no clean copy could be made: {}", "es konnte keine bereinigte Kopie gemacht werden: {}"},
     {"assumed", "angenommen"},
+    {"{}: not one sample is stored", "{}: kein einziges Sample ist gespeichert"},
     {"as options: {}", "als Optionen: {}"},
     {"{} more options for single columns; --save keeps all",
      "{} weitere Optionen für einzelne Spalten; --save legt alles ab"},

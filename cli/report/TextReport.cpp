@@ -6,6 +6,7 @@
 #include "host/Reading.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
+#include "host/plan/AutomaticReading.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -113,18 +114,24 @@ void WriteMessages(ReportStream out, const MessageList& messages) {
 }
 }  // namespace
 
-void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter) {
+void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter,
+                     const plan::AutomaticReading& reading) {
     out << Styled(Style::Heading, file) << "\n";
     if (SettingsOf(filter) == nullptr) return;
-    out << ReportLabel(Phrase("format")) << FormatInWords(ReadingOf(filter)) << "\n";
+    // The format of a copy says nothing of the file, and its last column is the host's.
+    const plan::ReadingPlan* const copied = reading.Copy() == nullptr ? nullptr : reading.Plan();
+    if (copied == nullptr) out << ReportLabel(Phrase("format")) << FormatInWords(ReadingOf(filter)) << "\n";
     out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
-    const std::vector<ColumnSummary> columns = SummarizeColumns(filter, MostColumnsShown);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        const ColumnSummary& column = columns[i];
-        table.AddRow({std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      column.IsTimestamp ? Phrase("timestamp") : DataTypeInWords(column.Type),
+    std::vector<ColumnSummary> columns = SummarizeColumns(filter, MostColumnsShown);
+    if (copied != nullptr && columns.size() > copied->Columns.size()) columns.pop_back();
+    for (const ColumnSummary& column : columns) {
+        const bool isTime =
+            column.IsTimestamp ||
+            (copied != nullptr && copied->Columns[static_cast<std::size_t>(column.Index)].IsTime);
+        table.AddRow({std::to_string(column.Index + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
+                      isTime ? Phrase("timestamp") : DataTypeInWords(column.Type),
                       HasUnit(column) ? UnitText(column.Unit) : std::string()});
     }
     table.Write(out, "    ");

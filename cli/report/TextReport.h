@@ -8,7 +8,8 @@
 
 namespace kelvarin::cli {
 // The detected format in words and the columns, as far as the filter shows its settings.
-void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter);
+void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter,
+                     const plan::AutomaticReading& reading);
 
 // The signals with their samples, the time they span and the messages. `advice` is a line about what to do
 // next, or empty.

@@ -3,6 +3,8 @@
 #include "host/plan/AutomaticReading.h"
 
 #include <algorithm>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "contract/TableReader.h"
@@ -13,7 +15,9 @@
 #include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/File.h"
+#include "platform/framework/FormatText.h"
 #include "platform/framework/Text.h"
+#include "resources/ResourceIds.h"
 
 namespace kelvarin::plan {
 namespace {
@@ -65,12 +69,7 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     AreTimesChosen = settled.Times || isAnyChosen(TimeKeys);
     HasTableAlone = !Options.IsOff && !settled.All && settled.Table && !AreTimesChosen;
     if (!Options.IsOff && (Options.ColumnsOnly || (!settled.All && !settled.Table))) {
-        try {
-            Found = FindPlan(path);
-        } catch (CFileException* failure) {
-            Unread = Utf16ToUtf8(DescribeFileError(*failure));
-            failure->Delete();
-        }
+        Look();
     }
     if (Found && Options.ColumnsOnly) {
         ChooseColumns();
@@ -79,6 +78,19 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     }
     if (!Options.IsOff && !Found) Columns = sidecar::ReadColumns(path);
     ApplyWishes();
+}
+
+void AutomaticReading::Look() {
+    try {
+        Found = FindPlan(Source);
+    } catch (CFileException* failure) {
+        Unread = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+    } catch (const std::bad_alloc&) {
+        // A line of the file is too large for this process: an import says so.
+    } catch (const std::length_error&) {
+        // The same.
+    }
 }
 
 bool AutomaticReading::IsChosen(const std::string& key) const {
@@ -128,6 +140,7 @@ void AutomaticReading::MakeCopy() {
         Found->Columns[i].Type = result.Types[i];
     for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
     ChooseColumns();
+    NameColumns();
     const std::size_t timeColumn = Found->Columns.size();
     Columns.push_back({static_cast<int>(timeColumn), {}, {}, 0, false});
     SettingList settings = {{"AutoFormat", "0"},    {"Separator", std::to_string(SeparatorTab)},
@@ -151,6 +164,14 @@ void AutomaticReading::ChooseColumns() {
         const PlannedColumn& column = Found->Columns[i];
         const bool isTime = column.IsTime && !AreTimesChosen;
         Columns.push_back({static_cast<int>(i), column.Name, column.Unit, ModuleTypeOf(column), !isTime});
+    }
+}
+
+// As the module names a column that has no name in the file: by its number.
+void AutomaticReading::NameColumns() {
+    const std::vector<std::u16string> names = Module.ResourceItems(IdColumnName);
+    for (ColumnChoice& choice : Columns) {
+        if (choice.Name.empty() && !names.empty()) choice.Name = FormatText(names.front(), choice.Column + 1);
     }
 }
 
@@ -182,18 +203,27 @@ void AutomaticReading::ApplyWishes() {
         auto column = std::find_if(Columns.begin(), Columns.end(), [&](const ColumnChoice& choice) {
             return isNumber ? choice.Column == number - 1 : choice.Name == wish.Column;
         });
-        if (column == Columns.end()) {
-            if (!isNumber) {
-                Unknown.push_back(wish.Column);
-                continue;
-            }
-            column = Columns.insert(Columns.end(), ColumnChoice{number - 1, {}, {}, 0, true});
+        if (column == Columns.end() && !isNumber) number = NumberOf(wish.Column);
+        if (column == Columns.end() && number == 0) {
+            Unknown.push_back(wish.Column);
+            continue;
         }
+        if (column == Columns.end())
+            column = Columns.insert(Columns.end(), ColumnChoice{number - 1, {}, {}, 0, true});
         if (wish.Name) column->Name = *wish.Name;
         if (wish.Unit) column->Unit = *wish.Unit;
         if (wish.Type != 0) column->Type = wish.Type;
         if (wish.Skip) column->Import = false;
     }
+}
+
+int AutomaticReading::NumberOf(const std::u16string& name) const {
+    const auto filter = Module.MakeFilter(ReadPath);
+    filter->AnalyzeFile();
+    for (const ColumnSummary& column : SummarizeColumns(*filter)) {
+        if (column.Name == name) return column.Index + 1;
+    }
+    return 0;
 }
 
 void AutomaticReading::Guide(CImportFilter& filter) {

@@ -96,10 +96,14 @@ class AutomaticReading : private IReadingGuide {
     bool IsMissing(int column, const char16_t* cell) override;
     bool IsNoRow(const DroppedRow& row) override;
     bool AreLossesAvoidable() const;
+    void Look();
+    int NumberOf(
+        const std::u16string& name) const;  // of a column, from 1, as the module names it; 0 for none
     void FollowDirectly();
     void MakeCopy();
     void Follow(SettingList settings);
     void ChooseColumns();
+    void NameColumns();
     void ApplyWishes();
     bool IsChosen(const std::string& key) const;
 

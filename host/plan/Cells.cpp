@@ -10,6 +10,8 @@
 
 namespace kelvarin::plan {
 namespace {
+constexpr std::size_t LongestUnit = 8;
+
 bool IsSeparatorAt(const Cut& how, char16_t c) {
     return c == how.Separator || (how.Merges && how.Separator == u' ' && c == u'\t');
 }
@@ -79,6 +81,11 @@ std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     const std::size_t end = ExponentEnd(cell, at);
     look.HasExponent = end != at;
     return end;
+}
+
+// Not the stroke of "1/min" or the colon of "1:2".
+bool BeginsUnit(char16_t c) {
+    return IsLetter(c) || std::u16string_view(u"%°‰ΩÅ").find(c) != std::u16string_view::npos;
 }
 
 bool LooksLikeTime(std::u16string_view cell) {
@@ -204,10 +211,9 @@ std::optional<Amount> AmountIn(std::u16string_view cell) {
     if (at == begin || at == cell.size()) return std::nullopt;
     number += cell.substr(begin, at - begin);
     const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
-    constexpr std::size_t LongestUnit = 8;
     if (unit.empty() || unit.size() > LongestUnit || unit.find(u' ') != unit.npos) return std::nullopt;
-    const bool isUnit = IsLetter(unit[0]) || std::u16string_view(u"%°‰ΩÅ").find(unit[0]) != unit.npos;
-    return isUnit ? std::optional(Amount{std::move(number), std::u16string(unit)}) : std::nullopt;
+    return BeginsUnit(unit[0]) ? std::optional(Amount{std::move(number), std::u16string(unit)})
+                               : std::nullopt;
 }
 
 double ValueOf(std::u16string_view number, const NumberLook& look) {
@@ -229,7 +235,8 @@ CellKind KindOf(std::u16string_view cell) {
     if (end != 0) {
         // A value and its unit; more words are a text that begins with a number.
         const std::u16string_view rest = TrimWhiteSpace(cell.substr(end));
-        if (rest.size() <= 8 && rest.find(u' ') == rest.npos) return CellKind::Amount;
+        if (rest.size() <= LongestUnit && rest.find(u' ') == rest.npos && BeginsUnit(rest[0]))
+            return CellKind::Amount;
     }
     return CellKind::Word;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "host/plan/Durations.h"
 #include "host/plan/TimeNames.h"
 #include "platform/framework/Text.h"
 
@@ -113,6 +114,19 @@ bool IsSteadier(const TriedStyle& a, const TriedStyle& b) {
     return 2 * spanA < spanB;
 }
 
+// Without any custom: the order that makes the dates the latest by years, since most files are of these
+// years; digits without marks rather begin with the year.
+std::optional<DateOrder> LikelyOrder(const std::vector<TriedStyle>& tried, const TextList& texts) {
+    constexpr std::int64_t ManyYears = 5 * 366 * DayLength;
+    constexpr std::int64_t FirstYears = 61 * 366 * DayLength;  // none is in the future
+    const TriedStyle* latest = &tried.front();
+    for (const TriedStyle& one : tried) {
+        if (one.Trial.Last < FirstYears && one.Trial.Last > latest->Trial.Last + ManyYears) latest = &one;
+    }
+    if (latest != &tried.front()) return latest->Style.Order;
+    return AreBareDigits(texts) ? std::optional(DateOrder::YearFirst) : std::nullopt;
+}
+
 // The style that makes the rows follow each other best; the first of those as good.
 DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
                       const std::vector<std::size_t>& columns, const TextList& texts) {
@@ -123,8 +137,8 @@ DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
         recipe.IsAbsolute = true;
         one.Trial = Try(recipe, rows);
     }
-    std::optional<DateOrder> custom = CustomOf(texts);
-    const std::optional<DateOrder> first = !custom && AreBareDigits(texts) ? DateOrder::YearFirst : custom;
+    const std::optional<DateOrder> custom = CustomOf(texts);
+    const std::optional<DateOrder> first = custom ? custom : LikelyOrder(tried, texts);
     std::stable_partition(tried.begin(), tried.end(),
                           [&](const TriedStyle& one) { return one.Style.Order == first; });
     std::stable_sort(tried.begin(), tried.end(), IsSteadier);

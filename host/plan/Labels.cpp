@@ -87,6 +87,14 @@ bool IsUnlikeRows(const RowShape& shape, const FoundTable& table) {
     return values == 0 || words >= values || (values == 1 && words > 0);
 }
 
+// True for a line with a date or a clock among words: "Begin Triggerblock Thu May 4 10:00:00 2023". Names may
+// all be clocks.
+bool IsSaidOfATime(const RowShape& shape) {
+    const auto times =
+        static_cast<std::size_t>(std::count(shape.Kinds.begin(), shape.Kinds.end(), CellKind::Time));
+    return times > 0 && 2 * times < shape.Filled;
+}
+
 // Units and types repeat and leave cells empty, names don't: of the lines nearly as rich in different texts
 // as the richest, the lowest that isn't one of units.
 const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& table) {
@@ -103,7 +111,7 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         const bool isAboveUnits =
             &line != lines.data() && IsUnitsLine(*(&line - 1)) && shape.Kind(0) == CellKind::Word;
         const bool isNumbers = 2 * shape.Numbers > shape.Filled && shape.Filled > 2;
-        if (5 * line.Different < 4 * richest || IsUnitsLine(line)) continue;
+        if (5 * line.Different < 4 * richest || IsUnitsLine(line) || IsSaidOfATime(shape)) continue;
         if (anyFits && line.Cells.size() != table.Width && line.Cells.size() + 1 != table.Width) continue;
         // Units below names: as many cells, and none of the names is a unit.
         const LabelLine* const above = &line + 1;
@@ -129,7 +137,7 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         return &lines.front();
     if (lines.size() != 1 || lines.front().Filled == 0) return nullptr;
     const RowShape& only = table.Shapes[lines.front().Index];
-    return 2 * only.Numbers > only.Filled ? nullptr : &lines.front();
+    return 2 * only.Numbers > only.Filled || IsSaidOfATime(only) ? nullptr : &lines.front();
 }
 }  // namespace
 
@@ -143,6 +151,9 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
                (IsUnitsLine(line) || (names != nullptr && &line < names && line.Units >= 2));
     });
     for (const LabelLine& line : lines) {
+        // A key and its value above the names say nothing of a column.
+        const RowShape& shape = table.Shapes[line.Index];
+        if (names != nullptr && line.Index < names->Index && shape.Numbers + shape.Values > 0) continue;
         for (std::size_t i = 0; i < std::min(line.Cells.size(), table.Width); ++i) {
             if (!line.Cells[i].empty()) labels.Columns[i].All.push_back(line.Cells[i]);
         }

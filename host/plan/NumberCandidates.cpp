@@ -120,8 +120,9 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
     const std::int64_t counted = step / Second;
     if (Clues.Interval && counted > 0 && *Clues.Interval % counted == 0 && !column.HasFractions) {
         times->Recipe.Unit = *Clues.Interval / counted;
-    } else if (step >= 1000 * Second && column.First >= 1e7) {
-        // Numbers in the tens of millions that rise by thousands are microseconds, of a bus trace.
+    } else if (!column.HasFractions &&
+               (step >= 100'000 * Second || (step >= 1000 * Second && column.First >= 1e7))) {
+        // Numbers that rise by hundred thousands, or in the tens of millions by thousands, are microseconds.
         times->Recipe.Unit = 1000;
     } else if (step > Second && !column.HasFractions) {
         times->Recipe.Unit = Millisecond;

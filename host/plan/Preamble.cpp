@@ -82,6 +82,19 @@ std::optional<std::int64_t> IntervalIn(std::u16string_view line) {
     }
     return std::nullopt;
 }
+// "Interval [ms];250": the unit is in brackets before the number.
+std::optional<std::int64_t> IntervalAfterUnit(std::u16string_view line) {
+    const std::size_t end = line.find_first_of(u"])");
+    if (end == line.npos) return std::nullopt;
+    const std::int64_t unit = UnitOfTime(UnitInName(line.substr(0, end + 1)));
+    const std::size_t begin = line.find_first_of(u"0123456789", end);
+    if (unit == 0 || begin == line.npos) return std::nullopt;
+    std::u16string_view number = line.substr(begin);
+    number = number.substr(0, number.find_first_not_of(u"0123456789."));
+    const std::optional<std::int64_t> interval = ExactProduct(number, unit, u'.');
+    return interval && *interval > 0 ? interval : std::nullopt;
+}
+
 // Four digits on their own.
 std::optional<int> YearIn(std::u16string_view line) {
     for (std::size_t at = 0; at + 4 <= line.size(); ++at) {
@@ -153,7 +166,10 @@ PreambleClues ReadPreamble(const FileSample& sample, const FoundTable& table) {
                 bestRank = rank;
             }
         }
-        if (!clues.Interval && IsOfInterval(low)) clues.Interval = IntervalIn(line);
+        if (!clues.Interval && IsOfInterval(low)) {
+            clues.Interval = IntervalIn(line);
+            if (!clues.Interval) clues.Interval = IntervalAfterUnit(line);
+        }
         if (!clues.Year) clues.Year = YearIn(line);
         if (!clues.TimeUnit) clues.TimeUnit = TimeUnitIn(line);
         if (clues.Missing.empty()) clues.Missing = MissingIn(line, low);

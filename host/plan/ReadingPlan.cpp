@@ -9,10 +9,10 @@
 
 namespace kelvarin::plan {
 namespace {
-// The decimal mark of a file. A comma that separates cells is none; else a cell with both marks tells, or the
-// mark that most decimal numbers have, those before exactly three digits left aside.
+// The decimal mark of a file: that of most decimal numbers, where those before exactly three digits count for
+// little. Between commas, where numbers with a comma are in quotes, they count for nothing.
 char16_t MarkOf(const Cut& how, const TableRows& rows) {
-    if (how.Separator == u',') return u'.';
+    constexpr std::size_t Sure = 1000;
     std::size_t commas = 0;
     std::size_t points = 0;
     for (const auto& row : rows.Cells) {
@@ -22,10 +22,11 @@ char16_t MarkOf(const Cut& how, const TableRows& rows) {
             const std::optional<NumberLook> look = LookAtNumber(number);
             if (!look || look->Mark == u'\0') continue;
             const bool isDoubtful = look->Thousands == u'\0' && number.size() - number.find(look->Mark) == 4;
-            (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : 1000;
+            (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : Sure;
         }
     }
-    return commas > points ? u',' : u'.';
+    const bool isComma = commas > points && (how.Separator != u',' || commas >= Sure);
+    return isComma ? u',' : u'.';
 }
 
 bool Reads(const TimeRecipe& recipe, std::size_t column) {

@@ -112,6 +112,7 @@ std::u16string_view UnitInLastWord(std::u16string_view name) {
     const bool isWord = unit.size() > 1 && std::all_of(unit.begin(), unit.end(),
                                                        [](char16_t c) { return c >= u'a' && c <= u'z'; });
     if (!IsUnit(unit) || (!isAfterLine && (isWord || unit.size() == 1))) return {};
+    if (IsListed(u"min max in t", unit)) return {};  // "temp_min" is the lowest
     const bool isTemperature = unit == u"C" && Lowered(name).find(u"temp") != name.npos;
     return isTemperature || !MayBeName(unit, name.substr(0, mark)) ? unit : std::u16string_view();
 }

@@ -108,6 +108,8 @@ TEST(PlanCells, LookLikeWhatPeopleSee) {
         {"OFF", "truth"},
         {"closed", "truth"},
         {"10 green bottles", "word"},
+        {"1/min", "word"},
+        {"5/8", "word"},
         {"Druck", "word"},
         {"V", "word"},
         {"1.2.3 beta", "word"},

@@ -59,6 +59,8 @@ TEST(PlanLabels, StandAboveRowsOfUnitsKindsAndNumbers) {
          "Zeit{s}|Druck{bar}|Strom{mA}, names 1, units 2"},
         {"Time;A;B;C\ns;V;V;\n;Avg;Avg;Smp\n0;1;2;3\n1;2;2;3\n2;3;2;3\n",
          "Time{s}|A{V}|B{V}|C, names 1, units 2"},
+        {"Time;Speed;v\n;1/min;km/h\n0;800;2\n1;801;2\n2;802;2\n",
+         "Time|Speed{1/min}|v{km/h}, names 1, units 2"},
         {"s;V;V\nTime;A;B\n0;1;2\n1;2;2\n2;3;2\n", "Time{s}|A{V}|B{V}, names 2, units 1"},
         // The names of the channels of an oscilloscope are numbers.
         {"x-axis,1,2\nsecond,Volt,Volt\n-1e-3,0.5,0.1\n0,0.6,0.2\n1e-3,0.7,0.3\n",
@@ -73,6 +75,12 @@ TEST(PlanLabels, AreNotThePreamble) {
         {"Today's weather;;;;\nt;a;b;c;d\n0;1;2;3;4\n1;1;2;3;4\n2;1;2;3;4\n", "t|a|b|c|d, names 2"},
         // Neither is a line that is drawn.
         {"t  p   n\n-- -- --\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "t|p|n, names 1"},
+        // Words around a time, but not names that are times.
+        {"Begin of block Thu 10:00:00 2023\n0.0012 1 38 Rx d 8 74\n0.0055 1 15 Rx d 8 04\n0.0124 2 28 Rx d 8 "
+         "80\n",
+         "||||||"},
+        {"Datum;00:00;00:15;00:30\n01.01.2024;1,5;2;3\n02.01.2024;1,6;2;3\n03.01.2024;1,7;2;3\n",
+         "Datum|00:00|00:15|00:30, names 1"},
         // Numbers above numbers are no names.
         {"Ridge\n41.520  -103.411 1377 m version 1\n1 2 3 4 5 6 7 8 9\n2 2 3 4 5 6 7 8 9\n3 2 3 4 5 6 7 8 "
          "9\n",

@@ -156,6 +156,8 @@ TEST(ReadingPlan, HoldsColumnsOfAllKinds) {
         {"t;p [bar];n;s\n10:00:00;1,5;0;run\n10:00:01;1,6;5;stop\n10:00:02;1,7;1;run\n",
          "t time|p [bar] {bar} float|n integer|s text mark ,"},
         {"t,v\n10:00:00,1.528\n10:00:01,1.6\n10:00:02,1.75\n", "t time|v float mark ."},
+        {"t,v\n10:00:00,\"12,71\"\n10:00:01,\"12,5\"\n10:00:02,\"13,25\"\n", "t time|v float mark ,"},
+        {"t,v\n10:00:00,\"1,271\"\n10:00:01,\"12,500\"\n10:00:02,\"13,250\"\n", "t time|v integer mark ."},
         // A unit in each cell.
         {"t;U\n10:00:00;57,9 mV\n10:00:01;85,4 mV\n10:00:02;88,2 mV\n", "t time|U {mV} float mark ,"},
         // A column with a unit counts, though it is 0 and 1.

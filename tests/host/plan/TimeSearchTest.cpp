@@ -79,6 +79,10 @@ TEST(PlanTimes, AreDatesAndClocksInOneColumnOrTwo) {
          "2023;13.50.00;7,07\n",
          "date and time in column 1 (\"Datum\"), column 2 (\"Tid\")", "2023-04-28 13:00:0",
          "2023-04-28 13:50:0"},
+        // The order whose year is one of these.
+        {"Date;Time;v\n23-05-14;10:00;1\n23-05-14;10:01;2\n23-05-14;10:02;3\n",
+         "date and time in column 1 (\"Date\"), column 2 (\"Time\"), year before month and day",
+         "2023-05-14 10:00:0", "2023-05-14 10:02:0"},
         // Digits without marks.
         {"DATE,TIME,v\n230905,235207,1\n230905,235208,2\n230905,235209,3\n",
          "date and time in column 1 (\"DATE\"), column 2 (\"TIME\"), year before month and day",

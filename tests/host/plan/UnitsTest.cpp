@@ -58,6 +58,7 @@ TEST(PlanUnits, StandAtTheEndOfNames) {
         {"Phase_C", ""},
         {"Sensor A", ""},
         {"Side bar", ""},
+        {"temp_min", ""},
         {"Druck", ""},
         {"Druck (innen)", ""},
         {"Druck [5]", ""},
