@@ -82,7 +82,7 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         Prefixed += isPrefixed;
         Letters += !std::all_of(digits.begin(), digits.end(), IsDigit);
         for (std::size_t place = 0; place < digits.size(); ++place)
-            (IsDigit(digits.rbegin()[place]) ? DigitPlaces : LetterPlaces) |= 1u << place;
+            (IsDigit(digits[digits.size() - 1 - place]) ? DigitPlaces : LetterPlaces) |= 1u << place;
     }
     if (plain.Digits != 0) {
         AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark);
