@@ -12,6 +12,7 @@
 #include "cli/report/JsonReport.h"
 #include "cli/report/Options.h"
 #include "cli/report/TextLayout.h"
+#include "cli/report/TextReport.h"
 #include "host/HostSession.h"
 #include "host/SourceFiles.h"
 #include "host/explain/Explanation.h"
@@ -221,6 +222,12 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const R
     HostSession session(module, path, std::move(run));
     record.ListenTo(session.Filter());
     if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(session.Filter(), path));
+    // The module's decisions about a copy say nothing of the file.
+    if (reading.Automatic()->Copy() != nullptr && !common.Json) {
+        WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
+        WriteGuessText(std::cout, *reading.Guess());
+        return reading.WithComplaints(ExitDone);
+    }
     const explain::Explanation explanation =
         explain::Explain(module, reading.Automatic()->Path(), session.Filter(), record);
     if (common.Json) {

@@ -197,19 +197,20 @@ std::vector<ColumnChoice> AutomaticReading::ColumnsToPin() const {
 }
 
 void AutomaticReading::ApplyWishes() {
-    for (const ColumnWish& wish : Options.Wishes) {
-        int number = 0;
-        const bool isNumber = ParseWhole(Utf16ToUtf8(wish.Column), number) && number > 0;
-        auto column = std::find_if(Columns.begin(), Columns.end(), [&](const ColumnChoice& choice) {
-            return isNumber ? choice.Column == number - 1 : choice.Name == wish.Column;
-        });
-        if (column == Columns.end() && !isNumber) number = NumberOf(wish.Column);
-        if (column == Columns.end() && number == 0) {
+    // The names are those of the file, whatever a wish makes of them.
+    std::vector<int> numbers;
+    for (const ColumnWish& wish : Options.Wishes) numbers.push_back(NumberOf(wish.Column));
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const ColumnWish& wish = Options.Wishes[i];
+        if (numbers[i] == 0) {
             Unknown.push_back(wish.Column);
             continue;
         }
+        const int index = numbers[i] - 1;
+        auto column = std::find_if(Columns.begin(), Columns.end(),
+                                   [index](const ColumnChoice& choice) { return choice.Column == index; });
         if (column == Columns.end())
-            column = Columns.insert(Columns.end(), ColumnChoice{number - 1, {}, {}, 0, true});
+            column = Columns.insert(Columns.end(), ColumnChoice{index, {}, {}, 0, true});
         if (wish.Name) column->Name = *wish.Name;
         if (wish.Unit) column->Unit = *wish.Unit;
         if (wish.Type != 0) column->Type = wish.Type;
@@ -218,6 +219,11 @@ void AutomaticReading::ApplyWishes() {
 }
 
 int AutomaticReading::NumberOf(const std::u16string& name) const {
+    int number = 0;
+    if (ParseWhole(Utf16ToUtf8(name), number) && number > 0) return number;
+    for (const ColumnChoice& choice : Columns) {
+        if (choice.Name == name) return choice.Column + 1;
+    }
     const auto filter = Module.MakeFilter(ReadPath);
     filter->AnalyzeFile();
     for (const ColumnSummary& column : SummarizeColumns(*filter)) {

@@ -5,8 +5,11 @@
 #include <filesystem>
 
 #include "host/language/Phrase.h"
+#include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/ProfileStore.h"
+#include "platform/framework/ProfileText.h"
+#include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
 #include "settings/DataType.h"
 
@@ -52,18 +55,24 @@ std::string SaveColumns(const std::u16string& source, const std::vector<ColumnCh
     std::error_code ignored;
     if (std::filesystem::exists(std::filesystem::symlink_status(PathForStream(path), ignored)))
         return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(path)));
-    const auto store = OpenProfileFile(path);
-    store->BeginWrites();
+    ProfileText text({});
     std::int32_t highest = 0;
     for (const ColumnChoice& choice : columns) {
-        const std::u16string section = SectionOf(choice.Column + 1);
+        const std::string section = Utf16ToUtf8(SectionOf(choice.Column + 1));
         highest = std::max(highest, choice.Column + 1);
-        if (!choice.Name.empty()) store->WriteText(section, u"Name", choice.Name);
-        if (!choice.Unit.empty()) store->WriteText(section, u"Unit", choice.Unit);
-        if (choice.Type != 0) store->WriteInt(section, u"Type", choice.Type);
-        if (!choice.Import) store->WriteInt(section, u"Import", 0);
+        if (!choice.Name.empty()) text.Set(section, "Name", QuoteProfileText(choice.Name));
+        if (!choice.Unit.empty()) text.Set(section, "Unit", QuoteProfileText(choice.Unit));
+        if (choice.Type != 0) text.Set(section, "Type", std::to_string(choice.Type));
+        if (!choice.Import) text.Set(section, "Import", "0");
     }
-    store->WriteInt(Table, Highest, highest);
-    return store->EndWrites() ? std::string() : Utf16ToUtf8(store->WriteFailure());
+    text.Set(Utf16ToUtf8(Table), Utf16ToUtf8(Highest), std::to_string(highest));
+    try {
+        ReplaceFile(path, text.ToBytes());
+    } catch (CFileException* failure) {
+        const std::string reason = Utf16ToUtf8(DescribeFileError(*failure));
+        failure->Delete();
+        return reason;
+    }
+    return {};
 }
 }  // namespace kelvarin::sidecar

@@ -132,4 +132,108 @@ TEST(Automatic, SavedServesEveryLaterRun) {
     }
 }
 
+// A file whose time fits no format, with an empty cell, a marker and a unit in a name.
+constexpr const char* Logger =
+    "Logger 7\n"
+    "Zeit;Druck [bar];Zustand;Ventil\n"
+    "2024-02-01T10:00:02;1,5;a;0\n"
+    "2024-02-01T10:00:00;;b;1\n"
+    "2024-02-01T10:00:01;n/a;c;7\n";
+
+// Line by line: symbol, unit, type and samples.
+std::string SignalsOf(const std::string& document) {
+    std::string lines;
+    const Json parsed = Json::parse(document);
+    for (const Json& signal : parsed["signals"]) {
+        lines += signal["symbol"].get<std::string>() + "|" + signal["unit"].get<std::string>() + "|" +
+                 signal["type"].dump();
+        for (const Json& sample : signal["samples"]) lines += "|" + sample[1].dump();
+        lines += "\n";
+    }
+    return lines;
+}
+
+TEST(Automatic, ReadsACopyWhereNoSettingsDo) {
+    const ProgramRun run;
+    run.Write("data.csv", Logger);
+    const ProgramResult result = run({"--json", "--samples", "all", "data.csv"});
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    EXPECT_EQ(SignalsOf(result.Out),
+              "Druck [bar]|bar|13|null|null|1.5\n"
+              "Zustand||19|98|99|97\n"
+              "Ventil||15|1|7|0\n");
+    const Json document = Json::parse(result.Out);
+    EXPECT_EQ(document["device"]["name"], "data.csv");
+    EXPECT_EQ(document["guess"]["settings"].dump(), "{}");
+    EXPECT_EQ(document["guess"]["assumed"].back()["kind"], "copy");
+    EXPECT_EQ(run.Folder.Names(), "data.csv");
+    // Nothing of it can be kept in a sidecar.
+    const ProgramResult saved = run({"--save", "data.csv"});
+    EXPECT_EQ(saved.Status, 1);
+    EXPECT_NE(saved.Err.find("no sidecar can say"), std::string::npos) << saved.Err;
+}
+
+// Numbers of lines are those of the file, also where the copy has others.
+TEST(Automatic, NamesTheLinesOfTheFile) {
+    const ProgramRun run;
+    std::string file = "t,v\n";
+    for (int i = 0; i < 40; ++i) file += "2024-02-01T10:00:" + std::to_string(59 - i) + ",1.5\n";
+    file += "2024-02-01T10:00:10,?!\n2024-02-01T10:00:59,2\n";
+    run.Write("data.csv", file);
+    const Json checked = Json::parse(run({"check", "--json", "data.csv"}).Out);
+    EXPECT_EQ(checked["columns"][0]["refused"]["first"][0]["line"], 42) << checked.dump();
+    EXPECT_EQ(checked["dropped"]["count"], 1) << checked["dropped"].dump();
+}
+
+TEST(Automatic, TakesWhatIsSaidOfSingleColumns) {
+    struct Case {
+        std::vector<std::string> Options;
+        const char* Signals;
+        const char* Complaint;
+    };
+    const Case cases[] = {
+        {{"--type", "Ventil=float", "--unit", "3=V"}, "Druck [bar]|bar|13\nVentil|V|13\n", ""},
+        {{"--name", "3=Klappe", "--skip", "Druck [bar]"}, "Klappe||15\n", ""},
+        {{"--name", "Ventil=Klappe", "--type", "Ventil=text"}, "Druck [bar]|bar|13\nKlappe||22\n", ""},
+        {{"--no-guess", "--skip", "Ventil", "--set", "TimestampFormat=JJJJ-MM-TT"}, "Druck [bar]||13\n", ""},
+        {{"--skip", "Klappe"}, "Druck [bar]|bar|13\nVentil||15\n", "there is no column 'Klappe'"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.Options[1]);
+        const ProgramRun run;
+        run.Write("data.csv", "Zeit;Druck [bar];Ventil\n2024-02-01;1,5;0\n2024-02-02;2,5;3\n");
+        std::vector<std::string> arguments = {"--json", "data.csv"};
+        arguments.insert(arguments.end(), c.Options.begin(), c.Options.end());
+        const ProgramResult result = run(arguments);
+        std::string signals;
+        const Json document = Json::parse(result.Out);
+        for (const Json& signal : document["signals"])
+            signals += signal["symbol"].get<std::string>() + "|" + signal["unit"].get<std::string>() + "|" +
+                       signal["type"].dump() + "\n";
+        EXPECT_EQ(signals, c.Signals);
+        EXPECT_NE(result.Err.find(c.Complaint), std::string::npos) << result.Err;
+        EXPECT_EQ(result.Status, *c.Complaint == '\0' ? 0 : 1);
+    }
+}
+
+// Names and units stand in no sidecar; they are kept beside it, and nothing else is left.
+TEST(Automatic, KeepsColumnsBesideTheSidecar) {
+    const ProgramRun run;
+    run.Write("data.csv", "Zeit;Druck [bar];Ventil\n2024-02-01;1,5;0\n2024-02-02;;3\n");
+    const Json first = Json::parse(run({"--save", "--json", "data.csv"}).Out);
+    EXPECT_EQ(first["signals"][0]["unit"], "bar");
+    EXPECT_EQ(run.Folder.Names(), "data.csv data.csv.columns data.csv.info");
+    const Json later = Json::parse(run({"--json", "data.csv"}).Out);
+    EXPECT_FALSE(later.contains("guess"));
+    EXPECT_EQ(later["signals"].dump(), first["signals"].dump());
+}
+
+TEST(Automatic, EndsWithStatusThreeWithoutASample) {
+    const ProgramRun run;
+    run.Write("data.csv", "t;v\nx;1\ny;2\n");
+    const ProgramResult result = run({"--no-guess", "--set", "TimestampFormat=JJJJ", "data.csv"});
+    EXPECT_EQ(result.Status, 3);
+    EXPECT_TRUE(result.Out.starts_with("data.csv: not one sample is stored\n")) << result.Out;
+}
+
 }  // namespace
