@@ -72,7 +72,7 @@ void TimeCandidates::AddSince1970(const NumberColumn& column) {
         // A measurement that began in 1970 would be longer than any.
         const bool isSince1970 =
             column.IsNamedSince1970 || IsSince1970(column.First * static_cast<double>(unit) / 1e9);
-        const bool fitsUnit = column.Unit == 0 || (column.IsNamedSince1970 && column.Unit == unit);
+        const bool fitsUnit = column.Unit == 0 || column.Unit == unit;
         if (!isSince1970 || !fitsUnit) continue;
         TimeRecipe recipe = column.Recipe;
         recipe.Unit = unit;

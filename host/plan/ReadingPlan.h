@@ -19,6 +19,8 @@ struct CellCounts {
     std::uint64_t NotNumbers = 0;       // of Missing: "NaN"
     std::uint64_t Amounts = 0;          // of Text: numbers with AmountUnit after them
     std::u16string AmountUnit;
+    std::u16string Word;                              // the first of Text
+    bool IsOneWord = true;                            // all of Text are the same
     std::uint64_t DecimalAmounts = 0;                 // of Amounts
     std::uint64_t HexDigits = 0, Prefixed = 0;        // cells of hexadecimal digits alone; those with 0x
     std::uint64_t Letters = 0;                        // of HexDigits: with a letter

@@ -43,6 +43,10 @@ TEST(PlanTypes, AreWhatAllCellsAre) {
         {{"1", "NaN", "2"}, "float"},
         {{"NaN", "NaN"}, "float"},
         {{"", ""}, "text"},
+        // One word again and again between decimals stands for no value; several words are words.
+        {{"1.5", "-O-F-", "2.5", "-O-F-", "3.5"}, "float"},
+        {{"1.5", "lost", "2.5", "found", "3.5"}, "text"},
+        {{"1", "auto", "2", "auto", "3"}, "text"},
         // Hexadecimal.
         {{"0x1F", "0x20"}, "hexadecimal"},
         {{"1F", "20", "A0"}, "hexadecimal"},

@@ -44,3 +44,12 @@ std::u16string ApiPath(const std::u16string& path);
 
 // For a file that other programs may use in any way meanwhile.
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// The system removes the file with its last handle, whatever closes that, or no longer. ERROR_SUCCESS, or why
+// that can't be set.
+inline DWORD RemoveWithHandle(HANDLE file, bool removes) {
+    FILE_DISPOSITION_INFO disposition = {static_cast<BOOLEAN>(removes)};
+    const BOOL isSet =
+        SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition);
+    return isSet != 0 ? ERROR_SUCCESS : GetLastError();
+}

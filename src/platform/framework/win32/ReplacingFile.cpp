@@ -38,13 +38,6 @@ std::u16string NewEnding() {
     return ending;
 }
 
-// The system removes the file with its last handle, whatever closes that, or no longer.
-DWORD RemoveWithHandle(HANDLE file, bool removes) {
-    FILE_DISPOSITION_INFO disposition = {static_cast<BOOLEAN>(removes)};
-    return ErrorUnless(
-        SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition));
-}
-
 DWORD WriteAll(HANDLE file, const char* next, std::size_t size) {
     constexpr std::size_t MostAtOnce = std::size_t{1} << 30;
     while (size > 0) {

@@ -11,12 +11,6 @@ namespace {
 // One call moves at most so much; the calls count in 32 bits.
 constexpr std::size_t MostAtOnce = std::size_t{1} << 30;
 
-// The system removes the file with its last handle, whatever closes that, or no longer.
-bool RemoveWithHandle(HANDLE file, bool removes) {
-    FILE_DISPOSITION_INFO disposition = {static_cast<BOOLEAN>(removes)};
-    return SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition) != 0;
-}
-
 }  // namespace
 
 struct ScratchFile::Handle {
@@ -49,7 +43,8 @@ ScratchFile::ScratchFile() : Pending(std::make_unique<Handle>()) {
     Pending->Path = name.data();
     Pending->File = CreateFileW(W(ApiPath(Pending->Path)), GENERIC_READ | GENERIC_WRITE | DELETE, ShareAll,
                                 nullptr, TRUNCATE_EXISTING, FILE_ATTRIBUTE_TEMPORARY, nullptr);
-    if (Pending->File == INVALID_HANDLE_VALUE || !RemoveWithHandle(Pending->File, true)) Pending->Raise();
+    if (Pending->File == INVALID_HANDLE_VALUE || RemoveWithHandle(Pending->File, true) != ERROR_SUCCESS)
+        Pending->Raise();
 }
 
 ScratchFile::~ScratchFile() = default;
@@ -84,7 +79,7 @@ void ScratchFile::Clear() {
 // Who opens the file may want it alone.
 std::u16string ScratchFile::Path() {
     if (Pending->File != INVALID_HANDLE_VALUE) {
-        if (!RemoveWithHandle(Pending->File, false)) Pending->Raise();
+        if (RemoveWithHandle(Pending->File, false) != ERROR_SUCCESS) Pending->Raise();
         CloseHandle(Pending->File);
         Pending->File = INVALID_HANDLE_VALUE;
     }
