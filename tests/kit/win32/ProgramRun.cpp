@@ -75,7 +75,8 @@ std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) c
     bool hasProfile = arguments.empty() || arguments.front().compare(0, 2, "--") == 0;
     for (const std::string& argument : arguments) {
         command += " " + Quoted(argument);
-        if (argument == "--json" || argument == "--set") hasProfile = false;
+        for (const char* const option : {"--json", "--set", "--no-guess", "--save"})
+            hasProfile = hasProfile && argument != option;
     }
     for (const std::string& argument : arguments) hasProfile = hasProfile || argument == "--profile";
     return hasProfile ? command : command + " --profile " + ProfileName;
