@@ -33,10 +33,12 @@ std::string Table(int rows) {
     return table;
 }
 
-// Runs a line of the shell before the program, with both outputs.
+// Runs a line of the shell before the program, with both outputs. What the shell itself says is dropped:
+// under a limit it would end the shell where the log that takes it is longer.
 ProgramResult RunAfter(const std::string& line, const ProgramRun& run,
                        const std::vector<std::string>& arguments) {
-    FILE* const pipe = popen((line + "; (" + run.CommandLine(arguments) + ") 2>&1").c_str(), "r");
+    FILE* const pipe =
+        popen(("{ " + line + "; (" + run.CommandLine(arguments) + ") 2>&1; } 2>/dev/null").c_str(), "r");
     ProgramResult result;
     char block[4096];
     while (const std::size_t count = fread(block, 1, sizeof block, pipe)) result.Out.append(block, count);
