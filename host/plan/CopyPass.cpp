@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "contract/StdioFileEx.h"
+#include "host/plan/FileSample.h"
 #include "host/plan/Units.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
@@ -13,12 +14,6 @@ namespace kelvarin::plan {
 namespace {
 constexpr std::size_t BlockSize = 256 * 1024;
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-
-void OpenOrRaise(CStdioFileEx& file, const std::u16string& path) {
-    auto error = std::make_unique<CFileException>();
-    constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
-    if (!file.Open(path.c_str(), Flags, error.get())) throw error.release();
-}
 
 bool IsBlank(const std::vector<std::u16string_view>& cells) {
     return std::all_of(cells.begin(), cells.end(), [](auto cell) { return cell.empty(); });

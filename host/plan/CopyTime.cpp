@@ -2,11 +2,10 @@
 
 #include <chrono>
 
+#include "host/plan/Durations.h"
+
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-constexpr std::int64_t DayLength = 86'400 * Second;
-
 void AppendDigits(std::int64_t number, int count, std::string& out) {
     const std::size_t begin = out.size();
     out.resize(begin + static_cast<std::size_t>(count));

@@ -16,12 +16,6 @@ constexpr std::size_t LinesPerPlace = 24;
 constexpr std::uint64_t TailBytes = 16 * 1024;
 constexpr std::size_t LongestLine = 64 * 1024;
 
-void OpenOrRaise(CStdioFileEx& file, const std::u16string& path) {
-    auto error = std::make_unique<CFileException>();
-    constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
-    if (!file.Open(path.c_str(), Flags, error.get())) throw error.release();
-}
-
 // Units of two bytes can't be told from the middle of a file, where there is no mark.
 bool HasWideUnits(CFile& file) {
     unsigned char mark[2] = {};
@@ -45,6 +39,12 @@ void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, 
     }
 }
 }  // namespace
+
+void OpenOrRaise(CStdioFileEx& file, const std::u16string& path) {
+    auto error = std::make_unique<CFileException>();
+    constexpr unsigned Flags = CFile::modeRead | CFile::typeText | CFile::shareExclusive;
+    if (!file.Open(path.c_str(), Flags, error.get())) throw error.release();
+}
 
 FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
     FileSample sample;

@@ -5,7 +5,12 @@
 #include <string>
 #include <vector>
 
+class CStdioFileEx;
+
 namespace kelvarin::plan {
+// Opens a file of text for reading, while nobody else writes it. Raises CFileException.
+void OpenOrRaise(CStdioFileEx& file, const std::u16string& path);
+
 struct SampleLine {
     std::uint64_t Number = 0;  // of the file, from 1; 0 where the lines before were not counted
     std::u16string Text;

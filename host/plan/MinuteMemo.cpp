@@ -5,10 +5,10 @@
 #include "host/plan/TimeRecipe.h"
 #include "platform/framework/Text.h"
 
+#include "host/plan/Durations.h"
+
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t Second = 1'000'000'000;
-
 // Two digits and a colon, twice, or one digit in the first place: not four digits, which are a year.
 bool IsClockAt(std::u16string_view text, std::size_t colon) {
     const auto isDigit = [&](std::size_t at) { return at < text.size() && IsDigit(text[at]); };

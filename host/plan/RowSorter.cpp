@@ -14,7 +14,7 @@ struct RowHead {
     std::uint64_t Size;
 };
 
-constexpr std::size_t BlockSize = 256 * 1024;
+constexpr std::size_t MostBlock = 256 * 1024;
 }  // namespace
 
 // Reads the rows of one piece, a block at a time.
@@ -83,7 +83,7 @@ void RowSorter::WritePiece() {
         block.append(reinterpret_cast<const char*>(&head), sizeof head);
         block.append(Texts, entry.Begin, entry.Size);
         end += sizeof head + entry.Size;
-        if (block.size() < BlockSize) continue;
+        if (block.size() < MostBlock) continue;
         File->Write(block.data(), block.size());
         block.clear();
     }
@@ -110,7 +110,7 @@ void RowSorter::Merge(const std::function<bool(const SortedRow&)>& take) {
     std::vector<Entry>().swap(Entries);
     std::string().swap(Texts);
     constexpr std::size_t LeastBlock = 4096;
-    const std::size_t blockSize = std::clamp(MostBytes / Places.size(), LeastBlock, BlockSize);
+    const std::size_t blockSize = std::clamp(MostBytes / Places.size(), LeastBlock, MostBlock);
     std::vector<PieceReader> readers;
     readers.reserve(Places.size());
     std::vector<SortedRow> rows(Places.size());

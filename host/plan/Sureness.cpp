@@ -147,7 +147,7 @@ Assumption UnitsOf(const ReadingPlan& plan) {
             {}};
 }
 
-Assumption TypesOf(const ReadingPlan& plan) {
+Assumption TypesAssumed(const ReadingPlan& plan) {
     std::array<std::size_t, 6> counts{};
     for (const PlannedColumn& column : plan.Columns) {
         if (!column.IsTime) ++counts.at(static_cast<std::size_t>(column.Type));
@@ -172,7 +172,7 @@ std::vector<Assumption> Assumptions(const ReadingPlan& plan) {
     std::vector<Assumption> all = {TableOf(plan), TimesOf(plan)};
     if (plan.Times) all.push_back(RowsOf(plan));
     all.push_back(UnitsOf(plan));
-    all.push_back(TypesOf(plan));
+    all.push_back(TypesAssumed(plan));
     std::erase_if(all, [](const Assumption& one) { return one.Text.empty(); });
     return all;
 }

@@ -5,9 +5,9 @@
 namespace kelvarin::plan {
 TimeCandidates::TimeCandidates(const TableRows& rows, const Labels& labels, const PreambleClues& clues)
     : Rows(rows), Names(labels), Clues(clues) {
-    constexpr std::size_t MostColumns = 256;
+    constexpr std::size_t MostLookedAt = 256;
     for (const auto& row : rows.Cells) Width = std::max(Width, row.size());
-    Width = std::min(Width, MostColumns);
+    Width = std::min(Width, MostLookedAt);
     for (std::size_t i = 0; i < Width; ++i) Texts.push_back(TextsOf(rows, i));
 }
 
