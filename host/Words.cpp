@@ -13,6 +13,7 @@
 #include "contract/FixedTimes.h"
 #include "contract/TimeStamp.h"
 #include "host/language/Phrase.h"
+#include "host/plan/Cells.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 #include "platform/framework/VisibleText.h"
@@ -144,11 +145,6 @@ std::string Quoted(const std::u16string& text, std::size_t width) {
 }
 
 bool IsMissingValue(std::u16string_view text) {
-    constexpr std::u16string_view Markers[] = {u"nan", u"na", u"n/a", u"null", u"none",
-                                               u"-",   u"--", u"---", u"?"};
-    const std::u16string_view cell = TrimWhiteSpace(text);
-    return cell.empty() ||
-           std::any_of(std::begin(Markers), std::end(Markers),
-                       [&](std::u16string_view marker) { return EqualsIgnoreCase(cell, marker); });
+    return plan::IsMissing(TrimWhiteSpace(text));
 }
 }  // namespace kelvarin

@@ -20,7 +20,7 @@ bool BeginsWithDigit(std::u16string_view text) {
 CellKind KindOf(const CutCell& cell) {
     const std::u16string_view text = TrimWhiteSpace(cell.Text);
     // "inf" is a value, but as little a sign of a table as a missing one.
-    if (IsMissingValue(text) || EqualsIgnoreCase(text, u"inf")) return CellKind::Empty;
+    if (IsMissingValue(text)) return CellKind::Empty;
     if (Contains(cell.Fits, CsvTypeBoolean) || Contains(cell.Fits, CsvTypeFloat)) return CellKind::Number;
     // A piece that holds several cells, cut by the wrong separator. One comma may be decimal.
     if (text.find_first_of(u";\t") != text.npos || std::count(text.begin(), text.end(), u',') > 1)

@@ -275,8 +275,8 @@ bool AutomaticReading::AreLossesAvoidable() const {
         const bool isWider = (type == ColumnType::Integer && refused.Decimal > 0) ||
                              (type == ColumnType::Boolean && refused.Whole + refused.Decimal > 0) ||
                              (type == ColumnType::Character && refused.Text > 0) ||
-                             type == ColumnType::Hexadecimal;
-        if (isWider && !(type == ColumnType::Hexadecimal && refused.Text + refused.Whole == 0)) return true;
+                             (type == ColumnType::Hexadecimal && refused.Text + refused.Whole > 0);
+        if (isWider) return true;
     }
     return false;
 }

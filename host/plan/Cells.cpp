@@ -174,10 +174,13 @@ bool IsMissing(std::u16string_view cell) {
     return IsOneOf(cell, std::begin(Markers), std::end(Markers));
 }
 
-bool IsTruth(std::u16string_view cell) {
-    constexpr std::u16string_view Truths[] = {u"true", u"false", u"on",   u"off",    u"yes",  u"no",
-                                              u"ja",   u"nein",  u"wahr", u"falsch", u"open", u"closed"};
-    return IsOneOf(cell, std::begin(Truths), std::end(Truths));
+TruthWord TruthOf(std::u16string_view cell) {
+    constexpr std::u16string_view True[] = {u"true", u"on", u"yes", u"ja", u"wahr"};
+    constexpr std::u16string_view False[] = {u"false", u"off", u"no", u"nein", u"falsch"};
+    constexpr std::u16string_view Unclear[] = {u"open", u"closed"};
+    if (IsOneOf(cell, std::begin(True), std::end(True))) return TruthWord::True;
+    if (IsOneOf(cell, std::begin(False), std::end(False))) return TruthWord::False;
+    return IsOneOf(cell, std::begin(Unclear), std::end(Unclear)) ? TruthWord::Unclear : TruthWord::None;
 }
 
 std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {

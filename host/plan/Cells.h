@@ -54,8 +54,13 @@ CellKind KindOf(std::u16string_view cell);
 // True for a text that stands for a value that was not measured: "NaN", "n/a", "---".
 bool IsMissing(std::u16string_view cell);
 
-// True for a word that stands for one of two states: "true", "off", "nein", "open".
-bool IsTruth(std::u16string_view cell);
+// A word that stands for one of two states; which of them is true can't be told of all.
+enum class TruthWord { None, True, False, Unclear };  // "ja", "off", "open"
+TruthWord TruthOf(std::u16string_view cell);
+
+inline bool IsTruth(std::u16string_view cell) {
+    return TruthOf(cell) != TruthWord::None;
+}
 
 // What a number looks like.
 struct NumberLook {

@@ -37,25 +37,6 @@ bool AppendNumber(std::u16string_view number, const NumberLook& look, char16_t m
     }
     return true;
 }
-
-enum class TruthWord { None, True, False, Unclear };
-
-TruthWord TruthOf(std::u16string_view cell) {
-    struct Word {
-        std::u16string_view Text;
-        TruthWord Value;
-    };
-    constexpr Word Words[] = {
-        {u"true", TruthWord::True},    {u"false", TruthWord::False},  {u"on", TruthWord::True},
-        {u"off", TruthWord::False},    {u"yes", TruthWord::True},     {u"no", TruthWord::False},
-        {u"ja", TruthWord::True},      {u"nein", TruthWord::False},   {u"wahr", TruthWord::True},
-        {u"falsch", TruthWord::False}, {u"open", TruthWord::Unclear}, {u"closed", TruthWord::Unclear},
-    };
-    const auto word = std::find_if(std::begin(Words), std::end(Words), [&](const Word& one) {
-        return cell.size() == one.Text.size() && EqualsIgnoreCase(cell, one.Text);
-    });
-    return word == std::end(Words) ? TruthWord::None : word->Value;
-}
 }  // namespace
 
 void AppendTextCell(std::u16string_view text, std::string& out) {

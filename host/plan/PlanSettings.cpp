@@ -10,7 +10,7 @@
 #include "contract/TableReader.h"
 #include "contract/TimeReader.h"
 #include "host/guess/GuessParts.h"
-#include "host/plan/CleanCopy.h"
+#include "host/plan/CopyTime.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"
@@ -125,30 +125,11 @@ TimedTexts TextsOf(const ReadingPlan& plan, const std::vector<std::size_t>& colu
     return texts;
 }
 
-// "2024-01-31 12:00:00.000000000" of nanoseconds since 1970.
-std::u16string Written(std::int64_t time) {
-    constexpr std::int64_t Day = DaySeconds * guess::Second;
-    std::int64_t days = time / Day;
-    std::int64_t rest = time % Day;
-    if (rest < 0) {
-        rest += Day;
-        --days;
-    }
-    const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{days}}};
-    char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d:%02d.%09d", static_cast<int>(date.year()),
-                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                  static_cast<int>(rest / (3600 * guess::Second)),
-                  static_cast<int>(rest / (60 * guess::Second) % 60),
-                  static_cast<int>(rest / guess::Second % 60), static_cast<int>(rest % guess::Second));
-    return Utf8ToUtf16(text);
-}
-
 std::u16string FieldOf(char16_t letter, std::size_t length) {
     return std::u16string(length, letter);
 }
 
-// The format of what Written gives.
+// The format of the times that a copy has.
 std::u16string WrittenFormat(const std::u16string& letters) {
     return FieldOf(letters[0], 4) + u"-" + FieldOf(letters[1], 2) + u"-" + FieldOf(letters[2], 2) + u" " +
            FieldOf(letters[3], 2) + u":" + FieldOf(letters[4], 2) + u":" + FieldOf(letters[5], 2) +
@@ -236,8 +217,13 @@ std::optional<SettingList> TextSettings(ITimeReader& reader, const ReadingPlan& 
     if (texts.Joined.empty()) return std::nullopt;
     const std::u16string letters = reader.FormatLetters();
     if (recipe.IsAbsolute && !recipe.AppliesZone) {
+        TimeWriter writer(CopyTimes::Local);
         Texts written;
-        for (const std::int64_t time : texts.Expected) written.push_back(Written(time));
+        for (const std::int64_t time : texts.Expected) {
+            std::string text;
+            writer.Append(time, text);
+            written.push_back(Utf8ToUtf16(text));
+        }
         texts.Expected = reader.ReadTimes(WrittenFormat(letters), written, true);
     }
     for (const std::u16string& format : JoinedFormats(texts, plan.How.Separator, letters)) {
