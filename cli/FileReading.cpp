@@ -17,6 +17,7 @@ plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
     automatic.IsOff = options.NoGuess;
     automatic.ColumnsOnly = options.ColumnsOnly;
     automatic.Wishes = options.Wishes;
+    automatic.FormatLetters = options.FormatLetters;
     automatic.Cancel = &InterruptFlag();
     automatic.OnProgress = std::move(onProgress);
     return automatic;
@@ -74,6 +75,19 @@ void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
         [](const std::string&, const std::string& text) {
             return plan::ColumnWish{Utf8ToUtf16(text), {}, {}, 0, true};
         });
+    command
+        .add_option_function<std::string>(
+            "--format-letters",
+            [&options](const std::string& text) {
+                options.FormatLetters = Utf8ToUtf16(text);
+                constexpr std::size_t Fields = 6;
+                if (options.FormatLetters.size() != Fields)
+                    RefuseOption("--format-letters", Phrase("'{}' are not six letters", text));
+            },
+            Phrase("Letters of TimestampFormat for year, month, day, hours, minutes and seconds, such as "
+                   "YMDhms, "
+                   "in place of the language's"))
+        ->type_name("LETTERS");
 }
 
 void AddSaveOption(CLI::App& command, ReadingOptions& options) {

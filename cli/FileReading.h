@@ -18,6 +18,7 @@ struct ReadingOptions {
     bool ColumnsOnly = false;  // as that of AutomaticOptions
     bool Save = false;         // keep what was found in a sidecar beside the file
     std::vector<plan::ColumnWish> Wishes;
+    std::u16string FormatLetters;  // as that of AutomaticOptions
 };
 
 // Adds --no-guess, --guess-time and the options for single columns to a command; the options outlive it.

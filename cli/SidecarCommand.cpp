@@ -15,6 +15,7 @@
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/plan/PlanGuess.h"
+#include "host/sidecar/ColumnsFile.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/ReplacingFile.h"
@@ -96,6 +97,8 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const Sid
     if (reason.empty() && guess != nullptr) reason = guess->Failure;
     if (reason.empty() && reading.Automatic()->Copy() != nullptr) reason = plan::WhyNotSaved();
     if (reason.empty()) reason = sidecar::WriteSidecar(module, path);
+    if (reason.empty() && guess != nullptr)
+        reason = sidecar::SaveChoices(path, {guess->Columns, guess->Letters}, options.Force);
     if (common.Json) {
         Json document = {{"file", PrintableName(file)}, {"written", reason.empty()}};
         if (guess != nullptr) document["guess"] = GuessToJson(*guess);

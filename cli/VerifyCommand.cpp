@@ -82,6 +82,7 @@ class Verification {
             if (!complaint.empty()) return Fail(ArchivePath, complaint);
             wanted.NoGuess |= !origin.IsAutomatic;
             wanted.ColumnsOnly = true;
+            if (wanted.FormatLetters.empty()) wanted.FormatLetters = origin.FormatLetters;
         }
         ProgressLine progress(source);
         const auto onProgress = [&progress](std::uint32_t percent) {

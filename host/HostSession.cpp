@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "contract/TimeReader.h"
 #include "host/Reading.h"
 #include "host/SettingText.h"
 #include "host/language/Phrase.h"
@@ -74,6 +75,8 @@ store::SampleOrigin HostSession::Origin() const {
     origin.SourceModified = std::chrono::duration_cast<std::chrono::seconds>(moment).count();
     if (const CCsvImportSettings* const settings = SettingsOf(*ImportFilter))
         origin.Settings = SettingsAsText(*settings);
+    if (ITimeReader* const reader = ImportFilter->Find<ITimeReader>())
+        origin.FormatLetters = reader->FormatLetters();
     origin.BaseTime = Options.BaseTime;
     origin.IsAutomatic = Options.Reading != nullptr && Options.Reading->Plan() != nullptr;
     origin.IsCopied = origin.IsAutomatic && Options.Reading->Copy() != nullptr;

@@ -234,6 +234,13 @@ constexpr Translation Texts[] = {
      "Datentyp einer Spalte, nach Nummer oder Name: {}; mehrfach möglich"},
     {"Name of a column's signal; repeatable", "Name des Signals einer Spalte; mehrfach möglich"},
     {"Unit of a column's signal; repeatable", "Einheit des Signals einer Spalte; mehrfach möglich"},
+    {"Letters of TimestampFormat for year, month, day, hours, minutes and seconds, such as YMDhms, in place "
+     "of the "
+     "language's",
+     "Buchstaben von TimestampFormat für Jahr, Monat, Tag, Stunden, Minuten und Sekunden, etwa YMDhms, statt "
+     "derer "
+     "der Sprache"},
+    {"'{}' are not six letters", "„{}“ sind nicht sechs Buchstaben"},
     {"Make no signal of a column; repeatable", "Aus einer Spalte kein Signal machen; mehrfach möglich"},
     {"'{}' is no data type; allowed are {}", "'{}' ist kein Datentyp; erlaubt sind {}"},
     {"'{}' is not of the form COLUMN=VALUE", "'{}' hat nicht die Form COLUMN=VALUE"},

@@ -7,6 +7,7 @@
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
 #include "host/language/Phrase.h"
+#include "platform/framework/ShellText.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -28,7 +29,8 @@ void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
 // With those for single columns, if these are not more than `most`.
 std::string AllOptions(const guess::TimeGuess& guess, std::size_t most) {
     const std::string columns = guess.Columns.size() > most ? "" : OptionsText(guess.Columns);
-    const std::string settings = OptionsText(guess.Settings);
+    std::string settings = OptionsText(guess.Settings);
+    if (!guess.Letters.empty()) settings += " --format-letters " + ShellQuoted(Utf16ToUtf8(guess.Letters));
     return settings + (settings.empty() || columns.empty() ? "" : " ") + columns;
 }
 
@@ -86,19 +88,21 @@ Json GuessToJson(const guess::TimeGuess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
-    return {{"certainty", CodeOf(guess.Sureness)},
-            {"basis", guess.Basis},
-            {"assumed", AssumptionsToJson(guess.Assumed)},
-            {"settings", settings},
-            {"columns", ColumnsToJson(guess.Columns)},
-            {"options", AllOptions(guess, guess.Columns.size())},
-            {"fixedInterval", guess.IsFixedInterval},
-            {"rows", guess.Rows},
-            {"fitting", guess.Read},
-            {"rising", guess.Rising},
-            {"objections", ObjectionsOf(guess)},
-            {"otherBasis", guess.OtherBasis},
-            {"otherOptions", OptionsText(guess.OtherSettings)},
-            {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
+    Json document = {{"certainty", CodeOf(guess.Sureness)},
+                     {"basis", guess.Basis},
+                     {"assumed", AssumptionsToJson(guess.Assumed)},
+                     {"settings", settings},
+                     {"columns", ColumnsToJson(guess.Columns)},
+                     {"options", AllOptions(guess, guess.Columns.size())},
+                     {"fixedInterval", guess.IsFixedInterval},
+                     {"rows", guess.Rows},
+                     {"fitting", guess.Read},
+                     {"rising", guess.Rising},
+                     {"objections", ObjectionsOf(guess)},
+                     {"otherBasis", guess.OtherBasis},
+                     {"otherOptions", OptionsText(guess.OtherSettings)},
+                     {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
+    if (!guess.Letters.empty()) document["formatLetters"] = Utf16ToUtf8(guess.Letters);
+    return document;
 }
 }  // namespace kelvarin::cli

@@ -14,7 +14,8 @@
 
 namespace kelvarin::guess {
 struct TimeGuess {
-    SettingList Settings;  // empty if the file has no table to guess from
+    SettingList Settings;    // empty if the file has no table to guess from
+    std::u16string Letters;  // of the format among them, if the language in force has others; else empty
     Certainty Sureness = Certainty::Certain;
     std::string Basis;                    // one phrase: what was found where
     std::vector<std::string> Objections;  // what speaks against it, a phrase each

@@ -23,6 +23,8 @@ store::SampleOrigin ReadOrigin(hid_t group) {
         const std::size_t equals = std::min(line.find('='), line.size());
         origin.Settings.emplace_back(line.substr(0, equals), line.substr(std::min(equals + 1, line.size())));
     }
+    if (HasAttribute(group, Layout::FormatLetters))
+        origin.FormatLetters = Utf8ToUtf16(ReadTextAttribute(group, Layout::FormatLetters));
     if (HasAttribute(group, Layout::BaseTime)) origin.BaseTime = ReadNumberAttribute(group, Layout::BaseTime);
     origin.IsRelative = ReadTextAttribute(group, Layout::TimeKind) == Layout::Relative;
     origin.IsAutomatic = HasAttribute(group, Layout::Automatic);

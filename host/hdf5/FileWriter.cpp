@@ -153,6 +153,8 @@ class DeviceWriter final : public store::DeviceSink {
         std::vector<std::string> settings;
         for (const auto& [key, value] : origin.Settings) settings.push_back(key + "=" + value);
         WriteAttribute(group, Layout::Settings, JoinLines(settings));
+        if (!origin.FormatLetters.empty())
+            WriteAttribute(group, Layout::FormatLetters, Utf16ToUtf8(origin.FormatLetters));
         WriteAttribute(group, Layout::TimeKind, origin.IsRelative ? Layout::Relative : Layout::Absolute);
         if (origin.BaseTime) WriteAttribute(group, Layout::BaseTime, *origin.BaseTime);
         if (origin.IsAutomatic)

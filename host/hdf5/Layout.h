@@ -20,6 +20,7 @@ inline constexpr const char* Description = "description";
 inline constexpr const char* SourceSize = "source_size";
 inline constexpr const char* SourceModified = "source_modified";
 inline constexpr const char* Settings = "settings";  // a line each
+inline constexpr const char* FormatLetters = "format_letters";  // by which the format among them is read
 inline constexpr const char* BaseTime = "base_time";
 inline constexpr const char* TimeKind = "time_kind";  // Absolute or Relative
 inline constexpr const char* Absolute = "absolute";

@@ -58,7 +58,12 @@ bool IsValue(std::u16string_view cell) {
 
 AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16string& path,
                                    const std::vector<ParsedSetting>& chosen, AutomaticOptions options)
-    : Module(module), Source(path), Chosen(chosen), Options(std::move(options)), ReadPath(path) {
+    : Module(module),
+      Source(path),
+      Chosen(chosen),
+      Options(std::move(options)),
+      ReadPath(path),
+      FormatLetters(Options.FormatLetters) {
     const auto filter = Module.MakeFilter(path);
     Settled settled = SettledBy(*filter, path, module);
     const auto isAnyChosen = [this](const auto& keys) {
@@ -76,7 +81,11 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     } else if (Found) {
         FollowDirectly();
     }
-    if (!Options.IsOff && !Found) Columns = sidecar::ReadColumns(path);
+    if (!Options.IsOff && !Found) {
+        sidecar::KeptChoices kept = sidecar::ReadChoices(path);
+        Columns = std::move(kept.Columns);
+        if (FormatLetters.empty()) FormatLetters = std::move(kept.Letters);
+    }
     ApplyWishes();
 }
 
@@ -101,14 +110,15 @@ bool AutomaticReading::IsChosen(const std::string& key) const {
 void AutomaticReading::FollowDirectly() {
     const auto filter = Module.MakeFilter(Source);
     std::optional<SettingList> table = TableSettingsOf(*filter, *Found);
-    std::optional<SettingList> times;
+    std::optional<TimeSettings> times;
     if (AreTimesChosen) {
-        times.emplace();
+        times.emplace(TimeSettings{{}, FormatLetters});
     } else if (table) {
         times = TimeSettingsOf(*filter, *Found, Source);
     }
     if (table && times) {
-        table->insert(table->end(), times->begin(), times->end());
+        table->insert(table->end(), times->Settings.begin(), times->Settings.end());
+        FormatLetters = times->Letters;
         ChooseColumns();
         Follow(*std::move(table));
     } else if (Found->Times && !AreTimesChosen) {
@@ -136,6 +146,7 @@ void AutomaticReading::MakeCopy() {
         return;
     }
     ReadPath = CopyFile->Path();
+    FormatLetters.clear();
     for (std::size_t i = 0; i < std::min(result.Types.size(), Found->Columns.size()); ++i)
         Found->Columns[i].Type = result.Types[i];
     for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
@@ -237,6 +248,7 @@ void AutomaticReading::Guide(CImportFilter& filter) {
     IGuidedReading* const guided = filter.Find<IGuidedReading>();
     if (guided == nullptr) return;
     guided->ChooseColumns(Columns);
+    if (!FormatLetters.empty()) guided->ReadFormatsBy(FormatLetters);
     if (Found) guided->FollowGuide(this);
 }
 

@@ -29,6 +29,8 @@ struct AutomaticOptions {
     bool IsOff = false;        // nothing is found, only the wishes are followed
     bool ColumnsOnly = false;  // the settings in force stay; names, units and types are found
     std::vector<ColumnWish> Wishes;
+    std::u16string FormatLetters;  // of the formats in force, as IGuidedReading::ReadFormatsBy takes them;
+                                   // empty for those of the language
     const std::atomic<bool>* Cancel = nullptr;      // ends the making of a copy
     std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage of a copy; may be empty
 };
@@ -47,6 +49,10 @@ class AutomaticReading : private IReadingGuide {
 
     // The settings that follow it, of the copy if there is one.
     const SettingList& Settings() const { return Followed; }
+
+    // By which the format among them is read, as IGuidedReading::ReadFormatsBy takes them; empty for those of
+    // the language in force.
+    const std::u16string& Letters() const { return FormatLetters; }
 
     // Of the copy that is read in place of the file; null for none.
     const CopyResult* Copy() const { return Copied ? &*Copied : nullptr; }
@@ -117,6 +123,7 @@ class AutomaticReading : private IReadingGuide {
     bool HasTableAlone = false;
     std::optional<ReadingPlan> Found;
     SettingList Followed;
+    std::u16string FormatLetters;
     std::vector<ColumnChoice> Columns;
     std::vector<std::u16string> Unknown;
     Losses Lost;

@@ -12,6 +12,7 @@ guess::TimeGuess GuessOf(const AutomaticReading& reading) {
     guess::TimeGuess guess;
     const ReadingPlan& plan = *reading.Plan();
     guess.Settings = reading.Copy() == nullptr ? reading.Settings() : SettingList{};
+    guess.Letters = reading.Letters();
     guess.Columns = reading.ColumnsToPin();
     guess.Rows = plan.RowsLookedAt;
     guess.Assumed = Assumptions(plan);
@@ -36,7 +37,8 @@ void SaveGuess(const ModuleLoader& module, const std::u16string& path, const Aut
                guess::TimeGuess& guess) {
     const bool hadSidecar = sidecar::HasSidecar(path);
     guess.SaveFailure = reading.Copy() != nullptr ? WhyNotSaved() : sidecar::SaveSidecar(module, path);
-    if (guess.SaveFailure.empty()) guess.SaveFailure = sidecar::SaveColumns(path, guess.Columns);
+    if (guess.SaveFailure.empty())
+        guess.SaveFailure = sidecar::SaveChoices(path, {guess.Columns, guess.Letters});
     guess.Saved = guess.SaveFailure.empty() ? Utf16ToUtf8(path + u".info") : std::string();
     guess.IsSaveLost = guess.Saved.empty() && !hadSidecar;
 }

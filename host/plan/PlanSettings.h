@@ -14,11 +14,17 @@ namespace kelvarin::plan {
 // first rows.
 std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const ReadingPlan& plan);
 
+struct TimeSettings {
+    SettingList Settings;
+    std::u16string Letters;  // by which their format is read, IGuidedReading::ReadFormatsBy; empty for those
+                             // of the language in force
+};
+
 // The settings that give each sampled row the plan's time; nothing if none do, or if the rows must be
-// sorted. `filter` has an ITimeReader. `path` is that of the file, whose own date is taken for clocks without
-// a date that run over midnight.
-std::optional<SettingList> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
-                                          const std::u16string& path);
+// sorted. `filter` has an ITimeReader; it reads formats by the letters that were tried last. `path` is that
+// of the file, whose own date is taken for clocks without a date that run over midnight.
+std::optional<TimeSettings> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
+                                           const std::u16string& path);
 
 // Settings for the times of a copy, in its column, from 1.
 enum class CopyTimes;

@@ -17,6 +17,8 @@ namespace kelvarin::sidecar {
 namespace {
 constexpr const char16_t* Table = u"Columns";
 constexpr const char16_t* Highest = u"Highest";
+constexpr const char16_t* Format = u"Format";
+constexpr const char16_t* Letters = u"Letters";
 constexpr std::int32_t MostColumns = 1'000'000;
 
 std::u16string SectionOf(int number) {
@@ -28,11 +30,12 @@ std::u16string ColumnsPath(const std::u16string& source) {
     return source + u".columns";
 }
 
-std::vector<ColumnChoice> ReadColumns(const std::u16string& source) {
-    std::vector<ColumnChoice> columns;
+KeptChoices ReadChoices(const std::u16string& source) {
+    KeptChoices kept;
     std::error_code ignored;
-    if (!std::filesystem::exists(PathForStream(ColumnsPath(source)), ignored)) return columns;
+    if (!std::filesystem::exists(PathForStream(ColumnsPath(source)), ignored)) return kept;
     const auto store = OpenProfileFile(ColumnsPath(source));
+    kept.Letters = store->ReadText(Format, Letters).value_or(u"");
     const std::int32_t highest = std::min(store->ReadInt(Table, Highest).value_or(0), MostColumns);
     for (std::int32_t number = 1; number <= highest; ++number) {
         const std::u16string section = SectionOf(number);
@@ -44,20 +47,20 @@ std::vector<ColumnChoice> ReadColumns(const std::u16string& source) {
             std::clamp<std::int32_t>(store->ReadInt(section, u"Type").value_or(0), 0, CsvTypeString);
         choice.Import = store->ReadInt(section, u"Import").value_or(1) != 0;
         if (!choice.Name.empty() || !choice.Unit.empty() || choice.Type != 0 || !choice.Import)
-            columns.push_back(std::move(choice));
+            kept.Columns.push_back(std::move(choice));
     }
-    return columns;
+    return kept;
 }
 
-std::string SaveColumns(const std::u16string& source, const std::vector<ColumnChoice>& columns) {
-    if (columns.empty()) return {};
+std::string SaveChoices(const std::u16string& source, const KeptChoices& choices, bool replaces) {
+    if (choices.Columns.empty() && choices.Letters.empty()) return {};
     const std::u16string path = ColumnsPath(source);
     std::error_code ignored;
-    if (std::filesystem::exists(std::filesystem::symlink_status(PathForStream(path), ignored)))
+    if (!replaces && std::filesystem::exists(std::filesystem::symlink_status(PathForStream(path), ignored)))
         return Phrase("{} exists already and stays as it is", Utf16ToUtf8(PathStripPath(path)));
     ProfileText text({});
     std::int32_t highest = 0;
-    for (const ColumnChoice& choice : columns) {
+    for (const ColumnChoice& choice : choices.Columns) {
         const std::string section = Utf16ToUtf8(SectionOf(choice.Column + 1));
         highest = std::max(highest, choice.Column + 1);
         if (!choice.Name.empty()) text.Set(section, "Name", QuoteProfileText(choice.Name));
@@ -66,6 +69,8 @@ std::string SaveColumns(const std::u16string& source, const std::vector<ColumnCh
         if (!choice.Import) text.Set(section, "Import", "0");
     }
     text.Set(Utf16ToUtf8(Table), Utf16ToUtf8(Highest), std::to_string(highest));
+    if (!choices.Letters.empty())
+        text.Set(Utf16ToUtf8(Format), Utf16ToUtf8(Letters), QuoteProfileText(choices.Letters));
     try {
         ReplaceFile(path, text.ToBytes());
     } catch (CFileException* failure) {

@@ -56,6 +56,7 @@ struct SampleOrigin {
     bool IsRelative = false;               // the times are relative measurement time
     bool IsAutomatic = false;              // it was found how to read the file, and what its columns are
     bool IsCopied = false;                 // a clean copy was read in place of the file
+    std::u16string FormatLetters = {};     // by which the settings' format is read; empty: unknown
 };
 
 // A file while it is written. Nothing is seen at its path until Finish; if the object is destroyed without

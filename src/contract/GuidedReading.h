@@ -36,7 +36,7 @@ class IReadingGuide {
 
 class IGuidedReading {
   public:
-    static constexpr const char* Id = "kelvarin.GuidedReading/1";
+    static constexpr const char* Id = "kelvarin.GuidedReading/2";
 
     virtual ~IGuidedReading() = default;
 
@@ -46,4 +46,9 @@ class IGuidedReading {
 
     // Who is asked from now on; null for nobody, as at first. The guide must outlive the runs.
     virtual void FollowGuide(IReadingGuide* guide) = 0;
+
+    // The letters by which runs and ITimeReader read formats from now on: of year, month, day, hours, minutes
+    // and seconds, "YMDhms" in English. Those of the language in force at first, whose day may be a letter
+    // that the times of a file have as a mark.
+    virtual void ReadFormatsBy(const std::u16string& letters) = 0;
 };

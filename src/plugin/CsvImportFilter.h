@@ -51,6 +51,10 @@ class CCsvImportFilter : public CImportFilter {
     void ObserveRun(IRunObserver* observer) { RunObserver = observer; }
     void ChooseColumns(std::vector<ColumnChoice> choices) { ColumnChoices = std::move(choices); }
     void FollowGuide(IReadingGuide* guide) { Guide = guide; }
+    void ReadFormatsBy(const std::u16string& letters) { ChosenAlphabet.emplace(letters); }
+
+    // Of the formats that runs read times by.
+    const FieldAlphabet& Alphabet() const;
 
   private:
     // Lays the sidecar over the settings, or makes the warning about it.
@@ -116,5 +120,6 @@ class CCsvImportFilter : public CImportFilter {
     IAnalysisObserver* AnalysisObserver = nullptr;  // the host's; null for none
     IRunObserver* RunObserver = nullptr;            // the host's; null for none
     std::vector<ColumnChoice> ColumnChoices;        // the host's
+    std::optional<FieldAlphabet> ChosenAlphabet;    // the host's; nothing for that of the language
     IReadingGuide* Guide = nullptr;                 // the host's; null for none
 };

@@ -33,6 +33,7 @@ class CFilterInterfaces final : public ISettingsView,
     // --- GuidedReading.cpp ---
     void ChooseColumns(std::vector<ColumnChoice> choices) override;
     void FollowGuide(IReadingGuide* guide) override;
+    void ReadFormatsBy(const std::u16string& letters) override;
 
     // --- SidecarTool.cpp ---
     bool WriteSidecar(std::string& reason) override;

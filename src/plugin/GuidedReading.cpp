@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "plugin/CsvImportFilter.h"
+#include "timestamp/FormatLetters.h"
 
 void CFilterInterfaces::ChooseColumns(std::vector<ColumnChoice> choices) {
     Owner.ChooseColumns(std::move(choices));
@@ -10,6 +11,14 @@ void CFilterInterfaces::ChooseColumns(std::vector<ColumnChoice> choices) {
 
 void CFilterInterfaces::FollowGuide(IReadingGuide* guide) {
     Owner.FollowGuide(guide);
+}
+
+void CFilterInterfaces::ReadFormatsBy(const std::u16string& letters) {
+    if (letters.size() == LetterCount) Owner.ReadFormatsBy(letters);
+}
+
+const FieldAlphabet& CCsvImportFilter::Alphabet() const {
+    return ChosenAlphabet ? *ChosenAlphabet : GetFieldAlphabet();
 }
 
 void CCsvImportFilter::ApplyColumnChoices() {

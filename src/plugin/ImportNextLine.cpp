@@ -94,7 +94,7 @@ void CCsvImportFilter::AddRowSamples(std::int64_t time) {
 }
 
 void CCsvImportFilter::SettleRun() {
-    Times.Format.reset();
+    Times.Format.emplace(Settings.TimestampFormat.c_str(), Alphabet());
     Times.Correction.reset();
     CollectSampleColumns();
     SettledFor = Settings.ChangeCount;

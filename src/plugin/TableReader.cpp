@@ -97,7 +97,7 @@ std::vector<std::int64_t> CFilterInterfaces::ReadTimes(const std::u16string& for
                                                        const std::vector<std::u16string>& texts,
                                                        bool hasDate) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
-    TimestampFormat reader(format.c_str());
+    TimestampFormat reader(format.c_str(), Owner.Alphabet());
     std::vector<std::int64_t> times;
     times.reserve(texts.size());
     std::u16string padded;
@@ -111,5 +111,5 @@ std::vector<std::int64_t> CFilterInterfaces::ReadTimes(const std::u16string& for
 
 std::u16string CFilterInterfaces::FormatLetters() {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
-    return GetFormatLetters();
+    return Owner.Alphabet().Letters();
 }

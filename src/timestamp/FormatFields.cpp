@@ -76,9 +76,9 @@ const char16_t* ReadFraction(const char16_t* value, const char16_t* end, double&
 
 }  // namespace
 
-FieldAlphabet::FieldAlphabet(const std::u16string& letters) : Letters(letters) {
+FieldAlphabet::FieldAlphabet(const std::u16string& letters) : FieldLetters(letters) {
     for (std::size_t i = LetterCount; i-- > 0;) {
-        if (Letters[i] < AsciiCount) Ascii[Letters[i]] = LetterKinds[i];
+        if (letters[i] < AsciiCount) Ascii[letters[i]] = LetterKinds[i];
     }
     Ascii[u'0'] = FieldKind::Fraction;
     Ascii[u'['] = FieldKind::Bracket;
@@ -86,7 +86,7 @@ FieldAlphabet::FieldAlphabet(const std::u16string& letters) : Letters(letters) {
 }
 
 FieldKind FieldAlphabet::KindBeyondAscii(char16_t c) const {
-    const std::size_t position = Letters.find(c);
+    const std::size_t position = FieldLetters.find(c);
     return position < LetterCount ? LetterKinds[position] : FieldKind::None;
 }
 

@@ -45,12 +45,14 @@ class FieldAlphabet {
 
     FieldKind operator[](char16_t c) const { return c < AsciiCount ? Ascii[c] : KindBeyondAscii(c); }
 
+    const std::u16string& Letters() const { return FieldLetters; }
+
   private:
     FieldKind KindBeyondAscii(char16_t c) const;
 
     static constexpr std::size_t AsciiCount = 128;
     std::array<FieldKind, AsciiCount> Ascii{};
-    const std::u16string Letters;
+    const std::u16string FieldLetters;
 };
 
 // The alphabet of the letters in force, made at its first use.

@@ -16,7 +16,7 @@ class IRelativeTimeContext;
 struct RunTimes {
     std::int64_t LastTime = 0;      // of the last accepted row
     std::int64_t FirstRowTime = 0;  // of the first data row before correction; NoTimestamp if it had none
-    std::optional<TimestampFormat> Format;
+    std::optional<TimestampFormat> Format;   // of TimestampFormat in the settings
     std::optional<std::int64_t> Correction;  // GetTimeCorrection
     std::optional<std::int64_t> Base;        // of relative measurement time
 };

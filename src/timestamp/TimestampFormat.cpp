@@ -51,8 +51,7 @@ std::size_t CommonLength(const char16_t* value, const std::u16string& text) {
 
 }  // namespace
 
-TimestampFormat::TimestampFormat(const char16_t* format) {
-    const FieldAlphabet& alphabet = GetFieldAlphabet();
+TimestampFormat::TimestampFormat(const char16_t* format, const FieldAlphabet& alphabet) {
     bool hadBracket = false;
     format = SkipWhiteSpace(format);
     while (format != nullptr && *format != u'\0') {

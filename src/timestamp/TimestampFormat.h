@@ -18,8 +18,8 @@ constexpr std::int64_t NoTimestamp = -1;
 // A format, ready to read many values, one after the other. The grammar stands in TimestampFormat.cpp.
 class TimestampFormat {
   public:
-    // `format` must not be null. One that no value fits is no error.
-    explicit TimestampFormat(const char16_t* format);
+    // `format` must not be null. One that no value fits is no error. `alphabet` is needed for the call alone.
+    explicit TimestampFormat(const char16_t* format, const FieldAlphabet& alphabet = GetFieldAlphabet());
 
     // With `hasDate` the absolute time in nanoseconds since 1970, else the time part alone, which may be
     // negative. NoTimestamp if format and value don't match, or the date doesn't exist or lies outside 1970

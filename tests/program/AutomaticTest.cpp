@@ -50,9 +50,18 @@ TEST(Automatic, FollowsWhatTheRowsTell) {
         {"t,v\n2024-02-01 10:00 to 2024-02-01 11:00,1\n2024-02-01 11:00 to 2024-02-01 12:00,2\n"
          "2024-02-01 12:00 to 2024-02-01 13:00,3\n2024-02-01 13:00 to 2024-02-01 14:00,4\n",
          "", "certain", "", 4, 1706778000},
+        // The German day is a T, so that the format is an English one; a zone is applied.
+        {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "YYYY-MM-DDThh:mm:ss",
+         "likely", "3 rows", 3, 1706778000},
+        {"t;v\n2024-02-01 10:00:00Z;1\n2024-02-01 10:00:10Z;2\n2024-02-01 10:00:20Z;3\n2024-02-01 "
+         "10:00:30Z;4\n",
+         "JJJJ-MM-TT hh:mm:ssZ", "certain", "", 4, 1706781600},
+        {"t;v\n2024-02-01T10:00:00Z;1\n2024-02-01T10:00:10Z;2\n2024-02-01T10:00:20Z;3\n2024-02-01T10:00:30Z;"
+         "4\n",
+         "YYYY-MM-DDThh:mm:ssZ", "certain", "", 4, 1706781600},
+        {"t;v\n2024-02-01T10:00:00+02:00;1\n2024-02-01T10:00:10+02:00;2\n2024-02-01T10:00:20+02:00;3\n", "",
+         "likely", "3 rows", 3, 1706774400},
         // Times that no format reads, and none.
-        {"t;v\n2024-02-01T10:00:00;1\n2024-02-01T10:00:10;2\n2024-02-01T10:00:20;3\n", "", "likely", "3 rows",
-         3, 1706778000},
         {"nm;v\n325;3\n326;2\n327;1\n", "", "guess", "names the interval", 3, -1},
     };
     for (const GuessCase& c : cases) {
@@ -76,6 +85,8 @@ TEST(Automatic, FollowsWhatTheRowsTell) {
         if (guess["settings"].empty()) continue;
         // The printed options alone do the same.
         std::vector<std::string> options = {"--json", "--samples", "1", "data.csv"};
+        if (guess["options"].get<std::string>().find(" --format-letters YMDhms") != std::string::npos)
+            options.insert(options.end(), {"--format-letters", "YMDhms"});
         for (const auto& [key, value] : guess["settings"].items())
             options.insert(options.end(), {"--set", key + "=" + value.get<std::string>()});
         for (const Json& column : guess["columns"]) {
@@ -86,6 +97,39 @@ TEST(Automatic, FollowsWhatTheRowsTell) {
             }
         }
         EXPECT_EQ(Json::parse(run(options).Out)["signals"].dump(), document["signals"].dump());
+    }
+}
+
+// The module adds up the digits of a fraction and cuts off what their sum lacks: times with more than three
+// of them are read as whole numbers, or from a copy.
+TEST(Automatic, IsRightToTheNanosecond) {
+    struct Case {
+        const char* First;  // and the next: times of rows, 0.000129 s after the whole second
+        const char* Next;
+        const char* Format;
+        std::int64_t Fraction;
+    };
+    const Case cases[] = {
+        {"2024-02-01 10:00:00.000129", "2024-02-01 10:00:01.000129", "JJJJ-MM-TT hh:mm:ss.[µs]", 129'000},
+        {"2024-02-01T10:00:00.000129", "2024-02-01T10:00:01.000129", "YYYY-MM-DDThh:mm:ss.[µs]", 129'000},
+        {"2024-02-01 10:00:00.000129001", "2024-02-01 10:00:01.000129001", "JJJJ-MM-TT hh:mm:ss.[ns]",
+         129'001},
+        {"2024-02-01 10:00:00.0111", "2024-02-01 10:00:01.0111", "", 11'100'000},
+        {"2024-02-01 10:00:00.111", "2024-02-01 10:00:01.111", "JJJJ-MM-TT hh:mm:ss.000", 111'000'000},
+        {"7.000129", "8.000129", "ss.[µs]", 129'000},
+        {"7.0001290", "8.0001290", "", 129'000},
+        {"1706778000.000129001", "1706778001.000129001", "ss.[ns]", 129'001},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.First);
+        const ProgramRun run;
+        run.Write("data.csv", std::string("time [s],v\n") + c.First + ",1\n" + c.Next + ",2\n");
+        const Json document = Json::parse(run({"--json", "--samples", "all", "data.csv"}).Out);
+        EXPECT_EQ(document["guess"]["settings"].value("TimestampFormat", ""), c.Format);
+        constexpr std::int64_t Second = 1'000'000'000;
+        ASSERT_EQ(document["signals"][0]["samples"].size(), 2u);
+        for (const Json& sample : document["signals"][0]["samples"])
+            EXPECT_EQ(sample[0].get<std::int64_t>() % Second, c.Fraction);
     }
 }
 
