@@ -84,16 +84,25 @@ std::vector<PreparedCopy> CopiesOf(const std::string& copy,
     return copies;
 }
 
-plan::CopyResult CopyWithProgress(const std::string& file, const plan::ReadingPlan& plan,
-                                  const PreparedCopy& copy,
-                                  const std::optional<plan::DeviceColumn>& devices) {
+// The results of the copies up to the first that isn't made.
+std::vector<plan::CopyResult> CopyWithProgress(const std::string& file, const plan::ReadingPlan& plan,
+                                               const std::vector<PreparedCopy>& copies,
+                                               const std::optional<plan::DeviceColumn>& devices) {
     ProgressLine progress(file);
     plan::CopyOptions wanted;
     wanted.Layout = plan::CopyLayout::ForPeople;
     wanted.Cancel = &InterruptFlag();
     wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
-    if (devices) wanted.Only = plan::DeviceRows{devices->Column, Utf8ToUtf16(copy.Device)};
-    return WriteCleanCopy(PathFromNative(file), plan, PathFromNative(copy.Path), wanted);
+    const std::u16string source = PathFromNative(file);
+    std::vector<plan::CopyResult> results;
+    if (!devices) {
+        results.push_back(WriteCleanCopy(source, plan, PathFromNative(copies.front().Path), wanted));
+        return results;
+    }
+    std::vector<plan::DeviceCopy> targets;
+    for (const PreparedCopy& copy : copies)
+        targets.push_back({{devices->Column, Utf8ToUtf16(copy.Device)}, PathFromNative(copy.Path)});
+    return WriteDeviceCopies(source, plan, targets, wanted);
 }
 
 // Writes the copies of a file that has a plan. True if the user ended it.
@@ -105,11 +114,12 @@ bool WriteCopies(const PrepareOptions& options, const std::vector<std::string>& 
         report.Reason = WhyKept(copy.Path, sources, options.Force);
         if (!report.Reason.empty()) return false;
     }
-    for (PreparedCopy& copy : copies) {
-        copy.Result = CopyWithProgress(report.File, *report.Plan, copy, devices);
-        report.Reason = copy.Result.Failure;
-        if (copy.Result.Interrupted || !report.Reason.empty()) return copy.Result.Interrupted;
-        report.Copies.push_back(std::move(copy));
+    std::vector<plan::CopyResult> results = CopyWithProgress(report.File, *report.Plan, copies, devices);
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        report.Reason = results[i].Failure;
+        if (results[i].Interrupted || !report.Reason.empty()) return results[i].Interrupted;
+        copies[i].Result = std::move(results[i]);
+        report.Copies.push_back(std::move(copies[i]));
     }
     return false;
 }

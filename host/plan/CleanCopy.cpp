@@ -1,11 +1,13 @@
 #include "host/plan/CleanCopy.h"
 
 #include <algorithm>
+#include <deque>
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "host/language/Phrase.h"
-#include "host/plan/CopyPass.h"
+#include "host/plan/CopyRun.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/ReplacingFile.h"
 #include "platform/framework/Text.h"
@@ -40,91 +42,46 @@ class ScratchTarget : public CopyTarget {
     ScratchFile& File;
 };
 
-// Percentages that only grow, whatever is read again.
-class Progress {
-  public:
-    explicit Progress(const std::function<void(std::uint32_t)>& show) : Show(show) {}
-
-    void operator()(double share) {
-        const auto percent = static_cast<std::uint32_t>(100 * std::clamp(share, 0.0, 1.0));
-        if (percent <= Shown || !Show) return;
-        Shown = percent;
-        Show(percent);
-    }
-
-  private:
-    const std::function<void(std::uint32_t)>& Show;
-    std::uint32_t Shown = 0;
-};
-
-std::vector<ColumnType> TypesOf(const ReadingPlan& plan) {
-    std::vector<ColumnType> types;
-    for (const PlannedColumn& column : plan.Columns) types.push_back(column.Type);
-    return types;
-}
-
-// The plan knows a sample of the file. Where another row shows that rows have to be sorted, or all cells that
-// a column has another type, the copy begins anew; each of both happens once at most.
-CopyResult CopyInPasses(const std::u16string& source, const ReadingPlan& plan, CopyTarget& target,
-                        const CopyOptions& options) {
-    bool sorts = plan.Times->Trial.Falling > 0;
-    std::vector<ColumnType> types = TypesOf(plan);
-    bool areTypesFinal = false;
-    Progress progress(options.OnProgress);
-    for (;;) {
-        CopyPass pass(plan, options, types, sorts, target);
-        const CopyPass::Outcome outcome = pass.Run(source, [&](double share) { progress(0.99 * share); });
-        if (outcome == CopyPass::Outcome::Interrupted) {
-            CopyResult result;
-            result.Interrupted = true;
-            return result;
-        }
-        if (outcome == CopyPass::Outcome::OutOfOrder) {
-            sorts = true;
-            continue;
-        }
-        const bool isWrong = !areTypesFinal && pass.HasWrongTypes();
-        CopyResult result = pass.TakeResult();
-        if (!isWrong) {
-            if (result.Rows.Written == 0) {
-                result.Failure = Phrase("no line of the table has a time");
-                return result;
-            }
-            target.Finish();
-            progress(1);
-            return result;
-        }
-        areTypesFinal = true;
-        types = result.Types;
-    }
-}
-
-CopyResult CopyOrFail(const std::u16string& source, const ReadingPlan& plan, CopyTarget& target,
-                      const CopyOptions& options) {
-    CopyResult result;
+std::vector<CopyResult> CopyOrFail(CopyRun& run) {
     try {
-        return CopyInPasses(source, plan, target, options);
+        return run.Make();
     } catch (CFileException* error) {
         const std::string name = PathToNative(error->FileName);
         const std::string reason = Utf16ToUtf8(DescribeFileError(*error));
         error->Delete();
-        result.Failure = Phrase("the copy can't be made: {}: {}", name, reason);
+        return run.FailedFor(Phrase("the copy can't be made: {}: {}", name, reason));
     } catch (const std::bad_alloc&) {
-        result.Failure = Phrase("the copy can't be made: not enough memory");
+        return run.FailedFor(Phrase("the copy can't be made: not enough memory"));
     }
-    return result;
+}
+
+CopyResult CopyTo(CopyTarget& target, const std::u16string& source, const ReadingPlan& plan,
+                  const CopyOptions& options) {
+    CopyRun run(source, plan, options);
+    run.Add(nullptr, target);
+    return std::move(CopyOrFail(run).front());
 }
 }  // namespace
 
 CopyResult WriteCleanCopy(const std::u16string& source, const ReadingPlan& plan, const std::u16string& target,
                           const CopyOptions& options) {
     FileTarget file(target);
-    return CopyOrFail(source, plan, file, options);
+    return CopyTo(file, source, plan, options);
 }
 
 CopyResult WriteCleanCopy(const std::u16string& source, const ReadingPlan& plan, ScratchFile& target,
                           const CopyOptions& options) {
     ScratchTarget file(target);
-    return CopyOrFail(source, plan, file, options);
+    return CopyTo(file, source, plan, options);
+}
+
+std::vector<CopyResult> WriteDeviceCopies(const std::u16string& source, const ReadingPlan& plan,
+                                          const std::vector<DeviceCopy>& copies, const CopyOptions& options) {
+    CopyOptions shared = options;
+    shared.MostSortedBytes /= std::max<std::size_t>(copies.size(), 1);
+    CopyRun run(source, plan, shared);
+    std::deque<FileTarget> targets;
+    for (const DeviceCopy& copy : copies) run.Add(&copy.Rows, targets.emplace_back(copy.Target));
+    return CopyOrFail(run);
 }
 }  // namespace kelvarin::plan

@@ -36,10 +36,11 @@ struct DeviceRows {
 
 struct CopyOptions {
     CopyLayout Layout = CopyLayout::InPlace;
-    std::optional<DeviceRows> Only;                       // the other rows are left out, and not counted
     const std::atomic<bool>* Cancel = nullptr;            // any thread sets it to end the copy
     std::function<void(std::uint32_t)> OnProgress;        // gets each new percentage; may be empty
     std::size_t MostSortedBytes = std::size_t{64} << 20;  // of rows in memory; more are sorted on the disk
+
+    bool IsCanceled() const { return Cancel != nullptr && *Cancel; }
 };
 
 // Lines of one kind that the copy doesn't have.
@@ -80,6 +81,17 @@ struct CopyResult {
 // the file but for LineMap. A target that can't be completed stays as it was before.
 CopyResult WriteCleanCopy(const std::u16string& source, const ReadingPlan& plan, const std::u16string& target,
                           const CopyOptions& options);
+
+// The copy of one device: rows that are not its own are left out, and not counted.
+struct DeviceCopy {
+    DeviceRows Rows;
+    std::u16string Target;
+};
+
+// The copies of several devices, made as one reading of the file makes them. Results are in their order;
+// where a copy fails, those after it are not made. Of rows, MostSortedBytes are in memory for all together.
+std::vector<CopyResult> WriteDeviceCopies(const std::u16string& source, const ReadingPlan& plan,
+                                          const std::vector<DeviceCopy>& copies, const CopyOptions& options);
 
 // The same, into a file of this process that CFile can open at ScratchFile::Path.
 CopyResult WriteCleanCopy(const std::u16string& source, const ReadingPlan& plan, ScratchFile& target,

@@ -118,8 +118,18 @@ bool CellCopier::IsRewritten(std::u16string_view cell) const {
                        [](char a, char16_t b) { return static_cast<char16_t>(a) == b; });
 }
 
+CellCounts CellCopier::Counts() const {
+    CellCounts counts = All;
+    Plain.AddTo(counts);
+    return counts;
+}
+
+std::uint64_t CellCopier::RewrittenNumbers() const {
+    return Numbers + (Mark == u'.' ? 0 : Plain.Decimals());
+}
+
 ColumnType CellCopier::Type() const {
-    const ColumnType type = All.Type(!Column.Unit.empty() || IsCountName(Column.Name));
+    const ColumnType type = Counts().Type(!Column.Unit.empty() || IsCountName(Column.Name));
     return type == ColumnType::Boolean && HasUnclearTruth ? ColumnType::Text : type;
 }
 
@@ -127,11 +137,11 @@ bool CellCopier::IsWrongType() const {
     const Kind kind = KindOf(Type());
     if (kind == Own) return false;
     const bool isBetweenNumbers = kind != Kind::Texts && Own != Kind::Texts;
-    return isBetweenNumbers ? Truths > 0 : Numbers + Truths + Markers > 0;
+    return isBetweenNumbers ? Truths > 0 : RewrittenNumbers() + Truths + Markers > 0;
 }
 
 std::uint64_t CellCopier::ChangedValues() const {
-    return Own == Kind::Texts ? 0 : Numbers + (Own == Kind::Truths ? Truths : 0);
+    return Own == Kind::Texts ? 0 : RewrittenNumbers() + (Own == Kind::Truths ? Truths : 0);
 }
 
 std::uint64_t CellCopier::ChangedMarkers() const {

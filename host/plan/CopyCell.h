@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/plan/CellTally.h"
 #include "host/plan/ReadingPlan.h"
 
 namespace kelvarin::plan {
@@ -24,7 +25,15 @@ class CellCopier {
 
     void Append(std::u16string_view cell, std::string& out);
 
-    const CellCounts& Counts() const { return All; }
+    // The least of the looks of cells that stay as they are, but for their decimal mark.
+    CellLook LeastKept() const {
+        return Own == Kind::Texts && Mark != u'.' ? CellLook::Empty : CellLook::Decimal;
+    }
+
+    // Counts such a cell as Append does.
+    void Count(CellLook look) { Plain.Add(look); }
+
+    CellCounts Counts() const;
 
     // What the cells so far are.
     ColumnType Type() const;
@@ -45,13 +54,15 @@ class CellCopier {
     bool RewriteNumber(std::u16string_view cell, const NumberLook& look);
     bool RewriteAmount(std::u16string_view cell);
     bool IsRewritten(std::u16string_view cell) const;
+    std::uint64_t RewrittenNumbers() const;
 
     const PlannedColumn& Column;
     const Kind Own;
     const char16_t Mark;
-    CellCounts All;
+    CellTally Plain;
+    CellCounts All;         // but those of Plain
     std::string Rewritten;  // of the cell at hand
-    // Cells that are rewritten, in a column of texts: that would be if it were none.
+    // Cells of All that are rewritten, in a column of texts: that would be if it were none.
     std::uint64_t Numbers = 0, Truths = 0, Markers = 0;
     bool HasUnclearTruth = false;  // "open": which of both is true can't be told
 };

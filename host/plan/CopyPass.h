@@ -1,16 +1,15 @@
-// One reading of a file that writes its copy.
+// One try to write a copy, from the first line of a file to its last one.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/plan/CleanCopy.h"
-#include "host/plan/CopyCell.h"
+#include "host/plan/CopyReader.h"
+#include "host/plan/CopyRow.h"
 #include "host/plan/RowSorter.h"
 
 namespace kelvarin::plan {
@@ -27,52 +26,48 @@ class CopyTarget {
 
 class CopyPass {
   public:
-    enum class Outcome { Done, OutOfOrder, Interrupted };
+    // All are borrowed. `only` are the rows that are wanted; null for all. With `sorts` rows may come in any
+    // order. `types` are those of the columns.
+    CopyPass(const ReadingPlan& plan, const CopyOptions& options, const DeviceRows* only,
+             const std::vector<ColumnType>& types, bool sorts, CopyTarget& target);
 
-    // All are borrowed. With `sorts` rows may come in any order. `types` are those of the columns.
-    CopyPass(const ReadingPlan& plan, const CopyOptions& options, const std::vector<ColumnType>& types,
-             bool sorts, CopyTarget& target);
+    // Begins the target. All three raise CFileException.
+    void Begin();
 
-    // Reads the file once; ends early at a row that is out of order, unless it sorts. `onShare` gets the
-    // part of the file that was read, from 0 to 1. Raises CFileException.
-    Outcome Run(const std::u16string& source, const std::function<void(double)>& onShare);
+    // Takes the next line of the table; false at a row that is out of order, after which nothing can be done.
+    bool Take(const CopyLine& line);
 
-    // After a pass that is done.
+    // After the last line; Options.Cancel ends it early.
+    void End();
+
     CopyResult TakeResult();
 
     // True if a column turned out to be of another type, so that some of its cells should be others.
-    bool HasWrongTypes() const;
+    bool HasWrongTypes() const { return Rows.HasWrongTypes(); }
 
   private:
-    bool IsInterrupted() const { return Options.Cancel != nullptr && *Options.Cancel; }
     void WriteHeader();
-    bool TakeLine(std::u16string_view line);
-    bool IsRow(const std::vector<std::u16string_view>& cells) const;
+    bool TakeRow(const CopyLine& line);
     bool IsOfOtherTable(std::size_t cells);
     bool IsWanted(const std::vector<std::u16string_view>& cells) const;
     static void LeaveOut(LinesLeftOut& kind, std::uint64_t line);
-    bool TakeRow(std::int64_t time, std::uint64_t line);
-    void MakeRow(const std::vector<std::u16string_view>& cells);
+    bool PutRow(const SortedRow& row);
     void WriteRow(const SortedRow& row);
     void WriteBlock();
 
     const ReadingPlan& Plan;
     const CopyOptions& Options;
+    const DeviceRows* const Only;
     const bool Sorts;
     CopyTarget& Target;
     CopyResult Result;
-    LineCutter Cutter;
-    TimeWalk Walk;
+    RowCopier Rows;
     TimeWriter Times;
     RowSorter Sorter;
-    std::vector<CellCopier> Columns;
-    std::vector<std::u16string> HeaderLines;  // as they are in the file, trimmed
-    std::uint64_t Line = 0;                   // that was read last
-    int TimelessBefore = 0;                   // lines without a time since the last row, blank ones aside
+    int TimelessBefore = 0;  // lines without a time since the last row, blank ones aside
     bool IsInOtherTable = false;
     std::int64_t First = 0;   // time of the first row
     std::int64_t Before = 0;  // time of the row before
-    std::string Row;          // without its time
     std::string Block;        // that isn't written yet
 
     // A row that sums up the others unless one follows it.
@@ -82,6 +77,5 @@ class CopyPass {
         std::string Text;
     };
     std::optional<HeldRow> Held;
-    std::uint64_t DeclaredMissing = 0;  // cells
 };
 }  // namespace kelvarin::plan

@@ -1,38 +1,53 @@
 #include "host/plan/CopyTime.h"
 
+#include <charconv>
 #include <chrono>
 
 #include "host/plan/Durations.h"
 
 namespace kelvarin::plan {
 namespace {
-void AppendDigits(std::int64_t number, int count, std::string& out) {
-    const std::size_t begin = out.size();
-    out.resize(begin + static_cast<std::size_t>(count));
-    for (std::size_t at = out.size(); at > begin; number /= 10)
-        out[--at] = static_cast<char>('0' + number % 10);
+// Writes a number with leading zeros.
+template <int Count>
+char* PutDigits(std::uint32_t number, char* out) {
+    for (int at = Count; at > 0; number /= 10) out[--at] = static_cast<char>('0' + number % 10);
+    return out + Count;
+}
+
+constexpr std::size_t MostText = 32;  // of a clock or of seconds
+
+// Nine decimals of a second.
+char* PutFraction(std::int64_t nanoseconds, char* out) {
+    constexpr std::uint32_t Thousand = 1000;
+    const auto number = static_cast<std::uint32_t>(nanoseconds);
+    *out++ = '.';
+    out = PutDigits<3>(number / Thousand / Thousand, out);
+    out = PutDigits<3>(number / Thousand % Thousand, out);
+    return PutDigits<3>(number % Thousand, out);
 }
 
 void AppendSeconds(std::int64_t time, std::string& out) {
-    if (time < 0) out += '-';
+    char text[MostText];
+    char* end = text;
+    if (time < 0) *end++ = '-';
     // Each part keeps the sign, so that the least number needs no other one's place.
     const std::int64_t whole = time / Second;
     const std::int64_t rest = time % Second;
-    out += std::to_string(whole < 0 ? -whole : whole);
-    out += '.';
-    AppendDigits(rest < 0 ? -rest : rest, 9, out);
+    end = std::to_chars(end, text + MostText, whole < 0 ? -whole : whole).ptr;
+    end = PutFraction(rest < 0 ? -rest : rest, end);
+    out.append(text, end);
 }
 
 std::string DateOf(std::int64_t day) {
     const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{day}}};
-    std::string text;
-    AppendDigits(static_cast<int>(date.year()), 4, text);
-    text += '-';
-    AppendDigits(static_cast<unsigned>(date.month()), 2, text);
-    text += '-';
-    AppendDigits(static_cast<unsigned>(date.day()), 2, text);
-    text += ' ';
-    return text;
+    char text[MostText];
+    char* end = PutDigits<4>(static_cast<std::uint32_t>(static_cast<int>(date.year())), text);
+    *end++ = '-';
+    end = PutDigits<2>(static_cast<unsigned>(date.month()), end);
+    *end++ = '-';
+    end = PutDigits<2>(static_cast<unsigned>(date.day()), end);
+    *end++ = ' ';
+    return {text, end};
 }
 }  // namespace
 
@@ -58,14 +73,15 @@ void TimeWriter::AppendLocal(std::int64_t time, std::string& out) {
     }
     if (Date.empty() || day != Day) Date = DateOf(day);
     Day = day;
+    const auto seconds = static_cast<std::uint32_t>(clock / Second);
+    char text[MostText];
+    char* end = PutDigits<2>(seconds / 3600, text);
+    *end++ = ':';
+    end = PutDigits<2>(seconds / 60 % 60, end);
+    *end++ = ':';
+    end = PutDigits<2>(seconds % 60, end);
+    end = PutFraction(clock % Second, end);
     out += Date;
-    const std::int64_t seconds = clock / Second;
-    AppendDigits(seconds / 3600, 2, out);
-    out += ':';
-    AppendDigits(seconds / 60 % 60, 2, out);
-    out += ':';
-    AppendDigits(seconds % 60, 2, out);
-    out += '.';
-    AppendDigits(clock % Second, 9, out);
+    out.append(text, end);
 }
 }  // namespace kelvarin::plan

@@ -41,33 +41,55 @@ std::optional<ClockSeconds> SecondsIn(std::u16string_view text) {
         if (scale == 0) return std::nullopt;
         found.Value += (text[found.End] - u'0') * scale;
     }
+    found.LastDigit = scale;
     return found;
 }
 }  // namespace
 
-bool MinuteMemo::Knows(std::u16string_view date, std::u16string_view text,
-                       const ClockSeconds& seconds) const {
-    const std::u16string_view known = Text;
-    return text.size() == known.size() && seconds.Begin == Place.Begin && seconds.End == Place.End &&
-           known.substr(0, seconds.Begin) == text.substr(0, seconds.Begin) &&
-           known.substr(seconds.End) == text.substr(seconds.End) && date == Date;
+// The seconds in ns, with their fraction, of a text that is the known one but for their digits.
+std::optional<std::int64_t> MinuteMemo::SecondsOf(std::u16string_view text) const {
+    const std::size_t fraction = Place.Begin + 2;
+    if (text.size() != Text.size()) return std::nullopt;
+    const auto isKnown = [&](std::size_t begin, std::size_t end) {
+        return std::equal(text.begin() + begin, text.begin() + end, Text.begin() + begin);
+    };
+    if (!isKnown(0, Place.Begin) || !isKnown(Place.End, text.size())) return std::nullopt;
+    if (fraction < Place.End && text[fraction] != Text[fraction]) return std::nullopt;
+    std::int64_t number = 0;
+    for (std::size_t at = Place.Begin; at < Place.End; ++at) {
+        if (at == fraction) continue;
+        if (!IsDigit(text[at])) return std::nullopt;
+        number = 10 * number + (text[at] - u'0');
+    }
+    constexpr char16_t MostTens = u'5';
+    if (text[Place.Begin] > MostTens) return std::nullopt;
+    return number * Place.LastDigit;
+}
+
+std::optional<std::int64_t> MinuteMemo::Known(const TimeRecipe& recipe,
+                                              const std::vector<std::u16string_view>& cells) const {
+    if (Text.empty() || recipe.Columns.back() >= cells.size()) return std::nullopt;
+    if (recipe.Columns.size() > 1) {
+        const std::size_t column = recipe.Columns.front();
+        if (column >= cells.size() || cells[column] != Date) return std::nullopt;
+    }
+    const std::optional<std::int64_t> seconds = SecondsOf(cells[recipe.Columns.back()]);
+    if (!seconds) return std::nullopt;
+    return Time + *seconds - Place.Value;
 }
 
 std::optional<std::int64_t> MinuteMemo::TimeOf(const TimeRecipe& recipe,
                                                const std::vector<std::u16string_view>& cells) {
+    if (const std::optional<std::int64_t> known = Known(recipe, cells)) return known;
     const bool isPlain = recipe.Kind == TimeKind::Text && recipe.Columns.size() <= 2 &&
-                         !recipe.Style.BeginsWithMinutes && !recipe.Style.FractionIsCounted &&
-                         std::all_of(recipe.Columns.begin(), recipe.Columns.end(),
-                                     [&](std::size_t column) { return column < cells.size(); });
-    if (!isPlain) return recipe.TimeOf(cells);
-    const std::u16string_view text = cells[recipe.Columns.back()];
-    const std::u16string_view date = recipe.Columns.size() > 1 ? cells[recipe.Columns.front()] : u"";
-    const std::optional<ClockSeconds> seconds = SecondsIn(text);
-    if (seconds && Knows(date, text, *seconds)) return Time + seconds->Value - Place.Value;
+                         !recipe.Style.BeginsWithMinutes && !recipe.Style.FractionIsCounted;
     const std::optional<std::int64_t> time = recipe.TimeOf(cells);
-    if (!time || !seconds) return time;
+    if (!isPlain || !time) return time;
+    const std::u16string_view text = cells[recipe.Columns.back()];
+    const std::optional<ClockSeconds> seconds = SecondsIn(text);
+    if (!seconds) return time;
     Text = text;
-    Date = date;
+    Date = recipe.Columns.size() > 1 ? cells[recipe.Columns.front()] : u"";
     Place = *seconds;
     Time = *time;
     return time;

@@ -13,7 +13,8 @@ struct TimeRecipe;
 // The seconds of a clock within a text, with their fraction.
 struct ClockSeconds {
     std::size_t Begin = 0, End = 0;
-    std::int64_t Value = 0;  // ns
+    std::int64_t Value = 0;                  // ns
+    std::int64_t LastDigit = 1'000'000'000;  // ns, what the last digit counts
 };
 
 class MinuteMemo {
@@ -23,7 +24,9 @@ class MinuteMemo {
                                        const std::vector<std::u16string_view>& cells);
 
   private:
-    bool Knows(std::u16string_view date, std::u16string_view text, const ClockSeconds& seconds) const;
+    std::optional<std::int64_t> Known(const TimeRecipe& recipe,
+                                      const std::vector<std::u16string_view>& cells) const;
+    std::optional<std::int64_t> SecondsOf(std::u16string_view text) const;
 
     std::u16string Text;  // of the last column; empty: nothing is known
     std::u16string Date;  // of the column before it, if there is one

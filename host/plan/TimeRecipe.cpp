@@ -142,9 +142,12 @@ std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_
 std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view>& cells, std::size_t width) {
     const std::size_t used = Recipe.Columns.size() + Recipe.Parts.size();
     constexpr std::size_t WideTable = 4;
-    const auto filled = std::count_if(cells.begin(), cells.end(), [](auto cell) { return !cell.empty(); });
-    const bool isAlone =
-        cells.size() <= used || (cells.size() > WideTable && static_cast<std::size_t>(filled) <= used);
+    bool isAlone = cells.size() <= used;
+    if (!isAlone && cells.size() > WideTable) {
+        std::size_t filled = 0;
+        for (std::size_t i = 0; i < cells.size() && filled <= used; ++i) filled += !cells[i].empty();
+        isAlone = filled <= used;
+    }
     if (isAlone && width > used) return std::nullopt;
     std::optional<std::int64_t> time = Memo.TimeOf(Recipe, cells);
     if (!time) return std::nullopt;

@@ -1,0 +1,42 @@
+// What UTF-16 units are in a line of a table, in what every processor has.
+#pragma once
+
+#include "simd/Units.h"
+
+namespace simd {
+
+// UnitsPerMask units with a bit for each, the first in the lowest.
+struct CellMasks {
+    std::uint64_t Separators = 0;
+    std::uint64_t Digits = 0;
+    std::uint64_t Marks = 0;   // decimal ones that are no separators
+    std::uint64_t Quotes = 0;  // double ones
+};
+
+// The units of a line that have a meaning, each ASCII and not NUL. Both separators may be the same.
+struct CellSyntax {
+    char Separator, OtherSeparator;
+    char Mark;
+};
+
+// Writes a byte for each unit as well: a tab for a separator, a point for a decimal mark, any byte for a unit
+// beyond ASCII.
+inline CellMasks FindCellUnits(const char16_t* text, const CellSyntax& syntax, char* bytes) {
+    const auto isSeparator = [&](char16_t c) {
+        return c == static_cast<char16_t>(syntax.Separator) ||
+               c == static_cast<char16_t>(syntax.OtherSeparator);
+    };
+    const auto isMark = [&](char16_t c) { return c == static_cast<char16_t>(syntax.Mark); };
+    for (std::size_t i = 0; i < UnitsPerMask; ++i) {
+        const char byte = static_cast<char>(text[i]);
+        bytes[i] = isSeparator(text[i]) ? '\t' : isMark(text[i]) ? '.' : byte;
+    }
+    CellMasks masks;
+    masks.Separators = MaskOf(text, isSeparator);
+    masks.Digits = MaskOf(text, [](char16_t c) { return c >= u'0' && c <= u'9'; });
+    masks.Marks = MaskOf(text, isMark) & ~masks.Separators;
+    masks.Quotes = MaskOf(text, [](char16_t c) { return c == u'"'; });
+    return masks;
+}
+
+}  // namespace simd
