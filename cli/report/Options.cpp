@@ -32,10 +32,10 @@ std::string OptionsText(const std::vector<ColumnChoice>& columns) {
 }
 
 std::string RemedyText(const Remedy& remedy) {
-    std::string options = OptionsText(remedy.Settings);
+    std::string options = remedy.Columns.empty() ? OptionsText(remedy.Settings) : OptionsText(remedy.Columns);
     if (remedy.Action == RemedyAction::ExtractRows) options = "--rejects FILE";
     if (remedy.Action == RemedyAction::ExtractRowsAndCells) options = "--rejects FILE --reject-cells";
-    if (remedy.Action == RemedyAction::SwitchToEnglish) options = "--language en";
+    if (remedy.Action == RemedyAction::CopyFile) options = "kelvarin-import prepare FILE";
     if (options.empty() || remedy.Text.empty()) return remedy.Text + options;
     return remedy.Text + ": " + options;
 }

@@ -9,8 +9,9 @@
 
 #include "contract/TableReader.h"
 #include "contract/TimeReader.h"
-#include "host/guess/GuessParts.h"
 #include "host/plan/CopyTime.h"
+#include "host/plan/Durations.h"
+#include "host/plan/FormatShapes.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "settings/IntervalUnits.h"
@@ -18,8 +19,6 @@
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::int64_t DaySeconds = 86'400;
-
 // Lines that are cut by the module to see whether it finds the same cells.
 constexpr std::uint64_t LinesCompared = 60;
 
@@ -37,8 +36,19 @@ struct TableStart {
 };
 
 TableStart StartOf(const ReadingPlan& plan) {
+    const FixedTable& fixed = plan.Fixed;
+    if (fixed.FirstLine != 0)
+        return {fixed.FirstLine, fixed.HasNames.value_or(plan.NamesLine == fixed.FirstLine)};
     const bool isDirectlyBelow = plan.NamesLine != 0 && plan.NamesLine + 1 == plan.FirstLine;
-    return {isDirectlyBelow ? plan.NamesLine : plan.FirstLine, isDirectlyBelow};
+    const bool hasNames = fixed.HasNames.value_or(isDirectlyBelow) && plan.FirstLine > 1;
+    return {hasNames ? plan.FirstLine - 1 : plan.FirstLine, hasNames};
+}
+
+// The module takes as many columns as the line at which it starts has cells: one above the table has too few.
+bool IsStartTooShort(const ReadingPlan& plan, std::uint64_t start) {
+    if (start == plan.FirstLine || start == plan.NamesLine || start > plan.Sample.Head) return false;
+    LineCutter cut(plan.How);
+    return cut(plan.Sample.Lines[start - 1].Text).size() < plan.Width;
 }
 
 // A cell that the module would refuse or read as another number.
@@ -153,11 +163,10 @@ Texts Examples(const Texts& texts) {
 // Formats that a text could have, also with a fraction that it lacks itself.
 Texts FormatsOf(const std::u16string& text, const std::u16string& letters) {
     Texts formats;
-    for (const guess::FormatShape& shape : guess::ShapesOf(text, letters)) {
-        if (shape.Blocked != u'\0' || shape.IsTwelveHours || !shape.RangeMark.empty()) continue;
-        formats.push_back(shape.Format);
-        if (shape.Format.empty() || shape.Format.back() != letters[5]) continue;
-        for (const char16_t* const fraction : {u".000", u",000"}) formats.push_back(shape.Format + fraction);
+    for (const std::u16string& format : FormatsLike(text, letters)) {
+        formats.push_back(format);
+        if (format.back() != letters[5]) continue;
+        for (const char16_t* const fraction : {u".000", u",000"}) formats.push_back(format + fraction);
     }
     return formats;
 }
@@ -194,7 +203,7 @@ std::int64_t FirstDayOf(const std::u16string& path, std::int64_t span) {
                               : std::chrono::time_point_cast<std::chrono::system_clock::duration>(
                                     std::chrono::file_clock::to_sys(changed));
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(moment.time_since_epoch());
-    return seconds.count() - span / guess::Second;
+    return seconds.count() - span / Second;
 }
 
 SettingList ColumnSettings(int dateSetting, std::size_t date, std::size_t time,
@@ -231,7 +240,7 @@ std::optional<SettingList> TextSettings(ITimeReader& reader, const ReadingPlan& 
         if (recipe.IsAbsolute)
             return ColumnSettings(DateFromColumn, recipe.Columns.front(), recipe.Columns.back(), format);
         if (columns.size() != 1) return std::nullopt;
-        const bool runsOver = recipe.RollsOver && plan.Times->Trial.Last > DaySeconds * guess::Second;
+        const bool runsOver = recipe.RollsOver && plan.Times->Trial.Last > DayLength;
         SettingList settings = ColumnSettings(runsOver ? DateFixed : DateNone, 0, columns[0], format);
         if (runsOver) {
             const std::int64_t span = plan.Times->Trial.Last - plan.Times->Trial.First;
@@ -294,6 +303,7 @@ std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const Re
     const TableStart start = StartOf(plan);
     if (HoldsDeclaredMissing(plan)) return std::nullopt;
     if (plan.How.IsLineQuoted || start.Line == 0 || start.Line > HighestNumber) return std::nullopt;
+    if (IsStartTooShort(plan, start.Line)) return std::nullopt;
     ITableReader* const reader = filter.Find<ITableReader>();
     if (reader == nullptr || !CutsAlike(*reader, plan)) return std::nullopt;
     const auto* const fixed =
