@@ -33,9 +33,9 @@ std::string WhyFailed(const check::CheckResult& result) {
     const Reading& table = result.Format;
     const check::RowsAbove& above = result.Above;
     return failure + " " +
-           (above.First != 0
+           (!above.Settings.empty()
                 ? Phrase("Lines {} to {} look like rows; name the table's start: {}", above.First, above.Last,
-                         OptionsText(check::TableSettings(check::TableAbove(result))))
+                         OptionsText(above.Settings))
                 : Phrase("No table was found at line {}; name its line: --set AutoFormat=0 --set "
                          "FirstLine=LINE --set ImportHeader=1 or 0",
                          table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));

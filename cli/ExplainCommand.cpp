@@ -8,6 +8,7 @@
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
 #include "cli/many/ManyFiles.h"
+#include "cli/report/AssumptionsReport.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/Options.h"
@@ -17,6 +18,7 @@
 #include "host/SourceFiles.h"
 #include "host/explain/Explanation.h"
 #include "host/language/Phrase.h"
+#include "host/plan/CellsInWords.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
@@ -47,27 +49,51 @@ void WriteLine(ReportStream out, const TerminalText& label, const std::string& t
     out << "\n";
 }
 
-std::size_t ColumnsShown(const explain::Explanation& explanation) {
-    return std::min(explanation.Columns.size(), explain::AnalysisRecord::MostColumns);
-}
+// Why each column is what it is: by the plan that is followed, or by the module's own analysis.
+class ColumnReasons {
+  public:
+    // `followed` is null if there is no plan. Both outlive the object.
+    ColumnReasons(const explain::Explanation& explanation, const plan::ReadingPlan* followed)
+        : All(explanation), Plan(followed) {}
 
-void WriteColumns(ReportStream out, const explain::Explanation& explanation) {
+    // Of a copy, a column more than the file has is that of its times.
+    std::size_t Shown() const {
+        const std::size_t most = Plan == nullptr ? All.Columns.size() : Plan->Columns.size();
+        return std::min({All.Columns.size(), most, explain::AnalysisRecord::MostColumns});
+    }
+    std::size_t Count() const {
+        return Plan == nullptr ? All.Columns.size() : std::min(All.Columns.size(), Plan->Columns.size());
+    }
+
+    bool IsTime(std::size_t column) const {
+        return All.Columns[column].IsTimestamp || (Plan != nullptr && Plan->Columns[column].IsTime);
+    }
+
+    std::string InWords(std::size_t column) const {
+        if (Plan != nullptr) return plan::CellsInWords(Plan->Columns[column].Cells);
+        return explain::ReasonInWords(explain::ReasonFor(All.Record, column));
+    }
+
+  private:
+    const explain::Explanation& All;
+    const plan::ReadingPlan* const Plan;
+};
+
+void WriteColumns(ReportStream out, const explain::Explanation& explanation, const ColumnReasons& reasons) {
     if (explanation.Columns.empty()) return;
     out << ReportHeading(Phrase("columns")) << "\n";
     using Align = TextTable::Align;
     TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
-    const std::size_t shown = ColumnsShown(explanation);
-    for (std::size_t i = 0; i < shown; ++i) {
+    for (std::size_t i = 0; i < reasons.Shown(); ++i) {
         const ColumnSummary& column = explanation.Columns[i];
-        table.AddRow({std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
-                      column.IsTimestamp ? Phrase("timestamp") : DataTypeInWords(column.Type),
-                      column.IsTimestamp
-                          ? Phrase("gives the rows their time, by the settings")
-                          : explain::ReasonInWords(explain::ReasonFor(explanation.Record, i))});
+        table.AddRow(
+            {std::to_string(i + 1), OneLine(Utf16ToUtf8(column.Name), NameWidth),
+             reasons.IsTime(i) ? Phrase("timestamp") : DataTypeInWords(column.Type),
+             reasons.IsTime(i) ? Phrase("gives the rows their time, by the settings") : reasons.InWords(i)});
     }
     table.Write(out, "    ");
-    if (shown < explanation.Columns.size())
-        out << "    " << Phrase("... and {} more columns", explanation.Columns.size() - shown) << "\n";
+    if (reasons.Shown() < reasons.Count())
+        out << "    " << Phrase("... and {} more columns", reasons.Count() - reasons.Shown()) << "\n";
 }
 
 void WriteWarnings(ReportStream out, const explain::Explanation& explanation) {
@@ -80,16 +106,13 @@ void WriteWarnings(ReportStream out, const explain::Explanation& explanation) {
 }
 
 void WriteAdvice(ReportStream out, const explain::Explanation& explanation) {
-    if (explanation.IsAdvised()) {
-        const explain::TableProposal& table = *explanation.Proposal;
-        WriteLine(out, ReportLabel(Phrase("advice")),
-                  Phrase("A table seems to begin in line {} (rows: {}, cells in each: {}). To take it ({}):",
-                         table.Format.FirstDataLine(), table.Rows, table.Cells, explanation.ProposalGives));
-        out << ReportLabel("") << OptionsText(explanation.ProposedSettings()) << "\n";
-    }
-    if (explanation.ReadsTimes)
-        WriteLine(out, ReportLabel(Phrase("times")),
-                  Phrase("no timestamp format is set; --guess-time proposes one"));
+    if (!explanation.IsAdvised() && !explanation.NeedsCopy) return;
+    WriteAssumptions(out, Phrase("advice"), explanation.Assumed);
+    out << ReportLabel("")
+        << (explanation.IsAdvised()
+                ? Phrase("as options: {}", OptionsText(explanation.Advised, explanation.AdvisedLetters))
+                : Phrase("`kelvarin-import prepare FILE` writes a copy that is read so"))
+        << "\n";
 }
 
 Json DetectionJson(const explain::AnalysisRecord& record) {
@@ -124,7 +147,7 @@ Json GroupJson(const explain::CellGroup& group) {
     return {{"count", group.Count}, {"line", group.FirstLine}, {"text", Utf16ToUtf8(group.FirstText)}};
 }
 
-Json ColumnJson(const explain::Explanation& explanation, std::size_t column) {
+Json ColumnJson(const explain::Explanation& explanation, const ColumnReasons& reasons, std::size_t column) {
     const explain::ColumnReason reason = explain::ReasonFor(explanation.Record, column);
     Json fell = Json::object();
     for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
@@ -134,9 +157,9 @@ Json ColumnJson(const explain::Explanation& explanation, std::size_t column) {
     }
     return {{"index", column},
             {"name", Utf16ToUtf8(explanation.Columns[column].Name)},
-            {"timestamp", explanation.Columns[column].IsTimestamp},
-            {"type", reason.Type},
-            {"why", explain::ReasonInWords(reason)},
+            {"timestamp", reasons.IsTime(column)},
+            {"type", explanation.Columns[column].Type},
+            {"why", reasons.InWords(column)},
             {"cells", reason.Cells},
             {"empty", GroupJson(reason.Empty)},
             {"mostType", reason.MostType},
@@ -167,32 +190,37 @@ Json ProposalJson(const explain::Explanation& explanation) {
             {"cells", table.Cells},
             {"namesLine", table.NamesLine},
             {"names", Utf16ToUtf8(table.Names)},
-            {"advised", explanation.IsAdvised()},
-            {"options", explanation.IsAdvised() ? OptionsText(explanation.ProposedSettings()) : ""}};
+            {"advised", explanation.IsOtherTable && explanation.IsAdvised()},
+            {"options",
+             explanation.IsOtherTable ? OptionsText(explanation.Advised, explanation.AdvisedLetters) : ""}};
 }
 
 void WriteExplanationText(ReportStream out, const std::string& file, const explain::Explanation& explanation,
-                          const guess::TimeGuess* guess) {
+                          FileReading& reading) {
+    const plan::ReadingPlan* const plan = reading.Automatic()->Plan();
     out << Styled(Style::Heading, file) << "\n";
-    if (guess != nullptr) WriteGuessText(out, *guess);
-    WriteLine(out, ReportLabel(Phrase("taken")), FormatInWords(explanation.Format));
-    TerminalText label = ReportLabel(Phrase("why"));
-    for (const std::string& reason : explain::FormatReasons(explanation)) {
-        WriteLine(out, label, reason);
-        label = ReportLabel("");
+    if (reading.Guess() != nullptr) WriteGuessText(out, *reading.Guess());
+    if (plan == nullptr) {
+        WriteLine(out, ReportLabel(Phrase("taken")), FormatInWords(explanation.Format));
+        TerminalText label = ReportLabel(Phrase("why"));
+        for (const std::string& reason : explain::FormatReasons(explanation)) {
+            WriteLine(out, label, reason);
+            label = ReportLabel("");
+        }
+        const std::string second = explain::RunnerUp(explanation.Record);
+        if (!second.empty()) WriteLine(out, ReportLabel(Phrase("runner-up")), second);
+        WriteLine(out, ReportLabel(Phrase("analysed")), explain::RowsRead(explanation.Record));
     }
-    const std::string second = explain::RunnerUp(explanation.Record);
-    if (!second.empty()) WriteLine(out, ReportLabel(Phrase("runner-up")), second);
-    WriteLine(out, ReportLabel(Phrase("analysed")), explain::RowsRead(explanation.Record));
-    WriteColumns(out, explanation);
+    WriteColumns(out, explanation, ColumnReasons(explanation, plan));
     WriteWarnings(out, explanation);
     WriteAdvice(out, explanation);
 }
 
 void WriteExplanationJson(std::ostream& out, const std::string& file, const explain::Explanation& explanation,
-                          const guess::TimeGuess* guess) {
+                          FileReading& reading) {
+    const ColumnReasons reasons(explanation, reading.Automatic()->Plan());
     Json columns = Json::array();
-    for (std::size_t i = 0; i < ColumnsShown(explanation); ++i) columns.push_back(ColumnJson(explanation, i));
+    for (std::size_t i = 0; i < reasons.Shown(); ++i) columns.push_back(ColumnJson(explanation, reasons, i));
     Json warnings = Json::array();
     for (const explain::Warning& warning : explanation.Warnings) {
         warnings.push_back(
@@ -205,10 +233,10 @@ void WriteExplanationJson(std::ostream& out, const std::string& file, const expl
                      {"detection", DetectionJson(explanation.Record)},
                      {"table", TableJson(explanation)},
                      {"columns", columns},
-                     {"columnCount", explanation.Columns.size()},
+                     {"columnCount", reasons.Count()},
                      {"warnings", warnings},
                      {"proposal", ProposalJson(explanation)}};
-    if (guess != nullptr) document["guess"] = GuessToJson(*guess);
+    if (reading.Guess() != nullptr) document["guess"] = GuessToJson(*reading.Guess());
     out << document.dump() << "\n";
 }
 
@@ -222,18 +250,16 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const R
     HostSession session(module, path, std::move(run));
     record.ListenTo(session.Filter());
     if (!session.Filter().AnalyzeFile()) return Fail(file, WhyUnreadable(session.Filter(), path));
+    const plan::ReadingPlan* const plan = reading.Automatic()->Plan();
+    explain::Explanation explanation = plan == nullptr
+                                           ? explain::Explain(module, path, session.Filter(), record)
+                                           : explain::ExplainPlanned(*plan, session.Filter(), record);
     // The module's decisions about a copy say nothing of the file.
-    if (reading.Automatic()->Copy() != nullptr && !common.Json) {
-        WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
-        WriteGuessText(std::cout, *reading.Guess());
-        return reading.WithComplaints(ExitDone);
-    }
-    const explain::Explanation explanation =
-        explain::Explain(module, reading.Automatic()->Path(), session.Filter(), record);
+    if (reading.Automatic()->Copy() != nullptr) explanation.Warnings.clear();
     if (common.Json) {
-        WriteExplanationJson(std::cout, file, explanation, reading.Guess());
+        WriteExplanationJson(std::cout, file, explanation, reading);
     } else {
-        WriteExplanationText(std::cout, file, explanation, reading.Guess());
+        WriteExplanationText(std::cout, file, explanation, reading);
     }
     return reading.WithComplaints(ExitDone);
 }

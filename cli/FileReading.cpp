@@ -4,7 +4,6 @@
 #include "cli/TypeNames.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
-#include "host/plan/PlanGuess.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 #include "platform/framework/Text.h"
@@ -101,14 +100,10 @@ FileReading::FileReading(const ModuleLoader& module, const std::string& file, co
       IsToBeSaved(options.Save),
       Plan(module, PathFromNative(file), common.Settings,
            AutomaticOptionsFor(options, std::move(onProgress))) {
-    if (Plan.Plan() != nullptr) {
-        Found = plan::GuessOf(Plan);
-        if (options.Save) Save();
-    } else if (options.GuessTime || Plan.IsTableChosen()) {
-        ByTable.emplace(module, PathFromNative(file), guess::GuessOptions{true, options.Save},
-                        common.Settings);
-        Found = *ByTable->Guess();
-    }
+    const bool isAsked = options.GuessTime || options.Save;
+    if (Plan.Plan() == nullptr && (!isAsked || options.NoGuess)) return;
+    Found = plan::GuessOf(Plan);
+    if (options.Save) Save();
 }
 
 void FileReading::Save() {

@@ -8,8 +8,7 @@
 #include <vector>
 
 #include "cli/CommandLine.h"
-#include "host/guess/TimeGuess.h"
-#include "host/plan/AutomaticReading.h"
+#include "host/plan/PlanGuess.h"
 
 namespace kelvarin::cli {
 struct ReadingOptions {
@@ -42,7 +41,7 @@ class FileReading {
     bool TakesCopy();
 
     // What was found; null if nothing was looked for.
-    const guess::TimeGuess* Guess() const { return Found ? &*Found : nullptr; }
+    const plan::Guess* Guess() const { return Found ? &*Found : nullptr; }
 
     // The status of the file's work, made worse if what --save was to keep is lost or a column isn't there,
     // which is complained about.
@@ -55,7 +54,6 @@ class FileReading {
     const std::string File;
     const bool IsToBeSaved;
     plan::AutomaticReading Plan;
-    std::optional<guess::GuessLayer> ByTable;  // times alone, in a table that the user has named
-    std::optional<guess::TimeGuess> Found;
+    std::optional<plan::Guess> Found;
 };
 }  // namespace kelvarin::cli

@@ -12,8 +12,8 @@
 #include "cli/report/TextReport.h"
 #include "host/Reading.h"
 #include "host/SourceFiles.h"
-#include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
+#include "host/plan/TimeAdvice.h"
 #include "host/store/SampleFile.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -73,7 +73,7 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, const
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
                const RunResult& result, const HostSession& session, FileReading& reading) {
     if (!result.Begun) return;
-    const guess::TimeGuess* const guess = reading.Guess();
+    const plan::Guess* const guess = reading.Guess();
     if (CountSamples(session.Device()) == 0)
         ReportStream(std::cout) << Styled(Style::Warning, Phrase("{}: not one sample is stored", file))
                                 << "\n";
@@ -81,8 +81,9 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     const bool readsTime = ReadingOf(session.Filter()).TimeSetting == TimeFromColumn;
     // A lone column of times gives no signal, and no message either.
     const bool hasReason = !session.Messages().IsEmpty();
-    if (LostEveryRow(result, session.Device()) && readsTime && hasReason && guess == nullptr)
-        advice = RemedyText(guess::AdviseTimestamp(module, path, ReadingOf(session.Filter())));
+    const bool isByUser = guess == nullptr || reading.Automatic()->HasChosenTimes();
+    if (LostEveryRow(result, session.Device()) && readsTime && hasReason && isByUser)
+        advice = RemedyText(plan::AdviseTimes(module, path, ReadingOf(session.Filter())));
     WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
     if (guess != nullptr) WriteGuessText(std::cout, *guess);
     WriteRunText(std::cout, result, session, advice);

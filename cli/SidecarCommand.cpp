@@ -92,7 +92,7 @@ int WriteFile(const ModuleLoader& module, const CommonOptions& common, const Sid
     wanted.NoGuess = !options.GuessTime;
     wanted.GuessTime = options.GuessTime;
     FileReading reading(module, file, common, wanted);
-    const guess::TimeGuess* const guess = reading.Guess();
+    const plan::Guess* const guess = reading.Guess();
     std::string reason = WhyKept(path, options.Force);
     if (reason.empty() && guess != nullptr) reason = guess->Failure;
     if (reason.empty() && reading.Automatic()->Copy() != nullptr) reason = plan::WhyNotSaved();

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "contract/GuidedReading.h"
 #include "host/SettingText.h"
 
 namespace kelvarin {
@@ -11,13 +13,14 @@ enum class RemedyAction {
     None,
     ExtractRows,          // copy the dropped rows to a file of their own
     ExtractRowsAndCells,  // and those with a refused cell
-    SwitchToEnglish,      // read the file once more in English, whose formats have other letters
-    ReverseRows           // make a copy of the file with its last row first
+    CopyFile              // write a clean copy of the file, which no setting needs
 };
 
 struct Remedy {
     std::string Text;           // one clause, in the language in force; empty if there is nothing to do
     SettingList Settings = {};  // that do what the text says; empty if no setting does
     RemedyAction Action = RemedyAction::None;
+    std::vector<ColumnChoice> Columns = {};  // choices that do it
+    std::u16string FormatLetters = {};       // as those of plan::TimeSettings
 };
 }  // namespace kelvarin

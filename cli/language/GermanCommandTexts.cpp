@@ -251,6 +251,8 @@ constexpr Translation Texts[] = {
     {"as options: {}", "als Optionen: {}"},
     {"{} more options for single columns; --save keeps all",
      "{} weitere Optionen für einzelne Spalten; --save legt alles ab"},
+    {"`kelvarin-import prepare FILE` writes a copy that is read so",
+     "`kelvarin-import prepare FILE` schreibt eine Kopie, die so gelesen wird"},
     {"`kelvarin-import prepare FILE` writes such a copy to keep",
      "`kelvarin-import prepare FILE` schreibt eine solche Kopie zum Aufheben"},
 };

@@ -12,8 +12,7 @@ const char* CodeOf(Certainty certainty) {
     return Codes[static_cast<int>(certainty)];
 }
 
-void WriteAssumptions(ReportStream out, const std::vector<Assumption>& assumptions) {
-    std::string label = Phrase("assumed");
+void WriteAssumptions(ReportStream out, std::string label, const std::vector<Assumption>& assumptions) {
     for (const Assumption& one : assumptions) {
         out << ReportLabel(label) << one.Text << " (" << CertaintyInWords(one.Sureness) << ")\n";
         for (const std::string& objection : one.Objections)

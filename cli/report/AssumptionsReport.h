@@ -2,6 +2,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <string>
 #include <vector>
 
 #include "cli/report/TextLayout.h"
@@ -11,8 +12,8 @@ namespace kelvarin::cli {
 // "certain", "likely" or "guess", the same in every language.
 const char* CodeOf(Certainty certainty);
 
-// A line for each, the first with a label, and below it what speaks against it.
-void WriteAssumptions(ReportStream out, const std::vector<Assumption>& assumptions);
+// A line for each, the first with the label, and below it what speaks against it.
+void WriteAssumptions(ReportStream out, std::string label, const std::vector<Assumption>& assumptions);
 
 nlohmann::ordered_json AssumptionsToJson(const std::vector<Assumption>& assumptions);
 }  // namespace kelvarin::cli

@@ -2,6 +2,7 @@
 
 #include "cli/report/CheckReport.h"
 #include "cli/report/GuessReport.h"
+#include "cli/report/Options.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
@@ -89,7 +90,7 @@ Json FindingsToJson(const CheckReport& report) {
         list.push_back({{"kind", finding.Kind},
                         {"fault", finding.IsFault},
                         {"text", finding.Text},
-                        {"remedy", AdviceText(report, finding)}});
+                        {"remedy", RemedyText(finding.Advice)}});
     }
     return list;
 }

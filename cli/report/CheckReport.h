@@ -7,7 +7,7 @@
 
 #include "cli/report/TextLayout.h"
 #include "host/check/Findings.h"
-#include "host/guess/TimeGuess.h"
+#include "host/plan/PlanGuess.h"
 
 namespace kelvarin::cli {
 struct CheckReport {
@@ -16,12 +16,9 @@ struct CheckReport {
     std::vector<check::Finding> Findings;
     std::string RejectsFile;  // as given; empty without one
     std::uint64_t RejectedRows = 0;
-    std::string RejectsFailure;               // why it could not be written
-    const guess::TimeGuess* Guess = nullptr;  // how the file was read; null if nothing was looked for
+    std::string RejectsFailure;          // why it could not be written
+    const plan::Guess* Guess = nullptr;  // how the file was read; null if nothing was looked for
 };
-
-// What to do about a finding, with the options or the commands that do it; empty if there is nothing to do.
-std::string AdviceText(const CheckReport& report, const check::Finding& finding);
 
 void WriteCheckText(ReportStream out, const CheckReport& report);
 

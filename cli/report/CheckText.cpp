@@ -41,7 +41,7 @@ void WriteFindings(ReportStream out, const CheckReport& report) {
     for (const check::Finding& finding : report.Findings) {
         out << ReportLabel(finding.IsFault ? Phrase("fault") : Phrase("note"))
             << Styled(finding.IsFault ? Style::Warning : Style::Plain, finding.Text) << "\n";
-        const std::string advice = AdviceText(report, finding);
+        const std::string advice = RemedyText(finding.Advice);
         if (!advice.empty()) out << ReportLabel("") << "-> " << advice << "\n";
     }
 }
@@ -127,14 +127,6 @@ void WriteRejectsNote(ReportStream out, const CheckReport& report) {
         << "\n";
 }
 }  // namespace
-
-std::string AdviceText(const CheckReport& report, const check::Finding& finding) {
-    if (finding.Advice.Action != RemedyAction::ReverseRows) return RemedyText(finding.Advice);
-    const int head = report.Result.Format.FirstDataLine - 1;
-    return finding.Advice.Text + ", " +
-           Phrase("where there are head, tail and tac: (head -n {} FILE; tail -n +{} FILE | tac) > REVERSED",
-                  head, head + 1);
-}
 
 void WriteCheckText(ReportStream out, const CheckReport& report) {
     if (!report.Result.Begun) return;

@@ -7,7 +7,6 @@
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
 #include "host/language/Phrase.h"
-#include "platform/framework/ShellText.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
@@ -16,21 +15,15 @@ using Json = nlohmann::ordered_json;
 namespace {
 constexpr const char* Indent = "            ";
 
-std::vector<std::string> ObjectionsOf(const guess::TimeGuess& guess) {
-    std::vector<std::string> objections = guess.Objections;
-    if (!guess.OtherWay.Text.empty()) objections.push_back(RemedyText(guess.OtherWay));
-    return objections;
-}
-void WriteSaving(ReportStream out, const guess::TimeGuess& guess) {
+void WriteSaving(ReportStream out, const plan::Guess& guess) {
     if (!guess.Saved.empty()) out << Indent << Phrase("saved in {}", guess.Saved) << "\n";
     if (!guess.SaveFailure.empty()) out << Indent << Phrase("not saved: {}", guess.SaveFailure) << "\n";
 }
 
 // With those for single columns, if these are not more than `most`.
-std::string AllOptions(const guess::TimeGuess& guess, std::size_t most) {
+std::string AllOptions(const plan::Guess& guess, std::size_t most) {
     const std::string columns = guess.Columns.size() > most ? "" : OptionsText(guess.Columns);
-    std::string settings = OptionsText(guess.Settings);
-    if (!guess.Letters.empty()) settings += " --format-letters " + ShellQuoted(Utf16ToUtf8(guess.Letters));
+    const std::string settings = OptionsText(guess.Settings, guess.Letters);
     return settings + (settings.empty() || columns.empty() ? "" : " ") + columns;
 }
 
@@ -47,44 +40,32 @@ Json ColumnsToJson(const std::vector<ColumnChoice>& choices) {
     return columns;
 }
 
-void WritePlan(ReportStream out, const guess::TimeGuess& guess) {
-    WriteAssumptions(out, guess.Assumed);
-    if (!guess.Settings.empty()) {
-        constexpr std::size_t MostShown = 8;
-        out << Indent << Phrase("as options: {}", AllOptions(guess, MostShown)) << "\n";
-        if (guess.Columns.size() > MostShown)
-            out << Indent
-                << Phrase("{} more options for single columns; --save keeps all", guess.Columns.size())
-                << "\n";
-    } else {
+void WritePlan(ReportStream out, const plan::Guess& guess) {
+    WriteAssumptions(out, Phrase("assumed"), guess.Assumed);
+    if (guess.IsCopied) {
         out << Indent << Phrase("`kelvarin-import prepare FILE` writes such a copy to keep") << "\n";
+        return;
     }
+    constexpr std::size_t MostShown = 8;
+    const std::string options = AllOptions(guess, MostShown);
+    if (!options.empty()) out << Indent << Phrase("as options: {}", options) << "\n";
+    if (guess.Columns.size() > MostShown)
+        out << Indent << Phrase("{} more options for single columns; --save keeps all", guess.Columns.size())
+            << "\n";
 }
 }  // namespace
 
-void WriteGuessText(ReportStream out, const guess::TimeGuess& guess) {
+void WriteGuessText(ReportStream out, const plan::Guess& guess) {
     if (!guess.Assumed.empty()) {
         WritePlan(out, guess);
         WriteSaving(out, guess);
         return;
     }
-    out << ReportLabel(Phrase("guess"));
-    if (!guess.Failure.empty()) {
-        out << Phrase("none: {}", guess.Failure) << "\n";
-        return;
-    }
-    out << CertaintyInWords(guess.Sureness) << ": " << guess.Basis;
-    if (!guess.IsFixedInterval)
-        out << "; " << Phrase("{} of the {} rows looked at fit", guess.Read, guess.Rows);
-    out << "\n" << Indent << OptionsText(guess.Settings) << "\n";
-    for (const std::string& objection : ObjectionsOf(guess))
-        out << Indent << Phrase("but: {}", objection) << "\n";
-    if (!guess.OtherBasis.empty())
-        out << Indent << Phrase("or: {}: {}", guess.OtherBasis, OptionsText(guess.OtherSettings)) << "\n";
+    out << ReportLabel(Phrase("guess")) << Phrase("none: {}", guess.Failure) << "\n";
     WriteSaving(out, guess);
 }
 
-Json GuessToJson(const guess::TimeGuess& guess) {
+Json GuessToJson(const plan::Guess& guess) {
     if (!guess.Failure.empty()) return {{"failure", guess.Failure}};
     Json settings = Json::object();
     for (const auto& [key, value] : guess.Settings) settings[key] = value;
@@ -98,9 +79,9 @@ Json GuessToJson(const guess::TimeGuess& guess) {
                      {"rows", guess.Rows},
                      {"fitting", guess.Read},
                      {"rising", guess.Rising},
-                     {"objections", ObjectionsOf(guess)},
-                     {"otherBasis", guess.OtherBasis},
-                     {"otherOptions", OptionsText(guess.OtherSettings)},
+                     {"objections", guess.Objections},
+                     {"otherBasis", ""},
+                     {"otherOptions", ""},
                      {"saved", guess.Saved.empty() ? Json(nullptr) : Json(guess.Saved)}};
     if (!guess.Letters.empty()) document["formatLetters"] = Utf16ToUtf8(guess.Letters);
     return document;

@@ -144,7 +144,7 @@ void AddSettings(Json& document, const CImportFilter& filter) {
 }
 
 void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
-                      const guess::TimeGuess* guess) {
+                      const plan::Guess* guess) {
     Json document = {{"file", PrintableName(file)}, {"analyzed", analyzed}};
     AddSettings(document, filter);
     const ISettingsView* const view = filter.Find<ISettingsView>();
@@ -155,7 +155,7 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
 
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
                      const HostSession& session, std::optional<std::size_t> samples,
-                     const guess::TimeGuess* guess) {
+                     const plan::Guess* guess) {
     const store::StoredDevice* const device = session.Device();
     Json head = {{"file", PrintableName(file)}, {"begun", result.Begun}, {"lines", result.Lines}};
     head["device"] = nullptr;

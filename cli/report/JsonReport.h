@@ -7,7 +7,7 @@
 #include <string>
 
 #include "host/HostSession.h"
-#include "host/guess/TimeGuess.h"
+#include "host/plan/PlanGuess.h"
 
 namespace kelvarin::cli {
 // Writes a document in a line of its own, with U+FFFD for bytes that are no UTF-8.
@@ -19,10 +19,10 @@ void AddSettings(nlohmann::ordered_json& document, const CImportFilter& filter);
 
 // What AnalyzeFile found in the filter's file. `guess` may be null.
 void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
-                      const guess::TimeGuess* guess);
+                      const plan::Guess* guess);
 
 // What became of a run; the first `samples` of each signal, or no key for them. `guess` may be null.
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
                      const HostSession& session, std::optional<std::size_t> samples,
-                     const guess::TimeGuess* guess);
+                     const plan::Guess* guess);
 }  // namespace kelvarin::cli

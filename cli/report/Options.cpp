@@ -5,10 +5,11 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::cli {
-std::string OptionsText(const SettingList& settings) {
+std::string OptionsText(const SettingList& settings, const std::u16string& letters) {
     std::string options;
     for (const auto& [key, value] : settings)
         options += (options.empty() ? "--set " : " --set ") + ShellQuoted(key + "=" + value);
+    if (!letters.empty()) options += " --format-letters " + ShellQuoted(Utf16ToUtf8(letters));
     return options;
 }
 
@@ -32,10 +33,11 @@ std::string OptionsText(const std::vector<ColumnChoice>& columns) {
 }
 
 std::string RemedyText(const Remedy& remedy) {
-    std::string options = OptionsText(remedy.Settings);
+    std::string options = remedy.Columns.empty() ? OptionsText(remedy.Settings, remedy.FormatLetters)
+                                                 : OptionsText(remedy.Columns);
     if (remedy.Action == RemedyAction::ExtractRows) options = "--rejects FILE";
     if (remedy.Action == RemedyAction::ExtractRowsAndCells) options = "--rejects FILE --reject-cells";
-    if (remedy.Action == RemedyAction::SwitchToEnglish) options = "--language en";
+    if (remedy.Action == RemedyAction::CopyFile) options = "kelvarin-import prepare FILE";
     if (options.empty() || remedy.Text.empty()) return remedy.Text + options;
     return remedy.Text + ": " + options;
 }

@@ -8,8 +8,8 @@
 #include "host/Remedy.h"
 
 namespace kelvarin::cli {
-// "--set KEY=VALUE ..."; empty without settings.
-std::string OptionsText(const SettingList& settings);
+// "--set KEY=VALUE ..."; empty without settings. Then "--format-letters LETTERS" if there are any.
+std::string OptionsText(const SettingList& settings, const std::u16string& letters = {});
 
 // "--type 3=float --unit '3=bar' ..."; empty without columns.
 std::string OptionsText(const std::vector<ColumnChoice>& columns);

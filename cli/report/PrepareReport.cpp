@@ -145,7 +145,7 @@ void WritePrepareText(ReportStream out, const PrepareReport& report) {
     out << ReportHeading(report.File) << "\n"
         << ReportLabel(Phrase("times")) << SourceOfTimes(*report.Plan) << ": "
         << TimesInWords(report.Copies.front().Result) << "\n";
-    WriteAssumptions(out, plan::Assumptions(*report.Plan));
+    WriteAssumptions(out, Phrase("assumed"), plan::Assumptions(*report.Plan));
     if (report.DeviceColumn != 0)
         out << ReportLabel(Phrase("devices"))
             << Phrase("{}, told apart by column {}; each has its own copy", report.Copies.size(),

@@ -5,9 +5,11 @@
 #include "contract/TimeReader.h"
 #include "host/HostSession.h"
 #include "host/SourceFiles.h"
-#include "host/guess/TimeGuess.h"
 #include "host/language/Phrase.h"
 #include "host/plan/AutomaticReading.h"
+#include "host/plan/PlanSettings.h"
+#include "host/plan/TimeAdvice.h"
+#include "host/sidecar/Sidecars.h"
 #include "platform/framework/FileWatch.h"
 #include "platform/framework/Text.h"
 
@@ -86,6 +88,14 @@ std::u16string FindBetterFormat(const CImportFilter& filter, const CheckResult& 
     }
     return {};
 }
+
+RowsAbove FindRowsAbove(const ModuleLoader& module, const std::u16string& path, const Reading& format) {
+    const std::optional<plan::ReadingPlan> plan = plan::FindPlanIfReadable(path);
+    const auto begin = static_cast<std::uint64_t>(format.FirstDataLine);
+    if (!plan || plan->FirstLine == 0 || plan->FirstLine >= begin) return {};
+    const auto settings = plan::TableSettingsOf(*module.MakeFilter(path), *plan);
+    return {plan->FirstLine, begin - 1, settings.value_or(SettingList())};
+}
 }  // namespace
 
 void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
@@ -148,13 +158,14 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (result.Begun) CountSamples(*session.Device(), result);
     if (run.OutOfMemory) return result;  // the same lines again would not help
-    // A plan has looked at the table and its times already.
-    if (options.Reading != nullptr && options.Reading->Plan() != nullptr) return result;
+    const bool hasPlan = options.Reading != nullptr && options.Reading->Plan() != nullptr;
+    if (hasPlan && !options.Reading->HasChosenTimes()) return result;
     result.BetterFormat = FindBetterFormat(session.Filter(), result);
-    result.Above = FindRowsAbove(session.Filter(), result);
+    // The module's analysis may find the table too far down, and rows are lost without a message.
+    if (!hasPlan && !sidecar::HasSidecar(path)) result.Above = FindRowsAbove(module, path, result.Format);
     const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
     if (lostAll && result.Format.TimeSetting != TimeInterval && result.Above.First == 0)
-        result.TimeAdvice = guess::AdviseTimestamp(module, path, ReadingOf(session.Filter()));
+        result.TimeAdvice = plan::AdviseTimes(module, path, result.Format);
     return result;
 }
 }  // namespace kelvarin::check

@@ -22,11 +22,11 @@ class AutomaticReading;
 }
 
 namespace kelvarin::check {
-// The longest stretch of such lines, numbered from 1; First is 0 if there is none.
+// The lines, from 1, from the first row of the table that a plan finds to the table that was read; First is 0
+// if that table begins no lower.
 struct RowsAbove {
     std::uint64_t First = 0, Last = 0;
-    bool FollowsText = false;  // the line directly above the first is not blank
-    int Separator = 0;         // an ESeparator, by which they are rows
+    SettingList Settings = {};  // that read the table of the plan; empty if none do
 };
 
 // A column that became a signal.
@@ -72,13 +72,6 @@ struct CheckResult {
         return count;
     }
 };
-
-// The analysis looks for the table's start, and where it finds it too far down, rows are lost without a
-// message. A line counts as a row if its time fits the format or, with times that are counted, if it is
-// written like the first row but for its numbers. Looks at the first 999 lines, since no setting can name a
-// start further down. Nothing is found by a filter without ITableReader and ITimeReader, or whose file can't
-// be read.
-RowsAbove FindRowsAbove(const CImportFilter& filter, const CheckResult& result);
 
 // Which lines a run is to note; null: not wanted. They outlive the run.
 struct WantedLines {

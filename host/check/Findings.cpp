@@ -68,8 +68,9 @@ Remedy RepeatAdvice(const CheckResult& result) {
 Remedy FallAdvice(const CheckResult& result) {
     const FallSummary& falls = result.Dropped.Falls();
     if (falls.RunsBackwards())
-        return {
-            Phrase("the file runs backwards; reverse the order of its rows"), {}, RemedyAction::ReverseRows};
+        return {Phrase("the file runs backwards; a clean copy has its rows in order"),
+                {},
+                RemedyAction::CopyFile};
     const std::string before = MomentInWords(result.Format, falls.BeforeFirst);
     const bool isNight = before.size() > 13 && (before.substr(11, 2) == "01" || before.substr(11, 2) == "02");
     if (result.Format.DateSetting == DateFromColumn && falls.Deepest <= 3600 * Second && isNight) {
@@ -79,9 +80,9 @@ Remedy FallAdvice(const CheckResult& result) {
             {},
             RemedyAction::ExtractRows};
     }
-    return {
-        Phrase("sort the rows by time, or, if they are of several sources, split the file by the column that "
-               "tells them apart")};
+    return {Phrase("a clean copy has its rows in order, if you like a file for each of several sources"),
+            {},
+            RemedyAction::CopyFile};
 }
 
 // Names and units among the rows also make text of their columns.
@@ -151,16 +152,21 @@ void JudgeKind(const CheckResult& result, DropKind kind, std::vector<Finding>& f
     findings.push_back({NameOf(kind), kind != DropKind::Empty, std::move(text), std::move(advice)});
 }
 
+Remedy AdviceAbove(const CheckResult& result) {
+    const SettingList& settings = result.Above.Settings;
+    if (settings.empty()) return {Phrase("a clean copy has them"), {}, RemedyAction::CopyFile};
+    return {Phrase("name the table's start"), settings};
+}
+
 void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
     const RowsAbove& above = result.Above;
     if (above.First == 0) return;
-    findings.push_back({"rowsAbove",
-                        true,
+    findings.push_back({"rowsAbove", true,
                         above.First == above.Last
                             ? Phrase("line {} is not read, but looks like a row", above.First)
                             : Phrase("lines {} to {} above the table are not read, but look like rows",
                                      above.First, above.Last),
-                        {Phrase("name the table's start"), TableSettings(TableAbove(result))}});
+                        AdviceAbove(result)});
 }
 
 void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) {
@@ -202,8 +208,7 @@ void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
     const Remedy lossless = {
         Phrase("those seen are the file's word for no value, such as {}: nothing is lost", example)};
     const Remedy mending = {
-        Phrase("give the column a type that takes them, in the dialog's page of signals, or "
-               "mend them in a file of their own"),
+        Phrase("give the column a type that takes them, or mend them in a file of their own"),
         {},
         RemedyAction::ExtractRowsAndCells};
     findings.push_back(
@@ -338,13 +343,5 @@ SettingList TableSettings(const Reading& table) {
     settings.emplace_back("FirstLine", std::to_string(hasHeader ? table.HeaderLine : table.FirstDataLine));
     settings.emplace_back("ImportHeader", hasHeader ? "1" : "0");
     return settings;
-}
-
-Reading TableAbove(const CheckResult& result) {
-    Reading table = result.Format;
-    table.Separator = result.Above.Separator;
-    table.FirstDataLine = static_cast<int>(result.Above.First);
-    table.HeaderLine = result.Above.FollowsText ? table.FirstDataLine - 1 : 0;
-    return table;
 }
 }  // namespace kelvarin::check

@@ -26,7 +26,4 @@ bool IsClean(const CheckResult& result, const std::vector<Finding>& findings);
 
 // The settings that name a table instead of leaving it to the analysis.
 SettingList TableSettings(const Reading& table);
-
-// The table that begins at the rows found above the one that was read; there are some.
-Reading TableAbove(const CheckResult& result);
 }  // namespace kelvarin::check

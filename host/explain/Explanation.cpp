@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <bit>
 
-#include "host/HostSession.h"
-#include "host/language/Phrase.h"
+#include "host/plan/PlanSettings.h"
+#include "host/plan/Sureness.h"
+#include "host/plan/TimeAdvice.h"
+#include "host/sidecar/Sidecars.h"
 
 namespace kelvarin::explain {
 std::u16string AnalysisRecord::TextOf(int line) const {
@@ -42,67 +44,77 @@ void AnalysisRecord::OnCell(const JudgedCell& cell) {
 }
 
 namespace {
-std::size_t ColumnsKept(const AnalysisRecord& record) {
-    return record.Rows.empty() ? 0 : std::min(record.Rows.front().CellCount, AnalysisRecord::MostColumns);
+Explanation Describe(const CImportFilter& filter, const AnalysisRecord& record) {
+    Explanation explanation{record, ReadingOf(filter), false, SummarizeColumns(filter)};
+    explanation.FollowsDetection =
+        TakenTable(explanation.Format) ==
+        TableFormat{record.Separator, record.DetectedFirstLine, record.DetectedHeader};
+    return explanation;
 }
 
-// Columns whose type is neither text nor unknown.
-std::size_t TypedColumns(const AnalysisRecord& record) {
-    std::size_t typed = 0;
-    for (std::size_t column = 0; column < ColumnsKept(record); ++column) {
-        const int type = record.TypeOf(column);
-        typed += type != CsvTypeUndefined && type != CsvTypeString;
+// `taken` is the separator of the module, which is as good for rows of one cell.
+TableProposal ProposalOf(const plan::ReadingPlan& plan, int taken) {
+    TableProposal proposal;
+    const auto* const fixed =
+        std::find(std::begin(FixedSeparators), std::end(FixedSeparators), plan.How.Separator);
+    const bool hasHeader = plan.NamesLine != 0 && plan.NamesLine + 1 == plan.FirstLine;
+    proposal.Format = {plan.Width == 1 ? taken : static_cast<int>(fixed - std::begin(FixedSeparators)),
+                       static_cast<int>(hasHeader ? plan.NamesLine : plan.FirstLine), hasHeader};
+    proposal.Rows = plan.RowsLookedAt;
+    proposal.Cells = plan.Width;
+    proposal.NamesLine = static_cast<int>(plan.NamesLine);
+    for (const plan::PlannedColumn& column : plan.Columns) {
+        if (plan.NamesLine == 0 || proposal.Names.size() > AnalysisRecord::LongestText) break;
+        proposal.Names += (&column == plan.Columns.data() ? u"" : u", ") + column.Name;
     }
-    return typed;
+    return proposal;
 }
 
-// How the module reads the proposal; empty if it reads fewer values than from the table that it took, or if
-// the proposal can't be had. A table taken that has at most half the rows is a scrap, a footer as a rule, and
-// its values are not compared.
-std::string TryProposal(const ModuleLoader& module, const std::u16string& path,
-                        const Explanation& explanation) {
-    const TableFormat& format = explanation.Proposal->Format;
-    const AnalysisRecord& taken = explanation.Record;
-    SettingsLayer layer;
-    layer.Set(u"MergeSeparators", 0);
-    for (const auto& [key, value] : explanation.ProposedSettings()) layer.Set(key, value);
-    AnalysisRecord tried;
-    HostSession session(module, path, RunOptions());
-    if (!tried.ListenTo(session.Filter()) || !session.Filter().AnalyzeFile()) return {};
-    // A sidecar takes precedence over the profile.
-    const TableFormat read{ReadingOf(session.Filter()).Separator, tried.FirstLine, tried.Header};
-    if (read != format || tried.DataRows() == 0) return {};
-    const std::size_t typed = TypedColumns(tried);
-    const bool readsFewer = typed * tried.Rows.size() < TypedColumns(taken) * taken.Rows.size();
-    if (readsFewer && 2 * taken.Rows.size() > tried.Rows.size()) return {};
-    return Phrase("columns: {}, of them text: {}", tried.Rows.front().CellCount, ColumnsKept(tried) - typed);
+// What makes the module read the file by the plan.
+void Advise(const ModuleLoader& module, const std::u16string& path, const plan::ReadingPlan& plan,
+            Explanation& explanation) {
+    for (Assumption& one : plan::Assumptions(plan)) {
+        if (one.Kind == "table" || one.Kind == "times") explanation.Assumed.push_back(std::move(one));
+    }
+    const auto filter = module.MakeFilter(path);
+    const bool readsTimes =
+        explanation.Format.TimeSetting != TimeFromColumn || !explanation.Format.TimestampFormat.empty();
+    std::optional<SettingList> table = plan::TableSettingsOf(*filter, plan);
+    const auto times = readsTimes ? plan::TimeSettings() : plan::TimeSettingsOf(*filter, plan, path);
+    if (table && times) {
+        table->insert(table->end(), times->Settings.begin(), times->Settings.end());
+        explanation.AdvisedLetters = times->Letters;
+        explanation.Advised = *std::move(table);
+    } else {
+        explanation.NeedsCopy = true;
+    }
 }
 }  // namespace
 
-SettingList Explanation::ProposedSettings() const {
-    const TableFormat& format = Proposal->Format;
-    SettingList settings = {{"AutoFormat", "0"}, {"Separator", std::to_string(format.Separator)}};
-    if (format.Merges() || Format.MergeSeparators)
-        settings.emplace_back("MergeSeparators", format.Merges() ? "1" : "0");
-    settings.emplace_back("FirstLine", std::to_string(format.FirstLine));
-    settings.emplace_back("ImportHeader", format.Header ? "1" : "0");
-    return settings;
+TableFormat TakenTable(const Reading& reading) {
+    const bool hasHeader = reading.HeaderLine != 0;
+    return {reading.Separator, hasHeader ? reading.HeaderLine : reading.FirstDataLine, hasHeader};
 }
 
 Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
                     const AnalysisRecord& record) {
-    Explanation explanation{record, ReadingOf(filter), false, false, SummarizeColumns(filter), {}, {}, {}};
-    const Reading& reading = explanation.Format;
-    const bool hasHeader = reading.HeaderLine != 0;
-    const TableFormat taken{reading.Separator, hasHeader ? reading.HeaderLine : reading.FirstDataLine,
-                            hasHeader};
-    explanation.FollowsDetection =
-        taken == TableFormat{record.Separator, record.DetectedFirstLine, record.DetectedHeader};
-    explanation.ReadsTimes = reading.TimeSetting == TimeFromColumn && reading.TimestampFormat.empty();
-    explanation.Proposal = ProposeTable(module, path);
-    if (explanation.Proposal && explanation.Proposal->Format != taken)
-        explanation.ProposalGives = TryProposal(module, path, explanation);
+    Explanation explanation = Describe(filter, record);
+    if (const auto plan = sidecar::HasSidecar(path) ? std::nullopt : plan::FindPlanIfReadable(path)) {
+        explanation.Proposal = ProposalOf(*plan, explanation.Format.Separator);
+        explanation.IsOtherTable = explanation.Proposal->Format != TakenTable(explanation.Format);
+        const bool lacksTimes =
+            explanation.Format.TimeSetting == TimeFromColumn && explanation.Format.TimestampFormat.empty();
+        if (lacksTimes || explanation.IsOtherTable) Advise(module, path, *plan, explanation);
+    }
     explanation.Warnings = FindWarnings(explanation);
+    return explanation;
+}
+
+Explanation ExplainPlanned(const plan::ReadingPlan& plan, const CImportFilter& filter,
+                           const AnalysisRecord& record) {
+    Explanation explanation = Describe(filter, record);
+    explanation.Proposal = ProposalOf(plan, explanation.Format.Separator);
+    explanation.Warnings = FindDoubtfulValues(explanation);
     return explanation;
 }
 }  // namespace kelvarin::explain

@@ -10,9 +10,11 @@
 
 #include "contract/AnalysisObserver.h"
 #include "contract/ImportFilter.h"
+#include "host/Certainty.h"
 #include "host/ModuleLoader.h"
 #include "host/Reading.h"
 #include "host/Remedy.h"
+#include "host/plan/ReadingPlan.h"
 #include "settings/DataType.h"
 
 namespace kelvarin::explain {
@@ -127,25 +129,22 @@ class AnalysisRecord : private IAnalysisObserver {
 
 // A format as the settings of the profile say it.
 struct TableFormat {
-    int Separator = 0;  // 0 to 3
+    int Separator = 0;  // an ESeparator
     int FirstLine = 1;
     bool Header = false;
 
-    // Blanks are the one separator that files repeat to align their columns.
-    bool Merges() const { return Separator == 3; }
     int FirstDataLine() const {
         return FirstLine + (Header && FirstLine < std::numeric_limits<int>::max() ? 1 : 0);
     }
     bool operator==(const TableFormat&) const = default;
 };
 
-// The table that a person would see in a file, to compare with the one that the module took.
+// The table of a plan, to compare with the one that the module took.
 struct TableProposal {
     TableFormat Format;
-    std::size_t Rows = 0;   // that look like the table's, among the first 500 lines of the file
-    std::size_t Cells = 0;  // of each of them
-    int LastLine = 0;       // the last of them
-    int NamesLine = 0;      // that seems to hold the columns' names; 0 for none
+    std::size_t Rows = 0;   // that were looked at
+    std::size_t Cells = 0;  // of most of them
+    int NamesLine = 0;      // that holds the columns' names; 0 for none
     std::u16string Names;   // the beginning of that line's cells
 
     // The names are in a line from which the module can't take them.
@@ -156,37 +155,43 @@ struct TableProposal {
 struct Warning {
     std::string Kind;         // for scripts, the same in every language
     std::string Text;         // one sentence or more
-    kelvarin::Remedy Remedy;  // settings without a text are those of Explanation::ProposedSettings
+    kelvarin::Remedy Remedy;  // settings without a text are those of Explanation::Advised
 };
 
 struct Explanation {
     const AnalysisRecord& Record;
     Reading Format;
     bool FollowsDetection;  // else the settings name the format
-    bool ReadsTimes;        // timestamps come from columns, and no format of theirs is set yet
     std::vector<ColumnSummary> Columns;
-    std::optional<TableProposal> Proposal;
-    std::string ProposalGives;  // how the module reads the proposal; empty while it isn't advised
-    std::vector<Warning> Warnings;
+    std::optional<TableProposal> Proposal = {};
+    std::vector<Assumption> Assumed = {};  // table and times of the plan
+    SettingList Advised = {};              // that read the file by the plan; empty if it is read so already
+    std::u16string AdvisedLetters = {};    // of the format among them, as those of plan::TimeSettings
+    bool NeedsCopy = false;                // no settings read the file by the plan, but a copy does
+    bool IsOtherTable = false;             // the plan's is not the one that the module took
+    std::vector<Warning> Warnings = {};
 
     // The module should be told to take another table.
-    bool IsAdvised() const { return !ProposalGives.empty(); }
-
-    // The settings that make the module take the proposal; only while it is advised.
-    SettingList ProposedSettings() const;
+    bool IsAdvised() const { return !Advised.empty(); }
 };
 
-// Compares what the module took, as `record` has it, with what a person would see, and asks the module about
-// that. `filter` has just analysed the file at `path`. The record must outlive the explanation.
+// The table of a reading.
+TableFormat TakenTable(const Reading& reading);
+
+// Compares what the module took, as `record` has it, with the plan of the file, unless a sidecar settles how
+// it is read. `filter` has just analysed the file at `path`. The record must outlive the explanation.
 Explanation Explain(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
                     const AnalysisRecord& record);
 
-// The rows of most value that are alike, whatever the separator. Nothing if no rows hold values, or a
-// sidecar settles the format.
-std::optional<TableProposal> ProposeTable(const ModuleLoader& module, const std::u16string& path);
+// The same for a filter that follows the plan. Of the warnings only those that the plan leaves.
+Explanation ExplainPlanned(const plan::ReadingPlan& plan, const CImportFilter& filter,
+                           const AnalysisRecord& record);
 
 // The warnings of an explanation whose other members are set, the most telling first.
 std::vector<Warning> FindWarnings(const Explanation& explanation);
+
+// Of these the ones about a file that is read by its plan: values that may mean something else.
+std::vector<Warning> FindDoubtfulValues(const Explanation& explanation);
 
 // Why the separator was taken, then why the header, a sentence each.
 std::vector<std::string> FormatReasons(const Explanation& explanation);

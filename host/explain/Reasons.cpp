@@ -141,7 +141,7 @@ std::vector<std::string> FormatReasons(const Explanation& explanation) {
     if (!explanation.FollowsDetection) {
         Reading detected = explanation.Format;
         detected.Separator = record.Separator;
-        detected.MergeSeparators = TableFormat{record.Separator}.Merges();
+        detected.MergeSeparators = record.Separator == SeparatorSpace;
         detected.HeaderLine = record.DetectedHeader ? record.DetectedFirstLine : 0;
         detected.FirstDataLine = record.DetectedFirstLine + (record.DetectedHeader ? 1 : 0);
         reasons.push_back(

@@ -11,13 +11,10 @@
 
 namespace kelvarin::explain {
 namespace {
-// The advised settings, else another remedy.
-Remedy AdvisedOr(const Explanation& all, std::string other) {
-    return all.IsAdvised() ? Remedy{{}, all.ProposedSettings()} : Remedy{std::move(other), {}};
-}
-
-std::string DeleteLine(int line) {
-    return Phrase("Delete line {} in a copy of the file.", line);
+// The advised settings, or a copy where no settings do.
+Remedy AdvisedReading(const Explanation& all) {
+    if (!all.IsAdvised() && all.NeedsCopy) return {{}, {}, RemedyAction::CopyFile};
+    return {{}, all.Advised, RemedyAction::None, {}, all.AdvisedLetters};
 }
 
 // A line with another count late among the first hundred, after which the detection forgets all lines above
@@ -27,7 +24,7 @@ std::optional<Warning> LateLine(const Explanation& all) {
     if (!all.Proposal || !all.FollowsDetection) return {};
     const int first = all.Proposal->Format.FirstDataLine();
     const int separator = all.Proposal->Format.Separator;
-    if (first >= record.RunStart || (!all.IsAdvised() && separator != record.Separator)) return {};
+    if (first >= record.RunStart || !all.IsOtherTable || separator >= SeparatorsCounted) return {};
     for (std::size_t i = 1; i < record.Counted.size(); ++i) {
         const SeenLine& line = record.Counted[i];
         const std::int32_t count = line.Run(separator).LastCount;
@@ -38,7 +35,7 @@ std::optional<Warning> LateLine(const Explanation& all) {
                    "separator {}, {}: {}. One such line among the first hundred moves the table's beginning "
                    "below, here to line {}.",
                    first, line.Line, SeparatorName(separator), count, Quoted(line.Text), record.RunStart),
-            AdvisedOr(all, DeleteLine(line.Line))};
+            AdvisedReading(all)};
     }
     return {};
 }
@@ -66,20 +63,21 @@ std::optional<Warning> HiddenSeparators(const Explanation& all) {
                            Phrase("In line {} an apostrophe or a quote without its partner keeps {} of the "
                                   "separator {} from being counted: {}.",
                                   lines[i].Line, hidden, SeparatorName(separator), Quoted(lines[i].Text)),
-                           AdvisedOr(all, Phrase("Remove it from the file, or double it."))};
+                           all.IsOtherTable ? AdvisedReading(all)
+                                            : Remedy{Phrase("Remove it from the file, or double it.")}};
         }
     }
     return {};
 }
 
-// The advice takes the same separator and another line.
+// The plan has the same separator and another line.
 std::optional<Warning> WrongLine(const Explanation& all) {
-    if (!all.IsAdvised() || all.Proposal->Format.Separator != all.Format.Separator) return {};
+    if (!all.IsOtherTable || all.Proposal->Format.Separator != all.Format.Separator) return {};
     const AnalysisRecord& record = all.Record;
     const TableFormat& proposed = all.Proposal->Format;
     const int data = all.Format.FirstDataLine;
     const bool lacksHeader = proposed.Header && all.Format.HeaderLine == 0;
-    const Remedy remedy{{}, all.ProposedSettings()};
+    const Remedy remedy = AdvisedReading(all);
     if (lacksHeader && proposed.FirstLine == data)
         return Warning{
             "names-taken-for-data",
@@ -102,8 +100,7 @@ std::optional<Warning> WrongLine(const Explanation& all) {
 
 std::optional<Warning> EmptyLine(const Explanation& all) {
     const AnalysisRecord& record = all.Record;
-    int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
-    if (all.Proposal) lastKnown = std::max(lastKnown, all.Proposal->LastLine);
+    const int lastKnown = record.Counted.empty() ? 0 : record.Counted.back().Line;
     if (record.End != TableEnd::EmptyLine || lastKnown <= record.EndLine) return {};
     const bool hasRows = record.DataRows() != 0;
     return Warning{"empty-line-ends-the-table",
@@ -113,23 +110,19 @@ std::optional<Warning> EmptyLine(const Explanation& all) {
                            : Phrase("Line {} is empty and ends the analysis before the first row of data, so "
                                     "no column gets a type.",
                                     record.EndLine),
-                   AdvisedOr(all, hasRows ? std::string() : DeleteLine(record.EndLine))};
+                   AdvisedReading(all)};
 }
 
 std::optional<Warning> LostNames(const Explanation& all) {
     if (!all.Proposal || !all.Proposal->NamesAreLost()) return {};
     const TableProposal& table = *all.Proposal;
     const int data = table.Format.FirstDataLine();
-    if (!all.IsAdvised() && data != all.Format.FirstDataLine) return {};
-    const bool isOne = table.NamesLine + 1 == data - 1;
     return Warning{
         "names-not-above-the-data",
         Phrase("The names seem to be in line {}, but they are taken only from the line directly above the "
                "first row, {}: {}.",
                table.NamesLine, data, Quoted(table.Names)),
-        {isOne ? DeleteLine(data - 1)
-               : Phrase("Delete the lines {} to {} in a copy of the file.", table.NamesLine + 1, data - 1),
-         {}}};
+        {Phrase("No setting takes them; a clean copy has them directly above."), {}, RemedyAction::CopyFile}};
 }
 
 // Cells beyond the first line's are dropped.
@@ -146,15 +139,14 @@ std::optional<Warning> WideRows(const Explanation& all) {
             where = Phrase("{} in line {}", Quoted(row.Cells[lost].Text), row.Line);
     }
     if (rows == 0) return {};
-    return Warning{
-        "more-cells-than-columns",
-        rows == 1 ? Phrase("A row has more than the {} cells of the table's first line; the "
-                           "surplus is not imported: {}.",
-                           columns, where)
-                  : Phrase("{} rows have more than the {} cells of the table's first line; the "
-                           "surplus is not imported, first {}.",
-                           rows, columns, where),
-        AdvisedOr(all, Phrase("Give line {} as many separators as the longest row.", record.FirstLine))};
+    return Warning{"more-cells-than-columns",
+                   rows == 1 ? Phrase("A row has more than the {} cells of the table's first line; the "
+                                      "surplus is not imported: {}.",
+                                      columns, where)
+                             : Phrase("{} rows have more than the {} cells of the table's first line; the "
+                                      "surplus is not imported, first {}.",
+                                      rows, columns, where),
+                   {Phrase("A clean copy has a column for them."), {}, RemedyAction::CopyFile}};
 }
 
 std::size_t ColumnsKept(const Explanation& all) {
@@ -162,17 +154,21 @@ std::size_t ColumnsKept(const Explanation& all) {
 }
 
 // One warning for all columns that `describe` returns a text for: the text of the first, then the others'
-// numbers.
+// numbers. The remedy gets the type that `describe` sets, if any.
 template <class Describe>
-std::optional<Warning> OfColumns(const Explanation& all, const char* kind, std::string remedy,
+std::optional<Warning> OfColumns(const Explanation& all, const char* kind, std::string advice,
                                  Describe&& describe) {
     constexpr std::size_t MostNamed = 8;
     std::string text, others;
+    Remedy remedy{std::move(advice)};
     std::size_t named = 0;
     for (std::size_t column = 0; column < ColumnsKept(all); ++column) {
         if (all.Columns[column].IsTimestamp) continue;
-        const std::string one = describe(column, ReasonFor(all.Record, column));
+        int type = CsvTypeUndefined;
+        const std::string one = describe(column, ReasonFor(all.Record, column), type);
         if (one.empty()) continue;
+        if (type != CsvTypeUndefined)
+            remedy.Columns.push_back({all.Columns[column].Index, {}, {}, type, true});
         if (text.empty()) {
             text = one;
         } else if (++named <= MostNamed) {
@@ -182,7 +178,7 @@ std::optional<Warning> OfColumns(const Explanation& all, const char* kind, std::
     if (text.empty()) return {};
     if (named > MostNamed) others += ", …";
     if (named > 0) text += " " + Phrase("The same holds for columns {}.", others);
-    return Warning{kind, text, {std::move(remedy), {}}};
+    return Warning{kind, text, std::move(remedy)};
 }
 
 // "column 3 "Strom"".
@@ -207,19 +203,17 @@ bool HasHexLetter(const SeenCell& cell) {
 }
 
 std::optional<Warning> Exponents(const Explanation& all) {
-    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+    const auto describe = [&](std::size_t column, const ColumnReason& reason, int& type) -> std::string {
         const CellGroup exponents = all.Record.CellsWhere(column, IsPlainExponent);
         const bool isHex = all.Record.CellsWhere(column, HasHexLetter).Count != 0;
         if (reason.Type != CsvTypeHex || exponents.Count == 0 || isHex) return {};
+        type = CsvTypeFloat;
         return Phrase(
             "In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal mark "
             "is one as well.",
             ColumnName(all, column), Quoted(exponents.FirstText), exponents.FirstLine);
     };
-    return OfColumns(all, "exponent-read-as-hexadecimal",
-                     Phrase("Write 1.0e5 in one of the first rows, or choose the type float on the signal "
-                            "page of the settings dialog."),
-                     describe);
+    return OfColumns(all, "exponent-read-as-hexadecimal", Phrase("Choose the type of floats"), describe);
 }
 
 // "1,234" or "12.345" with this mark: as well a number of thousands.
@@ -247,7 +241,7 @@ std::optional<Warning> Thousands(const Explanation& all) {
         const bool isFloat = record.TypeOf(column) == CsvTypeFloat;
         if (isFloat && DecimalsWithMark(record, column, u',').Count != 0) marks += u'.';
     }
-    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+    const auto describe = [&](std::size_t column, const ColumnReason& reason, int&) -> std::string {
         for (const char16_t mark : marks) {
             const auto hasMark = [mark](const SeenCell& cell) {
                 return cell.Text.find(mark) != cell.Text.npos;
@@ -271,28 +265,38 @@ std::optional<Warning> EmptyBeginnings(const Explanation& all) {
     const AnalysisRecord& record = all.Record;
     if (record.DataRows() == 0) return {};
     const int firstDataLine = record.Rows[record.Rows.size() - record.DataRows()].Line;
-    const auto describe = [&](std::size_t column, const ColumnReason& reason) -> std::string {
+    const auto describe = [&](std::size_t column, const ColumnReason& reason, int& type) -> std::string {
         const bool isOnlyEmpty =
             reason.Type == CsvTypeString && reason.Others.Count == 0 && reason.MostType != CsvTypeUndefined;
         if (!isOnlyEmpty || reason.Empty.FirstLine != firstDataLine) return {};
+        type = reason.MostType;
         const CellGroup filled =
             record.CellsWhere(column, [](const SeenCell& cell) { return !cell.Text.empty(); });
         return Phrase("Text only because its first rows are empty: {}; from line {} on it is of type {}.",
                       ColumnName(all, column), filled.FirstLine, DataTypeInWords(reason.MostType));
     };
     return OfColumns(all, "text-because-of-empty-cells",
-                     Phrase("Choose its type on the signal page of the settings dialog; its empty cells then "
-                            "become samples without value."),
-                     describe);
+                     Phrase("Choose its type; its empty cells then become samples without value"), describe);
+}
+
+using Check = std::optional<Warning> (*)(const Explanation&);
+
+std::vector<Warning> Run(std::initializer_list<Check> checks, const Explanation& all) {
+    std::vector<Warning> found;
+    for (const Check check : checks) {
+        if (std::optional<Warning> warning = check(all)) found.push_back(std::move(*warning));
+    }
+    return found;
 }
 }  // namespace
 
 std::vector<Warning> FindWarnings(const Explanation& all) {
-    std::vector<Warning> found;
-    for (const auto check : {LateLine, HiddenSeparators, WrongLine, EmptyLine, LostNames, WideRows, Exponents,
-                             Thousands, EmptyBeginnings}) {
-        if (std::optional<Warning> warning = check(all)) found.push_back(std::move(*warning));
-    }
-    return found;
+    return Run({LateLine, HiddenSeparators, WrongLine, EmptyLine, LostNames, WideRows, Exponents, Thousands,
+                EmptyBeginnings},
+               all);
+}
+
+std::vector<Warning> FindDoubtfulValues(const Explanation& all) {
+    return Run({WideRows, Thousands}, all);
 }
 }  // namespace kelvarin::explain

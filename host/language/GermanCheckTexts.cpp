@@ -103,18 +103,16 @@ constexpr Translation Texts[] = {
     {"about {} rows share each {}, not always as many; a fixed interval of {} would be right on average only",
      "etwa {} Datensätze teilen sich {}, nicht immer gleich viele; ein festes Intervall von {} träfe nur im "
      "Mittel"},
-    {"the file runs backwards; reverse the order of its rows",
-     "die Datei läuft rückwärts; kehren Sie die Folge ihrer Zeilen um"},
-    {"where there are head, tail and tac: (head -n {} FILE; tail -n +{} FILE | tac) > REVERSED",
-     "wo es head, tail und tac gibt: (head -n {} DATEI; tail -n +{} DATEI | tac) > GEDREHT"},
+    {"the file runs backwards; a clean copy has its rows in order",
+     "die Datei läuft rückwärts; eine bereinigte Kopie hat ihre Zeilen in der richtigen Folge"},
     {"the clock went back by an hour at most, at night: the end of summer time? The rows of the hour that "
      "comes twice need another time",
      "die Uhr ging nachts um höchstens eine Stunde zurück: Ende der Sommerzeit? Die Datensätze der doppelten "
      "Stunde brauchen eine andere Zeit"},
-    {"sort the rows by time, or, if they are of several sources, split the file by the column that tells "
-     "them apart",
-     "sortieren Sie die Zeilen nach der Zeit, oder teilen Sie die Datei, wenn sie aus mehreren Quellen "
-     "stammen, nach der Spalte, die sie unterscheidet"},
+    {"a clean copy has its rows in order, if you like a file for each of several sources",
+     "eine bereinigte Kopie hat ihre Zeilen in der richtigen Folge, auf Wunsch eine Datei für jede von "
+     "mehreren Quellen"},
+    {"a clean copy has them", "eine bereinigte Kopie hat sie"},
     {"{} before 1990, which are stored but can't be processed by every host: {}",
      "{} vor 1990, die gespeichert, aber nicht überall verarbeitet werden: {}"},
     {"give them later dates in the file, or a fixed interval in relative time",
@@ -124,11 +122,8 @@ constexpr Translation Texts[] = {
      "{} abgelehnt, nicht vom Typ der Spalte, in {}; die Werte fehlen"},
     {"those seen are the file's word for no value, such as {}: nothing is lost",
      "die gesehenen sind das Wort der Datei für keinen Wert, wie {}: nichts geht verloren"},
-    {"give the column a type that takes them, in the dialog's page of signals, or mend them in a file of "
-     "their "
-     "own",
-     "geben Sie der Spalte auf der Signalseite des Dialogs einen Typ, der sie aufnimmt, oder berichtigen Sie "
-     "sie in einer eigenen Datei"},
+    {"give the column a type that takes them, or mend them in a file of their own",
+     "geben Sie der Spalte einen Typ, der sie aufnimmt, oder berichtigen Sie sie in einer eigenen Datei"},
     {"blank lines in the table: {}; the module's own line numbers don't count them",
      "leere Zeilen in der Tabelle: {}; die Zeilennummern des Moduls zählen sie nicht mit"},
     // The times.

@@ -23,10 +23,7 @@ constexpr Translation Texts[] = {
     {"{} in line {} is no {}", "{} in Zeile {} ist nicht vom Typ {}"},
     {"column {} {}", "Spalte {} {}"},
     {"The same holds for columns {}.", "Dasselbe gilt für die Spalten {}."},
-    {"Write 1.0e5 in one of the first rows, or choose the type float on the signal page of the settings "
-     "dialog.",
-     "In einer der ersten Zeilen 1.0e5 schreiben oder im Einstellungsdialog auf der Seite der Signale den "
-     "Typ Fließkommazahl wählen."},
+    {"Choose the type of floats", "Den Typ für Fließkommazahlen wählen"},
     {"In {}, {} in line {} is read as a hexadecimal number, since an exponent without a decimal mark is one "
      "as well.",
      "{}: {} in Zeile {} wird als Hexadezimalzahl gelesen, denn ein Exponent ohne Dezimalzeichen ist auch "
@@ -37,10 +34,8 @@ constexpr Translation Texts[] = {
      "Fließkommazahlen immer das Dezimalzeichen."},
     {"In {}, {} in line {} is read as {}, not as thousands.",
      "{}: {} in Zeile {} wird als {} gelesen, nicht als Tausender."},
-    {"Choose its type on the signal page of the settings dialog; its empty cells then become samples without "
-     "value.",
-     "Den Typ im Einstellungsdialog auf der Seite der Signale wählen; die leeren Zellen werden dann "
-     "Messpunkte ohne Wert."},
+    {"Choose its type; its empty cells then become samples without value",
+     "Den Typ wählen; die leeren Zellen werden dann Messpunkte ohne Wert"},
     {"Text only because its first rows are empty: {}; from line {} on it is of type {}.",
      "Nur wegen leerer erster Zeilen Text: {}; ab Zeile {} vom Typ {}."},
     {"Why a file is read as it is, what surprises about it, and what to set",
@@ -48,17 +43,11 @@ constexpr Translation Texts[] = {
     {"gives the rows their time, by the settings", "gibt den Zeilen nach den Einstellungen ihre Zeit"},
     {"warning", "Warnung"},
     {"Remedy: {}", "Abhilfe: {}"},
-    {"A table seems to begin in line {} (rows: {}, cells in each: {}). To take it ({}):",
-     "In Zeile {} scheint eine Tabelle zu beginnen (Zeilen: {}, Zellen in jeder: {}). Um sie zu nehmen "
-     "({}):"},
     {"times", "Zeiten"},
-    {"no timestamp format is set; --guess-time proposes one",
-     "es ist kein Zeitstempelformat eingestellt; --guess-time schlägt eines vor"},
     {"taken", "genommen"},
     {"why", "warum"},
     {"runner-up", "Zweiter"},
     {"analysed", "geprüft"},
-    {"columns: {}, of them text: {}", "Spalten: {}, davon Text: {}"},
     {"one semicolon", "ein Semikolon"},
     {"{} semicolons", "{} Semikolons"},
     {"one comma", "ein Komma"},
@@ -112,7 +101,6 @@ constexpr Translation Texts[] = {
      "Die Zeilen ab {} sehen nach der Tabelle aus, aber Zeile {} hat eine andere Zahl des Trennzeichens {}, "
      "{}: {}. Eine solche Zeile unter den ersten hundert verschiebt den Anfang der Tabelle nach unten, hier "
      "auf Zeile {}."},
-    {"Delete line {} in a copy of the file.", "In einer Kopie der Datei Zeile {} löschen."},
     {"In line {} an apostrophe or a quote without its partner keeps {} of the separator {} from being "
      "counted: {}.",
      "In Zeile {} nimmt ein Hochkomma oder Anführungszeichen ohne Gegenstück {} vom Trennzeichen {} von der "
@@ -138,8 +126,8 @@ constexpr Translation Texts[] = {
      "row, {}: {}.",
      "Die Namen scheinen in Zeile {} zu stehen, werden aber nur der Zeile direkt über der ersten Datenzeile, "
      "{}, entnommen: {}."},
-    {"Delete the lines {} to {} in a copy of the file.",
-     "In einer Kopie der Datei die Zeilen {} bis {} löschen."},
+    {"No setting takes them; a clean copy has them directly above.",
+     "Keine Einstellung nimmt sie; eine bereinigte Kopie hat sie direkt darüber."},
     {"{} in line {}", "{} in Zeile {}"},
     {"A row has more than the {} cells of the table's first line; the surplus is not imported: {}.",
      "Eine Zeile hat mehr als die {} Zellen der ersten Zeile der Tabelle; der Überschuss wird nicht "
@@ -147,8 +135,7 @@ constexpr Translation Texts[] = {
     {"{} rows have more than the {} cells of the table's first line; the surplus is not imported, first {}.",
      "{} Zeilen haben mehr als die {} Zellen der ersten Zeile der Tabelle; der Überschuss wird nicht "
      "importiert, zuerst {}."},
-    {"Give line {} as many separators as the longest row.",
-     "Zeile {} so viele Trennzeichen geben wie der längsten Datenzeile."},
+    {"A clean copy has a column for them.", "Eine bereinigte Kopie hat eine Spalte dafür."},
 };
 }  // namespace
 

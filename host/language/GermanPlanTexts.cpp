@@ -75,6 +75,9 @@ constexpr Translation Texts[] = {
     {"whole numbers", "ganze Zahlen"},
     {"hexadecimal numbers", "Hexadezimalzahlen"},
     {"decimal numbers", "Dezimalzahlen"},
+    {"numbers with a unit", "Zahlen mit Einheit"},
+    {"marks of missing values", "Zeichen für fehlende Werte"},
+    {"empty cells", "leere Zellen"},
     {"{} of the file were looked at", "{} der Datei wurden geprüft"},
     // A copy that is read in place of the file.
     {"no settings read this file, so a clean copy is read in its place",

@@ -26,27 +26,25 @@ constexpr const char* TableKeys[] = {"AutoFormat",      "Separator", "OtherSepar
 constexpr const char* TimeKeys[] = {"DateSetting", "DateColumn",    "StartDate",    "TimeSetting",
                                     "TimeColumn",  "IntervalValue", "IntervalUnit", "TimestampFormat"};
 
-// How much of a file's reading is settled before anything is looked for.
-struct Settled {
-    bool All = false;  // by a sidecar
-    bool Table = false, Times = false;
-};
+// The module can be asked how it reads rows and times.
+bool CanBeAsked(const CImportFilter& filter) {
+    return SettingsOf(filter) != nullptr && filter.Find<ITimeReader>() != nullptr &&
+           filter.Find<ITableReader>() != nullptr;
+}
 
-// By the settings in force, whoever has said them.
-Settled SettledBy(const CImportFilter& filter, const std::u16string& path, const ModuleLoader& module) {
-    Settled settled;
-    settled.All = sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
+// The settings in force name the table, whoever has set them.
+bool NamesTable(const CImportFilter& filter) {
     const CCsvImportSettings* const settings = SettingsOf(filter);
-    if (settings == nullptr || filter.Find<ITimeReader>() == nullptr ||
-        filter.Find<ITableReader>() == nullptr) {
-        settled.All = true;
-        return settled;
-    }
-    settled.Table = settings->AutoFormat == 0;
-    settled.Times = !settings->TimestampFormat.empty() || settings->TimeSetting != TimeFromColumn ||
-                    settings->DateSetting != DateFromColumn || settings->DateColumn != 1 ||
-                    settings->TimeColumn != 1;
-    return settled;
+    return settings != nullptr && settings->AutoFormat == 0;
+}
+
+// The settings in force say how times are read, whoever has set them.
+bool SaysTimes(const CImportFilter& filter) {
+    const CCsvImportSettings* const settings = SettingsOf(filter);
+    return settings != nullptr &&
+           (!settings->TimestampFormat.empty() || settings->TimeSetting != TimeFromColumn ||
+            settings->DateSetting != DateFromColumn || settings->DateColumn != 1 ||
+            settings->TimeColumn != 1);
 }
 
 // A cell that holds a value, not a word.
@@ -65,17 +63,15 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
       ReadPath(path),
       FormatLetters(Options.FormatLetters) {
     const auto filter = Module.MakeFilter(path);
-    Settled settled = SettledBy(*filter, path, module);
     const auto isAnyChosen = [this](const auto& keys) {
         return std::any_of(std::begin(keys), std::end(keys),
                            [this](const char* key) { return IsChosen(key); });
     };
-    settled.Table |= isAnyChosen(TableKeys);
-    AreTimesChosen = settled.Times || isAnyChosen(TimeKeys);
-    HasTableAlone = !Options.IsOff && !settled.All && settled.Table && !AreTimesChosen;
-    if (!Options.IsOff && (Options.ColumnsOnly || (!settled.All && !settled.Table))) {
-        Look();
-    }
+    AreTimesChosen = SaysTimes(*filter) || isAnyChosen(TimeKeys);
+    IsChosenWhole = AreTimesChosen && (NamesTable(*filter) || isAnyChosen(TableKeys));
+    HasSidecar = sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
+    if (!Options.IsOff && (Options.ColumnsOnly || (!HasSidecar && !IsChosenWhole && CanBeAsked(*filter))))
+        Look(TableFixedBy(*filter, Chosen));
     if (Found && Options.ColumnsOnly) {
         ChooseColumns();
     } else if (Found) {
@@ -89,9 +85,9 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
     ApplyWishes();
 }
 
-void AutomaticReading::Look() {
+void AutomaticReading::Look(const FixedTable& fixed) {
     try {
-        Found = FindPlan(Source);
+        Found = FindPlan(Source, fixed);
     } catch (CFileException* failure) {
         Unread = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();
@@ -118,13 +114,14 @@ void AutomaticReading::FollowDirectly() {
     }
     if (table && times) {
         table->insert(table->end(), times->Settings.begin(), times->Settings.end());
+        std::erase_if(*table, [this](const auto& setting) { return IsChosen(setting.first); });
         FormatLetters = times->Letters;
         ChooseColumns();
         Follow(*std::move(table));
-    } else if (Found->Times && !AreTimesChosen) {
-        MakeCopy();
+        return;
     }
-    if (Followed.empty()) Found.reset();
+    if (Found->Times && !AreTimesChosen) MakeCopy();
+    if (!Copied) Found.reset();
 }
 
 void AutomaticReading::MakeCopy() {
@@ -147,8 +144,10 @@ void AutomaticReading::MakeCopy() {
     }
     ReadPath = CopyFile->Path();
     FormatLetters.clear();
-    for (std::size_t i = 0; i < std::min(result.Types.size(), Found->Columns.size()); ++i)
+    for (std::size_t i = 0; i < std::min(result.Types.size(), Found->Columns.size()); ++i) {
         Found->Columns[i].Type = result.Types[i];
+        Found->Columns[i].Cells = result.Cells[i];
+    }
     for (PlannedColumn& column : Found->Columns) column.HasAmounts = false;
     ChooseColumns();
     NameColumns();
@@ -164,7 +163,6 @@ void AutomaticReading::MakeCopy() {
 }
 
 void AutomaticReading::Follow(SettingList settings) {
-    std::erase_if(settings, [this](const auto& setting) { return IsChosen(setting.first); });
     for (const auto& [key, value] : settings) Layer.Set(key, value);
     Followed = std::move(settings);
 }

@@ -36,8 +36,8 @@ struct AutomaticOptions {
 };
 
 // Finds the plan of a file, and makes it the settings of every filter made while the object lives, as a
-// SettingsLayer does. Settings that the user has chosen stay. Nothing is found for a file with a sidecar or
-// under a profile that says how times are read. One thread.
+// SettingsLayer does. Settings that the user has chosen stay, and the rest is found under them. Nothing is
+// found for a file with a sidecar, or if both the table and the times are chosen. One thread.
 class AutomaticReading : private IReadingGuide {
   public:
     // `chosen` are the settings in force that were chosen for this run, over those of the profile.
@@ -70,8 +70,12 @@ class AutomaticReading : private IReadingGuide {
     // Columns that were wished for and that the file doesn't have.
     const std::vector<std::u16string>& UnknownColumns() const { return Unknown; }
 
-    // The user has named the table and not the times, so that no plan was looked for.
-    bool IsTableChosen() const { return HasTableAlone; }
+    // A sidecar or the user has said how the file is read, so that nothing was looked for.
+    bool IsBySidecar() const { return HasSidecar; }
+    bool IsByUser() const { return IsChosenWhole; }
+
+    // The user has said how times are read: those of the plan are not followed.
+    bool HasChosenTimes() const { return AreTimesChosen; }
 
     // The file that filters are to read: the user's, or a copy in place of it.
     const std::u16string& Path() const { return ReadPath; }
@@ -102,7 +106,7 @@ class AutomaticReading : private IReadingGuide {
     bool IsMissing(int column, const char16_t* cell) override;
     bool IsNoRow(const DroppedRow& row) override;
     bool AreLossesAvoidable() const;
-    void Look();
+    void Look(const FixedTable& fixed);
     int NumberOf(
         const std::u16string& name) const;  // of a column, from 1, as the module names it; 0 for none
     void FollowDirectly();
@@ -120,7 +124,8 @@ class AutomaticReading : private IReadingGuide {
     std::u16string ReadPath;
     SettingsLayer Layer;
     bool AreTimesChosen = false;
-    bool HasTableAlone = false;
+    bool HasSidecar = false;
+    bool IsChosenWhole = false;  // table and times
     std::optional<ReadingPlan> Found;
     SettingList Followed;
     std::u16string FormatLetters;

@@ -113,6 +113,8 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         const bool isNumbers = 2 * shape.Numbers > shape.Filled && shape.Filled > 2;
         if (5 * line.Different < 4 * richest || IsUnitsLine(line) || IsSaidOfATime(shape)) continue;
         if (anyFits && line.Cells.size() != table.Width && line.Cells.size() + 1 != table.Width) continue;
+        // A key and its value above others that fit.
+        if (anyFits && line.Cells.size() != table.Width && shape.Numbers > 0) continue;
         // Units below names: as many cells, and none of the names is a unit.
         const LabelLine* const above = &line + 1;
         const bool isBelowNames = line.Units >= 2 && &line != &lines.back() && above->Units == 0 &&

@@ -8,21 +8,32 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
-guess::TimeGuess GuessOf(const AutomaticReading& reading) {
-    guess::TimeGuess guess;
+Guess GuessOf(const AutomaticReading& reading) {
+    Guess guess;
+    if (reading.Plan() == nullptr) {
+        guess.Failure = reading.IsBySidecar() ? Phrase("a sidecar says how the file is read")
+                        : reading.IsByUser()  ? Phrase("the settings say how the file is read")
+                                              : Phrase("no rows of a table were found");
+        return guess;
+    }
     const ReadingPlan& plan = *reading.Plan();
-    guess.Settings = reading.Copy() == nullptr ? reading.Settings() : SettingList{};
+    guess.IsCopied = reading.Copy() != nullptr;
+    guess.Settings = guess.IsCopied ? SettingList{} : reading.Settings();
     guess.Letters = reading.Letters();
     guess.Columns = reading.ColumnsToPin();
     guess.Rows = plan.RowsLookedAt;
     guess.Assumed = Assumptions(plan);
+    if (reading.HasChosenTimes()) {
+        std::erase_if(guess.Assumed,
+                      [](const Assumption& one) { return one.Kind == "times" || one.Kind == "rows"; });
+    }
     guess.Sureness = SurenessOf(guess.Assumed);
     for (const Assumption& one : guess.Assumed) {
         if (one.Kind == "times") guess.Basis = one.Text;
         guess.Objections.insert(guess.Objections.end(), one.Objections.begin(), one.Objections.end());
     }
-    if (reading.Copy() != nullptr) guess.Assumed.push_back({"copy", CopyInWords(*reading.Copy())});
-    if (!plan.Times) return guess;
+    if (guess.IsCopied) guess.Assumed.push_back({"copy", CopyInWords(*reading.Copy())});
+    if (!plan.Times || reading.HasChosenTimes()) return guess;
     guess.Read = plan.Times->Trial.Read;
     guess.Rising = plan.Times->Trial.Rising + (guess.Read == 0 ? 0 : 1);
     guess.IsFixedInterval = plan.Times->Recipe.Kind == TimeKind::Interval;
@@ -34,8 +45,9 @@ std::string WhyNotSaved() {
 }
 
 void SaveGuess(const ModuleLoader& module, const std::u16string& path, const AutomaticReading& reading,
-               guess::TimeGuess& guess) {
+               Guess& guess) {
     const bool hadSidecar = sidecar::HasSidecar(path);
+    if (reading.Plan() == nullptr && !hadSidecar && !reading.IsByUser()) return;
     guess.SaveFailure = reading.Copy() != nullptr ? WhyNotSaved() : sidecar::SaveSidecar(module, path);
     if (guess.SaveFailure.empty())
         guess.SaveFailure = sidecar::SaveChoices(path, {guess.Columns, guess.Letters});

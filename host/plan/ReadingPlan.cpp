@@ -58,6 +58,7 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
         column.HasAmounts = counts[i].Amounts > 0;
         column.Type = counts[i].Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
         column.IsTime = plan.Times && Reads(plan.Times->Recipe, i);
+        column.Cells = std::move(counts[i]);
     }
 }
 }  // namespace
@@ -170,25 +171,27 @@ bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
     return look && declared && ValueOf(cell, *look) == ValueOf(Missing, *declared);
 }
 
-std::optional<ReadingPlan> FindPlan(const std::u16string& path) {
-    FileSample sample = SampleFile(path);
-    std::optional<ReadingPlan> plan = FindPlan(sample);
+std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FixedTable& fixed) {
+    constexpr std::size_t LinesOfATable = 2000;
+    FileSample sample = SampleFile(path, LinesOfATable + static_cast<std::size_t>(fixed.FirstLine));
+    std::optional<ReadingPlan> plan = FindPlan(sample, fixed);
     // A table that begins below the lines that were counted: more of them are.
     constexpr std::size_t MostLines = 1'000'000;
     for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4) {
         sample = SampleFile(path, lines);
-        plan = FindPlan(sample);
+        plan = FindPlan(sample, fixed);
     }
     if (plan) plan->Sample = std::move(sample);
     return plan;
 }
 
-std::optional<ReadingPlan> FindPlan(const FileSample& sample) {
-    const std::optional<FoundTable> table = FindTable(sample);
+std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& fixed) {
+    const std::optional<FoundTable> table = FindTable(sample, fixed);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
     TableRows rows = RowsOf(sample, *table);
     ReadingPlan plan;
+    plan.Fixed = fixed;
     plan.How = table->How;
     plan.Width = table->Width;
     plan.FirstLine = sample.Lines[table->First].Number;

@@ -47,12 +47,14 @@ struct PlannedColumn {
     ColumnType Type = ColumnType::Text;
     bool IsTime = false;      // its cells make the time of the row
     bool HasAmounts = false;  // its cells name their unit
+    CellCounts Cells = {};    // of the rows looked at
 };
 
 // True for the name of a number that counts: "Cycle", "Step".
 bool IsCountName(std::u16string_view name);
 
 struct ReadingPlan {
+    FixedTable Fixed;  // before it was looked for
     Cut How;
     std::size_t Width = 0;                       // cells of most rows
     std::uint64_t FirstLine = 1;                 // of the table, from 1; 0 if it begins far below in the file
@@ -72,9 +74,9 @@ struct ReadingPlan {
     bool IsDeclaredMissing(std::u16string_view cell) const;
 };
 
-// Nothing if the lines hold no table.
-std::optional<ReadingPlan> FindPlan(const FileSample& sample);
+// Nothing if the lines hold no such table.
+std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& fixed = {});
 
-// Nothing if the file has no table. Raises CFileException.
-std::optional<ReadingPlan> FindPlan(const std::u16string& path);
+// Nothing if the file has no such table. Raises CFileException.
+std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FixedTable& fixed = {});
 }  // namespace kelvarin::plan

@@ -159,18 +159,23 @@ std::size_t RowsFrom(const std::vector<RowShape>& shapes, std::size_t first, std
         [&](const RowShape& shape) { return shape.Cells == cells && IsRow(shape, holdsValues); }));
 }
 
+// Where the first row may be: indices of the sample.
+struct Beginnings {
+    std::size_t First = 0, Last = 0;
+};
+
 // The best table that one way of cutting gives.
-void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
+void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, const Beginnings& beginnings,
              std::optional<FoundTable>& best) {
     const auto holdsSeparator = [&](const SampleLine& line) {
         return line.Text.find(how.Separator) != line.Text.npos;
     };
-    if (how.Separator != u'\0' && std::none_of(sample.Lines.begin(), sample.Lines.end(), holdsSeparator))
-        return;
+    if (fewestCells > 1 && std::none_of(sample.Lines.begin(), sample.Lines.end(), holdsSeparator)) return;
     LineCutter cut(how);
     std::vector<RowShape> shapes;
     std::set<std::size_t> widths;
-    for (std::size_t i = 0; i < sample.Lines.size(); ++i) {
+    shapes.resize(beginnings.First);
+    for (std::size_t i = beginnings.First; i < sample.Lines.size(); ++i) {
         shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
         if (shapes.back().Cells >= fewestCells && shapes.back().LooksLikeData())
             widths.insert(shapes.back().Cells);
@@ -180,7 +185,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
         const std::vector<bool> holdsValues = ValueColumns(shapes, cells);
         if (std::find(holdsValues.begin(), holdsValues.end(), true) == holdsValues.end()) continue;
         const std::optional<std::size_t> first = BeginningOf(shapes, cells, holdsValues);
-        if (!first) continue;
+        if (!first || *first > beginnings.Last) continue;
         FoundTable table{how, *first, cells, 0, 0, {}, holdsValues};
         double worth = 0;
         for (std::size_t i = *first; i < shapes.size(); ++i) {
@@ -198,6 +203,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells,
         mine = std::move(table);
     }
     if (!mine || (best && mine->Score <= best->Score)) return;
+    for (std::size_t i = 0; i < beginnings.First; ++i) shapes[i] = ShapeOf(i, cut(sample.Lines[i].Text));
     mine->Shapes = std::move(shapes);
     best = std::move(mine);
 }
@@ -217,22 +223,25 @@ bool AreLinesQuoted(const FileSample& sample) {
     }
     return quoted > 1 && 2 * quoted > filled;
 }
-}  // namespace
 
-bool RowShape::LooksLikeData() const {
-    if (Numbers + Values == 0) return false;
-    return IsValue(Kind(0)) || 4 * (Numbers + Values) >= Filled;
-}
-
-std::optional<FoundTable> FindTable(const FileSample& sample) {
+std::optional<FoundTable> FindWithin(const FileSample& sample, const FixedTable& fixed,
+                                     const Beginnings& beginnings) {
     const bool areQuoted = AreLinesQuoted(sample);
+    const auto cutBy = [&](char16_t separator) {
+        return Cut{separator, fixed.Merges.value_or(separator == u' '), areQuoted};
+    };
     std::optional<FoundTable> best;
+    if (fixed.Separator) {
+        if (*fixed.Separator != u'\0') Propose(sample, cutBy(*fixed.Separator), 2, beginnings, best);
+        if (!best) Propose(sample, cutBy(*fixed.Separator), 1, beginnings, best);
+        return best;
+    }
     for (const char16_t separator : {u';', u',', u'\t', u'|'})
-        Propose(sample, {separator, false, areQuoted}, 2, best);
+        Propose(sample, cutBy(separator), 2, beginnings, best);
     // Colons and blanks are also within times, names and texts: they need twice the rows or twice the worth.
     for (const char16_t separator : {u':', u' '}) {
         std::optional<FoundTable> weak;
-        Propose(sample, {separator, separator == u' ', areQuoted}, 2, weak);
+        Propose(sample, cutBy(separator), 2, beginnings, weak);
         if (!weak) continue;
         // Runs of blanks swallow the tabs around empty cells.
         const bool isTabbed = best && best->How.Separator == u'\t' && best->Rows >= weak->Rows &&
@@ -243,7 +252,25 @@ std::optional<FoundTable> FindTable(const FileSample& sample) {
         if (wins) best = std::move(weak);
     }
     // Rows of one cell are a table only where there is no other.
-    if (!best) Propose(sample, {u'\0', false, areQuoted}, 1, best);
+    if (!best) Propose(sample, {u'\0', false, areQuoted}, 1, beginnings, best);
     return best;
+}
+}  // namespace
+
+bool RowShape::LooksLikeData() const {
+    if (Numbers + Values == 0) return false;
+    return IsValue(Kind(0)) || 4 * (Numbers + Values) >= Filled;
+}
+
+std::optional<FoundTable> FindTable(const FileSample& sample, const FixedTable& fixed) {
+    if (sample.Lines.empty()) return std::nullopt;
+    const std::uint64_t firstRow = fixed.FirstLine + (fixed.HasNames.value_or(false) ? 1 : 0);
+    std::size_t first = 0;
+    while (first < sample.Head && sample.Lines[first].Number < firstRow) ++first;
+    constexpr std::size_t LinesOfAHeader = 24;
+    std::optional<FoundTable> table;
+    if (fixed.FirstLine != 0) table = FindWithin(sample, fixed, {first, first + LinesOfAHeader});
+    if (!table) table = FindWithin(sample, fixed, {first, sample.Lines.size()});
+    return table;
 }
 }  // namespace kelvarin::plan

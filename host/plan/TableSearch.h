@@ -7,6 +7,7 @@
 
 #include "host/plan/Cells.h"
 #include "host/plan/FileSample.h"
+#include "host/plan/FixedTable.h"
 
 namespace kelvarin::plan {
 // A line without its texts.
@@ -35,6 +36,7 @@ struct FoundTable {
     std::vector<bool> HoldsValues;  // by column: numbers and the like, not words
 };
 
-// The best table of the sample; nothing if no line holds a value.
-std::optional<FoundTable> FindTable(const FileSample& sample);
+// The best table of the sample, as far as it is not fixed; nothing if no line holds a value. One with a fixed
+// first line begins in the block of lines from there on if there is one.
+std::optional<FoundTable> FindTable(const FileSample& sample, const FixedTable& fixed = {});
 }  // namespace kelvarin::plan

@@ -20,8 +20,19 @@ struct TableStart {
 };
 
 TableStart StartOf(const ReadingPlan& plan) {
+    const FixedTable& fixed = plan.Fixed;
+    if (fixed.FirstLine != 0)
+        return {fixed.FirstLine, fixed.HasNames.value_or(plan.NamesLine == fixed.FirstLine)};
     const bool isDirectlyBelow = plan.NamesLine != 0 && plan.NamesLine + 1 == plan.FirstLine;
-    return {isDirectlyBelow ? plan.NamesLine : plan.FirstLine, isDirectlyBelow};
+    const bool hasNames = fixed.HasNames.value_or(isDirectlyBelow) && plan.FirstLine > 1;
+    return {hasNames ? plan.FirstLine - 1 : plan.FirstLine, hasNames};
+}
+
+// The module takes as many columns as the line at which it starts has cells: one above the table has too few.
+bool IsStartTooShort(const ReadingPlan& plan, std::uint64_t start) {
+    if (start == plan.FirstLine || start == plan.NamesLine || start > plan.Sample.Head) return false;
+    LineCutter cut(plan.How);
+    return cut(plan.Sample.Lines[start - 1].Text).size() < plan.Width;
 }
 
 // A cell that the module would refuse or read as another number.
@@ -86,6 +97,7 @@ std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const Re
     const TableStart start = StartOf(plan);
     if (HoldsDeclaredMissing(plan)) return std::nullopt;
     if (plan.How.IsLineQuoted || start.Line == 0 || start.Line > HighestNumber) return std::nullopt;
+    if (IsStartTooShort(plan, start.Line)) return std::nullopt;
     ITableReader* const reader = filter.Find<ITableReader>();
     if (reader == nullptr || !CutsAlike(*reader, plan)) return std::nullopt;
     const auto* const fixed =

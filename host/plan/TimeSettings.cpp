@@ -7,9 +7,9 @@
 
 #include "contract/GuidedReading.h"
 #include "contract/TimeReader.h"
-#include "host/guess/GuessParts.h"
 #include "host/plan/CopyTime.h"
 #include "host/plan/Durations.h"
+#include "host/plan/FormatShapes.h"
 #include "host/plan/PlanSettings.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Path.h"
@@ -112,11 +112,10 @@ void AddWithFraction(const std::u16string& format, const std::u16string& text, T
 // Formats that a text could have, also with a fraction that it lacks itself.
 Texts FormatsOf(const std::u16string& text, const std::u16string& letters) {
     Texts formats;
-    for (const guess::FormatShape& shape : guess::ShapesOf(text, letters)) {
-        if (shape.Blocked != u'\0' || shape.IsTwelveHours || !shape.RangeMark.empty()) continue;
-        AddWithFraction(shape.Format, text, formats);
-        if (shape.Format.empty() || shape.Format.back() != letters[5]) continue;
-        for (const char16_t* const fraction : {u".000", u",000"}) formats.push_back(shape.Format + fraction);
+    for (const std::u16string& format : FormatsLike(text, letters)) {
+        AddWithFraction(format, text, formats);
+        if (format.back() != letters[5]) continue;
+        for (const char16_t* const fraction : {u".000", u",000"}) formats.push_back(format + fraction);
     }
     return formats;
 }

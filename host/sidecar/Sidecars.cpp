@@ -5,7 +5,6 @@
 
 #include "contract/TimeReader.h"
 #include "host/SettingText.h"
-#include "host/guess/TableTrial.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
@@ -23,6 +22,19 @@ std::string NoSidecars() {
 std::size_t ColumnOf(const std::u16string& text) {
     std::size_t column = 0;
     return ParseWhole(Utf16ToUtf8(text), column) ? column : std::u16string::npos;
+}
+
+// The times of the first rows, as the import joins two columns, the left one first; empty for a row without.
+std::vector<std::u16string> TimesOf(const TableSample& table, std::size_t date, std::size_t time) {
+    constexpr std::size_t FirstRows = 32;
+    const auto [left, right] = std::minmax(date, time);
+    std::vector<std::u16string> texts(std::min(table.Rows.size(), FirstRows));
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::vector<std::u16string>& cells = table.Rows[i].Cells;
+        if (right >= cells.size()) continue;
+        texts[i] = left == right ? cells[left] : cells[left] + table.Separator + cells[right];
+    }
+    return texts;
 }
 }  // namespace
 
@@ -126,11 +138,12 @@ std::string SidecarFit::TryTimes(const TableSample& table) const {
     if (std::max(date, time) >= table.Names.size())
         return Phrase("it has no column {}, where the time would be", std::max(date, time) + 1);
     const auto filter = Module.MakeFilter(Sidecar);
-    const guess::TableTrial trial(*filter->Find<ITimeReader>(), table);
-    const guess::TextList texts = trial.Texts(date, time);
+    const std::vector<std::u16string> texts = TimesOf(table, date, time);
     const std::u16string format = ValueOf("TIMESTAMP-FORMAT");
     if (texts.empty()) return Phrase("its table has no rows");
-    if (trial.FitsFirstRows(format, texts, hasDate)) return {};
+    const std::vector<std::int64_t> times = filter->Find<ITimeReader>()->ReadTimes(format, texts, hasDate);
+    const std::ptrdiff_t unread = std::count(times.begin(), times.end(), -1);
+    if (2 * unread <= std::ssize(texts) && unread != std::ssize(texts)) return {};
     return Phrase("the format '{}' does not read its first time '{}'", Utf16ToUtf8(format),
                   Utf16ToUtf8(texts.front()));
 }

@@ -9,7 +9,6 @@
 #include "host/check/CheckRun.h"
 #include "host/check/Findings.h"
 #include "host/explain/Explanation.h"
-#include "host/guess/TimeGuess.h"
 #include "host/plan/AutomaticReading.h"
 #include "host/sidecar/Sidecars.h"
 #include "platform/framework/Text.h"
@@ -119,8 +118,7 @@ TEST_F(BareModule, CannotBeChecked) {
     }
 }
 
-TEST_F(BareModule, SaysThatItHasNoGuessAndNoSidecar) {
-    EXPECT_EQ(guess::GuessTime(Module, u"good").Failure, "this module shows no rows");
+TEST_F(BareModule, SaysThatItHasNoSidecar) {
     EXPECT_EQ(sidecar::WriteSidecar(Module, u"good"), "this module has no sidecars");
     EXPECT_EQ(sidecar::ComplaintOf(sidecar::CheckSidecar(Module, u"good.info")),
               "this module has no sidecars");

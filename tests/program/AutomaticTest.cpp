@@ -142,10 +142,19 @@ TEST(Automatic, StepsBackBehindWhatTheUserSet) {
     EXPECT_EQ(document["guess"]["settings"]["FirstLine"], "2");
     EXPECT_FALSE(document["guess"]["settings"].contains("TimestampFormat"));
     EXPECT_EQ(document["signals"][0]["count"], 2) << "2 January lies a month behind 1 January";
+    EXPECT_EQ(document["guess"]["basis"], "") << "nothing is said of times that the user has set";
+    for (const Json& one : document["guess"]["assumed"]) {
+        EXPECT_NE(one["kind"], "times") << one;
+        EXPECT_NE(one["kind"], "rows") << one;
+    }
     EXPECT_FALSE(Json::parse(run({"--no-guess", "--json", "data.csv"}).Out).contains("guess"));
     const std::string table = "FirstLine=2";
     const Json byTable = Json::parse(run({"--json", "--set", table, "data.csv"}).Out);
     EXPECT_EQ(byTable["guess"]["settings"]["TimestampFormat"], "JJJJ-MM-TT") << byTable.dump();
+    EXPECT_FALSE(byTable["guess"]["settings"].contains("FirstLine"));
+    // Both are said: nothing is looked for, unless to be saved.
+    EXPECT_FALSE(
+        Json::parse(run({"--json", "--set", table, "--set", set, "data.csv"}).Out).contains("guess"));
 }
 
 TEST(Automatic, CountsFrom1970InUtc) {

@@ -80,7 +80,7 @@ TEST(Check, FindsWhatAnImportLoses) {
          {Dated},
          3,
          "falls (dateOrder)",
-         "tail -n +2 FILE | tac"},
+         "a clean copy has its rows in order: kelvarin-import prepare FILE"},
         {"summer time ends",
          head + "27.10.2024 2:59:00;1\n27.10.2024 2:00:00;2\n27.10.2024 3:00:00;3\n",
          {Dated},

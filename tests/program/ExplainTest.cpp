@@ -39,10 +39,14 @@ TEST(Explain, TellsWhatWasTakenAndWhy) {
               "  warning   In column 2 \"n\", \"1e5\" in line 3 is read as a hexadecimal number, since an "
               "exponent without "
               "a decimal mark is one as well.\n"
-              "            Remedy: Write 1.0e5 in one of the first rows, or choose the type float on the "
-              "signal page of "
-              "the settings dialog.\n"
-              "  times     no timestamp format is set; --guess-time proposes one\n");
+              "            Remedy: Choose the type of floats: --type 2=float\n"
+              "  advice    3 columns from line 3 on, separated by semicolons; names in line 2 (likely)\n"
+              "              but: only 3 rows to judge by\n"
+              "            elapsed seconds in column 1 (\"t\") (a guess)\n"
+              "              but: the unit is not named\n"
+              "            as options: --set AutoFormat=0 --set Separator=0 --set MergeSeparators=0 --set "
+              "FirstLine=2 --set ImportHeader=1 --set DateSetting=2 --set TimeSetting=0 --set TimeColumn=1 "
+              "--set 'TimestampFormat=[s]'\n");
 }
 
 struct ExplainCase {
@@ -53,7 +57,8 @@ struct ExplainCase {
 
 std::string OptionsFor(int separator, int firstLine, int header) {
     return "--set AutoFormat=0 --set Separator=" + std::to_string(separator) +
-           " --set FirstLine=" + std::to_string(firstLine) + " --set ImportHeader=" + std::to_string(header);
+           " --set MergeSeparators=0 --set FirstLine=" + std::to_string(firstLine) +
+           " --set ImportHeader=" + std::to_string(header);
 }
 
 TEST(Explain, WarnsOfSurprisesAndAdvises) {
@@ -66,15 +71,17 @@ TEST(Explain, WarnsOfSurprisesAndAdvises) {
         {"t,v\n" + Rows(9, ",1.5") + "\nv: volts; measured\n", "late-line-moves-the-table",
          OptionsFor(1, 1, 1)},
         {"it's;a;b\n" + Rows(9, ";4;5"), "quote-hides-separators names-skipped", OptionsFor(0, 1, 1)},
-        {"x,1\nsecond,Volt\n" + Rows(9, ",1.5"), "preamble-taken-for-data", OptionsFor(1, 2, 1)},
+        {"x,1\ntime,voltage\n" + Rows(9, ",1.5"), "preamble-taken-for-data", OptionsFor(1, 2, 1)},
         {"t;u;p;q;r\n" + Rows(9, ";;x;x;x"), "names-taken-for-data", OptionsFor(0, 1, 1)},
         {"t,v\n" + Rows(9, ",1.5,"), "names-skipped", OptionsFor(1, 1, 1)},
         {"t;v\n\n" + Rows(9, ";1.5"), "empty-line-ends-the-table names-not-above-the-data",
          OptionsFor(0, 3, 0)},
-        {"n\n" + Rows(9, ""), "", OptionsFor(0, 1, 1)},
+        {"n\n" + Rows(9, ""), "",
+         "--set AutoFormat=0 --set Separator=4 --set OtherSeparator= --set MergeSeparators=0 --set "
+         "FirstLine=1 --set ImportHeader=1"},
         // It is right, and yet.
         {"t,v\n" + Rows(9, ",1.5") + "# restarted\n" + Rows(40, ",1.5"), "late-line-moves-the-table", ""},
-        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), "names-not-above-the-data", ""},
+        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), "names-not-above-the-data", OptionsFor(0, 4, 0)},
         {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"), "empty-line-ends-the-table", ""},
         {"t;v\n" + Rows(120, ";1") + "0;1;7\n", "more-cells-than-columns", ""},
         {"t;v\n0;\n1;\n" + Rows(9, ";2"), "text-because-of-empty-cells", ""},
@@ -91,7 +98,8 @@ TEST(Explain, WarnsOfSurprisesAndAdvises) {
         for (const Json& warning : found["warnings"])
             kinds += (kinds.empty() ? "" : " ") + warning["kind"].get<std::string>();
         EXPECT_EQ(kinds, c.Kinds);
-        EXPECT_EQ(found["proposal"].is_null() ? "" : found["proposal"]["options"], c.Options);
+        const std::string options = found["proposal"].is_null() ? "" : found["proposal"]["options"];
+        EXPECT_EQ(options.substr(0, options.find(" --set DateSetting")), c.Options);
     }
 }
 
@@ -105,7 +113,7 @@ TEST(Explain, KnowsWhoNamedTheFormat) {
     EXPECT_EQ(set["why"][0],
               "The settings say so; without them it would be: separated by semicolon; header in "
               "line 1, data from line 2.");
-    EXPECT_EQ(set["proposal"]["options"], OptionsFor(0, 1, 1));
+    EXPECT_TRUE(set["proposal"]["options"].get<std::string>().starts_with(OptionsFor(0, 1, 1))) << set;
     EXPECT_EQ(run({"explain", "absent.csv"}).Status, 1);
 }
 

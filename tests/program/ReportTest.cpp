@@ -71,10 +71,10 @@ TEST(Advice, NamesOptionsThatGiveEveryRowItsTime) {
     const AdviceCase cases[] = {
         {"t;v\n01.02.2024 10:00:00;1\n01.02.2024 10:00:01;2\n",
          {"--set", "DateSetting=0", "--set", "DateColumn=1", "--set", "TimeColumn=1", "--set",
-          "TimestampFormat=TT.MM.JJJJ hh:mm:ss,000"}},
+          "TimestampFormat=TT.MM.JJJJ hh:mm:ss"}},
         {"t,u,v\n2024-02-01,100000,1\n2024-02-01,100001,2\n",
          {"--set", "DateSetting=0", "--set", "DateColumn=1", "--set", "TimeColumn=2", "--set",
-          "TimestampFormat=JJJJ-MM-TT, hhmmss"}},
+          "TimestampFormat=JJJJ-MM-TT,hhmmss"}},
         {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n",
          {"--set", "DateSetting=2", "--set", "TimeColumn=2", "--set", "TimestampFormat=[s],000"}},
         {"n;v\nx;3\ny;2\n", {"--set", "DateSetting=2", "--set", "TimeSetting=1"}},

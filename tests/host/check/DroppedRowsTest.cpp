@@ -295,9 +295,9 @@ TEST(Findings, SayWhatToDoAboutDroppedRows) {
          {Stored(start + 90), Falling(start + 80), Falling(start + 70)},
          "falls",
          "2 rows dropped for being earlier than a row before, the first by 10 ns: lines 3, 4",
-         "the file runs backwards; reverse the order of its rows",
+         "the file runs backwards; a clean copy has its rows in order",
          {},
-         RemedyAction::ReverseRows},
+         RemedyAction::CopyFile},
         {"out of range",
          {{DropReason::OutOfRange, -1, u"-5;1"}, Stored(start)},
          "outOfRange",
@@ -349,7 +349,7 @@ TEST(Findings, HaveTheFaultsFirst) {
     FakeRun run(DayFormat());
     run.Take({Stored(1), Misfit(u";"), Stored(2), Misfit(u"x;1"), Stored(3)});
     run.Result.Columns[0].Refused.Add({5, 5, u"NaN"});
-    run.Result.Above = {1, 1, false, 0};
+    run.Result.Above = {1, 1};
     std::string kinds;
     for (const check::Finding& finding : check::Judge(run.Result))
         kinds += std::string(finding.IsFault ? " " : " -") + finding.Kind;

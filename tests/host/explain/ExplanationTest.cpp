@@ -39,35 +39,38 @@ std::string Rows(int count, const std::string& row) {
     return rows;
 }
 
-Settings Proposed(const char* separator, const char* firstLine, const char* header) {
-    return {
-        {"AutoFormat", "0"}, {"Separator", separator}, {"FirstLine", firstLine}, {"ImportHeader", header}};
+// Separator, first line and header of the settings that take another table, "copy" where none do, or nothing.
+std::string OtherTable(const Explanation& explanation) {
+    if (!explanation.IsOtherTable) return {};
+    if (explanation.NeedsCopy) return "copy";
+    std::string words;
+    for (const auto& [key, value] : explanation.Advised) {
+        if (key == "Separator" || key == "FirstLine" || key == "ImportHeader")
+            words += (words.empty() ? "" : " ") + value;
+    }
+    return words;
 }
 
 struct WarningCase {
     std::string File;
     std::vector<std::string> Kinds;
-    Settings Advised;  // empty: none
+    const char* Advised;
 };
 
 TEST(Explanation, WarnsAndAdvises) {
     const WarningCase cases[] = {
-        {"t;v\n" + Rows(9, ";1.5"), {}, {}},
-        {"t,v\n" + Rows(9, ",1.5") + "end\n", {"late-line-moves-the-table"}, Proposed("1", "1", "1")},
-        {"t,v\n" + Rows(9, ",1.5") + "# note\n" + Rows(40, ",1.5"), {"late-line-moves-the-table"}, {}},
-        {"it's;a;b\n" + Rows(9, ";4;5"),
-         {"quote-hides-separators", "names-skipped"},
-         Proposed("0", "1", "1")},
-        {"x,1\nsecond,Volt\n" + Rows(9, ",1.5"), {"preamble-taken-for-data"}, Proposed("1", "2", "1")},
-        {"t;u;p;q;r\n" + Rows(9, ";;x;x;x"), {"names-taken-for-data"}, Proposed("0", "1", "1")},
-        {"t,v\n" + Rows(9, ",1.5,"), {"names-skipped"}, Proposed("1", "1", "1")},
-        {"t;v\n\n" + Rows(9, ";1.5"),
-         {"empty-line-ends-the-table", "names-not-above-the-data"},
-         Proposed("0", "3", "0")},
-        {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"), {"empty-line-ends-the-table"}, {}},
-        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), {"names-not-above-the-data"}, {}},
-        {"t;v\n" + Rows(120, ";1") + "0;1;7\n", {"more-cells-than-columns"}, {}},
-        {"t;v\n" + Rows(120, ";1") + "0;1;\n", {}, {}},
+        {"t;v\n" + Rows(9, ";1.5"), {}, ""},
+        {"t,v\n" + Rows(9, ",1.5") + "end\n", {"late-line-moves-the-table"}, "1 1 1"},
+        {"t,v\n" + Rows(9, ",1.5") + "# note\n" + Rows(40, ",1.5"), {"late-line-moves-the-table"}, "copy"},
+        {"it's;a;b\n" + Rows(9, ";4;5"), {"quote-hides-separators", "names-skipped"}, "0 1 1"},
+        {"x,1\ntime,voltage\n" + Rows(9, ",1.5"), {"preamble-taken-for-data"}, "1 2 1"},
+        {"t;u;p;q;r\n" + Rows(9, ";;x;x;x"), {"names-taken-for-data"}, "0 1 1"},
+        {"t,v\n" + Rows(9, ",1.5,"), {"names-skipped"}, "1 1 1"},
+        {"t;v\n\n" + Rows(9, ";1.5"), {"empty-line-ends-the-table", "names-not-above-the-data"}, "0 3 0"},
+        {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"), {"empty-line-ends-the-table"}, ""},
+        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), {"names-not-above-the-data"}, "0 4 0"},
+        {"t;v\n" + Rows(120, ";1") + "0;1;7\n", {"more-cells-than-columns"}, ""},
+        {"t;v\n" + Rows(120, ";1") + "0;1;\n", {}, ""},
     };
     for (const WarningCase& c : cases) {
         SCOPED_TRACE(c.File);
@@ -75,7 +78,7 @@ TEST(Explanation, WarnsAndAdvises) {
         std::vector<std::string> kinds;
         for (const Warning& warning : file->Warnings) kinds.push_back(warning.Kind);
         EXPECT_EQ(kinds, c.Kinds);
-        EXPECT_EQ(file->IsAdvised() ? file->ProposedSettings() : Settings(), c.Advised);
+        EXPECT_EQ(OtherTable(*file), c.Advised);
     }
 }
 
@@ -84,6 +87,7 @@ struct RemedyCase {
     std::string Text;
     std::string Remedy;
     bool HasSettings;
+    int Type = CsvTypeUndefined;  // of the columns that the remedy sets
 };
 
 TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
@@ -93,8 +97,8 @@ TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
          "0: "
          "\"# note\". One such line among the first hundred moves the table's beginning below, here to line "
          "12.",
-         "Delete line 11 in a copy of the file.", false},
-        {"x,1\nsecond,Volt\n" + Rows(9, ",1.5"),
+         "", false},
+        {"x,1\ntime,voltage\n" + Rows(9, ",1.5"),
          "Line 1 has enough numbers to count as data, but the table seems to begin in line 3: \"x,1\".", "",
          true},
         {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"),
@@ -106,20 +110,18 @@ TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
          "no column gets a type.",
          "", true},
         {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"),
-         "The names seem to be in line 2, but they are taken only from the line directly above the first "
+         "The names seem to be in line 1, but they are taken only from the line directly above the first "
          "row, "
-         "4: \"TS, m\".",
-         "Delete line 3 in a copy of the file.", false},
+         "4: \"t, v\".",
+         "No setting takes them; a clean copy has them directly above.", false},
         {"t;v\n" + Rows(120, ";1") + "0;1;7\n0;1;8\n",
          "2 rows have more than the 2 cells of the table's first line; the surplus is not imported, first "
          "\"7\" in line 122.",
-         "Give line 1 as many separators as the longest row.", false},
+         "A clean copy has a column for them.", false},
         {"t;v\n0;1e5\n1;2e5\n",
          "In column 2 \"v\", \"1e5\" in line 2 is read as a hexadecimal number, since an exponent without a "
          "decimal mark is one as well.",
-         "Write 1.0e5 in one of the first rows, or choose the type float on the signal page of the settings "
-         "dialog.",
-         false},
+         "Choose the type of floats", false, CsvTypeFloat},
         {"t;v;w\n0;1,234;5,678\n",
          "In column 2 \"v\", \"1,234\" in line 2 is read as 1.234, not as thousands. The same holds for "
          "columns "
@@ -129,9 +131,7 @@ TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
          false},
         {"t;v\n0;\n1;\n" + Rows(9, ";2"),
          "Text only because its first rows are empty: column 2 \"v\"; from line 4 on it is of type integer.",
-         "Choose its type on the signal page of the settings dialog; its empty cells then become samples "
-         "without value.",
-         false},
+         "Choose its type; its empty cells then become samples without value", false, CsvTypeInteger},
     };
     for (const RemedyCase& c : cases) {
         SCOPED_TRACE(c.File);
@@ -140,7 +140,8 @@ TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
         const Warning& warning = file->Warnings.front();
         EXPECT_EQ(warning.Text, c.Text);
         EXPECT_EQ(warning.Remedy.Text, c.Remedy);
-        EXPECT_EQ(warning.Remedy.Settings, c.HasSettings ? file->ProposedSettings() : Settings());
+        EXPECT_EQ(warning.Remedy.Settings, c.HasSettings ? file->Advised : Settings());
+        EXPECT_EQ(warning.Remedy.Columns.empty() ? 0 : warning.Remedy.Columns[0].Type, c.Type);
     }
 }
 
@@ -153,17 +154,6 @@ TEST(Explanation, TakesAMarkForThousandsOnlyWhereItMayBe) {
         const Explained file(std::string("t;v\n0;") + cell + "\n1;" + cell + "\n");
         EXPECT_EQ(!file->Warnings.empty(), isWarned) << cell;
     }
-}
-
-TEST(Explanation, ProposesMergedSeparatorsForBlanks) {
-    const Explained file("t  v\n" + Rows(9, "   1") + "end\n");
-    ASSERT_TRUE(file->IsAdvised());
-    EXPECT_EQ(file->ProposedSettings(), (Settings{{"AutoFormat", "0"},
-                                                  {"Separator", "3"},
-                                                  {"MergeSeparators", "1"},
-                                                  {"FirstLine", "1"},
-                                                  {"ImportHeader", "1"}}));
-    EXPECT_EQ(file->ProposalGives, "columns: 2, of them text: 1");
 }
 
 struct ReasonCase {

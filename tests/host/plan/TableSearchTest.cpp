@@ -13,9 +13,9 @@ namespace {
 using namespace kelvarin::plan;
 
 // "; 3 columns from line 2, 4 rows", or "none".
-std::string TableInWords(const char* text) {
+std::string TableInWords(const char* text, const FixedTable& fixed = {}) {
     const FileSample sample = SampleOf(text);
-    const std::optional<FoundTable> table = FindTable(sample);
+    const std::optional<FoundTable> table = FindTable(sample, fixed);
     if (!table) return "none";
     const char16_t separator = table->How.Separator;
     std::string name(1, static_cast<char>(separator));
@@ -111,6 +111,35 @@ TEST(PlanTable, IsNotInATextWithoutValues) {
                                {"To be done\nby the others\n", "none"},
                                {"a;b\nc;d\ne;f\n", "none"}};
     CheckTables(cases);
+}
+
+struct FixedCase {
+    const char* Text;
+    FixedTable Fixed;
+    const char* Table;
+};
+
+// What is fixed stays, and the rest is found.
+TEST(PlanTable, IsFoundUnderWhatIsFixed) {
+    const char* const two = "a;b\n1;2\n2;3\n3;4\n\nt;u;v\n0;1;2\n1;2;3\n2;3;4\n3;4;5\n4;5;6\n";
+    const char* const commas = "t,v;w\n1,5;2\n2,5;3\n3,5;4\n";
+    const FixedCase cases[] = {
+        {two, {}, ";, 3 columns from line 7, 5 rows"},
+        // By its first line, that of the names or of the rows.
+        {two, {{}, {}, 1, {}}, ";, 3 columns from line 7, 5 rows"},
+        {two, {{}, {}, 6, {}}, ";, 3 columns from line 7, 5 rows"},
+        {two, {{}, {}, 7, true}, ";, 3 columns from line 8, 4 rows"},
+        {two, {{}, {}, 8, false}, ";, 3 columns from line 8, 4 rows"},
+        {two, {{}, {}, 99, {}}, "none"},
+        // By the separator.
+        {commas, {}, ";, 2 columns from line 2, 3 rows"},
+        {commas, {u',', {}, 0, {}}, ",, 2 columns from line 2, 3 rows"},
+        {commas, {u'\t', {}, 0, {}}, "none"},
+        {"v\n1.5\n2.5\n3.5\n", {u'\t', {}, 0, {}}, "tab, 1 columns from line 2, 3 rows"},
+        {"v\n1.5 A\n2.5 A\n3.5 A\n", {u'\0', {}, 0, {}}, "nothing, 1 columns from line 2, 3 rows"},
+        {"t;;v\n1;;2\n2;;3\n3;;4\n", {{}, true, 0, {}}, ";, 2 columns from line 2, 3 rows"},
+    };
+    for (const FixedCase& c : cases) EXPECT_EQ(TableInWords(c.Text, c.Fixed), c.Table) << c.Text;
 }
 
 }  // namespace

@@ -1,19 +1,20 @@
 // A text of a time is, from left to right:
 //
-//   text = { literal } [ date { literal } ] [ time [ zone ] ] { literal } [ the same once more ]
+//   text = { literal } [ date { literal } ] [ time [ zone ] ] { literal }
 //   date = three numbers between two equal marks, or 6 or 8 digits, or 12 or 14 with the time
 //   time = numbers between colons or points, or 4 or 6 digits; then a mark and digits for a fraction
-//   zone = "Z", or a sign and two or four digits with or without a colon
-//
-// Only the look and the ranges of the numbers are judged here: whether a format holds is tried on many rows.
-#include "host/guess/GuessParts.h"
+//   zone = a sign and two or four digits with or without a colon, of which a format only steps over those of
+//          UTC
+#include "host/plan/FormatShapes.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
+#include "host/plan/TimeText.h"
 #include "platform/framework/Text.h"
 
-namespace kelvarin::guess {
+namespace kelvarin::plan {
 namespace {
 enum Letter : std::size_t { Year, Month, Day, Hours, Minutes, Seconds };
 
@@ -26,43 +27,34 @@ std::array<Letter, 3> LettersOf(DateOrder order) {
 
 class ShapeReader {
   public:
-    ShapeReader(std::u16string_view text, DateOrder order, const std::u16string& letters)
-        : Text(text), Order(order), Letters(letters) {
-        Shape.Order = order;
-    }
+    // Without an order there is no date in the text.
+    ShapeReader(std::u16string_view text, std::optional<DateOrder> order, const std::u16string& letters)
+        : Text(text), Order(order), Letters(letters) {}
 
-    // The shape, or nothing if the text has another one.
-    std::optional<FormatShape> Read() {
+    // The format, or nothing if the text has another look.
+    std::optional<std::u16string> Read() {
         while (At < Text.size()) {
             if (!IsDigit(Text[At])) {
-                if (!(Shape.HasTime && ReadZone())) AddLiteral();
+                if (HasTime && ReadZone()) continue;
+                if (!ReadLiteral()) return std::nullopt;
             } else if (!ReadDateInPlace() && !ReadTimeInPlace()) {
                 return std::nullopt;
             }
         }
-        return Shape.HasTime || HasDate ? std::optional(Shape) : std::nullopt;
+        return HasTime || HasDate ? std::optional(Format) : std::nullopt;
     }
 
   private:
-    // A date, where one may be: first, and once more after the first time.
     bool ReadDateInPlace() {
-        const std::size_t formatLength = Shape.Format.size();
-        if (Order == DateOrder::NoDate || (HasDate && !Shape.HasTime)) return false;
-        if (!Shape.RangeMark.empty() || !ReadDate()) return false;
-        if (HasDate) {
-            // What was read before is the first of two times.
-            Shape.RangeMark = LiteralsAfterTime;
-            Shape.FormatUpToMark = Shape.Format.substr(0, formatLength - LiteralsAfterTime.size());
-            Shape.HasTime = false;
-        }
-        HasDate = true;
-        return true;
+        if (!Order || HasDate || HasTime) return false;
+        HasDate = ReadDate();
+        return HasDate;
     }
 
     bool ReadTimeInPlace() {
-        if (Shape.HasTime || (Order != DateOrder::NoDate && !HasDate)) return false;
-        Shape.HasTime = ReadTime();
-        return Shape.HasTime;
+        if (HasTime || (Order && !HasDate)) return false;
+        HasTime = ReadTime();
+        return HasTime;
     }
 
     std::size_t DigitsAt(std::size_t at) const {
@@ -84,24 +76,22 @@ class ShapeReader {
 
     // A field of so many letters; the place moves on.
     void AddField(Letter letter, std::size_t width, std::size_t digits) {
-        Shape.Format.append(width, Letters[letter]);
+        Format.append(width, Letters[letter]);
         At += digits;
     }
 
-    // Any character as itself; white space as one blank.
-    void AddLiteral() {
+    // Any character as itself, white space as one blank. False for a letter of a format and for AM and PM.
+    bool ReadLiteral() {
         char16_t c = Text[At++];
         if (IsWhiteSpace(c)) {
             while (At < Text.size() && IsWhiteSpace(Text[At])) ++At;
             c = u' ';
         }
-        const bool isField = Letters.find(c) != std::u16string::npos || c == u'[';
-        if (Shape.HasTime && (c == u'M' || c == u'm') && At >= 2) {
-            Shape.IsTwelveHours |= std::u16string_view(u"APap").find(Text[At - 2]) != std::u16string::npos;
-        }
-        if (isField) Shape.Blocked = c;
-        Shape.Format += isField ? u' ' : c;
-        LiteralsAfterTime = Shape.HasTime ? LiteralsAfterTime + c : std::u16string();
+        const bool isHalfDay = HasTime && (c == u'M' || c == u'm') && At >= 2 &&
+                               std::u16string_view(u"APap").find(Text[At - 2]) != std::u16string::npos;
+        if (isHalfDay || c == u'[' || Letters.find(c) != std::u16string::npos) return false;
+        Format += c;
+        return true;
     }
 
     bool ReadDate() {
@@ -109,33 +99,32 @@ class ShapeReader {
         if (digits == 6 || digits == 8 || digits == 12 || digits == 14) return ReadCompactDate(digits);
         const std::size_t begin = At;
         char16_t mark = u'\0';
-        for (const Letter letter : LettersOf(Order)) {
+        for (const Letter letter : LettersOf(*Order)) {
             if (At != begin) {
                 const char16_t c = At < Text.size() ? Text[At++] : u'\0';
                 if ((c != u'.' && c != u'/' && c != u'-') || (mark != u'\0' && c != mark)) return false;
                 mark = c;
-                Shape.Format += c;
+                Format += c;
             }
             const std::size_t length = DigitsAt(At);
             if (length == 0 || length > 4 || !IsInRange(letter, At, length)) return false;
             AddField(letter, letter == Year ? 4 : 2, length);
         }
         // Nobody writes the month first with points.
-        return mark != u'.' || Order != DateOrder::MonthFirst;
+        return mark != u'.' || *Order != DateOrder::MonthFirst;
     }
 
     // Without marks each number has its full length.
     bool ReadCompactDate(std::size_t digits) {
-        if (Order == DateOrder::MonthFirst) return false;
-        for (const Letter letter : LettersOf(Order)) {
+        if (*Order == DateOrder::MonthFirst) return false;
+        for (const Letter letter : LettersOf(*Order)) {
             const std::size_t length = letter == Year && digits != 6 ? 4 : 2;
             if (!IsInRange(letter, At, length)) return false;
             AddField(letter, length, length);
         }
-        Shape.IsDigitsOnly = digits == 6 && Text.size() == 6;
         if (digits < 12) return true;
         if (!ReadCompactTime(digits - 8)) return false;
-        Shape.HasTime = true;
+        HasTime = true;
         return true;
     }
 
@@ -145,7 +134,6 @@ class ShapeReader {
         const bool marked = (mark == u':' || (mark == u'.' && digits <= 2)) && DigitsAt(At + digits + 1) == 2;
         if (marked) return ReadMarkedTime(digits, mark);
         if (digits != 4 && digits != 6) return false;
-        Shape.IsDigitsOnly |= At == 0 && At + digits == Text.size();
         return ReadCompactTime(digits) && (digits == 4 || ReadFraction());
     }
 
@@ -169,16 +157,16 @@ class ShapeReader {
             AddField(Minutes, 2, digits);
         } else if (digits > 2 || !IsInRange(Hours, At, digits)) {
             if (digits > 8 || mark == u'.') return false;
-            Shape.Format += u"[h]";
+            Format += u"[h]";
             At += digits;
         } else {
             AddField(Hours, 2, digits);
         }
-        Shape.Format += Text[At++];
+        Format += Text[At++];
         AddField(!hasSeconds && hasFraction ? Seconds : Minutes, 2, 2);
         if (hasSeconds) {
             if (!IsInRange(Seconds, At + 1, 2)) return false;
-            Shape.Format += Text[At++];
+            Format += Text[At++];
             AddField(Seconds, 2, 2);
         }
         return !(hasSeconds || hasFraction) || ReadFraction();
@@ -188,54 +176,44 @@ class ShapeReader {
     bool ReadFraction() {
         const bool marked = IsAt(At, u'.') || IsAt(At, u',') || IsAt(At, u':');
         if (!marked || DigitsAt(At + 1) == 0) return true;
-        Shape.Format += Text[At++];
-        Shape.Format += u"000";
+        Format += Text[At++];
+        Format += u"000";
         At += DigitsAt(At);
-        HasFraction = true;
         return true;
     }
 
-    // "0" would add the zone's digits as a fraction of a second; "[ns]" makes nanoseconds of them, but takes
-    // the place of a fraction read before.
+    // The digits of UTC: those of another zone would count as a fraction.
     bool ReadZone() {
-        if (Text[At] == u'Z' && At + 1 == Text.size()) {
-            Shape.Zone = u"Z";
-            AddLiteral();
-            return true;
-        }
         const std::size_t hours = DigitsAt(At + 1);
         if (!(IsAt(At, u'+') || IsAt(At, u'-')) || (hours != 2 && hours != 4)) return false;
         const bool hasMinutes = hours == 2 && IsAt(At + 3, u':') && DigitsAt(At + 4) == 2;
         const std::size_t length = 1 + hours + (hasMinutes ? 3 : 0);
         if (At + length != Text.size()) return false;
-        Shape.Zone = Text.substr(At, length);
-        const bool isZero = Shape.Zone.find_first_not_of(u"+-0:") == std::u16string::npos;
-        Shape.Format += Text[At];
-        Shape.Format += isZero || HasFraction ? u"0" : u"[ns]";
-        if (hasMinutes) Shape.Format += u":0";
-        Shape.ZoneShiftsFraction = !isZero && HasFraction;
+        if (Text.substr(At, length).find_first_not_of(u"+-0:") != std::u16string::npos) return false;
+        Format += Text[At];
+        Format += hasMinutes ? u"0:0" : u"0";
         At += length;
         return true;
     }
 
     const std::u16string_view Text;
-    const DateOrder Order;
+    const std::optional<DateOrder> Order;
     const std::u16string& Letters;
     std::size_t At = 0;
     bool HasDate = false;
-    bool HasFraction = false;
-    std::u16string LiteralsAfterTime;
-    FormatShape Shape;
+    bool HasTime = false;
+    std::u16string Format;
 };
 }  // namespace
 
-std::vector<FormatShape> ShapesOf(std::u16string_view text, const std::u16string& letters) {
-    std::vector<FormatShape> shapes;
-    for (const DateOrder order :
-         {DateOrder::NoDate, DateOrder::YearFirst, DateOrder::DayFirst, DateOrder::MonthFirst}) {
-        std::optional<FormatShape> shape = ShapeReader(TrimWhiteSpace(text), order, letters).Read();
-        if (shape) shapes.push_back(std::move(*shape));
+std::vector<std::u16string> FormatsLike(std::u16string_view text, const std::u16string& letters) {
+    std::vector<std::u16string> formats;
+    for (const std::optional<DateOrder> order :
+         {std::optional<DateOrder>(), std::optional(DateOrder::YearFirst), std::optional(DateOrder::DayFirst),
+          std::optional(DateOrder::MonthFirst)}) {
+        if (std::optional<std::u16string> format = ShapeReader(TrimWhiteSpace(text), order, letters).Read())
+            formats.push_back(*std::move(format));
     }
-    return shapes;
+    return formats;
 }
-}  // namespace kelvarin::guess
+}  // namespace kelvarin::plan
