@@ -25,7 +25,8 @@ bool IsOneOf(std::u16string_view cell, const std::u16string_view* begin, const s
 bool IsHex(std::u16string_view cell) {
     const bool hasPrefix = cell.size() > 2 && cell[0] == u'0' && (cell[1] == u'x' || cell[1] == u'X');
     if (!hasPrefix && cell.size() != 2 && cell.size() != 8) return false;
-    return std::all_of(cell.begin() + (hasPrefix ? 2 : 0), cell.end(), IsHexDigit);
+    return std::all_of(cell.begin() + (hasPrefix ? 2 : 0), cell.end(),
+                       [](char16_t c) { return IsHexDigit(c); });
 }
 
 // Where the exponent that begins at `at` ends; `at` if there is none.
@@ -96,10 +97,6 @@ bool LooksLikeTime(std::u16string_view cell) {
 }
 }  // namespace
 
-bool IsHexDigit(char16_t c) {
-    return IsDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-}
-
 std::u16string_view WithoutBrackets(std::u16string_view cell) {
     cell = TrimWhiteSpace(cell);
     const bool isEnclosed = cell.size() >= 2 && ((cell.front() == u'(' && cell.back() == u')') ||
@@ -167,6 +164,8 @@ bool IsMissing(std::u16string_view cell) {
     if (cell.empty()) return true;
     if (cell.size() > LongestMarker) return false;
     if (IsDigit(cell.front())) return EqualsIgnoreCase(cell, u"1.#qnan");
+    constexpr std::u16string_view Beginnings = u"-.#?*nNoOmMiI";
+    if (Beginnings.find(cell.front()) == Beginnings.npos) return false;
     constexpr std::u16string_view Markers[] = {
         u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none", u"nil",  u"-",  u"--",
         u"---", u"----",    u"?",    u"*",       u"***",     u"over", u"ovld", u"ol", u"overflow",
@@ -175,6 +174,8 @@ bool IsMissing(std::u16string_view cell) {
 }
 
 TruthWord TruthOf(std::u16string_view cell) {
+    constexpr std::size_t Longest = 6;
+    if (cell.size() < 2 || cell.size() > Longest || !IsLetter(cell.front())) return TruthWord::None;
     constexpr std::u16string_view True[] = {u"true", u"on", u"yes", u"ja", u"wahr"};
     constexpr std::u16string_view False[] = {u"false", u"off", u"no", u"nein", u"falsch"};
     constexpr std::u16string_view Unclear[] = {u"open", u"closed"};
@@ -204,19 +205,34 @@ PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
     return {digits, true};
 }
 
-std::optional<Amount> AmountIn(std::u16string_view cell) {
-    if (LookAtNumber(cell)) return std::nullopt;  // "1.5e-3"
+CellFacts FactsOf(std::u16string_view cell) {
+    CellFacts facts;
+    facts.Number = LookAtNumber(cell);
+    if (!facts.Number) facts.IsMissing = IsMissing(cell);
+    if (!facts.Number && !facts.IsMissing) facts.Truth = TruthOf(cell);
+    return facts;
+}
+
+std::optional<AmountParts> AmountPartsIn(std::u16string_view cell) {
     std::size_t at = !cell.empty() && (cell[0] == u'+' || cell[0] == u'-') ? 1 : 0;
-    std::u16string number(cell.substr(0, at));
+    const std::u16string_view sign = cell.substr(0, at);
     while (at < cell.size() && cell[at] == u' ') ++at;
     const std::size_t begin = at;
     while (at < cell.size() && (IsDigit(cell[at]) || cell[at] == u'.' || cell[at] == u',')) ++at;
     if (at == begin || at == cell.size()) return std::nullopt;
-    number += cell.substr(begin, at - begin);
     const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
     if (unit.empty() || unit.size() > LongestUnit || unit.find(u' ') != unit.npos) return std::nullopt;
-    return BeginsUnit(unit[0]) ? std::optional(Amount{std::move(number), std::u16string(unit)})
-                               : std::nullopt;
+    if (!BeginsUnit(unit[0])) return std::nullopt;
+    return AmountParts{sign, cell.substr(begin, at - begin), unit};
+}
+
+std::optional<Amount> AmountIn(std::u16string_view cell) {
+    if (LookAtNumber(cell)) return std::nullopt;  // "1.5e-3"
+    const std::optional<AmountParts> parts = AmountPartsIn(cell);
+    if (!parts) return std::nullopt;
+    Amount amount{std::u16string(parts->Sign), std::u16string(parts->Unit)};
+    amount.Number += parts->Number;
+    return amount;
 }
 
 double ValueOf(std::u16string_view number, const NumberLook& look) {

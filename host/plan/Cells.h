@@ -34,7 +34,9 @@ class LineCutter {
     std::deque<std::u16string> Unescaped;
 };
 
-bool IsHexDigit(char16_t c);
+inline bool IsHexDigit(char16_t c) {
+    return (c >= u'0' && c <= u'9') || ((c | 32) >= u'a' && (c | 32) <= u'f');
+}
 
 // The text without the round or square brackets that enclose it: "(1.5)", "[mV]".
 std::u16string_view WithoutBrackets(std::u16string_view cell);
@@ -82,6 +84,23 @@ struct PlainNumber {
 
 // What almost all numbers are, found in few steps.
 PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark);
+
+// What a cell is that is no plain number and not empty; no more than one of these.
+struct CellFacts {
+    std::optional<NumberLook> Number;
+    bool IsMissing = false;
+    TruthWord Truth = TruthWord::None;
+};
+
+CellFacts FactsOf(std::u16string_view cell);
+
+// The parts of an amount within its cell.
+struct AmountParts {
+    std::u16string_view Sign, Number, Unit;
+};
+
+// As AmountIn, for a text that is no number.
+std::optional<AmountParts> AmountPartsIn(std::u16string_view cell);
 
 // A number and the unit after it, apart or not: "72%", "26,2 °C", "+  74.65 g".
 struct Amount {

@@ -8,10 +8,6 @@
 
 namespace kelvarin::plan {
 namespace {
-bool IsPlain(char16_t c) {
-    return c > u' ' && c < 0x7F && c != u'"';
-}
-
 // Appends a text of ASCII characters, one of them replaced.
 void AppendNarrow(std::u16string_view text, char16_t from, char to, std::string& out) {
     const std::size_t begin = out.size();
@@ -32,16 +28,29 @@ bool AppendNumber(std::u16string_view number, const NumberLook& look, char16_t m
         thousands = decimal;
         decimal = u'\0';
     }
+    if (thousands == u'\0') {
+        AppendNarrow(number, decimal == u'\0' ? u'.' : decimal, '.', out);
+        return true;
+    }
     for (const char16_t c : number) {
-        if (c != thousands || thousands == u'\0') out += c == decimal ? '.' : static_cast<char>(c);
+        if (c != thousands) out += c == decimal ? '.' : static_cast<char>(c);
     }
     return true;
 }
 }  // namespace
 
 void AppendTextCell(std::u16string_view text, std::string& out) {
-    if (std::all_of(text.begin(), text.end(), IsPlain)) {
+    // Without a branch a character, many characters take one step.
+    bool isPlain = true;
+    bool hasBlank = false;
+    for (const char16_t c : text) {
+        isPlain &= c >= u' ' && c < 0x7F && c != u'"';
+        hasBlank |= c == u' ';
+    }
+    if (isPlain) {
+        if (hasBlank) out += '"';
         AppendNarrow(text, u'\0', '\0', out);
+        if (hasBlank) out += '"';
         return;
     }
     std::u16string safe(text);
@@ -61,43 +70,72 @@ CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t ma
     : Column(column), Own(KindOf(type)), Mark(mark) {}
 
 void CellCopier::Append(std::u16string_view cell, std::string& out) {
-    All.Add(cell, Mark);
-    if (cell.empty()) return;
-    if (const PlainNumber plain = LookAtPlainNumber(cell, Mark); plain.Digits != 0) {
+    const PlainNumber plain = LookAtPlainNumber(cell, Mark);
+    if (cell.empty() || plain.Digits != 0) {
+        All.Add(cell, Mark);
         Numbers += plain.HasMark && Mark != u'.';
         AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', out);
         return;
     }
-    Rewritten.clear();
-    if (Rewrite(cell) && Own != Kind::Texts) {
+    TextMemo::Entry* const entry = Memo.EntryFor(cell);
+    if (entry == nullptr) {
+        AppendAnew(cell, out);
+    } else if (entry->Holds(cell)) {
+        ++entry->Repeats;
+        out += entry->Written;
+    } else {
+        const std::size_t begin = out.size();
+        AppendAnew(cell, out);
+        CountRepeats(*entry);
+        Memo.Remember(*entry, cell, std::string_view(out).substr(begin));
+    }
+}
+
+void CellCopier::AppendAnew(std::u16string_view cell, std::string& out) {
+    const CellFacts facts = FactsOf(cell);
+    All.Add(cell, Mark, facts);
+    if (Rewrite(cell, facts, 1) && Own != Kind::Texts) {
         out += Rewritten;
     } else {
         AppendTextCell(cell, out);
     }
 }
 
-// True if Rewritten is what the column gets in place of the cell; counts it.
-bool CellCopier::Rewrite(std::u16string_view cell) {
-    if (const std::optional<NumberLook> look = LookAtNumber(cell)) return RewriteNumber(cell, *look);
-    if (IsMissing(cell)) {
-        ++Markers;
+// The first of them was counted when it came: it may be the first text of the column.
+void CellCopier::CountRepeats(TextMemo::Entry& entry) {
+    if (entry.Repeats == 0) return;
+    const CellFacts facts = FactsOf(entry.Cell);
+    All.Add(entry.Cell, Mark, facts, entry.Repeats);
+    Rewrite(entry.Cell, facts, entry.Repeats);
+    entry.Repeats = 0;
+}
+
+void CellCopier::CountRepeats() {
+    for (TextMemo::Entry& entry : Memo.All()) CountRepeats(entry);
+}
+
+// True if Rewritten is what the column gets in place of each of the cells, all of one text; counts them.
+bool CellCopier::Rewrite(std::u16string_view cell, const CellFacts& facts, std::uint64_t cells) {
+    Rewritten.clear();
+    if (facts.Number) return RewriteNumber(cell, *facts.Number, cells);
+    if (facts.IsMissing) {
+        Markers += cells;
         return true;
     }
     if (RewriteAmount(cell)) {
-        ++Numbers;
+        Numbers += cells;
         return true;
     }
-    const TruthWord truth = TruthOf(cell);
-    HasUnclearTruth |= truth == TruthWord::Unclear;
-    if (truth != TruthWord::True && truth != TruthWord::False) return false;
-    Rewritten = truth == TruthWord::True ? "true" : "false";
-    if (IsRewritten(cell)) ++Truths;
+    HasUnclearTruth |= facts.Truth == TruthWord::Unclear;
+    if (facts.Truth != TruthWord::True && facts.Truth != TruthWord::False) return false;
+    Rewritten = facts.Truth == TruthWord::True ? "true" : "false";
+    if (IsRewritten(cell)) Truths += cells;
     return Own == Kind::Truths;
 }
 
-bool CellCopier::RewriteNumber(std::u16string_view cell, const NumberLook& look) {
+bool CellCopier::RewriteNumber(std::u16string_view cell, const NumberLook& look, std::uint64_t cells) {
     if (!AppendNumber(cell, look, Mark, Rewritten)) return false;
-    Numbers += IsRewritten(cell);
+    if (IsRewritten(cell)) Numbers += cells;
     return true;
 }
 
@@ -118,33 +156,36 @@ bool CellCopier::IsRewritten(std::u16string_view cell) const {
                        [](char a, char16_t b) { return static_cast<char16_t>(a) == b; });
 }
 
-CellCounts CellCopier::Counts() const {
+CellCounts CellCopier::Counts() {
+    CountRepeats();
     CellCounts counts = All;
     Plain.AddTo(counts);
     return counts;
 }
 
-std::uint64_t CellCopier::RewrittenNumbers() const {
+std::uint64_t CellCopier::RewrittenNumbers() {
+    CountRepeats();
     return Numbers + (Mark == u'.' ? 0 : Plain.Decimals());
 }
 
-ColumnType CellCopier::Type() const {
+ColumnType CellCopier::Type() {
     const ColumnType type = Counts().Type(!Column.Unit.empty() || IsCountName(Column.Name));
     return type == ColumnType::Boolean && HasUnclearTruth ? ColumnType::Text : type;
 }
 
-bool CellCopier::IsWrongType() const {
+bool CellCopier::IsWrongType() {
     const Kind kind = KindOf(Type());
     if (kind == Own) return false;
     const bool isBetweenNumbers = kind != Kind::Texts && Own != Kind::Texts;
     return isBetweenNumbers ? Truths > 0 : RewrittenNumbers() + Truths + Markers > 0;
 }
 
-std::uint64_t CellCopier::ChangedValues() const {
+std::uint64_t CellCopier::ChangedValues() {
     return Own == Kind::Texts ? 0 : RewrittenNumbers() + (Own == Kind::Truths ? Truths : 0);
 }
 
-std::uint64_t CellCopier::ChangedMarkers() const {
+std::uint64_t CellCopier::ChangedMarkers() {
+    CountRepeats();
     return Own == Kind::Texts ? 0 : Markers;
 }
 }  // namespace kelvarin::plan

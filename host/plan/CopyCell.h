@@ -7,6 +7,7 @@
 
 #include "host/plan/CellTally.h"
 #include "host/plan/ReadingPlan.h"
+#include "host/plan/TextMemo.h"
 
 namespace kelvarin::plan {
 // Appends a text as a cell that every reader takes as it is: in quotes if it holds a blank, a tab or a quote,
@@ -33,34 +34,39 @@ class CellCopier {
     // Counts such a cell as Append does.
     void Count(CellLook look) { Plain.Add(look); }
 
-    CellCounts Counts() const;
+    // Of all cells so far, as all below.
+    CellCounts Counts();
 
-    // What the cells so far are.
-    ColumnType Type() const;
+    // What the cells are.
+    ColumnType Type();
 
     // True if the column turned out to be of another type than it was copied as, and its cells would be
     // others then.
-    bool IsWrongType() const;
+    bool IsWrongType();
 
     // Cells that are not as in the file: values written in another way, and markers.
-    std::uint64_t ChangedValues() const;
-    std::uint64_t ChangedMarkers() const;
+    std::uint64_t ChangedValues();
+    std::uint64_t ChangedMarkers();
 
   private:
     enum class Kind { Texts, Truths, Numbers };
 
     static Kind KindOf(ColumnType type);
-    bool Rewrite(std::u16string_view cell);
-    bool RewriteNumber(std::u16string_view cell, const NumberLook& look);
+    void AppendAnew(std::u16string_view cell, std::string& out);
+    void CountRepeats(TextMemo::Entry& entry);
+    void CountRepeats();
+    bool Rewrite(std::u16string_view cell, const CellFacts& facts, std::uint64_t cells);
+    bool RewriteNumber(std::u16string_view cell, const NumberLook& look, std::uint64_t cells);
     bool RewriteAmount(std::u16string_view cell);
     bool IsRewritten(std::u16string_view cell) const;
-    std::uint64_t RewrittenNumbers() const;
+    std::uint64_t RewrittenNumbers();
 
     const PlannedColumn& Column;
     const Kind Own;
     const char16_t Mark;
     CellTally Plain;
-    CellCounts All;         // but those of Plain
+    TextMemo Memo;
+    CellCounts All;         // but those of Plain and the repeats in Memo
     std::string Rewritten;  // of the cell at hand
     // Cells of All that are rewritten, in a column of texts: that would be if it were none.
     std::uint64_t Numbers = 0, Truths = 0, Markers = 0;

@@ -43,7 +43,7 @@ class CopyPass {
     CopyResult TakeResult();
 
     // True if a column turned out to be of another type, so that some of its cells should be others.
-    bool HasWrongTypes() const { return Rows.HasWrongTypes(); }
+    bool HasWrongTypes() { return Rows.HasWrongTypes(); }
 
   private:
     void WriteHeader();

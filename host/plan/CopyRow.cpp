@@ -41,15 +41,14 @@ void RowCopier::AddCell(std::size_t column, std::u16string_view cell) {
     Columns[column].Append(isMissing ? std::u16string_view() : cell, Text);
 }
 
-bool RowCopier::HasWrongTypes() const {
-    return std::any_of(Columns.begin(), Columns.end(),
-                       [](const CellCopier& one) { return one.IsWrongType(); });
+bool RowCopier::HasWrongTypes() {
+    return std::any_of(Columns.begin(), Columns.end(), [](CellCopier& one) { return one.IsWrongType(); });
 }
 
-void RowCopier::Report(CopyResult& result) const {
+void RowCopier::Report(CopyResult& result) {
     result.Changes.ExtraCells += ExtraCells;
     result.Changes.Missing += DeclaredMissing;
-    for (const CellCopier& column : Columns) {
+    for (CellCopier& column : Columns) {
         result.Cells.push_back(column.Counts());
         result.Types.push_back(column.Type());
         result.Changes.Values += column.ChangedValues();

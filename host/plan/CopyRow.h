@@ -21,10 +21,10 @@ class RowCopier {
     const std::string& TextOf(const CopyLine& row);
 
     // True if a column turned out to be of another type, so that some of its cells should be others.
-    bool HasWrongTypes() const;
+    bool HasWrongTypes();
 
     // Adds what the rows so far say of the cells.
-    void Report(CopyResult& result) const;
+    void Report(CopyResult& result);
 
   private:
     void AddCells(const std::vector<std::u16string_view>& cells);

@@ -30,8 +30,7 @@ class QuickCut {
     // mark. Characters beyond ASCII become any byte.
     const char* Bytes() const { return Narrow.data(); }
 
-    // True if one character parts each cell from the next, and nothing stands before the first or after the
-    // last.
+    // True if the line is its cells with one separator between each two.
     bool IsTight() const { return Tight; }
 
     // Where a cell begins in Bytes.
@@ -40,22 +39,19 @@ class QuickCut {
     }
 
   private:
-    using Mask = std::uint64_t simd::CellMasks::*;
-
-    bool Scan();
+    void Scan();
     void CutTightly();
-    bool CutLoosely(bool hasQuotes);
+    bool CutLoosely();
     bool IsSeparator(std::size_t at) const;
     std::size_t NextSeparator(std::size_t from) const;
     std::size_t SkipSeparators(std::size_t at) const;
-    std::uint64_t Bits(Mask mask, std::size_t from) const;
     bool TakeInQuotes(std::size_t begin, std::size_t& end);
     void Take(std::size_t begin, std::size_t end);
-    CellLook LookAt(std::size_t begin, std::size_t end) const;
 
     const bool IsKnown;  // this class can cut so
     const bool Merges;
     const simd::CellSyntax Syntax;
+    bool HasQuotes = false, HasBlanks = false;
     bool Tight = false;
     std::u16string_view Line;
     std::vector<simd::CellMasks> Masks;  // of 64 characters each; the end of the line is a separator

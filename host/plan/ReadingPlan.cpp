@@ -69,56 +69,74 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark) {
         return;
     }
     const PlainNumber plain = LookAtPlainNumber(cell, mark);
-    if (plain.Digits == 0 && IsMissing(cell)) {
-        ++Missing;
-        NotNumbers += EqualsIgnoreCase(cell, u"nan");
+    if (plain.Digits == 0) {
+        Add(cell, mark, FactsOf(cell));
         return;
     }
-    const bool isPrefixed = cell.size() > 2 && cell[0] == u'0' && (cell[1] | 32) == u'x';
-    const std::u16string_view digits = isPrefixed ? cell.substr(2) : cell;
-    if (digits.size() <= 16 && std::all_of(digits.begin(), digits.end(), IsHexDigit)) {
-        LeastLength = HexDigits == 0 ? digits.size() : std::min(LeastLength, digits.size());
-        MostLength = std::max(MostLength, digits.size());
-        ++HexDigits;
-        Prefixed += isPrefixed;
-        Letters += !std::all_of(digits.begin(), digits.end(), IsDigit);
-        for (std::size_t place = 0; place < digits.size(); ++place)
-            (IsDigit(digits[digits.size() - 1 - place]) ? DigitPlaces : LetterPlaces) |= 1u << place;
+    AddHexDigits(cell, 1);
+    AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark, 1);
+}
+
+void CellCounts::Add(std::u16string_view cell, char16_t mark, const CellFacts& facts, std::uint64_t cells) {
+    if (facts.IsMissing) {
+        Missing += cells;
+        if (EqualsIgnoreCase(cell, u"nan")) NotNumbers += cells;
+        return;
     }
-    if (plain.Digits != 0) {
-        AddNumber(cell, {plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits}, mark);
-    } else if (const std::optional<NumberLook> look = LookAtNumber(cell)) {
-        AddNumber(cell, *look, mark);
+    AddHexDigits(cell, cells);
+    if (facts.Number) {
+        AddNumber(cell, *facts.Number, mark, cells);
+    } else if (facts.Truth != TruthWord::None) {
+        Truth += cells;
     } else {
-        AddText(cell, mark);
+        AddWord(cell, mark, cells);
     }
 }
 
-void CellCounts::AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark) {
+void CellCounts::AddHexDigits(std::u16string_view cell, std::uint64_t cells) {
+    const bool isPrefixed = cell.size() > 2 && cell[0] == u'0' && (cell[1] | 32) == u'x';
+    const std::u16string_view digits = isPrefixed ? cell.substr(2) : cell;
+    constexpr std::size_t MostDigits = 16;
+    if (digits.size() > MostDigits) return;
+    std::uint32_t digitPlaces = 0;
+    std::uint32_t letterPlaces = 0;
+    for (const char16_t c : digits) {
+        if (!IsHexDigit(c)) return;
+        digitPlaces = digitPlaces << 1 | std::uint32_t{IsDigit(c)};
+        letterPlaces = letterPlaces << 1 | std::uint32_t{!IsDigit(c)};
+    }
+    LeastLength = HexDigits == 0 ? digits.size() : std::min(LeastLength, digits.size());
+    MostLength = std::max(MostLength, digits.size());
+    HexDigits += cells;
+    if (isPrefixed) Prefixed += cells;
+    if (letterPlaces != 0) Letters += cells;
+    DigitPlaces |= digitPlaces;
+    LetterPlaces |= letterPlaces;
+}
+
+void CellCounts::AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark,
+                           std::uint64_t cells) {
     const bool isThousands = look.Mark != u'\0' && look.Mark != mark && !look.HasExponent;
     if ((look.Mark != u'\0' && !isThousands) || look.HasExponent) {
-        ++Decimal;
+        Decimal += cells;
         return;
     }
-    ++Whole;
-    Nulls += cell == u"0";
-    Ones += cell == u"1";
+    Whole += cells;
+    if (cell == u"0") Nulls += cells;
+    if (cell == u"1") Ones += cells;
     IsTooLong |= look.Digits > 18;
 }
 
-void CellCounts::AddText(std::u16string_view cell, char16_t mark) {
-    if (IsTruth(cell)) {
-        ++Truth;
-        return;
-    }
-    if (Text++ == 0) Word = cell;
-    IsOneWord &= cell == Word;
-    Single += cell.size() == 1;
-    const std::optional<Amount> amount = AmountIn(cell);
+void CellCounts::AddWord(std::u16string_view cell, char16_t mark, std::uint64_t cells) {
+    if (Text == 0) Word = cell;
+    Text += cells;
+    IsOneWord = IsOneWord && cell == Word;
+    if (cell.size() == 1) Single += cells;
+    const std::optional<AmountParts> amount = AmountPartsIn(cell);
     if (!amount || (Amounts > 0 && AmountUnit != amount->Unit)) return;
-    AmountUnit = amount->Unit;
-    ++Amounts;
-    DecimalAmounts += amount->Number.find(mark) != amount->Number.npos;
+    if (Amounts == 0) AmountUnit = amount->Unit;
+    Amounts += cells;
+    if (amount->Number.find(mark) != amount->Number.npos) DecimalAmounts += cells;
 }
 
 // Digits with a prefix, with digits and letters in the same places, or so many in each cell and a letter in

@@ -28,16 +28,22 @@ struct CellCounts {
     std::uint32_t DigitPlaces = 0, LetterPlaces = 0;  // of HexDigits: bits, from the right, that hold some
     bool IsTooLong = false;                           // a whole number beyond 64 bits
 
-    // `mark` is the decimal mark of the file.
+    // Adds so many cells of one text. `mark` is the decimal mark of the file.
     void Add(std::u16string_view cell, char16_t mark);
+
+    // Adds so many cells of one text that is no plain number and not empty.
+    void Add(std::u16string_view cell, char16_t mark, const CellFacts& facts, std::uint64_t cells = 1);
 
     // `isCount`: the column's name or unit says that its numbers are no truth values. `isBesideHexadecimal`:
     // another column of the table is hexadecimal.
     ColumnType Type(bool isCount, bool isBesideHexadecimal = false) const;
 
+    bool operator==(const CellCounts&) const = default;
+
   private:
-    void AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark);
-    void AddText(std::u16string_view cell, char16_t mark);
+    void AddHexDigits(std::u16string_view cell, std::uint64_t cells);
+    void AddNumber(std::u16string_view cell, const NumberLook& look, char16_t mark, std::uint64_t cells);
+    void AddWord(std::u16string_view cell, char16_t mark, std::uint64_t cells);
     bool IsHexadecimal(bool isBesideOthers) const;
 };
 

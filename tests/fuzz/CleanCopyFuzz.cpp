@@ -1,10 +1,12 @@
 // Any bytes as a measurement file with times: each row of its clean copy has as many cells, times rise, lines
-// come from the file, and sorting on the disk gives the same copy as sorting in memory.
+// come from the file, sorting on the disk gives the same copy as sorting in memory, and what cuts lines
+// quickly cuts them as the plain way does.
 #include <set>
 
 #include "fuzz/kit/PlannedFile.h"
 #include "host/plan/CleanCopy.h"
 #include "host/plan/ExactProduct.h"
+#include "host/plan/QuickCut.h"
 
 namespace {
 using namespace kelvarin::plan;
@@ -55,6 +57,13 @@ void CheckRows(const PlannedFile& file, const Copy& copy, CopyLayout layout) {
     }
 }
 
+void CheckCuts(const PlannedFile& file) {
+    QuickCut quick(file.Plan->How, file.Plan->Mark);
+    LineCutter plain(file.Plan->How);
+    for (const std::u16string& line : file.Lines)
+        Check(!quick(line) || quick.Cells() == plain(line), "both ways cut a line alike");
+}
+
 void CheckLines(const PlannedFile& file, const Copy& copy) {
     const LineMap& lines = copy.Result.Lines;
     Check(lines.Count() == copy.Lines.size(), "every line of the copy is in the map");
@@ -77,6 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const FuzzHome home;
     const PlannedFile file(home, {reinterpret_cast<const char*>(data), size});
     if (!file.Plan || !file.Plan->Times) return 0;
+    CheckCuts(file);
     for (const CopyLayout layout : {CopyLayout::InPlace, CopyLayout::ForPeople}) {
         const Copy copy = CopyOf(file, layout, std::size_t{64} << 20);
         const Copy again = CopyOf(file, layout, 100);

@@ -311,6 +311,40 @@ TEST(CleanCopy, SortsRowsByTime) {
     }
 }
 
+// One device's rows are out of order, another's show another type, a third has none.
+TEST(CleanCopy, MakesThoseOfSeveralDevicesAsOneByOne) {
+    const std::string text = "t;who;v\n0;a;1\n5;b;1\n\n1;a;2\nnote\n3;b;2,5\n2;a;3\n4;b;x y\n";
+    const ReadingPlan plan = PlanOf("t@ who#t v#i", Number(Second), u',');
+    const Workdir folder;
+    const std::u16string source = folder.Write("source.csv", text);
+    const auto copiesOf = [&](const std::vector<const char16_t*>& devices) {
+        std::vector<DeviceCopy> copies;
+        for (const char16_t* const device : devices)
+            copies.push_back({{1, device}, folder.Path(Utf16ToUtf8(device) + ".csv")});
+        return WriteDeviceCopies(source, plan, copies, {});
+    };
+    const std::vector<CopyResult> together = copiesOf({u"a", u"b", u"c"});
+    ASSERT_EQ(together.size(), 3u);
+    EXPECT_EQ(folder.Read("a.csv"),
+              "\xEF\xBB\xBFt\twho\tv\tTime\n\ta\t1\t0.000000000\n\ta\t2\t1.000000000\n"
+              "\ta\t3\t2.000000000\n");
+    const std::string both = folder.Read("a.csv") + folder.Read("b.csv");
+    EXPECT_EQ(together[2].Failure, "no line of the table has a time");
+    EXPECT_TRUE(together[1].Sorted && !together[0].Sorted);
+    std::size_t index = 0;
+    for (const char16_t* const device : {u"a", u"b", u"c"}) {
+        SCOPED_TRACE(Utf16ToUtf8(device));
+        const CopyResult alone = std::move(copiesOf({device}).front());
+        const CopyResult& one = together[index++];
+        EXPECT_EQ(one.Types, alone.Types);
+        EXPECT_EQ(LinesOf(one), LinesOf(alone));
+        EXPECT_EQ(LeftOut(one.Rows), LeftOut(alone.Rows));
+        EXPECT_EQ(one.Failure, alone.Failure);
+    }
+    EXPECT_EQ(folder.Read("a.csv") + folder.Read("b.csv"), both);
+    EXPECT_EQ(folder.Names(), "a.csv b.csv source.csv");
+}
+
 // The plan saw a sample of the file; all its cells tell more.
 TEST(CleanCopy, FollowsTheTypeOfAllCells) {
     const struct {

@@ -128,4 +128,50 @@ TEST(CopyCell, CountsWhatItChanges) {
     }
 }
 
+// Cells that come again are counted as cells, with those of many others between them.
+TEST(CopyCell, CountsEveryCell) {
+    const char* const texts[] = {"on",
+                                 "door 3",
+                                 "n/a",
+                                 "1 V",
+                                 "2,5 V",
+                                 "2.5",
+                                 "1e5",
+                                 "0x1F",
+                                 "A1",
+                                 "x",
+                                 "open",
+                                 "NaN",
+                                 "7",
+                                 "1,25",
+                                 "",
+                                 "door 4",
+                                 "3 A",
+                                 "Off",
+                                 "1.000",
+                                 "#N/A",
+                                 "a very long text that is "
+                                 "longer than what is remembered of the cells of a column"};
+    for (const char* const column : {"v", "v|V", "v#t", "v#b"}) {
+        SCOPED_TRACE(column);
+        const TypedColumn typed(column);
+        CellCopier copier(typed.Column, typed.Type, u',');
+        CellCounts counts;
+        std::string written;
+        for (std::size_t i = 0; i < 3000; ++i) {
+            // Every other cell is one of its own.
+            std::u16string cell = Utf8ToUtf16(texts[i * i % 7 * i % std::size(texts)]);
+            if (i % 2 == 0) cell = u"n" + Utf8ToUtf16(std::to_string(i));
+            counts.Add(cell, u',');
+            CellCopier anew(typed.Column, typed.Type, u',');
+            std::string expected;
+            anew.Append(cell, expected);
+            written.clear();
+            copier.Append(cell, written);
+            ASSERT_EQ(written, expected) << i;
+        }
+        EXPECT_TRUE(copier.Counts() == counts);
+    }
+}
+
 }  // namespace

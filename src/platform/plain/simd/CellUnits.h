@@ -9,8 +9,9 @@ namespace simd {
 struct CellMasks {
     std::uint64_t Separators = 0;
     std::uint64_t Digits = 0;
-    std::uint64_t Marks = 0;   // decimal ones that are no separators
-    std::uint64_t Quotes = 0;  // double ones
+    std::uint64_t Marks = 0;  // decimal ones that are no separators
+    bool HasQuotes = false;   // double ones
+    bool HasBlanks = false;   // white space that separates nothing
 };
 
 // The units of a line that have a meaning, each ASCII and not NUL. Both separators may be the same.
@@ -35,7 +36,9 @@ inline CellMasks FindCellUnits(const char16_t* text, const CellSyntax& syntax, c
     masks.Separators = MaskOf(text, isSeparator);
     masks.Digits = MaskOf(text, [](char16_t c) { return c >= u'0' && c <= u'9'; });
     masks.Marks = MaskOf(text, isMark) & ~masks.Separators;
-    masks.Quotes = MaskOf(text, [](char16_t c) { return c == u'"'; });
+    masks.HasQuotes = MaskOf(text, [](char16_t c) { return c == u'"'; }) != 0;
+    const auto isBlank = [](char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); };
+    masks.HasBlanks = (MaskOf(text, isBlank) & ~masks.Separators) != 0;
     return masks;
 }
 

@@ -9,8 +9,9 @@ namespace simd {
 struct CellMasks {
     std::uint64_t Separators = 0;
     std::uint64_t Digits = 0;
-    std::uint64_t Marks = 0;   // decimal ones that are no separators
-    std::uint64_t Quotes = 0;  // double ones
+    std::uint64_t Marks = 0;  // decimal ones that are no separators
+    bool HasQuotes = false;   // double ones
+    bool HasBlanks = false;   // white space that separates nothing
 };
 
 // The units of a line that have a meaning, each ASCII and not NUL. Both separators may be the same.
@@ -33,6 +34,8 @@ inline CellMasks FindCellUnits(const char16_t* text, const CellSyntax& syntax, c
         return _mm_or_si128(_mm_andnot_si128(where, units), _mm_and_si128(where, _mm_set1_epi8(c)));
     };
     CellMasks masks;
+    __m128i quotes = _mm_setzero_si128();
+    __m128i blanks = _mm_setzero_si128();
     for (std::size_t at = 0; at < UnitsPerMask; at += Step) {
         const auto put = [at](__m128i where, std::uint64_t& mask) {
             mask |= std::uint64_t{static_cast<unsigned>(_mm_movemask_epi8(where))} << at;
@@ -45,10 +48,14 @@ inline CellMasks FindCellUnits(const char16_t* text, const CellSyntax& syntax, c
         put(separators, masks.Separators);
         put(marks, masks.Marks);
         put(isBetween(units, '0', '9'), masks.Digits);
-        put(equal(units, '"'), masks.Quotes);
+        quotes = _mm_or_si128(quotes, equal(units, '"'));
+        const __m128i white = _mm_or_si128(equal(units, ' '), isBetween(units, '\t', '\r'));
+        blanks = _mm_or_si128(blanks, _mm_andnot_si128(separators, white));
         const __m128i out = replaced(replaced(units, marks, '.'), separators, '\t');
         _mm_storeu_si128(reinterpret_cast<__m128i*>(bytes + at), out);
     }
+    masks.HasQuotes = _mm_movemask_epi8(quotes) != 0;
+    masks.HasBlanks = _mm_movemask_epi8(blanks) != 0;
     return masks;
 }
 
