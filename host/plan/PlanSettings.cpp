@@ -326,7 +326,8 @@ std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const Re
 std::optional<SettingList> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
                                           const std::u16string& path) {
     ITimeReader* const reader = filter.Find<ITimeReader>();
-    if (!plan.Times || reader == nullptr || plan.Times->Trial.Falling != (plan.EndsInTotal ? 1u : 0u))
+    if (!plan.Times || plan.Times->Recipe.EndsDays || reader == nullptr ||
+        plan.Times->Trial.Falling != (plan.EndsInTotal ? 1u : 0u))
         return std::nullopt;
     switch (plan.Times->Recipe.Kind) {
         case TimeKind::Text:
