@@ -32,13 +32,12 @@ std::string WhyFailed(const check::CheckResult& result) {
     if (result.Begun) return failure;
     const Reading& table = result.Format;
     const check::RowsAbove& above = result.Above;
-    return failure + " " +
-           (!above.Settings.empty()
-                ? Phrase("Lines {} to {} look like rows; name the table's start: {}", above.First, above.Last,
-                         OptionsText(above.Settings))
-                : Phrase("No table was found at line {}; name its line: --set AutoFormat=0 --set "
-                         "FirstLine=LINE --set ImportHeader=1 or 0",
-                         table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine));
+    const int line = table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine;
+    if (above.Settings.empty())
+        return Phrase("no table was found at line {}; `kelvarin-import explain FILE` says where one is",
+                      line);
+    return Phrase("no table was found at line {}; lines {} to {} look like rows, name the table's start: {}",
+                  line, above.First, above.Last, OptionsText(above.Settings));
 }
 
 check::CheckResult RunOnce(const ModuleLoader& module, const CheckOptions& options, const std::string& file,

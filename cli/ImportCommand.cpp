@@ -63,11 +63,14 @@ std::string WhyFailed(const std::u16string& path, const RunResult& result, const
     // The file can be read, so it is the place of the table that is wrong.
     const Reading format = ReadingOf(session.Filter());
     const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
-    return result.Failure + " " +
-           Phrase(
-               "No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=LINE "
-               "--set ImportHeader=1 or 0",
-               line);
+    return Phrase("no table was found at line {}; `kelvarin-import explain FILE` says where one is", line);
+}
+
+// Of a run without a sample.
+std::string WhyNothingIsStored(const RunResult& result, const store::StoredDevice* device) {
+    if (result.Lines == 0) return Phrase("the table has no rows");
+    if (device == nullptr || device->Signals.empty()) return Phrase("no column beside the times is imported");
+    return Phrase("no row has a time");
 }
 
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
@@ -75,7 +78,10 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     if (!result.Begun) return;
     const plan::Guess* const guess = reading.Guess();
     if (CountSamples(session.Device()) == 0)
-        ReportStream(std::cout) << Styled(Style::Warning, Phrase("{}: not one sample is stored", file))
+        ReportStream(std::cout) << Styled(Style::Warning,
+                                          Phrase("{}: not one sample is stored, since {}; `kelvarin-import "
+                                                 "explain FILE` says more",
+                                                 file, WhyNothingIsStored(result, session.Device())))
                                 << "\n";
     std::string advice;
     const bool readsTime = ReadingOf(session.Filter()).TimeSetting == TimeFromColumn;

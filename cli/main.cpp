@@ -60,7 +60,10 @@ int RunProgram(const std::vector<std::string>& arguments) {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments = BeginProgram(argc, argv);
-    UseTexts(WantedLanguage(arguments));
+    const std::string language = WantedLanguage(arguments);
+    UseTexts(language);
+    // Of a language that has no texts the module would speak its own.
+    if (!language.empty() && !HasTexts(language)) SetPreferredLanguage("en");
     int status = ExitFileFailed;
     try {
         status = RunProgram(arguments);

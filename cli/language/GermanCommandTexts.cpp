@@ -50,10 +50,14 @@ constexpr Translation Texts[] = {
     {"'{}' is neither a number of samples nor all", "'{}' ist weder eine Anzahl noch all"},
     {"'{}' is no 64-bit number of nanoseconds", "'{}' ist keine 64-Bit-Zahl von Nanosekunden"},
     // Reasons.
-    {"No table was found at line {}; name its line: --set AutoFormat=0 --set FirstLine=LINE --set "
-     "ImportHeader=1 or 0",
-     "In Zeile {} beginnt keine Tabelle; nennen Sie ihre Zeile: --set AutoFormat=0 --set FirstLine=ZEILE "
-     "--set ImportHeader=1 oder 0"},
+    {"no table was found at line {}; `kelvarin-import explain FILE` says where one is",
+     "in Zeile {} beginnt keine Tabelle; `kelvarin-import explain FILE` sagt, wo eine ist"},
+    {"no table was found at line {}; lines {} to {} look like rows, name the table's start: {}",
+     "in Zeile {} beginnt keine Tabelle; die Zeilen {} bis {} sehen wie Datensätze aus, nennen Sie den "
+     "Anfang "
+     "der Tabelle: {}"},
+    {"the table has no rows", "die Tabelle hat keine Zeilen"},
+    {"no column beside the times is imported", "keine Spalte neben den Zeiten importiert wird"},
     {"{} MB/s, {} s left", "{} MB/s, noch {} s"},
     // The reports.
     {"timestamp", "Zeitstempel"},
@@ -247,7 +251,8 @@ constexpr Translation Texts[] = {
     {"there is no column '{}'", "es gibt keine Spalte '{}'"},
     {"no clean copy could be made: {}", "es konnte keine bereinigte Kopie gemacht werden: {}"},
     {"assumed", "angenommen"},
-    {"{}: not one sample is stored", "{}: kein einziges Sample ist gespeichert"},
+    {"{}: not one sample is stored, since {}; `kelvarin-import explain FILE` says more",
+     "{}: kein Messpunkt wird gespeichert ({}); `kelvarin-import explain FILE` sagt mehr"},
     {"as options: {}", "als Optionen: {}"},
     {"{} more options for single columns; --save keeps all",
      "{} weitere Optionen für einzelne Spalten; --save legt alles ab"},

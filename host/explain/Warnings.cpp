@@ -122,7 +122,7 @@ std::optional<Warning> LostNames(const Explanation& all) {
         Phrase("The names seem to be in line {}, but they are taken only from the line directly above the "
                "first row, {}: {}.",
                table.NamesLine, data, Quoted(table.Names)),
-        {Phrase("No setting takes them; a clean copy has them directly above."), {}, RemedyAction::CopyFile}};
+        {Phrase("No setting takes them; a clean copy has them directly above"), {}, RemedyAction::CopyFile}};
 }
 
 // Cells beyond the first line's are dropped.
@@ -146,7 +146,7 @@ std::optional<Warning> WideRows(const Explanation& all) {
                              : Phrase("{} rows have more than the {} cells of the table's first line; the "
                                       "surplus is not imported, first {}.",
                                       rows, columns, where),
-                   {Phrase("A clean copy has a column for them."), {}, RemedyAction::CopyFile}};
+                   {Phrase("A clean copy has a column for them"), {}, RemedyAction::CopyFile}};
 }
 
 std::size_t ColumnsKept(const Explanation& all) {

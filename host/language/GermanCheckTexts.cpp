@@ -17,8 +17,6 @@ constexpr Translation Texts[] = {
      "Mit --rejects: auch die Zeilen mit einer abgelehnten Zelle"},
     {"--rejects takes the rows of one file; check the files one by one",
      "--rejects nimmt die Zeilen einer einzigen Datei auf; prüfen Sie die Dateien einzeln"},
-    {"Lines {} to {} look like rows; name the table's start: {}",
-     "Die Zeilen {} bis {} sehen wie Datensätze aus; nennen Sie den Anfang der Tabelle: {}"},
     // The verdict.
     {"verdict", "Urteil"},
     {"fault", "Fehler"},

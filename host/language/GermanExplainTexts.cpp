@@ -126,8 +126,8 @@ constexpr Translation Texts[] = {
      "row, {}: {}.",
      "Die Namen scheinen in Zeile {} zu stehen, werden aber nur der Zeile direkt über der ersten Datenzeile, "
      "{}, entnommen: {}."},
-    {"No setting takes them; a clean copy has them directly above.",
-     "Keine Einstellung nimmt sie; eine bereinigte Kopie hat sie direkt darüber."},
+    {"No setting takes them; a clean copy has them directly above",
+     "Keine Einstellung nimmt sie; eine bereinigte Kopie hat sie direkt darüber"},
     {"{} in line {}", "{} in Zeile {}"},
     {"A row has more than the {} cells of the table's first line; the surplus is not imported: {}.",
      "Eine Zeile hat mehr als die {} Zellen der ersten Zeile der Tabelle; der Überschuss wird nicht "
@@ -135,7 +135,7 @@ constexpr Translation Texts[] = {
     {"{} rows have more than the {} cells of the table's first line; the surplus is not imported, first {}.",
      "{} Zeilen haben mehr als die {} Zellen der ersten Zeile der Tabelle; der Überschuss wird nicht "
      "importiert, zuerst {}."},
-    {"A clean copy has a column for them.", "Eine bereinigte Kopie hat eine Spalte dafür."},
+    {"A clean copy has a column for them", "Eine bereinigte Kopie hat eine Spalte dafür"},
 };
 }  // namespace
 

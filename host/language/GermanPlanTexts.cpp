@@ -56,6 +56,8 @@ constexpr Translation Texts[] = {
      "das Jahr stammt aus den Zeilen oberhalb der Tabelle"},
     {"the last row has the time of the first: it seems to be a total",
      "die letzte Zeile hat die Zeit der ersten: sie scheint eine Summe zu sein"},
+    {"midnight is taken for the end of the day that it names",
+     "Mitternacht gilt als Ende des Tages, den sie nennt"},
     {"hours and minutes could be minutes and seconds",
      "Stunden und Minuten könnten Minuten und Sekunden sein"},
     {"the unit is not named", "die Einheit ist nicht genannt"},

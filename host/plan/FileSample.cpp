@@ -23,20 +23,22 @@ bool HasWideUnits(CFile& file) {
     return (mark[0] == 0xFF && mark[1] == 0xFE) || (mark[0] == 0xFE && mark[1] == 0xFF);
 }
 
-// The lines that begin after a byte, at most so many, and none after so many characters.
-void AddLines(const std::u16string& path, std::uint64_t from, std::size_t most, std::size_t mostUnits,
-              FileSample& sample) {
+// The lines that begin after a byte, at most so many, and none after so many characters. Returns where they
+// end.
+std::uint64_t AddLines(const std::u16string& path, std::uint64_t from, std::size_t most,
+                       std::size_t mostUnits, FileSample& sample) {
     CStdioFileEx file;
     OpenOrRaise(file, path);
     file.Seek(from);
     std::u16string line;
-    if (!file.ReadString(line)) return;  // the place is within it
+    if (!file.ReadString(line)) return file.GetPosition();  // the place is within it
     std::size_t units = 0;
     for (std::size_t i = 0; i < most && units < mostUnits && file.ReadString(line); ++i) {
         units += line.size();
         if (line.size() > LongestLine) line.resize(LongestLine);
         sample.Lines.push_back({0, line, i == 0});
     }
+    return file.GetPosition();
 }
 }  // namespace
 
@@ -63,6 +65,7 @@ FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
             if (line.size() > LongestLine) line.resize(LongestLine);
             sample.Lines.push_back({sample.Lines.size() + 1, std::move(line), false});
             if (sample.Lines.size() < mostHeadLines && units < mostHeadLines * UnitsPerHeadLine) continue;
+            if (length - file.GetPosition() <= TailBytes) continue;
             sample.IsWhole = !file.ReadString(line);
             break;
         }
@@ -74,9 +77,12 @@ FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
     if (sample.IsWhole || isWide || length <= counted) return sample;
     const std::uint64_t tail = std::min(TailBytes, length - counted);
     const std::uint64_t rest = length - counted - tail;
-    for (std::uint64_t place = 1; rest > TailBytes && place <= Places; ++place)
-        AddLines(path, counted + rest / (Places + 1) * place, LinesPerPlace, UnitsPerPlace, sample);
-    AddLines(path, length - tail, MostTailLines, TailBytes, sample);
+    std::uint64_t end = counted;
+    for (std::uint64_t place = 1; rest > TailBytes && place <= Places; ++place) {
+        const std::uint64_t from = counted + rest / (Places + 1) * place;
+        if (from >= end) end = AddLines(path, from, LinesPerPlace, UnitsPerPlace, sample);
+    }
+    AddLines(path, std::max(length - tail, end), MostTailLines, TailBytes, sample);
     return sample;
 }
 }  // namespace kelvarin::plan

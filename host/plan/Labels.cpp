@@ -19,7 +19,7 @@ struct LabelLine {
     std::size_t Filled = 0;
     std::size_t Different = 0;  // texts
     std::size_t Units = 0;      // cells that are units
-    bool IsAdjacent = false;    // no blank line lies between it and the table, or one gap at most
+    int Gaps = 0;               // of blank lines between it and the table
 };
 
 // "# time value", "# columns: time value": neither the mark nor the word is a name.
@@ -51,7 +51,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         const std::u16string& text = sample.Lines[i].Text;
         if (std::none_of(text.begin(), text.end(), [](char16_t c) { return IsLetter(c) || IsDigit(c); }))
             continue;
-        LabelLine line{i, {}, 0, 0, 0, true};
+        LabelLine line{i, {}, 0, 0, 0, gaps};
         std::set<std::u16string_view> texts;
         const auto& cells = cut(sample.Lines[i].Text);
         for (const std::u16string_view cell : cells) {
@@ -106,6 +106,8 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
             richest = std::max(richest, IsUnitsLine(line) ? 0 : line.Different);
     }
     for (const LabelLine& line : lines) {
+        // What lies across a gap from a line of words belongs to another table.
+        if (line.Gaps != lines.front().Gaps) break;
         const RowShape& shape = table.Shapes[line.Index];
         // Numbers may be names only above units: the channels of an oscilloscope.
         const bool isAboveUnits =
@@ -149,7 +151,7 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     const std::vector<LabelLine> lines = LinesAbove(sample, table);
     const LabelLine* const names = NamesOf(lines, table);
     const auto units = std::find_if(lines.begin(), lines.end(), [&](const LabelLine& line) {
-        return &line != names &&
+        return &line != names && line.Gaps == lines.front().Gaps &&
                (IsUnitsLine(line) || (names != nullptr && &line < names && line.Units >= 2));
     });
     for (const LabelLine& line : lines) {

@@ -96,6 +96,9 @@ Assumption TimesOf(const ReadingPlan& plan) {
         if (!times.IsNamed)
             Object(assumption, Certainty::Likely, Phrase("plain numbers may mean something else"));
     }
+    if (recipe.EndsDays)
+        Object(assumption, Certainty::Likely,
+               Phrase("midnight is taken for the end of the day that it names"));
     if (times.IsClockShort)
         Object(assumption, Certainty::Likely, Phrase("hours and minutes could be minutes and seconds"));
     if (recipe.Style.Year != 0)

@@ -152,6 +152,7 @@ std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view
     std::optional<std::int64_t> time = Memo.TimeOf(Recipe, cells);
     if (!time) return std::nullopt;
     if (Recipe.Kind == TimeKind::Interval) return *time + Recipe.Unit * Row++;
+    if (Recipe.EndsDays && *time % DayLength == 0) return *time + DayLength;
     if (!Recipe.RollsOver) return time;
     if (!IsFirst && *time < Before - DayLength / 2) Days += DayLength;
     IsFirst = false;

@@ -53,6 +53,7 @@ struct TimeRecipe {
     bool IsUtc = false;        // numbers that count since 1970
     bool AppliesZone = false;  // of Text: each names its zone, and the times are in UTC
     bool RollsOver = false;    // a clock without a date that runs over midnight
+    bool EndsDays = false;     // midnight, 00:00, is written with the day that it ends
 
     // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
     // whose cells hold no time.

@@ -44,6 +44,17 @@ void ApplyZones(FoundTimes& times, const TableRows& rows) {
     times.Trial = trial;
 }
 
+// Rows that fall back at midnight alone, and not with a day more.
+void MoveMidnight(FoundTimes& times, const TableRows& rows) {
+    TimeRecipe moved = times.Recipe;
+    moved.EndsDays = true;
+    if (times.Trial.Falling == 0 || !moved.IsAbsolute || moved.AppliesZone) return;
+    const TimeTrial trial = Try(moved, rows);
+    if (trial.Falling != 0 || trial.Equal > times.Trial.Equal) return;
+    times.Recipe = moved;
+    times.Trial = trial;
+}
+
 // Rows that follow each other at the interval of the preamble, or of a second for want of any.
 FoundTimes IntervalOf(const TableRows& rows, const PreambleClues& clues) {
     FoundTimes interval;
@@ -76,6 +87,7 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
     for (const std::size_t column : ColumnsOf(times.Recipe))
         times.IsNamed |= column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
     ApplyZones(times, rows);
+    MoveMidnight(times, rows);
     return times;
 }
 }  // namespace kelvarin::plan

@@ -73,4 +73,15 @@ TEST(HostileArguments, WithoutAHomeThereIsNoProfile) {
         << stored.Out;
 }
 
+// The program is then English, and the module with it.
+TEST(HostileArguments, ALanguageWithoutTextsMixesNone) {
+    const ProgramRun run;
+    run.Write("a.csv", "a text\nwithout a table\n");
+    const ShellResult read =
+        RunShell("env LC_ALL=fr_FR.UTF-8 XDG_CONFIG_HOME=/nowhere " + std::string(KELVARIN_IMPORT) +
+                 " --no-guess " + run.Folder.NativePath("a.csv").string() + " 2>&1");
+    EXPECT_NE(read.Out.find("No valid timestamp"), std::string::npos) << read.Out;
+    EXPECT_NE(read.Out.find("messages"), std::string::npos) << read.Out;
+}
+
 }  // namespace

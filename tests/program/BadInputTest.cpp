@@ -41,10 +41,8 @@ TEST(BadFile, IsNamedWithTheReasonAndTheOthersGoOn) {
         "kelvarin-import: folder: Is a directory\n"
         "kelvarin-import: empty.csv: the file is empty\n"
         "kelvarin-import: binary.csv: looks like a binary file (NUL byte in line 1)\n"
-        "kelvarin-import: gap.csv: Die Quelldatei ist keine gültige CSV-Datei entsprechend den eingestellten "
-        "Formatvorgaben. No table was found at line 2; name its line: --set AutoFormat=0 --set "
-        "FirstLine=LINE "
-        "--set ImportHeader=1 or 0\n");
+        "kelvarin-import: gap.csv: no table was found at line 2; `kelvarin-import explain FILE` says where "
+        "one is\n");
     EXPECT_NE(result.Out.find("good.csv\n"), std::string::npos) << result.Out;
 }
 

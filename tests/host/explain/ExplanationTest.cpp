@@ -113,11 +113,11 @@ TEST(Explanation, SaysWhatHappenedAndWhatToDo) {
          "The names seem to be in line 1, but they are taken only from the line directly above the first "
          "row, "
          "4: \"t, v\".",
-         "No setting takes them; a clean copy has them directly above.", false},
+         "No setting takes them; a clean copy has them directly above", false},
         {"t;v\n" + Rows(120, ";1") + "0;1;7\n0;1;8\n",
          "2 rows have more than the 2 cells of the table's first line; the surplus is not imported, first "
          "\"7\" in line 122.",
-         "A clean copy has a column for them.", false},
+         "A clean copy has a column for them", false},
         {"t;v\n0;1e5\n1;2e5\n",
          "In column 2 \"v\", \"1e5\" in line 2 is read as a hexadecimal number, since an exponent without a "
          "decimal mark is one as well.",

@@ -45,6 +45,8 @@ TEST(PlanLabels, AreNamesDirectlyAboveTheTable) {
         {"# columns: t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},
         // Names that could be units, below another line.
         {"\"2023-05-14\",\"10:00:00\"\nT,V,A\n0,1.5,2\n1,1.6,2\n2,1.7,2\n", "T|V|A, names 2"},
+        // Names of another table, above a gap.
+        {"a;b\n1;2\n\nTime;A;B\n0;1;2\n1;2;2\n2;3;2\n3;3;2\n", "Time|A|B, names 4"},
         // Keys and values.
         {"Lower,325\nUpper,480\n,,\nnm,A,T\n0,2.3,0.4\n1,2.3,0.4\n2,2.3,0.4\n", "nm|A|T, names 4"},
         // Trailing separators.

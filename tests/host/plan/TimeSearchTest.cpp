@@ -68,6 +68,14 @@ TEST(PlanTimes, AreDatesAndClocksInOneColumnOrTwo) {
          "2024-01-30 00:00:0", "2024-02-01 00:00:0"},
         {"Zeit;v\n28 april 2023 13:00;1\n28 april 2023 13:25;2\n28 april 2023 13:50;2\n",
          "date and time in column 1 (\"Zeit\")", "2023-04-28 13:00:0", "2023-04-28 13:50:0"},
+        // Midnight with the day that it ends, and with the one that it begins.
+        {"t;v\n2024-05-01 23:30;1\n2024-05-01 23:45;2\n2024-05-01 00:00;3\n2024-05-02 00:15;4\n"
+         "2024-05-02 00:30;5\n",
+         "date and time in column 1 (\"t\")", "2024-05-01 23:30:0", "2024-05-02 00:30:0"},
+        {"t;v\n2024-05-01 23:15;1\n2024-05-01 23:30;2\n2024-05-01 23:45;3\n2024-05-01 00:00;4\n",
+         "date and time in column 1 (\"t\")", "2024-05-01 23:15:0", "2024-05-02 00:00:0"},
+        {"t;v\n2024-05-01 23:30;1\n2024-05-01 23:45;2\n2024-05-02 00:00;3\n",
+         "date and time in column 1 (\"t\")", "2024-05-01 23:30:0", "2024-05-02 00:00:0"},
         // The year is above.
         {"# log of 2023\ndate;v\nApr 30 23:59:00;1\nMay 1 00:00:00;2\nMay 1 00:01:00;3\n",
          "date and time in column 1 (\"date\")", "2023-04-30 23:59:0", "2023-05-01 00:01:0"},
