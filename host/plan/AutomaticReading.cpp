@@ -32,9 +32,23 @@ struct Settled {
     bool Table = false, Times = false;
 };
 
+bool IsAmong(const std::vector<ParsedSetting>& settings, const std::string& key) {
+    return std::any_of(settings.begin(), settings.end(),
+                       [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
+}
+
 // By the settings in force, whoever has said them.
-Settled SettledBy(const CImportFilter& filter, const std::u16string& path, const ModuleLoader& module) {
+Settled SettledBy(const ModuleLoader& module, const std::u16string& path,
+                  const std::vector<ParsedSetting>& chosen) {
+    const auto made = module.MakeFilter(path);
+    const CImportFilter& filter = *made;
+    const auto isAnyChosen = [&chosen](const auto& keys) {
+        return std::any_of(std::begin(keys), std::end(keys),
+                           [&chosen](const char* key) { return IsAmong(chosen, key); });
+    };
     Settled settled;
+    settled.Table = isAnyChosen(TableKeys);
+    settled.Times = isAnyChosen(TimeKeys);
     settled.All = sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
     const CCsvImportSettings* const settings = SettingsOf(filter);
     if (settings == nullptr || filter.Find<ITimeReader>() == nullptr ||
@@ -42,10 +56,10 @@ Settled SettledBy(const CImportFilter& filter, const std::u16string& path, const
         settled.All = true;
         return settled;
     }
-    settled.Table = settings->AutoFormat == 0;
-    settled.Times = !settings->TimestampFormat.empty() || settings->TimeSetting != TimeFromColumn ||
-                    settings->DateSetting != DateFromColumn || settings->DateColumn != 1 ||
-                    settings->TimeColumn != 1;
+    settled.Table |= settings->AutoFormat == 0;
+    settled.Times |= !settings->TimestampFormat.empty() || settings->TimeSetting != TimeFromColumn ||
+                     settings->DateSetting != DateFromColumn || settings->DateColumn != 1 ||
+                     settings->TimeColumn != 1;
     return settled;
 }
 
@@ -56,17 +70,17 @@ bool IsValue(std::u16string_view cell) {
 }
 }  // namespace
 
+bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
+                  const std::vector<ParsedSetting>& chosen) {
+    const Settled settled = SettledBy(module, path, chosen);
+    return !settled.All && !settled.Table;
+}
+
 AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16string& path,
                                    const std::vector<ParsedSetting>& chosen, AutomaticOptions options)
     : Module(module), Source(path), Chosen(chosen), Options(std::move(options)), ReadPath(path) {
-    const auto filter = Module.MakeFilter(path);
-    Settled settled = SettledBy(*filter, path, module);
-    const auto isAnyChosen = [this](const auto& keys) {
-        return std::any_of(std::begin(keys), std::end(keys),
-                           [this](const char* key) { return IsChosen(key); });
-    };
-    settled.Table |= isAnyChosen(TableKeys);
-    AreTimesChosen = settled.Times || isAnyChosen(TimeKeys);
+    const Settled settled = SettledBy(module, path, chosen);
+    AreTimesChosen = settled.Times;
     HasTableAlone = !Options.IsOff && !settled.All && settled.Table && !AreTimesChosen;
     if (!Options.IsOff && (Options.ColumnsOnly || (!settled.All && !settled.Table))) {
         Look();
@@ -82,7 +96,7 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
 
 void AutomaticReading::Look() {
     try {
-        Found = FindPlan(Source);
+        Found = Options.Kinds == nullptr ? FindPlan(Source) : FindPlan(Source, *Options.Kinds, Unlike);
     } catch (CFileException* failure) {
         Unread = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();
@@ -91,11 +105,6 @@ void AutomaticReading::Look() {
     } catch (const std::length_error&) {
         // The same.
     }
-}
-
-bool AutomaticReading::IsChosen(const std::string& key) const {
-    return std::any_of(Chosen.begin(), Chosen.end(),
-                       [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
 }
 
 void AutomaticReading::FollowDirectly() {
@@ -153,7 +162,7 @@ void AutomaticReading::MakeCopy() {
 }
 
 void AutomaticReading::Follow(SettingList settings) {
-    std::erase_if(settings, [this](const auto& setting) { return IsChosen(setting.first); });
+    std::erase_if(settings, [this](const auto& setting) { return IsAmong(Chosen, setting.first); });
     for (const auto& [key, value] : settings) Layer.Set(key, value);
     Followed = std::move(settings);
 }

@@ -57,8 +57,9 @@ CellCopier::Kind CellCopier::KindOf(ColumnType type) {
     return type == ColumnType::Boolean ? Kind::Truths : Kind::Numbers;
 }
 
-CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark)
-    : Column(column), Own(KindOf(type)), Mark(mark) {}
+CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
+                       const CellCounts* elsewhere)
+    : Column(column), Own(KindOf(type)), Mark(mark), Elsewhere(elsewhere) {}
 
 void CellCopier::Append(std::u16string_view cell, std::string& out) {
     All.Add(cell, Mark);
@@ -119,7 +120,9 @@ bool CellCopier::IsRewritten(std::u16string_view cell) const {
 }
 
 ColumnType CellCopier::Type() const {
-    const ColumnType type = All.Type(!Column.Unit.empty() || IsCountName(Column.Name));
+    CellCounts known = All;
+    if (Elsewhere != nullptr) known.Add(*Elsewhere);
+    const ColumnType type = known.Type(!Column.Unit.empty() || IsCountName(Column.Name));
     return type == ColumnType::Boolean && HasUnclearTruth ? ColumnType::Text : type;
 }
 

@@ -55,7 +55,8 @@ CopyPass::CopyPass(const ReadingPlan& plan, const CopyOptions& options, const st
     Result.Times = CopyTimesOf(plan.Times->Recipe);
     Result.Sorted = sorts;
     for (std::size_t i = 0; i < plan.Columns.size(); ++i)
-        Columns.emplace_back(plan.Columns[i], types[i], plan.Mark);
+        Columns.emplace_back(plan.Columns[i], types[i], plan.Mark,
+                             i < plan.Elsewhere.size() ? &plan.Elsewhere[i] : nullptr);
 }
 
 CopyPass::Outcome CopyPass::Run(const std::u16string& source, const std::function<void(double)>& onShare) {

@@ -35,6 +35,9 @@ struct FoundTable {
     std::vector<bool> HoldsValues;  // by column: numbers and the like, not words
 };
 
+// The lines of the sample cut as a table of so many columns, whose first row is not known yet.
+FoundTable CutTable(const FileSample& sample, const Cut& how, std::size_t width);
+
 // The best table of the sample; nothing if no line holds a value.
 std::optional<FoundTable> FindTable(const FileSample& sample);
 }  // namespace kelvarin::plan
