@@ -17,6 +17,7 @@ plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
     automatic.IsOff = options.NoGuess;
     automatic.ColumnsOnly = options.ColumnsOnly;
     automatic.Wishes = options.Wishes;
+    automatic.Kinds = options.Kinds;
     automatic.Cancel = &InterruptFlag();
     automatic.OnProgress = std::move(onProgress);
     return automatic;
@@ -26,6 +27,12 @@ int TypeOrRefuse(const std::string& option, const std::string& word) {
     const int type = TypeNamed(word);
     if (type == 0) RefuseOption(option, Phrase("'{}' is no data type; allowed are {}", word, AllTypeNames()));
     return type;
+}
+
+std::string Joined(const std::vector<std::string>& sentences) {
+    std::string text;
+    for (const std::string& sentence : sentences) text += (text.empty() ? "" : "; ") + sentence;
+    return text;
 }
 
 // The parts of "COLUMN=VALUE"; a name may hold the sign itself, so the last one counts.
@@ -87,7 +94,11 @@ FileReading::FileReading(const ModuleLoader& module, const std::string& file, co
       IsToBeSaved(options.Save),
       Plan(module, PathFromNative(file), common.Settings,
            AutomaticOptionsFor(options, std::move(onProgress))) {
-    if (Plan.Plan() != nullptr) {
+    if (!Plan.Unlikeness().empty()) {
+        Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joined(Plan.Unlikeness()));
+        Found.emplace();
+        Found->Failure = Unlike;
+    } else if (Plan.Plan() != nullptr) {
         Found = plan::GuessOf(Plan);
         if (options.Save) Save();
     } else if (options.GuessTime || Plan.IsTableChosen()) {
@@ -112,6 +123,12 @@ int FileReading::WithComplaints(int status) const {
     if (Found && Found->IsSaveLost) status = WorseStatus(status, Fail(File + ".info", Found->SaveFailure));
     for (const std::u16string& column : Plan.UnknownColumns())
         status = WorseStatus(status, Fail(File, Phrase("there is no column '{}'", Utf16ToUtf8(column))));
+    const plan::ReadingPlan* const followed = Plan.Plan();
+    if (followed != nullptr && followed->Kin && !followed->Kin->PlanFile.empty() &&
+        !followed->Kin->Differences.empty()) {
+        ComplainAbout(File, Phrase("unlike the files of the plan: {}", Joined(followed->Kin->Differences)));
+        status = WorseStatus(status, ExitFindings);
+    }
     if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
         status = Fail(File, Plan.WhyUnread());
     if (!Plan.CopyFailure().empty())

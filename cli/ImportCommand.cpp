@@ -5,6 +5,7 @@
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
@@ -174,10 +175,11 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
         run.Sink = store.BeginRun();
         run.Reading = reading.Automatic();
         session.emplace(module, path, std::move(run));
-        result = session->Run();
+        if (reading.WhyUnlike().empty()) result = session->Run();
     } while (!result.Interrupted && reading.TakesCopy());
     result.Interrupted |= reading.Automatic()->IsInterrupted();
-    std::string reason = WhyFailed(path, result, *session);
+    std::string reason = reading.WhyUnlike();
+    if (reason.empty()) reason = WhyFailed(path, result, *session);
     if (reason.empty()) reason = reading.Automatic()->WhyUnread();
     const std::uint64_t samples = CountSamples(session->Device());
     const bool hasStored = store.EndRun(*session, reason.empty() && !result.Interrupted);
@@ -206,8 +208,8 @@ int RefuseOverwriting(const CommonOptions& common, const ImportOptions& options,
     return cli::RefuseOverwriting(common, std::move(files), {options.StorePath});
 }
 
-int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
-                const ManyFiles& many) {
+int ImportFiles(const ModuleLoader& module, const CommonOptions& common, ImportOptions& options,
+                ManyFiles& many, SharedPlan& shared) {
     if (!options.StorePath.empty() && many.HasProcesses()) {
         Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
         return ExitWrongUsage;
@@ -215,6 +217,8 @@ int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const I
     if (const int refusal = RefuseOverwriting(common, options, many.FilesOf(common.Files));
         refusal != ExitDone)
         return refusal;
+    if (const int status = shared.Prepare(module, common, many, options.Reading); status != ExitDone)
+        return status;
     StoreFile store(options.StorePath);
     if (!store.Open()) return ExitFileFailed;
     const int status = many.Run(common.Files, Phrase("imported"), [&](const std::string& file) {
@@ -262,10 +266,12 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
 void AddImportCommand(CommandLine& line) {
     const auto options = std::make_shared<ImportOptions>();
     const auto many = std::make_shared<ManyFiles>();
-    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
-                                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
-                                     return ImportFiles(module, common, *options, *many);
-                                 });
+    const auto shared = std::make_shared<SharedPlan>();
+    CLI::App& command =
+        line.Add("import", Phrase("Run the import (the default for a file)"),
+                 [options, many, shared](const ModuleLoader& module, const CommonOptions& common) {
+                     return ImportFiles(module, common, *options, *many, *shared);
+                 });
     const auto add = [&](const char* name, const char* values, const std::string& description,
                          void (*set)(const std::string&, ImportOptions&)) {
         const auto read = [set, options](const std::string& text) { set(text, *options); };
@@ -281,6 +287,7 @@ void AddImportCommand(CommandLine& line) {
     add("--base-time", "NS", Phrase("Start of relative measurement time in nanoseconds"), SetBaseTime);
     AddReadingOptions(command, options->Reading);
     AddSaveOption(command, options->Reading);
+    shared->AddOption(command);
     many->AddOptions(command);
     AddExamples(command, {"kelvarin-import data.csv",
                           "kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",

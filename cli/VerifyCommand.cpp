@@ -8,6 +8,7 @@
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextLayout.h"
@@ -54,16 +55,21 @@ Json ToJson(const Difference* difference) {
 // The comparison of one file of samples with imports of its sources.
 class Verification {
   public:
-    Verification(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading)
-        : Module(module), Common(common), Wanted(reading), ArchivePath(common.Files.front()) {}
+    Verification(const ModuleLoader& module, const CommonOptions& common, ReadingOptions reading)
+        : Module(module), Common(common), Wanted(std::move(reading)), ArchivePath(common.Files.front()) {}
 
-    int Run() {
+    // The files are read alike, as the import of several has read them.
+    int Run(SharedPlan& shared) {
         std::string complaint;
         Archive = store::OpenSampleFile(ArchivePath, complaint);
         if (Archive == nullptr) return Fail(ArchivePath, complaint);
-        const std::vector<std::string> sources(Common.Files.begin() + 1, Common.Files.end());
-        return ManyFiles().Run(sources, Phrase("compared"),
-                               [this](const std::string& source) { return Verify(source); });
+        CommonOptions sources = Common;
+        sources.Files.erase(sources.Files.begin());
+        ManyFiles many;
+        const int status = shared.Prepare(Module, sources, many, Wanted);
+        if (status != ExitDone) return status;
+        return many.Run(sources.Files, Phrase("compared"),
+                        [this](const std::string& source) { return Verify(source); });
     }
 
   private:
@@ -89,6 +95,7 @@ class Verification {
             progress.Show(percent);
         };
         FileReading reading(Module, source, Common, wanted, onProgress);
+        if (!reading.WhyUnlike().empty()) return Fail(source, reading.WhyUnlike());
         Comparison comparison = Compare(source, *check, reading, onProgress);
         while (!comparison.Run.Interrupted && reading.TakesCopy()) {
             check = Archive->FindDevice(name, index, complaint);
@@ -143,7 +150,7 @@ class Verification {
 
     const ModuleLoader& Module;
     const CommonOptions& Common;
-    const ReadingOptions& Wanted;
+    ReadingOptions Wanted;
     const std::string ArchivePath;
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
@@ -151,9 +158,9 @@ class Verification {
 
 // As Verification::Run, where what the library makes of a damaged file can do no harm.
 int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading,
-                  int patience) {
+                  SharedPlan& shared, int patience) {
     CatchInterrupt();
-    const GuardedResult result = RunGuarded([&] { return Verification(module, common, reading).Run(); },
+    const GuardedResult result = RunGuarded([&] { return Verification(module, common, reading).Run(shared); },
                                             std::chrono::seconds(patience));
     const std::string& file = common.Files.front();
     switch (result.End) {
@@ -176,10 +183,12 @@ void AddVerifyCommand(CommandLine& line) {
     constexpr int UsualPatience = 60;
     const auto patience = std::make_shared<int>(UsualPatience);
     const auto reading = std::make_shared<ReadingOptions>();
+    const auto shared = std::make_shared<SharedPlan>();
     CLI::App& command =
         line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
-                 [patience, reading](const ModuleLoader& module, const CommonOptions& common) -> int {
-                     if (common.Files.size() > 1) return VerifyGuarded(module, common, *reading, *patience);
+                 [patience, reading, shared](const ModuleLoader& module, const CommonOptions& common) -> int {
+                     if (common.Files.size() > 1)
+                         return VerifyGuarded(module, common, *reading, *shared, *patience);
                      Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
                      return ExitWrongUsage;
                  });
@@ -189,6 +198,7 @@ void AddVerifyCommand(CommandLine& line) {
         ->type_name("SECONDS")
         ->check(CLI::Range(1, 86'400));
     AddReadingOptions(command, *reading);
+    shared->AddOption(command);
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
                 Phrase("The settings are those that the file was written with, unless --set is given."));
 }

@@ -246,6 +246,19 @@ constexpr Translation Texts[] = {
      "{} weitere Optionen für einzelne Spalten; --save legt alles ab"},
     {"`kelvarin-import prepare FILE` writes such a copy to keep",
      "`kelvarin-import prepare FILE` schreibt eine solche Kopie zum Aufheben"},
+    // The plan of several files.
+    {"Read files as the plan in FILE says, and no others; if there is no such file, the plan that is found "
+     "is "
+     "kept there",
+     "Dateien lesen, wie der Plan in FILE sagt, und keine anderen; gibt es keine solche Datei, wird der "
+     "gefundene Plan darin aufbewahrt"},
+    {"it is no reading plan: {}", "sie ist kein Leseplan: {}"},
+    {"not read, as it is not like the files of the plan: {}",
+     "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
+    {"unlike the files of the plan: {}", "anders als die Dateien des Plans: {}"},
+    {"not written, since no plan was found", "nicht geschrieben, da kein Plan gefunden wurde"},
+    {"the plan can't be handed to the processes: {}",
+     "der Plan kann den Prozessen nicht übergeben werden: {}"},
 };
 }  // namespace
 
