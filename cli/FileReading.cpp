@@ -16,6 +16,7 @@ plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
     plan::AutomaticOptions automatic;
     automatic.IsOff = options.NoGuess;
     automatic.ColumnsOnly = options.ColumnsOnly;
+    automatic.Copies = options.Copies;
     automatic.Wishes = options.Wishes;
     automatic.Kinds = options.Kinds;
     automatic.Cancel = &InterruptFlag();
@@ -29,12 +30,6 @@ int TypeOrRefuse(const std::string& option, const std::string& word) {
     return type;
 }
 
-std::string Joined(const std::vector<std::string>& sentences) {
-    std::string text;
-    for (const std::string& sentence : sentences) text += (text.empty() ? "" : "; ") + sentence;
-    return text;
-}
-
 // The parts of "COLUMN=VALUE"; a name may hold the sign itself, so the last one counts.
 std::pair<std::u16string, std::string> ColumnAndValue(const std::string& option, const std::string& text) {
     const std::size_t equals = text.rfind('=');
@@ -43,6 +38,12 @@ std::pair<std::u16string, std::string> ColumnAndValue(const std::string& option,
     return {Utf8ToUtf16(text.substr(0, equals)), text.substr(equals + 1)};
 }
 }  // namespace
+
+std::string Joint(const std::vector<std::string>& sentences) {
+    std::string text;
+    for (const std::string& sentence : sentences) text += (text.empty() ? "" : "; ") + sentence;
+    return text;
+}
 
 void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
     command.add_flag("--no-guess", options.NoGuess,
@@ -95,7 +96,7 @@ FileReading::FileReading(const ModuleLoader& module, const std::string& file, co
       Plan(module, PathFromNative(file), common.Settings,
            AutomaticOptionsFor(options, std::move(onProgress))) {
     if (!Plan.Unlikeness().empty()) {
-        Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joined(Plan.Unlikeness()));
+        Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joint(Plan.Unlikeness()));
         Found.emplace();
         Found->Failure = Unlike;
     } else if (Plan.Plan() != nullptr) {
@@ -126,7 +127,7 @@ int FileReading::WithComplaints(int status) const {
     const plan::ReadingPlan* const followed = Plan.Plan();
     if (followed != nullptr && followed->Kin && !followed->Kin->PlanFile.empty() &&
         !followed->Kin->Differences.empty()) {
-        ComplainAbout(File, Phrase("unlike the files of the plan: {}", Joined(followed->Kin->Differences)));
+        ComplainAbout(File, Phrase("unlike the files of the plan: {}", Joint(followed->Kin->Differences)));
         status = WorseStatus(status, ExitFindings);
     }
     if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))

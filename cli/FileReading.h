@@ -16,10 +16,14 @@ struct ReadingOptions {
     bool NoGuess = false;
     bool GuessTime = false;    // says what is the default
     bool ColumnsOnly = false;  // as that of AutomaticOptions
+    bool Copies = false;       // as that of AutomaticOptions
     bool Save = false;         // keep what was found in a sidecar beside the file
     std::vector<plan::ColumnWish> Wishes;
     const plan::FileKinds* Kinds = nullptr;  // as that of AutomaticOptions
 };
+
+// The sentences with semicolons between them.
+std::string Joint(const std::vector<std::string>& sentences);
 
 // Adds --no-guess, --guess-time and the options for single columns to a command; the options outlive it.
 void AddReadingOptions(CLI::App& command, ReadingOptions& options);

@@ -7,6 +7,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
+#include "cli/JoinedImport.h"
 #include "cli/ProgressLine.h"
 #include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
@@ -55,8 +56,12 @@ Json ToJson(const Difference* difference) {
 // The comparison of one file of samples with imports of its sources.
 class Verification {
   public:
-    Verification(const ModuleLoader& module, const CommonOptions& common, ReadingOptions reading)
-        : Module(module), Common(common), Wanted(std::move(reading)), ArchivePath(common.Files.front()) {}
+    Verification(const ModuleLoader& module, const CommonOptions& common, ReadingOptions reading, bool joins)
+        : Module(module),
+          Common(common),
+          Wanted(std::move(reading)),
+          Joins(joins),
+          ArchivePath(common.Files.front()) {}
 
     // The files are read alike, as the import of several has read them.
     int Run(SharedPlan& shared) {
@@ -68,6 +73,7 @@ class Verification {
         ManyFiles many;
         const int status = shared.Prepare(Module, sources, many, Wanted);
         if (status != ExitDone) return status;
+        if (Joins) return VerifyJoined(sources);
         return many.Run(sources.Files, Phrase("compared"),
                         [this](const std::string& source) { return Verify(source); });
     }
@@ -103,6 +109,34 @@ class Verification {
         }
         progress.Clear();
         return reading.WithComplaints(Report(source, *check, comparison));
+    }
+
+    // All files are one device, called like the first of them.
+    int VerifyJoined(const CommonOptions& sources) {
+        std::unique_ptr<store::SampleCheck> check;
+        ImportOptions options;
+        options.Reading = Wanted;
+        options.OnProgress = [] { ReportLife(); };
+        SettingsLayer settings;
+        std::string complaint;
+        JoinedImport joined(Module, sources, options, [&](const std::string& first) {
+            check = Archive->FindDevice(Utf16ToUtf8(PathStripPath(PathFromNative(first))), 0, complaint);
+            if (check == nullptr) return static_cast<store::DeviceSink*>(nullptr);
+            const store::SampleOrigin& origin = check->Origin();
+            options.BaseTime = origin.BaseTime;
+            options.Reading.NoGuess |= !origin.IsAutomatic;
+            if (!origin.IsAutomatic && Common.Settings.empty())
+                complaint = LayOver(settings, origin.Settings);
+            return static_cast<store::DeviceSink*>(check.get());
+        });
+        const int status = joined.Run(ManyFiles().FilesOf(sources.Files));
+        if (check == nullptr || !complaint.empty())
+            return complaint.empty() ? status : Fail(ArchivePath, complaint);
+        Comparison comparison;
+        comparison.HasDevice = joined.Device() != nullptr;
+        if (!comparison.HasDevice) return status;
+        comparison.First = check->Compare(*joined.Device());
+        return WorseStatus(status, Report(sources.Files.front(), *check, comparison));
     }
 
     struct Comparison {
@@ -151,6 +185,7 @@ class Verification {
     const ModuleLoader& Module;
     const CommonOptions& Common;
     ReadingOptions Wanted;
+    const bool Joins;  // the files were imported as one device
     const std::string ArchivePath;
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
@@ -158,10 +193,11 @@ class Verification {
 
 // As Verification::Run, where what the library makes of a damaged file can do no harm.
 int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading,
-                  SharedPlan& shared, int patience) {
+                  SharedPlan& shared, bool joins, int patience) {
     CatchInterrupt();
-    const GuardedResult result = RunGuarded([&] { return Verification(module, common, reading).Run(shared); },
-                                            std::chrono::seconds(patience));
+    const GuardedResult result =
+        RunGuarded([&] { return Verification(module, common, reading, joins).Run(shared); },
+                   std::chrono::seconds(patience));
     const std::string& file = common.Files.front();
     switch (result.End) {
         case GuardedResult::Crashed:
@@ -184,19 +220,21 @@ void AddVerifyCommand(CommandLine& line) {
     const auto patience = std::make_shared<int>(UsualPatience);
     const auto reading = std::make_shared<ReadingOptions>();
     const auto shared = std::make_shared<SharedPlan>();
-    CLI::App& command =
-        line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
-                 [patience, reading, shared](const ModuleLoader& module, const CommonOptions& common) -> int {
-                     if (common.Files.size() > 1)
-                         return VerifyGuarded(module, common, *reading, *shared, *patience);
-                     Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
-                     return ExitWrongUsage;
-                 });
+    const auto joins = std::make_shared<bool>(false);
+    CLI::App& command = line.Add(
+        "verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
+        [patience, reading, shared, joins](const ModuleLoader& module, const CommonOptions& common) -> int {
+            if (common.Files.size() > 1)
+                return VerifyGuarded(module, common, *reading, *shared, *joins, *patience);
+            Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
+            return ExitWrongUsage;
+        });
     command
         .add_option("--patience", *patience,
                     Phrase("Processor time without progress after which the file is damaged (default: 60)"))
         ->type_name("SECONDS")
         ->check(CLI::Range(1, 86'400));
+    command.add_flag("--join", *joins, Phrase("The files were imported with --join"));
     AddReadingOptions(command, *reading);
     shared->AddOption(command);
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},

@@ -116,7 +116,8 @@ void AutomaticReading::FollowDirectly() {
     } else if (table) {
         times = TimeSettingsOf(*filter, *Found, Source);
     }
-    if (table && times) {
+    const bool copies = Options.Copies && Found->Times && !AreTimesChosen;
+    if (table && times && !copies) {
         table->insert(table->end(), times->begin(), times->end());
         ChooseColumns();
         Follow(*std::move(table));

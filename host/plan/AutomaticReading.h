@@ -29,6 +29,7 @@ struct ColumnWish {
 struct AutomaticOptions {
     bool IsOff = false;        // nothing is found, only the wishes are followed
     bool ColumnsOnly = false;  // the settings in force stay; names, units and types are found
+    bool Copies = false;       // a clean copy is read also where settings read the file
     std::vector<ColumnWish> Wishes;
     const FileKinds* Kinds = nullptr;               // the file is read as others of its kind; may be null
     const std::atomic<bool>* Cancel = nullptr;      // ends the making of a copy

@@ -196,6 +196,18 @@ void AddFile(FileKind& kind, const ReadingPlan& plan, const std::u16string& name
     ++kind.Files;
 }
 
+bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellCounts>& cells) {
+    bool isAny = false;
+    for (std::size_t i = 0; i < std::min({kind.Plan.Width, plan.Columns.size(), cells.size()}); ++i) {
+        PlannedColumn& column = kind.Plan.Columns[i];
+        if (column.IsTime || column.Type == plan.Columns[i].Type) continue;
+        column.Type = plan.Columns[i].Type;
+        kind.Plan.Cells[i].Add(cells[i]);
+        isAny = true;
+    }
+    return isAny;
+}
+
 std::optional<ReadingPlan> Follow(const FileSample& sample, const FileKind& kind) {
     FoundTable table = CutTable(sample, kind.Plan.How, kind.Plan.Width);
     const std::optional<std::size_t> first = FirstRowOf(sample, table, kind.Plan);

@@ -26,6 +26,10 @@ CellCounts UsualCells(const PlannedColumn& column, bool hasWords, std::uint64_t 
 // Adds what another file of the kind shows. `plan` is one that Follow has returned.
 void AddFile(FileKind& kind, const ReadingPlan& plan, const std::u16string& name);
 
+// Makes the kind hold the cells of all rows of a file, by column, where these made a column of `plan` another
+// type than that of the kind. False if none is.
+bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellCounts>& cells);
+
 // The plan of a file of this kind; nothing if it is of another one. A file without a row yet may be of a kind
 // whose columns have names.
 std::optional<ReadingPlan> Follow(const FileSample& sample, const FileKind& kind);

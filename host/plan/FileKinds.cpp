@@ -62,13 +62,6 @@ void AddFileTo(std::vector<FileKind>& kinds, const std::u16string& path) {
     }
 }
 
-// The kind of most files; the first of as many.
-const FileKind& MostCommon(const std::vector<FileKind>& kinds) {
-    return *std::max_element(kinds.begin(), kinds.end(), [](const FileKind& one, const FileKind& other) {
-        return one.Files < other.Files;
-    });
-}
-
 std::size_t CountFiles(const std::vector<FileKind>& kinds) {
     std::size_t files = 0;
     for (const FileKind& kind : kinds) files += kind.Files;
@@ -81,7 +74,7 @@ Kinship KinshipOf(const ReadingPlan& plan, const FileKind& kind, const FileKinds
     kin.Others = CountFiles(kinds.All) - kind.Files;
     kin.PlanFile = kinds.PlanFile;
     if (plan.Times->IsOrderElsewhere) kin.OrderFile = kind.OrderFile;
-    const FileKind& common = MostCommon(kinds.All);
+    const FileKind& common = MostCommon(kinds);
     kin.Differences = TypeDifferencesOf(plan, kind);
     if (kinds.AreFound() && kind.Files < common.Files) kin.Differences = DifferencesOf(plan, common);
     return kin;
@@ -99,6 +92,12 @@ std::vector<std::string> LeastDifferences(const std::optional<ReadingPlan>& plan
     return *std::move(least);
 }
 }  // namespace
+
+const FileKind& MostCommon(const FileKinds& kinds) {
+    return *std::max_element(
+        kinds.All.begin(), kinds.All.end(),
+        [](const FileKind& one, const FileKind& other) { return one.Files < other.Files; });
+}
 
 FileKinds FindKinds(std::vector<std::u16string> paths) {
     FileKinds kinds;

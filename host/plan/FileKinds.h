@@ -16,6 +16,9 @@ struct FileKinds {
     bool AreFound() const { return PlanFile.empty(); }
 };
 
+// The kind of most files; the first of as many. There must be one.
+const FileKind& MostCommon(const FileKinds& kinds);
+
 // Looks at all files, the largest first, since these show most. A file without a table, or that can't be
 // read, is of no kind.
 FileKinds FindKinds(std::vector<std::u16string> paths);
