@@ -4,6 +4,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
@@ -21,13 +22,14 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const R
     RunOptions run;
     run.Reading = reading.Automatic();
     HostSession session(module, path, std::move(run));
-    const bool analyzed = session.Filter().AnalyzeFile();
+    const bool analyzed = reading.WhyUnlike().empty() && session.Filter().AnalyzeFile();
     if (common.Json) {
         WriteAnalyzeJson(std::cout, file, analyzed, session.Filter(), reading.Guess());
     } else if (analyzed) {
         WriteFormatText(std::cout, file, session.Filter(), *reading.Automatic());
         if (reading.Guess() != nullptr) WriteGuessText(std::cout, *reading.Guess());
     }
+    if (!reading.WhyUnlike().empty()) return Fail(file, reading.WhyUnlike());
     const int status = analyzed ? int{ExitDone} : Fail(file, WhyUnreadable(session.Filter(), path));
     return reading.WithComplaints(status);
 }
@@ -36,15 +38,19 @@ int AnalyzeFile(const ModuleLoader& module, const CommonOptions& common, const R
 void AddAnalyzeCommand(CommandLine& line) {
     const auto options = std::make_shared<ReadingOptions>();
     const auto many = std::make_shared<ManyFiles>();
+    const auto shared = std::make_shared<SharedPlan>();
     CLI::App& command =
         line.Add("analyze", Phrase("What the analysis finds: format and columns"),
-                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                 [options, many, shared](const ModuleLoader& module, const CommonOptions& common) {
+                     const int status = shared->Prepare(module, common, *many, *options);
+                     if (status != ExitDone) return status;
                      return many->Run(common.Files, Phrase("analyzed"), [&](const std::string& file) {
                          return AnalyzeFile(module, common, *options, file);
                      });
                  });
     AddReadingOptions(command, *options);
     AddSaveOption(command, *options);
+    shared->AddOption(command);
     many->AddOptions(command);
     AddExamples(command,
                 {"kelvarin-import analyze data.csv",

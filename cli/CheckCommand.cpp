@@ -5,6 +5,7 @@
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
 #include "cli/ProgressLine.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
@@ -67,6 +68,11 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Che
                         [&progress](std::uint32_t percent) { progress.Show(percent); });
     CheckReport report{file, {}, {}, {}, 0, {}, nullptr};
     do {
+        if (!reading.WhyUnlike().empty()) {
+            report.Result.Failed = true;
+            report.Result.WhyUnreadable = reading.WhyUnlike();
+            break;
+        }
         rejected = {};
         report.Result = RunOnce(module, options, file, reading, progress, rejected);
     } while (!report.Result.Interrupted && reading.TakesCopy());
@@ -93,8 +99,8 @@ int CheckFile(const ModuleLoader& module, const CommonOptions& common, const Che
     return reading.WithComplaints(check::IsClean(result, report.Findings) ? ExitDone : ExitFindings);
 }
 
-int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const CheckOptions& options,
-               const ManyFiles& many) {
+int CheckFiles(const ModuleLoader& module, const CommonOptions& common, CheckOptions& options,
+               ManyFiles& many, SharedPlan& shared) {
     if (!options.RejectsFile.empty()) {
         const std::vector<std::string> files = many.FilesOf(common.Files);
         if (files.size() > 1) {
@@ -105,6 +111,8 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Ch
         const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.RejectsFile});
         if (refusal != ExitDone) return refusal;
     }
+    const int status = shared.Prepare(module, common, many, options.Reading);
+    if (status != ExitDone) return status;
     return many.Run(common.Files, Phrase("checked"),
                     [&](const std::string& file) { return CheckFile(module, common, options, file); });
 }
@@ -113,10 +121,11 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, const Ch
 void AddCheckCommand(CommandLine& line) {
     const auto options = std::make_shared<CheckOptions>();
     const auto many = std::make_shared<ManyFiles>();
+    const auto shared = std::make_shared<SharedPlan>();
     CLI::App& command =
         line.Add("check", Phrase("Say what an import would lose, and why; status 3 if anything"),
-                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
-                     return CheckFiles(module, common, *options, *many);
+                 [options, many, shared](const ModuleLoader& module, const CommonOptions& common) {
+                     return CheckFiles(module, common, *options, *many, *shared);
                  });
     CLI::Option* const rejects =
         command
@@ -129,6 +138,7 @@ void AddCheckCommand(CommandLine& line) {
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
     AddReadingOptions(command, options->Reading);
+    shared->AddOption(command);
     many->AddOptions(command);
     AddExamples(command, {"kelvarin-import check --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",
                           "kelvarin-import check --rejects rejected.csv data.csv"});

@@ -7,6 +7,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/GuessReport.h"
@@ -245,6 +246,7 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const R
     const std::u16string path = PathFromNative(file);
     explain::AnalysisRecord record;
     FileReading reading(module, file, common, options);
+    if (!reading.WhyUnlike().empty()) return Fail(file, reading.WhyUnlike());
     RunOptions run;
     run.Reading = reading.Automatic();
     HostSession session(module, path, std::move(run));
@@ -268,14 +270,18 @@ int ExplainFile(const ModuleLoader& module, const CommonOptions& common, const R
 void AddExplainCommand(CommandLine& line) {
     const auto options = std::make_shared<ReadingOptions>();
     const auto many = std::make_shared<ManyFiles>();
+    const auto shared = std::make_shared<SharedPlan>();
     CLI::App& command =
         line.Add("explain", Phrase("Why a file is read as it is, what surprises about it, and what to set"),
-                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
+                 [options, many, shared](const ModuleLoader& module, const CommonOptions& common) {
+                     const int status = shared->Prepare(module, common, *many, *options);
+                     if (status != ExitDone) return status;
                      return many->Run(common.Files, Phrase("explained"), [&](const std::string& file) {
                          return ExplainFile(module, common, *options, file);
                      });
                  });
     AddReadingOptions(command, *options);
+    shared->AddOption(command);
     many->AddOptions(command);
     AddExamples(command,
                 {"kelvarin-import explain data.csv", "kelvarin-import explain --json *.csv >reasons.json"});

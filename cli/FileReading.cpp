@@ -15,8 +15,10 @@ plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
     plan::AutomaticOptions automatic;
     automatic.IsOff = options.NoGuess;
     automatic.ColumnsOnly = options.ColumnsOnly;
+    automatic.Copies = options.Copies;
     automatic.Wishes = options.Wishes;
     automatic.FormatLetters = options.FormatLetters;
+    automatic.Kinds = options.Kinds;
     automatic.Cancel = &InterruptFlag();
     automatic.OnProgress = std::move(onProgress);
     return automatic;
@@ -36,6 +38,12 @@ std::pair<std::u16string, std::string> ColumnAndValue(const std::string& option,
     return {Utf8ToUtf16(text.substr(0, equals)), text.substr(equals + 1)};
 }
 }  // namespace
+
+std::string Joint(const std::vector<std::string>& sentences) {
+    std::string text;
+    for (const std::string& sentence : sentences) text += (text.empty() ? "" : "; ") + sentence;
+    return text;
+}
 
 void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
     command.add_flag("--no-guess", options.NoGuess,
@@ -100,6 +108,12 @@ FileReading::FileReading(const ModuleLoader& module, const std::string& file, co
       IsToBeSaved(options.Save),
       Plan(module, PathFromNative(file), common.Settings,
            AutomaticOptionsFor(options, std::move(onProgress))) {
+    if (!Plan.Unlikeness().empty()) {
+        Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joint(Plan.Unlikeness()));
+        Found.emplace();
+        Found->Failure = Unlike;
+        return;
+    }
     const bool isAsked = options.GuessTime || options.Save;
     if (Plan.Plan() == nullptr && (!isAsked || options.NoGuess)) return;
     Found = plan::GuessOf(Plan);
@@ -121,6 +135,12 @@ int FileReading::WithComplaints(int status) const {
     if (Found && Found->IsSaveLost) status = WorseStatus(status, Fail(File + ".info", Found->SaveFailure));
     for (const std::u16string& column : Plan.UnknownColumns())
         status = WorseStatus(status, Fail(File, Phrase("there is no column '{}'", Utf16ToUtf8(column))));
+    const plan::ReadingPlan* const followed = Plan.Plan();
+    if (followed != nullptr && followed->Kin && !followed->Kin->PlanFile.empty() &&
+        !followed->Kin->Differences.empty()) {
+        ComplainAbout(File, Phrase("unlike the files of the plan: {}", Joint(followed->Kin->Differences)));
+        status = WorseStatus(status, ExitFindings);
+    }
     if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
         status = Fail(File, Plan.WhyUnread());
     if (!Plan.CopyFailure().empty())

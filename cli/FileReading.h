@@ -15,10 +15,15 @@ struct ReadingOptions {
     bool NoGuess = false;
     bool GuessTime = false;    // says what is the default
     bool ColumnsOnly = false;  // as that of AutomaticOptions
+    bool Copies = false;       // as that of AutomaticOptions
     bool Save = false;         // keep what was found in a sidecar beside the file
     std::vector<plan::ColumnWish> Wishes;
-    std::u16string FormatLetters;  // as that of AutomaticOptions
+    std::u16string FormatLetters;            // as that of AutomaticOptions
+    const plan::FileKinds* Kinds = nullptr;  // as that of AutomaticOptions
 };
+
+// The sentences with semicolons between them.
+std::string Joint(const std::vector<std::string>& sentences);
 
 // Adds --no-guess, --guess-time and the options for single columns to a command; the options outlive it.
 void AddReadingOptions(CLI::App& command, ReadingOptions& options);
@@ -40,11 +45,15 @@ class FileReading {
     // copy.
     bool TakesCopy();
 
+    // Why the file is not to be read by a plan file, in one sentence; empty if it may be. Guess() says it
+    // too.
+    const std::string& WhyUnlike() const { return Unlike; }
+
     // What was found; null if nothing was looked for.
     const plan::Guess* Guess() const { return Found ? &*Found : nullptr; }
 
-    // The status of the file's work, made worse if what --save was to keep is lost or a column isn't there,
-    // which is complained about.
+    // The status of the file's work, made worse if what --save was to keep is lost, a column isn't there, or
+    // cells are not as a plan file says, which is complained about.
     int WithComplaints(int status) const;
 
   private:
@@ -54,6 +63,7 @@ class FileReading {
     const std::string File;
     const bool IsToBeSaved;
     plan::AutomaticReading Plan;
+    std::string Unlike;
     std::optional<plan::Guess> Found;
 };
 }  // namespace kelvarin::cli

@@ -4,7 +4,11 @@
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
+#include "cli/ImportOptions.h"
+#include "cli/JoinedImport.h"
 #include "cli/ProgressLine.h"
+#include "cli/SharedPlan.h"
+#include "cli/StoreFile.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/GuessReport.h"
 #include "cli/report/JsonReport.h"
@@ -14,21 +18,18 @@
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/plan/TimeAdvice.h"
-#include "host/store/SampleFile.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
 namespace {
-// The command's own options.
-struct ImportOptions {
-    bool KeepSamples = false;              // every one, in memory
-    std::optional<std::size_t> Samples;    // how many of each signal the JSON document lists
-    std::size_t Messages = 10'000;         // how many it lists at most
-    std::string StorePath;                 // of the file for every sample; empty: none
-    std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
-    ReadingOptions Reading;
-};
+// True if rows were read and not one of them was stored.
+bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
+    if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
+    return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
+}
+
+}  // namespace
 
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
     RunOptions run;
@@ -36,7 +37,10 @@ RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& opti
     run.KeepSamples = options.KeepSamples ? KeepAll : options.Samples.value_or(0);
     run.KeepMessages = common.Json ? options.Messages : 0;
     run.Cancel = &InterruptFlag();
-    run.OnProgress = [&progress](std::uint32_t percent) { progress.Show(percent); };
+    run.OnProgress = [&progress, &options](std::uint32_t percent) {
+        if (options.OnProgress) options.OnProgress();
+        progress.Show(percent);
+    };
     return run;
 }
 
@@ -47,14 +51,7 @@ std::uint64_t CountSamples(const store::StoredDevice* device) {
     return count;
 }
 
-// True if rows were read and not one of them was stored.
-bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
-    if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
-    return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
-}
-
-// Empty, or why the file counts as failed.
-std::string WhyFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
+std::string WhyImportFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
     if (result.OutOfMemory) return result.Failure;
     if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
     const std::string reason = WhyUnreadable(session.Filter(), path);
@@ -73,6 +70,7 @@ std::string WhyNothingIsStored(const RunResult& result, const store::StoredDevic
     return Phrase("no row has a time");
 }
 
+namespace {
 void WriteText(const ModuleLoader& module, const std::string& file, const std::u16string& path,
                const RunResult& result, const HostSession& session, FileReading& reading) {
     if (!result.Begun) return;
@@ -95,78 +93,6 @@ void WriteText(const ModuleLoader& module, const std::string& file, const std::u
     WriteRunText(std::cout, result, session, advice);
 }
 
-// Fills a sample file with the runs of all source files, and reports on standard error what became of it.
-// Without a path it does nothing.
-class StoreFile {
-  public:
-    explicit StoreFile(std::string path) : Path(std::move(path)) {}
-
-    // False if the file can't be written.
-    bool Open() {
-        if (Path.empty()) return true;
-        std::string reason;
-        File = store::CreateSampleFile(Path, reason);
-        return File != nullptr || CheckWritten(reason);
-    }
-
-    // What takes the samples of the next run; null without a path.
-    store::DeviceSink* BeginRun() {
-        if (File == nullptr) return nullptr;
-        File->DropDevice();  // of a run that came to no end
-        return &File->BeginDevice();
-    }
-
-    // Keeps the device of the run if `isDone`. False if the file can't be written any more.
-    bool EndRun(const HostSession& session, bool isDone) {
-        if (File == nullptr) return true;
-        ++Runs;
-        if (!isDone || session.Device() == nullptr) {
-            File->DropDevice();
-            return true;
-        }
-        ++Kept;
-        return CheckWritten(File->KeepDevice(*session.Device(), session.Origin()));
-    }
-
-    // Puts the file in its place; it then holds the runs that were done. False if there is none.
-    bool Finish() {
-        if (File == nullptr) return Path.empty();
-        if (Kept == 0) {
-            GiveUp(Phrase("not written, since no file gave samples"));
-            return false;
-        }
-        if (!CheckWritten(File->Finish())) return false;
-        if (Kept < Runs) ComplainAbout(Path, Phrase("holds {} of {} files", Kept, Runs));
-        return true;
-    }
-
-    // Leaves what was there before.
-    void Abandon() {
-        if (File != nullptr) GiveUp(Phrase("not written, since the run was interrupted"));
-    }
-
-  private:
-    void GiveUp(const std::string& why) {
-        File.reset();
-        ComplainAbout(Path, why);
-    }
-
-    // True for an empty reason; else gives the file up and reports why it is not written.
-    bool CheckWritten(const std::string& reason) {
-        if (reason.empty()) return true;
-        GiveUp(
-            Phrase("can't be written: {}; what was there before is unchanged. Make room, or name another "
-                   "file in --store",
-                   reason));
-        return false;
-    }
-
-    const std::string Path;
-    std::unique_ptr<store::SampleFile> File;
-    std::size_t Runs = 0;
-    std::size_t Kept = 0;
-};
-
 FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
                        const std::string& file, StoreFile& store) {
     const std::u16string path = PathFromNative(file);
@@ -181,16 +107,20 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
         run.Sink = store.BeginRun();
         run.Reading = reading.Automatic();
         session.emplace(module, path, std::move(run));
-        result = session->Run();
+        if (reading.WhyUnlike().empty()) result = session->Run();
     } while (!result.Interrupted && reading.TakesCopy());
     result.Interrupted |= reading.Automatic()->IsInterrupted();
-    std::string reason = WhyFailed(path, result, *session);
+    std::string reason = reading.WhyUnlike();
+    if (reason.empty()) reason = WhyImportFailed(path, result, *session);
     if (reason.empty()) reason = reading.Automatic()->WhyUnread();
     const std::uint64_t samples = CountSamples(session->Device());
-    const bool hasStored = store.EndRun(*session, reason.empty() && !result.Interrupted);
+    const bool hasStored =
+        store.EndRun(session->Device(), session->Origin(), reason.empty() && !result.Interrupted);
     progress.Clear();
     if (common.Json) {
-        WriteImportJson(std::cout, file, result, *session, options.Samples, reading.Guess());
+        WriteImportJson(
+            std::cout,
+            {file, result, session->Device(), {&session->Messages()}, options.Samples, reading.Guess()});
     } else {
         WriteText(module, file, path, result, *session, reading);
     }
@@ -213,20 +143,45 @@ int RefuseOverwriting(const CommonOptions& common, const ImportOptions& options,
     return cli::RefuseOverwriting(common, std::move(files), {options.StorePath});
 }
 
-int ImportFiles(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
-                const ManyFiles& many) {
+int ImportJoined(const ModuleLoader& module, const CommonOptions& common, const ImportOptions& options,
+                 const std::vector<std::string>& files, StoreFile& store) {
+    JoinedImport joined(module, common, options, [&store](const std::string&) { return store.BeginRun(); });
+    int status = joined.Run(files);
+    const store::StoredDevice* const device = joined.Device();
+    if (device == nullptr) return status;
+    if (!store.EndRun(device, joined.FilesOrigin(), true)) status = WorseStatus(status, ExitFileFailed);
+    if (common.Json) {
+        WriteJoinedJson(std::cout, joined.Parts(), joined.Document());
+    } else {
+        WriteJoinedText(std::cout, joined.Parts(), joined.Document(), joined.FilesOrigin().IsRelative);
+    }
+    return CountSamples(device) == 0 ? WorseStatus(status, ExitFindings) : status;
+}
+
+int ImportFiles(const ModuleLoader& module, const CommonOptions& common, ImportOptions& options,
+                ManyFiles& many, SharedPlan& shared) {
     if (!options.StorePath.empty() && many.HasProcesses()) {
         Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
+        return ExitWrongUsage;
+    }
+    if (options.Joins && many.HasProcesses()) {
+        Complain(Phrase("--join reads its files in one process; leave --jobs out"));
         return ExitWrongUsage;
     }
     if (const int refusal = RefuseOverwriting(common, options, many.FilesOf(common.Files));
         refusal != ExitDone)
         return refusal;
+    if (const int status = shared.Prepare(module, common, many, options.Reading); status != ExitDone)
+        return status;
     StoreFile store(options.StorePath);
     if (!store.Open()) return ExitFileFailed;
-    const int status = many.Run(common.Files, Phrase("imported"), [&](const std::string& file) {
-        return ImportFile(module, common, options, file, store);
-    });
+    const auto importAll = [&] {
+        if (options.Joins) return ImportJoined(module, common, options, many.FilesOf(common.Files), store);
+        return many.Run(common.Files, Phrase("imported"), [&](const std::string& file) {
+            return ImportFile(module, common, options, file, store);
+        });
+    };
+    const int status = importAll();
     if (status == ExitInterrupted) {
         store.Abandon();
         return status;
@@ -269,10 +224,12 @@ void SetBaseTime(const std::string& text, ImportOptions& options) {
 void AddImportCommand(CommandLine& line) {
     const auto options = std::make_shared<ImportOptions>();
     const auto many = std::make_shared<ManyFiles>();
-    CLI::App& command = line.Add("import", Phrase("Run the import (the default for a file)"),
-                                 [options, many](const ModuleLoader& module, const CommonOptions& common) {
-                                     return ImportFiles(module, common, *options, *many);
-                                 });
+    const auto shared = std::make_shared<SharedPlan>();
+    CLI::App& command =
+        line.Add("import", Phrase("Run the import (the default for a file)"),
+                 [options, many, shared](const ModuleLoader& module, const CommonOptions& common) {
+                     return ImportFiles(module, common, *options, *many, *shared);
+                 });
     const auto add = [&](const char* name, const char* values, const std::string& description,
                          void (*set)(const std::string&, ImportOptions&)) {
         const auto read = [set, options](const std::string& text) { set(text, *options); };
@@ -288,6 +245,11 @@ void AddImportCommand(CommandLine& line) {
     add("--base-time", "NS", Phrase("Start of relative measurement time in nanoseconds"), SetBaseTime);
     AddReadingOptions(command, options->Reading);
     AddSaveOption(command, options->Reading);
+    command
+        .add_flag("--join", options->Joins,
+                  Phrase("Make one device of files that follow each other, with signals that run on"))
+        ->excludes(command.get_option("--save"));
+    shared->AddOption(command);
     many->AddOptions(command);
     AddExamples(command, {"kelvarin-import data.csv",
                           "kelvarin-import --set TimestampFormat='TT.MM.JJJJ hh:mm:ss' data.csv",

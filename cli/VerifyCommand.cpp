@@ -7,7 +7,9 @@
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
 #include "cli/FileReading.h"
+#include "cli/JoinedImport.h"
 #include "cli/ProgressLine.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ManyFiles.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextLayout.h"
@@ -54,16 +56,26 @@ Json ToJson(const Difference* difference) {
 // The comparison of one file of samples with imports of its sources.
 class Verification {
   public:
-    Verification(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading)
-        : Module(module), Common(common), Wanted(reading), ArchivePath(common.Files.front()) {}
+    Verification(const ModuleLoader& module, const CommonOptions& common, ReadingOptions reading, bool joins)
+        : Module(module),
+          Common(common),
+          Wanted(std::move(reading)),
+          Joins(joins),
+          ArchivePath(common.Files.front()) {}
 
-    int Run() {
+    // The files are read alike, as the import of several has read them.
+    int Run(SharedPlan& shared) {
         std::string complaint;
         Archive = store::OpenSampleFile(ArchivePath, complaint);
         if (Archive == nullptr) return Fail(ArchivePath, complaint);
-        const std::vector<std::string> sources(Common.Files.begin() + 1, Common.Files.end());
-        return ManyFiles().Run(sources, Phrase("compared"),
-                               [this](const std::string& source) { return Verify(source); });
+        CommonOptions sources = Common;
+        sources.Files.erase(sources.Files.begin());
+        ManyFiles many;
+        const int status = shared.Prepare(Module, sources, many, Wanted);
+        if (status != ExitDone) return status;
+        if (Joins) return VerifyJoined(sources);
+        return many.Run(sources.Files, Phrase("compared"),
+                        [this](const std::string& source) { return Verify(source); });
     }
 
   private:
@@ -90,6 +102,7 @@ class Verification {
             progress.Show(percent);
         };
         FileReading reading(Module, source, Common, wanted, onProgress);
+        if (!reading.WhyUnlike().empty()) return Fail(source, reading.WhyUnlike());
         Comparison comparison = Compare(source, *check, reading, onProgress);
         while (!comparison.Run.Interrupted && reading.TakesCopy()) {
             check = Archive->FindDevice(name, index, complaint);
@@ -97,6 +110,34 @@ class Verification {
         }
         progress.Clear();
         return reading.WithComplaints(Report(source, *check, comparison));
+    }
+
+    // All files are one device, called like the first of them.
+    int VerifyJoined(const CommonOptions& sources) {
+        std::unique_ptr<store::SampleCheck> check;
+        ImportOptions options;
+        options.Reading = Wanted;
+        options.OnProgress = [] { ReportLife(); };
+        SettingsLayer settings;
+        std::string complaint;
+        JoinedImport joined(Module, sources, options, [&](const std::string& first) {
+            check = Archive->FindDevice(Utf16ToUtf8(PathStripPath(PathFromNative(first))), 0, complaint);
+            if (check == nullptr) return static_cast<store::DeviceSink*>(nullptr);
+            const store::SampleOrigin& origin = check->Origin();
+            options.BaseTime = origin.BaseTime;
+            options.Reading.NoGuess |= !origin.IsAutomatic;
+            if (!origin.IsAutomatic && Common.Settings.empty())
+                complaint = LayOver(settings, origin.Settings);
+            return static_cast<store::DeviceSink*>(check.get());
+        });
+        const int status = joined.Run(ManyFiles().FilesOf(sources.Files));
+        if (check == nullptr || !complaint.empty())
+            return complaint.empty() ? status : Fail(ArchivePath, complaint);
+        Comparison comparison;
+        comparison.HasDevice = joined.Device() != nullptr;
+        if (!comparison.HasDevice) return status;
+        comparison.First = check->Compare(*joined.Device());
+        return WorseStatus(status, Report(sources.Files.front(), *check, comparison));
     }
 
     struct Comparison {
@@ -144,7 +185,8 @@ class Verification {
 
     const ModuleLoader& Module;
     const CommonOptions& Common;
-    const ReadingOptions& Wanted;
+    ReadingOptions Wanted;
+    const bool Joins;  // the files were imported as one device
     const std::string ArchivePath;
     std::unique_ptr<store::SampleArchive> Archive;
     std::map<std::string, std::size_t> Seen;  // sources of a name so far
@@ -152,10 +194,11 @@ class Verification {
 
 // As Verification::Run, where what the library makes of a damaged file can do no harm.
 int VerifyGuarded(const ModuleLoader& module, const CommonOptions& common, const ReadingOptions& reading,
-                  int patience) {
+                  SharedPlan& shared, bool joins, int patience) {
     CatchInterrupt();
-    const GuardedResult result = RunGuarded([&] { return Verification(module, common, reading).Run(); },
-                                            std::chrono::seconds(patience));
+    const GuardedResult result =
+        RunGuarded([&] { return Verification(module, common, reading, joins).Run(shared); },
+                   std::chrono::seconds(patience));
     const std::string& file = common.Files.front();
     switch (result.End) {
         case GuardedResult::Crashed:
@@ -177,19 +220,24 @@ void AddVerifyCommand(CommandLine& line) {
     constexpr int UsualPatience = 60;
     const auto patience = std::make_shared<int>(UsualPatience);
     const auto reading = std::make_shared<ReadingOptions>();
-    CLI::App& command =
-        line.Add("verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
-                 [patience, reading](const ModuleLoader& module, const CommonOptions& common) -> int {
-                     if (common.Files.size() > 1) return VerifyGuarded(module, common, *reading, *patience);
-                     Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
-                     return ExitWrongUsage;
-                 });
+    const auto shared = std::make_shared<SharedPlan>();
+    const auto joins = std::make_shared<bool>(false);
+    CLI::App& command = line.Add(
+        "verify", Phrase("Compare an HDF5 file with a fresh import of its text files"),
+        [patience, reading, shared, joins](const ModuleLoader& module, const CommonOptions& common) -> int {
+            if (common.Files.size() > 1)
+                return VerifyGuarded(module, common, *reading, *shared, *joins, *patience);
+            Complain(Phrase("verify needs an HDF5 file and the text files that it was made from"));
+            return ExitWrongUsage;
+        });
     command
         .add_option("--patience", *patience,
                     Phrase("Processor time without progress after which the file is damaged (default: 60)"))
         ->type_name("SECONDS")
         ->check(CLI::Range(1, 86'400));
+    command.add_flag("--join", *joins, Phrase("The files were imported with --join"));
     AddReadingOptions(command, *reading);
+    shared->AddOption(command);
     AddExamples(command, {"kelvarin-import verify data.h5 data.csv"},
                 Phrase("The settings are those that the file was written with, unless --set is given."));
 }

@@ -55,6 +55,8 @@ HostSession::HostSession(const ModuleLoader& module, const std::u16string& path,
 // A copy that is read in place of the file has another name.
 CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
     if (Options.Reading != nullptr && Options.Reading->Copy() != nullptr) name = PathStripPath(Source);
+    if (Options.Joined != nullptr)
+        return Options.Joined->BeginRun(name, description, SignalColumns(*ImportFilter));
     Store = std::make_unique<store::StoredDevice>(std::move(name), description, Options.KeepSamples,
                                                   Options.Sink, SignalColumns(*ImportFilter));
     return Store.get();
@@ -62,7 +64,7 @@ CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* descript
 
 // The device stays with the session: its content is what the caller wants to see.
 void HostSession::FinishDevice(CDevice*) {
-    Store->Finish();
+    if (Store != nullptr) Store->Finish();
 }
 
 store::SampleOrigin HostSession::Origin() const {

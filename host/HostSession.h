@@ -15,6 +15,7 @@
 #include "contract/ImportFilter.h"
 #include "contract/RunObserver.h"
 #include "host/ModuleLoader.h"
+#include "host/store/JoinedDevice.h"
 #include "host/store/StoredDevice.h"
 
 namespace kelvarin {
@@ -71,7 +72,8 @@ struct RunOptions {
     std::uint64_t MostLines = ~std::uint64_t{0};        // the run ends after so many
     std::function<void(const CImportFilter&)> OnBegun;  // gets the filter before the first line; may be empty
     std::function<void(std::uint32_t)> OnProgress;      // gets each new percentage, within Run; may be empty
-    store::DeviceSink* Sink = nullptr;                  // gets every sample; the run ends when it has failed
+    store::JoinedDevice* Joined = nullptr;      // takes the samples in place of a device of the run's own
+    store::DeviceSink* Sink = nullptr;          // gets every sample; the run ends when it has failed
     IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it
     const std::atomic<bool>* Cancel = nullptr;  // any thread sets it to end the run before the next line
     plan::AutomaticReading* Reading = nullptr;  // says which file is read in place of the session's, and how
@@ -103,8 +105,11 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
 
     const MessageList& Messages() const { return AllMessages; }
 
-    // The device of the run, or null if the filter made none. Lives as long as the session.
-    const store::StoredDevice* Device() const { return Store.get(); }
+    // The device of the run, or null if the filter made none. Lives as long as the session, or the joined
+    // one.
+    const store::StoredDevice* Device() const {
+        return Options.Joined == nullptr ? Store.get() : Options.Joined->Device();
+    }
 
     // Where its samples come from: the file as it is now, and the settings of the run.
     store::SampleOrigin Origin() const;

@@ -260,6 +260,39 @@ constexpr Translation Texts[] = {
      "`kelvarin-import prepare FILE` schreibt eine Kopie, die so gelesen wird"},
     {"`kelvarin-import prepare FILE` writes such a copy to keep",
      "`kelvarin-import prepare FILE` schreibt eine solche Kopie zum Aufheben"},
+    // The plan of several files.
+    {"Read files as the plan in FILE says, and no others; if there is no such file, the plan that is found "
+     "is "
+     "kept there",
+     "Dateien lesen, wie der Plan in FILE sagt, und keine anderen; gibt es keine solche Datei, wird der "
+     "gefundene Plan darin aufbewahrt"},
+    {"it is no reading plan: {}", "sie ist kein Leseplan: {}"},
+    {"not read, as it is not like the files of the plan: {}",
+     "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
+    {"unlike the files of the plan: {}", "anders als die Dateien des Plans: {}"},
+    {"not written, since no plan was found", "nicht geschrieben, da kein Plan gefunden wurde"},
+    {"the plan can't be handed to the processes: {}",
+     "der Plan kann den Prozessen nicht übergeben werden: {}"},
+    // Several files as one device.
+    {"Make one device of files that follow each other, with signals that run on",
+     "Aus aufeinanderfolgenden Dateien ein Gerät mit durchlaufenden Signalen machen"},
+    {"--join reads its files in one process; leave --jobs out",
+     "--join liest seine Dateien in einem Prozess; --jobs weglassen"},
+    {"The files were imported with --join", "Die Dateien wurden mit --join importiert"},
+    {"joined files", "verbundene Dateien"},
+    {"span {}", "Dauer {}"},
+    {"days added to its times: {}", "zu ihren Zeiten addierte Tage: {}"},
+    {"gap of {} before its first row", "Lücke von {} vor ihrer ersten Zeile"},
+    {"overlap: {} of its rows left out, as they don't come after the last row before it",
+     "Überlappung: {} ihrer Zeilen weggelassen, da sie nicht nach der letzten Zeile davor kommen"},
+    {"not like the files that it is to be joined with: {}",
+     "nicht wie die Dateien, mit denen sie verbunden werden soll: {}"},
+    {"no types hold the columns of all files", "keine Typen fassen die Spalten aller Dateien"},
+    {"of this file and the ones before some have times of a calendar and others don't",
+     "von dieser Datei und den vorigen haben manche Zeiten eines Kalenders und andere nicht"},
+    {"its times begin before the end of the file before, and nothing says when it was measured",
+     "ihre Zeiten beginnen vor dem Ende der vorigen Datei, und nichts sagt, wann sie gemessen wurde"},
+    {"no file has a row", "keine Datei hat eine Zeile"},
 };
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "cli/Complaints.h"
+#include "cli/SharedPlan.h"
 #include "cli/many/ProcessPool.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
@@ -39,7 +40,7 @@ std::vector<std::string> ArgumentsOfProcesses(const CLI::App& command) {
     for (const CLI::Option* option : command.get_options()) {
         if (option->count() == 0 || option->get_lnames().empty()) continue;
         const std::string name = "--" + option->get_lnames().front();
-        if (name == JobsOption || name == "--recursive") continue;
+        if (name == JobsOption || name == "--recursive" || name == PlanOption) continue;
         const bool isFlag = option->get_items_expected_max() == 0;
         for (const std::string& value : option->results())
             arguments.push_back(isFlag ? name : name + "=" + value);
@@ -137,9 +138,11 @@ int ManyFiles::Run(const std::vector<std::string>& arguments, const std::string&
     CatchInterrupt(IsProcess);
     const FileList list = ListFiles(arguments, Recursive);
     FilesSummary summary;
+    std::vector<std::string> processArguments;
+    if (Command != nullptr) processArguments = ArgumentsOfProcesses(*Command);
+    processArguments.insert(processArguments.end(), Given.begin(), Given.end());
     int status = HasProcesses() && list.Files.size() > 1
-                     ? RunInProcesses(ArgumentsOfProcesses(*Command), static_cast<std::size_t>(Jobs),
-                                      list.Files, summary)
+                     ? RunInProcesses(processArguments, static_cast<std::size_t>(Jobs), list.Files, summary)
                      : RunOneByOne(list.Files, work, summary, IsProcess);
     for (const auto& [name, reason] : list.Unread) {
         ComplainAbout(name, reason);

@@ -60,10 +60,17 @@ class ManyFiles {
     // True if the files are to be spread over processes.
     bool HasProcesses() const { return Jobs > 1; }
 
+    // True in a process that has got a share of the files.
+    bool IsShare() const { return IsProcess; }
+
+    // Adds an argument for the processes, before Run.
+    void GiveToProcesses(std::string argument) { Given.push_back(std::move(argument)); }
+
   private:
     CLI::App* Command = nullptr;
     int Jobs = 0;  // 0: not asked for
     bool Recursive = false;
+    std::vector<std::string> Given;
     bool IsProcess = false;  // started by another one, which makes the summary
 };
 }  // namespace kelvarin::cli

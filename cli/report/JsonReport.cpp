@@ -122,14 +122,18 @@ void WriteSignal(std::ostream& out, const store::StoredSignal& signal, std::opti
     out << "}";
 }
 
-void WriteMessages(std::ostream& out, const MessageList& messages) {
-    Json list = Json::array();
-    for (const ImportMessage& message : messages.Kept()) {
-        list.push_back(
-            {{"failure", message.Failure}, {"column", message.Column}, {"text", ToJson(message.Text)}});
+void WriteMessages(std::ostream& out, const std::vector<const MessageList*>& lists) {
+    Json all = Json::array();
+    std::uint64_t leftOut = 0;
+    for (const MessageList* const messages : lists) {
+        leftOut += messages->LeftOut();
+        for (const ImportMessage& message : messages->Kept()) {
+            all.push_back(
+                {{"failure", message.Failure}, {"column", message.Column}, {"text", ToJson(message.Text)}});
+        }
     }
-    out << ",\"messages\":" << list.dump();
-    if (messages.LeftOut() != 0) out << ",\"messagesLeftOut\":" << messages.LeftOut();
+    out << ",\"messages\":" << all.dump();
+    if (leftOut != 0) out << ",\"messagesLeftOut\":" << leftOut;
 }
 }  // namespace
 
@@ -153,23 +157,27 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
     WriteDocument(out, document);
 }
 
-void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples,
-                     const plan::Guess* guess) {
-    const store::StoredDevice* const device = session.Device();
-    Json head = {{"file", PrintableName(file)}, {"begun", result.Begun}, {"lines", result.Lines}};
+void WriteImportJson(std::ostream& out, const ImportDocument& document, const Json& more) {
+    const store::StoredDevice* const device = document.Device;
+    Json head = {
+        {"file", PrintableName(document.File)}, {"begun", document.Run.Begun}, {"lines", document.Run.Lines}};
     head["device"] = nullptr;
     if (device != nullptr)
         head["device"] = {{"name", ToJson(device->Name)}, {"description", ToJson(device->Description)}};
     out << OpenObject(head) << ",\"signals\":[";
     for (std::size_t i = 0; device != nullptr && i < device->Signals.size(); ++i) {
         if (i != 0) out << ",";
-        WriteSignal(out, *device->Signals[i], samples);
+        WriteSignal(out, *device->Signals[i], document.Samples);
     }
     out << "]";
-    WriteMessages(out, session.Messages());
-    out << ",\"progress\":" << Json(result.Progress).dump();
-    if (guess != nullptr) out << ",\"guess\":" << GuessToJson(*guess).dump();
+    WriteMessages(out, document.Messages);
+    out << ",\"progress\":" << Json(document.Run.Progress).dump();
+    if (document.Guess != nullptr) out << ",\"guess\":" << GuessToJson(*document.Guess).dump();
+    for (const auto& [key, value] : more.items()) out << "," << Json(key).dump() << ":" << value.dump();
     out << "}\n";
+}
+
+void WriteImportJson(std::ostream& out, const ImportDocument& document) {
+    WriteImportJson(out, document, Json::object());
 }
 }  // namespace kelvarin::cli

@@ -5,6 +5,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "host/HostSession.h"
 #include "host/plan/PlanGuess.h"
@@ -21,8 +22,17 @@ void AddSettings(nlohmann::ordered_json& document, const CImportFilter& filter);
 void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
                       const plan::Guess* guess);
 
-// What became of a run; the first `samples` of each signal, or no key for them. `guess` may be null.
-void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples,
-                     const plan::Guess* guess);
+// What became of a run. All is borrowed.
+struct ImportDocument {
+    const std::string& File;
+    const RunResult& Run;
+    const store::StoredDevice* Device;         // null for none
+    std::vector<const MessageList*> Messages;  // one after the other
+    std::optional<std::size_t> Samples;        // so many of each signal; none: no key for them
+    const plan::Guess* Guess;                  // null for none
+};
+
+// `more` are keys of an object, added to the document.
+void WriteImportJson(std::ostream& out, const ImportDocument& document, const nlohmann::ordered_json& more);
+void WriteImportJson(std::ostream& out, const ImportDocument& document);
 }  // namespace kelvarin::cli

@@ -102,16 +102,6 @@ std::string LinesText(const MessageGroup& group) {
     return group.Count > named ? Phrase("lines {}, ... ({} in all)", lines, group.Count)
                                : Phrase("lines {}", lines);
 }
-
-void WriteMessages(ReportStream out, const MessageList& messages) {
-    if (messages.IsEmpty()) return;
-    out << ReportHeading(Phrase("messages")) << "\n";
-    for (const MessageGroup& group : messages.Groups()) {
-        out << "    " << Styled(Style::Warning, OneLine(Utf16ToUtf8(group.FirstText), 400)) << "\n";
-        const std::string lines = LinesText(group);
-        if (!lines.empty()) out << "      " << lines << "\n";
-    }
-}
 }  // namespace
 
 void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter,
@@ -140,17 +130,31 @@ void WriteFormatText(ReportStream out, const std::string& file, const CImportFil
         out << "    " << Phrase("... and {} more columns", all - MostColumnsShown) << "\n";
 }
 
+void WriteSignalsText(ReportStream out, const RunResult& result, const store::StoredDevice& device,
+                      bool isRelative) {
+    const std::string_view signals =
+        result.Interrupted ? "{} from {} lines, ended by Ctrl-C" : "{} from {} lines";
+    out << ReportLabel(Phrase("signals")) << Phrase(signals, device.Signals.size(), result.Lines) << "\n";
+    WriteSignals(out, device);
+    WriteTimeSpan(out, device, isRelative);
+}
+
+void WriteMessagesText(ReportStream out, const MessageList& messages) {
+    if (messages.IsEmpty()) return;
+    out << ReportHeading(Phrase("messages")) << "\n";
+    for (const MessageGroup& group : messages.Groups()) {
+        out << "    " << Styled(Style::Warning, OneLine(Utf16ToUtf8(group.FirstText), 400)) << "\n";
+        const std::string lines = LinesText(group);
+        if (!lines.empty()) out << "      " << lines << "\n";
+    }
+}
 void WriteRunText(ReportStream out, const RunResult& result, const HostSession& session,
                   const std::string& advice) {
-    if (const store::StoredDevice* const device = session.Device()) {
-        const std::string_view signals =
-            result.Interrupted ? "{} from {} lines, ended by Ctrl-C" : "{} from {} lines";
-        out << ReportLabel(Phrase("signals")) << Phrase(signals, device->Signals.size(), result.Lines)
-            << "\n";
-        WriteSignals(out, *device);
-        WriteTimeSpan(out, *device, ReadingOf(session.Filter()).DateSetting == DateNone);
+    if (session.Device() != nullptr) {
+        const bool isRelative = ReadingOf(session.Filter()).DateSetting == DateNone;
+        WriteSignalsText(out, result, *session.Device(), isRelative);
     }
-    WriteMessages(out, session.Messages());
+    WriteMessagesText(out, session.Messages());
     if (!advice.empty()) out << ReportLabel(Phrase("advice")) << advice << "\n";
 }
 }  // namespace kelvarin::cli

@@ -11,8 +11,13 @@ namespace kelvarin::cli {
 void WriteFormatText(ReportStream out, const std::string& file, const CImportFilter& filter,
                      const plan::AutomaticReading& reading);
 
-// The signals with their samples, the time they span and the messages. `advice` is a line about what to do
-// next, or empty.
+// The signals with their samples and the time they span.
+void WriteSignalsText(ReportStream out, const RunResult& result, const store::StoredDevice& device,
+                      bool isRelative);
+
+void WriteMessagesText(ReportStream out, const MessageList& messages);
+
+// Both of a run. `advice` is a line about what to do next, or empty.
 void WriteRunText(ReportStream out, const RunResult& result, const HostSession& session,
                   const std::string& advice);
 }  // namespace kelvarin::cli

@@ -62,6 +62,8 @@ constexpr Translation Texts[] = {
     {"this module can't say what becomes of the rows",
      "dieses Modul kann nicht sagen, was aus den Zeilen wird"},
     {"this module has no sidecars", "dieses Modul kennt keine Sidecar-Dateien"},
+    {"the first file has no signal '{}' of this type", "die erste Datei hat kein Signal '{}' dieses Typs"},
+    {"it lacks a signal of the first file", "ihr fehlt ein Signal der ersten Datei"},
 };
 }  // namespace
 

@@ -95,6 +95,27 @@ constexpr Translation Texts[] = {
      "weggelassene letzte Zeile mit der Summe der anderen: {}"},
     {"{} (line {})", "{} (Zeile {})"},
     {"{} (lines {})", "{} (Zeilen {})"},
+    // Files of one kind.
+    {"one of {} files of one kind, all read alike", "eine von {} Dateien einer Art, alle gleich gelesen"},
+    {"none of the other {} files is of its kind", "keine der anderen {} Dateien ist von ihrer Art"},
+    {"read by the plan in {}", "nach dem Plan in {} gelesen"},
+    {"{} shows the order of day and month", "{} zeigt die Reihenfolge von Tag und Monat"},
+    {"unlike most of the files, {}", "anders als bei den meisten Dateien: {}"},
+    {"it is {}, not {}", "sie ist {}, nicht {}"},
+    {"it has {} columns, not {}", "sie hat {} Spalten, nicht {}"},
+    {"a line names its columns", "eine Zeile benennt ihre Spalten"},
+    {"no line names its columns", "keine Zeile benennt ihre Spalten"},
+    {"it has a column {} besides", "sie hat außerdem eine Spalte {}"},
+    {"it has no column {}", "sie hat keine Spalte {}"},
+    {"column {} is {}, not {}", "Spalte {} ist {}, nicht {}"},
+    {"{} is in {}, not in {}", "{} ist in {}, nicht in {}"},
+    {"{} more columns differ so", "{} weitere Spalten unterscheiden sich so"},
+    {"its decimal mark is a comma", "ihr Dezimalzeichen ist ein Komma"},
+    {"its decimal mark is a point", "ihr Dezimalzeichen ist ein Punkt"},
+    {"its times are {}, not {}", "ihre Zeiten sind {}, nicht {}"},
+    {"{} holds {}, not {}", "{} enthält {}, nicht {}"},
+    {"no table was found in it", "in ihr wurde keine Tabelle gefunden"},
+    {"most of its rows have no time", "die meisten ihrer Zeilen haben keine Zeit"},
 };
 }  // namespace
 

@@ -47,12 +47,34 @@ bool SaysTimes(const CImportFilter& filter) {
             settings->TimeColumn != 1);
 }
 
+bool IsAmong(const std::vector<ParsedSetting>& settings, const std::string& key) {
+    return std::any_of(settings.begin(), settings.end(),
+                       [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
+}
+
+template <class Keys>
+bool IsAnyAmong(const std::vector<ParsedSetting>& settings, const Keys& keys) {
+    return std::any_of(std::begin(keys), std::end(keys),
+                       [&settings](const char* key) { return IsAmong(settings, key); });
+}
+
+bool HasReadableSidecar(const ModuleLoader& module, const std::u16string& path) {
+    return sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
+}
+
 // A cell that holds a value, not a word.
 bool IsValue(std::u16string_view cell) {
     const CellKind kind = KindOf(cell);
     return kind != CellKind::Empty && kind != CellKind::Word;
 }
 }  // namespace
+
+bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
+                  const std::vector<ParsedSetting>& chosen) {
+    const auto filter = module.MakeFilter(path);
+    return !HasReadableSidecar(module, path) && CanBeAsked(*filter) && !NamesTable(*filter) &&
+           !IsAnyAmong(chosen, TableKeys);
+}
 
 AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16string& path,
                                    const std::vector<ParsedSetting>& chosen, AutomaticOptions options)
@@ -63,13 +85,9 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
       ReadPath(path),
       FormatLetters(Options.FormatLetters) {
     const auto filter = Module.MakeFilter(path);
-    const auto isAnyChosen = [this](const auto& keys) {
-        return std::any_of(std::begin(keys), std::end(keys),
-                           [this](const char* key) { return IsChosen(key); });
-    };
-    AreTimesChosen = SaysTimes(*filter) || isAnyChosen(TimeKeys);
-    IsChosenWhole = AreTimesChosen && (NamesTable(*filter) || isAnyChosen(TableKeys));
-    HasSidecar = sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
+    AreTimesChosen = SaysTimes(*filter) || IsAnyAmong(Chosen, TimeKeys);
+    IsChosenWhole = AreTimesChosen && (NamesTable(*filter) || IsAnyAmong(Chosen, TableKeys));
+    HasSidecar = HasReadableSidecar(module, path);
     if (!Options.IsOff && (Options.ColumnsOnly || (!HasSidecar && !IsChosenWhole && CanBeAsked(*filter))))
         Look(TableFixedBy(*filter, Chosen));
     if (Found && Options.ColumnsOnly) {
@@ -87,7 +105,9 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
 
 void AutomaticReading::Look(const FixedTable& fixed) {
     try {
-        Found = FindPlan(Source, fixed);
+        const bool isFree = !fixed.IsFixed();
+        Found = Options.Kinds != nullptr && isFree ? FindPlan(Source, *Options.Kinds, Unlike)
+                                                   : FindPlan(Source, fixed);
     } catch (CFileException* failure) {
         Unread = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();
@@ -96,11 +116,6 @@ void AutomaticReading::Look(const FixedTable& fixed) {
     } catch (const std::length_error&) {
         // The same.
     }
-}
-
-bool AutomaticReading::IsChosen(const std::string& key) const {
-    return std::any_of(Chosen.begin(), Chosen.end(),
-                       [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
 }
 
 void AutomaticReading::FollowDirectly() {
@@ -112,9 +127,10 @@ void AutomaticReading::FollowDirectly() {
     } else if (table) {
         times = TimeSettingsOf(*filter, *Found, Source);
     }
-    if (table && times) {
+    const bool copies = Options.Copies && Found->Times && !AreTimesChosen;
+    if (table && times && !copies) {
         table->insert(table->end(), times->Settings.begin(), times->Settings.end());
-        std::erase_if(*table, [this](const auto& setting) { return IsChosen(setting.first); });
+        std::erase_if(*table, [this](const auto& setting) { return IsAmong(Chosen, setting.first); });
         FormatLetters = times->Letters;
         ChooseColumns();
         Follow(*std::move(table));

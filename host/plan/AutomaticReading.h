@@ -13,6 +13,7 @@
 #include "host/ModuleLoader.h"
 #include "host/SettingText.h"
 #include "host/plan/CleanCopy.h"
+#include "host/plan/FileKinds.h"
 #include "host/plan/ReadingPlan.h"
 #include "platform/framework/ScratchFile.h"
 
@@ -28,12 +29,18 @@ struct ColumnWish {
 struct AutomaticOptions {
     bool IsOff = false;        // nothing is found, only the wishes are followed
     bool ColumnsOnly = false;  // the settings in force stay; names, units and types are found
+    bool Copies = false;       // a clean copy is read also where settings read the file
     std::vector<ColumnWish> Wishes;
     std::u16string FormatLetters;  // of the formats in force, as IGuidedReading::ReadFormatsBy takes them;
                                    // empty for those of the language
+    const FileKinds* Kinds = nullptr;               // the file is read as others of its kind; may be null
     const std::atomic<bool>* Cancel = nullptr;      // ends the making of a copy
     std::function<void(std::uint32_t)> OnProgress;  // gets each new percentage of a copy; may be empty
 };
+
+// True if AutomaticReading finds a plan for the file. `chosen` are the settings of this run.
+bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
+                  const std::vector<ParsedSetting>& chosen);
 
 // Finds the plan of a file, and makes it the settings of every filter made while the object lives, as a
 // SettingsLayer does. Settings that the user has chosen stay, and the rest is found under them. Nothing is
@@ -60,6 +67,10 @@ class AutomaticReading : private IReadingGuide {
     // Why the file could not be looked at, so that it is read otherwise than it is at other times; empty if
     // it could.
     const std::string& WhyUnread() const { return Unread; }
+
+    // How the file differs from the kinds that were read from a plan file, a sentence each: it is not to be
+    // read. Empty for a file that may be.
+    const std::vector<std::string>& Unlikeness() const { return Unlike; }
 
     // Why there is no copy although one is needed; empty if none is.
     const std::string& CopyFailure() const { return Failure; }
@@ -115,7 +126,6 @@ class AutomaticReading : private IReadingGuide {
     void ChooseColumns();
     void NameColumns();
     void ApplyWishes();
-    bool IsChosen(const std::string& key) const;
 
     const ModuleLoader& Module;
     const std::u16string Source;
@@ -135,6 +145,7 @@ class AutomaticReading : private IReadingGuide {
     std::unique_ptr<ScratchFile> CopyFile;
     std::optional<CopyResult> Copied;
     std::string Unread;
+    std::vector<std::string> Unlike;
     std::string Failure;
     bool Interrupted = false;
 };

@@ -66,8 +66,9 @@ CellCopier::Kind CellCopier::KindOf(ColumnType type) {
     return type == ColumnType::Boolean ? Kind::Truths : Kind::Numbers;
 }
 
-CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark)
-    : Column(column), Own(KindOf(type)), Mark(mark) {}
+CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
+                       const CellCounts* elsewhere)
+    : Column(column), Own(KindOf(type)), Mark(mark), Elsewhere(elsewhere) {}
 
 void CellCopier::Append(std::u16string_view cell, std::string& out) {
     const PlainNumber plain = LookAtPlainNumber(cell, Mark);
@@ -169,7 +170,9 @@ std::uint64_t CellCopier::RewrittenNumbers() {
 }
 
 ColumnType CellCopier::Type() {
-    const ColumnType type = Counts().Type(!Column.Unit.empty() || IsCountName(Column.Name));
+    CellCounts known = Counts();
+    if (Elsewhere != nullptr) known.Add(*Elsewhere);
+    const ColumnType type = known.Type(!Column.Unit.empty() || IsCountName(Column.Name));
     return type == ColumnType::Boolean && HasUnclearTruth ? ColumnType::Text : type;
 }
 

@@ -21,8 +21,10 @@ void AppendTextCell(std::u16string_view text, std::string& out);
 // "true" or "false". A cell that is no value of its column stays as it is, as all texts do.
 class CellCopier {
   public:
-    // `mark` is the decimal mark of the file. The column outlives this object.
-    CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark);
+    // `mark` is the decimal mark of the file. The column outlives this object. `elsewhere` are cells of the
+    // column in other files of its kind, null for none, which its type must hold as well.
+    CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
+               const CellCounts* elsewhere = nullptr);
 
     void Append(std::u16string_view cell, std::string& out);
 
@@ -64,6 +66,7 @@ class CellCopier {
     const PlannedColumn& Column;
     const Kind Own;
     const char16_t Mark;
+    const CellCounts* const Elsewhere;
     CellTally Plain;
     TextMemo Memo;
     CellCounts All;         // but those of Plain and the repeats in Memo

@@ -7,7 +7,8 @@ RowCopier::RowCopier(const ReadingPlan& plan, CopyLayout layout, const std::vect
     : Plan(plan), IsInPlace(layout == CopyLayout::InPlace) {
     for (std::size_t i = 0; i < plan.Columns.size(); ++i) {
         const PlannedColumn& column = plan.Columns[i];
-        const CellCopier& copier = Columns.emplace_back(column, types[i], plan.Mark);
+        const CellCopier& copier = Columns.emplace_back(
+            column, types[i], plan.Mark, i < plan.Elsewhere.size() ? &plan.Elsewhere[i] : nullptr);
         LeastKept.push_back(column.IsTime ? CellLook::Other : copier.LeastKept());
     }
 }

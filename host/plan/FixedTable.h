@@ -16,6 +16,8 @@ struct FixedTable {
     std::optional<bool> Merges;         // a run of separators is one
     std::uint64_t FirstLine = 0;        // of the names or the rows, from 1; 0: not settled
     std::optional<bool> HasNames;       // FirstLine holds the names
+
+    bool IsFixed() const { return Separator || Merges || FirstLine != 0 || HasNames; }
 };
 
 // All of a table that is read already.

@@ -22,15 +22,6 @@ struct LabelLine {
     int Gaps = 0;               // of blank lines between it and the table
 };
 
-// "# time value", "# columns: time value": neither the mark nor the word is a name.
-void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
-    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
-    const auto isIntroduction = [&](const std::u16string& cell) {
-        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
-    };
-    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
-}
-
 // The lines above the table that may describe its columns, the lowest first.
 std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
     std::vector<LabelLine> lines;
@@ -144,6 +135,14 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
     return 2 * only.Numbers > only.Filled || IsSaidOfATime(only) ? nullptr : &lines.front();
 }
 }  // namespace
+
+void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
+    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
+    const auto isIntroduction = [&](const std::u16string& cell) {
+        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
+    };
+    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
+}
 
 Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     Labels labels;

@@ -20,5 +20,9 @@ struct Labels {
     std::uint64_t UnitsLine = 0;
 };
 
+// Takes leading cells off a line of names that has more than `width`: in "# time value" and "# columns: time
+// value" neither the mark nor the word is a name.
+void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width);
+
 Labels FindLabels(const FileSample& sample, const FoundTable& table);
 }  // namespace kelvarin::plan

@@ -10,8 +10,9 @@
 namespace kelvarin::plan {
 namespace {
 // The decimal mark of a file: that of most decimal numbers, where those before exactly three digits count for
-// little. Between commas, where numbers with a comma are in quotes, they count for nothing.
-char16_t MarkOf(const Cut& how, const TableRows& rows) {
+// little. Between commas, where numbers with a comma are in quotes, they count for nothing. `usual`, if it
+// isn't NUL, is taken where no number is sure.
+char16_t MarkOf(const Cut& how, const TableRows& rows, char16_t usual) {
     constexpr std::size_t Sure = 1000;
     std::size_t commas = 0;
     std::size_t points = 0;
@@ -25,6 +26,7 @@ char16_t MarkOf(const Cut& how, const TableRows& rows) {
             (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : Sure;
         }
     }
+    if (usual != u'\0' && std::max(commas, points) < Sure) return usual;
     const bool isComma = commas > points && (how.Separator != u',' || commas >= Sure);
     return isComma ? u',' : u'.';
 }
@@ -39,11 +41,13 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
     std::size_t width = plan.Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());
     plan.Columns.resize(width);
-    std::vector<CellCounts> counts(width);
+    plan.Cells.resize(width);
     for (const auto& row : rows.Cells) {
         for (std::size_t i = 0; i < row.size(); ++i)
-            counts[i].Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
+            plan.Cells[i].Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
     }
+    std::vector<CellCounts> counts = plan.Cells;
+    for (std::size_t i = 0; i < std::min(width, plan.Elsewhere.size()); ++i) counts[i].Add(plan.Elsewhere[i]);
     const bool hasHexadecimal = std::any_of(counts.begin(), counts.end(), [](const CellCounts& one) {
         return one.Type(false) == ColumnType::Hexadecimal;
     });
@@ -91,6 +95,39 @@ void CellCounts::Add(std::u16string_view cell, char16_t mark, const CellFacts& f
     } else {
         AddWord(cell, mark, cells);
     }
+}
+
+void CellCounts::Add(const CellCounts& other) {
+    if (other.HexDigits > 0) {
+        LeastLength = HexDigits == 0 ? other.LeastLength : std::min(LeastLength, other.LeastLength);
+        MostLength = std::max(MostLength, other.MostLength);
+    }
+    if (other.Text > 0) {
+        IsOneWord &= other.IsOneWord && (Text == 0 || Word == other.Word);
+        if (Text == 0) Word = other.Word;
+    }
+    // Amounts of another unit are none.
+    if (other.Amounts > 0 && (Amounts == 0 || AmountUnit == other.AmountUnit)) {
+        AmountUnit = other.AmountUnit;
+        Amounts += other.Amounts;
+        DecimalAmounts += other.DecimalAmounts;
+    }
+    Empty += other.Empty;
+    Missing += other.Missing;
+    Whole += other.Whole;
+    Decimal += other.Decimal;
+    Truth += other.Truth;
+    Single += other.Single;
+    Text += other.Text;
+    Nulls += other.Nulls;
+    Ones += other.Ones;
+    NotNumbers += other.NotNumbers;
+    HexDigits += other.HexDigits;
+    Prefixed += other.Prefixed;
+    Letters += other.Letters;
+    DigitPlaces |= other.DigitPlaces;
+    LetterPlaces |= other.LetterPlaces;
+    IsTooLong |= other.IsTooLong;
 }
 
 void CellCounts::AddHexDigits(std::u16string_view cell, std::uint64_t cells) {
@@ -142,7 +179,7 @@ void CellCounts::AddWord(std::u16string_view cell, char16_t mark, std::uint64_t 
 // Digits with a prefix, with digits and letters in the same places, or so many in each cell and a letter in
 // some: "00000270" beside "000002E4".
 bool CellCounts::IsHexadecimal(bool isBesideOthers) const {
-    const std::uint64_t filled = Whole + Decimal + Truth + Text;
+    const std::uint64_t filled = Filled();
     if (HexDigits != filled || HexDigits == 0) return false;
     if (Prefixed == filled) return true;
     // Names such as "A1" have their letters in one place, numbers in any.
@@ -189,38 +226,55 @@ bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
     return look && declared && ValueOf(cell, *look) == ValueOf(Missing, *declared);
 }
 
-std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FixedTable& fixed) {
+std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FindInSample& find,
+                                    std::uint64_t firstLine) {
     constexpr std::size_t LinesOfATable = 2000;
-    FileSample sample = SampleFile(path, LinesOfATable + static_cast<std::size_t>(fixed.FirstLine));
-    std::optional<ReadingPlan> plan = FindPlan(sample, fixed);
+    FileSample sample = SampleFile(path, LinesOfATable + static_cast<std::size_t>(firstLine));
+    std::optional<ReadingPlan> plan = find(sample);
     // A table that begins below the lines that were counted: more of them are.
     constexpr std::size_t MostLines = 1'000'000;
     for (std::size_t lines = 8000; plan && plan->FirstLine == 0 && lines < MostLines; lines *= 4) {
         sample = SampleFile(path, lines);
-        plan = FindPlan(sample, fixed);
+        plan = find(sample);
     }
     if (plan) plan->Sample = std::move(sample);
     return plan;
 }
 
+std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FixedTable& fixed) {
+    return FindPlan(
+        path, [&fixed](const FileSample& sample) { return FindPlan(sample, fixed); }, fixed.FirstLine);
+}
+
 std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& fixed) {
     const std::optional<FoundTable> table = FindTable(sample, fixed);
     if (!table) return std::nullopt;
-    const Labels labels = FindLabels(sample, *table);
-    TableRows rows = RowsOf(sample, *table);
-    ReadingPlan plan;
+    ReadingPlan plan = PlanOf(sample, *table, nullptr);
     plan.Fixed = fixed;
-    plan.How = table->How;
-    plan.Width = table->Width;
-    plan.FirstLine = sample.Lines[table->First].Number;
+    return plan;
+}
+
+ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const ReadingPlan* like) {
+    const Labels labels = FindLabels(sample, table);
+    TableRows rows = RowsOf(sample, table);
+    ReadingPlan plan;
+    plan.How = table.How;
+    plan.Width = table.Width;
+    plan.FirstLine = table.First < sample.Lines.size() ? sample.Lines[table.First].Number
+                                                       : sample.Lines.size() + 1;  // no row yet
     plan.NamesLine = labels.NamesLine;
     plan.UnitsLine = labels.UnitsLine;
-    plan.Mark = MarkOf(table->How, rows);
+    plan.Mark = MarkOf(table.How, rows, like == nullptr ? u'\0' : like->Mark);
     plan.RowsLookedAt = rows.Cells.size();
     plan.IsWholeLookedAt = sample.IsWhole;
-    const PreambleClues clues = ReadPreamble(sample, *table);
+    const PreambleClues clues = ReadPreamble(sample, table);
     plan.Missing = clues.Missing;
-    plan.Times = FindTimes(rows, labels, clues);
+    if (like == nullptr) {
+        plan.Times = FindTimes(rows, labels, clues);
+    } else {
+        plan.Times = FindTimesLike(*like->Times, rows, labels, clues);
+        plan.Elsewhere = like->Cells;
+    }
     const bool isEndLookedAt = sample.IsWhole || sample.Lines.size() > sample.Head;
     plan.EndsInTotal = plan.Times && isEndLookedAt && plan.Times->Trial.EndsAtStart;
     AddColumns(rows, labels, plan);

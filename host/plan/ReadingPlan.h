@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,11 @@ struct CellCounts {
 
     // Adds so many cells of one text that is no plain number and not empty.
     void Add(std::u16string_view cell, char16_t mark, const CellFacts& facts, std::uint64_t cells = 1);
+    // The cells of another file.
+    void Add(const CellCounts& other);
+
+    // Cells that hold a value.
+    std::uint64_t Filled() const { return Whole + Decimal + Truth + Text; }
 
     // `isCount`: the column's name or unit says that its numbers are no truth values. `isBesideHexadecimal`:
     // another column of the table is hexadecimal.
@@ -59,6 +65,15 @@ struct PlannedColumn {
 // True for the name of a number that counts: "Cycle", "Step".
 bool IsCountName(std::u16string_view name);
 
+// What a plan has to do with those of other files.
+struct Kinship {
+    std::size_t Files = 1;                 // of the kind that were looked at, this one among them
+    std::size_t Others = 0;                // files of other kinds that were looked at with them
+    std::u16string PlanFile;               // the kind was read from there; empty: it was found
+    std::u16string OrderFile;              // the file that proves the order of day and month; empty for none
+    std::vector<std::string> Differences;  // from the others, a sentence each, in UTF-8
+};
+
 struct ReadingPlan {
     FixedTable Fixed;  // before it was looked for
     Cut How;
@@ -67,6 +82,8 @@ struct ReadingPlan {
     std::uint64_t NamesLine = 0, UnitsLine = 0;  // 0 for none
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
+    std::vector<CellCounts> Cells;      // of the rows looked at, by column
+    std::vector<CellCounts> Elsewhere;  // of other files of the kind, by column; empty if there are none
     std::optional<FoundTimes> Times;
     FileSample Sample;       // what was looked at
     TableRows Rows;          // of the sample
@@ -74,14 +91,26 @@ struct ReadingPlan {
     std::size_t RowsLookedAt = 0;
     bool IsWholeLookedAt = false;  // every line of the file was looked at
     bool EndsInTotal = false;      // the last row has the time of the first: it sums up the others
+    std::optional<Kinship> Kin;    // nothing for a file that was looked at alone
 
     // True for a cell that holds the number that the file declares for missing values, in any form:
     // "-9999.0".
     bool IsDeclaredMissing(std::u16string_view cell) const;
 };
 
+// The plan of a table. What its rows leave open is as in the plan `like` of a file of the same kind; the
+// times are then in the same columns. `like` may be null.
+ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const ReadingPlan* like);
+
 // Nothing if the lines hold no such table.
 std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& fixed = {});
+
+// Nothing if the file has no table. `find` is called with a sample of the file, and with longer ones while
+// the table begins below the lines that were counted. `firstLine` is where it begins at least. Raises
+// CFileException.
+using FindInSample = std::function<std::optional<ReadingPlan>(const FileSample& sample)>;
+std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FindInSample& find,
+                                    std::uint64_t firstLine = 0);
 
 // Nothing if the file has no such table. Raises CFileException.
 std::optional<ReadingPlan> FindPlan(const std::u16string& path, const FixedTable& fixed = {});

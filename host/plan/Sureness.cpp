@@ -7,10 +7,12 @@
 #include "host/language/Phrase.h"
 #include "host/plan/Durations.h"
 #include "host/plan/TimesInWords.h"
+#include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
 constexpr std::size_t FewRows = 4;  // fewer prove nothing
+constexpr std::size_t TypeCount = 6;
 
 void Lower(Certainty& sureness, Certainty most) {
     sureness = std::max(sureness, most);
@@ -20,25 +22,6 @@ void Lower(Certainty& sureness, Certainty most) {
 void Object(Assumption& assumption, Certainty most, std::string objection) {
     Lower(assumption.Sureness, most);
     assumption.Objections.push_back(std::move(objection));
-}
-
-std::string SeparatorInWords(const Cut& how) {
-    switch (how.Separator) {
-        case u';':
-            return Phrase("separated by semicolons");
-        case u',':
-            return Phrase("separated by commas");
-        case u'\t':
-            return Phrase("separated by tabs");
-        case u' ':
-            return Phrase("separated by blanks");
-        case u'|':
-            return Phrase("separated by bars");
-        case u':':
-            return Phrase("separated by colons");
-        default:
-            return Phrase("without a separator");
-    }
 }
 
 Assumption TableOf(const ReadingPlan& plan) {
@@ -151,31 +134,82 @@ Assumption UnitsOf(const ReadingPlan& plan) {
 }
 
 Assumption TypesAssumed(const ReadingPlan& plan) {
-    std::array<std::size_t, 6> counts{};
+    std::array<std::size_t, TypeCount> counts{};
     for (const PlannedColumn& column : plan.Columns) {
         if (!column.IsTime) ++counts.at(static_cast<std::size_t>(column.Type));
     }
-    const std::array<std::string, 6> names = {
-        Phrase("texts"),         Phrase("characters"),          Phrase("truth values"),
-        Phrase("whole numbers"), Phrase("hexadecimal numbers"), Phrase("decimal numbers")};
     Assumption types{"types", {}, Certainty::Certain, {}};
-    for (std::size_t i = names.size(); i-- > 0;) {
+    for (std::size_t i = TypeCount; i-- > 0;) {
         if (counts.at(i) == 0) continue;
         if (!types.Text.empty()) types.Text += ", ";
-        types.Text += names.at(i) + ": " + std::to_string(counts.at(i));
+        types.Text += TypesInWords(static_cast<ColumnType>(i)) + ": " + std::to_string(counts.at(i));
     }
     if (!plan.IsWholeLookedAt)
         Object(types, Certainty::Likely,
                Phrase("{} of the file were looked at", RowsInWords(plan.RowsLookedAt)));
     return types;
 }
+// How the file goes with the others that were looked at.
+Assumption FilesOf(const Kinship& kin) {
+    Assumption files{"files", {}, Certainty::Certain, {}};
+    if (!kin.PlanFile.empty()) {
+        files.Text = Phrase("read by the plan in {}", Utf16ToUtf8(kin.PlanFile));
+    } else if (kin.Files > 1) {
+        files.Text = Phrase("one of {} files of one kind, all read alike", kin.Files);
+    } else {
+        files.Text = Phrase("none of the other {} files is of its kind", kin.Others);
+    }
+    if (!kin.OrderFile.empty())
+        files.Text += "; " + Phrase("{} shows the order of day and month", Utf16ToUtf8(kin.OrderFile));
+    for (const std::string& difference : kin.Differences)
+        Object(files, Certainty::Likely,
+               kin.PlanFile.empty() ? Phrase("unlike most of the files, {}", difference) : difference);
+    return files;
+}
 }  // namespace
+
+std::string SeparatorInWords(const Cut& how) {
+    switch (how.Separator) {
+        case u';':
+            return Phrase("separated by semicolons");
+        case u',':
+            return Phrase("separated by commas");
+        case u'\t':
+            return Phrase("separated by tabs");
+        case u' ':
+            return Phrase("separated by blanks");
+        case u'|':
+            return Phrase("separated by bars");
+        case u':':
+            return Phrase("separated by colons");
+        default:
+            return Phrase("without a separator");
+    }
+}
+
+std::string TypesInWords(ColumnType type) {
+    switch (type) {
+        case ColumnType::Character:
+            return Phrase("characters");
+        case ColumnType::Boolean:
+            return Phrase("truth values");
+        case ColumnType::Integer:
+            return Phrase("whole numbers");
+        case ColumnType::Hexadecimal:
+            return Phrase("hexadecimal numbers");
+        case ColumnType::Float:
+            return Phrase("decimal numbers");
+        default:
+            return Phrase("texts");
+    }
+}
 
 std::vector<Assumption> Assumptions(const ReadingPlan& plan) {
     std::vector<Assumption> all = {TableOf(plan), TimesOf(plan)};
     if (plan.Times) all.push_back(RowsOf(plan));
     all.push_back(UnitsOf(plan));
     all.push_back(TypesAssumed(plan));
+    if (plan.Kin) all.push_back(FilesOf(*plan.Kin));
     std::erase_if(all, [](const Assumption& one) { return one.Text.empty(); });
     return all;
 }

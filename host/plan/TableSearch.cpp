@@ -262,6 +262,17 @@ bool RowShape::LooksLikeData() const {
     return IsValue(Kind(0)) || 4 * (Numbers + Values) >= Filled;
 }
 
+FoundTable CutTable(const FileSample& sample, const Cut& how, std::size_t width) {
+    FoundTable table;
+    table.How = how;
+    table.Width = width;
+    LineCutter cut(how);
+    for (std::size_t i = 0; i < sample.Lines.size(); ++i)
+        table.Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+    table.HoldsValues = ValueColumns(table.Shapes, width);
+    return table;
+}
+
 std::optional<FoundTable> FindTable(const FileSample& sample, const FixedTable& fixed) {
     if (sample.Lines.empty()) return std::nullopt;
     const std::uint64_t firstRow = fixed.FirstLine + (fixed.HasNames.value_or(false) ? 1 : 0);

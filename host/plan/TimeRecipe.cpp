@@ -6,6 +6,7 @@
 #include "host/plan/Cells.h"
 #include "host/plan/Durations.h"
 #include "host/plan/ExactProduct.h"
+#include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -136,7 +137,7 @@ std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_
     if (column >= cells.size()) return std::nullopt;
     const std::optional<std::int64_t> time = ExactProduct(WithoutBrackets(cells[column]), Unit, Mark, Offset);
     if (!time) return std::nullopt;
-    return *time + Epoch;
+    return WrappingAdd(*time, Epoch);
 }
 
 std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view>& cells, std::size_t width) {
@@ -151,7 +152,7 @@ std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view
     if (isAlone && width > used) return std::nullopt;
     std::optional<std::int64_t> time = Memo.TimeOf(Recipe, cells);
     if (!time) return std::nullopt;
-    if (Recipe.Kind == TimeKind::Interval) return *time + Recipe.Unit * Row++;
+    if (Recipe.Kind == TimeKind::Interval) return WrappingAdd(*time, WrappingMultiply(Recipe.Unit, Row++));
     if (Recipe.EndsDays && *time % DayLength == 0) return *time + DayLength;
     if (!Recipe.RollsOver) return time;
     if (!IsFirst && *time < Before - DayLength / 2) Days += DayLength;

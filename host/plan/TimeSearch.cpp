@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/plan/Durations.h"
+#include "host/plan/SharedTimes.h"
 #include "host/plan/TimeCandidates.h"
 #include "host/plan/TimeNames.h"
 
@@ -55,6 +56,13 @@ void MoveMidnight(FoundTimes& times, const TableRows& rows) {
     times.Trial = trial;
 }
 
+bool IsAnyNamed(const TimeRecipe& recipe, const Labels& labels) {
+    const std::vector<std::size_t> columns = ColumnsOf(recipe);
+    return std::any_of(columns.begin(), columns.end(), [&labels](std::size_t column) {
+        return column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
+    });
+}
+
 // Rows that follow each other at the interval of the preamble, or of a second for want of any.
 FoundTimes IntervalOf(const TableRows& rows, const PreambleClues& clues) {
     FoundTimes interval;
@@ -74,6 +82,15 @@ std::vector<std::size_t> ColumnsOf(const TimeRecipe& recipe) {
     return columns;
 }
 
+bool AreOfOneForm(const TimeRecipe& one, const TimeRecipe& other) {
+    const auto areSame = [](const PartColumn& a, const PartColumn& b) {
+        return a.Column == b.Column && a.Part == b.Part;
+    };
+    return one.Kind == other.Kind && one.Columns == other.Columns && one.Offset == other.Offset &&
+           one.IsAbsolute == other.IsAbsolute && one.IsUtc == other.IsUtc &&
+           std::equal(one.Parts.begin(), one.Parts.end(), other.Parts.begin(), other.Parts.end(), areSame);
+}
+
 std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels, const PreambleClues& clues) {
     if (rows.Cells.empty()) return std::nullopt;
     TimeCandidates candidates(rows, labels, clues);
@@ -84,10 +101,36 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
     if (best == nullptr) return IntervalOf(rows, clues);
     FoundTimes times = *best;
     times.Rival = RivalOf(times, candidates.Found());
-    for (const std::size_t column : ColumnsOf(times.Recipe))
-        times.IsNamed |= column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
+    times.IsNamed = IsAnyNamed(times.Recipe, labels);
     ApplyZones(times, rows);
     MoveMidnight(times, rows);
+    return times;
+}
+
+FoundTimes FindTimesLike(const FoundTimes& like, const TableRows& rows, const Labels& labels,
+                         const PreambleClues& clues) {
+    if (like.Recipe.Kind == TimeKind::Interval) {
+        FoundTimes times = IntervalOf(rows, clues);
+        AddEvidence(times, like);
+        times.Trial = Try(times.Recipe, rows);
+        return times;
+    }
+    TimeCandidates candidates(rows, labels, clues);
+    candidates.AddTexts();
+    candidates.AddParts();
+    candidates.AddNumbers();
+    FoundTimes times = like;
+    for (const FoundTimes& found : candidates.Found()) {
+        if (!AreOfOneForm(found.Recipe, like.Recipe)) continue;
+        times = found;
+        ApplyZones(times, rows);
+        MoveMidnight(times, rows);
+        break;
+    }
+    times.Rival = like.Rival;
+    times.IsNamed = IsAnyNamed(times.Recipe, labels);
+    AddEvidence(times, like);
+    times.Trial = Try(times.Recipe, rows);
     return times;
 }
 }  // namespace kelvarin::plan

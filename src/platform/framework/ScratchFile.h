@@ -25,8 +25,8 @@ class ScratchFile {
     // Removes the content.
     void Clear();
 
-    // A path at which this process can open the file for reading, as long as this object lives. None of the
-    // functions above may be called afterwards.
+    // A path at which this process and those that it starts can open the file for reading, as long as this
+    // object lives. None of the functions above may be called afterwards.
     std::u16string Path();
 
   private:

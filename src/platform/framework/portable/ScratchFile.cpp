@@ -64,5 +64,6 @@ void ScratchFile::Clear() {
 }
 
 std::u16string ScratchFile::Path() {
-    return PathFromNative("/proc/self/fd/" + std::to_string(Pending->File.GetDescriptor()));
+    return PathFromNative("/proc/" + std::to_string(getpid()) + "/fd/" +
+                          std::to_string(Pending->File.GetDescriptor()));
 }
