@@ -42,6 +42,7 @@ class JoinedImport {
 
     // Refuses files of other kinds; else ExitDone.
     int Order();
+    const plan::FileKind& KindToJoin() const;
     Outcome Attempt();
     Outcome ImportPart(const std::string& file);
     bool IsWidened(FileReading& reading);

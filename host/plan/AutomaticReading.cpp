@@ -97,6 +97,7 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
 void AutomaticReading::Look() {
     try {
         Found = Options.Kinds == nullptr ? FindPlan(Source) : FindPlan(Source, *Options.Kinds, Unlike);
+        if (Found) Found->Cells = {};  // large in a table of a million columns
     } catch (CFileException* failure) {
         Unread = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();

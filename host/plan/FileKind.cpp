@@ -31,6 +31,9 @@ bool ReadsInAnyOrder(TimeRecipe recipe, const std::vector<std::u16string_view>& 
 }
 
 bool AreNames(const std::vector<std::u16string_view>& line, const ReadingPlan& plan) {
+    const bool isAny =
+        std::any_of(line.begin(), line.end(), [](std::u16string_view cell) { return !cell.empty(); });
+    if (!isAny || 2 * line.size() < plan.Width) return false;
     std::vector<std::u16string> cells(line.begin(), line.end());
     DropIntroduction(cells, plan.Width);
     for (std::size_t i = 0; i < plan.Width; ++i) {
@@ -39,26 +42,47 @@ bool AreNames(const std::vector<std::u16string_view>& line, const ReadingPlan& p
     return true;
 }
 
-// The index in the sample of the first row; the number of lines for a header without a row. Nothing if the
-// table isn't there.
-std::optional<std::size_t> FirstRowOf(const FileSample& sample, const FoundTable& table,
-                                      const ReadingPlan& like) {
-    LineCutter cut(table.How);
-    bool isBelowNames = like.NamesLine == 0;
-    bool isHeaderAlone = like.NamesLine != 0 && sample.IsWhole;
+// The index in the sample below the line of the names; nothing if there is none.
+std::optional<std::size_t> BelowNames(const FileSample& sample, const ReadingPlan& like) {
+    LineCutter cut(like.How);
     for (std::size_t i = 0; i < sample.Lines.size(); ++i) {
-        const std::vector<std::u16string_view>& cells = cut(sample.Lines[i].Text);
-        if (!isBelowNames) {
-            isBelowNames = cells.size() > 0 && AreNames(cells, like);
-        } else if (table.Shapes[i].LooksLikeData()) {
-            const bool isRow = like.Times->Recipe.Kind == TimeKind::Interval
-                                   ? cells.size() == table.Width
-                                   : ReadsInAnyOrder(like.Times->Recipe, cells);
-            if (isRow) return i;
-            isHeaderAlone = false;
-        }
+        if (AreNames(cut(sample.Lines[i].Text), like)) return i + 1;
     }
-    return isHeaderAlone && isBelowNames ? std::optional(sample.Lines.size()) : std::nullopt;
+    return std::nullopt;
+}
+
+// The index of the first row from there on; the number of lines for a header without a row. Nothing if no row
+// has a time.
+std::optional<std::size_t> FirstRowOf(const FileSample& sample, const FoundTable& table,
+                                      const ReadingPlan& like, std::size_t from) {
+    LineCutter cut(table.How);
+    bool isHeaderAlone = sample.IsWhole;
+    for (std::size_t i = from; i < sample.Lines.size(); ++i) {
+        if (!table.Shapes[i].LooksLikeData()) continue;
+        const std::vector<std::u16string_view>& cells = cut(sample.Lines[i].Text);
+        const bool isRow = like.Times->Recipe.Kind == TimeKind::Interval
+                               ? cells.size() == table.Width
+                               : ReadsInAnyOrder(like.Times->Recipe, cells);
+        if (isRow) return i;
+        isHeaderAlone = false;
+    }
+    return isHeaderAlone ? std::optional(sample.Lines.size()) : std::nullopt;
+}
+
+// The table below the names; without names, the one that is found, if it is cut alike.
+std::optional<FoundTable> TableLike(const FileSample& sample, const ReadingPlan& like) {
+    if (like.NamesLine == 0) {
+        std::optional<FoundTable> table = FindTable(sample);
+        if (table && !(table->How == like.How && table->Width == like.Width)) table.reset();
+        return table;
+    }
+    const std::optional<std::size_t> from = BelowNames(sample, like);
+    if (!from) return std::nullopt;
+    FoundTable table = CutTable(sample, like.How, like.Width);
+    const std::optional<std::size_t> first = FirstRowOf(sample, table, like, *from);
+    if (!first) return std::nullopt;
+    table.First = *first;
+    return table;
 }
 
 // Some of the sentences, and how many more there are.
@@ -209,11 +233,9 @@ bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellC
 }
 
 std::optional<ReadingPlan> Follow(const FileSample& sample, const FileKind& kind) {
-    FoundTable table = CutTable(sample, kind.Plan.How, kind.Plan.Width);
-    const std::optional<std::size_t> first = FirstRowOf(sample, table, kind.Plan);
-    if (!first) return std::nullopt;
-    table.First = *first;
-    ReadingPlan plan = PlanOf(sample, table, &kind.Plan);
+    const std::optional<FoundTable> table = TableLike(sample, kind.Plan);
+    if (!table) return std::nullopt;
+    ReadingPlan plan = PlanOf(sample, *table, &kind.Plan);
     if (IsTimeless(plan) || !DifferencesOf(plan, kind).empty()) return std::nullopt;
     return plan;
 }
