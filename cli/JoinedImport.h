@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Complaints.h"
 #include "cli/ImportOptions.h"
 #include "cli/report/JoinedReport.h"
 #include "host/plan/FileKinds.h"
