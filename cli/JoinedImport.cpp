@@ -44,7 +44,7 @@ int JoinedImport::Run(std::vector<std::string> files) {
 int JoinedImport::Order() {
     if (Options.Reading.Kinds == nullptr) return ExitDone;
     Kinds.PlanFile = Options.Reading.Kinds->PlanFile;
-    Kinds.All = {plan::MostCommon(*Options.Reading.Kinds)};
+    Kinds.All = {KindToJoin()};
     plan::FileKinds only = Kinds;
     if (only.AreFound()) only.PlanFile = u"-";  // other files get no plan of their own
     std::vector<std::pair<std::int64_t, std::string>> begins;
@@ -76,6 +76,21 @@ int JoinedImport::Order() {
     std::stable_partition(Names.begin(), Names.end(),
                           [this](const std::string& file) { return !WithoutRows.contains(file); });
     return status;
+}
+
+// That of most files; of a plan that was kept, that of the first file.
+const plan::FileKind& JoinedImport::KindToJoin() const {
+    const plan::FileKinds& kinds = *Options.Reading.Kinds;
+    for (std::size_t i = 0; i < kinds.All.size() && !kinds.AreFound(); ++i) {
+        std::vector<std::string> unlike;
+        try {
+            if (plan::FindPlan(PathFromNative(Names.front()), {{kinds.All[i]}, kinds.PlanFile}, unlike))
+                return kinds.All[i];
+        } catch (CFileException* failure) {
+            failure->Delete();
+        }
+    }
+    return plan::MostCommon(kinds);
 }
 
 JoinedImport::Outcome JoinedImport::Attempt() {

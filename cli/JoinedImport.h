@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Complaints.h"
 #include "cli/ImportOptions.h"
 #include "cli/report/JoinedReport.h"
 #include "host/plan/FileKinds.h"
@@ -43,6 +44,7 @@ class JoinedImport {
 
     // Refuses files of other kinds; else ExitDone.
     int Order();
+    const plan::FileKind& KindToJoin() const;
     Outcome Attempt();
     Outcome ImportPart(const std::string& file);
     bool IsWidened(FileReading& reading);

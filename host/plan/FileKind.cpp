@@ -31,34 +31,37 @@ bool ReadsInAnyOrder(TimeRecipe recipe, const std::vector<std::u16string_view>& 
 }
 
 bool AreNames(const std::vector<std::u16string_view>& line, const ReadingPlan& plan) {
+    // Most lines aren't, and are told from names without a copy: at most an introduction is before the first.
+    const std::u16string& first = plan.Columns.front().Name;
+    const auto end = line.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(line.size(), 3));
+    if (2 * line.size() < plan.Width || std::find(line.begin(), end, first) == end) return false;
     std::vector<std::u16string> cells(line.begin(), line.end());
     DropIntroduction(cells, plan.Width);
+    bool isAny = false;
     for (std::size_t i = 0; i < plan.Width; ++i) {
-        if ((i < cells.size() ? cells[i] : std::u16string()) != plan.Columns[i].Name) return false;
+        const std::u16string cell = i < cells.size() ? cells[i] : std::u16string();
+        if (cell != plan.Columns[i].Name) return false;
+        isAny |= !cell.empty();
     }
-    return true;
+    return isAny;
 }
 
-// The index in the sample of the first row; the number of lines for a header without a row. Nothing if the
-// table isn't there.
+// The index of the first row from there on; the number of lines for a header without a row. Nothing if no row
+// has a time.
 std::optional<std::size_t> FirstRowOf(const FileSample& sample, const FoundTable& table,
-                                      const ReadingPlan& like) {
+                                      const ReadingPlan& like, std::size_t from) {
     LineCutter cut(table.How);
-    bool isBelowNames = like.NamesLine == 0;
-    bool isHeaderAlone = like.NamesLine != 0 && sample.IsWhole;
-    for (std::size_t i = 0; i < sample.Lines.size(); ++i) {
+    bool isHeaderAlone = sample.IsWhole;
+    for (std::size_t i = from; i < sample.Lines.size(); ++i) {
+        if (!table.Shapes[i].LooksLikeData()) continue;
         const std::vector<std::u16string_view>& cells = cut(sample.Lines[i].Text);
-        if (!isBelowNames) {
-            isBelowNames = cells.size() > 0 && AreNames(cells, like);
-        } else if (table.Shapes[i].LooksLikeData()) {
-            const bool isRow = like.Times->Recipe.Kind == TimeKind::Interval
-                                   ? cells.size() == table.Width
-                                   : ReadsInAnyOrder(like.Times->Recipe, cells);
-            if (isRow) return i;
-            isHeaderAlone = false;
-        }
+        const bool isRow = like.Times->Recipe.Kind == TimeKind::Interval
+                               ? cells.size() == table.Width
+                               : ReadsInAnyOrder(like.Times->Recipe, cells);
+        if (isRow) return i;
+        isHeaderAlone = false;
     }
-    return isHeaderAlone && isBelowNames ? std::optional(sample.Lines.size()) : std::nullopt;
+    return isHeaderAlone ? std::optional(sample.Lines.size()) : std::nullopt;
 }
 
 // Some of the sentences, and how many more there are.
@@ -208,13 +211,50 @@ bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellC
     return isAny;
 }
 
-std::optional<ReadingPlan> Follow(const FileSample& sample, const FileKind& kind) {
-    FoundTable table = CutTable(sample, kind.Plan.How, kind.Plan.Width);
-    const std::optional<std::size_t> first = FirstRowOf(sample, table, kind.Plan);
+KindSearch::KindSearch(const FileSample& sample, const std::vector<FileKind>& kinds)
+    : Sample(sample), Kinds(kinds), BelowNames(kinds.size(), 0) {
+    std::vector<Cut> cuts;
+    for (const FileKind& kind : kinds) {
+        if (std::find(cuts.begin(), cuts.end(), kind.Plan.How) != cuts.end()) continue;
+        cuts.push_back(kind.Plan.How);
+        FindNames(cuts.back());
+    }
+}
+
+// Of all kinds that are cut so.
+void KindSearch::FindNames(const Cut& how) {
+    LineCutter cut(how);
+    for (std::size_t i = 0; i < Sample.Lines.size(); ++i) {
+        const std::vector<std::u16string_view>& cells = cut(Sample.Lines[i].Text);
+        for (std::size_t k = 0; k < Kinds.size(); ++k) {
+            const ReadingPlan& like = Kinds[k].Plan;
+            if (BelowNames[k] == 0 && like.NamesLine != 0 && like.How == how && AreNames(cells, like))
+                BelowNames[k] = i + 1;
+        }
+    }
+}
+
+// The table below the names; without names, the one that is found, if it is cut alike.
+std::optional<FoundTable> KindSearch::TableLike(std::size_t kind) {
+    const ReadingPlan& like = Kinds[kind].Plan;
+    if (like.NamesLine == 0) {
+        if (!IsOwnFound) Own = FindTable(Sample);
+        IsOwnFound = true;
+        return Own && Own->How == like.How && Own->Width == like.Width ? Own : std::nullopt;
+    }
+    if (BelowNames[kind] == 0) return std::nullopt;
+    FoundTable table = CutTable(Sample, like.How, like.Width);
+    const std::optional<std::size_t> first = FirstRowOf(Sample, table, like, BelowNames[kind]);
     if (!first) return std::nullopt;
     table.First = *first;
-    ReadingPlan plan = PlanOf(sample, table, &kind.Plan);
-    if (IsTimeless(plan) || !DifferencesOf(plan, kind).empty()) return std::nullopt;
+    return table;
+}
+
+std::optional<ReadingPlan> KindSearch::Follow(std::size_t kind) {
+    const std::optional<FoundTable> table = TableLike(kind);
+    if (!table) return std::nullopt;
+    ReadingPlan plan = PlanOf(Sample, *table, &Kinds[kind].Plan);
+    if (IsTimeless(plan) || !DifferencesOf(plan, Kinds[kind]).empty()) return std::nullopt;
     return plan;
 }
 

@@ -23,16 +23,33 @@ FileKind KindFrom(ReadingPlan plan, const std::u16string& name);
 // `hasWords`: its truth values are words.
 CellCounts UsualCells(const PlannedColumn& column, bool hasWords, std::uint64_t rows);
 
-// Adds what another file of the kind shows. `plan` is one that Follow has returned.
+// Adds what another file of the kind shows. `plan` is one that KindSearch::Follow has returned.
 void AddFile(FileKind& kind, const ReadingPlan& plan, const std::u16string& name);
 
 // Makes the kind hold the cells of all rows of a file, by column, where these made a column of `plan` another
 // type than that of the kind. False if none is.
 bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellCounts>& cells);
 
-// The plan of a file of this kind; nothing if it is of another one. A file without a row yet may be of a kind
-// whose columns have names.
-std::optional<ReadingPlan> Follow(const FileSample& sample, const FileKind& kind);
+// A sample of a file that kinds are tried on; all outlive the object. What kinds have in common is looked for
+// once, so that there may be many.
+class KindSearch {
+  public:
+    KindSearch(const FileSample& sample, const std::vector<FileKind>& kinds);
+
+    // The plan of the file by the kind with this index; nothing if it is of another one. A file without a row
+    // yet may be of a kind whose columns have names.
+    std::optional<ReadingPlan> Follow(std::size_t kind);
+
+  private:
+    void FindNames(const Cut& how);
+    std::optional<FoundTable> TableLike(std::size_t kind);
+
+    const FileSample& Sample;
+    const std::vector<FileKind>& Kinds;
+    std::vector<std::size_t> BelowNames;  // by kind: the index of the line below its names; 0 for none
+    std::optional<FoundTable> Own;        // that is found without a kind
+    bool IsOwnFound = false;              // it was looked for
+};
 
 // How a file with this plan differs from a kind, a sentence each in UTF-8 and in the language in force; of
 // many columns the first are named. Empty for a file of the kind.

@@ -35,10 +35,11 @@ struct Followed {
 // By the kind of most files. Where another one gives the rows other dates, the file itself doesn't tell which
 // of both is right.
 std::optional<Followed> FollowAny(const FileSample& sample, const std::vector<FileKind>& kinds) {
+    KindSearch search(sample, kinds);
     std::optional<Followed> best;
     bool isOrderOpen = false;
     for (std::size_t i = 0; i < kinds.size(); ++i) {
-        std::optional<ReadingPlan> plan = Follow(sample, kinds[i]);
+        std::optional<ReadingPlan> plan = search.Follow(i);
         if (!plan) continue;
         isOrderOpen |= best && AreOrdersOpposed(*best->Plan.Times, *plan->Times);
         if (!best || kinds[i].Files > kinds[best->Kind].Files) best = Followed{*std::move(plan), i};

@@ -46,21 +46,25 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
         for (std::size_t i = 0; i < row.size(); ++i)
             plan.Cells[i].Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
     }
-    std::vector<CellCounts> counts = plan.Cells;
-    for (std::size_t i = 0; i < std::min(width, plan.Elsewhere.size()); ++i) counts[i].Add(plan.Elsewhere[i]);
-    const bool hasHexadecimal = std::any_of(counts.begin(), counts.end(), [](const CellCounts& one) {
-        return one.Type(false) == ColumnType::Hexadecimal;
-    });
+    const auto countsOf = [&plan](std::size_t i) {
+        CellCounts counts = plan.Cells[i];
+        if (i < plan.Elsewhere.size()) counts.Add(plan.Elsewhere[i]);
+        return counts;
+    };
+    bool hasHexadecimal = false;
+    for (std::size_t i = 0; i < width && !hasHexadecimal; ++i)
+        hasHexadecimal = countsOf(i).Type(false) == ColumnType::Hexadecimal;
     for (std::size_t i = 0; i < width; ++i) {
         PlannedColumn& column = plan.Columns[i];
+        const CellCounts counts = countsOf(i);
         if (i < labels.Columns.size()) {
             column.Name = labels.Columns[i].Name;
             column.Unit = labels.Columns[i].Unit;
         }
-        if (column.Unit.empty() && counts[i].Amounts > 0 && counts[i].Amounts == counts[i].Text)
-            column.Unit = counts[i].AmountUnit;
-        column.HasAmounts = counts[i].Amounts > 0;
-        column.Type = counts[i].Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
+        if (column.Unit.empty() && counts.Amounts > 0 && counts.Amounts == counts.Text)
+            column.Unit = counts.AmountUnit;
+        column.HasAmounts = counts.Amounts > 0;
+        column.Type = counts.Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
         column.IsTime = plan.Times && Reads(plan.Times->Recipe, i);
         column.Cells = std::move(counts[i]);
     }

@@ -116,9 +116,12 @@ FoundTimes FindTimesLike(const FoundTimes& like, const TableRows& rows, const La
         return times;
     }
     TimeCandidates candidates(rows, labels, clues);
-    candidates.AddTexts();
-    candidates.AddParts();
-    candidates.AddNumbers();
+    if (like.Recipe.Kind == TimeKind::Number) {
+        candidates.AddNumbers();
+    } else {
+        candidates.AddTexts();
+        candidates.AddParts();
+    }
     FoundTimes times = like;
     for (const FoundTimes& found : candidates.Found()) {
         if (!AreOfOneForm(found.Recipe, like.Recipe)) continue;
