@@ -190,7 +190,8 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     const bool hasStored = store.EndRun(*session, reason.empty() && !result.Interrupted);
     progress.Clear();
     if (common.Json) {
-        WriteImportJson(std::cout, file, result, *session, options.Samples, reading.Guess());
+        WriteImportJson(std::cout, file, result, *session, options.Samples, reading.Guess(),
+                        options.Reading.NoGuess);
     } else {
         WriteText(module, file, path, result, *session, reading);
     }

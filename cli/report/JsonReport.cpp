@@ -109,15 +109,22 @@ std::string OpenObject(const Json& fields) {
     return text;
 }
 
-void WriteSignal(std::ostream& out, const store::StoredSignal& signal, std::optional<std::size_t> samples) {
+// `column` is null where its place in the file is not told.
+void WriteSignal(std::ostream& out, const store::StoredSignal& signal, const ColumnSummary* column,
+                 std::optional<std::size_t> samples) {
     const store::SignalDescription& about = signal.Description();
-    out << OpenObject({{"name", ToJson(about.Name)},
-                       {"symbol", ToJson(about.Symbol)},
-                       {"unit", ToJson(about.Unit)},
-                       {"type", about.Type},
-                       {"size", about.Size},
-                       {"metadata", about.MetaData},
-                       {"count", signal.Summary().Count}});
+    Json fields = {{"name", ToJson(about.Name)},
+                   {"symbol", ToJson(about.Symbol)},
+                   {"unit", ToJson(about.Unit)},
+                   {"type", about.Type},
+                   {"size", about.Size},
+                   {"metadata", about.MetaData},
+                   {"count", signal.Summary().Count}};
+    if (column != nullptr) {
+        fields["column"] = column->Index + 1;
+        fields["hexadecimal"] = column->Type == CsvTypeHex;
+    }
+    out << OpenObject(fields);
     if (samples) WriteSamples(out, signal, *samples);
     out << "}";
 }
@@ -154,17 +161,23 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
 }
 
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples,
-                     const plan::Guess* guess) {
+                     const HostSession& session, std::optional<std::size_t> samples, const plan::Guess* guess,
+                     bool isModuleAlone) {
     const store::StoredDevice* const device = session.Device();
     Json head = {{"file", PrintableName(file)}, {"begun", result.Begun}, {"lines", result.Lines}};
     head["device"] = nullptr;
     if (device != nullptr)
         head["device"] = {{"name", ToJson(device->Name)}, {"description", ToJson(device->Description)}};
+    std::vector<ColumnSummary> columns;
+    if (!isModuleAlone && device != nullptr) {
+        head["relativeTime"] = ReadingOf(session.Filter()).DateSetting == DateNone;
+        columns = SummarizeColumns(session.Filter());
+        std::erase_if(columns, [](const ColumnSummary& column) { return !column.IsSignal; });
+    }
     out << OpenObject(head) << ",\"signals\":[";
     for (std::size_t i = 0; device != nullptr && i < device->Signals.size(); ++i) {
         if (i != 0) out << ",";
-        WriteSignal(out, *device->Signals[i], samples);
+        WriteSignal(out, *device->Signals[i], i < columns.size() ? &columns[i] : nullptr, samples);
     }
     out << "]";
     WriteMessages(out, session.Messages());

@@ -21,8 +21,9 @@ void AddSettings(nlohmann::ordered_json& document, const CImportFilter& filter);
 void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed, const CImportFilter& filter,
                       const plan::Guess* guess);
 
-// What became of a run; the first `samples` of each signal, or no key for them. `guess` may be null.
+// What became of a run; the first `samples` of each signal, or no key for them. `guess` may be null. With
+// `isModuleAlone` it has the fields alone that documents had before anything was found.
 void WriteImportJson(std::ostream& out, const std::string& file, const RunResult& result,
-                     const HostSession& session, std::optional<std::size_t> samples,
-                     const plan::Guess* guess);
+                     const HostSession& session, std::optional<std::size_t> samples, const plan::Guess* guess,
+                     bool isModuleAlone);
 }  // namespace kelvarin::cli

@@ -123,7 +123,7 @@ bool CopyPass::TakeLine(std::u16string_view line) {
         LeaveOut(Result.Rows.Timeless, Line);
         return true;
     }
-    if (IsOfOtherTable(cells.size())) {
+    if (IsOfOtherTable(cells.size()) || Plan.IsOfOther(Line)) {
         LeaveOut(Result.Rows.OtherTable, Line);
         return true;
     }

@@ -20,6 +20,7 @@ Guess GuessOf(const AutomaticReading& reading) {
     guess.IsCopied = reading.Copy() != nullptr;
     guess.Settings = guess.IsCopied ? SettingList{} : reading.Settings();
     guess.Columns = reading.ColumnsToPin();
+    guess.Others = plan.Others;
     guess.Rows = plan.RowsLookedAt;
     guess.Assumed = Assumptions(plan);
     if (reading.HasChosenTimes()) {

@@ -326,7 +326,7 @@ std::optional<SettingList> TableSettingsOf(const CImportFilter& filter, const Re
 std::optional<SettingList> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
                                           const std::u16string& path) {
     ITimeReader* const reader = filter.Find<ITimeReader>();
-    if (!plan.Times || plan.Times->Recipe.EndsDays || reader == nullptr ||
+    if (!plan.Times || plan.Times->Recipe.EndsDays || plan.HaveOthersTimes() || reader == nullptr ||
         plan.Times->Trial.Falling != (plan.EndsInTotal ? 1u : 0u))
         return std::nullopt;
     switch (plan.Times->Recipe.Kind) {

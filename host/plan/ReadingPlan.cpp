@@ -164,6 +164,19 @@ bool IsCountName(std::u16string_view name) {
                        [&](auto part) { return low.find(part) != low.npos; });
 }
 
+bool ReadingPlan::IsOfOther(std::uint64_t line) const {
+    return std::any_of(Others.begin(), Others.end(),
+                       [&](const OtherTable& other) { return other.Columns != Width && other.Holds(line); });
+}
+
+bool ReadingPlan::HaveOthersTimes() const {
+    LineCutter cut(How);
+    return Times && std::any_of(Others.begin(), Others.end(), [&](const OtherTable& other) {
+               const SampleLine& last = Sample.Lines[static_cast<std::size_t>(other.LastLine - 1)];
+               return other.FirstLine > FirstLine && Times->Recipe.TimeOf(cut(last.Text)).has_value();
+           });
+}
+
 bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
     if (Missing.empty() || cell.empty()) return false;
     const std::optional<NumberLook> look = LookAtNumber(cell);
@@ -189,8 +202,9 @@ std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& 
     const std::optional<FoundTable> table = FindTable(sample, fixed);
     if (!table) return std::nullopt;
     const Labels labels = FindLabels(sample, *table);
-    TableRows rows = RowsOf(sample, *table);
     ReadingPlan plan;
+    plan.Others = FindOtherTables(sample, *table, labels);
+    TableRows rows = RowsOf(sample, *table, plan.Others);
     plan.Fixed = fixed;
     plan.How = table->How;
     plan.Width = table->Width;

@@ -62,12 +62,19 @@ struct ReadingPlan {
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
     std::optional<FoundTimes> Times;
-    FileSample Sample;       // what was looked at
-    TableRows Rows;          // of the sample
-    std::u16string Missing;  // the number that the file declares for missing values; empty for none
+    std::vector<OtherTable> Others;  // of the file
+    FileSample Sample;               // what was looked at
+    TableRows Rows;                  // of the sample
+    std::u16string Missing;          // the number that the file declares for missing values; empty for none
     std::size_t RowsLookedAt = 0;
     bool IsWholeLookedAt = false;  // every line of the file was looked at
     bool EndsInTotal = false;      // the last row has the time of the first: it sums up the others
+
+    // True for a line, from 1, of another table with another width.
+    bool IsOfOther(std::uint64_t line) const;
+
+    // Rows of another table below have times too, which the module would read on.
+    bool HaveOthersTimes() const;
 
     // True for a cell that holds the number that the file declares for missing values, in any form:
     // "-9999.0".

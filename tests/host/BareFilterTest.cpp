@@ -64,7 +64,7 @@ TEST_F(BareModule, IsImported) {
     const RunResult result = session.Run();
     EXPECT_FALSE(result.Failed);
     std::ostringstream json;
-    cli::WriteImportJson(json, "good", result, session, KeepAll, nullptr);
+    cli::WriteImportJson(json, "good", result, session, KeepAll, nullptr, true);
     EXPECT_EQ(
         json.str(),
         R"({"file":"good","begun":true,"lines":2,"device":{"name":"bare","description":""},"signals":[)"
