@@ -118,9 +118,14 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
         store.EndRun(session->Device(), session->Origin(), reason.empty() && !result.Interrupted);
     progress.Clear();
     if (common.Json) {
-        WriteImportJson(
-            std::cout,
-            {file, result, session->Device(), {&session->Messages()}, options.Samples, reading.Guess()});
+        const CImportFilter* const filter = options.Reading.NoGuess ? nullptr : &session->Filter();
+        WriteImportJson(std::cout, {file,
+                                    result,
+                                    session->Device(),
+                                    {&session->Messages()},
+                                    options.Samples,
+                                    reading.Guess(),
+                                    filter});
     } else {
         WriteText(module, file, path, result, *session, reading);
     }

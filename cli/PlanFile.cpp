@@ -118,7 +118,7 @@ Json KindToJson(const FileKind& kind) {
     const ReadingPlan& shared = kind.Plan;
     Json columns = Json::array();
     for (std::size_t i = 0; i < shared.Width; ++i)
-        columns.push_back(ColumnToJson(shared.Columns[i], shared.Cells[i]));
+        columns.push_back(ColumnToJson(shared.Columns[i], shared.Columns[i].Cells));
     return {{"files", kind.Files},
             {"rows", shared.RowsLookedAt},
             {"separator", TextOf(shared.How.Separator)},
@@ -135,13 +135,11 @@ void ReadColumn(const Json& json, std::uint64_t rows, ReadingPlan& shared) {
     column.Name = Utf8ToUtf16(json.at("name").get<std::string>());
     column.Unit = Utf8ToUtf16(json.at("unit").get<std::string>());
     column.HasAmounts = json.value("amounts", false);
-    plan::CellCounts cells;
     if (!json.at("type").is_null()) {
         column.Type = ValueOf<plan::ColumnType>(TypeWords, json, "type");
-        cells = plan::UsualCells(column, json.value("words", false), rows);
+        column.Cells = plan::UsualCells(column, json.value("words", false), rows);
     }
     shared.Columns.push_back(std::move(column));
-    shared.Cells.push_back(std::move(cells));
 }
 
 TimeRecipe RecipeOf(const Json& json, std::size_t width) {

@@ -115,7 +115,10 @@ void WriteCheckJson(std::ostream& out, const CheckReport& report) {
     document["before1990"] = PlacesToJson(result.Before1990);
     document["time"] = result.Series ? TimeToJson(*result.Series) : Json();
     document["rejects"] = RejectsToJson(report);
-    if (report.Guess != nullptr) document["guess"] = GuessToJson(*report.Guess);
+    if (report.Guess != nullptr) {
+        document["relativeTime"] = result.Format.DateSetting == DateNone;
+        document["guess"] = GuessToJson(*report.Guess);
+    }
     out << document.dump(-1, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 }  // namespace kelvarin::cli

@@ -27,6 +27,36 @@ std::string AllOptions(const plan::Guess& guess, std::size_t most) {
     return settings + (settings.empty() || columns.empty() ? "" : " ") + columns;
 }
 
+// What takes another table.
+std::string OptionFor(const plan::OtherTable& other) {
+    return OptionsText(SettingList{{"FirstLine", std::to_string(other.FirstLine)}});
+}
+
+Json OthersToJson(const std::vector<plan::OtherTable>& others) {
+    Json list = Json::array();
+    for (const plan::OtherTable& other : others) {
+        list.push_back({{"firstLine", other.FirstLine},
+                        {"lastLine", other.LastLine},
+                        {"columns", other.Columns},
+                        {"rows", other.Rows},
+                        {"options", OptionFor(other)}});
+    }
+    return list;
+}
+
+void WriteOthers(ReportStream out, const std::vector<plan::OtherTable>& others) {
+    constexpr std::size_t MostShown = 5;
+    for (std::size_t i = 0; i < std::min(others.size(), MostShown); ++i) {
+        const plan::OtherTable& other = others[i];
+        out << Indent
+            << Phrase("another table: lines {} to {}, columns: {}, rows: {}; to take it: {}", other.FirstLine,
+                      other.LastLine, other.Columns, other.Rows, OptionFor(other))
+            << "\n";
+    }
+    if (others.size() > MostShown)
+        out << Indent << Phrase("... and {} more tables", others.size() - MostShown) << "\n";
+}
+
 Json ColumnsToJson(const std::vector<ColumnChoice>& choices) {
     Json columns = Json::array();
     for (const ColumnChoice& choice : choices) {
@@ -42,6 +72,7 @@ Json ColumnsToJson(const std::vector<ColumnChoice>& choices) {
 
 void WritePlan(ReportStream out, const plan::Guess& guess) {
     WriteAssumptions(out, Phrase("assumed"), guess.Assumed);
+    WriteOthers(out, guess.Others);
     if (guess.IsCopied) {
         out << Indent << Phrase("`kelvarin-import prepare FILE` writes such a copy to keep") << "\n";
         return;
@@ -75,6 +106,7 @@ Json GuessToJson(const plan::Guess& guess) {
                      {"settings", settings},
                      {"columns", ColumnsToJson(guess.Columns)},
                      {"options", AllOptions(guess, guess.Columns.size())},
+                     {"otherTables", OthersToJson(guess.Others)},
                      {"fixedInterval", guess.IsFixedInterval},
                      {"rows", guess.Rows},
                      {"fitting", guess.Read},

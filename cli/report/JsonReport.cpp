@@ -109,15 +109,22 @@ std::string OpenObject(const Json& fields) {
     return text;
 }
 
-void WriteSignal(std::ostream& out, const store::StoredSignal& signal, std::optional<std::size_t> samples) {
+// `column` is null where its place in the file is not told.
+void WriteSignal(std::ostream& out, const store::StoredSignal& signal, const ColumnSummary* column,
+                 std::optional<std::size_t> samples) {
     const store::SignalDescription& about = signal.Description();
-    out << OpenObject({{"name", ToJson(about.Name)},
-                       {"symbol", ToJson(about.Symbol)},
-                       {"unit", ToJson(about.Unit)},
-                       {"type", about.Type},
-                       {"size", about.Size},
-                       {"metadata", about.MetaData},
-                       {"count", signal.Summary().Count}});
+    Json fields = {{"name", ToJson(about.Name)},
+                   {"symbol", ToJson(about.Symbol)},
+                   {"unit", ToJson(about.Unit)},
+                   {"type", about.Type},
+                   {"size", about.Size},
+                   {"metadata", about.MetaData},
+                   {"count", signal.Summary().Count}};
+    if (column != nullptr) {
+        fields["column"] = column->Index + 1;
+        fields["hexadecimal"] = column->Type == CsvTypeHex;
+    }
+    out << OpenObject(fields);
     if (samples) WriteSamples(out, signal, *samples);
     out << "}";
 }
@@ -164,10 +171,16 @@ void WriteImportJson(std::ostream& out, const ImportDocument& document, const Js
     head["device"] = nullptr;
     if (device != nullptr)
         head["device"] = {{"name", ToJson(device->Name)}, {"description", ToJson(device->Description)}};
+    std::vector<ColumnSummary> columns;
+    if (document.Filter != nullptr && device != nullptr) {
+        head["relativeTime"] = ReadingOf(*document.Filter).DateSetting == DateNone;
+        columns = SummarizeColumns(*document.Filter);
+        std::erase_if(columns, [](const ColumnSummary& column) { return !column.IsSignal; });
+    }
     out << OpenObject(head) << ",\"signals\":[";
     for (std::size_t i = 0; device != nullptr && i < device->Signals.size(); ++i) {
         if (i != 0) out << ",";
-        WriteSignal(out, *device->Signals[i], document.Samples);
+        WriteSignal(out, *device->Signals[i], i < columns.size() ? &columns[i] : nullptr, document.Samples);
     }
     out << "]";
     WriteMessages(out, document.Messages);

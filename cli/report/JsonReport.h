@@ -30,6 +30,9 @@ struct ImportDocument {
     std::vector<const MessageList*> Messages;  // one after the other
     std::optional<std::size_t> Samples;        // so many of each signal; none: no key for them
     const plan::Guess* Guess;                  // null for none
+    // That the signals' columns are of; null for a document with the fields alone that it had before anything
+    // was found.
+    const CImportFilter* Filter = nullptr;
 };
 
 // `more` are keys of an object, added to the document.

@@ -108,7 +108,6 @@ void AutomaticReading::Look(const FixedTable& fixed) {
         const bool isFree = !fixed.IsFixed();
         Found = Options.Kinds != nullptr && isFree ? FindPlan(Source, *Options.Kinds, Unlike)
                                                    : FindPlan(Source, fixed);
-        if (Found) Found->Cells = {};  // large in a table of a million columns
     } catch (CFileException* failure) {
         Unread = Utf16ToUtf8(DescribeFileError(*failure));
         failure->Delete();

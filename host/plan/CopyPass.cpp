@@ -101,7 +101,7 @@ bool CopyPass::Take(const CopyLine& line) {
 }
 
 bool CopyPass::TakeRow(const CopyLine& line) {
-    if (IsOfOtherTable(line.Cells->size())) {
+    if (IsOfOtherTable(line.Cells->size()) || Plan.IsOfOther(line.Number)) {
         LeaveOut(Result.Rows.OtherTable, line.Number);
         return true;
     }

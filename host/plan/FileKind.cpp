@@ -17,8 +17,9 @@ std::string Quoted(const std::u16string& text) {
 }
 
 bool ShowsMark(const ReadingPlan& plan) {
-    return std::any_of(plan.Cells.begin(), plan.Cells.end(),
-                       [](const CellCounts& cells) { return cells.Decimal + cells.DecimalAmounts > 0; });
+    return std::any_of(plan.Columns.begin(), plan.Columns.end(), [](const PlannedColumn& column) {
+        return column.Cells.Decimal + column.Cells.DecimalAmounts > 0;
+    });
 }
 
 // True if the recipe reads the cells in any order of day and month.
@@ -144,7 +145,6 @@ FileKind KindFrom(ReadingPlan plan, const std::u16string& name) {
     kind.Plan.Missing.clear();
     kind.Plan.Kin.reset();
     kind.Plan.Columns.resize(plan.Width);
-    kind.Plan.Cells.resize(plan.Width);
     kind.Files = 1;
     return kind;
 }
@@ -190,7 +190,7 @@ void AddFile(FileKind& kind, const ReadingPlan& plan, const std::u16string& name
         kind.OrderFile = name;
     AddEvidence(*shared.Times, *plan.Times);
     for (std::size_t i = 0; i < shared.Width; ++i) {
-        shared.Cells[i].Add(plan.Cells[i]);
+        shared.Columns[i].Cells.Add(plan.Columns[i].Cells);
         if (shared.Columns[i].Unit.empty()) shared.Columns[i].Unit = plan.Columns[i].Unit;
         shared.Columns[i].Type = plan.Columns[i].Type;
         shared.Columns[i].HasAmounts = plan.Columns[i].HasAmounts;
@@ -205,7 +205,7 @@ bool WidenTypes(FileKind& kind, const ReadingPlan& plan, const std::vector<CellC
         PlannedColumn& column = kind.Plan.Columns[i];
         if (column.IsTime || column.Type == plan.Columns[i].Type) continue;
         column.Type = plan.Columns[i].Type;
-        kind.Plan.Cells[i].Add(cells[i]);
+        column.Cells.Add(cells[i]);
         isAny = true;
     }
     return isAny;
@@ -277,7 +277,7 @@ std::vector<std::string> TypeDifferencesOf(const ReadingPlan& plan, const FileKi
     for (std::size_t i = 0; i < std::min(plan.Columns.size(), kind.Plan.Width); ++i) {
         const ColumnType type = plan.Columns[i].Type;
         const ColumnType other = kind.Plan.Columns[i].Type;
-        if (type == other || plan.Columns[i].IsTime || kind.Plan.Cells[i].Filled() == 0) continue;
+        if (type == other || plan.Columns[i].IsTime || kind.Plan.Columns[i].Cells.Filled() == 0) continue;
         all.push_back(
             Phrase("{} holds {}, not {}", ColumnInWords(plan, i), TypesInWords(type), TypesInWords(other)));
     }

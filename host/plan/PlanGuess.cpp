@@ -21,6 +21,7 @@ Guess GuessOf(const AutomaticReading& reading) {
     guess.Settings = guess.IsCopied ? SettingList{} : reading.Settings();
     guess.Letters = reading.Letters();
     guess.Columns = reading.ColumnsToPin();
+    guess.Others = plan.Others;
     guess.Rows = plan.RowsLookedAt;
     guess.Assumed = Assumptions(plan);
     if (reading.HasChosenTimes()) {

@@ -17,6 +17,7 @@ struct Guess {
     std::string Basis;                    // the text of the times among Assumed
     std::vector<std::string> Objections;  // all of Assumed
     std::vector<Assumption> Assumed;    // all that was found; no times if the user has said how they are read
+    std::vector<OtherTable> Others;     // tables of the file that are not read
     std::vector<ColumnChoice> Columns;  // that the settings alone would give otherwise
     std::string Failure;                // why nothing was found; all else is then empty
     bool IsCopied = false;              // a copy is read

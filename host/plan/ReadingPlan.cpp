@@ -41,13 +41,12 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
     std::size_t width = plan.Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());
     plan.Columns.resize(width);
-    plan.Cells.resize(width);
     for (const auto& row : rows.Cells) {
         for (std::size_t i = 0; i < row.size(); ++i)
-            plan.Cells[i].Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
+            plan.Columns[i].Cells.Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
     }
     const auto countsOf = [&plan](std::size_t i) {
-        CellCounts counts = plan.Cells[i];
+        CellCounts counts = plan.Columns[i].Cells;
         if (i < plan.Elsewhere.size()) counts.Add(plan.Elsewhere[i]);
         return counts;
     };
@@ -66,7 +65,6 @@ void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) 
         column.HasAmounts = counts.Amounts > 0;
         column.Type = counts.Type(!column.Unit.empty() || IsCountName(column.Name), hasHexadecimal);
         column.IsTime = plan.Times && Reads(plan.Times->Recipe, i);
-        column.Cells = std::move(counts[i]);
     }
 }
 }  // namespace
@@ -223,6 +221,19 @@ bool IsCountName(std::u16string_view name) {
                        [&](auto part) { return low.find(part) != low.npos; });
 }
 
+bool ReadingPlan::IsOfOther(std::uint64_t line) const {
+    return std::any_of(Others.begin(), Others.end(),
+                       [&](const OtherTable& other) { return other.Columns != Width && other.Holds(line); });
+}
+
+bool ReadingPlan::HaveOthersTimes() const {
+    LineCutter cut(How);
+    return Times && std::any_of(Others.begin(), Others.end(), [&](const OtherTable& other) {
+               const SampleLine& last = Sample.Lines[static_cast<std::size_t>(other.LastLine - 1)];
+               return other.FirstLine > FirstLine && Times->Recipe.TimeOf(cut(last.Text)).has_value();
+           });
+}
+
 bool ReadingPlan::IsDeclaredMissing(std::u16string_view cell) const {
     if (Missing.empty() || cell.empty()) return false;
     const std::optional<NumberLook> look = LookAtNumber(cell);
@@ -260,8 +271,9 @@ std::optional<ReadingPlan> FindPlan(const FileSample& sample, const FixedTable& 
 
 ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const ReadingPlan* like) {
     const Labels labels = FindLabels(sample, table);
-    TableRows rows = RowsOf(sample, table);
     ReadingPlan plan;
+    plan.Others = FindOtherTables(sample, table, labels);
+    TableRows rows = RowsOf(sample, table, plan.Others);
     plan.How = table.How;
     plan.Width = table.Width;
     plan.FirstLine = table.First < sample.Lines.size() ? sample.Lines[table.First].Number
@@ -277,7 +289,7 @@ ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const Read
         plan.Times = FindTimes(rows, labels, clues);
     } else {
         plan.Times = FindTimesLike(*like->Times, rows, labels, clues);
-        plan.Elsewhere = like->Cells;
+        for (const PlannedColumn& column : like->Columns) plan.Elsewhere.push_back(column.Cells);
     }
     const bool isEndLookedAt = sample.IsWhole || sample.Lines.size() > sample.Head;
     plan.EndsInTotal = plan.Times && isEndLookedAt && plan.Times->Trial.EndsAtStart;

@@ -82,16 +82,22 @@ struct ReadingPlan {
     std::uint64_t NamesLine = 0, UnitsLine = 0;  // 0 for none
     char16_t Mark = u'.';                        // the decimal mark
     std::vector<PlannedColumn> Columns;
-    std::vector<CellCounts> Cells;      // of the rows looked at, by column
     std::vector<CellCounts> Elsewhere;  // of other files of the kind, by column; empty if there are none
     std::optional<FoundTimes> Times;
-    FileSample Sample;       // what was looked at
-    TableRows Rows;          // of the sample
-    std::u16string Missing;  // the number that the file declares for missing values; empty for none
+    std::vector<OtherTable> Others;  // of the file
+    FileSample Sample;               // what was looked at
+    TableRows Rows;                  // of the sample
+    std::u16string Missing;          // the number that the file declares for missing values; empty for none
     std::size_t RowsLookedAt = 0;
     bool IsWholeLookedAt = false;  // every line of the file was looked at
     bool EndsInTotal = false;      // the last row has the time of the first: it sums up the others
     std::optional<Kinship> Kin;    // nothing for a file that was looked at alone
+
+    // True for a line, from 1, of another table with another width.
+    bool IsOfOther(std::uint64_t line) const;
+
+    // Rows of another table below have times too, which the module would read on.
+    bool HaveOthersTimes() const;
 
     // True for a cell that holds the number that the file declares for missing values, in any form:
     // "-9999.0".

@@ -255,6 +255,34 @@ std::optional<FoundTable> FindWithin(const FileSample& sample, const FixedTable&
     if (!best) Propose(sample, {u'\0', false, areQuoted}, 1, beginnings, best);
     return best;
 }
+
+// A line of words below a blank one, which is not one of the first lines again.
+bool IsNextHeader(const FileSample& sample, std::size_t first, std::size_t at) {
+    constexpr std::size_t LinesOfAHeader = 4;
+    const std::u16string_view text = TrimWhiteSpace(sample.Lines[at].Text);
+    const bool isBelowGap = TrimWhiteSpace(sample.Lines[at - 1].Text).empty();
+    if (!isBelowGap || text.empty() || std::any_of(text.begin(), text.end(), IsDigit)) return false;
+    const auto begin = sample.Lines.begin() + static_cast<std::ptrdiff_t>(first);
+    return std::none_of(begin, begin + LinesOfAHeader,
+                        [&](const SampleLine& line) { return TrimWhiteSpace(line.Text) == text; });
+}
+
+// The table that begins in the block of lines from `first` on, as if the file ended where another begins.
+std::optional<FoundTable> FindInBlock(const FileSample& sample, const FixedTable& fixed, std::size_t first) {
+    constexpr std::size_t FewestLines = 4;
+    constexpr std::size_t LinesOfAHeader = 24;
+    std::size_t end = std::min(first + FewestLines, sample.Head);
+    while (end < sample.Head && !IsNextHeader(sample, first, end)) ++end;
+    if (end == sample.Head) end = sample.Lines.size();
+    FileSample block;
+    block.Lines.assign(sample.Lines.begin(), sample.Lines.begin() + static_cast<std::ptrdiff_t>(end));
+    std::optional<FoundTable> table = FindWithin(block, fixed, {first, first + LinesOfAHeader});
+    if (!table) return table;
+    LineCutter cut(table->How);
+    for (std::size_t i = end; i < sample.Lines.size(); ++i)
+        table->Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+    return table;
+}
 }  // namespace
 
 bool RowShape::LooksLikeData() const {
@@ -278,9 +306,8 @@ std::optional<FoundTable> FindTable(const FileSample& sample, const FixedTable& 
     const std::uint64_t firstRow = fixed.FirstLine + (fixed.HasNames.value_or(false) ? 1 : 0);
     std::size_t first = 0;
     while (first < sample.Head && sample.Lines[first].Number < firstRow) ++first;
-    constexpr std::size_t LinesOfAHeader = 24;
     std::optional<FoundTable> table;
-    if (fixed.FirstLine != 0) table = FindWithin(sample, fixed, {first, first + LinesOfAHeader});
+    if (fixed.FirstLine != 0) table = FindInBlock(sample, fixed, first);
     if (!table) table = FindWithin(sample, fixed, {first, sample.Lines.size()});
     return table;
 }

@@ -318,7 +318,7 @@ std::optional<SettingList> IntervalSettings(const ReadingPlan& plan) {
 std::optional<TimeSettings> TimeSettingsOf(const CImportFilter& filter, const ReadingPlan& plan,
                                            const std::u16string& path) {
     ITimeReader* const reader = filter.Find<ITimeReader>();
-    if (!plan.Times || plan.Times->Recipe.EndsDays || reader == nullptr ||
+    if (!plan.Times || plan.Times->Recipe.EndsDays || plan.HaveOthersTimes() || reader == nullptr ||
         plan.Times->Trial.Falling != (plan.EndsInTotal ? 1u : 0u))
         return std::nullopt;
     if (plan.Times->Recipe.Kind == TimeKind::Text) return TextSettings(filter, *reader, plan, path);

@@ -11,25 +11,31 @@ std::int64_t MedianOf(std::vector<std::int64_t> steps) {
     std::nth_element(steps.begin(), middle, steps.end());
     return *middle;
 }
+
+bool AreOfOther(const std::vector<OtherTable>& others, std::uint64_t line, std::size_t width) {
+    return std::any_of(others.begin(), others.end(),
+                       [&](const OtherTable& other) { return other.Columns != width && other.Holds(line); });
+}
 }  // namespace
 
-TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
+TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others) {
     TableRows rows;
     rows.Width = table.Width;
     LineCutter cut(table.How);
-    int others = 0;
+    int notes = 0;
     bool isAfterGap = false;
     for (std::size_t i = table.First; i < sample.Lines.size(); ++i) {
         isAfterGap |= sample.Lines[i].IsAfterGap;
+        if (AreOfOther(others, sample.Lines[i].Number, table.Width)) continue;
         const RowShape& shape = table.Shapes[i];
         if (!shape.LooksLikeData() || (shape.Cells < 2 && table.Width > 1)) {
             // What follows so many other lines belongs to another table.
-            constexpr int MostOthers = 5;
-            others += shape.Filled != 0;
-            if (others > MostOthers && !rows.Cells.empty() && i < sample.Head) break;
+            constexpr int MostNotes = 5;
+            notes += shape.Filled != 0;
+            if (notes > MostNotes && !rows.Cells.empty() && i < sample.Head) break;
             continue;
         }
-        others = 0;
+        notes = 0;
         const auto& cells = cut(sample.Lines[i].Text);
         rows.Cells.emplace_back(cells.begin(), cells.end());
         rows.IsAfterGap.push_back(isAfterGap);

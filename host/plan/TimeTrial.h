@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/plan/TableSearch.h"
+#include "host/plan/OtherTables.h"
 #include "host/plan/TimeRecipe.h"
 
 namespace kelvarin::plan {
@@ -17,8 +17,8 @@ struct TableRows {
     std::vector<bool> IsAfterGap;  // rows between it and the one before are not in the sample
 };
 
-// The rows of a found table.
-TableRows RowsOf(const FileSample& sample, const FoundTable& table);
+// The rows of a found table; those of others with another width are not among them.
+TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others);
 
 // The texts of a column, empty cells left out. `column` counts from 0.
 std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column);

@@ -157,6 +157,48 @@ TEST(Automatic, StepsBackBehindWhatTheUserSet) {
         Json::parse(run({"--json", "--set", table, "--set", set, "data.csv"}).Out).contains("guess"));
 }
 
+// The printed option takes the other table, and the first one is then the other.
+TEST(Automatic, ListsTheOtherTablesOfAFile) {
+    const ProgramRun run;
+    std::string file = "t [s];u;v\n";
+    for (int i = 0; i < 20; ++i) file += std::to_string(i) + ";1;2\n";
+    run.Write("data.csv", file + "\nTime [s];Mean\n0;5\n10;6\n20;7\n");
+    const Json first = Json::parse(run({"--json", "data.csv"}).Out);
+    EXPECT_EQ(first["signals"][0]["count"], 20) << first;
+    ASSERT_EQ(first["guess"]["otherTables"].size(), 1u) << first["guess"];
+    EXPECT_EQ(first["guess"]["otherTables"][0].dump(),
+              R"({"firstLine":23,"lastLine":26,"columns":2,"rows":3,"options":"--set FirstLine=23"})");
+    const Json other = Json::parse(run({"--json", "--set", "FirstLine=23", "data.csv"}).Out);
+    EXPECT_EQ(other["signals"][0]["symbol"], "Mean") << other;
+    EXPECT_EQ(other["signals"][0]["count"], 3) << other;
+    EXPECT_EQ(other["guess"]["otherTables"][0]["firstLine"], 1) << other["guess"];
+}
+
+// What reports say in words, in every language, and not what the module alone makes of a file.
+TEST(Automatic, TellsScriptsWhatSignalsAndTimesAre) {
+    struct Case {
+        const char* File;
+        bool IsRelative;
+    };
+    const Case cases[] = {{"t [s];n;h\n0;7;0x1A\n1;8;0xFF\n2;9;0xFE\n3;9;0xFE\n", true},
+                          {"t;n;h\n2024-02-01;7;0x1A\n2024-02-02;8;0xFF\n2024-02-03;9;0xFE\n", false},
+                          {"t;n;h\n2024-02-01T10:00;7;0x1A\n2024-02-02T10:00;8;0xFF\n", false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.File);
+        const ProgramRun run;
+        run.Write("data.csv", c.File);
+        const Json document = Json::parse(run({"--json", "data.csv"}).Out);
+        EXPECT_EQ(document["relativeTime"], c.IsRelative);
+        EXPECT_EQ(Json::parse(run({"check", "--json", "data.csv"}).Out)["relativeTime"], c.IsRelative);
+        std::string signals;
+        for (const Json& signal : document["signals"])
+            signals += signal["column"].dump() + (signal["hexadecimal"] == true ? " hex;" : ";");
+        EXPECT_EQ(signals, "2;3 hex;");
+        const Json alone = Json::parse(run({"--no-guess", "--json", "data.csv"}).Out);
+        EXPECT_FALSE(alone.contains("relativeTime"));
+    }
+}
+
 TEST(Automatic, CountsFrom1970InUtc) {
     const ProgramRun run;
     run.Write("data.csv", "t,v\n1706778000.25,1\n1706778001,2\n1706778002,3\n1706778003,4\n");

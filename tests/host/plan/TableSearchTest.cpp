@@ -126,7 +126,7 @@ TEST(PlanTable, IsFoundUnderWhatIsFixed) {
     const FixedCase cases[] = {
         {two, {}, ";, 3 columns from line 7, 5 rows"},
         // By its first line, that of the names or of the rows.
-        {two, {{}, {}, 1, {}}, ";, 3 columns from line 7, 5 rows"},
+        {two, {{}, {}, 1, {}}, ";, 2 columns from line 2, 3 rows"},
         {two, {{}, {}, 6, {}}, ";, 3 columns from line 7, 5 rows"},
         {two, {{}, {}, 7, true}, ";, 3 columns from line 8, 4 rows"},
         {two, {{}, {}, 8, false}, ";, 3 columns from line 8, 4 rows"},
