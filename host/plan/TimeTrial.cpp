@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "host/plan/QuickCut.h"
+
 namespace kelvarin::plan {
 namespace {
 std::int64_t MedianOf(std::vector<std::int64_t> steps) {
@@ -16,6 +18,7 @@ std::int64_t MedianOf(std::vector<std::int64_t> steps) {
 TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
     TableRows rows;
     rows.Width = table.Width;
+    QuickCut quick(table.How, u'.');
     LineCutter cut(table.How);
     int others = 0;
     bool isAfterGap = false;
@@ -30,7 +33,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
             continue;
         }
         others = 0;
-        const auto& cells = cut(sample.Lines[i].Text);
+        const std::u16string& text = sample.Lines[i].Text;
+        const auto& cells = quick(text) ? quick.Cells() : cut(text);
         rows.Cells.emplace_back(cells.begin(), cells.end());
         rows.IsAfterGap.push_back(isAfterGap);
         isAfterGap = false;
@@ -38,8 +42,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table) {
     return rows;
 }
 
-std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column) {
-    std::vector<std::u16string> texts;
+std::vector<std::u16string_view> TextsOf(const TableRows& rows, std::size_t column) {
+    std::vector<std::u16string_view> texts;
     for (const auto& row : rows.Cells) {
         if (column < row.size() && !row[column].empty()) texts.push_back(row[column]);
     }
