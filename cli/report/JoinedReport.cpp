@@ -68,7 +68,7 @@ void WriteJoinedText(ReportStream out, const std::vector<JoinedFile>& files, con
     out << Styled(Style::Heading, Utf16ToUtf8(document.Device->Name)) << "\n";
     WriteFiles(out, files, isRelative);
     for (const JoinedFile& file : files) WriteBorder(out, file);
-    if (document.Guess != nullptr) WriteAssumptions(out, document.Guess->Assumed);
+    if (document.Guess != nullptr) WriteAssumptions(out, Phrase("assumed"), document.Guess->Assumed);
     WriteSignalsText(out, document.Run, *document.Device, isRelative);
     for (const JoinedFile& file : files) {
         if (!file.Messages.IsEmpty()) out << PrintableName(file.File) << "\n";

@@ -272,10 +272,18 @@ std::uint64_t AutomaticReading::SourceLine(std::uint64_t line) const {
 
 bool AutomaticReading::IsMissing(int column, const char16_t* cell) {
     if (plan::IsMissing(cell)) return true;
+    RefusedIn(column).Add(cell, Found->Mark);
+    return false;
+}
+
+void AutomaticReading::OnMarkedInteger(int column, const char16_t* cell) {
+    RefusedIn(column).Add(TrimWhiteSpace(cell), Found->Mark);
+}
+
+CellCounts& AutomaticReading::RefusedIn(int column) {
     const auto index = static_cast<std::size_t>(column);
     if (Lost.Refused.size() <= index) Lost.Refused.resize(index + 1);
-    Lost.Refused[index].Add(cell, Found->Mark);
-    return false;
+    return Lost.Refused[index];
 }
 
 bool AutomaticReading::IsNoRow(const DroppedRow& row) {
@@ -298,7 +306,7 @@ bool AutomaticReading::AreLossesAvoidable() const {
     for (std::size_t i = 0; i < std::min(Lost.Refused.size(), Found->Columns.size()); ++i) {
         const CellCounts& refused = Lost.Refused[i];
         const ColumnType type = Found->Columns[i].Type;
-        const bool isWider = (type == ColumnType::Integer && refused.Decimal > 0) ||
+        const bool isWider = (type == ColumnType::Integer && refused.Decimal + refused.DecimalAmounts > 0) ||
                              (type == ColumnType::Boolean && refused.Whole + refused.Decimal > 0) ||
                              (type == ColumnType::Character && refused.Text > 0) ||
                              (type == ColumnType::Hexadecimal && refused.Text + refused.Whole > 0);

@@ -111,11 +111,13 @@ class AutomaticReading : private IReadingGuide {
         bool AreRowsOutOfOrder = false;
         bool HasTotal = false;            // a row that sums up the others was left out
         bool AreTimesUnread = false;      // that the plan reads
-        std::vector<CellCounts> Refused;  // by column
+        std::vector<CellCounts> Refused;  // by column; integers with marks among them
     };
 
     bool IsMissing(int column, const char16_t* cell) override;
+    void OnMarkedInteger(int column, const char16_t* cell) override;
     bool IsNoRow(const DroppedRow& row) override;
+    CellCounts& RefusedIn(int column);
     bool AreLossesAvoidable() const;
     void Look(const FixedTable& fixed);
     int NumberOf(

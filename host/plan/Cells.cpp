@@ -89,6 +89,15 @@ bool BeginsUnit(char16_t c) {
     return IsLetter(c) || std::u16string_view(u"%°‰ΩÅ").find(c) != std::u16string_view::npos;
 }
 
+// What NumberEnd finds for almost all numbers, in fewer steps.
+std::optional<NumberLook> LookAtPlainNumber(std::u16string_view cell) {
+    for (const char16_t mark : {u'.', u','}) {
+        const PlainNumber plain = plan::LookAtPlainNumber(cell, mark);
+        if (plain.Digits != 0) return NumberLook{plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits};
+    }
+    return std::nullopt;
+}
+
 bool LooksLikeTime(std::u16string_view cell) {
     const auto digits = std::count_if(cell.begin(), cell.end(), IsDigit);
     if (digits < 3 || digits * 4 < static_cast<std::ptrdiff_t>(cell.size())) return false;
@@ -184,13 +193,6 @@ TruthWord TruthOf(std::u16string_view cell) {
     return IsOneOf(cell, std::begin(Unclear), std::end(Unclear)) ? TruthWord::Unclear : TruthWord::None;
 }
 
-std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
-    NumberLook look;
-    const std::size_t end = NumberEnd(cell, look);
-    if (end == 0 || end != cell.size()) return std::nullopt;
-    return look;
-}
-
 PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
     const std::size_t begin = !cell.empty() && (cell[0] == u'-' || cell[0] == u'+') ? 1 : 0;
     std::size_t at = begin;
@@ -203,6 +205,14 @@ PlainNumber LookAtPlainNumber(std::u16string_view cell, char16_t mark) {
         if (!IsDigit(cell[at])) return {};
     }
     return {digits, true};
+}
+
+std::optional<NumberLook> LookAtNumber(std::u16string_view cell) {
+    if (const std::optional<NumberLook> plain = LookAtPlainNumber(cell)) return plain;
+    NumberLook look;
+    const std::size_t end = NumberEnd(cell, look);
+    if (end == 0 || end != cell.size()) return std::nullopt;
+    return look;
 }
 
 CellFacts FactsOf(std::u16string_view cell) {
@@ -244,6 +254,7 @@ double ValueOf(std::u16string_view number, const NumberLook& look) {
 
 CellKind KindOf(std::u16string_view cell) {
     cell = WithoutBrackets(cell);
+    if (LookAtPlainNumber(cell)) return CellKind::Number;
     if (IsMissing(cell)) return CellKind::Empty;
     NumberLook look;
     const std::size_t end = NumberEnd(cell, look);

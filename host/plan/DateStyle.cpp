@@ -10,7 +10,7 @@
 
 namespace kelvarin::plan {
 namespace {
-using TextList = std::vector<std::u16string>;
+using TextList = std::vector<std::u16string_view>;
 
 struct TriedStyle {
     TimeStyle Style;
@@ -23,7 +23,7 @@ using WrittenTimes = std::array<std::optional<std::int64_t>, 3>;
 
 std::vector<WrittenTimes> TimesOf(const TextList& texts, int year) {
     std::vector<WrittenTimes> all;
-    for (const std::u16string& text : texts) {
+    for (const std::u16string_view text : texts) {
         const auto times = ParseInEachOrder(text, year);
         WrittenTimes written;
         for (std::size_t order = 0; order < times.size(); ++order) {
@@ -74,7 +74,7 @@ void DropRepeated(std::vector<TriedStyle>& tried, const std::vector<WrittenTimes
 
 // Numbers of one digit between strokes, or a clock of twelve hours after them.
 bool AreAmerican(const TextList& texts) {
-    return std::any_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+    return std::any_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
         const bool isUnpadded = text.size() > 4 && (text[1] == u'/' || (text[2] == u'/' && text[4] == u'/'));
         return isUnpadded ||
                (text.find(u'/') != text.npos && (text.ends_with(u"AM") || text.ends_with(u"PM")));
@@ -83,16 +83,16 @@ bool AreAmerican(const TextList& texts) {
 
 // Two points before any colon: "04.05.2023 10:00".
 bool AreDotted(const TextList& texts) {
-    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
-        const std::u16string_view date = std::u16string_view(text).substr(0, text.find(u':'));
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
+        const std::u16string_view date = text.substr(0, text.find(u':'));
         return std::count(date.begin(), date.end(), u'.') == 2;
     });
 }
 
 // Six digits without marks: "230905 235207".
 bool AreBareDigits(const TextList& texts) {
-    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
-        const std::u16string_view date = std::u16string_view(text).substr(0, text.find(u' '));
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
+        const std::u16string_view date = text.substr(0, text.find(u' '));
         return date.size() == 6 && std::all_of(date.begin(), date.end(), IsDigit);
     });
 }
@@ -148,8 +148,9 @@ DateStyle SteadiestOf(std::vector<TriedStyle> tried, const TableRows& rows,
 }
 }  // namespace
 
-std::optional<DateStyle> FindDateStyle(const TextList& texts, const TextList& names, const TableRows& rows,
-                                       const std::vector<std::size_t>& columns, int year) {
+std::optional<DateStyle> FindDateStyle(const TextList& texts, const std::vector<std::u16string>& names,
+                                       const TableRows& rows, const std::vector<std::size_t>& columns,
+                                       int year) {
     // The year is needed only where the texts are no times without it.
     const bool needsYear = std::none_of(
         texts.begin(), texts.end(), [](const auto& text) { return ParseInAnyOrder(text, 0).has_value(); });

@@ -27,7 +27,7 @@ struct DateStyle {
 // The style of texts that hold a date and may hold a clock. `names` are those of the column; `columns`, from
 // 0, are those that make up a text, for trials with the rows; `year` is that of dates without one, or 0.
 // Nothing if no text is a time in any order.
-std::optional<DateStyle> FindDateStyle(const std::vector<std::u16string>& texts,
+std::optional<DateStyle> FindDateStyle(const std::vector<std::u16string_view>& texts,
                                        const std::vector<std::u16string>& names, const TableRows& rows,
                                        const std::vector<std::size_t>& columns, int year);
 }  // namespace kelvarin::plan

@@ -50,10 +50,10 @@ std::optional<ClockSeconds> SecondsIn(std::u16string_view text) {
 std::optional<std::int64_t> MinuteMemo::SecondsOf(std::u16string_view text) const {
     const std::size_t fraction = Place.Begin + 2;
     if (text.size() != Text.size()) return std::nullopt;
-    const auto isKnown = [&](std::size_t begin, std::size_t end) {
-        return std::equal(text.begin() + begin, text.begin() + end, Text.begin() + begin);
-    };
-    if (!isKnown(0, Place.Begin) || !isKnown(Place.End, text.size())) return std::nullopt;
+    const char16_t* const known = Text.data();
+    const char16_t* const next = text.data();
+    if (!std::equal(known, known + Place.Begin, next)) return std::nullopt;
+    if (!std::equal(known + Place.End, known + Text.size(), next + Place.End)) return std::nullopt;
     if (fraction < Place.End && text[fraction] != Text[fraction]) return std::nullopt;
     std::int64_t number = 0;
     for (std::size_t at = Place.Begin; at < Place.End; ++at) {

@@ -40,7 +40,7 @@ void TimeCandidates::AddNumbers() {
         column.Recipe.Kind = TimeKind::Number;
         column.Recipe.Columns = {i};
         std::size_t numbers = 0;
-        for (const std::u16string& text : Texts[i]) {
+        for (const std::u16string_view text : Texts[i]) {
             const std::u16string_view bare = WithoutBrackets(text);
             const std::optional<NumberLook> look = LookAtNumber(bare);
             if (!look || look->Thousands != u'\0') continue;

@@ -18,9 +18,12 @@ char16_t MarkOf(const Cut& how, const TableRows& rows, char16_t usual) {
     std::size_t points = 0;
     for (const auto& row : rows.Cells) {
         for (const std::u16string& cell : row) {
-            const std::optional<Amount> amount = AmountIn(cell);
-            const std::u16string_view number = amount ? amount->Number : cell;
-            const std::optional<NumberLook> look = LookAtNumber(number);
+            std::u16string_view number = cell;
+            std::optional<NumberLook> look = LookAtNumber(cell);
+            if (const auto amount = look ? std::nullopt : AmountPartsIn(cell)) {
+                number = amount->Number;
+                look = LookAtNumber(number);
+            }
             if (!look || look->Mark == u'\0') continue;
             const bool isDoubtful = look->Thousands == u'\0' && number.size() - number.find(look->Mark) == 4;
             (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : Sure;

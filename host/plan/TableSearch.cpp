@@ -4,6 +4,7 @@
 #include <set>
 
 #include "host/plan/KindWords.h"
+#include "host/plan/QuickCut.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
@@ -14,16 +15,28 @@ bool IsValue(CellKind kind) {
     return kind != CellKind::Empty && kind != CellKind::Word;
 }
 
-RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells) {
+// A piece that holds several cells, cut by the wrong separator. One comma may be decimal.
+bool HoldsSeveral(std::u16string_view piece) {
+    return piece.find_first_of(u";\t") != piece.npos || std::count(piece.begin(), piece.end(), u',') > 1;
+}
+
+// As KindOf, without a look at a cell that QuickCut has seen.
+CellKind KindOf(CellLook look, std::u16string_view cell) {
+    if (look == CellLook::Other) return plan::KindOf(cell);
+    return look == CellLook::Empty ? CellKind::Empty : CellKind::Number;
+}
+
+// `looks` are those of the cells, or none.
+RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells,
+                 const std::vector<CellLook>& looks) {
     RowShape shape;
     shape.Line = line;
     shape.Cells = cells.size();
-    for (std::size_t i = 0; i < std::min(cells.size(), MostColumns); ++i) {
-        CellKind kind = KindOf(cells[i]);
-        // A piece that holds several cells, cut by the wrong separator. One comma may be decimal.
-        const bool isSeveral = cells[i].find_first_of(u";\t") != cells[i].npos ||
-                               std::count(cells[i].begin(), cells[i].end(), u',') > 1;
-        if (isSeveral && kind != CellKind::Number) kind = CellKind::Word;
+    const std::size_t count = std::min(cells.size(), MostColumns);
+    shape.Kinds.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        CellKind kind = KindOf(looks.empty() ? CellLook::Other : looks[i], cells[i]);
+        if (kind != CellKind::Number && HoldsSeveral(cells[i])) kind = CellKind::Word;
         shape.Kinds.push_back(kind);
         shape.Filled += kind != CellKind::Empty;
         shape.Numbers += kind == CellKind::Number;
@@ -168,15 +181,17 @@ struct Beginnings {
 void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, const Beginnings& beginnings,
              std::optional<FoundTable>& best) {
     const auto holdsSeparator = [&](const SampleLine& line) {
-        return line.Text.find(how.Separator) != line.Text.npos;
+        return std::find(line.Text.begin(), line.Text.end(), how.Separator) != line.Text.end();
     };
     if (fewestCells > 1 && std::none_of(sample.Lines.begin(), sample.Lines.end(), holdsSeparator)) return;
+    QuickCut quick(how, u'.');
     LineCutter cut(how);
     std::vector<RowShape> shapes;
     std::set<std::size_t> widths;
     shapes.resize(beginnings.First);
     for (std::size_t i = beginnings.First; i < sample.Lines.size(); ++i) {
-        shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+        const std::u16string& text = sample.Lines[i].Text;
+        shapes.push_back(quick(text) ? ShapeOf(i, quick.Cells(), quick.Looks()) : ShapeOf(i, cut(text), {}));
         if (shapes.back().Cells >= fewestCells && shapes.back().LooksLikeData())
             widths.insert(shapes.back().Cells);
     }
@@ -203,7 +218,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
         mine = std::move(table);
     }
     if (!mine || (best && mine->Score <= best->Score)) return;
-    for (std::size_t i = 0; i < beginnings.First; ++i) shapes[i] = ShapeOf(i, cut(sample.Lines[i].Text));
+    for (std::size_t i = 0; i < beginnings.First; ++i) shapes[i] = ShapeOf(i, cut(sample.Lines[i].Text), {});
     mine->Shapes = std::move(shapes);
     best = std::move(mine);
 }
@@ -280,7 +295,7 @@ std::optional<FoundTable> FindInBlock(const FileSample& sample, const FixedTable
     if (!table) return table;
     LineCutter cut(table->How);
     for (std::size_t i = end; i < sample.Lines.size(); ++i)
-        table->Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+        table->Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text), {}));
     return table;
 }
 }  // namespace
@@ -296,7 +311,7 @@ FoundTable CutTable(const FileSample& sample, const Cut& how, std::size_t width)
     table.Width = width;
     LineCutter cut(how);
     for (std::size_t i = 0; i < sample.Lines.size(); ++i)
-        table.Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text)));
+        table.Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text), {}));
     table.HoldsValues = ValueColumns(table.Shapes, width);
     return table;
 }

@@ -8,9 +8,9 @@
 
 namespace kelvarin::plan {
 namespace {
-ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
+ColumnLook LookAt(const std::vector<std::u16string_view>& texts, int year) {
     ColumnLook look;
-    for (const std::u16string& text : texts) {
+    for (const std::u16string_view text : texts) {
         ++look.Filled;
         if (const std::optional<NumberLook> number = LookAtNumber(text)) {
             ++look.Numbers;
@@ -29,16 +29,16 @@ ColumnLook LookAt(const std::vector<std::u16string>& texts, int year) {
 }
 
 // No hour is beyond 24, so that the clock may run over midnight.
-bool IsClockOfDay(const std::vector<std::u16string>& texts) {
-    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+bool IsClockOfDay(const std::vector<std::u16string_view>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
         const std::optional<ParsedTime> time = ParseTime(text, {});
         return !time || (!time->IsSpan && time->Clock <= DayLength);
     });
 }
 
 // "12:30".
-bool AreShort(const std::vector<std::u16string>& texts) {
-    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+bool AreShort(const std::vector<std::u16string_view>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
         return text.size() <= 5 && std::count(text.begin(), text.end(), u':') == 1;
     });
 }
@@ -53,14 +53,14 @@ std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, s
 }
 
 // "235207", as a clock without colons is written.
-bool AreSixDigits(const std::vector<std::u16string>& texts) {
-    return std::all_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+bool AreSixDigits(const std::vector<std::u16string_view>& texts) {
+    return std::all_of(texts.begin(), texts.end(), [](const std::u16string_view text) {
         return text.size() == 6 && std::all_of(text.begin(), text.end(), IsDigit);
     });
 }
 
 bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
-    const auto count = std::count_if(texts.begin(), texts.end(), [&](const std::u16string& text) {
+    const auto count = std::count_if(texts.begin(), texts.end(), [&](const std::u16string_view text) {
         const std::optional<ParsedTime> time = ParseTime(text, style);
         return time && time->HasDate && time->HasClock;
     });
@@ -162,8 +162,9 @@ void TimeCandidates::AddMilliseconds(std::size_t date, std::size_t clock, const 
 
 // "230905,235207": the texts are a date and a clock only together.
 void TimeCandidates::AddJointDigits(std::size_t column) {
-    const auto style = FindDateStyle(JointTexts(Rows, column, column + 1), LabelOf(column).All, Rows,
-                                     {column, column + 1}, 0);
+    const std::vector<std::u16string> texts = JointTexts(Rows, column, column + 1);
+    const auto style =
+        FindDateStyle({texts.begin(), texts.end()}, LabelOf(column).All, Rows, {column, column + 1}, 0);
     if (!style) return;
     TimeRecipe recipe;
     recipe.Columns = {column, column + 1};

@@ -37,7 +37,7 @@ const Label& TimeCandidates::LabelOf(std::size_t column) const {
 NumberBounds TimeCandidates::BoundsOf(std::size_t column) const {
     if (column >= Width || Texts[column].empty()) return {};
     NumberBounds bounds;
-    for (const std::u16string& text : Texts[column]) {
+    for (const std::u16string_view text : Texts[column]) {
         const std::optional<NumberLook> look = LookAtNumber(text);
         if (!look || look->Mark != u'\0' || look->HasExponent || look->Digits > 6) return {};
         const auto value = static_cast<std::int64_t>(ValueOf(text, *look));

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/plan/TimeSearch.h"
@@ -77,9 +77,9 @@ class TimeCandidates {
     const TableRows& Rows;
     const Labels& Names;
     const PreambleClues& Clues;
-    std::size_t Width = 0;                           // columns looked at
-    std::vector<std::vector<std::u16string>> Texts;  // by column
-    std::vector<ColumnLook> Looks;                   // by column, after AddTexts
+    std::size_t Width = 0;                                // columns looked at
+    std::vector<std::vector<std::u16string_view>> Texts;  // by column
+    std::vector<ColumnLook> Looks;                        // by column, after AddTexts
     std::vector<FoundTimes> All;
 };
 }  // namespace kelvarin::plan

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "host/plan/QuickCut.h"
+
 namespace kelvarin::plan {
 namespace {
 std::int64_t MedianOf(std::vector<std::int64_t> steps) {
@@ -21,6 +23,7 @@ bool AreOfOther(const std::vector<OtherTable>& others, std::uint64_t line, std::
 TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others) {
     TableRows rows;
     rows.Width = table.Width;
+    QuickCut quick(table.How, u'.');
     LineCutter cut(table.How);
     int notes = 0;
     bool isAfterGap = false;
@@ -36,7 +39,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
             continue;
         }
         notes = 0;
-        const auto& cells = cut(sample.Lines[i].Text);
+        const std::u16string& text = sample.Lines[i].Text;
+        const auto& cells = quick(text) ? quick.Cells() : cut(text);
         rows.Cells.emplace_back(cells.begin(), cells.end());
         rows.IsAfterGap.push_back(isAfterGap);
         isAfterGap = false;
@@ -44,8 +48,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
     return rows;
 }
 
-std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column) {
-    std::vector<std::u16string> texts;
+std::vector<std::u16string_view> TextsOf(const TableRows& rows, std::size_t column) {
+    std::vector<std::u16string_view> texts;
     for (const auto& row : rows.Cells) {
         if (column < row.size() && !row[column].empty()) texts.push_back(row[column]);
     }

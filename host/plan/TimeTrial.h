@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/plan/OtherTables.h"
@@ -20,8 +21,8 @@ struct TableRows {
 // The rows of a found table; those of others with another width are not among them.
 TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others);
 
-// The texts of a column, empty cells left out. `column` counts from 0.
-std::vector<std::u16string> TextsOf(const TableRows& rows, std::size_t column);
+// The texts of a column, empty cells left out, as long as the rows live. `column` counts from 0.
+std::vector<std::u16string_view> TextsOf(const TableRows& rows, std::size_t column);
 
 struct TimeTrial {
     std::size_t Read = 0;              // rows with a time

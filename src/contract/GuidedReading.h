@@ -27,6 +27,10 @@ class IReadingGuide {
     // message says so. `cell` is the text as the parser left it, `column` counts from 0.
     virtual bool IsMissing(int column, const char16_t* cell) = 0;
 
+    // A cell of a column of integers that holds more than digits and a sign. The parser takes marks out of
+    // it: what "1.5" comes to is 15.
+    virtual void OnMarkedInteger(int column, const char16_t* cell) = 0;
+
     // True for a line that is known to be no row, such as the header once more: nothing is said of it.
     virtual bool IsNoRow(const DroppedRow& row) = 0;
 

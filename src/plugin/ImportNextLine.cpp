@@ -109,7 +109,7 @@ void CCsvImportFilter::CollectSampleColumns() {
         DM::SignalProxy* const signal = Signals[static_cast<std::size_t>(i)];
         if (!info.ImportColumn || Settings.IsTimestampColumn(i) || signal == nullptr) continue;
         if (type < CsvTypeBoolean || type > CsvTypeString) continue;
-        SampleColumns.push_back({i, type, false, &info, signal});
+        SampleColumns.push_back({i, type, false, &info, signal, Guide});
     }
 }
 

@@ -39,10 +39,16 @@ bool AddWithUnit(SampleColumn& column, bool accepted, const Value& value, std::i
     return accepted;
 }
 
+void TellGuide(const SampleColumn& column, bool isPlain, const char16_t* cell) {
+    if (!isPlain && column.Guide != nullptr && *cell != u'\0')
+        column.Guide->OnMarkedInteger(column.Index, cell);
+}
+
 bool WriteInteger(SampleColumn& column, char16_t* cell, std::int64_t time) {
     std::int64_t value = 0;
     const char16_t* end = nullptr;
     const bool isPlain = ScanInteger(cell, value, &end) && *end == u'\0';
+    TellGuide(column, isPlain, cell);
     return Add(column, isPlain || ParseInteger(cell, value, true, 10, nullptr), value, time);
 }
 
@@ -51,6 +57,7 @@ bool WriteIntegerWithUnit(SampleColumn& column, char16_t* cell, std::int64_t tim
     const char16_t* end = nullptr;
     std::u16string& unit = column.Info->Unit;
     const bool isPlain = ScanInteger(cell, value, &end) && IsUnit(end, unit);
+    TellGuide(column, isPlain, cell);
     return AddWithUnit(column, isPlain || ParseInteger(cell, value, true, 10, &unit), value, time);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "contract/DataStore.h"
+#include "contract/GuidedReading.h"
 #include "settings/CellList.h"
 #include "settings/CsvColumnInfo.h"
 
@@ -16,6 +17,7 @@ struct SampleColumn {
     bool UnitSettled;   // the signal has its unit, or never gets one
     CCsvColumnInfo* Info;
     DM::SignalProxy* Signal;
+    IReadingGuide* Guide = nullptr;  // hears of integers with marks; null for nobody
 };
 
 // Called for a cell that is not of its column's type, as its parser left it; not for one that is empty by

@@ -133,6 +133,23 @@ TEST(Automatic, IsRightToTheNanosecond) {
     }
 }
 
+// What the rows that are looked at don't show: a decimal late in a column of whole numbers, of which the
+// module would take the mark out.
+TEST(Automatic, TakesLateDecimalsForWhatTheyAre) {
+    for (const char* const late : {"1.5", "1e-3", "-0.25"}) {
+        SCOPED_TRACE(late);
+        const ProgramRun run;
+        std::string file = "time [s],v\n";
+        for (int i = 0; i < 30'000; ++i)
+            file += std::to_string(i) + "," + (i == 7776 ? late : std::to_string(i % 97)) + "\n";
+        run.Write("data.csv", file);
+        const Json document = Json::parse(run({"--json", "--samples", "all", "data.csv"}).Out);
+        const Json& signal = document["signals"][0];
+        ASSERT_EQ(signal["count"], 30'000);
+        EXPECT_EQ(signal["samples"][7776][1].get<double>(), std::stod(late));
+    }
+}
+
 // What is chosen stays, and the rest is found: the table and the columns, but no other times.
 TEST(Automatic, StepsBackBehindWhatTheUserSet) {
     const ProgramRun run;
