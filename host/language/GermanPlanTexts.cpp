@@ -90,6 +90,7 @@ constexpr Translation Texts[] = {
     {"times shifted so that the first is 0", "Zeiten so verschoben, dass die erste 0 ist"},
     {"headers left out: {}", "weggelassene Kopfzeilen: {}"},
     {"lines without a time left out: {}", "weggelassene Zeilen ohne Zeit: {}"},
+    {"rows of other tables left out: {}", "weggelassene Zeilen anderer Tabellen: {}"},
     {"values rewritten: {}", "umgeschriebene Werte: {}"},
     {"a last row that sums up the others left out: {}",
      "weggelassene letzte Zeile mit der Summe der anderen: {}"},

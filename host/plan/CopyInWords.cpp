@@ -20,6 +20,8 @@ std::string CopyInWords(const CopyResult& copy) {
     if (copy.Rows.Headers.Count != 0) add(Phrase("headers left out: {}", LinesInWords(copy.Rows.Headers)));
     if (copy.Rows.Timeless.Count != 0)
         add(Phrase("lines without a time left out: {}", LinesInWords(copy.Rows.Timeless)));
+    if (copy.Rows.OtherTable.Count != 0)
+        add(Phrase("rows of other tables left out: {}", LinesInWords(copy.Rows.OtherTable)));
     if (copy.Rows.Totals.Count != 0)
         add(Phrase("a last row that sums up the others left out: {}", LinesInWords(copy.Rows.Totals)));
     if (copy.Changes.Values != 0) add(Phrase("values rewritten: {}", copy.Changes.Values));

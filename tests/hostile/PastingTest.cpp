@@ -148,14 +148,43 @@ TEST(HostilePasting, OfAdviceRunsNoCommandOfAFile) {
         const std::vector<std::string> table = {"AutoFormat=0", "Separator=4", "OtherSeparator=" + word};
         std::vector<std::string> timed = {"DateSetting=0", "TimestampFormat=TT.MM.JJJJ" + word + "hh:mm"};
         timed.insert(timed.end(), table.begin(), table.end());
-        count += PasteAdvice(
-            run, {With({"check", "--rejects", "rejects.csv"}, timed), With({"check"}, table),
-                  With({"import"}, table), With({"import", "--guess-time"}, table), With({"explain"}, table),
-                  With({"import"}, {}), With({"import", "--guess-time"}, {}), With({"check"}, {}),
-                  With({"explain"}, {}), With({"import"}, {"AutoFormat=0", "FirstLine=500"}),
-                  With({"check"}, {"AutoFormat=0", "FirstLine=500"})});
+        count += PasteAdvice(run, {With({"check", "--rejects", "rejects.csv"}, timed),
+                                   With({"check"}, table),
+                                   With({"import"}, table),
+                                   With({"import", "--guess-time"}, table),
+                                   With({"explain"}, table),
+                                   With({"import"}, {}),
+                                   With({"import", "--guess-time"}, {}),
+                                   With({"check"}, {}),
+                                   With({"explain"}, {}),
+                                   With({"import"}, {"AutoFormat=0", "FirstLine=500"}),
+                                   With({"check"}, {"AutoFormat=0", "FirstLine=500"}),
+                                   With({"import", "--no-guess"}, {}),
+                                   With({"import", "--no-guess"}, table),
+                                   With({"check", "--no-guess"}, {}),
+                                   With({"check", "--no-guess"}, table),
+                                   With({"explain", "--no-guess"}, {}),
+                                   With({"explain", "--no-guess"}, table),
+                                   With({"import"}, {"Separator=4", table[2]}),
+                                   With({"import"}, {"DateSetting=2", "TimestampFormat=[s]"}),
+                                   With({"check"}, {"DateSetting=2", "TimestampFormat=[s]"}),
+                                   With({"import"}, {"FirstLine=2"})});
     }
     EXPECT_GT(count, 10u) << "that much advice is given";
+}
+
+// Names above a line of units are among the options.
+TEST(HostilePasting, OfNamesRunsNoCommandOfAFile) {
+    for (const std::string word : {"';touch PWNED;'", "$(touch PWNED)", ">PWNED", "-rf",
+                                   "\x1B';touch PWNED;'", "\xE2\x80\xAE&touch PWNED"}) {
+        SCOPED_TRACE(MakeVisible(word));
+        const ProgramRun run;
+        run.Write("a.csv", "t\t" + word + "\ns\tV\n0\t1\n1\t2\n2\t3\n3\t4\n");
+        EXPECT_NE(run({"analyze", "a.csv"}).Out.find(" --name "), std::string::npos);
+        EXPECT_GT(PasteAdvice(run, {With({"analyze"}, {}), With({"check"}, {}), With({"explain"}, {}),
+                                    With({"explain", "--no-guess"}, {})}),
+                  1u);
+    }
 }
 
 }  // namespace
