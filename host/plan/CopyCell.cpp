@@ -33,7 +33,9 @@ bool AppendNumber(std::u16string_view number, const NumberLook& look, char16_t m
         decimal = u'\0';
     }
     for (const char16_t c : number) {
-        if (c != thousands || thousands == u'\0') out += c == decimal ? '.' : static_cast<char>(c);
+        if (c == u' ' || (c == thousands && thousands != u'\0')) continue;
+        const char16_t written = c == decimal ? u'.' : c == u'D' || c == u'd' ? u'E' : c;
+        out += static_cast<char>(written);
     }
     return true;
 }
