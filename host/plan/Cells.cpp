@@ -29,10 +29,13 @@ bool IsHex(std::u16string_view cell) {
                        [](char16_t c) { return IsHexDigit(c); });
 }
 
-// Where the exponent that begins at `at` ends; `at` if there is none.
+// Where the exponent that begins at `at` ends; `at` if there is none. A "D" needs a sign: "4D2" is
+// hexadecimal.
 std::size_t ExponentEnd(std::u16string_view cell, std::size_t at) {
-    if (at == cell.size() || (cell[at] | 32) != u'e') return at;
+    if (at == cell.size()) return at;
     std::size_t begin = at + 1;
+    const bool isSigned = begin < cell.size() && (cell[begin] == u'+' || cell[begin] == u'-');
+    if ((cell[at] | 32) != u'e' && !((cell[at] | 32) == u'd' && isSigned)) return at;
     if (begin < cell.size() && (cell[begin] == u'+' || cell[begin] == u'-')) ++begin;
     std::size_t end = begin;
     while (end < cell.size() && IsDigit(cell[end])) ++end;
@@ -44,6 +47,7 @@ std::size_t ExponentEnd(std::u16string_view cell, std::size_t at) {
 std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     std::size_t at = 0;
     if (at < cell.size() && (cell[at] == u'+' || cell[at] == u'-')) ++at;
+    while (at != 0 && at < cell.size() && cell[at] == u' ') ++at;
     std::size_t digits = 0;
     std::size_t group = 0;  // digits since the last mark
     std::size_t marks = 0;
@@ -96,6 +100,13 @@ std::optional<NumberLook> LookAtPlainNumber(std::u16string_view cell) {
         if (plain.Digits != 0) return NumberLook{plain.HasMark ? mark : u'\0', u'\0', false, plain.Digits};
     }
     return std::nullopt;
+}
+
+// "V", "V DC".
+bool IsOneUnit(std::u16string_view text) {
+    if (text.empty() || text.size() > LongestUnit || !BeginsUnit(text[0])) return false;
+    const std::size_t blank = text.find(u' ');
+    return blank == text.npos || IsListed(u"DC AC RMS", text.substr(blank + 1));
 }
 
 bool LooksLikeTime(std::u16string_view cell) {
@@ -171,14 +182,18 @@ const std::vector<std::u16string_view>& LineCutter::operator()(std::u16string_vi
 bool IsMissing(std::u16string_view cell) {
     constexpr std::size_t LongestMarker = 8;
     if (cell.empty()) return true;
+    // A field that its number does not fit, or that is beyond a range.
+    const bool isFilled = cell.size() > 1 && (cell[0] == u'*' || cell[0] == u'>' || cell[0] == u'<') &&
+                          cell.find_first_not_of(cell[0]) == cell.npos;
+    if (isFilled) return true;
     if (cell.size() > LongestMarker) return false;
     if (IsDigit(cell.front())) return EqualsIgnoreCase(cell, u"1.#qnan");
     constexpr std::u16string_view Beginnings = u"-.#?*nNoOmMiI";
     if (Beginnings.find(cell.front()) == Beginnings.npos) return false;
     constexpr std::u16string_view Markers[] = {
-        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none", u"nil",  u"-",  u"--",
-        u"---", u"----",    u"?",    u"*",       u"***",     u"over", u"ovld", u"ol", u"overflow",
-        u"#nv", u"#div/0!", u"-nan", u"missing", u"no data", u"inf",  u"-inf", u"."};
+        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none",   u"nil",  u"-",    u"--",
+        u"---", u"----",    u"?",    u"*",       u"***",     u"over",   u"ovld", u"ol",   u"overflow",
+        u"#nv", u"#div/0!", u"-nan", u"missing", u"no data", u"nodata", u"inf",  u"-inf", u"."};
     return IsOneOf(cell, std::begin(Markers), std::end(Markers));
 }
 
@@ -231,8 +246,7 @@ std::optional<AmountParts> AmountPartsIn(std::u16string_view cell) {
     while (at < cell.size() && (IsDigit(cell[at]) || cell[at] == u'.' || cell[at] == u',')) ++at;
     if (at == begin || at == cell.size()) return std::nullopt;
     const std::u16string_view unit = TrimWhiteSpace(cell.substr(at));
-    if (unit.empty() || unit.size() > LongestUnit || unit.find(u' ') != unit.npos) return std::nullopt;
-    if (!BeginsUnit(unit[0])) return std::nullopt;
+    if (!IsOneUnit(unit)) return std::nullopt;
     return AmountParts{sign, cell.substr(begin, at - begin), unit};
 }
 
@@ -248,25 +262,28 @@ std::optional<Amount> AmountIn(std::u16string_view cell) {
 double ValueOf(std::u16string_view number, const NumberLook& look) {
     std::u16string text(number);
     if (look.Thousands != u'\0') std::erase(text, look.Thousands);
+    std::erase(text, u' ');
+    std::replace_if(
+        text.begin(), text.end(), [](char16_t c) { return c == u'D' || c == u'd'; }, u'E');
     const char16_t* end = nullptr;
     return ParseDouble(text.c_str(), look.Mark == u'\0' ? u'.' : look.Mark, &end);
 }
 
-CellKind KindOf(std::u16string_view cell) {
-    cell = WithoutBrackets(cell);
+CellKind KindOf(std::u16string_view given) {
+    const std::u16string_view cell = WithoutBrackets(given);
     if (LookAtPlainNumber(cell)) return CellKind::Number;
     if (IsMissing(cell)) return CellKind::Empty;
     NumberLook look;
     const std::size_t end = NumberEnd(cell, look);
     if (end == cell.size()) return CellKind::Number;
-    if (IsHex(cell)) return CellKind::Hex;
+    // "[dB]" is a unit.
+    if (IsHex(cell)) return given.starts_with(u'[') ? CellKind::Word : CellKind::Hex;
     if (LooksLikeTime(cell)) return CellKind::Time;
     if (IsTruth(cell)) return CellKind::Truth;
     if (end != 0) {
         // A value and its unit; more words are a text that begins with a number.
         const std::u16string_view rest = TrimWhiteSpace(cell.substr(end));
-        if (rest.size() <= LongestUnit && rest.find(u' ') == rest.npos && BeginsUnit(rest[0]))
-            return CellKind::Amount;
+        if (IsOneUnit(rest)) return CellKind::Amount;
     }
     return CellKind::Word;
 }

@@ -20,7 +20,115 @@ struct LabelLine {
     std::size_t Different = 0;  // texts
     std::size_t Units = 0;      // cells that are units
     int Gaps = 0;               // of blank lines between it and the table
+    bool IsProse = false;       // a sentence or a setting
 };
+
+// Pieces of a line between runs of two blanks or more.
+std::vector<std::u16string_view> GroupsOf(std::u16string_view line) {
+    std::vector<std::u16string_view> groups;
+    for (std::size_t at = line.find_first_not_of(u' '); at < line.size();) {
+        const std::size_t end = std::min(line.find(u"  ", at), line.size());
+        groups.push_back(TrimWhiteSpace(line.substr(at, end - at)));
+        at = line.find_first_not_of(u' ', end);
+    }
+    return groups;
+}
+
+// The cells of a line above a table between blanks that is not cut as its rows are: as many groups as a row,
+// or each group above one column. Empty if they can't be told.
+std::vector<std::u16string> PlacedCells(std::u16string_view line, std::u16string_view row,
+                                        std::size_t width) {
+    struct Span {
+        std::size_t Begin = 0, End = 0;
+    };
+    const auto spansOf = [&](const std::vector<std::u16string_view>& parts, std::u16string_view whole) {
+        std::vector<Span> spans;
+        for (const std::u16string_view part : parts) {
+            const auto begin = static_cast<std::size_t>(part.data() - whole.data());
+            spans.push_back({begin, begin + part.size()});
+        }
+        return spans;
+    };
+    if (line.find(u'\t') != line.npos || row.find_first_of(u"\t\"") != row.npos) return {};
+    LineCutter cut(Cut{u' ', true, false});
+    const std::vector<std::u16string_view> values = cut(row);
+    const std::vector<std::u16string_view> groups = GroupsOf(line);
+    const std::vector<std::u16string_view> fields = GroupsOf(row);
+    if (values.size() != width || groups.size() < 2 || 2 * groups.size() < width) return {};
+    const std::vector<Span> columns = spansOf(values, row);
+    const bool isCounted = groups.size() == fields.size();
+    const std::vector<Span> names = spansOf(isCounted ? fields : groups, isCounted ? row : line);
+    std::vector<std::u16string> cells(width);
+    std::size_t next = 0;  // column
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        while (next < width && columns[next].End <= names[i].Begin) ++next;
+        if (next == width || columns[next].Begin >= names[i].End) return {};
+        cells[next++] = groups[i];
+    }
+    return cells;
+}
+
+// A sentence, a heading, or a key and its value: "shaft: 35 mm", "Range =100".
+bool IsProse(std::u16string_view line) {
+    constexpr std::u16string_view Words =
+        u" is are was the of for from this that these and with may not und ist der die das nicht mit est les "
+        u"des ";
+    line = TrimWhiteSpace(line);
+    const bool isHeading = line.starts_with(u'[') && line.find(u']') + 1 == line.size();
+    const bool isTitle = line.ends_with(u':') && line.find(u':') + 1 == line.size() &&
+                         line.find_first_of(u"\t,;") == line.npos;
+    if (isHeading || isTitle) return true;
+    if (line.find(u" =") != line.npos || line.find(u"= ") != line.npos) return true;
+    std::set<std::u16string> words;
+    std::size_t at = 0;
+    while (at < line.size()) {
+        const std::size_t end = std::min(line.find_first_of(u" \t,;", at), line.size());
+        std::u16string word = Lowered(line.substr(at, end - at));
+        if (IsListed(Words, word)) words.insert(std::move(word));
+        at = end + 1;
+    }
+    return words.size() >= 2;
+}
+
+// A key and a value with a number: "T0: 07.03.2024", "% shaft: 35 mm". A key alone introduces names, and in
+// brackets is a remark.
+bool IsSetting(const std::vector<std::u16string>& cells) {
+    std::u16string line;
+    for (const std::u16string& cell : cells) line += cell + u' ';
+    const std::size_t begin = std::min(line.find_first_not_of(u"#%;/* "), line.size());
+    const std::u16string_view text = std::u16string_view(line).substr(begin);
+    const std::size_t colon = text.find(u": ");
+    if (colon == text.npos || text.substr(0, colon).find_first_of(u"([ ") != text.npos) return false;
+    const std::u16string_view value = TrimWhiteSpace(text.substr(colon + 1));
+    return !value.empty() && (IsDigit(value.front()) || value.front() == u'-');
+}
+
+// "# time value", "# columns: time value": neither the mark nor the word is a name.
+void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
+    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
+    const auto isIntroduction = [&](const std::u16string& cell) {
+        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
+    };
+    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
+}
+
+// Cells beyond the width without a letter or a digit: the line that a table is drawn with.
+void DropDrawn(std::vector<std::u16string>& cells, std::size_t width) {
+    const auto isDrawn = [](const std::u16string& cell) {
+        return std::none_of(cell.begin(), cell.end(), [](char16_t c) { return IsLetter(c) || IsDigit(c); });
+    };
+    while (cells.size() > width && !cells.back().empty() && isDrawn(cells.back())) cells.pop_back();
+}
+
+// True for a line that fits the table without its mark of a comment.
+bool HasWidthAsWords(const FileSample& sample, const FoundTable& table, std::size_t index) {
+    LineCutter cut(table.How);
+    std::vector<std::u16string> cells;
+    for (const std::u16string_view cell : cut(sample.Lines[index].Text)) cells.emplace_back(cell);
+    DropIntroduction(cells, table.Width);
+    DropDrawn(cells, table.Width);
+    return cells.size() == table.Width;
+}
 
 // The lines above the table that may describe its columns, the lowest first.
 std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
@@ -35,18 +143,24 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
             if (gaps > 1) break;
             continue;
         }
-        if (2 * shape.Cells < table.Width || shape.Cells > table.Width + 2) continue;
+        const bool isBetweenBlanks = table.How.Separator == u' ' && table.How.Merges;
+        std::vector<std::u16string> placed;
+        if (isBetweenBlanks && shape.Cells != table.Width && !HasWidthAsWords(sample, table, i))
+            placed = PlacedCells(sample.Lines[i].Text, sample.Lines[table.First].Text, table.Width);
+        if (placed.empty() && (2 * shape.Cells < table.Width || shape.Cells > table.Width + 2)) continue;
         // A key and its value, filled up with separators.
         if (table.Width > 4 && shape.Filled <= 2) continue;
         // A line that is drawn: "----+----".
         const std::u16string& text = sample.Lines[i].Text;
         if (std::none_of(text.begin(), text.end(), [](char16_t c) { return IsLetter(c) || IsDigit(c); }))
             continue;
-        LabelLine line{i, {}, 0, 0, 0, gaps};
+        LabelLine line{i, std::move(placed), 0, 0, 0, gaps, false};
         std::set<std::u16string_view> texts;
-        const auto& cells = cut(sample.Lines[i].Text);
-        for (const std::u16string_view cell : cells) {
-            line.Cells.emplace_back(cell);
+        if (line.Cells.empty()) {
+            for (const std::u16string_view cell : cut(sample.Lines[i].Text)) line.Cells.emplace_back(cell);
+        }
+        DropDrawn(line.Cells, table.Width);
+        for (const std::u16string_view cell : line.Cells) {
             line.Filled += !cell.empty();
             // "t" is rather the name of the time than tonnes.
             line.Units += cell != u"t" && IsUnit(WithoutBrackets(cell));
@@ -54,6 +168,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);
         }
+        line.IsProse = IsProse(text) || IsSetting(line.Cells);
         DropIntroduction(line.Cells, table.Width);
         line.Different = texts.size();
         lines.push_back(std::move(line));
@@ -147,13 +262,17 @@ void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
 Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     Labels labels;
     labels.Columns.resize(table.Width);
-    const std::vector<LabelLine> lines = LinesAbove(sample, table);
+    const std::vector<LabelLine> all = LinesAbove(sample, table);
+    std::vector<LabelLine> lines;
+    // False names are worse than none.
+    std::copy_if(all.begin(), all.end(), std::back_inserter(lines),
+                 [](const LabelLine& line) { return !line.IsProse; });
     const LabelLine* const names = NamesOf(lines, table);
     const auto units = std::find_if(lines.begin(), lines.end(), [&](const LabelLine& line) {
         return &line != names && line.Gaps == lines.front().Gaps &&
                (IsUnitsLine(line) || (names != nullptr && &line < names && line.Units >= 2));
     });
-    for (const LabelLine& line : lines) {
+    for (const LabelLine& line : all) {
         // A key and its value above the names say nothing of a column.
         const RowShape& shape = table.Shapes[line.Index];
         if (names != nullptr && line.Index < names->Index && shape.Numbers + shape.Values > 0) continue;

@@ -203,8 +203,8 @@ ColumnType CellCounts::Type(bool isCount, bool isBesideHexadecimal) const {
     constexpr std::uint64_t NumbersPerWord = 20;
     if (Text + Truth > 0 && numbers > NumbersPerWord * (Text + Truth))
         return Decimal > 0 || NotNumbers > 0 ? ColumnType::Float : ColumnType::Integer;
-    // So is one word that comes again and again between decimals.
-    if (Text > 1 && IsOneWord && Truth == 0 && Decimal > Text) return ColumnType::Float;
+    // So is one word that comes again and again between decimals. Whole numbers may be states as the word is.
+    if (Text > 1 && IsOneWord && Truth == 0 && 10 * Decimal > Text) return ColumnType::Float;
     if (Text > Single) return ColumnType::Text;
     if (Text > 0) return numbers + Truth == 0 ? ColumnType::Character : ColumnType::Text;
     if (Truth > 0) return Whole == Nulls + Ones && Decimal == 0 ? ColumnType::Boolean : ColumnType::Text;

@@ -17,7 +17,8 @@ constexpr std::u16string_view Symbols =
 
 // Symbols and names that don't.
 constexpr std::u16string_view Whole =
-    u" % ‰ ° °C °F °K deg degC degF degK Deg DegC mph kn kt knots ft in inch inches yd mi psi PSI atm torr "
+    u" % ‰ ° ℃ ℉ °C °F °K deg degC degF degK Deg DegC mph kn kt knots ft in inch inches yd mi psi PSI atm "
+    u"torr "
     u"Torr mmHg inHg mmH2O hp HP PS rpm RPM "
     u"U/min 1/min min h d a hr hrs sec year yr day days ppm ppb pH rad rev imp Imp counts cnt Count psia "
     u"psig lbs lb oz gal gpm cfm bpm fps "
@@ -59,24 +60,47 @@ bool IsFactor(std::u16string_view text) {
     return Prefixes.find(text.front()) != Prefixes.npos && IsListed(Symbols, text.substr(1));
 }
 
-// In brackets, words may follow: "% sat", "mg/stroke".
+// In brackets, a unit may be of other case, and words may be before or after it: "%rh", "Kj/m²", "hPa abs",
+// "% sat", "mg/stroke", "$/mt".
 bool IsUnitWithWords(std::u16string_view text) {
-    if (text.starts_with(u"% ")) return true;
+    if (text.starts_with(u"% ") || text.starts_with(u"$/") || text.starts_with(u"€/")) return true;
+    if (EqualsIgnoreCase(text, u"%rh") || IsListed(u"millimetres millimeters centimetres centimeters", text))
+        return true;
+    if (text.starts_with(u"Kj/")) return IsUnit(text.substr(3));
+    constexpr std::u16string_view Qualifiers = u"abs rel gauge dry wet DC AC rms RMS avg max min";
+    if (const std::size_t blank = text.find(u' '); blank != text.npos) {
+        if (IsUnit(text.substr(0, blank)) && IsListed(Qualifiers, text.substr(blank + 1))) return true;
+    }
     const std::size_t stroke = text.find(u'/');
     if (stroke == text.npos || stroke == 0 || stroke + 1 == text.size()) return false;
     const std::u16string_view word = text.substr(stroke + 1);
     return IsUnit(text.substr(0, stroke)) && std::all_of(word.begin(), word.end(), IsLetter);
 }
 
-// The last brackets that hold a unit; square ones hold nothing else.
+// Where the bracket that opens at `at` is closed, brackets of its kind inside; npos if it is not.
+std::size_t ClosingOf(std::u16string_view name, std::size_t at, char16_t closing) {
+    std::size_t depth = 0;
+    for (std::size_t i = at; i < name.size(); ++i) {
+        if (name[i] == name[at]) ++depth;
+        if (name[i] == closing && --depth == 0) return i;
+    }
+    return name.npos;
+}
+
+// The last brackets that hold a unit; square ones hold nothing else. Angle brackets at the beginning hold a
+// name.
 std::u16string_view UnitInBrackets(std::u16string_view name) {
     constexpr std::u16string_view Openings = u"[({<";
     constexpr std::u16string_view Closings = u"])}>";
     for (std::size_t at = name.size(); at-- > 0;) {
         const std::size_t kind = Openings.find(name[at]);
-        if (kind == Openings.npos) continue;
-        const std::size_t end = name.find(Closings[kind], at);
+        if (kind == Openings.npos || (at == 0 && name[at] == u'<')) continue;
+        const std::size_t end = ClosingOf(name, at, Closings[kind]);
         if (end == name.npos) continue;
+        // "(mol/(m2 s))"
+        const std::size_t outer = at == 0 ? name.npos : name.rfind(name[at], at - 1);
+        const std::size_t outerEnd = outer == name.npos ? name.npos : ClosingOf(name, outer, Closings[kind]);
+        if (outerEnd != name.npos && outerEnd > end) continue;
         const std::u16string_view inner = TrimWhiteSpace(name.substr(at + 1, end - at - 1));
         constexpr std::size_t LongestInBrackets = 14;
         const bool isShort = inner.size() <= LongestInBrackets && !inner.empty() && !IsDigit(inner.front());
@@ -92,14 +116,31 @@ bool MayBeName(std::u16string_view unit, std::u16string_view before) {
     return unit.size() == 1 && SureLetters.find(unit[0]) == SureLetters.npos && before.size() > LongestSymbol;
 }
 
+// "time/s", "Test time/min": a stroke after another name makes a rate.
+bool IsTimeWord(std::u16string_view name) {
+    const std::u16string low = Lowered(name);
+    constexpr std::u16string_view Parts[] = {u"time", u"zeit", u"temps", u"tiempo", u"tempo", u"elapsed"};
+    return low == u"t" || std::any_of(std::begin(Parts), std::end(Parts),
+                                      [&](auto part) { return low.find(part) != low.npos; });
+}
+
 // "Ewe/V", "Total cells/mL".
 std::u16string_view UnitAfterStroke(std::u16string_view name) {
     const std::size_t stroke = name.rfind(u'/');
     if (stroke == name.npos || stroke == 0) return {};
+    // A bracket belongs to one side, and a name has a letter.
+    const std::size_t bracket = name.find_last_of(u"([{");
+    if (bracket != name.npos && bracket < stroke && name.find_first_of(u")]}", bracket) > stroke) return {};
+    if (std::none_of(name.begin(), name.begin() + static_cast<std::ptrdiff_t>(stroke), IsLetter)) return {};
     const std::size_t word = name.find_last_of(u" _", stroke) + 1;
     if (word != 0 && word < stroke && IsUnit(name.substr(word)) && IsUnit(name.substr(word, stroke - word)))
         return name.substr(word);
     const std::u16string_view unit = TrimWhiteSpace(name.substr(stroke + 1));
+    // "Bytes/sec" and "kWh/d" are units themselves, "NO3/N" and "E/W" two symbols.
+    const bool isTime = IsListed(u"s sec h hr min d day", unit);
+    const bool isSymbols = IsListed(u"N W E S", unit);
+    if (isTime && !IsTimeWord(name.substr(0, stroke))) return {};
+    if (isSymbols && !IsListed(u"F P Q", name.substr(0, stroke))) return {};
     return IsUnit(unit) && !MayBeName(unit, name.substr(0, stroke)) ? unit : std::u16string_view();
 }
 
@@ -112,7 +153,7 @@ std::u16string_view UnitInLastWord(std::u16string_view name) {
     const bool isWord = unit.size() > 1 && std::all_of(unit.begin(), unit.end(),
                                                        [](char16_t c) { return c >= u'a' && c <= u'z'; });
     if (!IsUnit(unit) || (!isAfterLine && (isWord || unit.size() == 1))) return {};
-    if (IsListed(u"min max in t", unit)) return {};  // "temp_min" is the lowest
+    if (IsListed(u"min max in t dt cd N F T", unit)) return {};  // "temp_min" is the lowest, "tz_cd" a code
     const bool isTemperature = unit == u"C" && Lowered(name).find(u"temp") != name.npos;
     return isTemperature || !MayBeName(unit, name.substr(0, mark)) ? unit : std::u16string_view();
 }

@@ -5,10 +5,10 @@
 #include <string_view>
 
 namespace kelvarin::plan {
-// True for a letter of the languages of Europe that are written in Latin letters, and for the sign of micro.
+// True for a letter of any script, a syllable or an ideograph, and for the sign of micro.
 bool IsLetter(char16_t c);
 
-// Lower case, for the same letters.
+// Lower case, for Latin, Greek and Cyrillic letters.
 std::u16string Lowered(std::u16string_view word);
 
 // True if the list holds the word, which must have the same case. No list holds the empty word.

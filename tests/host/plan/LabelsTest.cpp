@@ -49,8 +49,35 @@ TEST(PlanLabels, AreNamesDirectlyAboveTheTable) {
         {"a;b\n1;2\n\nTime;A;B\n0;1;2\n1;2;2\n2;3;2\n3;3;2\n", "Time|A|B, names 4"},
         // Keys and values.
         {"Lower,325\nUpper,480\n,,\nnm,A,T\n0,2.3,0.4\n1,2.3,0.4\n2,2.3,0.4\n", "nm|A|T, names 4"},
+        // Any script.
+        {"Время,Темп,Влаж\n2024-03-07 10:00:00,1.5,40\n2024-03-07 10:01:00,1.6,41\n2024-03-07 "
+         "10:02:00,1.7,42\n",
+         "Время|Темп|Влаж, names 1"},
+        {"时间,温度,湿度\n2024-03-07 10:00:00,1.5,40\n2024-03-07 10:01:00,1.6,41\n2024-03-07 "
+         "10:02:00,1.7,42\n",
+         "时间|温度|湿度, names 1"},
+        {"시간,온도(℃),습도(%)\n2024-03-07 10:00:00,1.5,40\n2024-03-07 10:01:00,1.6,41\n2024-03-07 "
+         "10:02:00,1.7,42\n",
+         "시간|온도(℃){℃}|습도(%){%}, names 1"},
         // Trailing separators.
         {"Zeit;Druck;\n0;1;\n1;2;\n2;3;\n", "Zeit|Druck|, names 1"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
+TEST(PlanLabels, ArePlacedByPosition) {
+    const LabelCase cases[] = {
+        {"TIME                 TEMP    MODE\n2024-067 10:20:33   289.75     3\n2024-067 10:21:33   289.96    "
+         " 3\n"
+         "2024-067 10:22:33   290.16     3\n",
+         "TIME||TEMP|MODE, names 1"},
+        {"  yyyy  mm   tmax    af    rain\n             degC  days     mm\n  1965   1    8.6     0    54.3\n"
+         "  1965   2    9.2     1    53.2\n  1965   3   12.9     4    72.3\n",
+         "yyyy|mm|tmax{degC}|af{days}|rain{mm}, names 1, units 2"},
+        {"DATE       TIME       X      Y   |\n2023-04-24 00:00:00   1.5   2.5\n2023-04-24 00:01:00   1.5   "
+         "2.5\n"
+         "2023-04-24 00:02:00   1.5   2.5\n",
+         "DATE|TIME|X|Y, names 1"},
     };
     for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
 }
@@ -85,6 +112,17 @@ TEST(PlanLabels, AreNotThePreamble) {
          "||||||"},
         {"Datum;00:00;00:15;00:30\n01.01.2024;1,5;2;3\n02.01.2024;1,6;2;3\n03.01.2024;1,7;2;3\n",
          "Datum|00:00|00:15|00:30, names 1"},
+        // Neither are sentences and settings nearer to the table than the names.
+        {"t  p  n\n# this is for tests\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "t|p|n, names 1"},
+        {"Time;Force [kN];Way [mm]\nStart: 10:20;Start: 10:20;Start: 10:20\nT0: "
+         "10:20;Bridge;Wire\n0;1;2\n1;2;2\n"
+         "2;3;2\n",
+         "Time|Force [kN]{kN}|Way [mm]{mm}, names 1"},
+        {"[Channel 2 data]\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "||"},
+        {"Logger Data File:\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "||"},
+        {"No,\"Temp (S/N: 7)\",\"RH (S/N: 8)\"\n0,1,2\n1,2,2\n2,3,2\n",
+         "No|Temp (S/N: 7)|RH (S/N: 8), names 1"},
+        {"Range =100.0 m\n0.5 1 7\n1.5 2 7\n2.5 3 7\n", "||"},
         // Numbers above numbers are no names.
         {"Ridge\n41.520  -103.411 1377 m version 1\n1 2 3 4 5 6 7 8 9\n2 2 3 4 5 6 7 8 9\n3 2 3 4 5 6 7 8 "
          "9\n",

@@ -45,6 +45,9 @@ TEST(PlanTypes, AreWhatAllCellsAre) {
         {{"", ""}, "text"},
         // One word again and again between decimals stands for no value; several words are words.
         {{"1.5", "-O-F-", "2.5", "-O-F-", "3.5"}, "float"},
+        {{"1.5", "MM", "MM", "MM", "MM"}, "float"},
+        {{"17", ">>>>", "18", ">>>>"}, "integer"},
+        {{"1.5D+01", "**********"}, "float"},
         {{"1.5", "lost", "2.5", "found", "3.5"}, "text"},
         {{"1", "auto", "2", "auto", "3"}, "text"},
         // Hexadecimal.

@@ -49,6 +49,22 @@ TEST(PlanUnits, StandAtTheEndOfNames) {
         {"Total (x10^6) cells/mL", "cells/mL"},
         {"Temp, °C (LGR S/N: 2041, LBL: cellar)", "°C"},
         {"RH, % (LGR S/N: 2041)", "%"},
+        // The whole of the brackets, whatever it holds.
+        {"Rad (Kj/m²)", "Kj/m²"},
+        {"Coal ($/mt)", "$/mt"},
+        {"Temp(℃)", "℃"},
+        {"Humidity(%rh)", "%rh"},
+        {"Rain (millimetres)", "millimetres"},
+        {"Pressure (hPa abs)", "hPa abs"},
+        {"Flux (mol/(m2 s))", "mol/(m2 s)"},
+        {"<I>/mA", "mA"},
+        // A stroke within a unit, or between symbols.
+        {"Bytes/sec", ""},
+        {"NO3/N", ""},
+        {"E/W", ""},
+        {"tz_cd", ""},
+        {"TA_F", ""},
+        {"LAeq_dt", ""},
         // The last word, where it can't be one of a language.
         {"Gas m3", "m3"},
         {"altitude_m", "m"},
