@@ -28,6 +28,8 @@ enum class TimePart {
     Minutes,
     Seconds,
     HoursMinutes,
+    HoursMinutesSeconds,  // "103045.30"
+    Quarters,             // of an hour, from 1 on
     Date,
     Milliseconds,
     Clock,
@@ -52,7 +54,11 @@ struct TimeRecipe {
     bool IsAbsolute = false;   // times since 1970 in local time or in the zone they name; else elapsed
     bool IsUtc = false;        // numbers that count since 1970
     bool AppliesZone = false;  // of Text: each names its zone, and the times are in UTC
-    bool RollsOver = false;    // a clock without a date that runs over midnight
+    bool RollsOver = false;    // a clock without a date that runs over midnight, or dates without a year
+    bool CarriesDate = false;  // of a date and a clock: an empty date is that of the row before
+
+    // Dates without a year and without one above are times since the start of some year.
+    bool HasUnknownYear() const { return !IsAbsolute && Style.Year != 0; }
 
     // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
     // whose cells hold no time.
@@ -70,7 +76,12 @@ class TimeWalk {
     std::optional<std::int64_t> Next(const std::vector<std::u16string_view>& cells, std::size_t width);
 
   private:
+    std::optional<std::int64_t> TimeOf(const std::vector<std::u16string_view>& cells);
+    std::int64_t RollLength() const;
+
     const TimeRecipe& Recipe;
+    std::u16string Date;                     // the last one, where it is carried
+    std::vector<std::u16string_view> Dated;  // cells with it
     MinuteMemo Memo;
     std::int64_t Before = 0;
     std::int64_t Days = 0;  // added so far, in ns

@@ -33,6 +33,10 @@ const FoundTimes* BestOf(const std::vector<FoundTimes>& found) {
     return best;
 }
 
+bool IsNamed(const Label& label, const TimeRecipe& recipe) {
+    return IsNamedTime(label) || (recipe.Kind == TimeKind::Parts && PartOfName(label));
+}
+
 // Texts that all name their zone are moments, also where the zone changes between summer and winter.
 void ApplyZones(FoundTimes& times, const TableRows& rows) {
     TimeRecipe zoned = times.Recipe;
@@ -74,7 +78,7 @@ std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels,
     FoundTimes times = *best;
     times.Rival = RivalOf(times, candidates.Found());
     for (const std::size_t column : ColumnsOf(times.Recipe))
-        times.IsNamed |= column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
+        times.IsNamed |= column < labels.Columns.size() && IsNamed(labels.Columns[column], times.Recipe);
     ApplyZones(times, rows);
     return times;
 }
