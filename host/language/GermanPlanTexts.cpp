@@ -28,6 +28,7 @@ constexpr Translation Texts[] = {
     {"date and time without a year in {}", "Datum und Zeit ohne Jahr in {}"},
     {"nothing names the year: the times count from the start of a year",
      "nichts nennt das Jahr: die Zeiten zählen vom Anfang eines Jahres"},
+    {"time of day in {}, below dates in lines of their own", "Uhrzeit in {}, unter Daten in eigenen Zeilen"},
     {"time of day without a date in {}", "Uhrzeit ohne Datum in {}"},
     {"running over midnight", "über Mitternacht laufend"},
     {"milliseconds without leading zeros", "Millisekunden ohne führende Nullen"},

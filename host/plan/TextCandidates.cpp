@@ -233,7 +233,27 @@ void TimeCandidates::AddJointDigits(std::size_t column) {
     if (FoundTimes* const found = Consider(recipe, 0.99)) found->Order = style->Proof;
 }
 
+// Clocks below dates in lines of their own. False where there are none.
+bool TimeCandidates::AddClocksBelowDates(std::size_t column) {
+    std::vector<std::u16string> dates = Rows.DateLines;
+    if (dates.empty() || dates.front().empty()) return false;
+    std::erase(dates, u"");
+    const auto style = FindDateStyle(dates, {}, Rows, {}, 0);
+    if (!style) return false;
+    const std::optional<ParsedTime> first = ParseTime(dates.front(), style->Style);
+    if (!first) return false;
+    TimeRecipe recipe = ClockOf(column);
+    recipe.Style.Order = style->Style.Order;
+    recipe.IsAbsolute = true;
+    recipe.HasDateLines = true;
+    recipe.Epoch = first->Written();
+    FoundTimes* const found = Consider(recipe, 0.98);
+    if (found != nullptr) found->Order = style->Proof;
+    return found != nullptr;
+}
+
 void TimeCandidates::AddClocks(std::size_t column) {
+    if (AddClocksBelowDates(column)) return;
     const TimeRecipe recipe = ClockOf(column);
     FoundTimes* const found = Consider(recipe, IsNamedTime(LabelOf(column)) ? 0.86 : 0.8);
     if (found == nullptr) return;

@@ -66,6 +66,7 @@ class TimeCandidates {
     void AddHoursBeside(const FoundTimes& date, std::size_t other, double weight);
     void AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style);
     void AddJointDigits(std::size_t column);
+    bool AddClocksBelowDates(std::size_t column);
     void AddClocks(std::size_t column);
     TimeRecipe ClockOf(std::size_t column) const;
 

@@ -144,7 +144,8 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
     }
     const std::optional<ParsedTime> time = ParseTime(text, recipe.Style);
     const bool hasUnknownYear = recipe.HasUnknownYear();
-    if (!time || time->HasDate != (recipe.IsAbsolute || hasUnknownYear)) return std::nullopt;
+    if (!time || time->HasDate != ((recipe.IsAbsolute && !recipe.HasDateLines) || hasUnknownYear))
+        return std::nullopt;
     if (hasUnknownYear) return time->Written() - DaysSince1970(recipe.Style.Year, 1, 1) * DayLength;
     if (!recipe.AppliesZone) return time->Written();
     if (!time->ZoneMinutes) return std::nullopt;
@@ -161,6 +162,14 @@ std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_
     const std::optional<std::int64_t> time = ExactProduct(WithoutBrackets(cells[column]), Unit, Mark, Offset);
     if (!time) return std::nullopt;
     return *time + Epoch;
+}
+
+void TimeWalk::TakeDate(std::u16string_view text) {
+    const std::optional<ParsedTime> time = ParseTime(text, Recipe.Style);
+    if (!time || !time->HasDate || time->HasClock) return;
+    Day = time->Written();
+    Days = 0;
+    IsFirst = true;
 }
 
 std::int64_t TimeWalk::RollLength() const {
@@ -189,9 +198,13 @@ std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view
         for (std::size_t i = 0; i < cells.size() && filled <= used; ++i) filled += !cells[i].empty();
         isAlone = filled <= used;
     }
-    if (isAlone && width > used) return std::nullopt;
-    const std::optional<std::int64_t> time = TimeOf(cells);
+    if (isAlone && width > used) {
+        if (Recipe.HasDateLines && !cells.empty()) TakeDate(cells.front());
+        return std::nullopt;
+    }
+    std::optional<std::int64_t> time = TimeOf(cells);
     if (!time) return std::nullopt;
+    if (Recipe.HasDateLines) *time += Day;
     if (Recipe.Kind == TimeKind::Interval) return *time + Recipe.Unit * Row++;
     if (!Recipe.RollsOver) return time;
     const std::int64_t length = RollLength();

@@ -223,7 +223,8 @@ std::optional<SettingList> TextSettings(ITimeReader& reader, const ReadingPlan& 
                                         const std::u16string& path) {
     const TimeRecipe& recipe = plan.Times->Recipe;
     // No format carries a date or a year on.
-    const bool isCarried = recipe.CarriesDate || (recipe.RollsOver && recipe.Style.Year != 0);
+    const bool isCarried =
+        recipe.CarriesDate || recipe.HasDateLines || (recipe.RollsOver && recipe.Style.Year != 0);
     if (isCarried || recipe.Columns.size() > 2) return std::nullopt;
     std::vector<std::size_t> columns = recipe.Columns;
     std::sort(columns.begin(), columns.end());

@@ -1,22 +1,16 @@
 #include "host/plan/TimeText.h"
 
 #include <algorithm>
-#include <chrono>
 #include <span>
 #include <vector>
 
+#include "host/plan/Calendar.h"
 #include "host/plan/Durations.h"
 #include "host/plan/TimeGroups.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-int DaysOfMonth(int year, int month) {
-    constexpr int Days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return month == 2 && isLeap ? 29 : Days[month - 1];
-}
-
 // Reads one text; an object a text.
 class TimeReader {
   public:
@@ -93,19 +87,17 @@ class TimeReader {
         std::int64_t day = 1;
         if (Left() > 0 && Next().Before == u"-" && Next().Length() == 1) day = Groups[At++].Number();
         if (number < 1 || number > 53 || day < 1 || day > 7) return false;
-        // The first week has the 4 January; weeks begin on Mondays, as 5 January 1970 was one.
-        const std::int64_t fourth = DaysSince1970(static_cast<int>(year.Number()), 1, 4);
-        const std::int64_t monday = fourth - ((fourth - 4) % 7 + 7) % 7;
-        return SetDays(year, monday + 7 * (number - 1) + day - 1);
+        return SetDays(year, DaysOfWeekDate(static_cast<int>(year.Number()), static_cast<int>(number),
+                                            static_cast<int>(day)));
     }
 
     // A date by its days since 1970, of which `year` is near.
     bool SetDays(const DigitGroup& year, std::int64_t days) {
         if (!SetDate(year, 1, {u"1", {}, false})) return false;
-        const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{days}}};
-        Time.Year = static_cast<int>(date.year());
-        Time.Month = static_cast<int>(static_cast<unsigned>(date.month()));
-        Time.Day = static_cast<int>(static_cast<unsigned>(date.day()));
+        const CalendarDay date = CalendarDayOf(days);
+        Time.Year = date.Year;
+        Time.Month = date.Month;
+        Time.Day = date.Day;
         return true;
     }
 
@@ -387,15 +379,6 @@ std::optional<ParsedTime> ReadFirstTime(const std::optional<TimeGroups>& cut, st
     return std::nullopt;
 }
 }  // namespace
-
-std::int64_t DaysSince1970(int year, int month, int day) {
-    // Years from March on, so that the leap day is the last of its year; 400 years have 146,097 days.
-    const int shifted = month > 2 ? year : year - 1;
-    const int era = shifted / 400;
-    const int ofEra = shifted - era * 400;
-    const int ofYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return std::int64_t{era} * 146'097 + ofEra * 365 + ofEra / 4 - ofEra / 100 + ofYear - 719'468;
-}
 
 std::int64_t ParsedTime::Written() const {
     return (HasDate ? DaysSince1970(Year, Month, Day) * DayLength : 0) + Clock;

@@ -61,6 +61,8 @@ std::string TextsInWords(const ReadingPlan& plan, const FoundTimes& times) {
         if (recipe.Style.FractionIsCounted) words += ", " + Phrase("milliseconds without leading zeros");
         return words;
     }
+    if (recipe.HasDateLines)
+        return Phrase("time of day in {}, below dates in lines of their own", columns) + OrderInWords(times);
     const bool areDays = times.Trial.First % DayLength == 0 && times.Trial.MedianStep % DayLength == 0;
     const bool isDate = areDays && recipe.Columns.size() == 1;
     return (isDate ? Phrase("date in {}", columns) : Phrase("date and time in {}", columns)) +

@@ -166,6 +166,10 @@ TEST(PlanTimes, AreCompletedByOtherRowsAndColumns) {
         {"Datum;Zeit;v;w\n07.03.2024;22:00;1;2\n;23:00;1;2\n08.03.2024;00:00;1;2\n;01:00;1;2\n",
          "date and time in column 1 (\"Datum\"), column 2 (\"Zeit\"), day before month", "2024-03-07 22:00:0",
          "2024-03-08 01:00:0"},
+        // A line with the date above the rows of a day.
+        {"Time;v;w\n2024-03-07\n22:00;1;2\n23:00;1;2\n2024-03-08\n00:00;1;2\n01:00;1;2\n",
+         "time of day in column 1 (\"Time\"), below dates in lines of their own", "2024-03-07 22:00:0",
+         "2024-03-08 01:00:0"},
         // AM and PM in a cell of their own.
         {"09/14/2022 11:00:00 AM 9.1 9.5\n09/14/2022 12:00:00 PM 9.2 9.5\n09/14/2022 1:00:00 PM 9.3 9.6\n",
          "date and time in column 1, column 2, column 3, month before day", "2022-09-14 11:00:0",
