@@ -119,7 +119,10 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
     const TimeTrial trial = Try(recipe, Rows);
     const std::size_t disorder = std::min(trial.Rising, trial.Falling);
     const std::size_t most = !isNamed && !column.IsTime ? 10 : 4;
-    if (most * disorder > trial.Rising + trial.Falling) return;
+    const bool isSaid = isNamed && column.IsTime;
+    constexpr std::size_t FewestSteps = 10;  // fewer prove nothing
+    const std::size_t steps = trial.Rising + trial.Falling;
+    if (!isSaid && steps >= FewestSteps && most * disorder > steps) return;
     const double weight = column.IsTime ? (isNamed ? 0.8 : 0.75) : (isNamed ? 0.7 : 0.6);
     FoundTimes* const times = Consider(recipe, weight);
     if (times == nullptr || isNamed) return;
