@@ -33,7 +33,9 @@ struct TimeCandidates::NumberColumn {
     bool IsFirstWithoutName = false;
 };
 
+// The only column of a file is what was measured.
 void TimeCandidates::AddNumbers() {
+    if (Width == 1) return;
     for (std::size_t i = 0; i < Width; ++i) {
         if (Texts[i].empty()) continue;
         NumberColumn column;
@@ -52,6 +54,9 @@ void TimeCandidates::AddNumbers() {
         const Label& label = LabelOf(i);
         column.Unit = UnitNamed(label);
         column.IsTime = IsNamedTime(label);
+        // "DAY" above whole numbers is a date more often than an amount.
+        if (column.Unit == 0 && column.HasFractions && PartOfName(label) == TimePart::Day)
+            column.Unit = DayLength;
         column.IsDayOfYear = IsDayOfYear(label);
         column.IsModifiedJulian = IsModifiedJulian(label);
         column.IsNamedSince1970 = IsNamedSince1970(label);
@@ -78,6 +83,10 @@ void TimeCandidates::AddSince1970(const NumberColumn& column) {
         recipe.Unit = unit;
         recipe.IsAbsolute = true;
         recipe.IsUtc = true;
+        // A number that most rows share is that of a device.
+        const TimeTrial trial = Try(recipe, Rows);
+        if (!column.IsNamedSince1970 && !column.IsTime && trial.Equal > trial.Rising + trial.Falling)
+            continue;
         Consider(recipe, column.IsNamedSince1970 ? 1.03 : 0.98);
     }
 }
@@ -106,6 +115,14 @@ void TimeCandidates::AddElapsed(const NumberColumn& column) {
     TimeRecipe recipe = column.Recipe;
     recipe.Unit = column.Unit != 0 ? column.Unit : Second;
     const bool isNamed = column.Unit != 0;
+    // What no word names must be in order, and nothing that counts falls in every fourth row.
+    const TimeTrial trial = Try(recipe, Rows);
+    const std::size_t disorder = std::min(trial.Rising, trial.Falling);
+    const std::size_t most = !isNamed && !column.IsTime ? 10 : 4;
+    const bool isSaid = isNamed && column.IsTime;
+    constexpr std::size_t FewestSteps = 10;  // fewer prove nothing
+    const std::size_t steps = trial.Rising + trial.Falling;
+    if (!isSaid && steps >= FewestSteps && most * disorder > steps) return;
     const double weight = column.IsTime ? (isNamed ? 0.8 : 0.75) : (isNamed ? 0.7 : 0.6);
     FoundTimes* const times = Consider(recipe, weight);
     if (times == nullptr || isNamed) return;

@@ -95,6 +95,95 @@ std::optional<std::int64_t> IntervalAfterUnit(std::u16string_view line) {
     return interval && *interval > 0 ? interval : std::nullopt;
 }
 
+// The first number of a line after `at`, also with an exponent; 0 for none.
+double NumberAfter(std::u16string_view line, std::size_t at) {
+    const std::size_t begin = line.find_first_of(u"0123456789", at);
+    if (begin == line.npos) return 0;
+    std::u16string_view number = line.substr(begin);
+    number = number.substr(0, number.find_first_not_of(u"0123456789.eE+-"));
+    const std::optional<NumberLook> look = LookAtNumber(number);
+    return look ? ValueOf(number, *look) : 0;
+}
+
+// Whole nanoseconds; nothing for what is none, or longer than a year.
+std::optional<std::int64_t> IntervalOfSeconds(double seconds) {
+    constexpr double Longest = 366 * 86'400.0;
+    const double nanoseconds = seconds * static_cast<double>(Second);
+    if (!(nanoseconds >= 1 && seconds <= Longest)) return std::nullopt;
+    return static_cast<std::int64_t>(nanoseconds + 0.5);
+}
+
+// "SampleRate,1.25E+06", "fs=2000", "dt = 0.004", "XIncrement,2.0E-06": a rate in Hz or a step in seconds.
+// Without a unit, a small rate may count anything.
+std::optional<std::int64_t> IntervalWithoutUnit(std::u16string_view line, std::u16string_view low) {
+    const auto endOf = [low](std::initializer_list<std::u16string_view> words) {
+        for (const std::u16string_view word : words) {
+            const std::size_t at = low.find(word);
+            if (at != low.npos) return at + word.size();
+        }
+        return low.npos;
+    };
+    constexpr double LargeRate = 100;
+    if (const std::size_t end = endOf({u"frequency", u"fs=", u"fs =", u"fs:", u"rate"}); end != low.npos) {
+        const double rate = NumberAfter(line, end);
+        const bool isRate = rate >= LargeRate || low.find(u"hz") != low.npos;
+        return isRate && rate > 0 ? IntervalOfSeconds(1 / rate) : std::nullopt;
+    }
+    const std::size_t end = endOf({u"increment", u"hresolution", u"delta_x", u"delta x", u"deltax",
+                                   u"delta t", u"dt=", u"dt =", u"dt:"});
+    return end == low.npos ? std::nullopt : IntervalOfSeconds(NumberAfter(line, end));
+}
+
+// "Sample interval: 00:15:00".
+std::optional<std::int64_t> IntervalOfClock(std::u16string_view line) {
+    const std::size_t begin = line.find_first_of(u"0123456789");
+    if (begin == line.npos) return std::nullopt;
+    std::u16string_view text = TrimWhiteSpace(line.substr(begin));
+    while (!text.empty() && !IsDigit(text.back())) text.remove_suffix(1);
+    const std::optional<ParsedTime> time = ParseTime(text, {});
+    const bool hasSeconds = std::count(text.begin(), text.end(), u':') == 2;
+    const bool isInterval = time && !time->HasDate && hasSeconds && time->Clock > 0;
+    return isInterval ? std::optional(time->Clock) : std::nullopt;
+}
+
+// "Days: 0 Hours: 00 Mins: 15 Secs: 00": units before their numbers.
+std::optional<std::int64_t> IntervalOfUnits(std::u16string_view line) {
+    std::int64_t sum = 0;
+    for (std::size_t at = 0; at < line.size();) {
+        std::size_t end = at;
+        while (end < line.size() && IsLetter(line[end])) ++end;
+        const std::int64_t unit = end == at ? 0 : UnitOfTime(line.substr(at, end - at));
+        at = end == at ? at + 1 : end;
+        if (unit == 0 || at >= line.size() || line[at] != u':') continue;
+        sum += static_cast<std::int64_t>(NumberAfter(line, at) * static_cast<double>(unit));
+    }
+    return sum > 0 ? std::optional(sum) : std::nullopt;
+}
+
+// "X,CH1,Start,Increment" above "s,V,-6e-4,1e-6": the value is in the line below.
+std::optional<std::int64_t> IntervalBelow(std::u16string_view low, std::u16string_view below) {
+    const std::size_t at = low.find(u"increment");
+    if (at == low.npos) return std::nullopt;
+    const auto commas = std::count(low.begin(), low.begin() + static_cast<std::ptrdiff_t>(at), u',');
+    std::size_t begin = 0;
+    for (std::ptrdiff_t i = 0; i < commas && begin != below.npos; ++i) {
+        begin = below.find(u',', begin);
+        if (begin != below.npos) ++begin;
+    }
+    if (commas == 0 || begin == below.npos || begin >= below.size()) return std::nullopt;
+    const std::u16string_view cell = below.substr(begin, below.find(u',', begin) - begin);
+    const std::optional<NumberLook> look = LookAtNumber(cell);
+    return look ? IntervalOfSeconds(ValueOf(cell, *look)) : std::nullopt;
+}
+
+std::optional<std::int64_t> IntervalOf(std::u16string_view line, std::u16string_view low) {
+    if (const auto interval = IntervalOfClock(line)) return interval;
+    if (const auto interval = IntervalOfUnits(line)) return interval;
+    if (const auto interval = IntervalIn(line)) return interval;
+    if (const auto interval = IntervalAfterUnit(line)) return interval;
+    return IntervalWithoutUnit(line, low);
+}
+
 // Four digits on their own.
 std::optional<int> YearIn(std::u16string_view line) {
     for (std::size_t at = 0; at + 4 <= line.size(); ++at) {
@@ -139,6 +228,18 @@ std::u16string MissingIn(std::u16string_view line, std::u16string_view low) {
     return {};
 }
 
+// "3/7/2024 10:20:33 AM".
+bool HasTwelveHours(std::u16string_view line) {
+    for (const std::u16string_view half : {u" AM", u" PM"}) {
+        const std::size_t at = line.find(half);
+        if (at == line.npos || at == 0 || !IsDigit(line[at - 1])) continue;
+        const std::u16string_view before = line.substr(0, at);
+        if (std::count(before.begin(), before.end(), u'/') >= 2 && before.find(u':') != before.npos)
+            return true;
+    }
+    return false;
+}
+
 // How much a line with a date says that the measurement began then; 0 for one that says that it ended.
 int StartRank(std::u16string_view low) {
     if (HasAny(low, {u"start", u"begin", u"first", u"trigger"})) return 3;
@@ -148,7 +249,8 @@ int StartRank(std::u16string_view low) {
 
 bool IsOfInterval(std::u16string_view low) {
     return HasAny(low, {u"interval", u"sampl", u"abtast", u"takt", u"rate", u"period", u"step", u"delta",
-                        u"increment", u"dt="}) &&
+                        u"increment", u"dt=", u"dt =", u"dt:", u"fs=", u"fs =", u"fs:", u"frequency",
+                        u"hresolution"}) &&
            !HasAny(low, {u"baud", u"points"});
 }
 }  // namespace
@@ -167,9 +269,11 @@ PreambleClues ReadPreamble(const FileSample& sample, const FoundTable& table) {
             }
         }
         if (!clues.Interval && IsOfInterval(low)) {
-            clues.Interval = IntervalIn(line);
-            if (!clues.Interval) clues.Interval = IntervalAfterUnit(line);
+            clues.Interval = IntervalOf(line, low);
+            if (!clues.Interval && i + 1 < table.First)
+                clues.Interval = IntervalBelow(low, sample.Lines[i + 1].Text);
         }
+        clues.HasTwelveHours |= HasTwelveHours(line);
         if (!clues.Year) clues.Year = YearIn(line);
         if (!clues.TimeUnit) clues.TimeUnit = TimeUnitIn(line);
         if (clues.Missing.empty()) clues.Missing = MissingIn(line, low);

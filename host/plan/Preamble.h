@@ -13,6 +13,7 @@ struct PreambleClues {
     std::optional<std::int64_t> Interval;  // ns from row to row, of an interval or a sampling rate
     std::optional<int> Year;               // that a line names on its own
     std::optional<std::int64_t> TimeUnit;  // ns, of a line such as "Time Offset (ms)"
+    bool HasTwelveHours = false;           // a date between strokes has AM or PM
     std::u16string Missing;                // the text that a line declares for missing values: "-9999"
 };
 

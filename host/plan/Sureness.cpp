@@ -74,6 +74,8 @@ Assumption TimesOf(const ReadingPlan& plan) {
         }
         return assumption;
     }
+    if (recipe.Kind == TimeKind::Parts && !times.IsNamed)
+        Object(assumption, Certainty::Likely, Phrase("plain numbers may mean something else"));
     if (recipe.Kind == TimeKind::Number) {
         if (!times.IsUnitNamed) Object(assumption, Certainty::Uncertain, Phrase("the unit is not named"));
         if (!times.IsNamed)
@@ -84,8 +86,12 @@ Assumption TimesOf(const ReadingPlan& plan) {
                Phrase("midnight is taken for the end of the day that it names"));
     if (times.IsClockShort)
         Object(assumption, Certainty::Likely, Phrase("hours and minutes could be minutes and seconds"));
-    if (recipe.Style.Year != 0)
+    if (recipe.HasUnknownYear()) {
+        Object(assumption, Certainty::Likely,
+               Phrase("nothing names the year: the times count from the start of a year"));
+    } else if (recipe.Style.Year != 0) {
         Object(assumption, Certainty::Likely, Phrase("the year is taken from the lines above the table"));
+    }
     if (times.Rival)
         Object(assumption, Certainty::Likely,
                Phrase("{} holds times as well", ColumnInWords(plan, *times.Rival)));
@@ -98,6 +104,8 @@ Assumption RowsOf(const ReadingPlan& plan) {
     const TimeTrial& trial = plan.Times->Trial;
     Assumption rows{"rows", {}, Certainty::Certain, {}};
     rows.Text = Phrase("{} of the {} rows looked at have a time", trial.Read, plan.RowsLookedAt);
+    if (plan.Times->Recipe.Kind == TimeKind::Interval)
+        Lower(rows.Sureness, plan.Times->IsUnitNamed ? Certainty::Likely : Certainty::Uncertain);
     if (trial.Read < plan.RowsLookedAt) {
         const bool areMany = 20 * trial.Read < 19 * plan.RowsLookedAt;
         Object(rows, areMany ? Certainty::Uncertain : Certainty::Likely,

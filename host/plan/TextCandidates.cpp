@@ -3,6 +3,7 @@
 
 #include "host/plan/Durations.h"
 #include "host/plan/TimeCandidates.h"
+#include "host/plan/TimeGroups.h"
 #include "host/plan/TimeNames.h"
 #include "platform/framework/Text.h"
 
@@ -69,7 +70,7 @@ bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const Time
 }  // namespace
 
 void TimeCandidates::AddTexts() {
-    for (const auto& texts : Texts) Looks.push_back(LookAt(texts, Clues.Year.value_or(0)));
+    for (const auto& texts : Texts) Looks.push_back(LookAt(texts, YearOf(texts)));
     for (std::size_t i = 0; i < Width; ++i) {
         const ColumnLook& look = Looks[i];
         const bool isNextNumber = i + 1 < Width && Looks[i + 1].Is(Looks[i + 1].Numbers);
@@ -84,16 +85,56 @@ void TimeCandidates::AddTexts() {
     }
 }
 
+// The year of dates without one: that of the lines above, else any that has the days of the texts.
+int TimeCandidates::YearOf(const std::vector<std::u16string>& texts) const {
+    if (Clues.Year) return *Clues.Year;
+    constexpr int CommonYear = 2001;
+    constexpr int LeapYear = 2004;
+    const bool hasLeapDay = std::any_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+        return !ParseInAnyOrder(text, CommonYear) && ParseInAnyOrder(text, LeapYear);
+    });
+    return hasLeapDay ? LeapYear : CommonYear;
+}
+
+// Where the lines above the table have dates of twelve hours between strokes, so have its rows, if they can.
+void TimeCandidates::PutMonthFirst(std::size_t column, DateStyle& style) const {
+    const auto isBetweenStrokes = [](const std::u16string& text) { return text.find(u'/') != text.npos; };
+    if (!std::all_of(Texts[column].begin(), Texts[column].end(), isBetweenStrokes)) return;
+    TimeStyle monthFirst = style.Style;
+    monthFirst.Order = DateOrder::MonthFirst;
+    const bool fits = std::all_of(Texts[column].begin(), Texts[column].end(), [&](const auto& text) {
+        return ParseTime(text, monthFirst) || !ParseTime(text, style.Style);
+    });
+    if (fits) style = {monthFirst, OrderProof::Custom};
+}
+
+// AM and PM alone: the rest of the clock to the left.
+bool TimeCandidates::AreHalves(std::size_t column) const {
+    return column < Width && !Texts[column].empty() &&
+           20 * std::count_if(Texts[column].begin(), Texts[column].end(),
+                              [](const std::u16string& text) {
+                                  return text.size() > 1 && HalfOfName(text) != DayHalf::Unnamed;
+                              }) >=
+               19 * static_cast<std::ptrdiff_t>(Texts[column].size());
+}
+
+// Some rows leave out the date of the row before.
+bool TimeCandidates::LeavesOut(std::size_t column) const {
+    return std::any_of(Rows.Cells.begin() + 1, Rows.Cells.end(),
+                       [column](const auto& row) { return column < row.size() && row[column].empty(); });
+}
+
 // A date with or without a clock, or with one in another column: the nearest first, to the right before the
 // left.
 void TimeCandidates::AddDates(std::size_t column) {
-    const auto style =
-        FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column}, Clues.Year.value_or(0));
+    auto style = FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column}, YearOf(Texts[column]));
     if (!style) return;
+    if (style->Proof == OrderProof::None && Clues.HasTwelveHours) PutMonthFirst(column, *style);
     FoundTimes date;
     date.Recipe.Columns = {column};
     date.Recipe.Style = style->Style;
-    date.Recipe.IsAbsolute = true;
+    date.Recipe.IsAbsolute = style->Style.Year == 0 || Clues.Year;
+    date.Recipe.RollsOver = style->Style.Year != 0;
     date.Order = style->Proof;
     const bool isBoth = 2 * Looks[column].Both > Looks[column].Filled;
     if (FoundTimes* const found = Consider(date.Recipe, isBoth ? 1.0 : 0.9)) found->Order = date.Order;
@@ -117,8 +158,12 @@ void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, s
         AddMilliseconds(column, other, {date.Recipe.Style, date.Order});
         TimeRecipe joint = date.Recipe;
         joint.Columns = {column, other};
+        if (AreHalves(other + 1)) joint.Columns.push_back(other + 1);
+        joint.CarriesDate = LeavesOut(column);
         FoundTimes* const found = Consider(joint, 1.0 - 0.01 * static_cast<double>(distance));
         if (found != nullptr) found->Order = date.Order;
+    } else if (isNumber && distance == 1 && MayBeQuarters(other)) {
+        AddQuartersBeside(date, other);
     } else if (isNumber && (isNamed || (distance == 1 && MayBeHours(other)))) {
         AddHoursBeside(date, other, isNamed ? 0.97 : 0.9);
     }
@@ -131,6 +176,22 @@ bool TimeCandidates::MayBeHours(std::size_t column) const {
     const bool areFourDigits = std::all_of(Texts[column].begin(), Texts[column].end(),
                                            [](const auto& text) { return text.size() == 4; });
     return bounds.IsWithin(0, 2400) && (areFourDigits || bounds.Most >= LateHour);
+}
+
+// Whole days of quarters of an hour have 96, and up to 100 where the clocks change.
+bool TimeCandidates::MayBeQuarters(std::size_t column) const {
+    const NumberBounds bounds = BoundsOf(column);
+    return bounds.IsWithin(1, 100) && bounds.Least == 1 && bounds.Most >= 92;
+}
+
+void TimeCandidates::AddQuartersBeside(const FoundTimes& date, std::size_t other) {
+    TimeRecipe joint = date.Recipe;
+    joint.Kind = TimeKind::Parts;
+    joint.Parts = {{joint.Columns.front(), TimePart::Date}, {other, TimePart::Quarters}};
+    joint.Columns = {};
+    const TimeTrial trial = Try(joint, Rows);
+    if (trial.Equal + trial.Falling > 0) return;
+    if (FoundTimes* const found = Consider(joint, 0.95)) found->Order = date.Order;
 }
 
 void TimeCandidates::AddHoursBeside(const FoundTimes& date, std::size_t other, double weight) {
@@ -173,7 +234,27 @@ void TimeCandidates::AddJointDigits(std::size_t column) {
     if (FoundTimes* const found = Consider(recipe, 0.99)) found->Order = style->Proof;
 }
 
+// Clocks below dates in lines of their own. False where there are none.
+bool TimeCandidates::AddClocksBelowDates(std::size_t column) {
+    std::vector<std::u16string> dates = Rows.DateLines;
+    if (dates.empty() || dates.front().empty()) return false;
+    std::erase(dates, u"");
+    const auto style = FindDateStyle(dates, {}, Rows, {}, 0);
+    if (!style) return false;
+    const std::optional<ParsedTime> first = ParseTime(dates.front(), style->Style);
+    if (!first) return false;
+    TimeRecipe recipe = ClockOf(column);
+    recipe.Style.Order = style->Style.Order;
+    recipe.IsAbsolute = true;
+    recipe.HasDateLines = true;
+    recipe.Epoch = first->Written();
+    FoundTimes* const found = Consider(recipe, 0.98);
+    if (found != nullptr) found->Order = style->Proof;
+    return found != nullptr;
+}
+
 void TimeCandidates::AddClocks(std::size_t column) {
+    if (AddClocksBelowDates(column)) return;
     const TimeRecipe recipe = ClockOf(column);
     FoundTimes* const found = Consider(recipe, IsNamedTime(LabelOf(column)) ? 0.86 : 0.8);
     if (found == nullptr) return;
@@ -193,6 +274,7 @@ void TimeCandidates::AddClocks(std::size_t column) {
 TimeRecipe TimeCandidates::ClockOf(std::size_t column) const {
     TimeRecipe recipe;
     recipe.Columns = {column};
+    if (AreHalves(column + 1)) recipe.Columns.push_back(column + 1);
     TimeRecipe minutes = recipe;
     minutes.Style.BeginsWithMinutes = true;
     if (SpellsMinutesFirst(LabelOf(column)) || Try(minutes, Rows).Read > Try(recipe, Rows).Read)

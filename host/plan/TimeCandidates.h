@@ -57,15 +57,25 @@ class TimeCandidates {
     void AddDates(std::size_t column);
     void AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance);
     bool MayBeHours(std::size_t column) const;
+    int YearOf(const std::vector<std::u16string>& texts) const;
+    void PutMonthFirst(std::size_t column, DateStyle& style) const;
+    bool AreHalves(std::size_t column) const;
+    bool LeavesOut(std::size_t column) const;
+    bool MayBeQuarters(std::size_t column) const;
+    void AddQuartersBeside(const FoundTimes& date, std::size_t other);
     void AddHoursBeside(const FoundTimes& date, std::size_t other, double weight);
     void AddMilliseconds(std::size_t date, std::size_t clock, const DateStyle& style);
     void AddJointDigits(std::size_t column);
+    bool AddClocksBelowDates(std::size_t column);
     void AddClocks(std::size_t column);
     TimeRecipe ClockOf(std::size_t column) const;
 
     // PartCandidates.cpp.
     std::vector<PartColumn> PartsByName() const;
     std::vector<PartColumn> PartsByValue() const;
+    void AddDatesByValue();
+    void AddClockDigits();
+    void ConsiderRising(const std::vector<PartColumn>& parts, double weight);
 
     // NumberCandidates.cpp.
     struct NumberColumn;

@@ -20,6 +20,22 @@ std::u16string_view WithoutEnclosure(std::u16string_view text) {
     return text;
 }
 
+// Of any script that times are written in.
+bool IsWordLetter(char16_t c) {
+    const bool isGreekOrCyrillic = c >= 0x370 && c < 0x530;
+    return IsLetter(c) || isGreekOrCyrillic || (c >= 0x4E00 && c < 0xA000) || (c >= 0xAC00 && c < 0xD7A4);
+}
+}  // namespace
+
+DayHalf HalfOfName(std::u16string_view word) {
+    constexpr std::u16string_view Mornings = u" am a 오전 上午 午前 πμ ";
+    constexpr std::u16string_view Afternoons = u" pm p 오후 下午 午後 μμ ";
+    const std::u16string low = Lowered(word);
+    if (IsListed(Mornings, low)) return DayHalf::Morning;
+    return IsListed(Afternoons, low) ? DayHalf::Afternoon : DayHalf::Unnamed;
+}
+
+namespace {
 // Takes one text apart; an object a text.
 class TimeCutter {
   public:
@@ -33,11 +49,13 @@ class TimeCutter {
                 continue;
             }
             std::size_t end = at + 1;
-            if (IsLetter(c)) {
-                while (end < text.size() && IsLetter(text[end])) ++end;
+            if (IsWordLetter(c)) {
+                while (end < text.size() && IsWordLetter(text[end])) ++end;
                 if (!TakeWord(text.substr(at, end - at), text, end)) return false;
                 Marks.clear();
                 HasBlank = true;
+            } else if (c == u'.' && IsAfterFiller) {
+                IsAfterFiller = false;
             } else if (IsWhiteSpace(c) || c == 0xA0 || c == u'_' || c == u'|') {
                 HasBlank = true;
             } else if (std::u16string_view(u".,:/-+'\"").find(c) != std::u16string_view::npos) {
@@ -121,13 +139,13 @@ class TimeCutter {
             HasT = true;
             return isBetweenDigits;
         }
-        if (EqualsIgnoreCase(word, u"AM") || EqualsIgnoreCase(word, u"PM") || EqualsIgnoreCase(word, u"a") ||
-            EqualsIgnoreCase(word, u"p")) {
+        if (const DayHalf half = HalfOfName(word); half != DayHalf::Unnamed) {
             // "a.m." comes in two words
             if (All.Half != DayHalf::Unnamed) return false;
-            All.Half = EqualsIgnoreCase(word.substr(0, 1), u"a") ? DayHalf::Morning : DayHalf::Afternoon;
+            All.Half = half;
             return true;
         }
+        if (isBetweenDigits && TakePeriod(word)) return true;
         if (All.Half != DayHalf::Unnamed && EqualsIgnoreCase(word, u"m") && word.size() == 1) return true;
         if (const int month = MonthOfName(word); month != 0 && All.Month == 0) {
             All.Month = month;
@@ -145,9 +163,26 @@ class TimeCutter {
             IsHourMarked = true;
             return true;
         }
-        if (EqualsIgnoreCase(word, u"Uhr") || EqualsIgnoreCase(word, u"at") || EqualsIgnoreCase(word, u"um"))
+        constexpr std::u16string_view Fillers = u" uhr at um kl klo kello г года ";
+        if (IsListed(Fillers, Lowered(word))) {
+            IsAfterFiller = true;  // "kl. 10.20"
             return true;
-        return TakeUnit(word);
+        }
+        if (TakeUnit(word)) return true;
+        // "25.03.2024 г. 00:00": an abbreviation in another language, between a date and a clock.
+        constexpr std::size_t LongestShort = 3;
+        IsAfterFiller = All.Groups.size() == 3 && word.size() <= LongestShort && end + 2 < text.size() &&
+                        text[end] == u'.' && IsWhiteSpace(text[end + 1]) && IsDigit(text[end + 2]);
+        return IsAfterFiller;
+    }
+
+    // "2024-W10", "1992M01", "2024-Q1": a letter after a year.
+    bool TakePeriod(std::u16string_view word) {
+        const bool isLetter = word == u"W" || word == u"M" || word == u"Q";
+        if (!isLetter || All.Groups.size() != 1 || All.Groups[0].Length() != 4) return false;
+        if (!Marks.empty() && Marks != u"-") return false;
+        All.Period = word[0];
+        return true;
     }
 
     // "3d", "2h": the group before is an amount of a span.
@@ -178,7 +213,8 @@ class TimeCutter {
     bool HasBlank = false;  // since the last group, or a word
     bool HasT = false;
     bool HasZoneWord = false;
-    bool IsHourMarked = false;  // the next group follows an h
+    bool IsHourMarked = false;   // the next group follows an h
+    bool IsAfterFiller = false;  // a point may end the word
 };
 }  // namespace
 

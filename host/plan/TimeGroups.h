@@ -24,9 +24,13 @@ struct DigitGroup {
 
 enum class DayHalf { Unnamed, Morning, Afternoon };
 
+// "AM", "pm", "오후"; Unnamed for any other word.
+DayHalf HalfOfName(std::u16string_view word);
+
 struct TimeGroups {
     std::vector<DigitGroup> Groups;  // those that no word or zone has taken; views into the text
     int Month = 0;                   // that a word names; 0 for none
+    char16_t Period = u'\0';  // W of "2024-W10", M of "1992M01", Q of "2024Q1", between the first two groups
     DayHalf Half = DayHalf::Unnamed;
     std::optional<int> ZoneMinutes;  // east of UTC
     bool IsSpan = false;             // amounts with units of time, as in "3d 18:47:23"

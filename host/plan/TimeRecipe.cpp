@@ -6,6 +6,7 @@
 #include "host/plan/Cells.h"
 #include "host/plan/Durations.h"
 #include "host/plan/ExactProduct.h"
+#include "host/plan/TimeWords.h"
 #include "platform/framework/Numbers.h"
 #include "platform/framework/Text.h"
 
@@ -60,6 +61,9 @@ bool AddNumber(TimePart part, std::int64_t number, DateParts& all) {
         case TimePart::Milliseconds:
             all.Clock += number * Millisecond;
             return number < 1000;
+        case TimePart::Quarters:
+            all.Clock += (number - 1) * (Hour / 4);
+            return number >= 1 && number <= 100;
         case TimePart::Week:
             // Weeks of satellite time count from 6 January 1980.
             all.Days = DaysSince1970(1980, 1, 6) + 7 * number;
@@ -83,11 +87,28 @@ bool AddNumber(TimePart part, std::int64_t number, DateParts& all) {
     }
 }
 
+// A clock without colons: hhmmss, with a fraction or without.
+bool AddClockDigits(std::u16string_view cell, DateParts& all) {
+    constexpr std::size_t WholeDigits = 6;
+    const std::optional<NumberLook> look = LookAtNumber(cell);
+    if (!look || look->HasExponent || cell.size() < WholeDigits) return false;
+    if (look->Mark != u'\0' && cell.find(look->Mark) != WholeDigits) return false;
+    const std::optional<std::int64_t> whole = WholeNumber(cell.substr(0, WholeDigits));
+    const std::optional<std::int64_t> seconds =
+        ExactProduct(cell.substr(4), Second, look->Mark == u'\0' ? u'.' : look->Mark);
+    if (!whole || !seconds) return false;
+    const std::int64_t minutes = *whole / 100 % 100;
+    all.Clock += *whole / 10'000 * Hour + minutes * Minute + *seconds;
+    return *whole / 10'000 < 24 && minutes < 60 && *seconds >= 0 && *seconds < Minute;
+}
+
 bool AddPart(TimePart part, std::u16string_view cell, DateParts& all, const TimeStyle& style) {
     if (part == TimePart::Date || part == TimePart::Clock) return AddText(part, cell, all, style);
     if (part == TimePart::Hours || part == TimePart::Minutes || part == TimePart::Seconds)
         return AddAmount(part, cell, all);
-    const std::optional<std::int64_t> number = WholeNumber(cell);
+    if (part == TimePart::HoursMinutesSeconds) return AddClockDigits(cell, all);
+    std::optional<std::int64_t> number = WholeNumber(cell);
+    if (part == TimePart::Month && !number) number = MonthOfName(cell);
     return number && AddNumber(part, *number, all);
 }
 
@@ -98,6 +119,7 @@ std::optional<std::int64_t> TimeOfParts(const TimeRecipe& recipe,
         if (part.Column >= cells.size() || !AddPart(part.Part, cells[part.Column], all, recipe.Style))
             return std::nullopt;
     }
+    if (!all.HasDate && all.Year == 0) return all.Clock;
     if (!all.HasDate) {
         const int year = static_cast<int>(all.Year);
         all.Days = all.DayOfYear != 0
@@ -122,7 +144,10 @@ std::optional<std::int64_t> TimeOfText(const TimeRecipe& recipe,
         }
     }
     const std::optional<ParsedTime> time = ParseTime(text, recipe.Style);
-    if (!time || time->HasDate != recipe.IsAbsolute) return std::nullopt;
+    const bool hasUnknownYear = recipe.HasUnknownYear();
+    if (!time || time->HasDate != ((recipe.IsAbsolute && !recipe.HasDateLines) || hasUnknownYear))
+        return std::nullopt;
+    if (hasUnknownYear) return time->Written() - DaysSince1970(recipe.Style.Year, 1, 1) * DayLength;
     if (!recipe.AppliesZone) return time->Written();
     if (!time->ZoneMinutes) return std::nullopt;
     return time->Written() - *time->ZoneMinutes * 60 * Second;
@@ -140,6 +165,31 @@ std::optional<std::int64_t> TimeRecipe::TimeOf(const std::vector<std::u16string_
     return WrappingAdd(*time, Epoch);
 }
 
+void TimeWalk::TakeDate(std::u16string_view text) {
+    const std::optional<ParsedTime> time = ParseTime(text, Recipe.Style);
+    if (!time || !time->HasDate || time->HasClock) return;
+    Day = time->Written();
+    Days = 0;
+    IsFirst = true;
+}
+
+std::int64_t TimeWalk::RollLength() const {
+    const int year = Recipe.Style.Year;
+    return year == 0 ? DayLength : (DaysSince1970(year + 1, 1, 1) - DaysSince1970(year, 1, 1)) * DayLength;
+}
+
+std::optional<std::int64_t> TimeWalk::TimeOf(const std::vector<std::u16string_view>& cells) {
+    if (!Recipe.CarriesDate || Recipe.Columns.front() >= cells.size()) return Memo.TimeOf(Recipe, cells);
+    const std::size_t column = Recipe.Columns.front();
+    if (!cells[column].empty()) {
+        Date = cells[column];
+        return Memo.TimeOf(Recipe, cells);
+    }
+    Dated = cells;
+    Dated[column] = Date;
+    return Memo.TimeOf(Recipe, Dated);
+}
+
 std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view>& cells, std::size_t width) {
     const std::size_t used = Recipe.Columns.size() + Recipe.Parts.size();
     constexpr std::size_t WideTable = 4;
@@ -149,13 +199,18 @@ std::optional<std::int64_t> TimeWalk::Next(const std::vector<std::u16string_view
         for (std::size_t i = 0; i < cells.size() && filled <= used; ++i) filled += !cells[i].empty();
         isAlone = filled <= used;
     }
-    if (isAlone && width > used) return std::nullopt;
-    std::optional<std::int64_t> time = Memo.TimeOf(Recipe, cells);
+    if (isAlone && width > used) {
+        if (Recipe.HasDateLines && !cells.empty()) TakeDate(cells.front());
+        return std::nullopt;
+    }
+    std::optional<std::int64_t> time = TimeOf(cells);
     if (!time) return std::nullopt;
+    if (Recipe.HasDateLines) *time += Day;
     if (Recipe.Kind == TimeKind::Interval) return WrappingAdd(*time, WrappingMultiply(Recipe.Unit, Row++));
     if (Recipe.EndsDays && *time % DayLength == 0) return *time + DayLength;
     if (!Recipe.RollsOver) return time;
-    if (!IsFirst && *time < Before - DayLength / 2) Days += DayLength;
+    const std::int64_t length = RollLength();
+    if (!IsFirst && *time < Before - length / 2) Days += length;
     IsFirst = false;
     Before = *time;
     return *time + Days;

@@ -34,6 +34,10 @@ const FoundTimes* BestOf(const std::vector<FoundTimes>& found) {
     return best;
 }
 
+bool IsNamed(const Label& label, const TimeRecipe& recipe) {
+    return IsNamedTime(label) || (recipe.Kind == TimeKind::Parts && PartOfName(label));
+}
+
 // Texts that all name their zone are moments, also where the zone changes between summer and winter.
 void ApplyZones(FoundTimes& times, const TableRows& rows) {
     TimeRecipe zoned = times.Recipe;
@@ -58,8 +62,8 @@ void MoveMidnight(FoundTimes& times, const TableRows& rows) {
 
 bool IsAnyNamed(const TimeRecipe& recipe, const Labels& labels) {
     const std::vector<std::size_t> columns = ColumnsOf(recipe);
-    return std::any_of(columns.begin(), columns.end(), [&labels](std::size_t column) {
-        return column < labels.Columns.size() && IsNamedTime(labels.Columns[column]);
+    return std::any_of(columns.begin(), columns.end(), [&](std::size_t column) {
+        return column < labels.Columns.size() && IsNamed(labels.Columns[column], recipe);
     });
 }
 

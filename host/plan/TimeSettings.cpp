@@ -222,7 +222,10 @@ void AddShift(std::int64_t shift, SettingList& settings) {
 std::optional<SettingList> TextSettings(ITimeReader& reader, const ReadingPlan& plan,
                                         const std::u16string& path) {
     const TimeRecipe& recipe = plan.Times->Recipe;
-    if (recipe.Columns.size() > 2) return std::nullopt;
+    // No format carries a date or a year on.
+    const bool isCarried =
+        recipe.CarriesDate || recipe.HasDateLines || (recipe.RollsOver && recipe.Style.Year != 0);
+    if (isCarried || recipe.Columns.size() > 2) return std::nullopt;
     std::vector<std::size_t> columns = recipe.Columns;
     std::sort(columns.begin(), columns.end());
     const TimedTexts texts = TextsOf(plan, columns);

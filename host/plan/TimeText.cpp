@@ -4,18 +4,13 @@
 #include <span>
 #include <vector>
 
+#include "host/plan/Calendar.h"
 #include "host/plan/Durations.h"
 #include "host/plan/TimeGroups.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
-int DaysOfMonth(int year, int month) {
-    constexpr int Days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return month == 2 && isLeap ? 29 : Days[month - 1];
-}
-
 // Reads one text; an object a text.
 class TimeReader {
   public:
@@ -30,6 +25,7 @@ class TimeReader {
         Time.HasClock = cut.IsSpan;
         Time.Clock = cut.Span;
         if (Time.IsSpan && Groups.empty()) return Time;
+        Period = cut.Period;
         if (Groups.empty() || !ReadDate() || !ReadClock() || At != Groups.size()) return std::nullopt;
         if (!Time.HasDate && !Time.HasClock) return std::nullopt;
         return ApplyHalf() ? std::optional(Time) : std::nullopt;
@@ -58,13 +54,16 @@ class TimeReader {
     bool ReadDate() {
         if (Time.IsSpan) return true;
         if (Time.Month != 0) return ReadNamedMonth();
+        if (Period != u'\0') return ReadPeriod();
         const DigitGroup& first = Next();
         if (first.Length() >= 6) return ReadCompact(first);
+        if (Left() == 2) return ReadYearAndMonth();
         if (Left() < 3) return true;
+        if (IsDateOfTwo()) return ReadDateOfTwo();
         const DigitGroup& second = Groups[At + 1];
         const DigitGroup& third = Groups[At + 2];
         const bool isColoned = second.Before == u":";
-        if (isColoned && first.Length() != 4) return true;
+        if (isColoned && first.Length() != 4 && third.Length() != 4) return true;
         if (second.AfterBlank != third.AfterBlank || (!isColoned && second.Before == u":")) return true;
         if (second.Before != third.Before) return IsClockOfMarks() || second.Before == u":";
         if (second.Before == u"." && !Style.BeginsWithMinutes && third.Length() == 3) return true;
@@ -75,6 +74,78 @@ class TimeReader {
         if (second.Length() > 2) return false;
         return Style.Order == DateOrder::MonthFirst ? SetDate(third, first.Number(), second)
                                                     : SetDate(third, second.Number(), first);
+    }
+
+    // "2024-W10", "2024-W10-4", "1992M01", "2024-Q1": the first day of the week, the month or the quarter.
+    bool ReadPeriod() {
+        const DigitGroup year = Groups[0];
+        if (Groups.size() < 2 || Groups[1].Length() > 2) return false;
+        const std::int64_t number = Groups[1].Number();
+        At = 2;
+        if (Period == u'M') return SetDate(year, number, {u"1", {}, false});
+        if (Period == u'Q') return number <= 4 && SetDate(year, 3 * number - 2, {u"1", {}, false});
+        std::int64_t day = 1;
+        if (Left() > 0 && Next().Before == u"-" && Next().Length() == 1) day = Groups[At++].Number();
+        if (number < 1 || number > 53 || day < 1 || day > 7) return false;
+        return SetDays(year, DaysOfWeekDate(static_cast<int>(year.Number()), static_cast<int>(number),
+                                            static_cast<int>(day)));
+    }
+
+    // A date by its days since 1970, of which `year` is near.
+    bool SetDays(const DigitGroup& year, std::int64_t days) {
+        if (!SetDate(year, 1, {u"1", {}, false})) return false;
+        const CalendarDay date = CalendarDayOf(days);
+        Time.Year = date.Year;
+        Time.Month = date.Month;
+        Time.Day = date.Day;
+        return true;
+    }
+
+    // "2024-03", "2024/03", "03/2024", and "2024-067", a day of the year; any other two groups are left.
+    bool ReadYearAndMonth() {
+        const DigitGroup& first = Groups[0];
+        const DigitGroup& second = Groups[1];
+        if (second.AfterBlank || (second.Before != u"-" && second.Before != u"/")) return true;
+        if (first.Length() == 4 && second.Length() == 3) return ReadDayOfYear();
+        const bool isYearLast = second.Length() == 4;
+        const DigitGroup& year = isYearLast ? second : first;
+        const DigitGroup& month = isYearLast ? first : second;
+        if (year.Length() != 4 || month.Length() != 2) return true;
+        At += 2;
+        return SetDate(year, month.Number(), {u"1", {}, false});
+    }
+
+    bool ReadDayOfYear() {
+        const DigitGroup& year = Groups[At];
+        const std::int64_t day = Groups[At + 1].Number();
+        const int number = static_cast<int>(year.Number());
+        const std::int64_t first = DaysSince1970(number, 1, 1);
+        if (day < 1 || day > DaysSince1970(number + 1, 1, 1) - first) return false;
+        At += 2;
+        return SetDays(year, first + day - 1);
+    }
+
+    // Before a clock: "2024-067 10:20", "2024:067:10:20", or "03/07 22:20", whose year is the style's.
+    bool IsDateOfTwo() const {
+        const DigitGroup& second = Groups[At + 1];
+        const DigitGroup& third = Groups[At + 2];
+        if (second.AfterBlank) return false;
+        if (Next().Length() == 4 && second.Length() == 3)
+            return second.Before == u":"
+                       ? third.Before == u":"
+                       : third.AfterBlank && (second.Before == u"-" || second.Before == u"/");
+        const bool isMarked = second.Before == u"/" || second.Before == u"-" || second.Before == u".";
+        return Style.Year != 0 && isMarked && Next().Length() <= 2 && second.Length() <= 2 &&
+               third.AfterBlank && (third.Before.empty() || third.Before == u".") && Left() > 3;
+    }
+
+    bool ReadDateOfTwo() {
+        if (Next().Length() == 4) return ReadDayOfYear();
+        const DigitGroup& first = Groups[At];
+        const DigitGroup& second = Groups[At + 1];
+        At += 2;
+        return Style.Order == DateOrder::DayFirst ? SetDate(Style.Year, 4, second.Number(), first.Number())
+                                                  : SetDate(Style.Year, 4, first.Number(), second.Number());
     }
 
     // "12.30,5": not a date.
@@ -139,6 +210,13 @@ class TimeReader {
                 (!clock.empty() && i > 0 && !Groups[i].AfterBlank &&
                  (Groups[i].Before == u"." || Groups[i].Before == u",") && Groups[i - 1].Before == u":");
             (isClock ? clock : dates).push_back(Groups[i]);
+        }
+        // "Jan-24", "January 2024"
+        const bool isYear = dates.size() == 1 && clock.empty() && Style.Year == 0 &&
+                            (dates[0].Length() == 4 || (dates[0].Length() == 2 && dates[0].Before == u"-"));
+        if (isYear) {
+            At = 1;
+            return SetDate(dates[0], Time.Month, {u"1", {}, false});
         }
         if (dates.size() == 1 && Style.Year != 0 && dates[0].Length() <= 2) {
             if (!SetDate(Style.Year, 4, Time.Month, dates[0].Number())) return false;
@@ -266,6 +344,7 @@ class TimeReader {
     std::size_t At = 0;
     ParsedTime Time;
     DayHalf Half = DayHalf::Unnamed;
+    char16_t Period = u'\0';
 };
 std::optional<ParsedTime> ReadTime(const std::optional<TimeGroups>& cut, const TimeStyle& style) {
     return cut ? TimeReader(style).Read(*cut) : std::nullopt;
@@ -300,15 +379,6 @@ std::optional<ParsedTime> ReadFirstTime(const std::optional<TimeGroups>& cut, st
     return std::nullopt;
 }
 }  // namespace
-
-std::int64_t DaysSince1970(int year, int month, int day) {
-    // Years from March on, so that the leap day is the last of its year; 400 years have 146,097 days.
-    const int shifted = month > 2 ? year : year - 1;
-    const int era = shifted / 400;
-    const int ofEra = shifted - era * 400;
-    const int ofYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return std::int64_t{era} * 146'097 + ofEra * 365 + ofEra / 4 - ofEra / 100 + ofYear - 719'468;
-}
 
 std::int64_t ParsedTime::Written() const {
     return (HasDate ? DaysSince1970(Year, Month, Day) * DayLength : 0) + Clock;

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string_view>
 
+#include "host/plan/Calendar.h"
+
 namespace kelvarin::plan {
 // What the numbers of a date are, from left to right, where the text itself doesn't tell.
 enum class DateOrder { YearFirst, DayFirst, MonthFirst };
@@ -42,7 +44,4 @@ std::optional<ParsedTime> ParseInAnyOrder(std::u16string_view text, int year);
 
 // As ParseTime, in each order, by DateOrder. Cheaper than three calls.
 std::array<std::optional<ParsedTime>, 3> ParseInEachOrder(std::u16string_view text, int year);
-
-// Days since 1970 of a day of the Gregorian calendar.
-std::int64_t DaysSince1970(int year, int month, int day);
 }  // namespace kelvarin::plan

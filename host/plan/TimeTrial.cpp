@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "host/plan/QuickCut.h"
 
@@ -18,6 +19,24 @@ bool AreOfOther(const std::vector<OtherTable>& others, std::uint64_t line, std::
     return std::any_of(others.begin(), others.end(),
                        [&](const OtherTable& other) { return other.Columns != width && other.Holds(line); });
 }
+
+// The only filled cell of a line, if it is a date.
+std::u16string LoneDateOf(const std::vector<std::u16string_view>& cells) {
+    std::u16string_view lone;
+    for (const std::u16string_view cell : cells) {
+        if (cell.empty()) continue;
+        if (!lone.empty()) return {};
+        lone = cell;
+    }
+    const std::optional<ParsedTime> time = ParseInAnyOrder(lone, 0);
+    return time && time->HasDate && !time->HasClock ? std::u16string(lone) : std::u16string();
+}
+
+// The date in the line directly above the table.
+std::u16string DateAbove(const FileSample& sample, const FoundTable& table, LineCutter& cut) {
+    if (table.First == 0) return {};
+    return LoneDateOf(cut(sample.Lines[table.First - 1].Text));
+}
 }  // namespace
 
 TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others) {
@@ -27,6 +46,7 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
     LineCutter cut(table.How);
     int notes = 0;
     bool isAfterGap = false;
+    std::u16string date = DateAbove(sample, table, cut);
     for (std::size_t i = table.First; i < sample.Lines.size(); ++i) {
         isAfterGap |= sample.Lines[i].IsAfterGap;
         if (AreOfOther(others, sample.Lines[i].Number, table.Width)) continue;
@@ -36,6 +56,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
             constexpr int MostNotes = 5;
             notes += shape.Filled != 0;
             if (notes > MostNotes && !rows.Cells.empty() && i < sample.Head) break;
+            if (std::u16string lone = LoneDateOf(cut(sample.Lines[i].Text)); !lone.empty())
+                date = std::move(lone);
             continue;
         }
         notes = 0;
@@ -44,6 +66,7 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
         rows.Cells.emplace_back(cells.begin(), cells.end());
         rows.IsAfterGap.push_back(isAfterGap);
         isAfterGap = false;
+        rows.DateLines.push_back(std::exchange(date, {}));
     }
     return rows;
 }
@@ -64,6 +87,7 @@ TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
     TimeWalk walk(recipe);
     for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
         cells.assign(rows.Cells[i].begin(), rows.Cells[i].end());
+        if (recipe.HasDateLines && i < rows.DateLines.size()) walk.TakeDate(rows.DateLines[i]);
         const std::optional<std::int64_t> time = walk.Next(cells, rows.Width);
         if (!time) continue;
         if (trial.Read++ == 0) trial.First = *time;

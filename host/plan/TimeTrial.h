@@ -14,8 +14,9 @@ namespace kelvarin::plan {
 // Rows of the table in the sample, cut.
 struct TableRows {
     std::vector<std::vector<std::u16string>> Cells;
-    std::size_t Width = 0;         // cells of most rows
-    std::vector<bool> IsAfterGap;  // rows between it and the one before are not in the sample
+    std::size_t Width = 0;                  // cells of most rows
+    std::vector<std::u16string> DateLines;  // by row: the date that a line of its own before it holds, or ""
+    std::vector<bool> IsAfterGap;           // rows between it and the one before are not in the sample
 };
 
 // The rows of a found table; those of others with another width are not among them.

@@ -52,6 +52,8 @@ std::string TextsInWords(const ReadingPlan& plan, const FoundTimes& times) {
     const TimeRecipe& recipe = times.Recipe;
     const std::string columns = ColumnsInWords(plan, recipe.Columns);
     if (!recipe.IsAbsolute) {
+        if (recipe.HasUnknownYear())
+            return Phrase("date and time without a year in {}", columns) + OrderInWords(times);
         const bool isClock = recipe.RollsOver;
         std::string words = isClock ? Phrase("time of day without a date in {}", columns)
                                     : Phrase("elapsed time in {}", columns);
@@ -59,6 +61,8 @@ std::string TextsInWords(const ReadingPlan& plan, const FoundTimes& times) {
         if (recipe.Style.FractionIsCounted) words += ", " + Phrase("milliseconds without leading zeros");
         return words;
     }
+    if (recipe.HasDateLines)
+        return Phrase("time of day in {}, below dates in lines of their own", columns) + OrderInWords(times);
     const bool areDays = times.Trial.First % DayLength == 0 && times.Trial.MedianStep % DayLength == 0;
     const bool isDate = areDays && recipe.Columns.size() == 1;
     return (isDate ? Phrase("date in {}", columns) : Phrase("date and time in {}", columns)) +
@@ -95,6 +99,8 @@ std::string TimesInWords(const ReadingPlan& plan) {
         case TimeKind::Parts: {
             std::vector<std::size_t> columns;
             for (const PartColumn& part : recipe.Parts) columns.push_back(part.Column);
+            if (!recipe.IsAbsolute)
+                return Phrase("time of day without a date in {}", ColumnsInWords(plan, columns));
             return Phrase("date and time in parts: {}", ColumnsInWords(plan, columns)) + OrderInWords(times);
         }
         default:

@@ -44,6 +44,18 @@ TEST(PlanPreamble, NamesStartAndInterval) {
         {"Sample rate;0,5;Hz\n", Unknown, 2 * Second},
         {"Sample Interval: 1.5 s\n", Unknown, 3 * Second / 2},
         {"dt=20 us\n", Unknown, 20'000},
+        {"Sample interval: 00:15:00\n", Unknown, 15 * Minute},
+        {"Interval   Days: 0 Hours: 00 Mins: 15 Secs: 30\n", Unknown, 15 * Minute + 30 * Second},
+        {"dt = 0.004\n", Unknown, Second / 250},
+        {"fs=2000\n", Unknown, Second / 2000},
+        {"Sampling Frequency [Hz]: 2000\n", Unknown, Second / 2000},
+        {"SampleRate, 1.2500E+06, 1.2500E+06\n", Unknown, 800},
+        {"HResolution, 8.0000E-07\n", Unknown, 800},
+        {"XIncrement,2.0E-06\n", Unknown, 2000},
+        {"Sampling interval,1s\n", Unknown, Second},
+        {"X,CH1,Start,Increment\nSequence,Volt,-6.0e-04,1.0e-06\n", Unknown, 1000},
+        // What a small rate counts is open.
+        {"Sample rate: 10\n", Unknown, Unknown},
         {"Baud rate: 9600 s\n", Unknown, Unknown},
         {"Length: 12 s\n", Unknown, Unknown},
     };

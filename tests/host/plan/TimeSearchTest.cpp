@@ -139,6 +139,84 @@ TEST(PlanTimes, AreInParts) {
     CheckTimes(cases);
 }
 
+TEST(PlanTimes, AreMonthsAndYears) {
+    const TimesCase cases[] = {
+        {"month,v\n2023-11,2.4\n2023-12,2.5\n2024-01,2.4\n2024-02,2.2\n", "date in column 1 (\"month\")",
+         "2023-11-01 00:00:0", "2024-02-01 00:00:0"},
+        {"month;v\nNov-23;2.4\nDec-23;2.5\nJan-24;2.4\nFeb-24;2.2\n", "date in column 1 (\"month\")",
+         "2023-11-01 00:00:0", "2024-02-01 00:00:0"},
+        {"yyyy;mm;v\n2023;11;2.4\n2023;12;2.5\n2024;1;2.4\n2024;2;2.2\n",
+         "date and time in parts: column 1 (\"yyyy\"), column 2 (\"mm\")", "2023-11-01 00:00:0",
+         "2024-02-01 00:00:0"},
+        {"Year;v\n1990;2.4\n1991;2.5\n1992;2.4\n1993;2.2\n1994;2.2\n",
+         "date and time in parts: column 1 (\"Year\")", "1990-01-01 00:00:0", "1994-01-01 00:00:0"},
+        {"week;v\n2020-W52;1.5\n2020-W53;2.5\n2021-W01;2.5\n", "date in column 1 (\"week\")",
+         "2020-12-21 00:00:0", "2021-01-04 00:00:0"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreDatesInPartsThatNothingNames) {
+    const TimesCase cases[] = {
+        {"2491;2023;01;30;1.5\n2491;2023;01;31;1.5\n2491;2023;02;01;1.4\n2491;2023;02;02;1.5\n",
+         "date and time in parts: column 2, column 3, column 4", "2023-01-30 00:00:0", "2023-02-02 00:00:0"},
+        {"Rok;Mies;Dz;Godz;v\n2023;1;31;22:00;5\n2023;1;31;23:00;5\n2023;2;1;00:00;5\n2023;2;1;01:00;5\n",
+         "date and time in parts: column 1 (\"Rok\"), column 2 (\"Mies\"), column 3 (\"Dz\"), column 4 "
+         "(\"Godz\")",
+         "2023-01-31 22:00:0", "2023-02-01 01:00:0"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreCompletedByOtherRowsAndColumns) {
+    const TimesCase cases[] = {
+        // A date that only the first row of a day has.
+        {"Datum;Zeit;v;w\n07.03.2024;22:00;1;2\n;23:00;1;2\n08.03.2024;00:00;1;2\n;01:00;1;2\n",
+         "date and time in column 1 (\"Datum\"), column 2 (\"Zeit\"), day before month", "2024-03-07 22:00:0",
+         "2024-03-08 01:00:0"},
+        // A line with the date above the rows of a day.
+        {"Time;v;w\n2024-03-07\n22:00;1;2\n23:00;1;2\n2024-03-08\n00:00;1;2\n01:00;1;2\n",
+         "time of day in column 1 (\"Time\"), below dates in lines of their own", "2024-03-07 22:00:0",
+         "2024-03-08 01:00:0"},
+        // AM and PM in a cell of their own.
+        {"09/14/2022 11:00:00 AM 9.1 9.5\n09/14/2022 12:00:00 PM 9.2 9.5\n09/14/2022 1:00:00 PM 9.3 9.6\n",
+         "date and time in column 1, column 2, column 3, month before day", "2022-09-14 11:00:0",
+         "2022-09-14 13:00:0"},
+        // Twelve hours above the table.
+        {"Acquired: 3/7/2024 10:20:33 AM\n\nTime,v\n03/07/2024 10:20:33,1\n03/07/2024 10:20:43,2\n"
+         "03/07/2024 10:20:53,3\n",
+         "date and time in column 1 (\"Time\"), month before day", "2024-03-07 10:20:33",
+         "2024-03-07 10:20:53"},
+        // Dates without a year, over New Year.
+        {"t;v\n12/31 22:00;1\n12/31 23:00;2\n12/31 24:00;2\n01/01 01:00;3\n",
+         "date and time without a year in column 1 (\"t\"), month before day", "31528800", "31539600"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreIntervalsBesideWhatWasMeasured) {
+    const TimesCase cases[] = {
+        {"Sample interval: 15 min\n\nT;F\n20.1;5.5\n20.3;5.4\n20.2;5.7\n20.4;5.1\n",
+         "no column holds times: a row every 00:15:00", "0", "2700"},
+        {"Sample rate: 2000 Hz\n\n1.5\n1.6\n1.7\n1.8\n1.9\n", "no column holds times: a row every 500 µs",
+         "0", "0.002"},
+    };
+    CheckTimes(cases);
+}
+
+TEST(PlanTimes, AreClocksWithoutColons) {
+    std::string text = "sats time speed\n";
+    for (int i = 0; i < 90; ++i) {
+        char row[40];
+        std::snprintf(row, sizeof row, "009 10%02d%02d.50 %d.5\n", 30 + i / 60, i % 60, 50 + i % 7);
+        text += row;
+    }
+    const TimesCase cases[] = {
+        {text.c_str(), "time of day without a date in column 2 (\"time\")", "37800.5", "37889.5"},
+    };
+    CheckTimes(cases);
+}
+
 TEST(PlanTimes, AreNumbersThatCount) {
     const TimesCase cases[] = {
         {"t [s];v\n0;1\n0.5;2\n1;3\n", "elapsed seconds in column 1 (\"t [s]\")", "0", "1"},
