@@ -130,6 +130,22 @@ std::size_t NextRow(const std::vector<RowShape>& shapes, std::size_t from,
     return from;
 }
 
+bool AreAlike(const RowShape& row, const RowShape& other, std::size_t cells) {
+    for (std::size_t column = 0; column < cells; ++column) {
+        if (row.Kind(column) != other.Kind(column)) return false;
+    }
+    return true;
+}
+
+// A first row that alone holds what is said once, as a serial number: it has as many cells as the names above
+// it, and those of the other rows are alike.
+bool IsLongerFirstRow(const std::vector<RowShape>& shapes, std::size_t index, std::size_t width) {
+    if (index == 0 || index + 1 >= shapes.size()) return false;
+    const RowShape& names = shapes[index - 1];
+    const bool areNames = names.Numbers + names.Values == 0 && names.Cells == shapes[index].Cells;
+    return areNames && names.Cells > width && AreAlike(shapes[index], shapes[index + 1], width);
+}
+
 // Log lines above a header may look like rows: where a line of words in most columns of values is among the
 // first lines, with many more rows below it than above, the table begins below it.
 std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t first, std::size_t cells,
@@ -158,6 +174,11 @@ std::size_t BelowLastHeader(const std::vector<RowShape>& shapes, std::size_t fir
         const bool isHeader = shapes[i].Cells >= cells && values > 1 && 4 * words >= 3 * values;
         // The rows above hold less than those below: most of their cells are empty.
         if (!isHeader || !IsRow(shapes[i + 1], holdsValues)) continue;
+        // One line of numbers of other kinds above the names says something of the file.
+        const bool isLoneLine = rowsAbove == 1 && i == first + 1 &&
+                                shapes[i].Numbers + shapes[i].Values == 0 &&
+                                !AreAlike(shapes[first], shapes[i + 1], cells);
+        if (isLoneLine) begin = i + 1;
         std::size_t filledAbove = 0;
         for (std::size_t k = begin; k < i; ++k) filledAbove += shapes[k].Filled;
         if (rowsAbove > 0 && 2 * filledAbove <= rowsAbove * shapes[i + 1].Filled) begin = i + 1;
@@ -214,6 +235,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
         table.First =
             BelowLastHeader(shapes, WiderBeginning(shapes, *first, holdsValues), cells, holdsValues);
         table.Width = shapes[table.First].Cells;
+        if (table.First > 0 && IsLongerFirstRow(shapes, table.First - 1, table.Width)) --table.First;
         table.Rows = RowsFrom(shapes, table.First, cells, holdsValues);
         mine = std::move(table);
     }

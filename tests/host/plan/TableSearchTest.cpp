@@ -50,6 +50,18 @@ TEST(PlanTable, IsFoundWithEachSeparator) {
     CheckTables(cases);
 }
 
+TEST(PlanTable, BeginsAtItsOddFirstRowAndBelowALineOfNumbers) {
+    const TableCase cases[] = {
+        {"Nr,Time,T,Serial\n1,2024-03-07 10:00:00,1.5,4711\n2,2024-03-07 10:01:00,1.6\n"
+         "3,2024-03-07 10:02:00,1.7\n4,2024-03-07 10:03:00,1.8\n",
+         ",, 3 columns from line 2, 3 rows"},
+        {"7999,CA,-8.0\nDate,Sun,Wind\n01/01/1988 01:00,22,6.0\n01/01/1988 02:00,0,4.8\n"
+         "01/01/1988 03:00,0,3.6\n01/01/1988 04:00,0,3.6\n01/01/1988 05:00,0,3.6\n",
+         ",, 3 columns from line 3, 5 rows"},
+    };
+    CheckTables(cases);
+}
+
 TEST(PlanTable, IsNotCutWithinItsValues) {
     const TableCase cases[] = {
         // Decimal commas.
