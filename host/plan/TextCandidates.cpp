@@ -60,8 +60,8 @@ bool AreSixDigits(const std::vector<std::u16string_view>& texts) {
     });
 }
 
-bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
-    const auto count = std::count_if(texts.begin(), texts.end(), [&](const std::u16string_view text) {
+bool MostAreDatesWithClocks(const std::vector<std::u16string_view>& texts, const TimeStyle& style) {
+    const auto count = std::count_if(texts.begin(), texts.end(), [&](std::u16string_view text) {
         const std::optional<ParsedTime> time = ParseTime(text, style);
         return time && time->HasDate && time->HasClock;
     });
@@ -86,11 +86,11 @@ void TimeCandidates::AddTexts() {
 }
 
 // The year of dates without one: that of the lines above, else any that has the days of the texts.
-int TimeCandidates::YearOf(const std::vector<std::u16string>& texts) const {
+int TimeCandidates::YearOf(const std::vector<std::u16string_view>& texts) const {
     if (Clues.Year) return *Clues.Year;
     constexpr int CommonYear = 2001;
     constexpr int LeapYear = 2004;
-    const bool hasLeapDay = std::any_of(texts.begin(), texts.end(), [](const std::u16string& text) {
+    const bool hasLeapDay = std::any_of(texts.begin(), texts.end(), [](std::u16string_view text) {
         return !ParseInAnyOrder(text, CommonYear) && ParseInAnyOrder(text, LeapYear);
     });
     return hasLeapDay ? LeapYear : CommonYear;
@@ -98,7 +98,7 @@ int TimeCandidates::YearOf(const std::vector<std::u16string>& texts) const {
 
 // Where the lines above the table have dates of twelve hours between strokes, so have its rows, if they can.
 void TimeCandidates::PutMonthFirst(std::size_t column, DateStyle& style) const {
-    const auto isBetweenStrokes = [](const std::u16string& text) { return text.find(u'/') != text.npos; };
+    const auto isBetweenStrokes = [](std::u16string_view text) { return text.find(u'/') != text.npos; };
     if (!std::all_of(Texts[column].begin(), Texts[column].end(), isBetweenStrokes)) return;
     TimeStyle monthFirst = style.Style;
     monthFirst.Order = DateOrder::MonthFirst;
@@ -112,7 +112,7 @@ void TimeCandidates::PutMonthFirst(std::size_t column, DateStyle& style) const {
 bool TimeCandidates::AreHalves(std::size_t column) const {
     return column < Width && !Texts[column].empty() &&
            20 * std::count_if(Texts[column].begin(), Texts[column].end(),
-                              [](const std::u16string& text) {
+                              [](std::u16string_view text) {
                                   return text.size() > 1 && HalfOfName(text) != DayHalf::Unnamed;
                               }) >=
                19 * static_cast<std::ptrdiff_t>(Texts[column].size());
@@ -236,9 +236,9 @@ void TimeCandidates::AddJointDigits(std::size_t column) {
 
 // Clocks below dates in lines of their own. False where there are none.
 bool TimeCandidates::AddClocksBelowDates(std::size_t column) {
-    std::vector<std::u16string> dates = Rows.DateLines;
-    if (dates.empty() || dates.front().empty()) return false;
-    std::erase(dates, u"");
+    if (Rows.DateLines.empty() || Rows.DateLines.front().empty()) return false;
+    std::vector<std::u16string_view> dates(Rows.DateLines.begin(), Rows.DateLines.end());
+    std::erase_if(dates, [](std::u16string_view date) { return date.empty(); });
     const auto style = FindDateStyle(dates, {}, Rows, {}, 0);
     if (!style) return false;
     const std::optional<ParsedTime> first = ParseTime(dates.front(), style->Style);

@@ -57,7 +57,7 @@ class TimeCandidates {
     void AddDates(std::size_t column);
     void AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance);
     bool MayBeHours(std::size_t column) const;
-    int YearOf(const std::vector<std::u16string>& texts) const;
+    int YearOf(const std::vector<std::u16string_view>& texts) const;
     void PutMonthFirst(std::size_t column, DateStyle& style) const;
     bool AreHalves(std::size_t column) const;
     bool LeavesOut(std::size_t column) const;
