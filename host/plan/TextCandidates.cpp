@@ -60,7 +60,7 @@ bool AreSixDigits(const std::vector<std::u16string_view>& texts) {
     });
 }
 
-bool MostAreDatesWithClocks(const std::vector<std::u16string_view>& texts, const TimeStyle& style) {
+bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const TimeStyle& style) {
     const auto count = std::count_if(texts.begin(), texts.end(), [&](std::u16string_view text) {
         const std::optional<ParsedTime> time = ParseTime(text, style);
         return time && time->HasDate && time->HasClock;
