@@ -245,6 +245,29 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
     best = std::move(mine);
 }
 
+bool IsInClock(std::u16string_view text, std::size_t colon) {
+    const auto digit = [text](std::size_t at) { return at < text.size() && IsDigit(text[at]); };
+    return colon > 0 && digit(colon - 1) && digit(colon + 1) && text[colon + 1] < u'6' && digit(colon + 2) &&
+           !digit(colon + 3);
+}
+
+// True if nearly all lines of more digits than letters have colons in their clocks alone: "10:00:00;1".
+bool AreColonsInClocks(const FileSample& sample) {
+    std::size_t clocks = 0;
+    std::size_t others = 0;
+    for (const SampleLine& line : sample.Lines) {
+        const std::u16string_view text = line.Text;
+        if (text.find(u':') == text.npos) continue;
+        const auto digits = std::count_if(text.begin(), text.end(), IsDigit);
+        if (digits <= std::count_if(text.begin(), text.end(), IsLetter)) continue;
+        bool areAll = true;
+        for (std::size_t at = text.find(u':'); at != text.npos; at = text.find(u':', at + 1))
+            areAll &= IsInClock(text, at);
+        ++(areAll ? clocks : others);
+    }
+    return clocks > 4 * others;
+}
+
 // True if nearly all lines are one quoted text each, which holds what separates.
 bool AreLinesQuoted(const FileSample& sample) {
     std::size_t filled = 0;
@@ -278,6 +301,7 @@ std::optional<FoundTable> FindWithin(const FileSample& sample, const FixedTable&
     // Colons and blanks are also within times, names and texts: they need twice the rows or twice the worth.
     for (const char16_t separator : {u':', u' '}) {
         std::optional<FoundTable> weak;
+        if (separator == u':' && best && AreColonsInClocks(sample)) continue;
         Propose(sample, cutBy(separator), 2, beginnings, weak);
         if (!weak) continue;
         // Runs of blanks swallow the tabs around empty cells.

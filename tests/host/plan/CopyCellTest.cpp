@@ -133,9 +133,13 @@ TEST(CopyCell, CountsWhatItChanges) {
 // Cells that come again are counted as cells, with those of many others between them.
 TEST(CopyCell, CountsEveryCell) {
     const char* const texts[] = {
-        "on",   "door 3", "n/a", "1 V",  "2,5 V", "2.5",  "1e5",
-        "0x1F", "A1",     "x",   "open", "NaN",   "7",    "1,25",
-        "",     "door 4", "3 A", "Off",  "1.000", "#N/A", "a text that is longer than what is remembered"};
+        "on",     "door 3", "n/a",
+        "1 V",    "2,5 V",  "2.5",
+        "1e5",    "0x1F",   "A1",
+        "x",      "open",   "NaN",
+        "7",      "1,25",   "",
+        "door 4", "3 A",    "Off",
+        "1.000",  "#N/A",   "a text longer than those that are remembered of the cells of one column"};
     for (const char* const column : {"v", "v|V", "v#t", "v#b"}) {
         SCOPED_TRACE(column);
         const TypedColumn typed(column);
