@@ -72,7 +72,7 @@ TEST(PlanTable, IsNotCutWithinItsValues) {
          ";, 2 columns from line 1, 3 rows"},
         {"10:00:00,1\n10:00:01,2\n10:00:02,3\n", ",, 2 columns from line 1, 3 rows"},
         {"10:00:00;1\n10:00:01;2\n10:00:02;3\n10:00:03;4\n\n10:01:00;1;5\n10:01:01;2;5\n10:01:02;3;5\n",
-         ";, 2 columns from line 1, 4 rows"},
+         ";, 3 columns from line 6, 3 rows"},
         {"10:00:00:1.5\n10:00:01:2.5\n10:00:02:3.5\n", ":, 4 columns from line 1, 3 rows"},
         // Commas in quotes.
         {"t,v\n\"1,5\",\"2,5\"\n\"1,6\",\"2,6\"\n\"1,7\",\"2,7\"\n", ",, 2 columns from line 2, 3 rows"},
