@@ -5,6 +5,7 @@
 
 #include "host/plan/KindWords.h"
 #include "host/plan/QuickCut.h"
+#include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
