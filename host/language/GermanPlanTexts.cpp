@@ -17,6 +17,8 @@ constexpr Translation Texts[] = {
     {"names in line {}", "Namen in Zeile {}"},
     {"units in line {}", "Einheiten in Zeile {}"},
     {"no line names the columns", "keine Zeile benennt die Spalten"},
+    {"the names are in an encoding that is not read here",
+     "die Namen sind in einer Kodierung, die hier nicht gelesen wird"},
     // The times.
     {"column {}", "Spalte {}"},
     {"date in {}", "Datum in {}"},

@@ -130,10 +130,31 @@ bool HasWidthAsWords(const FileSample& sample, const FoundTable& table, std::siz
     return cells.size() == table.Width;
 }
 
+// True if the first cells of the rows count them, "1", "2" and so on, and their last cells are filled.
+bool AreRowsNumbered(const FileSample& sample, const FoundTable& table) {
+    constexpr std::size_t RowsLookedAt = 3;
+    LineCutter cut(table.How);
+    for (std::size_t i = 0; i < RowsLookedAt; ++i) {
+        if (table.First + i >= sample.Lines.size()) return i > 1;
+        const std::vector<std::u16string_view>& cells = cut(sample.Lines[table.First + i].Text);
+        const std::u16string number = Utf8ToUtf16(std::to_string(i + 1));
+        if (cells.size() != table.Width || cells.front() != number || cells.back().empty()) return false;
+    }
+    return true;
+}
+
+// Names one short above numbered rows: the column of the numbers has none, unless one says that it counts.
+void MakeRoomForNumbers(std::vector<std::u16string>& cells) {
+    constexpr std::u16string_view Counting =
+        u" no no. nr nr. # index record rec id row sample n num number line point ";
+    if (!IsListed(Counting, Lowered(cells.front()))) cells.insert(cells.begin(), std::u16string());
+}
+
 // The lines above the table that may describe its columns, the lowest first.
 std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& table) {
     std::vector<LabelLine> lines;
     LineCutter cut(table.How);
+    const bool areNumbered = AreRowsNumbered(sample, table);
     int gaps = 0;
     for (std::size_t i = table.First; i-- > 0 && table.First - i <= LinesOfABlock;) {
         const RowShape& shape = table.Shapes[i];
@@ -170,6 +191,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         }
         line.IsProse = IsProse(text) || IsSetting(line.Cells);
         DropIntroduction(line.Cells, table.Width);
+        if (areNumbered && line.Cells.size() + 1 == table.Width) MakeRoomForNumbers(line.Cells);
         line.Different = texts.size();
         lines.push_back(std::move(line));
     }

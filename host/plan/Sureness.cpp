@@ -24,6 +24,23 @@ void Object(Assumption& assumption, Certainty most, std::string objection) {
     assumption.Objections.push_back(std::move(objection));
 }
 
+// True for a letter with an accent, and for what else texts in another encoding come to as one of the West.
+bool IsRareInNames(char16_t c) {
+    constexpr std::u16string_view Marks = u"ŒœŠšŸŽžƒˆ˜–—‘’‚“”„†‡•…‰‹›€™";
+    return (c >= 0x80 && c < 0xA0) || (c >= 0xC0 && c <= 0xFF) || Marks.find(c) != Marks.npos;
+}
+
+// True for names of "Âðåìÿ" and the like: more than half of their letters are rare ones.
+bool AreNamesGarbled(const ReadingPlan& plan) {
+    constexpr std::size_t FewLetters = 8;
+    std::size_t plain = 0;
+    std::size_t rare = 0;
+    for (const PlannedColumn& column : plan.Columns) {
+        for (const char16_t c : column.Name) ++(IsRareInNames(c) ? rare : plain);
+    }
+    return rare >= FewLetters && rare > plain;
+}
+
 Assumption TableOf(const ReadingPlan& plan) {
     const std::string columns = plan.Width == 1 ? Phrase("1 column") : Phrase("{} columns", plan.Width);
     Assumption table{"table", {}, Certainty::Certain, {}};
@@ -32,6 +49,8 @@ Assumption TableOf(const ReadingPlan& plan) {
     if (plan.NamesLine != 0) table.Text += "; " + Phrase("names in line {}", plan.NamesLine);
     if (plan.UnitsLine != 0) table.Text += "; " + Phrase("units in line {}", plan.UnitsLine);
     if (plan.NamesLine == 0) Object(table, Certainty::Likely, Phrase("no line names the columns"));
+    if (AreNamesGarbled(plan))
+        Object(table, Certainty::Likely, Phrase("the names are in an encoding that is not read here"));
     if (plan.RowsLookedAt < FewRows)
         Object(table, Certainty::Likely, Phrase("only {} rows to judge by", plan.RowsLookedAt));
     return table;

@@ -40,6 +40,11 @@ TEST(PlanLabels, AreNamesDirectlyAboveTheTable) {
          "Zeit|Druck [bar]{bar}|Speed (km/h){km/h}, names 1"},
         {"Zeit;Druck\n\n0;1\n1;2\n2;3\n", "Zeit|Druck, names 1"},
         {"0;1\n1;2\n2;3\n", "|"},
+        // The numbers of the rows have no name, unless one says that it counts.
+        {"\"time\" \"T\" \"v\"\n\"1\" 10:00 8.6 0.3\n\"2\" 10:01 8.1 0.4\n\"3\" 10:02 7.6 0.4\n",
+         "|time|T|v, names 1"},
+        {"No;time;T\n1;10:00;8.6;x\n2;10:01;8.1;y\n3;10:02;7.6;z\n", "No|time|T|, names 1"},
+        {"time;T;v\n1;10:00;8.6;\n2;10:01;8.1;\n3;10:02;7.6;\n", "time|T|v|, names 1"},
         // The mark of a comment is no name.
         {"# t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},
         {"# columns: t p\n0.5 1\n1.5 2\n2.5 3\n", "t|p, names 1"},

@@ -28,6 +28,12 @@ TEST(PlanSureness, FallsWithWhatSpeaksAgainstThePlan) {
         {"t [s];v\n0;1\n1;2\n2;3\n", Certainty::Likely, "only 3 rows to judge by"},
         {"2024-01-30 10:00;1\n2024-01-30 10:01;2\n2024-01-30 10:02;3\n2024-01-30 10:03;4\n",
          Certainty::Likely, "no line names the columns"},
+        {"Âðåìÿ;Òåìïåðàòóðà\n2024-01-30 10:00;1\n2024-01-30 10:01;2\n2024-01-30 10:02;3\n2024-01-30 "
+         "10:03;4\n",
+         Certainty::Likely, "the names are in an encoding that is not read here"},
+        {"Größe;Höhe über NN\n2024-01-30 10:00;1\n2024-01-30 10:01;2\n2024-01-30 10:02;3\n"
+         "2024-01-30 10:03;4\n",
+         Certainty::Certain, ""},
         // Day and month.
         {"t;v\n01/02/2024 10:00;1\n01/02/2024 10:01;2\n01/02/2024 10:02;3\n01/02/2024 10:03;4\n",
          Certainty::Uncertain, "day and month could be swapped: no row tells which comes first"},
