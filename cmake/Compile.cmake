@@ -54,6 +54,13 @@ if(WIN32)
   endforeach()
 endif()
 
+# What fuzz targets drive reports its branches to them.
+function(report_branches TARGET)
+  if(KELVARIN_FUZZ)
+    target_compile_options(${TARGET} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
+endfunction()
+
 # With -DCMAKE_UNITY_BUILD=ON the files of a folder are compiled as one, which takes half the time or less. Further
 # arguments are files that are left apart: they use a name that another file of the folder has in its unnamed namespace too.
 function(unite_folders TARGET)
