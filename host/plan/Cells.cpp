@@ -29,6 +29,17 @@ bool IsHex(std::u16string_view cell) {
                        [](char16_t c) { return IsHexDigit(c); });
 }
 
+// A sign of a number; a program for texts makes a minus or a dash of a hyphen.
+bool IsSign(char16_t c) {
+    return c == u'+' || c == u'-' || c == MinusSign || c == EnDash;
+}
+
+// Not the point and the comma, which may be decimal marks: the apostrophe and the blanks that hold a number
+// together.
+bool IsThousandsMark(char16_t c) {
+    return c == u'\'' || c == 0xA0 || c == 0x202F || c == 0x2019;
+}
+
 // Where the exponent that begins at `at` ends; `at` if there is none. A "D" needs a sign: "4D2" is
 // hexadecimal.
 std::size_t ExponentEnd(std::u16string_view cell, std::size_t at) {
@@ -46,7 +57,7 @@ std::size_t ExponentEnd(std::u16string_view cell, std::size_t at) {
 // Where the number at the beginning ends; 0 if there is none.
 std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     std::size_t at = 0;
-    if (at < cell.size() && (cell[at] == u'+' || cell[at] == u'-')) ++at;
+    if (at < cell.size() && IsSign(cell[at])) ++at;
     while (at != 0 && at < cell.size() && cell[at] == u' ') ++at;
     std::size_t digits = 0;
     std::size_t group = 0;  // digits since the last mark
@@ -61,7 +72,7 @@ std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
             ++group;
             continue;
         }
-        const bool isMark = c == u'.' || c == u',' || ((c == u'\'' || c == 0xA0 || c == 0x2019) && group > 0);
+        const bool isMark = c == u'.' || c == u',' || (IsThousandsMark(c) && group > 0);
         if (!isMark || (last != u'\0' && last != first)) break;
         if (marks > 0) evenGroups &= group == 3;
         if (marks == 0) look.Digits = digits;
@@ -77,7 +88,7 @@ std::size_t NumberEnd(std::u16string_view cell, NumberLook& look) {
     } else if (last != first) {
         look = {last, first, false, look.Digits};
         if (!evenGroups) return 0;
-    } else if (marks > 1 || first == u'\'' || first == 0xA0 || first == 0x2019) {
+    } else if (marks > 1 || IsThousandsMark(first)) {
         if (group != 3 || look.Digits > 3) return 0;
         look.Thousands = first;
     } else {
@@ -188,12 +199,12 @@ bool IsMissing(std::u16string_view cell) {
     if (isFilled) return true;
     if (cell.size() > LongestMarker) return false;
     if (IsDigit(cell.front())) return EqualsIgnoreCase(cell, u"1.#qnan");
-    constexpr std::u16string_view Beginnings = u"-.#?*nNoOmMiI";
+    constexpr std::u16string_view Beginnings = u"-.#?*nNoOmMiI\\–—";
     if (Beginnings.find(cell.front()) == Beginnings.npos) return false;
     constexpr std::u16string_view Markers[] = {
-        u"nan", u"na",      u"n/a",  u"#n/a",    u"null",    u"none",   u"nil",  u"-",    u"--",
-        u"---", u"----",    u"?",    u"*",       u"***",     u"over",   u"ovld", u"ol",   u"overflow",
-        u"#nv", u"#div/0!", u"-nan", u"missing", u"no data", u"nodata", u"inf",  u"-inf", u"."};
+        u"nan",  u"na",      u"n/a",     u"#n/a",   u"null", u"none", u"nil", u"-",        u"--",  u"---",
+        u"----", u"?",       u"*",       u"***",    u"over", u"ovld", u"ol",  u"overflow", u"#nv", u"#div/0!",
+        u"-nan", u"missing", u"no data", u"nodata", u"inf",  u"-inf", u".",   u"\\n",      u"–",   u"—"};
     return IsOneOf(cell, std::begin(Markers), std::end(Markers));
 }
 
@@ -239,7 +250,7 @@ CellFacts FactsOf(std::u16string_view cell) {
 }
 
 std::optional<AmountParts> AmountPartsIn(std::u16string_view cell) {
-    std::size_t at = !cell.empty() && (cell[0] == u'+' || cell[0] == u'-') ? 1 : 0;
+    std::size_t at = !cell.empty() && IsSign(cell[0]) ? 1 : 0;
     const std::u16string_view sign = cell.substr(0, at);
     while (at < cell.size() && cell[at] == u' ') ++at;
     const std::size_t begin = at;
@@ -265,6 +276,7 @@ double ValueOf(std::u16string_view number, const NumberLook& look) {
     std::erase(text, u' ');
     std::replace_if(
         text.begin(), text.end(), [](char16_t c) { return c == u'D' || c == u'd'; }, u'E');
+    if (text.starts_with(MinusSign) || text.starts_with(EnDash)) text[0] = u'-';
     const char16_t* end = nullptr;
     return ParseDouble(text.c_str(), look.Mark == u'\0' ? u'.' : look.Mark, &end);
 }

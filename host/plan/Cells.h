@@ -34,6 +34,9 @@ class LineCutter {
     std::deque<std::u16string> Unescaped;
 };
 
+constexpr char16_t MinusSign = u'\x2212';
+constexpr char16_t EnDash = u'\x2013';
+
 inline bool IsHexDigit(char16_t c) {
     return (c >= u'0' && c <= u'9') || ((c | 32) >= u'a' && (c | 32) <= u'f');
 }

@@ -28,13 +28,17 @@ bool AppendNumber(std::u16string_view number, const NumberLook& look, char16_t m
         thousands = decimal;
         decimal = u'\0';
     }
-    const bool isWrittenAnew = number.find_first_of(u" Dd") != number.npos;
+    const bool isWrittenAnew = number.find_first_of(u" Dd\x2212\x2013") != number.npos;
     if (thousands == u'\0' && !isWrittenAnew) {
         AppendNarrow(number, decimal == u'\0' ? u'.' : decimal, '.', out);
         return true;
     }
     for (const char16_t c : number) {
         if (c == u' ' || (c == thousands && thousands != u'\0')) continue;
+        if (c == MinusSign || c == EnDash) {
+            out += '-';
+            continue;
+        }
         const char16_t written = c == decimal ? u'.' : c == u'D' || c == u'd' ? u'E' : c;
         out += static_cast<char>(written);
     }

@@ -40,6 +40,40 @@ std::uint64_t AddLines(const std::u16string& path, std::uint64_t from, std::size
     }
     return file.GetPosition();
 }
+
+// True if a cell of the line begins with a quote that the line doesn't close.
+bool EndsInQuotes(std::u16string_view line) {
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != u'"') continue;
+        const bool isAtBegin =
+            i == 0 || std::u16string_view(u",;\t").find(line[i - 1]) != std::u16string_view::npos;
+        if (!isQuoted && !isAtBegin) return false;
+        isQuoted = !isQuoted;
+    }
+    return isQuoted;
+}
+
+// Names that hold line ends in quotes become one line, with blanks in their place and the number of the last:
+// spreadsheets write such names. Further down no line holds a line's end: the module reads a row from a line.
+void JoinQuotedNames(FileSample& sample) {
+    constexpr std::size_t LinesLookedAt = 100;
+    constexpr std::size_t MostLinesOfNames = 40;
+    std::vector<SampleLine>& lines = sample.Lines;
+    for (std::size_t i = 0; i < std::min(lines.size(), LinesLookedAt); ++i) {
+        if (!EndsInQuotes(lines[i].Text)) continue;
+        std::u16string joined = lines[i].Text;
+        std::size_t end = i + 1;
+        while (end < std::min(lines.size(), i + MostLinesOfNames) && EndsInQuotes(joined))
+            joined += u' ' + lines[end++].Text;
+        if (EndsInQuotes(joined) || (end < lines.size() && EndsInQuotes(lines[end].Text))) return;
+        lines[end - 1].Text = std::move(joined);
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i),
+                    lines.begin() + static_cast<std::ptrdiff_t>(end - 1));
+        sample.Head -= end - 1 - i;
+        return;
+    }
+}
 }  // namespace
 
 void OpenOrRaise(CStdioFileEx& file, const std::u16string& path) {
@@ -71,6 +105,7 @@ FileSample SampleFile(const std::u16string& path, std::size_t mostHeadLines) {
         }
         counted = file.GetPosition();
         sample.Head = sample.Lines.size();
+        JoinQuotedNames(sample);
         file.Seek(0);
         isWide = HasWideUnits(file);
     }

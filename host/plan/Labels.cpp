@@ -10,6 +10,14 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
+void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
+    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
+    const auto isIntroduction = [&](const std::u16string& cell) {
+        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
+    };
+    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
+}
+
 namespace {
 constexpr std::size_t LinesOfABlock = 24;
 
@@ -19,6 +27,7 @@ struct LabelLine {
     std::size_t Filled = 0;
     std::size_t Different = 0;  // texts
     std::size_t Units = 0;      // cells that are units
+    std::size_t Capitals = 0;   // cells that are units in capitals, or may be such
     int Gaps = 0;               // of blank lines between it and the table
     bool IsProse = false;       // a sentence or a setting
 };
@@ -103,15 +112,6 @@ bool IsSetting(const std::vector<std::u16string>& cells) {
     return !value.empty() && (IsDigit(value.front()) || value.front() == u'-');
 }
 
-// "# time value", "# columns: time value": neither the mark nor the word is a name.
-void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
-    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
-    const auto isIntroduction = [&](const std::u16string& cell) {
-        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
-    };
-    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
-}
-
 // Cells beyond the width without a letter or a digit: the line that a table is drawn with.
 void DropDrawn(std::vector<std::u16string>& cells, std::size_t width) {
     const auto isDrawn = [](const std::u16string& cell) {
@@ -175,7 +175,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
         const std::u16string& text = sample.Lines[i].Text;
         if (std::none_of(text.begin(), text.end(), [](char16_t c) { return IsLetter(c) || IsDigit(c); }))
             continue;
-        LabelLine line{i, std::move(placed), 0, 0, 0, gaps, false};
+        LabelLine line{i, std::move(placed), 0, 0, 0, 0, gaps, false};
         std::set<std::u16string_view> texts;
         if (line.Cells.empty()) {
             for (const std::u16string_view cell : cut(sample.Lines[i].Text)) line.Cells.emplace_back(cell);
@@ -185,6 +185,7 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
             line.Filled += !cell.empty();
             // "t" is rather the name of the time than tonnes.
             line.Units += cell != u"t" && IsUnit(WithoutBrackets(cell));
+            line.Capitals += IsUnitInCapitals(WithoutBrackets(cell));
         }
         for (const std::u16string& cell : line.Cells) {
             if (!cell.empty()) texts.insert(cell);
@@ -201,6 +202,13 @@ std::vector<LabelLine> LinesAbove(const FileSample& sample, const FoundTable& ta
 bool IsUnitsLine(const LabelLine& line) {
     return line.Units > 0 &&
            (2 * line.Units >= line.Filled || (line.Units >= 3 && 2 * line.Different <= line.Filled));
+}
+
+// Nothing but units, in capitals and repeated, below names: "DEG F,DEG F,PCT".
+bool IsBelowNames(const LabelLine& line, const std::vector<LabelLine>& lines) {
+    const LabelLine* const above = &line + 1;
+    return &line != &lines.back() && line.Capitals >= 2 && line.Capitals == line.Filled &&
+           above->Capitals < above->Filled && above->Cells.size() == line.Cells.size();
 }
 
 // True unless most columns of values hold values in this line too: then it is a row apart from the rest.
@@ -249,7 +257,7 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
         const LabelLine* const above = &line + 1;
         const bool isBelowNames = line.Units >= 2 && &line != &lines.back() && above->Units == 0 &&
                                   above->Cells.size() == line.Cells.size();
-        if (isBelowNames) continue;
+        if (isBelowNames || IsBelowNames(line, lines)) continue;
         if (shape.AreKinds && lines.size() > 1 && &line != &lines.back()) continue;
         if (isAboveUnits || (!isNumbers && IsUnlikeRows(shape, table))) return &line;
     }
@@ -271,15 +279,33 @@ const LabelLine* NamesOf(const std::vector<LabelLine>& lines, const FoundTable& 
     const RowShape& only = table.Shapes[lines.front().Index];
     return 2 * only.Numbers > only.Filled || IsSaidOfATime(only) ? nullptr : &lines.front();
 }
-}  // namespace
 
-void DropIntroduction(std::vector<std::u16string>& cells, std::size_t width) {
-    constexpr std::u16string_view Marks[] = {u"#", u"%", u";", u"//"};
-    const auto isIntroduction = [&](const std::u16string& cell) {
-        return cell.ends_with(u':') || std::find(std::begin(Marks), std::end(Marks), cell) != std::end(Marks);
+// Units that may be words where other names end in units: "Pressure bar" beside "Oil °C", "Battery V" beside
+// "Altitude m". A letter that only tells names apart is none: "Phase A" beside "Phase B".
+void TakeLikelyUnits(std::vector<Label>& columns) {
+    const auto stemOf = [](const std::u16string& name) { return name.substr(0, name.rfind(u' ')); };
+    const auto isSeries = [&](const Label& label) {
+        return std::any_of(columns.begin(), columns.end(), [&](const Label& other) {
+            return &other != &label && other.Name.size() == label.Name.size() &&
+                   stemOf(other.Name) == stemOf(label.Name) && other.Name != label.Name;
+        });
     };
-    while (cells.size() > width && isIntroduction(cells.front())) cells.erase(cells.begin());
+    std::vector<std::pair<Label*, std::u16string_view>> likely;
+    std::set<std::u16string_view> different;
+    bool isAnySure = false;
+    for (Label& label : columns) {
+        const std::u16string_view unit = MaybeUnitInName(label.Name);
+        if (!label.Unit.empty()) {
+            isAnySure |= label.Unit == unit;
+        } else if (!unit.empty() && (unit.size() > 1 || !isSeries(label))) {
+            likely.emplace_back(&label, unit);
+            different.insert(unit);
+        }
+    }
+    if (!isAnySure && different.size() < 2) return;
+    for (const auto& [label, unit] : likely) label->Unit = unit;
 }
+}  // namespace
 
 Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     Labels labels;
@@ -292,7 +318,8 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
     const LabelLine* const names = NamesOf(lines, table);
     const auto units = std::find_if(lines.begin(), lines.end(), [&](const LabelLine& line) {
         return &line != names && line.Gaps == lines.front().Gaps &&
-               (IsUnitsLine(line) || (names != nullptr && &line < names && line.Units >= 2));
+               (IsUnitsLine(line) || IsBelowNames(line, lines) ||
+                (names != nullptr && &line < names && line.Units >= 2));
     });
     for (const LabelLine& line : all) {
         // A key and its value above the names say nothing of a column.
@@ -308,6 +335,7 @@ Labels FindLabels(const FileSample& sample, const FoundTable& table) {
             labels.Columns[i].Name = names->Cells[i];
             labels.Columns[i].Unit = UnitInName(names->Cells[i]);
         }
+        TakeLikelyUnits(labels.Columns);
     }
     if (units != lines.end()) {
         labels.UnitsLine = sample.Lines[units->Index].Number;

@@ -19,6 +19,12 @@ std::vector<PartColumn> TimeCandidates::PartsByName() const {
         const std::optional<TimePart> part = PartOfName(LabelOf(i));
         if (part && !Has(parts, *part)) parts.push_back({i, *part});
     }
+    // Without a month, a day is one of the year.
+    if (Has(parts, TimePart::Month) || Has(parts, TimePart::DayOfYear)) return parts;
+    for (PartColumn& part : parts) {
+        const bool isOfYear = part.Part == TimePart::Day && BoundsOf(part.Column).IsWithin(1, 366);
+        if (isOfYear && Has(parts, TimePart::Year)) part.Part = TimePart::DayOfYear;
+    }
     return parts;
 }
 

@@ -280,7 +280,7 @@ ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const Read
     plan.How = table.How;
     plan.Width = table.Width;
     plan.FirstLine = table.First < sample.Lines.size() ? sample.Lines[table.First].Number
-                                                       : sample.Lines.size() + 1;  // no row yet
+                                                       : sample.Lines.back().Number + 1;  // no row yet
     plan.NamesLine = labels.NamesLine;
     plan.UnitsLine = labels.UnitsLine;
     plan.Mark = MarkOf(table.How, rows, like == nullptr ? u'\0' : like->Mark);

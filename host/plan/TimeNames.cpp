@@ -122,6 +122,11 @@ std::optional<TimePart> PartOfName(const Label& label) {
     if (words.size() == 3 && Lowered(words[0].Text) == u"day" && Lowered(words[2].Text) == u"year")
         return TimePart::DayOfYear;
     // "MM" is a month, "mm" are minutes; "tow" are the seconds of a week.
+    const bool isHourAndMinute = words.size() == 2 &&
+                                 IsListed(u"hour hr hh stunde", Lowered(words[0].Text)) &&
+                                 IsListed(u"minute min mm", Lowered(words[1].Text));
+    if (isHourAndMinute || (words.size() == 1 && EqualsIgnoreCase(words[0].Text, u"hhmm")))
+        return TimePart::HoursMinutes;
     if (words[0].Text == u"MM") return TimePart::Month;
     if (words[0].Text == u"mm") return TimePart::Minutes;
     if (Lowered(words[0].Text) == u"tow") return TimePart::Seconds;

@@ -265,8 +265,24 @@ class TimeReader {
         return true;
     }
 
+    // "1.15:45:00", "1 15:45:00": days before a clock of hours, minutes and seconds.
+    void ReadDays() {
+        if (Time.HasDate || Time.IsSpan || At != 0 || Left() < 4 || Left() > 5) return;
+        const DigitGroup& hours = Groups[1];
+        const bool isMarked = hours.AfterBlank ? hours.Before.empty() : hours.Before == u".";
+        const bool isClock = Groups[2].Before == u":" && Groups[3].Before == u":";
+        constexpr std::size_t MostDigits = 5;
+        if (!isMarked || !isClock || hours.Length() > 2 || hours.Number() > 23 ||
+            Next().Length() > MostDigits)
+            return;
+        Time.Clock = Next().Number() * DayLength;
+        Time.IsSpan = true;
+        ++At;
+    }
+
     // The clock, if anything is left of the text.
     bool ReadClock() {
+        ReadDays();
         if (Left() == 0 || (Time.HasClock && !Time.IsSpan)) return true;
         if (Time.HasDate && !Next().Before.empty() && Next().Before != u"," &&
             Next().Before != Groups[1].Before && Next().Before != u"-" && Next().Before != u":")

@@ -22,7 +22,7 @@ constexpr std::u16string_view Whole =
     u"Torr mmHg inHg mmH2O hp HP PS rpm RPM "
     u"U/min 1/min min h d a hr hrs sec year yr day days ppm ppb pH rad rev imp Imp counts cnt Count psia "
     u"psig lbs lb oz gal gpm cfm bpm fps "
-    u"BTU Btu kWhr mAhr pct percent Percent Vol% vol% %RH RH% rH %rH NTU FNU FTU mS/cm cP cSt digits hex "
+    u"BTU Btu kWhr mAhr pct percent Percent Vol% vol% %RH RH% rH %rH %rF NTU FNU FTU mS/cm cP cSt digits hex "
     u"bool cells cell "
     u"Volt Volts volt volts Ampere Amperes Amp Amps amps amp Watt Watts watt watts Ohms ohms Kelvin Celsius "
     u"Celcius celsius "
@@ -47,7 +47,7 @@ std::u16string_view WithoutExponent(std::u16string_view text) {
 
 // One factor: "mV", "cm2", "s^-1", "m³"; "100km" of l/100km.
 bool IsFactor(std::u16string_view text) {
-    for (const std::u16string_view power : {u"1000", u"100", u"10"}) {
+    for (const std::u16string_view power : {u"1000", u"100", u"10", u"E3", u"E6"}) {
         if (text.starts_with(power)) {
             text.remove_prefix(power.size());
             break;
@@ -144,6 +144,11 @@ std::u16string_view UnitAfterStroke(std::u16string_view name) {
     return IsUnit(unit) && !MayBeName(unit, name.substr(0, stroke)) ? unit : std::u16string_view();
 }
 
+// "temp_min" is the lowest, "tz_cd" a code.
+bool IsOtherThanUnit(std::u16string_view word) {
+    return IsListed(u"min max in t dt cd N F T", word);
+}
+
 // "Gas m3", "altitude_m": a last word that is no word of a language.
 std::u16string_view UnitInLastWord(std::u16string_view name) {
     const std::size_t mark = name.find_last_of(u" _");
@@ -153,7 +158,7 @@ std::u16string_view UnitInLastWord(std::u16string_view name) {
     const bool isWord = unit.size() > 1 && std::all_of(unit.begin(), unit.end(),
                                                        [](char16_t c) { return c >= u'a' && c <= u'z'; });
     if (!IsUnit(unit) || (!isAfterLine && (isWord || unit.size() == 1))) return {};
-    if (IsListed(u"min max in t dt cd N F T", unit)) return {};  // "temp_min" is the lowest, "tz_cd" a code
+    if (IsOtherThanUnit(unit)) return {};
     const bool isTemperature = unit == u"C" && Lowered(name).find(u"temp") != name.npos;
     return isTemperature || !MayBeName(unit, name.substr(0, mark)) ? unit : std::u16string_view();
 }
@@ -194,5 +199,33 @@ std::u16string UnitInName(std::u16string_view name) {
     }
     if (const std::u16string_view unit = UnitAfterStroke(name); !unit.empty()) return std::u16string(unit);
     return std::u16string(UnitInLastWord(name));
+}
+
+std::u16string_view MaybeUnitInName(std::u16string_view name) {
+    name = TrimWhiteSpace(name);
+    const std::size_t blank = name.rfind(u' ');
+    if (blank == name.npos) return {};
+    const std::u16string_view unit = name.substr(blank + 1);
+    constexpr std::u16string_view Letters = u"%VAWKΩshmgJ°";
+    const bool isLetter = unit.size() == 1 && Letters.find(unit[0]) == Letters.npos;
+    // "Viable cells", "Relay bool" are names as they are.
+    const bool isNoun = IsListed(u"cell cells count counts cnt digits hex bool", unit);
+    return IsUnit(unit) && !IsOtherThanUnit(unit) && !isLetter && !isNoun ? unit : std::u16string_view();
+}
+
+bool IsUnitInCapitals(std::u16string_view text) {
+    constexpr std::u16string_view Parts =
+        u" % DEG C F K PCT PPM PPB PA KPA MPA HPA MBAR BAR PSI PSIG PSIA IN FT YD MM CM M KM M2 M3 FT3 WC "
+        u"H2O HG RH "
+        u"G KG LB LBS TON TONS L ML GAL GPM CFM LPM V MV KV VOLT VOLTS A MA AMP AMPS W KW MW WH KWH MWH "
+        u"VA KVA KVAR HZ KHZ MHZ RPM MPH KPH KM/H MS S SEC MIN HR HRS H DAY BTU BTUH DB NM KN N J KJ ";
+    text = TrimWhiteSpace(text);
+    if (text.empty()) return false;
+    for (std::size_t at = 0; at <= text.size();) {
+        const std::size_t end = std::min(text.find_first_of(u" /.", at), text.size());
+        if (end != at && !IsListed(Parts, text.substr(at, end - at))) return false;
+        at = end + 1;
+    }
+    return true;
 }
 }  // namespace kelvarin::plan

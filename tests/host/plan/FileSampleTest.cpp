@@ -36,6 +36,33 @@ TEST(FileSample, AShortFileIsReadWhole) {
     }
 }
 
+// Numbers and texts of the lines, "2 a b|3 c".
+std::string LinesInWords(const FileSample& sample) {
+    std::string words;
+    for (const SampleLine& line : sample.Lines)
+        words += std::to_string(line.Number) + ' ' + Utf16ToUtf8(line.Text) + '|';
+    return words;
+}
+
+TEST(FileSample, NamesWithLineEndsInQuotesAreOneLine) {
+    struct JoinCase {
+        const char* Text;
+        const char* Lines;
+    };
+    const JoinCase cases[] = {
+        {"\"Date\n& time\",\"T\n(°C)\"\n1,2\n", "3 \"Date & time\",\"T (°C)\"|4 1,2|"},
+        {"#\na;\"T\n(°C)\";b\n1;2;3\n", "1 #|3 a;\"T (°C)\";b|4 1;2;3|"},
+        // Inches, and quotes that nothing closes.
+        {"pipe 5\"\na,b\n1,2\n", "1 pipe 5\"|2 a,b|3 1,2|"},
+        {"a,\"b\n1,2\n", "1 a,\"b|2 1,2|"},
+        // Rows.
+        {"a,\"b\n1,2\n3\",4\n5,\"6\n7\",8\n", "1 a,\"b|2 1,2|3 3\",4|4 5,\"6|5 7\",8|"},
+    };
+    const Workdir folder;
+    for (const JoinCase& c : cases)
+        EXPECT_EQ(LinesInWords(SampleFile(folder.Write("a.csv", c.Text))), c.Lines) << c.Text;
+}
+
 TEST(FileSample, AsManyLinesAsTheHeadTakesAreAWholeFile) {
     const Workdir folder;
     EXPECT_TRUE(SampleFile(folder.Write("a.csv", NumberedLines(2000))).IsWhole);

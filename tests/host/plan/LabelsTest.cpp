@@ -105,6 +105,30 @@ TEST(PlanLabels, StandAboveRowsOfUnitsKindsAndNumbers) {
     for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
 }
 
+TEST(PlanLabels, HaveUnitsInCapitals) {
+    const LabelCase cases[] = {
+        {"Date,Supply,Return,Fan,Duct\n,DEG F,DEG F,PCT,IN "
+         "WC\n01/23/2023,58,71,64,1.2\n01/24/2023,58,71,64,1."
+         "2\n01/25/2023,58,71,66,1.2\n",
+         "Date|Supply{DEG F}|Return{DEG F}|Fan{PCT}|Duct{IN WC}, names 1, units 2"},
+        // Names, however short.
+        {"HR;MIN;A\n0;1;2.5\n1;2;2.5\n2;3;2.5\n", "HR|MIN|A, names 1"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
+TEST(PlanLabels, EndInUnitsWhereOthersDo) {
+    const LabelCase cases[] = {
+        {"t;Pressure bar;Oil °C\n0;6.2;41\n1;6.1;55\n2;6.1;61\n", "t|Pressure bar{bar}|Oil °C{°C}, names 1"},
+        {"t;Spannung V;Strom A\n0;6.2;41\n1;6.1;55\n2;6.1;61\n", "t|Spannung V{V}|Strom A{A}, names 1"},
+        {"t;Pressure bar;Oil\n0;6.2;41\n1;6.1;55\n2;6.1;61\n", "t|Pressure bar|Oil, names 1"},
+        {"t;Phase A;Phase B;Oil °C\n0;6.2;4;5\n1;6.1;5;5\n2;6.1;6;5\n",
+         "t|Phase A|Phase B|Oil °C{°C}, names 1"},
+        {"t;Viable cells;Oil °C\n0;6.2;41\n1;6.1;55\n2;6.1;61\n", "t|Viable cells|Oil °C{°C}, names 1"},
+    };
+    for (const LabelCase& c : cases) EXPECT_EQ(LabelsInWords(c.Text), c.Labels) << c.Text;
+}
+
 TEST(PlanLabels, AreNotThePreamble) {
     const LabelCase cases[] = {
         {"Device;Logger 7\nSerial;4711\n\nZeit;Druck\n0;1\n1;2\n2;3\n3;4\n", "Zeit|Druck, names 4"},

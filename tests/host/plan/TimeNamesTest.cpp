@@ -46,6 +46,8 @@ TEST(PlanTimeNames, AreParts) {
         {"Day of Year", TimePart::DayOfYear},
         {"Hour", TimePart::Hours},
         {"hh", TimePart::Hours},
+        {"Hour_Minute", TimePart::HoursMinutes},
+        {"HHMM", TimePart::HoursMinutes},
         {"Stunde", TimePart::Hours},
         {"Minute (UTC)", TimePart::Minutes},
         {"Sekunde", TimePart::Seconds},

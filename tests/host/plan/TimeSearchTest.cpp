@@ -132,6 +132,10 @@ TEST(PlanTimes, AreInParts) {
         {" 2016  3  1  0  0   91.28\n 2016  3  1  0  1   89.44\n 2016  3  1  0  2   83.25\n",
          "date and time in parts: column 1, column 2, column 3, column 4, column 5", "2016-03-01 00:00:0",
          "2016-03-01 00:02:0"},
+        // Without a month, days are those of the year.
+        {"Array,Year,Day,Hour_Minute,v\n60,2023,40,2300,7\n60,2023,40,2400,7\n60,2023,41,100,8\n",
+         "date and time in parts: column 2 (\"Year\"), column 3 (\"Day\"), column 4 (\"Hour_Minute\")",
+         "2023-02-09 23:00:0", "2023-02-10 01:00:0"},
         {"week;tow(s);v\n2299;302400.0;1\n2299;302401.0;2\n2299;302402.0;3\n",
          "date and time in parts: column 1 (\"week\"), column 2 (\"tow(s)\")", "2024-01-31 12:00:0",
          "2024-01-31 12:00:2"},

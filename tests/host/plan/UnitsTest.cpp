@@ -51,6 +51,7 @@ TEST(PlanUnits, StandAtTheEndOfNames) {
         {"RH, % (LGR S/N: 2041)", "%"},
         // The whole of the brackets, whatever it holds.
         {"Rad (Kj/m²)", "Kj/m²"},
+        {"Volume (E3m3)", "E3m3"},
         {"Coal ($/mt)", "$/mt"},
         {"Temp(℃)", "℃"},
         {"Humidity(%rh)", "%rh"},
