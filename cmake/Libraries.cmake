@@ -13,6 +13,7 @@ if(CMAKE_CROSSCOMPILING)
   use_header_library(nlohmann_json::nlohmann_json nlohmann)
   if(KELVARIN_TESTS)
     add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+    target_compile_options(gtest PRIVATE -O0)  # it takes longer to optimise than to run
   endif()
 else()
   find_package(CLI11 REQUIRED)

@@ -64,7 +64,8 @@ TEST(ReadLines, BlocksCutNothing) {
             for (const auto& line : {u"a"s, std::u16string(length / unit, u'x'), u""s, u"ü€😀"s, u"z"s}) {
                 for (const char16_t c : unit == 1 ? u""s : line + end) {
                     const char low = static_cast<char>(c & 0xFF), high = static_cast<char>(c >> 8);
-                    bytes += form < 6 ? std::string{low, high} : std::string{high, low};
+                    bytes += form < 6 ? low : high;
+                    bytes += form < 6 ? high : low;
                 }
                 if (unit == 1) bytes += Utf16ToUtf8(line + end);
                 lines += (lines.empty() ? "" : " ") + Utf16ToUtf8(line) + "@" + std::to_string(bytes.size());
