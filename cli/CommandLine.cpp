@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "cli/Complaints.h"
@@ -102,24 +103,27 @@ void AddExamples(CLI::App& command, std::initializer_list<const char*> lines, co
 }
 
 CommandLine::CommandLine()
-    : Program(Phrase("Turns measurement text files (*.csv, *.txt) into signals."), ProgramName) {
-    Program.get_formatter()->label("Usage", Phrase("Usage"));
-    Program.get_formatter()->label("REQUIRED", Phrase("required"));
-    Program.get_formatter()->label("Positionals", Phrase("Files"));
-    Program.option_defaults()->group(Phrase("Options"));
-    Program.set_help_flag("-h,--help", Phrase("This help"));
-    Program.get_help_ptr()->group(Phrase("Options"));
-    Program.set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION,
-                             Phrase("The version"));
-    Program.footer(
+    : Program(std::make_unique<CLI::App>(Phrase("Turns measurement text files (*.csv, *.txt) into signals."),
+                                         ProgramName)) {
+    Program->get_formatter()->label("Usage", Phrase("Usage"));
+    Program->get_formatter()->label("REQUIRED", Phrase("required"));
+    Program->get_formatter()->label("Positionals", Phrase("Files"));
+    Program->option_defaults()->group(Phrase("Options"));
+    Program->set_help_flag("-h,--help", Phrase("This help"));
+    Program->get_help_ptr()->group(Phrase("Options"));
+    Program->set_version_flag("--version", std::string(ProgramName) + " " KELVARIN_VERSION,
+                              Phrase("The version"));
+    Program->footer(
         Phrase("`kelvarin-import COMMAND --help` tells the options of a command. A file without a command is "
                "imported."));
-    Program.require_subcommand(1);
-    Program.allow_windows_style_options(false);  // a path may begin with a slash
+    Program->require_subcommand(1);
+    Program->allow_windows_style_options(false);  // a path may begin with a slash
 }
 
+CommandLine::~CommandLine() = default;
+
 CLI::App& CommandLine::AddTool(const std::string& name, const std::string& description) {
-    CLI::App& command = *Program.add_subcommand(name, description);
+    CLI::App& command = *Program->add_subcommand(name, description);
     command.group(Phrase("Commands"));
     command.get_help_ptr()->group(Phrase("Options"));
     return command;
@@ -167,7 +171,7 @@ void CommandLine::AddCommonOptions(CLI::App& command) {
 // A file as first argument means import, and so does an option of that command.
 std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments) const {
     std::vector<std::string> known = {"--help", "-h", "--version"};
-    for (const CLI::App* command : Program.get_subcommands(nullptr)) known.push_back(command->get_name());
+    for (const CLI::App* command : Program->get_subcommands(nullptr)) known.push_back(command->get_name());
     if (!arguments.empty() && std::find(known.begin(), known.end(), arguments.front()) == known.end()) {
         arguments.insert(arguments.begin(), "import");
     }
@@ -179,19 +183,19 @@ std::vector<std::string> CommandLine::InOrder(std::vector<std::string> arguments
 }
 
 std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments) {
-    TakeMarksOff(Program);
+    TakeMarksOff(*Program);
     try {
         RefuseEmptyValues(arguments);
-        Program.parse(InOrder(arguments));
-        RefuseEmptyValues(*Program.get_subcommands().front());
-        if (Bodies.contains(Program.get_subcommands().front())) return std::nullopt;
+        Program->parse(InOrder(arguments));
+        RefuseEmptyValues(*Program->get_subcommands().front());
+        if (Bodies.contains(Program->get_subcommands().front())) return std::nullopt;
         return ExitDone;  // a tool, and it has run
     } catch (const CLI::Success& wish) {
-        return Program.exit(wish);
+        return Program->exit(wish);
     } catch (const CLI::ValidationError& error) {
         Complain(error.what());
     } catch (const CLI::ExtrasError& error) {
-        const CLI::App& command = *Program.get_subcommands().front();
+        const CLI::App& command = *Program->get_subcommands().front();
         Complain(Phrase("{}; allowed are {}", ReasonOf(error), AllowedOptions(command)));
     } catch (const CLI::ParseError& error) {
         Complain(Phrase("{}; see --help", ReasonOf(error)));
@@ -199,12 +203,16 @@ std::optional<int> CommandLine::Parse(const std::vector<std::string>& arguments)
     return ExitWrongUsage;
 }
 
+std::string CommandLine::CommandName() const {
+    return Program->get_subcommands().front()->get_name();
+}
+
 bool CommandLine::HasOption(const std::string& name) const {
-    const CLI::Option* const option = Program.get_subcommands().front()->get_option_no_throw(name);
+    const CLI::Option* const option = Program->get_subcommands().front()->get_option_no_throw(name);
     return option != nullptr && option->count() != 0;
 }
 
 int CommandLine::Run(const ModuleLoader& module) const {
-    return Bodies.at(Program.get_subcommands().front())(module, CommonValues);
+    return Bodies.at(Program->get_subcommands().front())(module, CommonValues);
 }
 }  // namespace kelvarin::cli

@@ -1,10 +1,10 @@
 // The command line: a list of commands, each with the common options and its own.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,6 +12,10 @@
 
 #include "host/ModuleLoader.h"
 #include "host/SettingText.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kelvarin::cli {
 // What every command takes.
@@ -32,6 +36,7 @@ class CommandLine {
     using Body = std::function<int(const ModuleLoader& module, const CommonOptions& common)>;
 
     CommandLine();
+    ~CommandLine();
 
     // Adds a command that takes files and the common options; the caller adds its own ones.
     CLI::App& Add(const std::string& name, const std::string& description, Body body);
@@ -40,7 +45,7 @@ class CommandLine {
     CLI::App& AddTool(const std::string& name, const std::string& description);
 
     // All commands with their options.
-    const CLI::App& Tree() const { return Program; }
+    const CLI::App& Tree() const { return *Program; }
 
     // Reads the arguments. Nothing if a command is to be run, else the exit status: after help, version, a
     // tool's work, or one line on standard error about what is wrong.
@@ -50,7 +55,7 @@ class CommandLine {
     const CommonOptions& Common() const { return CommonValues; }
 
     // The name of the command that was asked for, and whether an option of its own was given.
-    std::string CommandName() const { return Program.get_subcommands().front()->get_name(); }
+    std::string CommandName() const;
     bool HasOption(const std::string& name) const;
 
     // Runs the command that was asked for.
@@ -60,7 +65,7 @@ class CommandLine {
     void AddCommonOptions(CLI::App& command);
     std::vector<std::string> InOrder(std::vector<std::string> arguments) const;
 
-    CLI::App Program;
+    const std::unique_ptr<CLI::App> Program;
     CommonOptions CommonValues;
     std::map<const CLI::App*, Body> Bodies;
 };

@@ -1,3 +1,5 @@
+#include <CLI/CLI.hpp>
+
 #include "cli/FileReading.h"
 
 #include "cli/Complaints.h"

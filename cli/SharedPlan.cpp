@@ -1,5 +1,6 @@
 #include "cli/SharedPlan.h"
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
 
 #include "cli/Complaints.h"

@@ -1,3 +1,4 @@
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <functional>
 #include <iostream>

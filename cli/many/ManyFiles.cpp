@@ -1,5 +1,6 @@
 #include "cli/many/ManyFiles.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <new>
 #include <nlohmann/json.hpp>
