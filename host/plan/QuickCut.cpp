@@ -26,40 +26,18 @@ CellMasks Shifted(CellMasks masks, std::size_t count) {
     masks.Separators >>= count;
     masks.Digits >>= count;
     masks.Marks >>= count;
+    masks.Quotes >>= count;
     return masks;
 }
 
-// 64 bits of a mask from a character on.
-template <std::uint64_t CellMasks::*Mask>
-std::uint64_t BitsOf(const CellMasks* masks, std::size_t from) {
-    const CellMasks* const word = masks + from / UnitsPerMask;
-    const std::size_t shift = from % UnitsPerMask;
-    return word[0].*Mask >> shift | word[1].*Mask << 1 << (UnitsPerMask - 1 - shift);
-}
-
-// Signs and lengths change from cell to cell: what depends on them takes no branch.
-inline CellLook LookAt(const CellMasks* masks, const char16_t* line, std::size_t begin, std::size_t end) {
-    const std::size_t size = end - begin;
-    constexpr std::size_t LongestNumber = 32;
-    if (size == 0) return CellLook::Empty;
-    if (size > LongestNumber) return CellLook::Other;
-    const char16_t first = line[begin];
-    const std::size_t signs = std::size_t{first == u'-'} | std::size_t{first == u'+'};
-    const std::uint64_t cell = (std::uint64_t{1} << size) - 1;
-    const std::uint64_t number = cell - signs;
-    const std::uint64_t digits = BitsOf<&CellMasks::Digits>(masks, begin) & cell;
-    if (digits == number) {
-        const std::size_t count = size - signs;
-        if (count - 1 >= CellTally::MostDigits) return CellLook::Other;
-        const CellLook whole = static_cast<CellLook>(static_cast<std::size_t>(CellLook::Whole) + count);
-        const CellLook unsignedLook =
-            size == 1 && first <= u'1' ? (first == u'0' ? CellLook::Zero : CellLook::One) : whole;
-        return signs != 0 ? CellLook::SignedWhole : unsignedLook;
-    }
-    const std::uint64_t mark = BitsOf<&CellMasks::Marks>(masks, begin) & cell;
-    const std::uint64_t ends = (cell ^ cell >> 1) | (number & (0 - number));
-    const bool isOneMark = mark != 0 && (mark & (mark - 1)) == 0 && (mark & ends) == 0;
-    return isOneMark && (digits | mark) == number ? CellLook::Decimal : CellLook::Other;
+// Each bit that has an odd number of bits up to its own place.
+std::uint64_t OddPlaces(std::uint64_t bits) {
+    bits ^= bits << 1;
+    bits ^= bits << 2;
+    bits ^= bits << 4;
+    bits ^= bits << 8;
+    bits ^= bits << 16;
+    return bits ^ bits << 32;
 }
 }  // namespace
 
@@ -72,11 +50,36 @@ bool QuickCut::operator()(std::u16string_view line) {
     if (!IsKnown) return false;
     Line = line;
     Found.clear();
-    Seen.clear();
     Scan();
     Tight = !HasQuotes && !Merges;
-    if (!Tight) return CutLoosely();
+    if (Merges || (HasQuotes && !HideQuotedSeparators())) return CutLoosely();
     CutTightly();
+    return true;
+}
+
+// Leaves the separators that end cells. False, with all of them left, unless quotes enclose whole cells and
+// nothing else: each first one follows a separator, and a separator each last one.
+bool QuickCut::HideQuotedSeparators() {
+    const std::size_t words = Line.size() / UnitsPerMask + 1;
+    if (Quoted.size() < words) Quoted.resize(words);
+    std::uint64_t isQuoted = 0;     // all bits, if the word before ends within quotes
+    std::uint64_t isAfterEnd = 1;   // the lowest bit, if it ends with a separator
+    std::uint64_t isAfterLast = 0;  // or with the last quote of a cell
+    for (std::size_t i = 0; i < words; ++i) {
+        const CellMasks& masks = Masks[i];
+        Quoted[i] = OddPlaces(masks.Quotes) ^ isQuoted;
+        const std::uint64_t ends = masks.Separators & ~Quoted[i];
+        const std::uint64_t first = masks.Quotes & Quoted[i];
+        const std::uint64_t last = masks.Quotes & ~Quoted[i];
+        if ((first & ~(ends << 1 | isAfterEnd)) != 0) return false;
+        if (((last << 1 | isAfterLast) & ~ends) != 0) return false;
+        constexpr int ToLowest = UnitsPerMask - 1;
+        isQuoted = 0 - (Quoted[i] >> ToLowest);
+        isAfterEnd = ends >> ToLowest;
+        isAfterLast = last >> ToLowest;
+    }
+    if (isQuoted != 0) return false;
+    for (std::size_t i = 0; i < words; ++i) Masks[i].Separators &= ~Quoted[i];
     return true;
 }
 
@@ -84,29 +87,34 @@ bool QuickCut::operator()(std::u16string_view line) {
 void QuickCut::CutTightly() {
     const char16_t* const text = Line.data();
     const CellMasks* const masks = Masks.data();
-    const bool hasBlanks = HasBlanks;
+    const bool isRough = HasBlanks || HasQuotes;
     std::size_t begin = 0;
     for (std::size_t at = 0; at <= Line.size(); at += UnitsPerMask) {
         std::uint64_t separators = masks[at / UnitsPerMask].Separators;
         for (; separators != 0; separators &= separators - 1) {
             const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(separators));
-            if (hasBlanks && begin < end && (IsWhiteSpace(text[begin]) || IsWhiteSpace(text[end - 1]))) {
-                Tight = false;
-                Take(begin, end);
+            // Blanks and a quote are among the lowest characters.
+            if (isRough && begin < end && (text[begin] <= u'"' || text[end - 1] <= u' ')) {
+                TakeRough(begin, end);
             } else {
                 Found.emplace_back(text + begin, end - begin);
-                Seen.push_back(LookAt(masks, text, begin, end));
             }
             begin = end + 1;
         }
     }
 }
 
+// A cell that is enclosed in quotes or begins with none.
+void QuickCut::TakeRough(std::size_t begin, std::size_t end) {
+    const bool isQuoted = Line[begin] == u'"';
+    if (isQuoted || IsWhiteSpace(Line[begin]) || IsWhiteSpace(Line[end - 1])) Tight = false;
+    Take(begin + isQuoted, end - isQuoted);
+}
+
 void QuickCut::Take(std::size_t begin, std::size_t end) {
     while (begin < end && IsWhiteSpace(Line[begin])) ++begin;
     while (begin < end && IsWhiteSpace(Line[end - 1])) --end;
     Found.push_back(Line.substr(begin, end - begin));
-    Seen.push_back(LookAt(Masks.data(), Line.data(), begin, end));
 }
 
 // False for a line that this class doesn't know.
@@ -137,7 +145,7 @@ void QuickCut::Scan() {
     HasQuotes = HasBlanks = false;
     const auto scan = [this](const char16_t* text, std::size_t at) {
         const CellMasks masks = simd::FindCellUnits(text, Syntax, Narrow.data() + at);
-        HasQuotes |= masks.HasQuotes;
+        HasQuotes |= masks.Quotes != 0;
         HasBlanks |= masks.HasBlanks;
         return masks;
     };

@@ -6,13 +6,17 @@
 #include <string_view>
 #include <vector>
 
+#include "host/plan/RowText.h"
+
 namespace kelvarin::plan {
 class TextMemo {
   public:
     struct Entry {
-        std::u16string Cell;  // empty: nothing is remembered
-        std::string Written;
+        std::u16string Cell;        // empty: nothing is remembered
+        std::string Padded;         // what was written, and RowText::Step bytes more
         std::uint64_t Repeats = 0;  // of the cell that weren't counted yet
+
+        std::size_t WrittenSize() const { return Padded.size() - RowText::Step; }
 
         bool Holds(std::u16string_view cell) const;
     };
