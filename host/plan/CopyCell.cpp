@@ -91,17 +91,17 @@ void CellCopier::Append(std::u16string_view cell, RowText& out) {
         out.Add(Written);
         return;
     }
-    TextMemo::Entry* const entry = Memo.EntryFor(cell);
-    if (entry != nullptr && entry->Holds(cell)) {
-        ++entry->Repeats;
-        out.AddPadded(entry->Padded.data(), entry->WrittenSize());
+    if (TextMemo::Entry* const known = Memo.Find(cell)) {
+        ++known->Repeats;
+        out.AddPadded(known->Padded.data(), known->WrittenSize());
         return;
     }
     WriteAnew(cell);
     out.Add(Written);
-    if (entry == nullptr) return;
-    CountRepeats(*entry);
-    Memo.Remember(*entry, cell, Written);
+    TextMemo::Entry* const place = Memo.Place();
+    if (place == nullptr) return;
+    CountRepeats(*place);
+    Memo.Remember(*place, cell, Written);
 }
 
 void CellCopier::WriteAnew(std::u16string_view cell) {

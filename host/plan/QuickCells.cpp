@@ -30,11 +30,6 @@ void QuickCells::Learn(const CellCounts& counted) {
     TakesHexadecimals = Unit.empty() || !IsX(Unit.front());
 }
 
-std::size_t QuickCells::Take(const QuickCut& line, std::size_t cell) {
-    if (TakesAmounts) return TakeAmount(line, cell);
-    return TakesHexadecimals ? TakeHexadecimal(line, cell) : 0;
-}
-
 std::size_t QuickCells::TakeAmount(const QuickCut& line, std::size_t cell) {
     const std::u16string_view text = line.Cells()[cell];
     if (text.size() <= Unit.size() || !std::equal(Unit.rbegin(), Unit.rend(), text.rbegin())) return 0;
@@ -54,11 +49,11 @@ std::size_t QuickCells::TakeAmount(const QuickCut& line, std::size_t cell) {
     return size;
 }
 
+// Of a cell that begins with a zero.
 std::size_t QuickCells::TakeHexadecimal(const QuickCut& line, std::size_t cell) {
     const std::u16string_view text = line.Cells()[cell];
     const std::size_t digits = text.size() - PrefixSize;
-    if (text.size() <= PrefixSize || digits > simd::MostHexDigits || text[0] != u'0' || !IsX(text[1]))
-        return 0;
+    if (text.size() <= PrefixSize || digits > simd::MostHexDigits || !IsX(text[1])) return 0;
     // An amount that is counted as such.
     const std::u16string_view unit = text.substr(1);
     if (unit.size() <= LongestUnit && (CountedUnit.empty() || unit == CountedUnit)) return 0;

@@ -24,7 +24,10 @@ class QuickCells {
 
     // The number of characters at the beginning of a cell of a line that the copy has in its place; they are
     // in the bytes of the line. 0 for a cell that isn't taken.
-    std::size_t Take(const QuickCut& line, std::size_t cell);
+    std::size_t Take(const QuickCut& line, std::size_t cell) {
+        if (TakesAmounts) return TakeAmount(line, cell);
+        return TakesHexadecimals && line.Cells()[cell].starts_with(u'0') ? TakeHexadecimal(line, cell) : 0;
+    }
 
     // Amounts taken so far.
     std::uint64_t Amounts() const { return WholeAmounts + DecimalAmounts; }

@@ -49,7 +49,6 @@ QuickCut::QuickCut(const Cut& how, char16_t mark)
 bool QuickCut::operator()(std::u16string_view line) {
     if (!IsKnown) return false;
     Line = line;
-    Found.clear();
     Scan();
     Tight = !HasQuotes && !Merges;
     if (Merges || (HasQuotes && !HideQuotedSeparators())) return CutLoosely();
@@ -83,42 +82,49 @@ bool QuickCut::HideQuotedSeparators() {
     return true;
 }
 
-// Where every separator ends a cell.
+// Where every separator ends a cell. Most lines have as many cells as the line before.
 void QuickCut::CutTightly() {
     const char16_t* const text = Line.data();
     const CellMasks* const masks = Masks.data();
     const bool isRough = HasBlanks || HasQuotes;
+    std::u16string_view* next = Found.data();
+    const std::u16string_view* last = next + Found.size();
     std::size_t begin = 0;
     for (std::size_t at = 0; at <= Line.size(); at += UnitsPerMask) {
         std::uint64_t separators = masks[at / UnitsPerMask].Separators;
         for (; separators != 0; separators &= separators - 1) {
             const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(separators));
-            // Blanks and a quote are among the lowest characters.
-            if (isRough && begin < end && (text[begin] <= u'"' || text[end - 1] <= u' ')) {
-                TakeRough(begin, end);
-            } else {
-                Found.emplace_back(text + begin, end - begin);
+            if (next == last) {
+                const std::size_t count = Found.size();
+                Found.resize(2 * count + 1);
+                next = Found.data() + count;
+                last = Found.data() + Found.size();
             }
+            // Blanks and a quote are among the lowest characters.
+            const bool mayBeRough = isRough && begin < end && (text[begin] <= u'"' || text[end - 1] <= u' ');
+            *next++ = mayBeRough ? RoughCell(begin, end) : std::u16string_view(text + begin, end - begin);
             begin = end + 1;
         }
     }
+    Found.resize(static_cast<std::size_t>(next - Found.data()));
 }
 
 // A cell that is enclosed in quotes or begins with none.
-void QuickCut::TakeRough(std::size_t begin, std::size_t end) {
+std::u16string_view QuickCut::RoughCell(std::size_t begin, std::size_t end) {
     const bool isQuoted = Line[begin] == u'"';
     if (isQuoted || IsWhiteSpace(Line[begin]) || IsWhiteSpace(Line[end - 1])) Tight = false;
-    Take(begin + isQuoted, end - isQuoted);
+    return Trimmed(begin + isQuoted, end - isQuoted);
 }
 
-void QuickCut::Take(std::size_t begin, std::size_t end) {
+std::u16string_view QuickCut::Trimmed(std::size_t begin, std::size_t end) const {
     while (begin < end && IsWhiteSpace(Line[begin])) ++begin;
     while (begin < end && IsWhiteSpace(Line[end - 1])) --end;
-    Found.push_back(Line.substr(begin, end - begin));
+    return Line.substr(begin, end - begin);
 }
 
 // False for a line that this class doesn't know.
 bool QuickCut::CutLoosely() {
+    Found.clear();
     std::size_t begin = SkipSeparators(0);
     if (Merges && begin == Line.size()) return true;
     for (;;) {
@@ -126,7 +132,7 @@ bool QuickCut::CutLoosely() {
         const bool mayBeQuoted =
             HasQuotes && begin < end && (Line[begin] == u'"' || IsWhiteSpace(Line[begin]));
         if (!mayBeQuoted) {
-            Take(begin, end);
+            Found.push_back(Trimmed(begin, end));
         } else if (!TakeInQuotes(begin, end)) {
             return false;
         }
@@ -143,21 +149,24 @@ void QuickCut::Scan() {
     if (Masks.size() < whole + 2) Masks.resize(whole + 2);
     if (Narrow.size() < (whole + 2) * UnitsPerMask) Narrow.resize((whole + 2) * UnitsPerMask);
     HasQuotes = HasBlanks = false;
-    const auto scan = [this](const char16_t* text, std::size_t at) {
-        const CellMasks masks = simd::FindCellUnits(text, Syntax, Narrow.data() + at);
+    const auto scan = [this](const char16_t* text, std::size_t count, std::size_t at) {
+        const CellMasks masks = simd::FindCellUnits(text, count, Syntax, Narrow.data() + at);
         HasQuotes |= masks.Quotes != 0;
         HasBlanks |= masks.HasBlanks;
         return masks;
     };
-    for (std::size_t i = 0; i < whole; ++i) Masks[i] = scan(Line.data() + i * UnitsPerMask, i * UnitsPerMask);
+    for (std::size_t i = 0; i < whole; ++i)
+        Masks[i] = scan(Line.data() + i * UnitsPerMask, UnitsPerMask, i * UnitsPerMask);
+    constexpr std::size_t Step = simd::CellUnitsStep;
+    const std::size_t steps = (rest + Step - 1) / Step * Step;
     if (whole == 0) {
         char16_t padded[UnitsPerMask] = {};
         Line.copy(padded, UnitsPerMask);
-        Masks[0] = scan(padded, 0);
+        Masks[0] = scan(padded, steps, 0);
     } else {
-        // The last 64 characters once more, for those of them that are new.
-        const std::size_t at = Line.size() - UnitsPerMask;
-        Masks[whole] = rest == 0 ? CellMasks{} : Shifted(scan(Line.data() + at, at), UnitsPerMask - rest);
+        // The last characters, some of them once more.
+        const std::size_t at = Line.size() - steps;
+        Masks[whole] = Shifted(scan(Line.data() + at, steps, at), steps - rest);
     }
     Masks[whole].Separators |= std::uint64_t{1} << rest;
     Narrow[Line.size()] = '\t';
@@ -190,14 +199,14 @@ bool QuickCut::TakeInQuotes(std::size_t begin, std::size_t& end) {
     };
     const std::size_t first = skipBlanks(begin);
     if (first == Line.size() || Line[first] != u'"') {
-        Take(begin, end);
+        Found.push_back(Trimmed(begin, end));
         return true;
     }
     const std::size_t last = Line.find(u'"', first + 1);
     if (last == Line.npos) return false;
     end = skipBlanks(last + 1);
     if (end < Line.size() && !IsSeparator(end)) return false;
-    Take(first + 1, last);
+    Found.push_back(Trimmed(first + 1, last));
     return true;
 }
 

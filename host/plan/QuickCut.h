@@ -54,8 +54,8 @@ class QuickCut {
     std::size_t NextSeparator(std::size_t from) const;
     std::size_t SkipSeparators(std::size_t at) const;
     bool TakeInQuotes(std::size_t begin, std::size_t& end);
-    void TakeRough(std::size_t begin, std::size_t end);
-    void Take(std::size_t begin, std::size_t end);
+    std::u16string_view RoughCell(std::size_t begin, std::size_t end);
+    std::u16string_view Trimmed(std::size_t begin, std::size_t end) const;
 
     const bool IsKnown;  // this class can cut so
     const bool Merges;

@@ -49,18 +49,18 @@ bool RowCopier::AddPiece(const QuickCut& line, std::size_t column) {
         return false;
     }
     const char* const bytes = line.Bytes() + line.PlaceOf(column);
-    const CellLook look = line.LookAt(column);
-    if (look >= LeastKept[column]) {
-        Columns[column].Count(look);
-        Text.AddPadded(bytes, cell.size());
-        return true;
-    }
-    const std::size_t kept = Columns[column].Take(line, column);
-    if (kept != 0) {
+    CellCopier& copier = Columns[column];
+    if (const std::size_t kept = copier.Take(line, column); kept != 0) {
         Text.AddPadded(bytes, kept);
-    } else {
-        Columns[column].Append(cell, Text);
+        return false;
     }
-    return false;
+    const CellLook look = line.LookAt(column);
+    if (look < LeastKept[column]) {
+        copier.Append(cell, Text);
+        return false;
+    }
+    copier.Count(look);
+    Text.AddPadded(bytes, cell.size());
+    return true;
 }
 }  // namespace kelvarin::plan
