@@ -77,25 +77,23 @@ CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t ma
       Elsewhere(elsewhere),
       Quick(column.Unit, Own != Kind::Texts) {}
 
-void CellCopier::Append(std::u16string_view cell, RowText& out) {
+// False for a cell that is neither empty nor a plain number.
+bool CellCopier::AppendPlain(std::u16string_view cell, RowText& out) {
     if (cell.empty()) {
         Plain.Add(CellLook::Empty);
-        return;
+        return true;
     }
-    const PlainNumber plain = cell.front() <= u'9' ? LookAtPlainNumber(cell, Mark) : PlainNumber();
-    if (plain.Digits != 0) {
-        All.Add(cell, Mark);
-        Numbers += plain.HasMark && Mark != u'.';
-        Written.clear();
-        AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', Written);
-        out.Add(Written);
-        return;
-    }
-    if (TextMemo::Entry* const known = Memo.Find(cell)) {
-        ++known->Repeats;
-        out.AddPadded(known->Padded.data(), known->WrittenSize());
-        return;
-    }
+    const PlainNumber plain = LookAtPlainNumber(cell, Mark);
+    if (plain.Digits == 0) return false;
+    All.Add(cell, Mark);
+    Numbers += plain.HasMark && Mark != u'.';
+    Written.clear();
+    AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', Written);
+    out.Add(Written);
+    return true;
+}
+
+void CellCopier::AppendNew(std::u16string_view cell, RowText& out) {
     WriteAnew(cell);
     out.Add(Written);
     TextMemo::Entry* const place = Memo.Place();

@@ -28,7 +28,16 @@ class CellCopier {
     CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
                const CellCounts* elsewhere = nullptr);
 
-    void Append(std::u16string_view cell, RowText& out);
+    void Append(std::u16string_view cell, RowText& out) {
+        const bool mayBePlain = cell.empty() || cell.front() <= u'9';
+        if (mayBePlain && AppendPlain(cell, out)) return;
+        if (TextMemo::Entry* const known = Memo.Find(cell)) {
+            ++known->Repeats;
+            out.AddPadded(known->Padded.data(), known->WrittenSize());
+        } else {
+            AppendNew(cell, out);
+        }
+    }
 
     // The least of the looks of cells that stay as they are, but for their decimal mark.
     CellLook LeastKept() const {
@@ -61,6 +70,8 @@ class CellCopier {
     enum class Kind { Texts, Truths, Numbers };
 
     static Kind KindOf(ColumnType type);
+    bool AppendPlain(std::u16string_view cell, RowText& out);
+    void AppendNew(std::u16string_view cell, RowText& out);
     void WriteAnew(std::u16string_view cell);
     void CountRepeats(TextMemo::Entry& entry);
     void CountRepeats();

@@ -16,7 +16,7 @@ RowCopier::RowCopier(const ReadingPlan& plan, CopyLayout layout, const std::vect
 
 std::string_view RowCopier::TextOf(const CopyLine& row) {
     Text.Clear();
-    if (row.Quick == nullptr) {
+    if (row.Quick == nullptr || !Plan.Missing.empty()) {
         AddCells(*row.Cells);
     } else if (!MayBeWhole || !AddWhole(*row.Quick)) {
         AddPieces(*row.Quick);

@@ -56,28 +56,28 @@ bool QuickCut::operator()(std::u16string_view line) {
     return true;
 }
 
-// Leaves the separators that end cells. False, with all of them left, unless quotes enclose whole cells and
-// nothing else: each first one follows a separator, and a separator each last one.
+// Removes the separators within quotes from the masks. False, with nothing removed, unless quotes enclose
+// whole cells and nothing else: a separator is before each first one and after each last one.
 bool QuickCut::HideQuotedSeparators() {
     const std::size_t words = Line.size() / UnitsPerMask + 1;
     if (Quoted.size() < words) Quoted.resize(words);
-    std::uint64_t isQuoted = 0;     // all bits, if the word before ends within quotes
-    std::uint64_t isAfterEnd = 1;   // the lowest bit, if it ends with a separator
-    std::uint64_t isAfterLast = 0;  // or with the last quote of a cell
+    std::uint64_t quoted = 0;     // all bits, if the word before ends within quotes
+    std::uint64_t afterEnd = 1;   // the lowest bit, if it ends with a separator
+    std::uint64_t afterLast = 0;  // or with the last quote of a cell
     for (std::size_t i = 0; i < words; ++i) {
         const CellMasks& masks = Masks[i];
-        Quoted[i] = OddPlaces(masks.Quotes) ^ isQuoted;
+        Quoted[i] = OddPlaces(masks.Quotes) ^ quoted;
         const std::uint64_t ends = masks.Separators & ~Quoted[i];
         const std::uint64_t first = masks.Quotes & Quoted[i];
         const std::uint64_t last = masks.Quotes & ~Quoted[i];
-        if ((first & ~(ends << 1 | isAfterEnd)) != 0) return false;
-        if (((last << 1 | isAfterLast) & ~ends) != 0) return false;
+        if ((first & ~(ends << 1 | afterEnd)) != 0) return false;
+        if (((last << 1 | afterLast) & ~ends) != 0) return false;
         constexpr int ToLowest = UnitsPerMask - 1;
-        isQuoted = 0 - (Quoted[i] >> ToLowest);
-        isAfterEnd = ends >> ToLowest;
-        isAfterLast = last >> ToLowest;
+        quoted = 0 - (Quoted[i] >> ToLowest);
+        afterEnd = ends >> ToLowest;
+        afterLast = last >> ToLowest;
     }
-    if (isQuoted != 0) return false;
+    if (quoted != 0) return false;
     for (std::size_t i = 0; i < words; ++i) Masks[i].Separators &= ~Quoted[i];
     return true;
 }

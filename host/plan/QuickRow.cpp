@@ -6,7 +6,7 @@ namespace kelvarin::plan {
 // False, with nothing added, unless each cell but those of the time stays as it is in the bytes of the line.
 bool RowCopier::AddWhole(const QuickCut& line) {
     const std::size_t count = LeastKept.size();
-    if (!line.IsTight() || line.Cells().size() != count || !Plan.Missing.empty()) return false;
+    if (!line.IsTight() || line.Cells().size() != count) return false;
     unsigned refused = 0;
     for (std::size_t i = 0; i < count; ++i) {
         if (LeastKept[i] == CellLook::Other) continue;
@@ -30,24 +30,8 @@ bool RowCopier::AddWhole(const QuickCut& line) {
     return true;
 }
 
-void RowCopier::AddPieces(const QuickCut& line) {
-    MayBeWhole = true;
-    for (std::size_t i = 0; i < LeastKept.size(); ++i) {
-        const bool isTime = LeastKept[i] == CellLook::Other;
-        if (isTime && !IsInPlace) continue;
-        if (!IsInPlace) Text.Add('\t');
-        if (!isTime && i < line.Cells().size()) MayBeWhole &= AddPiece(line, i);
-        if (IsInPlace) Text.Add('\t');
-    }
-}
-
 // True if the cell stays as it is in the bytes of the line.
-bool RowCopier::AddPiece(const QuickCut& line, std::size_t column) {
-    const std::u16string_view cell = line.Cells()[column];
-    if (!Plan.Missing.empty()) {
-        AddCell(column, cell);
-        return false;
-    }
+inline bool RowCopier::AddPiece(const QuickCut& line, std::size_t column) {
     const char* const bytes = line.Bytes() + line.PlaceOf(column);
     CellCopier& copier = Columns[column];
     if (const std::size_t kept = copier.Take(line, column); kept != 0) {
@@ -55,6 +39,7 @@ bool RowCopier::AddPiece(const QuickCut& line, std::size_t column) {
         return false;
     }
     const CellLook look = line.LookAt(column);
+    const std::u16string_view cell = line.Cells()[column];
     if (look < LeastKept[column]) {
         copier.Append(cell, Text);
         return false;
@@ -62,5 +47,19 @@ bool RowCopier::AddPiece(const QuickCut& line, std::size_t column) {
     copier.Count(look);
     Text.AddPadded(bytes, cell.size());
     return true;
+}
+
+void RowCopier::AddPieces(const QuickCut& line) {
+    const std::size_t cells = line.Cells().size();
+    const std::size_t count = LeastKept.size();
+    unsigned refused = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool isTime = LeastKept[i] == CellLook::Other;
+        if (isTime && !IsInPlace) continue;
+        if (!IsInPlace) Text.Add('\t');
+        if (!isTime && i < cells) refused |= unsigned{!AddPiece(line, i)};
+        if (IsInPlace) Text.Add('\t');
+    }
+    MayBeWhole = refused == 0;
 }
 }  // namespace kelvarin::plan
