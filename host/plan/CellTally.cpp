@@ -25,7 +25,7 @@ void CellTally::AddTo(CellCounts& counts) const {
     counts.Nulls += of(CellLook::Zero);
     counts.Ones += of(CellLook::One);
     AddWholes(1, of(CellLook::Zero) + of(CellLook::One), counts);
-    for (std::size_t digits = 1; digits <= MostDigits; ++digits)
+    for (std::size_t digits = 1; digits <= MostLookDigits; ++digits)
         AddWholes(digits, Cells[static_cast<std::size_t>(CellLook::Whole) + digits], counts);
 }
 }  // namespace kelvarin::plan

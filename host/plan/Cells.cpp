@@ -10,8 +10,6 @@
 
 namespace kelvarin::plan {
 namespace {
-constexpr std::size_t LongestUnit = 8;
-
 bool IsSeparatorAt(const Cut& how, char16_t c) {
     return c == how.Separator || (how.Merges && how.Separator == u' ' && c == u'\t');
 }

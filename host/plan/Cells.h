@@ -97,6 +97,8 @@ struct CellFacts {
 
 CellFacts FactsOf(std::u16string_view cell);
 
+constexpr std::size_t LongestUnit = 8;  // of an amount
+
 // The parts of an amount within its cell.
 struct AmountParts {
     std::u16string_view Sign, Number, Unit;

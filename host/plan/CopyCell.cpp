@@ -75,37 +75,46 @@ CellCopier::Kind CellCopier::KindOf(ColumnType type) {
 
 CellCopier::CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
                        const CellCounts* elsewhere)
-    : Column(column), Own(KindOf(type)), Mark(mark), Elsewhere(elsewhere) {}
+    : Column(column),
+      Own(KindOf(type)),
+      Mark(mark),
+      Elsewhere(elsewhere),
+      Quick(column.Unit, Own != Kind::Texts) {}
 
-void CellCopier::Append(std::u16string_view cell, std::string& out) {
+// False for a cell that is neither empty nor a plain number.
+bool CellCopier::AppendPlain(std::u16string_view cell, RowText& out) {
+    if (cell.empty()) {
+        Plain.Add(CellLook::Empty);
+        return true;
+    }
     const PlainNumber plain = LookAtPlainNumber(cell, Mark);
-    if (cell.empty() || plain.Digits != 0) {
-        All.Add(cell, Mark);
-        Numbers += plain.HasMark && Mark != u'.';
-        AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', out);
-        return;
-    }
-    TextMemo::Entry* const entry = Memo.EntryFor(cell);
-    if (entry == nullptr) {
-        AppendAnew(cell, out);
-    } else if (entry->Holds(cell)) {
-        ++entry->Repeats;
-        out += entry->Written;
-    } else {
-        const std::size_t begin = out.size();
-        AppendAnew(cell, out);
-        CountRepeats(*entry);
-        Memo.Remember(*entry, cell, std::string_view(out).substr(begin));
-    }
+    if (plain.Digits == 0) return false;
+    All.Add(cell, Mark);
+    Numbers += plain.HasMark && Mark != u'.';
+    Written.clear();
+    AppendNarrow(cell, Own == Kind::Texts ? u'\0' : Mark, '.', Written);
+    out.Add(Written);
+    return true;
 }
 
-void CellCopier::AppendAnew(std::u16string_view cell, std::string& out) {
+void CellCopier::AppendNew(std::u16string_view cell, RowText& out) {
+    WriteAnew(cell);
+    out.Add(Written);
+    TextMemo::Entry* const place = Memo.Place();
+    if (place == nullptr) return;
+    CountRepeats(*place);
+    Memo.Remember(*place, cell, Written);
+}
+
+void CellCopier::WriteAnew(std::u16string_view cell) {
     const CellFacts facts = FactsOf(cell);
     All.Add(cell, Mark, facts);
+    Quick.Learn(All);
     if (Rewrite(cell, facts, 1) && Own != Kind::Texts) {
-        out += Rewritten;
+        Written = Rewritten;
     } else {
-        AppendTextCell(cell, out);
+        Written.clear();
+        AppendTextCell(cell, Written);
     }
 }
 
@@ -168,12 +177,13 @@ CellCounts CellCopier::Counts() {
     CountRepeats();
     CellCounts counts = All;
     Plain.AddTo(counts);
+    Quick.AddTo(counts);
     return counts;
 }
 
 std::uint64_t CellCopier::RewrittenNumbers() {
     CountRepeats();
-    return Numbers + (Mark == u'.' ? 0 : Plain.Decimals());
+    return Numbers + Quick.Amounts() + (Mark == u'.' ? 0 : Plain.Decimals());
 }
 
 ColumnType CellCopier::Type() {

@@ -6,7 +6,9 @@
 #include <string_view>
 
 #include "host/plan/CellTally.h"
+#include "host/plan/QuickCells.h"
 #include "host/plan/ReadingPlan.h"
+#include "host/plan/RowText.h"
 #include "host/plan/TextMemo.h"
 
 namespace kelvarin::plan {
@@ -26,7 +28,16 @@ class CellCopier {
     CellCopier(const PlannedColumn& column, ColumnType type, char16_t mark,
                const CellCounts* elsewhere = nullptr);
 
-    void Append(std::u16string_view cell, std::string& out);
+    void Append(std::u16string_view cell, RowText& out) {
+        const bool mayBePlain = cell.empty() || cell.front() <= u'9';
+        if (mayBePlain && AppendPlain(cell, out)) return;
+        if (TextMemo::Entry* const known = Memo.Find(cell)) {
+            ++known->Repeats;
+            out.AddPadded(known->Padded.data(), known->WrittenSize());
+        } else {
+            AppendNew(cell, out);
+        }
+    }
 
     // The least of the looks of cells that stay as they are, but for their decimal mark.
     CellLook LeastKept() const {
@@ -35,6 +46,11 @@ class CellCopier {
 
     // Counts such a cell as Append does.
     void Count(CellLook look) { Plain.Add(look); }
+
+    // As Append does, for a cell of a line and in few steps: counts it, and gives the number of characters at
+    // its beginning that the copy has, which are in the bytes of the line. 0 for a cell that only Append
+    // takes.
+    std::size_t Take(const QuickCut& line, std::size_t cell) { return Quick.Take(line, cell); }
 
     // Of all cells so far, as all below.
     CellCounts Counts();
@@ -54,7 +70,9 @@ class CellCopier {
     enum class Kind { Texts, Truths, Numbers };
 
     static Kind KindOf(ColumnType type);
-    void AppendAnew(std::u16string_view cell, std::string& out);
+    bool AppendPlain(std::u16string_view cell, RowText& out);
+    void AppendNew(std::u16string_view cell, RowText& out);
+    void WriteAnew(std::u16string_view cell);
     void CountRepeats(TextMemo::Entry& entry);
     void CountRepeats();
     bool Rewrite(std::u16string_view cell, const CellFacts& facts, std::uint64_t cells);
@@ -68,9 +86,10 @@ class CellCopier {
     const char16_t Mark;
     const CellCounts* const Elsewhere;
     CellTally Plain;
+    QuickCells Quick;
     TextMemo Memo;
-    CellCounts All;         // but those of Plain and the repeats in Memo
-    std::string Rewritten;  // of the cell at hand
+    CellCounts All;                  // but those of Plain and Quick, and the repeats in Memo
+    std::string Written, Rewritten;  // of the cell at hand
     // Cells of All that are rewritten, in a column of texts: that would be if it were none.
     std::uint64_t Numbers = 0, Truths = 0, Markers = 0;
     bool HasUnclearTruth = false;  // "open": which of both is true can't be told

@@ -110,9 +110,9 @@ bool CopyPass::TakeRow(const CopyLine& line) {
         if (!PutRow({Held->Time, Held->Line, Held->Text})) return false;
         Held.reset();
     }
-    const std::string& text = Rows.TextOf(line);
+    const std::string_view text = Rows.TextOf(line);
     if (Plan.EndsInTotal && Result.Rows.Written > 0 && line.Time == First) {
-        Held = {line.Time, line.Number, text};
+        Held = {line.Time, line.Number, std::string(text)};
         return true;
     }
     return PutRow({line.Time, line.Number, text});

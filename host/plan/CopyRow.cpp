@@ -11,28 +11,27 @@ RowCopier::RowCopier(const ReadingPlan& plan, CopyLayout layout, const std::vect
             column, types[i], plan.Mark, i < plan.Elsewhere.size() ? &plan.Elsewhere[i] : nullptr);
         LeastKept.push_back(column.IsTime ? CellLook::Other : copier.LeastKept());
     }
+    Looks.resize(plan.Columns.size());
 }
 
-const std::string& RowCopier::TextOf(const CopyLine& row) {
-    Text.clear();
-    if (row.Quick == nullptr) {
+std::string_view RowCopier::TextOf(const CopyLine& row) {
+    Text.Clear();
+    if (row.Quick == nullptr || !Plan.Missing.empty()) {
         AddCells(*row.Cells);
-    } else if (IsKept(*row.Quick)) {
-        AddWhole(*row.Quick);
-    } else {
+    } else if (!MayBeWhole || !AddWhole(*row.Quick)) {
         AddPieces(*row.Quick);
     }
     for (std::size_t i = Columns.size(); i < row.Cells->size(); ++i) ExtraCells += !(*row.Cells)[i].empty();
-    return Text;
+    return Text.Text();
 }
 
 void RowCopier::AddCells(const std::vector<std::u16string_view>& cells) {
     for (std::size_t i = 0; i < Columns.size(); ++i) {
         const bool isTime = Plan.Columns[i].IsTime;
         if (isTime && !IsInPlace) continue;
-        if (!IsInPlace) Text += '\t';
+        if (!IsInPlace) Text.Add('\t');
         if (!isTime && i < cells.size()) AddCell(i, cells[i]);
-        if (IsInPlace) Text += '\t';
+        if (IsInPlace) Text.Add('\t');
     }
 }
 

@@ -18,7 +18,7 @@ class RowCopier {
 
     // What stands before the time of a row in a copy in place, or after it in one for people; valid until the
     // next call.
-    const std::string& TextOf(const CopyLine& row);
+    std::string_view TextOf(const CopyLine& row);
 
     // True if a column turned out to be of another type, so that some of its cells should be others.
     bool HasWrongTypes();
@@ -29,15 +29,17 @@ class RowCopier {
   private:
     void AddCells(const std::vector<std::u16string_view>& cells);
     void AddCell(std::size_t column, std::u16string_view cell);
-    bool IsKept(const QuickCut& line) const;
-    void AddWhole(const QuickCut& line);
+    bool AddWhole(const QuickCut& line);
     void AddPieces(const QuickCut& line);
+    bool AddPiece(const QuickCut& line, std::size_t column);
 
     const ReadingPlan& Plan;
     const bool IsInPlace;
     std::vector<CellCopier> Columns;
     std::vector<CellLook> LeastKept;  // by column; CellLook::Other for those of the time
-    std::string Text;
+    std::vector<CellLook> Looks;      // of the row at hand, by column
+    bool MayBeWhole = true;           // the row before was one that AddWhole takes
+    RowText Text;
     std::uint64_t DeclaredMissing = 0;  // cells
     std::uint64_t ExtraCells = 0;
 };

@@ -1,7 +1,9 @@
 #include "host/plan/CopyTime.h"
 
+#include <array>
 #include <charconv>
 #include <chrono>
+#include <cstring>
 
 #include "host/plan/Durations.h"
 
@@ -16,14 +18,38 @@ char* PutDigits(std::uint32_t number, char* out) {
 
 constexpr std::size_t MostText = 32;  // of a clock or of seconds
 
-// Nine decimals of a second.
-char* PutFraction(std::int64_t nanoseconds, char* out) {
-    constexpr std::uint32_t Thousand = 1000;
+constexpr std::size_t FractionDigits = 9;  // of a second
+
+// "00" to "99".
+constexpr auto TwoDigits = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
+char* PutPair(std::uint32_t number, char* out) {
+    std::memcpy(out, TwoDigits.data() + std::size_t{2} * number, 2);
+    return out + 2;
+}
+
+char* PutFractionDigits(std::int64_t nanoseconds, char* out) {
     const auto number = static_cast<std::uint32_t>(nanoseconds);
-    *out++ = '.';
-    out = PutDigits<3>(number / Thousand / Thousand, out);
-    out = PutDigits<3>(number / Thousand % Thousand, out);
-    return PutDigits<3>(number % Thousand, out);
+    const std::uint32_t four = number / 100'000;
+    const std::uint32_t five = number % 100'000;
+    out = PutPair(four / 100, out);
+    out = PutPair(four % 100, out);
+    out = PutPair(five / 1000, out);
+    out = PutPair(five / 10 % 100, out);
+    *out = static_cast<char>('0' + five % 10);
+    return out + 1;
+}
+
+char* PutFraction(std::int64_t nanoseconds, char* out) {
+    *out = '.';
+    return PutFractionDigits(nanoseconds, out + 1);
 }
 
 void AppendSeconds(std::int64_t time, std::string& out) {
@@ -57,11 +83,23 @@ CopyTimes CopyTimesOf(const TimeRecipe& recipe) {
 }
 
 void TimeWriter::Append(std::int64_t time, std::string& out) {
-    if (Times == CopyTimes::Local) {
-        AppendLocal(time, out);
+    if (Begin && time >= *Begin && time - *Begin < Second) {
+        PutFractionDigits(time - *Begin, Text.data() + Text.size() - FractionDigits);
     } else {
-        AppendSeconds(time, out);
+        BeginSecond(time);
     }
+    out += Text;
+}
+
+void TimeWriter::BeginSecond(std::int64_t time) {
+    Text.clear();
+    if (Times == CopyTimes::Local) {
+        AppendLocal(time, Text);
+    } else {
+        AppendSeconds(time, Text);
+    }
+    Begin.reset();
+    if (time >= 0) Begin = time - time % Second;
 }
 
 void TimeWriter::AppendLocal(std::int64_t time, std::string& out) {

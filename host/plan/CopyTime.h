@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "host/plan/TimeRecipe.h"
@@ -15,7 +16,7 @@ enum class CopyTimes {
 
 CopyTimes CopyTimesOf(const TimeRecipe& recipe);
 
-// Writes times one after the other; neighbours of one day are the fastest.
+// Writes times one after the other; neighbours of one second are the fastest, then those of one day.
 class TimeWriter {
   public:
     explicit TimeWriter(CopyTimes times) : Times(times) {}
@@ -24,10 +25,13 @@ class TimeWriter {
     void Append(std::int64_t time, std::string& out);
 
   private:
+    void BeginSecond(std::int64_t time);
     void AppendLocal(std::int64_t time, std::string& out);
 
     const CopyTimes Times;
     std::int64_t Day = 0;
-    std::string Date;  // of Day, with a blank after it; empty at first
+    std::string Date;                   // of Day, with a blank after it; empty at first
+    std::string Text;                   // of the last time
+    std::optional<std::int64_t> Begin;  // of the second of Text; none before 1970
 };
 }  // namespace kelvarin::plan

@@ -26,40 +26,18 @@ CellMasks Shifted(CellMasks masks, std::size_t count) {
     masks.Separators >>= count;
     masks.Digits >>= count;
     masks.Marks >>= count;
+    masks.Quotes >>= count;
     return masks;
 }
 
-// 64 bits of a mask from a character on.
-template <std::uint64_t CellMasks::*Mask>
-std::uint64_t BitsOf(const CellMasks* masks, std::size_t from) {
-    const CellMasks* const word = masks + from / UnitsPerMask;
-    const std::size_t shift = from % UnitsPerMask;
-    return word[0].*Mask >> shift | word[1].*Mask << 1 << (UnitsPerMask - 1 - shift);
-}
-
-// Signs and lengths change from cell to cell: what depends on them takes no branch.
-inline CellLook LookAt(const CellMasks* masks, const char16_t* line, std::size_t begin, std::size_t end) {
-    const std::size_t size = end - begin;
-    constexpr std::size_t LongestNumber = 32;
-    if (size == 0) return CellLook::Empty;
-    if (size > LongestNumber) return CellLook::Other;
-    const char16_t first = line[begin];
-    const std::size_t signs = std::size_t{first == u'-'} | std::size_t{first == u'+'};
-    const std::uint64_t cell = (std::uint64_t{1} << size) - 1;
-    const std::uint64_t number = cell - signs;
-    const std::uint64_t digits = BitsOf<&CellMasks::Digits>(masks, begin) & cell;
-    if (digits == number) {
-        const std::size_t count = size - signs;
-        if (count - 1 >= CellTally::MostDigits) return CellLook::Other;
-        const CellLook whole = static_cast<CellLook>(static_cast<std::size_t>(CellLook::Whole) + count);
-        const CellLook unsignedLook =
-            size == 1 && first <= u'1' ? (first == u'0' ? CellLook::Zero : CellLook::One) : whole;
-        return signs != 0 ? CellLook::SignedWhole : unsignedLook;
-    }
-    const std::uint64_t mark = BitsOf<&CellMasks::Marks>(masks, begin) & cell;
-    const std::uint64_t ends = (cell ^ cell >> 1) | (number & (0 - number));
-    const bool isOneMark = mark != 0 && (mark & (mark - 1)) == 0 && (mark & ends) == 0;
-    return isOneMark && (digits | mark) == number ? CellLook::Decimal : CellLook::Other;
+// Each bit that has an odd number of bits up to its own place.
+std::uint64_t OddPlaces(std::uint64_t bits) {
+    bits ^= bits << 1;
+    bits ^= bits << 2;
+    bits ^= bits << 4;
+    bits ^= bits << 8;
+    bits ^= bits << 16;
+    return bits ^ bits << 32;
 }
 }  // namespace
 
@@ -71,46 +49,82 @@ QuickCut::QuickCut(const Cut& how, char16_t mark)
 bool QuickCut::operator()(std::u16string_view line) {
     if (!IsKnown) return false;
     Line = line;
-    Found.clear();
-    Seen.clear();
     Scan();
     Tight = !HasQuotes && !Merges;
-    if (!Tight) return CutLoosely();
+    if (Merges || (HasQuotes && !HideQuotedSeparators())) return CutLoosely();
     CutTightly();
     return true;
 }
 
-// Where every separator ends a cell.
+// Removes the separators within quotes from the masks. False, with nothing removed, unless quotes enclose
+// whole cells and nothing else: a separator is before each first one and after each last one.
+bool QuickCut::HideQuotedSeparators() {
+    const std::size_t words = Line.size() / UnitsPerMask + 1;
+    if (Quoted.size() < words) Quoted.resize(words);
+    std::uint64_t quoted = 0;     // all bits, if the word before ends within quotes
+    std::uint64_t afterEnd = 1;   // the lowest bit, if it ends with a separator
+    std::uint64_t afterLast = 0;  // or with the last quote of a cell
+    for (std::size_t i = 0; i < words; ++i) {
+        const CellMasks& masks = Masks[i];
+        Quoted[i] = OddPlaces(masks.Quotes) ^ quoted;
+        const std::uint64_t ends = masks.Separators & ~Quoted[i];
+        const std::uint64_t first = masks.Quotes & Quoted[i];
+        const std::uint64_t last = masks.Quotes & ~Quoted[i];
+        if ((first & ~(ends << 1 | afterEnd)) != 0) return false;
+        if (((last << 1 | afterLast) & ~ends) != 0) return false;
+        constexpr int ToLowest = UnitsPerMask - 1;
+        quoted = 0 - (Quoted[i] >> ToLowest);
+        afterEnd = ends >> ToLowest;
+        afterLast = last >> ToLowest;
+    }
+    if (quoted != 0) return false;
+    for (std::size_t i = 0; i < words; ++i) Masks[i].Separators &= ~Quoted[i];
+    return true;
+}
+
+// Where every separator ends a cell. Most lines have as many cells as the line before.
 void QuickCut::CutTightly() {
     const char16_t* const text = Line.data();
     const CellMasks* const masks = Masks.data();
-    const bool hasBlanks = HasBlanks;
+    const bool isRough = HasBlanks || HasQuotes;
+    std::u16string_view* next = Found.data();
+    const std::u16string_view* last = next + Found.size();
     std::size_t begin = 0;
     for (std::size_t at = 0; at <= Line.size(); at += UnitsPerMask) {
         std::uint64_t separators = masks[at / UnitsPerMask].Separators;
         for (; separators != 0; separators &= separators - 1) {
             const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(separators));
-            if (hasBlanks && begin < end && (IsWhiteSpace(text[begin]) || IsWhiteSpace(text[end - 1]))) {
-                Tight = false;
-                Take(begin, end);
-            } else {
-                Found.emplace_back(text + begin, end - begin);
-                Seen.push_back(LookAt(masks, text, begin, end));
+            if (next == last) {
+                const std::size_t count = Found.size();
+                Found.resize(2 * count + 1);
+                next = Found.data() + count;
+                last = Found.data() + Found.size();
             }
+            // Blanks and a quote are among the lowest characters.
+            const bool mayBeRough = isRough && begin < end && (text[begin] <= u'"' || text[end - 1] <= u' ');
+            *next++ = mayBeRough ? RoughCell(begin, end) : std::u16string_view(text + begin, end - begin);
             begin = end + 1;
         }
     }
+    Found.resize(static_cast<std::size_t>(next - Found.data()));
 }
 
-void QuickCut::Take(std::size_t begin, std::size_t end) {
+// A cell that is enclosed in quotes or begins with none.
+std::u16string_view QuickCut::RoughCell(std::size_t begin, std::size_t end) {
+    const bool isQuoted = Line[begin] == u'"';
+    if (isQuoted || IsWhiteSpace(Line[begin]) || IsWhiteSpace(Line[end - 1])) Tight = false;
+    return Trimmed(begin + isQuoted, end - isQuoted);
+}
+
+std::u16string_view QuickCut::Trimmed(std::size_t begin, std::size_t end) const {
     while (begin < end && IsWhiteSpace(Line[begin])) ++begin;
     while (begin < end && IsWhiteSpace(Line[end - 1])) --end;
-    Found.push_back(Line.substr(begin, end - begin));
-    Seen.push_back(LookAt(Masks.data(), Line.data(), begin, end));
+    return Line.substr(begin, end - begin);
 }
 
 // False for a line that this class doesn't know.
 bool QuickCut::CutLoosely() {
+    Found.clear();
     std::size_t begin = SkipSeparators(0);
     if (Merges && begin == Line.size()) return true;
     for (;;) {
@@ -118,7 +132,7 @@ bool QuickCut::CutLoosely() {
         const bool mayBeQuoted =
             HasQuotes && begin < end && (Line[begin] == u'"' || IsWhiteSpace(Line[begin]));
         if (!mayBeQuoted) {
-            Take(begin, end);
+            Found.push_back(Trimmed(begin, end));
         } else if (!TakeInQuotes(begin, end)) {
             return false;
         }
@@ -135,21 +149,24 @@ void QuickCut::Scan() {
     if (Masks.size() < whole + 2) Masks.resize(whole + 2);
     if (Narrow.size() < (whole + 2) * UnitsPerMask) Narrow.resize((whole + 2) * UnitsPerMask);
     HasQuotes = HasBlanks = false;
-    const auto scan = [this](const char16_t* text, std::size_t at) {
-        const CellMasks masks = simd::FindCellUnits(text, Syntax, Narrow.data() + at);
-        HasQuotes |= masks.HasQuotes;
+    const auto scan = [this](const char16_t* text, std::size_t count, std::size_t at) {
+        const CellMasks masks = simd::FindCellUnits(text, count, Syntax, Narrow.data() + at);
+        HasQuotes |= masks.Quotes != 0;
         HasBlanks |= masks.HasBlanks;
         return masks;
     };
-    for (std::size_t i = 0; i < whole; ++i) Masks[i] = scan(Line.data() + i * UnitsPerMask, i * UnitsPerMask);
+    for (std::size_t i = 0; i < whole; ++i)
+        Masks[i] = scan(Line.data() + i * UnitsPerMask, UnitsPerMask, i * UnitsPerMask);
+    constexpr std::size_t Step = simd::CellUnitsStep;
+    const std::size_t steps = (rest + Step - 1) / Step * Step;
     if (whole == 0) {
         char16_t padded[UnitsPerMask] = {};
         Line.copy(padded, UnitsPerMask);
-        Masks[0] = scan(padded, 0);
+        Masks[0] = scan(padded, steps, 0);
     } else {
-        // The last 64 characters once more, for those of them that are new.
-        const std::size_t at = Line.size() - UnitsPerMask;
-        Masks[whole] = rest == 0 ? CellMasks{} : Shifted(scan(Line.data() + at, at), UnitsPerMask - rest);
+        // The last characters, some of them once more.
+        const std::size_t at = Line.size() - steps;
+        Masks[whole] = Shifted(scan(Line.data() + at, steps, at), steps - rest);
     }
     Masks[whole].Separators |= std::uint64_t{1} << rest;
     Narrow[Line.size()] = '\t';
@@ -182,14 +199,14 @@ bool QuickCut::TakeInQuotes(std::size_t begin, std::size_t& end) {
     };
     const std::size_t first = skipBlanks(begin);
     if (first == Line.size() || Line[first] != u'"') {
-        Take(begin, end);
+        Found.push_back(Trimmed(begin, end));
         return true;
     }
     const std::size_t last = Line.find(u'"', first + 1);
     if (last == Line.npos) return false;
     end = skipBlanks(last + 1);
     if (end < Line.size() && !IsSeparator(end)) return false;
-    Take(first + 1, last);
+    Found.push_back(Trimmed(first + 1, last));
     return true;
 }
 

@@ -27,16 +27,15 @@ CellKind KindOf(CellLook look, std::u16string_view cell) {
     return look == CellLook::Empty ? CellKind::Empty : CellKind::Number;
 }
 
-// `looks` are those of the cells, or none.
-RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells,
-                 const std::vector<CellLook>& looks) {
+// `quick` has cut the line into these cells; null if LineCutter has.
+RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells, const QuickCut* quick) {
     RowShape shape;
     shape.Line = line;
     shape.Cells = cells.size();
     const std::size_t count = std::min(cells.size(), MostColumns);
     shape.Kinds.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        CellKind kind = KindOf(looks.empty() ? CellLook::Other : looks[i], cells[i]);
+        CellKind kind = KindOf(quick == nullptr ? CellLook::Other : quick->LookAt(i), cells[i]);
         if (kind != CellKind::Number && HoldsSeveral(cells[i])) kind = CellKind::Word;
         shape.Kinds.push_back(kind);
         shape.Filled += kind != CellKind::Empty;
@@ -213,7 +212,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
     shapes.resize(beginnings.First);
     for (std::size_t i = beginnings.First; i < sample.Lines.size(); ++i) {
         const std::u16string& text = sample.Lines[i].Text;
-        shapes.push_back(quick(text) ? ShapeOf(i, quick.Cells(), quick.Looks()) : ShapeOf(i, cut(text), {}));
+        shapes.push_back(quick(text) ? ShapeOf(i, quick.Cells(), &quick) : ShapeOf(i, cut(text), nullptr));
         if (shapes.back().Cells >= fewestCells && shapes.back().LooksLikeData())
             widths.insert(shapes.back().Cells);
     }

@@ -96,8 +96,9 @@ TEST(CopyCell, IsWrittenAsTheModuleReadsIt) {
         SCOPED_TRACE(std::string(c.Column) + " " + c.Cell);
         const TypedColumn typed(c.Column);
         CellCopier copier(typed.Column, typed.Type, c.Mark);
-        std::string written;
-        copier.Append(Utf8ToUtf16(c.Cell), written);
+        RowText row;
+        copier.Append(Utf8ToUtf16(c.Cell), row);
+        std::string written(row.Text());
         for (char& character : written) character = character == '\t' ? '|' : character;
         EXPECT_EQ(written, c.Written);
     }
@@ -126,7 +127,7 @@ TEST(CopyCell, CountsWhatItChanges) {
         SCOPED_TRACE(std::string(c.Column) + " " + c.Cells.front());
         const TypedColumn typed(c.Column);
         CellCopier copier(typed.Column, typed.Type, u',');
-        std::string written;
+        RowText written;
         for (const char* const cell : c.Cells) copier.Append(Utf8ToUtf16(cell), written);
         EXPECT_EQ(copier.ChangedValues(), c.Values);
         EXPECT_EQ(copier.ChangedMarkers(), c.Markers);
@@ -149,18 +150,18 @@ TEST(CopyCell, CountsEveryCell) {
         const TypedColumn typed(column);
         CellCopier copier(typed.Column, typed.Type, u',');
         CellCounts counts;
-        std::string written;
+        RowText written;
         for (std::size_t i = 0; i < 3000; ++i) {
             // Every other cell is one of its own.
             std::u16string cell = Utf8ToUtf16(texts[i * i % 7 * i % std::size(texts)]);
             if (i % 2 == 0) cell = u"n" + Utf8ToUtf16(std::to_string(i));
             counts.Add(cell, u',');
             CellCopier anew(typed.Column, typed.Type, u',');
-            std::string expected;
+            RowText expected;
             anew.Append(cell, expected);
-            written.clear();
+            written.Clear();
             copier.Append(cell, written);
-            ASSERT_EQ(written, expected) << i;
+            ASSERT_EQ(written.Text(), expected.Text()) << i;
         }
         EXPECT_TRUE(copier.Counts() == counts);
     }

@@ -68,8 +68,37 @@ TEST(QuickCut, SeesWhatACellIs) {
             const std::u16string line =
                 std::u16string(static_cast<std::size_t>(before), u'x') + u";" + Utf8ToUtf16(c.Cell) + u";9";
             ASSERT_TRUE(quick(line));
-            ASSERT_EQ(quick.Looks().size(), 3u);
-            EXPECT_EQ(Shown(quick.Looks()[1]), c.Look);
+            ASSERT_EQ(quick.Cells().size(), 3u);
+            EXPECT_EQ(Shown(quick.LookAt(1)), c.Look);
+        }
+    }
+}
+
+TEST(QuickCut, CutsQuotedCells) {
+    const struct {
+        const char16_t* Line;  // after some cell
+        const char* Cells;
+    } cases[] = {
+        {u"\"a;b\";c", "<a;b><c>"},
+        {u"\"\";c", "<><c>"},
+        {u"c;\"\"", "<c><>"},
+        {u"\" a ; b \"", "<a ; b>"},
+        {u"\"a\";\"b;;\";\";\"", "<a><b;;><;>"},
+        {u"\"1,5\";-7", "<1,5><-7>"},
+        {u"\"a\" ;b", "<a><b>"},
+        {u" \"a;b\";c", "<a;b><c>"},
+        {u"5\";6\"", "<5\"><6\">"},
+        {u"a\"b;c\"d", "<a\"b><c\"d>"},
+        {u"\"x;y\";5\"", "<x;y><5\">"},
+    };
+    for (const auto& c : cases) {
+        for (const std::size_t before : {0u, 1u, 57u, 58u, 59u, 60u, 61u, 62u, 63u, 120u, 125u, 126u, 127u}) {
+            SCOPED_TRACE(Utf16ToUtf8(c.Line) + " after " + std::to_string(before));
+            QuickCut quick({u';', false, false}, u',');
+            const std::u16string line = std::u16string(before, u'x') + u";" + c.Line;
+            ASSERT_TRUE(quick(line));
+            EXPECT_EQ(Joined(quick.Cells()), "<" + std::string(before, 'x') + ">" + c.Cells);
+            EXPECT_FALSE(quick.IsTight());
         }
     }
 }
@@ -97,10 +126,46 @@ class AnyLines {
   public:
     std::u16string Next(char16_t separator) {
         static const std::u16string Parts[] = {
-            u"0",   u"1",       u"12",     u"-7",       u"1,5",     u"2.25",        u"-3,5",    u"1.234,5",
-            u"",    u"",        u" ",      u"  4  ",    u"\t",      u"12345678901", u"\"6,5\"", u"\"a b\"",
-            u"on",  u"off",     u"NaN",    u"--",       u"12,3 V",  u"0x1F",        u"2E",      u"abc",
-            u"1e5", u"Halle 3", u"\u00FC", u"\u20AC 5", u"\"x;y\"", u"\u0130",      u"-999",    u"-999,0"};
+            u"0",
+            u"1",
+            u"12",
+            u"-7",
+            u"1,5",
+            u"2.25",
+            u"-3,5",
+            u"1.234,5",
+            u"",
+            u"",
+            u" ",
+            u"  4  ",
+            u"\t",
+            u"12345678901",
+            u"\"6,5\"",
+            u"\"a b\"",
+            u"on",
+            u"off",
+            u"NaN",
+            u"--",
+            u"12,3 V",
+            u"0x1F",
+            u"2E",
+            u"abc",
+            u"1e5",
+            u"Halle 3",
+            u"\u00FC",
+            u"\u20AC 5",
+            u"\"x;y\"",
+            u"\u0130",
+            u"-999",
+            u"-999,0",
+            u"-1 V",
+            u"0xD7E2D2",
+            u"\"0xAB\"",
+            u"5\"",
+            u"\"a\"\"b\"",
+            u"\"a",
+            u"\"a\" b",
+            u"\"a long text; with separators; in quotes, that fills more than one mask of a line\""};
         std::u16string line;
         const std::size_t count = Any(12);
         for (std::size_t i = 0; i < count; ++i) {
@@ -130,7 +195,7 @@ TEST(QuickCut, CutsAsLineCutterDoes) {
             ++taken;
             ASSERT_EQ(Joined(quick.Cells()), Joined(plain(line))) << Utf16ToUtf8(line);
         }
-        EXPECT_GT(taken, 1000u) << static_cast<int>(how.Separator);
+        EXPECT_GT(taken, 700u) << static_cast<int>(how.Separator);
     }
 }
 
@@ -154,7 +219,7 @@ CopiedRows CopyOf(const ReadingPlan& plan, CopyLayout layout, bool isQuick) {
         row.Kind = CopyLineKind::Row;
         row.Quick = isQuick && quick(line) ? &quick : nullptr;
         row.Cells = row.Quick != nullptr ? &quick.Cells() : &plain(line);
-        copied.Rows.push_back(copier.TextOf(row));
+        copied.Rows.emplace_back(copier.TextOf(row));
     }
     copier.Report(copied.Result);
     return copied;
