@@ -10,6 +10,7 @@
 #include "contract/SettingsView.h"
 #include "host/Reading.h"
 #include "host/Words.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 #include "settings/SettingsTable.h"
 
@@ -158,6 +159,10 @@ void WriteAnalyzeJson(std::ostream& out, const std::string& file, bool analyzed,
                       const plan::Guess* guess) {
     Json document = {{"file", PrintableName(file)}, {"analyzed", analyzed}};
     AddSettings(document, filter);
+    // Where a copy is read, the filter's path is that of the copy, which means nothing to anybody.
+    if (const CCsvImportSettings* const settings = SettingsOf(filter))
+        document["settings"]["Description"] =
+            ToJson(ReplaceAll(settings->Description, filter.FilePath, PathFromNative(file)));
     const ISettingsView* const view = filter.Find<ISettingsView>();
     document["sidecarWarning"] = view == nullptr ? Json("") : ToJson(view->GetSidecarWarning());
     if (guess != nullptr) document["guess"] = GuessToJson(*guess);

@@ -279,6 +279,9 @@ TEST(Automatic, ReadsACopyWhereNoSettingsDo) {
     EXPECT_EQ(document["guess"]["settings"].dump(), "{}");
     EXPECT_EQ(document["guess"]["assumed"].back()["kind"], "copy");
     EXPECT_EQ(run.Folder.Names(), "data.csv");
+    const Json analysis = Json::parse(run({"analyze", "--json", "data.csv"}).Out);
+    const std::string description = analysis["settings"]["Description"];
+    EXPECT_TRUE(description.ends_with(" data.csv")) << description;
     // Nothing of it can be kept in a sidecar.
     const ProgramResult saved = run({"--save", "data.csv"});
     EXPECT_EQ(saved.Status, 1);
