@@ -13,8 +13,11 @@
 
 namespace kelvarin::store {
 struct SharedStore {
-    SharedStore(std::uint64_t keepLimit, DeviceSink* sink)
-        : KeepLimit(keepLimit), Sink(sink), Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
+    SharedStore(std::uint64_t keepLimit, DeviceSink* sink, bool isPart = false)
+        : KeepLimit(keepLimit),
+          Sink(sink),
+          IsPart(isPart),
+          Axis(std::make_shared<TimeAxis>(keepLimit, Memory)) {}
 
     // A copy that ends with a zero.
     const char16_t* Keep(std::u16string_view text) {
@@ -26,9 +29,11 @@ struct SharedStore {
 
     const std::uint64_t KeepLimit;  // samples that each signal keeps
     DeviceSink* const Sink;         // may be null
+    const bool IsPart;              // of another device, which summarises its values
     Arena Memory;
     const std::shared_ptr<TimeAxis> Axis;
     std::map<std::uint32_t, std::vector<std::string>> MetaData;  // of signals that only count, by their ids
+    std::vector<std::unique_ptr<StoredDevice>> Parts;            // whose memory has samples of this device
 };
 
 namespace {
@@ -40,6 +45,7 @@ class SignalBase : public StoredSignal {
         : StoredSignal(id),
           About(std::move(description)),
           Axis(store.Axis),
+          IsPart(store.IsPart),
           KeepLimit(store.KeepLimit),
           TimeSink(store.Sink) {
         if (TimeSink != nullptr) Sink = TimeSink->AddSignal(About);
@@ -60,6 +66,8 @@ class SignalBase : public StoredSignal {
         SummarizeRest();
     }
 
+    bool HasSharedTimes() const override { return IsOnDeviceAxis && Sum.Count == Axis->Count(); }
+
   protected:
     // True if the axis has the next sample's time already, from another signal.
     bool IsTimeOfRow(std::int64_t time) const {
@@ -70,6 +78,7 @@ class SignalBase : public StoredSignal {
     void AppendTime(std::int64_t time) {
         if (Axis->Count() != Sum.Count) {
             Axis = std::make_shared<TimeAxis>(*Axis, Sum.Count);
+            IsOnDeviceAxis = false;
             // A sink gets the shared times alone; it sees that it has fewer samples of this signal.
             Sink = nullptr;
             TimeSink = nullptr;
@@ -87,6 +96,13 @@ class SignalBase : public StoredSignal {
     // True if the last `count` samples, a block that is full, begin below the limit.
     bool KeepsBlock(std::size_t count) const { return Sum.Count - count < KeepLimit; }
 
+    // Counts the samples of a part's signal.
+    void CountAll(const SignalSummary& part) {
+        if (part.Count != 0) Sum.LastTime = part.LastTime;
+        Sum.Count += part.Count;
+        Sum.WithoutValue += part.WithoutValue;
+    }
+
     // How many samples a visit with this limit sees.
     std::uint64_t CountKept(std::uint64_t limit) const { return std::min({limit, KeepLimit, Sum.Count}); }
 
@@ -97,8 +113,10 @@ class SignalBase : public StoredSignal {
     SignalSummary Sum;
     std::shared_ptr<TimeAxis> Axis;
     SignalSink* Sink = nullptr;  // null: nobody wants the samples
+    const bool IsPart;
 
   private:
+    bool IsOnDeviceAxis = true;
     const std::uint64_t KeepLimit;
     DeviceSink* TimeSink;  // null once the signal has an axis of its own
 };
@@ -128,7 +146,39 @@ class FixedSignal final : public SignalBase {
         }
     }
 
+    void Take(StoredSignal& other, bool keep) override {
+        auto& part = static_cast<FixedSignal&>(other);
+        CloseBlock();
+        std::uint64_t row = 0;
+        part.Values.VisitBlocks([&](std::span<const Value> values) {
+            Summarize(values, part, row);
+            row += values.size();
+        });
+        CountAll(part.Sum);
+        if (keep) {
+            const auto before = static_cast<std::ptrdiff_t>(OpenRow);
+            if (!part.Gaps.empty()) {
+                Gaps.resize(static_cast<std::size_t>(OpenRow) + part.Gaps.size());
+                std::copy(part.Gaps.begin(), part.Gaps.end(), Gaps.begin() + before);
+            }
+            OpenRow += row;
+            Values.Take(part.Values);
+        }
+        part.Restart();
+    }
+
+    void Drop() override {
+        Values.Clear();
+        Restart();
+    }
+
   private:
+    void Restart() {
+        Sum = {};
+        OpenRow = 0;
+        Gaps.clear();
+    }
+
     [[gnu::noinline]] DM::EResult AddSpecial(const void* data, std::int64_t time) {
         if (Values.IsFull()) FlushBlock();
         if (!IsTimeOfRow(time)) AppendTime(time);
@@ -150,11 +200,26 @@ class FixedSignal final : public SignalBase {
 
     void FlushBlock() {
         SummarizeRest();
+        Values.Flush(CountBlock());
+    }
+
+    // Ends the open block where it is, before samples that were kept elsewhere.
+    void CloseBlock() {
+        SummarizeRest();
+        if (CountBlock()) {
+            Values.Seal();
+        } else {
+            Values.Flush(false);
+        }
+    }
+
+    // Counts the rows of the open block if it is kept, which is returned.
+    bool CountBlock() {
         const std::size_t count = Values.Open().size();
-        const bool keep = KeepsBlock(count);
+        const bool keep = IsPart || KeepsBlock(count);
         if (keep) OpenRow += count;
         if (Gaps.size() > OpenRow) Gaps.resize(static_cast<std::size_t>(OpenRow));
-        Values.Flush(keep);
+        return keep;
     }
 
     void NoteGap() {
@@ -167,25 +232,29 @@ class FixedSignal final : public SignalBase {
 
     // Of the open block.
     void SummarizeRest() override {
-        std::span<const Value> open = Values.Open();
+        if (!IsPart) Summarize(Values.Open(), *this, OpenRow);
+    }
+
+    // Values of a signal, this one or a part's, in its rows from `row` on.
+    void Summarize(std::span<const Value> values, const FixedSignal& signal, std::uint64_t row) {
         std::vector<Value> present;
         std::vector<std::uint8_t> valid;
-        if (Gaps.size() > OpenRow) {
-            for (std::size_t i = 0; i < open.size(); ++i) {
-                valid.push_back(!IsGap(OpenRow + i));
-                if (valid.back() != 0) present.push_back(open[i]);
+        if (signal.Gaps.size() > row) {
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                valid.push_back(!signal.IsGap(row + i));
+                if (valid.back() != 0) present.push_back(values[i]);
             }
         }
-        if (Sink != nullptr && !open.empty())
-            Sink->TakeValues(open.data(), open.size(), valid.empty() ? nullptr : valid.data());
-        if (!valid.empty()) open = present;
-        if (open.empty()) return;
+        if (Sink != nullptr && !values.empty())
+            Sink->TakeValues(values.data(), values.size(), valid.empty() ? nullptr : valid.data());
+        if (!valid.empty()) values = present;
+        if (values.empty()) return;
         const auto bytesOf = [](const Value& value) {
             return std::string(reinterpret_cast<const char*>(&value), sizeof value);
         };
-        if (!Sum.First) Sum.First = bytesOf(open.front());
-        Sum.Last = bytesOf(open.back());
-        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Plot.Add(open);
+        if (!Sum.First) Sum.First = bytesOf(values.front());
+        Sum.Last = bytesOf(values.back());
+        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Plot.Add(values);
     }
 
     BlockList<Value> Values;
@@ -242,7 +311,33 @@ class TextSignal final : public SignalBase {
         }
     }
 
+    void Take(StoredSignal& other, bool keep) override {
+        auto& part = static_cast<TextSignal&>(other);
+        part.SummarizeRest();
+        if (!Sum.First) Sum.First = part.Sum.First;
+        if (keep) {
+            Sizes.Take(part.Sizes);
+            Texts.Take(part.Texts);
+            if (part.Sum.First) LastKept = part.LastKept;
+        } else if (part.Sum.Last) {
+            Sum.Last = std::move(part.Sum.Last);
+        }
+        CountAll(part.Sum);
+        part.Restart();
+    }
+
+    void Drop() override {
+        Sizes.Clear();
+        Texts.Clear();
+        Restart();
+    }
+
   private:
+    void Restart() {
+        Sum = {};
+        LastKept = 0;
+    }
+
     // What Sizes holds: the length of a text, and whether it is kept narrow. A text of 2 to the 30th units is
     // longer than a line can be in memory twice over.
     static constexpr std::uint32_t NoValue = 0xFFFFFFFF;
@@ -288,6 +383,18 @@ class CountedSignal final : public StoredSignal {
         return {
             Name, Type, Size, Column, Symbol, Unit, hasAny ? metaData->second : std::vector<std::string>()};
     }
+    void Take(StoredSignal& part, bool) override {
+        const SignalSummary sum = part.Summary();
+        Count += sum.Count;
+        WithoutValue += sum.WithoutValue;
+        part.Drop();
+    }
+    void Drop() override {
+        Count = 0;
+        WithoutValue = 0;
+    }
+    bool HasSharedTimes() const override { return Count == Store.Axis->Count(); }
+
     SignalSummary Summary() const override {
         return {Count, WithoutValue, Store.Axis->First(), Store.Axis->Last(), {}, {}, {}};
     }
@@ -343,6 +450,40 @@ DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t*
     Signals.push_back(MakeSignal(std::move(description), static_cast<std::uint32_t>(index + 1), *Store));
     signal = Signals.back().get();
     return DM::ResultOk;
+}
+
+std::unique_ptr<StoredDevice> StoredDevice::MakePart() const {
+    auto part = std::make_unique<StoredDevice>(Name, Description, 0, nullptr, Columns);
+    const std::uint64_t keepLimit = Store->KeepLimit == 0 ? 0 : ~std::uint64_t{0};
+    part->Store = std::make_unique<SharedStore>(keepLimit, nullptr, true);
+    return part;
+}
+
+bool StoredDevice::Append(StoredDevice& part) {
+    const auto hasSharedTimes = [](const auto& signal) { return signal->HasSharedTimes(); };
+    if (Signals.size() != part.Signals.size() ||
+        !std::all_of(Signals.begin(), Signals.end(), hasSharedTimes) ||
+        !std::all_of(part.Signals.begin(), part.Signals.end(), hasSharedTimes))
+        return false;
+    const bool keep = Store->Axis->Count() < Store->KeepLimit;
+    for (std::size_t i = 0; i < Signals.size(); ++i) Signals[i]->Take(*part.Signals[i], keep);
+    Store->Axis->Take(*part.Store->Axis);
+    if (keep) {
+        part.Store->Memory.Retain();
+    } else {
+        part.Clear();
+    }
+    return true;
+}
+
+void StoredDevice::Clear() {
+    for (const auto& signal : Signals) signal->Drop();
+    Store->Axis->Clear();
+    Store->Memory.Rewind();
+}
+
+void StoredDevice::Keep(std::unique_ptr<StoredDevice> part) {
+    Store->Parts.push_back(std::move(part));
 }
 
 void StoredDevice::Finish() {
