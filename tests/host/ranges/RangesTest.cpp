@@ -1,58 +1,16 @@
 // A file that is read in ranges gives what it gives line by line.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-#include <sstream>
-
 #include "host/HostSession.h"
-#include "host/Reading.h"
 #include "host/ranges/GeneratedTable.h"
+#include "host/ranges/RunText.h"
 #include "kit/HostModule.h"
 #include "kit/TestProfile.h"
 #include "kit/Workdir.h"
-#include "platform/framework/Text.h"
 
 namespace {
 
 using namespace kelvarin;
-
-void Describe(const store::StoredSignal& signal, std::ostream& out) {
-    const store::SignalDescription about = signal.Description();
-    const store::SignalSummary sum = signal.Summary();
-    out << Utf16ToUtf8(about.Name) << '/' << Utf16ToUtf8(about.Symbol) << '[' << Utf16ToUtf8(about.Unit)
-        << "] type " << about.Type << " column " << about.Column << " metadata " << about.MetaData.size()
-        << '\n'
-        << sum.Count << " samples, " << sum.WithoutValue << " without, " << sum.FirstTime << " to "
-        << sum.LastTime << ", first " << testing::PrintToString(sum.First) << ", last "
-        << testing::PrintToString(sum.Last) << ", " << sum.Plot.Draw(64) << sum.Plot.Range().Lowest << ' '
-        << sum.Plot.Range().Highest << '\n';
-    signal.VisitSamples(KeepAll, [&](std::int64_t time, const void* data, std::uint32_t size) {
-        out << time << '=';
-        for (std::uint32_t i = 0; i < size && data != nullptr; ++i)
-            out << int{static_cast<const unsigned char*>(data)[i]} << '.';
-        out << (data == nullptr ? "none " : " ");
-    });
-    out << '\n';
-}
-
-// All that a run gives, as text.
-std::string Describe(const HostSession& session, const RunResult& result) {
-    std::ostringstream out;
-    out << "begun " << result.Begun << ", failed " << result.Failed << ' ' << result.Failure << ", lines "
-        << result.Lines << ", progress " << testing::PrintToString(result.Progress) << '\n';
-    for (const MessageGroup& group : session.Messages().Groups())
-        out << Utf16ToUtf8(group.FirstText) << " x " << group.Count << " in "
-            << testing::PrintToString(group.Lines) << (group.Failure ? " !" : "") << '\n';
-    for (const ImportMessage& message : session.Messages().Kept())
-        out << message.Column << (message.Failure ? '!' : ':') << Utf16ToUtf8(message.Text) << '\n';
-    for (const ColumnSummary& column : SummarizeColumns(session.Filter()))
-        out << Utf16ToUtf8(column.Name) << " [" << Utf16ToUtf8(column.Unit) << "] ";
-    out << '\n';
-    if (session.Device() == nullptr) return out.str();
-    for (const auto& signal : session.Device()->Signals) Describe(*signal, out);
-    return out.str();
-}
 
 struct Cut {
     std::size_t Threads;
@@ -81,7 +39,7 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
     if (cut != nullptr) options.Sizes = {1, cut->Range, cut->HeadLines, givesUp};
     HostSession session(HostModule(), path, options);
     const RunResult result = session.Run();
-    const std::string text = Describe(session, result);
+    const std::string text = DescribeRun(session, result);
     return {text, reading.TakesCopy(), result.RepeatedRanges};
 }
 
@@ -121,6 +79,32 @@ std::uint64_t CompareRuns(std::uint32_t begin, std::uint32_t end) {
 
 TEST(Ranges, GiveWhatTheWholeFileGivesWhereverItIsCut) {
     EXPECT_GT(CompareRuns(0, 40), 50u) << "too few ranges that began from another state";
+}
+
+// The last row has the time of the first, which a plan takes for their total: of the rows that fall only the
+// first is left out without a word, wherever it is.
+TEST(Ranges, ShareWhatAPlanKnowsOfTheRowsBefore) {
+    std::string text = "time,load\n";
+    for (int row = 0; row < 60; ++row) {
+        char line[40];
+        std::snprintf(line, sizeof line, "2024-01-05 10:%02d:00,%d\n", row, row * 3);
+        text += line;
+    }
+    text += "2024-01-05 10:00:00,1770\n2024-01-05 09:00:00,5\n2024-01-05 08:00:00,6\n";
+    GeneratedTable table{text, {}, {}, {}};
+    for (const bool isTotalLast : {false, true}) {
+        if (isTotalLast) table.Bytes = text.substr(0, text.find("2024-01-05 09"));
+        const TestProfile profile;
+        Workdir folder;
+        const std::u16string path = folder.Write("data.csv", table.Bytes);
+        const Outcome whole = Import(path, table, true, KeepAll);
+        for (int times = 0; times < 10; ++times) {
+            const Cut cut{4, 1, 1};
+            const Outcome ranges = Import(path, table, true, KeepAll, &cut);
+            ASSERT_EQ(ranges.Text, whole.Text);
+            EXPECT_EQ(ranges.TakesCopy, whole.TakesCopy);
+        }
+    }
 }
 
 TEST(LimitsRanges, GiveWhatTheWholeFileGivesInManyTables) {
