@@ -81,30 +81,27 @@ TEST(Ranges, GiveWhatTheWholeFileGivesWhereverItIsCut) {
     EXPECT_GT(CompareRuns(0, 40), 50u) << "too few ranges that began from another state";
 }
 
-// The last row has the time of the first, which a plan takes for their total: of the rows that fall only the
-// first is left out without a word, wherever it is.
-TEST(Ranges, ShareWhatAPlanKnowsOfTheRowsBefore) {
-    std::string text = "time,load\n";
-    for (int row = 0; row < 60; ++row) {
-        char line[40];
-        std::snprintf(line, sizeof line, "2024-01-05 10:%02d:00,%d\n", row, row * 3);
-        text += line;
-    }
-    text += "2024-01-05 10:00:00,1770\n2024-01-05 09:00:00,5\n2024-01-05 08:00:00,6\n";
-    GeneratedTable table{text, {}, {}, {}};
-    for (const bool isTotalLast : {false, true}) {
-        if (isTotalLast) table.Bytes = text.substr(0, text.find("2024-01-05 09"));
-        const TestProfile profile;
-        Workdir folder;
-        const std::u16string path = folder.Write("data.csv", table.Bytes);
-        const Outcome whole = Import(path, table, true, KeepAll);
-        for (int times = 0; times < 10; ++times) {
-            const Cut cut{4, 1, 1};
-            const Outcome ranges = Import(path, table, true, KeepAll, &cut);
-            ASSERT_EQ(ranges.Text, whole.Text);
-            EXPECT_EQ(ranges.TakesCopy, whole.TakesCopy);
-        }
-    }
+// Of the rows that fall the first is a total and left out without a word, wherever it is.
+TEST(Ranges, ConfirmARangeOnlyIfItsGuideKnewOfTheTotalBefore) {
+    plan::ReadingPlan plan;
+    plan.EndsInTotal = true;
+    plan::RunGuide run(plan, nullptr, true);
+    const DroppedRow falls{{}, DropReason::Falls, u"", 1, {}};
+    plan::RunGuide first = run.ForRange();
+    plan::RunGuide second = run.ForRange();
+    const plan::RunGuide quiet = run.ForRange();
+    EXPECT_TRUE(first.IsNoRow(falls));
+    EXPECT_TRUE(second.IsNoRow(falls));
+    EXPECT_TRUE(run.Confirms(first));
+    run.Add(first);
+    EXPECT_FALSE(run.Confirms(second));
+    EXPECT_TRUE(run.Confirms(quiet));
+    plan::RunGuide again = run.ForRange();
+    EXPECT_FALSE(again.IsNoRow(falls));
+    EXPECT_TRUE(run.Confirms(again));
+    EXPECT_FALSE(run.AreLossesAvoidable());
+    run.Add(again);
+    EXPECT_TRUE(run.AreLossesAvoidable());
 }
 
 TEST(LimitsRanges, GiveWhatTheWholeFileGivesInManyTables) {
