@@ -171,6 +171,8 @@ void HostSession::NoteProgress(std::uint32_t progress, RunResult& result) const 
 bool HostSession::CanReadRanges() const {
     if (Options.Threads < 2 || Options.MostLines != AllLines || Store == nullptr) return false;
     if (Options.Sink != nullptr || Options.Observer != nullptr) return false;
+    const CCsvImportSettings* const settings = SettingsOf(*ImportFilter);
+    if (settings == nullptr || settings->GetColumnCount() > Options.Sizes.MostColumns) return false;
     std::error_code unknown;
     const std::uint64_t size = std::filesystem::file_size(PathForStream(ImportFilter->FilePath), unknown);
     return !unknown && size >= Options.Sizes.LeastFile && ImportFilter->Find<IRangeReading>() != nullptr;

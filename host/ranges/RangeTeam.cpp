@@ -11,7 +11,7 @@ RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t t
       Expected(State) {
     for (std::size_t i = 0; i < threads; ++i) {
         auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
-                                                    run.Device, run.Guide, run.Cancel);
+                                                    run.Device, run.Guide, run.Cancel, sizes.MostMessages);
         if (worker->Follow(Leader)) Workers.push_back(std::move(worker));
     }
 }
@@ -46,24 +46,24 @@ void RangeTeam::Work(RangeWorker& worker) {
 bool RangeTeam::WorkOn(RangeWorker& worker, const Range& range) {
     const std::optional<RunState> assumed = StateToAssume(worker, range, worker.Load(range));
     if (!assumed) return false;
-    worker.Import(*assumed);
-    if (worker.Result().Interrupted) {
-        Stop(Outcome::Interrupted);
-        return false;
-    }
+    if (!Import(worker, *assumed)) return false;
     const std::optional<RunState> before = StateBefore(range);
     if (!before) return false;
     if (!worker.IsConfirmed(*before, Joined.Guide)) {
         ++RepeatedRanges;
         worker.BeGuidedAs(Joined.Guide);
-        worker.Import(*before);
-        if (worker.Result().Interrupted) {
-            Stop(Outcome::Interrupted);
-            return false;
-        }
+        if (!Import(worker, *before)) return false;
     }
     Join(worker, range, *before);
     return true;
+}
+
+bool RangeTeam::Import(RangeWorker& worker, const RunState& from) {
+    worker.Import(from);
+    if (worker.Result().Interrupted) Stop(Outcome::Interrupted);
+    // One thread hands on each message at once.
+    if (worker.Result().HasTooMany) Stop(Outcome::GivenUp);
+    return !worker.Result().Interrupted && !worker.Result().HasTooMany;
 }
 
 std::optional<Range> RangeTeam::Claim() {

@@ -46,6 +46,9 @@ class RangeTeam {
     void Work(RangeWorker& worker);
     bool WorkOn(RangeWorker& worker, const Range& range);
 
+    // False: the work ends.
+    bool Import(RangeWorker& worker, const RunState& from);
+
     // The next range; none if there is none, or if the work ends.
     std::optional<Range> Claim();
 

@@ -7,8 +7,12 @@
 namespace kelvarin::ranges {
 RangeWorker::RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
                          const store::StoredDevice& whole, const plan::RunGuide* guide,
-                         const std::atomic<bool>* cancel)
-    : Whole(whole), Cancel(cancel), Filter(std::move(filter)), Reading(Filter->Find<IRangeReading>()) {
+                         const std::atomic<bool>* cancel, std::size_t mostMessages)
+    : Whole(whole),
+      Cancel(cancel),
+      MostMessages(mostMessages),
+      Filter(std::move(filter)),
+      Reading(Filter->Find<IRangeReading>()) {
     Filter->DeviceHost = this;
     Filter->TimeContext = &times;
     IGuidedReading* const guided = Filter->Find<IGuidedReading>();
@@ -36,6 +40,7 @@ void RangeWorker::Import(const RunState& assumed) {
     constexpr std::uint32_t Unset = std::numeric_limits<std::uint32_t>::max();
     Assumed = assumed;
     Imported = {};
+    MessageBytes = 0;
     Part->Clear();
     Reading->BeginRange(assumed);
     std::uint32_t progress = Unset;
@@ -47,6 +52,10 @@ void RangeWorker::Import(const RunState& assumed) {
         }
         more = Filter->ImportNextLine(&progress);
         const bool anyFailure = CollectMessages();
+        if (MessageBytes > MostMessages) {
+            Imported.HasTooMany = true;
+            return;
+        }
         if (progress != noted) Imported.Progress.push_back(noted = progress);
         if (more) {
             ++Imported.Lines;
@@ -61,6 +70,7 @@ bool RangeWorker::CollectMessages() {
     bool anyFailure = false;
     for (ImportMessage& message : Filter->TakeMessages()) {
         anyFailure |= message.Failure;
+        MessageBytes += sizeof message + message.Text.size() * sizeof(char16_t);
         Imported.Messages.emplace_back(Imported.Lines, std::move(message));
     }
     return anyFailure;

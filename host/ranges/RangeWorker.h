@@ -29,15 +29,17 @@ struct RangeResult {
     std::vector<std::uint32_t> Progress;                            // percentages as they changed
     bool Failed = false;                                            // a read error ended it
     bool Interrupted = false;
+    bool HasTooMany = false;  // messages to keep, which ended it
 };
 
 // Made and destroyed on the thread of the run; in between one thread at a time uses it.
 class RangeWorker : private IDeviceHost {
   public:
     // `whole` is the device of all ranges, `guide` that of the run, null for none, `cancel` as of RunOptions.
+    // At most so many bytes of messages are kept of a range.
     RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
                 const store::StoredDevice& whole, const plan::RunGuide* guide,
-                const std::atomic<bool>* cancel);
+                const std::atomic<bool>* cancel, std::size_t mostMessages);
     ~RangeWorker() override;
 
     // Before all else: false if the filter can't follow the leader.
@@ -72,11 +74,13 @@ class RangeWorker : private IDeviceHost {
 
     const store::StoredDevice& Whole;
     const std::atomic<bool>* const Cancel;
+    const std::size_t MostMessages;
     std::unique_ptr<store::StoredDevice> Part;  // outlives the filter's use of its signals
     std::optional<plan::RunGuide> Asked;
     std::unique_ptr<CImportFilter> Filter;
     IRangeReading* Reading;  // of Filter; null if it has none
     RunState Assumed;
     RangeResult Imported;
+    std::size_t MessageBytes = 0;
 };
 }  // namespace kelvarin::ranges

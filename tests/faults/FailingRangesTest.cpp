@@ -60,6 +60,14 @@ std::string Rows(int begin, int end) {
 
 constexpr int RowCount = 15'000;
 
+ranges::RangeSizes RangesOf(std::uint64_t bytes) {
+    ranges::RangeSizes sizes;
+    sizes.LeastFile = 1;
+    sizes.Range = bytes;
+    sizes.GivesUp = false;
+    return sizes;
+}
+
 struct Fault {
     const char* Name;
     void (*Do)(const std::filesystem::path& path);  // after the run has begun
@@ -91,7 +99,7 @@ TEST(FaultsOfRanges, EndARunAsWithoutRanges) {
             options.KeepSamples = KeepAll;
             options.KeepMessages = KeepAll;
             options.Threads = threads;
-            options.Sizes = {1, 8000, 100, false};
+            options.Sizes = RangesOf(8000);
             options.OnBegun = [&](const CImportFilter&) { fault.Do(folder.NativePath("data.csv")); };
             HostSession session(HostModule(), path, options);
             const RunResult result = session.Run();
@@ -115,7 +123,7 @@ TEST(FaultsOfRanges, AnInterruptKeepsTheRowsBeforeIt) {
     RunOptions options;
     options.KeepSamples = KeepAll;
     options.Threads = 3;
-    options.Sizes = {1, 4000, 100, false};
+    options.Sizes = RangesOf(4000);
     options.Cancel = &cancel;
     options.OnProgress = [&](std::uint32_t percent) { cancel = percent >= 50; };
     HostSession session(HostModule(), path, options);

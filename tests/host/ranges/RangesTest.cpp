@@ -36,7 +36,13 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
     options.KeepMessages = KeepAll;
     options.Reading = &reading;
     options.Threads = cut == nullptr ? 1 : cut->Threads;
-    if (cut != nullptr) options.Sizes = {1, cut->Range, cut->HeadLines, givesUp};
+    if (cut != nullptr) {
+        options.Sizes.LeastFile = 1;
+        options.Sizes.Range = cut->Range;
+        options.Sizes.HeadLines = cut->HeadLines;
+        options.Sizes.GivesUp = givesUp;
+        if (givesUp) options.Sizes.MostMessages = 2000;
+    }
     HostSession session(HostModule(), path, options);
     const RunResult result = session.Run();
     const std::string text = DescribeRun(session, result);
