@@ -13,6 +13,11 @@ constexpr std::size_t BlockSize = 256 * 1024;
 constexpr std::size_t LeastBuffer = 4 * 1024;     // of a range, at first
 constexpr std::size_t LineEndWindow = 64 * 1024;  // where the kind of line ends is settled
 
+// A printable character of ASCII other than a space, which no blank line has.
+bool IsText(char16_t c) {
+    return c > u' ' && c <= u'~';
+}
+
 void DecodeBytes(std::string_view bytes, std::u16string& line) {
     if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
 }
@@ -171,11 +176,24 @@ bool LineReader::Next(std::u16string& line) {
     return true;
 }
 
+// The case of nearly all lines, as in NextInBuffer.
+bool LineReader::PassTextInBuffer() {
+    if (Encoding != Form::Bytes || ReturnEndsLine || LineStart == Filled) return false;
+    const char* const begin = Buffer.data() + LineStart;
+    if (!IsText(static_cast<unsigned char>(*begin))) return false;
+    const void* const found = std::memchr(begin, '\n', Filled - LineStart);
+    if (found == nullptr) return false;
+    LineStart += static_cast<std::size_t>(static_cast<const char*>(found) - begin) + 1;
+    return true;
+}
+
 bool LineReader::Pass(std::u16string& line, bool& isText) {
+    isText = PassTextInBuffer();
+    if (isText) return true;
     LineEnd end{};
     if (!FindNext(end)) return false;
     const char16_t first = end.TextEnd == LineStart ? u'\0' : UnitAt(LineStart);
-    isText = first > u' ' && first <= u'~';
+    isText = IsText(first);
     if (!isText) Decode(LineStart, end.TextEnd, line);
     LineStart = end.NextLine;
     return true;

@@ -66,6 +66,10 @@ class LineReader {
     // The next line if it ends in the buffer and is made of bytes and a line feed. False says nothing.
     bool NextInBuffer(std::u16string& line);
 
+    // Passes over the next line if NextInBuffer would deliver it and it begins as Pass says. False says
+    // nothing.
+    bool PassTextInBuffer();
+
     // Reads another block behind the bytes held; false at the end of the file.
     bool Fill();
     std::size_t ReadMore();
