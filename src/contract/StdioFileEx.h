@@ -48,8 +48,9 @@ class CStdioFileEx : public CFile {
     // through such objects, for the lines of ranges.
     void ShareFile(CStdioFileEx& whole);
 
-    // Goes to a range of a shared file and holds it in memory: from `begin`, where a line starts, up to `end`,
-    // none for the end of the file. A failure to read is raised by ReadString, behind the lines before it.
+    // Goes to a range of a shared file and holds it in memory: from `begin`, where a line starts, up to
+    // `end`, none for the end of the file. A failure to read is raised by ReadString, behind the lines before
+    // it.
     void HoldRange(std::uint64_t begin, std::optional<std::uint64_t> end);
 
     // Passes over the next line. `line` is filled only unless it begins with a printable character of ASCII
