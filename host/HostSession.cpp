@@ -11,10 +11,15 @@
 #include "host/SettingText.h"
 #include "host/language/Phrase.h"
 #include "host/plan/AutomaticReading.h"
+#include "host/ranges/RangeTeam.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
+namespace {
+constexpr std::uint32_t NoProgress = std::numeric_limits<std::uint32_t>::max();
+}  // namespace
+
 // Compares in place: a copy of each text without its digits would cost more than all the rest.
 bool MessageList::KindOrder::operator()(const ImportMessage& one, const ImportMessage& other) const {
     if (one.Column != other.Column || one.Column >= 0) return one.Column < other.Column;
@@ -45,6 +50,7 @@ void MessageList::Add(ImportMessage message, std::uint64_t line) {
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
     : Source(path),
       Options(std::move(options)),
+      Module(module),
       AllMessages(Options.KeepMessages),
       ImportFilter(module.MakeFilter(Options.Reading == nullptr ? path : Options.Reading->Path())) {
     if (Options.Reading != nullptr) Options.Reading->Guide(*ImportFilter);
@@ -90,13 +96,15 @@ bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
     if (!ImportFilter->HasMessages()) return false;
     bool anyFailure = false;
     for (ImportMessage& message : ImportFilter->TakeMessages()) {
-        if (message.Failure) {
-            anyFailure = true;
-            result.Failure = Utf16ToUtf8(message.Text);
-        }
-        AllMessages.Add(std::move(message), SourceLine(line));
+        anyFailure |= message.Failure;
+        AddMessage(std::move(message), line, result);
     }
     return anyFailure;
+}
+
+void HostSession::AddMessage(ImportMessage message, std::uint64_t line, RunResult& result) {
+    if (message.Failure) result.Failure = Utf16ToUtf8(message.Text);
+    AllMessages.Add(std::move(message), SourceLine(line));
 }
 
 std::uint64_t HostSession::SourceLine(std::uint64_t line) const {
@@ -129,32 +137,70 @@ void HostSession::BeginAndRead(RunResult& result) {
     CollectMessages(0, result);
     if (!result.Begun) return;
     if (Options.OnBegun) Options.OnBegun(*ImportFilter);
-    ReadLines(result, static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine));
+    FirstDataLine = static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine);
+    if (!ReadRanges(result)) ReadLines(result, Options.MostLines);
 }
 
-void HostSession::ReadLines(RunResult& result, std::uint64_t firstDataLine) {
-    constexpr std::uint32_t Unset = std::numeric_limits<std::uint32_t>::max();
-    std::uint32_t progress = Unset;
-    std::uint32_t shown = Unset;
-    while (result.Lines < Options.MostLines) {
-        if (Options.Sink != nullptr && Options.Sink->HasFailed()) return;
+bool HostSession::ReadLines(RunResult& result, std::uint64_t mostLines) {
+    std::uint32_t progress = result.Progress.empty() ? NoProgress : result.Progress.back();
+    while (result.Lines < mostLines) {
+        if (Options.Sink != nullptr && Options.Sink->HasFailed()) return false;
         if (Options.Cancel != nullptr && *Options.Cancel) {
             result.Interrupted = true;
-            return;
+            return false;
         }
         const bool more = ImportFilter->ImportNextLine(&progress);
-        const bool anyFailure = CollectMessages(firstDataLine + result.Lines, result);
-        if (progress != shown) {
-            shown = progress;
-            result.Progress.push_back(progress);
-            if (Options.OnProgress) Options.OnProgress(progress);
-        }
+        const bool anyFailure = CollectMessages(FirstDataLine + result.Lines, result);
+        NoteProgress(progress, result);
         if (!more) {
             // Only a read error ends the run with a failure; the end of the file adds no message.
             result.Failed = anyFailure;
-            return;
+            return false;
         }
         ++result.Lines;
     }
+    return true;
+}
+
+void HostSession::NoteProgress(std::uint32_t progress, RunResult& result) const {
+    if (progress == (result.Progress.empty() ? NoProgress : result.Progress.back())) return;
+    result.Progress.push_back(progress);
+    if (Options.OnProgress) Options.OnProgress(progress);
+}
+
+bool HostSession::CanReadRanges() const {
+    if (Options.Threads < 2 || Options.MostLines != AllLines || Store == nullptr) return false;
+    if (Options.Sink != nullptr || Options.Observer != nullptr) return false;
+    const CCsvImportSettings* const settings = SettingsOf(*ImportFilter);
+    if (settings == nullptr || settings->GetColumnCount() > Options.Sizes.MostColumns) return false;
+    std::error_code unknown;
+    const std::uint64_t size = std::filesystem::file_size(PathForStream(ImportFilter->FilePath), unknown);
+    return !unknown && size >= Options.Sizes.LeastFile && ImportFilter->Find<IRangeReading>() != nullptr;
+}
+
+bool HostSession::ReadRanges(RunResult& result) {
+    if (!CanReadRanges()) return false;
+    // The first row decides on the times of all.
+    const IRangeReading& leader = *ImportFilter->Find<IRangeReading>();
+    const std::int64_t firstRow = leader.GetState().Line;
+    do {
+        if (!ReadLines(result, result.Lines + Options.Sizes.HeadLines)) return true;
+    } while (leader.GetState().Line == firstRow);
+    plan::RunGuide* const guide = Options.Reading == nullptr ? nullptr : Options.Reading->Guiding();
+    ranges::RangeTeam team({Module, *ImportFilter, *Store, *this, guide, Options.Cancel,
+                            [&](ranges::RangeResult& range) { TakeRange(range, result); }},
+                           Options.Sizes, Options.Threads);
+    const ranges::RangeTeam::Outcome outcome = team.Run();
+    result.Interrupted = outcome == ranges::RangeTeam::Outcome::Interrupted;
+    result.RepeatedRanges = team.Repeated();
+    return outcome != ranges::RangeTeam::Outcome::GivenUp;
+}
+
+void HostSession::TakeRange(ranges::RangeResult& range, RunResult& result) {
+    for (auto& [lines, message] : range.Messages)
+        AddMessage(std::move(message), FirstDataLine + result.Lines + lines, result);
+    for (const std::uint32_t progress : range.Progress) NoteProgress(progress, result);
+    result.Lines += range.Lines;
+    result.Failed = range.Failed;
 }
 }  // namespace kelvarin

@@ -86,6 +86,8 @@ constexpr Translation Texts[] = {
     {"'{}' is no step, or lacks its number", "'{}' ist kein Schritt, oder ihm fehlt die Nummer"},
     {"'{}' is no step", "'{}' ist kein Schritt"},
     // Many files, and sidecars copied and compared.
+    {"Read a large file by N threads (default: one for each processor)",
+     "Eine große Datei mit N Threads lesen (Vorgabe: einer je Prozessor)"},
     {"Spread the files over N processes", "Die Dateien auf N Prozesse verteilen"},
     {"With a folder as FILE: also the folders in it", "Mit einem Ordner als FILE: auch die Ordner darin"},
     {"imported", "importiert"},

@@ -62,11 +62,6 @@ bool HasReadableSidecar(const ModuleLoader& module, const std::u16string& path) 
     return sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
 }
 
-// A cell that holds a value, not a word.
-bool IsValue(std::u16string_view cell) {
-    const CellKind kind = KindOf(cell);
-    return kind != CellKind::Empty && kind != CellKind::Word;
-}
 }  // namespace
 
 bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
@@ -258,65 +253,22 @@ int AutomaticReading::NumberOf(const std::u16string& name) const {
 }
 
 void AutomaticReading::Guide(CImportFilter& filter) {
-    Lost = {};
     IGuidedReading* const guided = filter.Find<IGuidedReading>();
     if (guided == nullptr) return;
     guided->ChooseColumns(Columns);
     if (!FormatLetters.empty()) guided->ReadFormatsBy(FormatLetters);
-    if (Found) guided->FollowGuide(this);
+    if (!Found) return;
+    Asked = std::make_unique<RunGuide>(*Found, Copied ? &Copied->Lines : nullptr, !AreTimesChosen);
+    guided->FollowGuide(Asked.get());
 }
 
 std::uint64_t AutomaticReading::SourceLine(std::uint64_t line) const {
     return Copied ? Copied->Lines.SourceLine(line) : line;
 }
 
-bool AutomaticReading::IsMissing(int column, const char16_t* cell) {
-    if (plan::IsMissing(cell)) return true;
-    RefusedIn(column).Add(cell, Found->Mark);
-    return false;
-}
-
-void AutomaticReading::OnMarkedInteger(int column, const char16_t* cell) {
-    RefusedIn(column).Add(TrimWhiteSpace(cell), Found->Mark);
-}
-
-CellCounts& AutomaticReading::RefusedIn(int column) {
-    const auto index = static_cast<std::size_t>(column);
-    if (Lost.Refused.size() <= index) Lost.Refused.resize(index + 1);
-    return Lost.Refused[index];
-}
-
-bool AutomaticReading::IsNoRow(const DroppedRow& row) {
-    if (row.Reason == DropReason::Falls && Found->EndsInTotal && !Lost.HasTotal) {
-        Lost.HasTotal = true;
-        return true;
-    }
-    if (row.Reason == DropReason::Falls) Lost.AreRowsOutOfOrder = true;
-    if (row.Reason != DropReason::DoesNotFit) return false;
-    const std::vector<std::u16string_view> cells(row.Cells.begin(), row.Cells.end());
-    if (std::none_of(cells.begin(), cells.end(), IsValue)) return true;
-    if (!Found->Times || AreTimesChosen) return false;
-    TimeWalk walk(Found->Times->Recipe);
-    Lost.AreTimesUnread |= walk.Next(cells, Found->Width).has_value();
-    return false;
-}
-
-bool AutomaticReading::AreLossesAvoidable() const {
-    if (Lost.AreRowsOutOfOrder || Lost.AreTimesUnread) return true;
-    for (std::size_t i = 0; i < std::min(Lost.Refused.size(), Found->Columns.size()); ++i) {
-        const CellCounts& refused = Lost.Refused[i];
-        const ColumnType type = Found->Columns[i].Type;
-        const bool isWider = (type == ColumnType::Integer && refused.Decimal + refused.DecimalAmounts > 0) ||
-                             (type == ColumnType::Boolean && refused.Whole + refused.Decimal > 0) ||
-                             (type == ColumnType::Character && refused.Text > 0) ||
-                             (type == ColumnType::Hexadecimal && refused.Text + refused.Whole > 0);
-        if (isWider) return true;
-    }
-    return false;
-}
-
 bool AutomaticReading::TakesCopy() {
-    if (!Found || Copied || AreTimesChosen || Options.ColumnsOnly || !Found->Times || !AreLossesAvoidable())
+    if (!Found || Copied || AreTimesChosen || Options.ColumnsOnly || !Found->Times || Asked == nullptr ||
+        !Asked->AreLossesAvoidable())
         return false;
     MakeCopy();
     if (Copied) ApplyWishes();

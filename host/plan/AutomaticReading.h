@@ -15,6 +15,7 @@
 #include "host/plan/CleanCopy.h"
 #include "host/plan/FileKinds.h"
 #include "host/plan/ReadingPlan.h"
+#include "host/plan/RunGuide.h"
 #include "platform/framework/ScratchFile.h"
 
 namespace kelvarin::plan {
@@ -45,7 +46,7 @@ bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
 // Finds the plan of a file, and makes it the settings of every filter made while the object lives, as a
 // SettingsLayer does. Settings that the user has chosen stay, and the rest is found under them. Nothing is
 // found for a file with a sidecar, or if both the table and the times are chosen. One thread.
-class AutomaticReading : private IReadingGuide {
+class AutomaticReading {
   public:
     // `chosen` are the settings in force that were chosen for this run, over those of the profile.
     AutomaticReading(const ModuleLoader& module, const std::u16string& path,
@@ -98,27 +99,17 @@ class AutomaticReading : private IReadingGuide {
     // Gives a filter of Path what is known of the columns and lines. It must not outlive this object.
     void Guide(CImportFilter& filter);
 
+    // What the last filter that was given to Guide asks; null for none.
+    RunGuide* Guiding() { return Asked.get(); }
+
     // The line of the user's file, from 1, for a line of the file that is read.
-    std::uint64_t SourceLine(std::uint64_t line) const override;
+    std::uint64_t SourceLine(std::uint64_t line) const;
 
     // After a run that a filter of Path did: follows the plan by a copy from now on if that run has lost what
     // a copy keeps, so that the run is to be done again. Else false.
     bool TakesCopy();
 
   private:
-    // What the last run has lost.
-    struct Losses {
-        bool AreRowsOutOfOrder = false;
-        bool HasTotal = false;            // a row that sums up the others was left out
-        bool AreTimesUnread = false;      // that the plan reads
-        std::vector<CellCounts> Refused;  // by column; integers with marks among them
-    };
-
-    bool IsMissing(int column, const char16_t* cell) override;
-    void OnMarkedInteger(int column, const char16_t* cell) override;
-    bool IsNoRow(const DroppedRow& row) override;
-    CellCounts& RefusedIn(int column);
-    bool AreLossesAvoidable() const;
     void Look(const FixedTable& fixed);
     int NumberOf(
         const std::u16string& name) const;  // of a column, from 1, as the module names it; 0 for none
@@ -143,7 +134,7 @@ class AutomaticReading : private IReadingGuide {
     std::u16string FormatLetters;
     std::vector<ColumnChoice> Columns;
     std::vector<std::u16string> Unknown;
-    Losses Lost;
+    std::unique_ptr<RunGuide> Asked;  // by the last run
     std::unique_ptr<ScratchFile> CopyFile;
     std::optional<CopyResult> Copied;
     std::string Unread;

@@ -39,13 +39,16 @@ Arena::~Arena() {
 
 void* Arena::Allocate(std::size_t size, std::size_t alignment) {
     Used = (Used + alignment - 1) / alignment * alignment;
-    if (Chunks.empty() || Chunks.back().Size < Used + size) {
+    while (Current < Chunks.size() && Chunks[Current].Size < Used + size) {
+        ++Current;
+        Used = 0;
+    }
+    if (Current == Chunks.size()) {
         const std::size_t next = Chunks.empty() ? FirstChunk : std::min(2 * Chunks.back().Size, LargestChunk);
         const std::size_t room = std::max(size, next);
         Chunks.push_back({static_cast<char*>(AllocatePages(room)), room});
-        Used = 0;
     }
-    char* const memory = Chunks.back().Memory + Used;
+    char* const memory = Chunks[Current].Memory + Used;
     Used += size;
     return memory;
 }
@@ -58,6 +61,13 @@ KeptBlock PackIntegers(std::span<const std::int64_t> values, Arena& memory) {
         for (std::size_t i = 0; i < values.size(); ++i) narrow[i] = static_cast<Narrow>(values[i]);
     });
     return {packed, static_cast<std::uint32_t>(values.size()), width};
+}
+
+void UnpackIntegers(const KeptBlock& block, std::int64_t* values) {
+    WithWidth(block.Width, [&]<class Narrow>(Narrow) {
+        const auto* const narrow = static_cast<const Narrow*>(block.Values);
+        std::copy(narrow, narrow + block.Count, values);
+    });
 }
 
 std::int64_t UnpackInteger(const KeptBlock& block, std::size_t index) {

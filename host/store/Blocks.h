@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -21,6 +22,18 @@ class Arena {
     // `size` bytes, by default aligned for every fundamental type; not initialised. Raises std::bad_alloc.
     void* Allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t));
 
+    // What was handed out since the last Retain is free again, and is handed out anew.
+    void Rewind() {
+        Current = RetainedChunk;
+        Used = RetainedUsed;
+    }
+
+    // What was handed out so far stays so.
+    void Retain() {
+        RetainedChunk = Current;
+        RetainedUsed = Used;
+    }
+
   private:
     struct Chunk {
         char* Memory;
@@ -28,7 +41,10 @@ class Arena {
     };
 
     std::vector<Chunk> Chunks;
-    std::size_t Used = 0;  // of the last chunk
+    std::size_t Current = 0;  // index of the chunk that pieces come from, if there is any
+    std::size_t Used = 0;     // of that chunk
+    std::size_t RetainedChunk = 0;
+    std::size_t RetainedUsed = 0;
 };
 
 // A full block of a list. Integers are packed to 1, 2, 4 or 8 bytes each, by the largest of the block: most
@@ -41,6 +57,9 @@ struct KeptBlock {
 
 // A packed copy of some integers.
 KeptBlock PackIntegers(std::span<const std::int64_t> values, Arena& memory);
+
+// All values of such a copy.
+void UnpackIntegers(const KeptBlock& block, std::int64_t* values);
 
 // A value of such a copy.
 std::int64_t UnpackInteger(const KeptBlock& block, std::size_t index);
@@ -65,20 +84,58 @@ class BlockList {
     // Empties the open block, after keeping its values if `keep`. Blocks that are kept grow, so that short
     // lists take little room and long ones have few blocks; without `keep` the list does not grow.
     void Flush(bool keep) {
-        const auto size = static_cast<std::size_t>(End - Begin);
-        bool canReuse = !keep;
-        if constexpr (IsPacked) {
-            if (keep && Next != Begin) Blocks.push_back(PackIntegers(Open(), Memory));
-            canReuse |= size == LargestSize;
-        } else if (keep && Next != Begin) {
-            Blocks.push_back({Begin, static_cast<std::uint32_t>(Open().size()), sizeof(Value)});
-        }
-        if (size == 0 || !canReuse) {
-            const std::size_t next = std::clamp(2 * size, FirstSize, LargestSize);
-            Begin = static_cast<Value*>(Memory.Allocate(next * sizeof(Value)));
-            End = Begin + next;
-        }
+        if (keep) Seal();
         Next = Begin;
+        const bool canReuse = !keep || (IsPacked && Size == LargestSize);
+        if (Begin == End || !canReuse) {
+            Size = std::clamp(2 * Size, FirstSize, LargestSize);
+            Begin = static_cast<Value*>(Memory.Allocate(Size * sizeof(Value)));
+            End = Begin + Size;
+            Next = Begin;
+        }
+    }
+
+    // Keeps the values of the open block; what room is left stays open.
+    void Seal() {
+        if (Next == Begin) return;
+        if constexpr (IsPacked) {
+            Blocks.push_back(PackIntegers(Open(), Memory));
+            Next = Begin;
+        } else {
+            Blocks.push_back({Begin, static_cast<std::uint32_t>(Open().size()), sizeof(Value)});
+            Begin = Next;
+        }
+    }
+
+    // Takes over the values of another list, but for the first `skip`, which lie in one block; it is empty
+    // afterwards. The memory of both must outlive this list.
+    void Take(BlockList& other, std::size_t skip = 0) {
+        other.Seal();
+        if (skip != 0) {
+            other.VisitBlock(other.Blocks.front(), [&](std::span<const Value> values) {
+                for (const Value value : values.subspan(skip)) {
+                    if (IsFull()) Flush(true);
+                    Append(value);
+                }
+            });
+        }
+        Seal();
+        Blocks.insert(Blocks.end(), other.Blocks.begin() + (skip == 0 ? 0 : 1), other.Blocks.end());
+        other.Blocks.clear();
+    }
+
+    // Forgets all values and the memory that they had.
+    void Clear() {
+        Blocks.clear();
+        Begin = Next = End = nullptr;
+        Size = 0;
+    }
+
+    // Calls `visit` with the values of each block, in order, as a span that is valid during the call.
+    template <class Visit>
+    void VisitBlocks(Visit visit) const {
+        for (const KeptBlock& block : Blocks) VisitBlock(block, visit);
+        if (Next != Begin) visit(Open());
     }
 
     // Reads the values kept and then those of the open block, from the first on. The list must outlive it and
@@ -114,10 +171,22 @@ class BlockList {
     static constexpr std::size_t FirstSize = 64;
     static constexpr std::size_t LargestSize = IsPacked ? 1024 : 8192;
 
+    template <class Visit>
+    void VisitBlock(const KeptBlock& block, Visit visit) const {
+        if constexpr (IsPacked) {
+            std::array<Value, LargestSize> values;
+            UnpackIntegers(block, values.data());
+            visit(std::span<const Value>(values.data(), block.Count));
+        } else {
+            visit(std::span<const Value>(static_cast<const Value*>(block.Values), block.Count));
+        }
+    }
+
     Arena& Memory;
     std::vector<KeptBlock> Blocks;
     Value* Begin = nullptr;  // of the open block
     Value* Next = nullptr;
     Value* End = nullptr;
+    std::size_t Size = 0;  // values for which memory was taken last
 };
 }  // namespace kelvarin::store

@@ -57,6 +57,17 @@ class StoredSignal : public DM::SignalProxy {
     // Called by the device after the last sample.
     virtual void Finish() = 0;
 
+    // For devices of parts; the signals are of one type. Appends the samples of a part's signal, which has
+    // none afterwards; their times are appended by the device, after this. With `keep` what the part has kept
+    // is taken over, else it can be dropped.
+    virtual void Take(StoredSignal& part, bool keep) = 0;
+
+    // Forgets all samples, and the memory that they had.
+    virtual void Drop() = 0;
+
+    // True if its samples have the times of the device.
+    virtual bool HasSharedTimes() const = 0;
+
   protected:
     explicit StoredSignal(std::uint32_t id) : Id{{0, 0, 0}, id} {}
 
@@ -85,12 +96,26 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
     // Called once, after the last sample of all signals.
     void Finish();
 
+    // A device for some of the rows of this one, to be filled on another thread and appended. It is never
+    // finished.
+    std::unique_ptr<StoredDevice> MakePart() const;
+
+    // Appends the samples of a part, which has the same signals and is empty afterwards. False, with nothing
+    // done, if signals differ in their times.
+    bool Append(StoredDevice& part);
+
+    // Empties a part.
+    void Clear();
+
+    // Takes a part that is no longer filled: samples taken from it are in its memory.
+    void Keep(std::unique_ptr<StoredDevice> part);
+
     const std::u16string Name;
     const std::u16string Description;
 
   private:
     const std::vector<int> Columns;
-    const std::unique_ptr<SharedStore> Store;
+    std::unique_ptr<SharedStore> Store;
 
   public:
     std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making; they use Store

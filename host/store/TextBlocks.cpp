@@ -21,7 +21,8 @@ void Widen(const char* bytes, bool isNarrow, std::u16string& text) {
 }  // namespace
 
 void TextBlocks::AddBlock(std::size_t size) {
-    const std::size_t next = Blocks.empty() ? FirstSize : std::min(2 * Blocks.back().Size, LargestSize);
+    const std::size_t next =
+        Blocks.empty() ? FirstSize : std::clamp(2 * Blocks.back().Size, FirstSize, LargestSize);
     const std::size_t room = std::max(size, next);
     Blocks.push_back({static_cast<char*>(Memory.Allocate(room)), 0, room});
 }

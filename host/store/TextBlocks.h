@@ -20,6 +20,20 @@ class TextBlocks {
     // The bytes of the text appended last, by its length and by what Append returned.
     std::string Last(std::size_t length, bool isNarrow) const;
 
+    // Takes over the texts of another object, which is empty afterwards. The memory of both must outlive this
+    // one.
+    void Take(TextBlocks& other) {
+        if (other.Blocks.empty()) return;
+        Blocks.insert(Blocks.end(), other.Blocks.begin(), other.Blocks.end());
+        // The rest of the last block's room stays with the other.
+        Block& last = Blocks.back();
+        other.Blocks.assign(1, {last.Bytes + last.Used, 0, last.Size - last.Used});
+        last.Size = last.Used;
+    }
+
+    // Forgets all texts and the memory that they had.
+    void Clear() { Blocks.clear(); }
+
     // Reads the texts in order, each by its length and by what Append returned.
     class Reader {
       public:

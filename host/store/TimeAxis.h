@@ -42,6 +42,32 @@ class TimeAxis {
         ++Rows;
     }
 
+    // Appends the times of another axis, which is empty afterwards. It keeps all of its times unless this one
+    // keeps none. Its memory must outlive this axis.
+    void Take(TimeAxis& other) {
+        if (other.Rows == 0) return;
+        // The first two entries of an axis are differences from nothing.
+        constexpr std::uint64_t FirstEntries = 2;
+        const bool keep = Rows < KeepLimit;
+        const std::uint64_t rows = Rows + other.Rows;
+        if (Rows == 0) FirstTime = other.FirstTime;
+        if (keep) {
+            Reader reader(other);
+            const std::uint64_t copied = std::min(other.Rows, FirstEntries);
+            for (std::uint64_t i = 0; i < copied; ++i) Append(reader.Next());
+            Changes.Take(other.Changes, static_cast<std::size_t>(copied));
+        }
+        if (!keep || other.Rows > FirstEntries) Now = other.Now;
+        Rows = rows;
+        other.Restart();
+    }
+
+    // Forgets all times and the memory that they had.
+    void Clear() {
+        Changes.Clear();
+        Restart();
+    }
+
     // Of all times, kept or not. First and Last are 0 if there is none.
     std::uint64_t Count() const { return Rows; }
     std::int64_t First() const { return FirstTime; }
@@ -65,6 +91,12 @@ class TimeAxis {
     };
 
   private:
+    void Restart() {
+        Rows = 0;
+        FirstTime = 0;
+        Now = {};
+    }
+
     const std::uint64_t KeepLimit;
     Arena& Memory;
     BlockList<std::int64_t> Changes;  // of the step, from row to row; step and time begin at 0

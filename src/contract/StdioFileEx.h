@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/framework/File.h"
@@ -36,6 +37,33 @@ class CStdioFileEx : public CFile {
 
     // Back to line 1. The flag is always true.
     virtual void SeekToBegin(bool rereadMark);
+
+    // --- Ranges ---
+
+    // The first byte position from `from` on at which a line starts; none if no line ends before. Raises
+    // CFileException. The file has delivered a line. Leaves what ReadString delivers alone.
+    std::optional<std::uint64_t> FindLineStart(std::uint64_t from);
+
+    // Uses the file of another object, which has delivered a line, stays open and is read by nobody but
+    // through such objects, for the lines of ranges.
+    void ShareFile(CStdioFileEx& whole);
+
+    // Goes to a range of a shared file and holds it in memory: from `begin`, where a line starts, up to
+    // `end`, none for the end of the file. A failure to read is raised by ReadString, behind the lines before
+    // it.
+    void HoldRange(std::uint64_t begin, std::optional<std::uint64_t> end);
+
+    // Passes over the next line. `line` is filled only unless it begins with a printable character of ASCII
+    // other than a space; else `isText`. False at the end.
+    bool PassLine(std::u16string& line, bool& isText);
+
+    // Back to the first line of the range.
+    void RewindRange();
+
+    // ReadString goes on at a byte position where a line starts, up to the end of the file.
+    void ContinueAt(std::uint64_t position);
+
+    // --- Place ---
 
     // Byte position just behind the last line delivered; not the place up to which bytes are held ready.
     std::uint64_t GetPosition() const;

@@ -16,6 +16,7 @@ CCsvImportFilter::CCsvImportFilter(const char16_t* path) : CImportFilter(path), 
     Offer<IObservedAnalysis>(OptionalInterfaces);
     Offer<IObservedRun>(OptionalInterfaces);
     Offer<IGuidedReading>(OptionalInterfaces);
+    Offer<IRangeReading>(OptionalInterfaces);
     const std::u16string format = CsvImportModule().LoadString(IdDescription);
     Settings.Description = FormatText(format, LocaleDate(CurrentSeconds()), FilePath);
     ReadSidecar();

@@ -53,6 +53,15 @@ class CCsvImportFilter : public CImportFilter {
     void FollowGuide(IReadingGuide* guide) { Guide = guide; }
     void ReadFormatsBy(const std::u16string& letters) { ChosenAlphabet.emplace(letters); }
 
+    // --- A run in ranges (RangeReading.cpp), as IRangeReading has it ---
+    RunState GetState() const;
+    void SetState(const RunState& state);
+    bool FindLineStart(std::uint64_t from, std::optional<std::uint64_t>& start);
+    bool Follow(CCsvImportFilter& leader);
+    RangeLines LoadRange(std::uint64_t begin, std::optional<std::uint64_t> end);
+    void BeginRange(const RunState& state);
+    const RangeTimes& GetRangeTimes() const { return TimesOfRange; }
+
     // Of the formats that runs read times by.
     const FieldAlphabet& Alphabet() const;
 
@@ -94,6 +103,9 @@ class CCsvImportFilter : public CImportFilter {
     void AddRowSamples(std::int64_t time);
     void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
+    bool IsBlankLine();  // of LineText, whose cells it settles
+    void NoteRangeTime(const RowTimestamp& row);
+    void TakeState(const RunState& state);
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
 
     CCsvImportSettings Settings;
@@ -116,6 +128,7 @@ class CCsvImportFilter : public CImportFilter {
         ReportWrongCell(column, cell);
     };
     std::uint64_t BlankLines = 0;  // of the run so far
+    RangeTimes TimesOfRange;
     CFilterInterfaces OptionalInterfaces{*this};
     IAnalysisObserver* AnalysisObserver = nullptr;  // the host's; null for none
     IRunObserver* RunObserver = nullptr;            // the host's; null for none

@@ -3,6 +3,7 @@
 
 #include "contract/AnalysisObserver.h"
 #include "contract/GuidedReading.h"
+#include "contract/RangeReading.h"
 #include "contract/RunObserver.h"
 #include "contract/SettingsView.h"
 #include "contract/SidecarTool.h"
@@ -18,7 +19,8 @@ class CFilterInterfaces final : public ISettingsView,
                                 public ITimeReader,
                                 public IObservedAnalysis,
                                 public IObservedRun,
-                                public IGuidedReading {
+                                public IGuidedReading,
+                                public IRangeReading {
   public:
     explicit CFilterInterfaces(CCsvImportFilter& owner) : Owner(owner) {}
 
@@ -34,6 +36,15 @@ class CFilterInterfaces final : public ISettingsView,
     void ChooseColumns(std::vector<ColumnChoice> choices) override;
     void FollowGuide(IReadingGuide* guide) override;
     void ReadFormatsBy(const std::u16string& letters) override;
+
+    // --- RangeReading.cpp ---
+    RunState GetState() const override;
+    void SetState(const RunState& state) override;
+    bool FindLineStart(std::uint64_t from, std::optional<std::uint64_t>& start) override;
+    bool Follow(IRangeReading& leader) override;
+    RangeLines LoadRange(std::uint64_t begin, std::optional<std::uint64_t> end) override;
+    void BeginRange(const RunState& state) override;
+    RangeTimes GetRangeTimes() const override;
 
     // --- SidecarTool.cpp ---
     bool WriteSidecar(std::string& reason) override;

@@ -28,10 +28,7 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
         if (!SourceFile.ReadString(LineText)) return false;
         if (SettledFor != Settings.ChangeCount) SettleRun();
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
-        const bool blank = IsBlank(LineText);
-        LineText.append(Padding, LinePadding);
-        SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
-        if (blank && Cells.size() == 1) {
+        if (IsBlankLine()) {
             if (RunObserver != nullptr) RunObserver->OnBlankLine(CurrentPlace());
             ++BlankLines;
             return true;
@@ -46,6 +43,13 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     }
 }
 
+bool CCsvImportFilter::IsBlankLine() {
+    const bool blank = IsBlank(LineText);
+    LineText.append(Padding, LinePadding);
+    SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
+    return blank && Cells.size() == 1;
+}
+
 void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
     // A file that was cut to nothing while it is read has no percentage.
     const std::uint64_t length = SourceFile.GetLength();
@@ -57,6 +61,7 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
     const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
     const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
+    if (!TimesOfRange.FirstStored) NoteRangeTime(result);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
         if (Guide != nullptr && Guide->IsNoRow(DropOf(result, text))) return false;

@@ -52,6 +52,10 @@ class FileFaults {
         calls.Read = [](int descriptor, void* data, std::size_t size) {
             return Pass(CallRead, [&] { return Active->Real.Read(descriptor, data, Active->Part(size)); });
         };
+        calls.ReadAt = [](int descriptor, void* data, std::size_t size, off_t position) {
+            return Pass(CallRead,
+                        [&] { return Active->Real.ReadAt(descriptor, data, Active->Part(size), position); });
+        };
         calls.Write = [](int descriptor, const void* data, std::size_t size) {
             return Pass(CallWrite, [&] { return Active->Real.Write(descriptor, data, Active->Part(size)); });
         };

@@ -30,8 +30,15 @@ class CFile {
     // False on failure, with `error` filled.
     virtual bool Open(const char16_t* path, unsigned flags, CFileException* error);
 
+    // Uses the open file of another object, which must stay open, for ReadAt and GetLength alone.
+    void Share(const CFile& other);
+
     // Reads up to `size` bytes; 0 at the end of the file.
     std::size_t Read(void* data, std::size_t size);
+
+    // The same from a byte position on. Any number of threads may read one file so, if none of them uses
+    // Read.
+    std::size_t ReadAt(std::uint64_t position, void* data, std::size_t size) const;
 
     // Writes all of the bytes.
     void Write(const void* data, std::size_t size);
@@ -60,6 +67,7 @@ class CFile {
     [[noreturn]] void RaiseLastError() const;
 
     std::intptr_t Handle = Closed;
+    bool IsShared = false;  // the handle is another object's
     std::u16string Path;
 };
 

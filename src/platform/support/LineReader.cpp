@@ -1,5 +1,6 @@
 #include "platform/support/LineReader.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/framework/File.h"
@@ -9,7 +10,13 @@
 namespace {
 
 constexpr std::size_t BlockSize = 256 * 1024;
+constexpr std::size_t LeastBuffer = 4 * 1024;     // of a range, at first
 constexpr std::size_t LineEndWindow = 64 * 1024;  // where the kind of line ends is settled
+
+// A printable character of ASCII other than a space, which no blank line has.
+bool IsText(char16_t c) {
+    return c > u' ' && c <= u'~';
+}
 
 void DecodeBytes(std::string_view bytes, std::u16string& line) {
     if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
@@ -24,16 +31,56 @@ LineReader::LineReader(CFile& file) : File(file), Buffer(BlockSize) {
     SettleLineEnds();
 }
 
+LineReader::LineReader(CFile& file, const LineReader& whole, std::uint64_t begin, std::uint64_t end)
+    : File(file), ReturnEndsLine(whole.ReturnEndsLine), Encoding(whole.Encoding) {
+    Restart(begin, end);
+}
+
+void LineReader::Restart(std::uint64_t begin, std::uint64_t end) {
+    Filled = 0;
+    LineStart = 0;
+    BufferStart = begin;
+    AtEnd = false;
+    RangeEnd = end;
+    Failure.reset();
+}
+
+void LineReader::Hold() {
+    // Room for the whole range, and for one byte of an endless one.
+    const std::uint64_t size = *RangeEnd == FileEnd ? BlockSize : *RangeEnd - BufferStart;
+    if (Buffer.size() < size) Buffer.resize(static_cast<std::size_t>(size));
+    try {
+        while (Fill()) {
+        }
+    } catch (CFileException* error) {
+        Failure.emplace(*error);
+        error->Delete();
+    }
+}
+
+std::size_t LineReader::ReadMore() {
+    char* const free = Buffer.data() + Filled;
+    const std::size_t room = Buffer.size() - Filled;
+    if (!RangeEnd) return File.Read(free, room);
+    const std::uint64_t from = BufferStart + Filled;
+    return File.ReadAt(from, free, static_cast<std::size_t>(std::min<std::uint64_t>(room, *RangeEnd - from)));
+}
+
 bool LineReader::Fill() {
     if (AtEnd) return false;
+    if (Failure) throw new CFileException(*Failure);
+    if (RangeEnd && BufferStart + Filled == *RangeEnd) {
+        AtEnd = true;
+        return false;
+    }
     if (LineStart > 0) {
         std::memmove(Buffer.data(), Buffer.data() + LineStart, Filled - LineStart);
         BufferStart += LineStart;
         Filled -= LineStart;
         LineStart = 0;
     }
-    if (Filled == Buffer.size()) Buffer.resize(Buffer.size() * 2);
-    const std::size_t count = File.Read(Buffer.data() + Filled, Buffer.size() - Filled);
+    if (Filled == Buffer.size()) Buffer.resize(std::max(Buffer.size() * 2, LeastBuffer));
+    const std::size_t count = ReadMore();
     Filled += count;
     AtEnd = count == 0;
     return !AtEnd;
@@ -122,8 +169,54 @@ bool LineReader::NextInBuffer(std::u16string& line) {
 
 bool LineReader::Next(std::u16string& line) {
     if (NextInBuffer(line)) return true;
-    std::size_t searched = 0;  // bytes behind LineStart that hold no line end
     LineEnd end{};
+    if (!FindNext(end)) return false;
+    Decode(LineStart, end.TextEnd, line);
+    LineStart = end.NextLine;
+    return true;
+}
+
+// The case of nearly all lines, as in NextInBuffer.
+bool LineReader::PassTextInBuffer() {
+    if (Encoding != Form::Bytes || ReturnEndsLine || LineStart == Filled) return false;
+    const char* const begin = Buffer.data() + LineStart;
+    if (!IsText(static_cast<unsigned char>(*begin))) return false;
+    const void* const found = std::memchr(begin, '\n', Filled - LineStart);
+    if (found == nullptr) return false;
+    LineStart += static_cast<std::size_t>(static_cast<const char*>(found) - begin) + 1;
+    return true;
+}
+
+bool LineReader::Pass(std::u16string& line, bool& isText) {
+    isText = PassTextInBuffer();
+    if (isText) return true;
+    LineEnd end{};
+    if (!FindNext(end)) return false;
+    const char16_t first = end.TextEnd == LineStart ? u'\0' : UnitAt(LineStart);
+    isText = IsText(first);
+    if (!isText) Decode(LineStart, end.TextEnd, line);
+    LineStart = end.NextLine;
+    return true;
+}
+
+std::optional<std::uint64_t> LineReader::FindLineStart(CFile& file, std::uint64_t from) const {
+    // The unit before `from` may be the end of the line before it.
+    const std::uint64_t before = (from + UnitSize() - 1) / UnitSize() * UnitSize() - UnitSize();
+    LineReader reader(file, *this, before, FileEnd);
+    LineEnd end{};
+    while (!reader.FindLineEnd(reader.LineStart, end)) {
+        // The last unit is looked at again, as in FindNext; what is before it isn't held.
+        const std::size_t held = (reader.Filled - reader.LineStart) / UnitSize();
+        if (held > 1) reader.LineStart += (held - 1) * UnitSize();
+        if (reader.Fill()) continue;
+        if (!reader.FindLineEnd(reader.LineStart, end)) return std::nullopt;
+        break;
+    }
+    return reader.BufferStart + end.NextLine;
+}
+
+bool LineReader::FindNext(LineEnd& end) {
+    std::size_t searched = 0;  // bytes behind LineStart that hold no line end
     while (!FindLineEnd(LineStart + searched, end)) {
         // The last unit is looked at again: a carriage return there waits for what follows it, and half a
         // unit of UTF-16 for its other half.
@@ -137,8 +230,6 @@ bool LineReader::Next(std::u16string& line) {
         end = {LineStart + rest, LineStart + rest};
         break;
     }
-    Decode(LineStart, end.TextEnd, line);
-    LineStart = end.NextLine;
     return true;
 }
 

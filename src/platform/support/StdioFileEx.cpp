@@ -26,6 +26,33 @@ bool CStdioFileEx::ReadString(std::u16string& line) {
     return Reader->Next(line);
 }
 
+std::optional<std::uint64_t> CStdioFileEx::FindLineStart(std::uint64_t from) {
+    return Reader->FindLineStart(*this, from);
+}
+
+void CStdioFileEx::ShareFile(CStdioFileEx& whole) {
+    Abort();
+    Share(whole);
+    Reader = std::make_unique<LineReader>(*this, *whole.Reader, 0, 0);
+}
+
+void CStdioFileEx::HoldRange(std::uint64_t begin, std::optional<std::uint64_t> end) {
+    Reader->Restart(begin, end.value_or(LineReader::FileEnd));
+    Reader->Hold();
+}
+
+bool CStdioFileEx::PassLine(std::u16string& line, bool& isText) {
+    return Reader->Pass(line, isText);
+}
+
+void CStdioFileEx::RewindRange() {
+    Reader->Rewind();
+}
+
+void CStdioFileEx::ContinueAt(std::uint64_t position) {
+    Reader->Restart(position, LineReader::FileEnd);
+}
+
 void CStdioFileEx::SeekToBegin(bool) {
     Reader.reset();
     Seek(0);

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "platform/framework/Path.h"
 #include "platform/framework/portable/FileCalls.h"
@@ -58,9 +59,24 @@ bool CFile::Open(const char16_t* path, unsigned flags, CFileException* error) {
     return true;
 }
 
+void CFile::Share(const CFile& other) {
+    Abort();
+    Handle = other.Handle;
+    Path = other.Path;
+    IsShared = true;
+}
+
 std::size_t CFile::Read(void* data, std::size_t size) {
     const ssize_t count =
         Uninterrupted([&] { return GetFileCalls().Read(DescriptorOf(Handle), data, size); });
+    if (count < 0) RaiseLastError();
+    return static_cast<std::size_t>(count);
+}
+
+std::size_t CFile::ReadAt(std::uint64_t position, void* data, std::size_t size) const {
+    const auto offset = static_cast<off_t>(position);
+    const ssize_t count =
+        Uninterrupted([&] { return GetFileCalls().ReadAt(DescriptorOf(Handle), data, size, offset); });
     if (count < 0) RaiseLastError();
     return static_cast<std::size_t>(count);
 }
@@ -89,12 +105,14 @@ void CFile::Flush() {
 void CFile::Close() {
     const int descriptor = DescriptorOf(Handle);
     Handle = Closed;
+    if (std::exchange(IsShared, false)) return;
     if (descriptor >= 0 && GetFileCalls().Close(descriptor) != 0 && errno != EINTR) RaiseLastError();
 }
 
 void CFile::Abort() noexcept {
-    if (IsOpen()) GetFileCalls().Close(DescriptorOf(Handle));
+    if (IsOpen() && !IsShared) GetFileCalls().Close(DescriptorOf(Handle));
     Handle = Closed;
+    IsShared = false;
 }
 
 void CFile::RaiseLastError() const {

@@ -22,6 +22,7 @@ FileCalls& GetFileCalls() {
         [](const char* path, int flags, mode_t mode) { return open(path, flags, mode); },
         close,
         read,
+        pread,
         write,
         lseek,
         [](int descriptor, struct stat* status) { return fstat(descriptor, status); },

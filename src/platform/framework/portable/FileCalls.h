@@ -14,6 +14,7 @@ struct FileCalls {
     int (*Open)(const char* path, int flags, mode_t mode);
     int (*Close)(int descriptor);
     ssize_t (*Read)(int descriptor, void* data, std::size_t size);
+    ssize_t (*ReadAt)(int descriptor, void* data, std::size_t size, off_t position);
     ssize_t (*Write)(int descriptor, const void* data, std::size_t size);
     off_t (*Seek)(int descriptor, off_t position, int origin);
     int (*Status)(int descriptor, struct stat* status);

@@ -2,6 +2,7 @@
 #include "platform/framework/FileError.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/framework/Path.h"
 #include "platform/framework/win32/Api.h"
@@ -46,10 +47,27 @@ bool CFile::Open(const char16_t* path, unsigned flags, CFileException* error) {
     return true;
 }
 
+void CFile::Share(const CFile& other) {
+    Abort();
+    Handle = other.Handle;
+    Path = other.Path;
+    IsShared = true;
+}
+
 std::size_t CFile::Read(void* data, std::size_t size) {
     DWORD count = 0;
     if (!ReadFile(HandleOf(Handle), data, CallSize(size), &count, nullptr)) RaiseLastError();
     return count;
+}
+
+std::size_t CFile::ReadAt(std::uint64_t position, void* data, std::size_t size) const {
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(position);
+    place.OffsetHigh = static_cast<DWORD>(position >> 32);
+    DWORD count = 0;
+    if (ReadFile(HandleOf(Handle), data, CallSize(size), &count, &place)) return count;
+    if (GetLastError() != ERROR_HANDLE_EOF) RaiseLastError();
+    return 0;
 }
 
 void CFile::Write(const void* data, std::size_t size) {
@@ -81,12 +99,14 @@ void CFile::Flush() {
 void CFile::Close() {
     const std::intptr_t handle = Handle;
     Handle = Closed;
+    if (std::exchange(IsShared, false)) return;
     if (handle != Closed && !CloseHandle(HandleOf(handle))) RaiseLastError();
 }
 
 void CFile::Abort() noexcept {
-    if (IsOpen()) CloseHandle(HandleOf(Handle));
+    if (IsOpen() && !IsShared) CloseHandle(HandleOf(Handle));
     Handle = Closed;
+    IsShared = false;
 }
 
 void CFile::RaiseLastError() const {
