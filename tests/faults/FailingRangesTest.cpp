@@ -91,7 +91,7 @@ TEST(FaultsOfRanges, EndARunAsWithoutRanges) {
     for (const Fault& fault : faults) {
         SCOPED_TRACE(fault.Name);
         std::string line;
-        for (const std::size_t threads : {1, 2, 3}) {
+        for (const std::size_t threads : {std::size_t{1}, std::size_t{2}, std::size_t{3}}) {
             Workdir folder;
             const std::u16string path = folder.Write("data.csv", "t;n;v\n" + Rows(1, RowCount + 1));
             const BrokenDisk disk;
