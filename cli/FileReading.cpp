@@ -1,6 +1,6 @@
-#include <CLI/CLI.hpp>
-
 #include "cli/FileReading.h"
+
+#include <CLI/CLI.hpp>
 
 #include "cli/Complaints.h"
 #include "cli/TypeNames.h"

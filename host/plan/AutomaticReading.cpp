@@ -61,7 +61,6 @@ bool IsAnyAmong(const std::vector<ParsedSetting>& settings, const Keys& keys) {
 bool HasReadableSidecar(const ModuleLoader& module, const std::u16string& path) {
     return sidecar::HasSidecar(path) && sidecar::CheckSidecar(module, path + u".info").Errors == 0;
 }
-
 }  // namespace
 
 bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,

@@ -60,6 +60,18 @@ bool IsFactor(std::u16string_view text) {
     return Prefixes.find(text.front()) != Prefixes.npos && IsListed(Symbols, text.substr(1));
 }
 
+// One factor, all of whose letters were made small: "kpa" of "KPA".
+bool IsLoweredFactor(std::u16string_view text) {
+    static const std::u16string AllSymbols = Lowered(Symbols);
+    static const std::u16string AllWhole = Lowered(Whole);
+    static const std::u16string AllPrefixes = Lowered(Prefixes);
+    text = WithoutExponent(text);
+    if (text.empty()) return false;
+    const bool hasPrefix = AllPrefixes.find(text.front()) != std::u16string::npos;
+    return IsListed(AllWhole, text) || IsListed(AllSymbols, text) ||
+           (hasPrefix && IsListed(AllSymbols, text.substr(1)));
+}
+
 // In brackets, a unit may be of other case, and words may be before or after it: "%rh", "Kj/m²", "hPa abs",
 // "% sat", "mg/stroke", "$/mt".
 bool IsUnitWithWords(std::u16string_view text) {
@@ -214,16 +226,16 @@ std::u16string_view MaybeUnitInName(std::u16string_view name) {
 }
 
 bool IsUnitInCapitals(std::u16string_view text) {
-    constexpr std::u16string_view Parts =
-        u" % DEG C F K PCT PPM PPB PA KPA MPA HPA MBAR BAR PSI PSIG PSIA IN FT YD MM CM M KM M2 M3 FT3 WC "
-        u"H2O HG RH "
-        u"G KG LB LBS TON TONS L ML GAL GPM CFM LPM V MV KV VOLT VOLTS A MA AMP AMPS W KW MW WH KWH MWH "
-        u"VA KVA KVAR HZ KHZ MHZ RPM MPH KPH KM/H MS S SEC MIN HR HRS H DAY BTU BTUH DB NM KN N J KJ ";
+    // Nothing but these stands for a unit only beside others: "IN WC", "FT H2O", "% RH".
+    constexpr std::u16string_view Others = u" wc h2o hg rh lpm lbs ton tons gpm kph ";
     text = TrimWhiteSpace(text);
-    if (text.empty()) return false;
+    const bool isInCapitals =
+        std::none_of(text.begin(), text.end(), [](char16_t c) { return c >= u'a' && c <= u'z'; });
+    if (text.empty() || !isInCapitals) return false;
     for (std::size_t at = 0; at <= text.size();) {
         const std::size_t end = std::min(text.find_first_of(u" /.", at), text.size());
-        if (end != at && !IsListed(Parts, text.substr(at, end - at))) return false;
+        const std::u16string part = Lowered(text.substr(at, end - at));
+        if (!part.empty() && !IsListed(Others, part) && !IsLoweredFactor(part)) return false;
         at = end + 1;
     }
     return true;

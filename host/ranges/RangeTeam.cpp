@@ -50,12 +50,17 @@ bool RangeTeam::WorkOn(RangeWorker& worker, const Range& range) {
     const std::optional<RunState> before = StateBefore(range);
     if (!before) return false;
     if (!worker.IsConfirmed(*before, Joined.Guide)) {
-        ++RepeatedRanges;
+        NoteRepeated();
         worker.BeGuidedAs(Joined.Guide);
         if (!Import(worker, *before)) return false;
     }
     Join(worker, range, *before);
     return true;
+}
+
+void RangeTeam::NoteRepeated() {
+    const std::lock_guard lock(Mutex);
+    ++RepeatedRanges;
 }
 
 bool RangeTeam::Import(RangeWorker& worker, const RunState& from) {

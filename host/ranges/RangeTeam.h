@@ -61,6 +61,7 @@ class RangeTeam {
 
     void Join(RangeWorker& worker, const Range& range, const RunState& before);
     void Stop(Outcome outcome);
+    void NoteRepeated();
     bool IsRepeatedTooOften() const;
 
     const RangeRun Joined;

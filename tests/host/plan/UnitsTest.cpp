@@ -22,6 +22,14 @@ TEST(PlanUnits, AreKnownWithPrefixesPowersAndQuotients) {
         EXPECT_FALSE(IsUnit(Utf8ToUtf16(text))) << text;
 }
 
+TEST(PlanUnits, MayBeInCapitals) {
+    for (const char* unit :
+         {"DEG F", "PCT", "IN WC", "KPA", "MBAR", "M3/HR", "%RH", "% RH", "GPM", "KWH", "V"})
+        EXPECT_TRUE(IsUnitInCapitals(Utf8ToUtf16(unit))) << unit;
+    for (const char* text : {"", "TEMP", "kPa", "FAN", "AHU1.SAT", "X", "DATE", "12"})
+        EXPECT_FALSE(IsUnitInCapitals(Utf8ToUtf16(text))) << text;
+}
+
 struct UnitCase {
     const char* Name;
     const char* Unit;

@@ -1,0 +1,155 @@
+// A signal whose values have a fixed size.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <span>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "host/store/SignalBase.h"
+
+namespace kelvarin::store {
+// Values of a fixed size: bool as a byte, int64, double, char16_t.
+template <class Value>
+class FixedSignal final : public SignalBase {
+  public:
+    FixedSignal(SignalDescription description, std::uint32_t id, SharedStore& store)
+        : SignalBase(std::move(description), id, store), Values(store.Memory) {}
+
+    // The case of nearly all samples is kept so short that it calls nothing.
+    DM::EResult AddSample(const void* data, std::uint32_t, std::int64_t time) override {
+        if (data == nullptr || Values.IsFull() || !IsTimeOfRow(time)) return AddSpecial(data, time);
+        CountAt(time);
+        AppendValue(data);
+        return DM::ResultOk;
+    }
+
+    void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const override {
+        const std::uint64_t count = CountKept(limit);
+        TimeAxis::Reader times(*Axis);
+        typename BlockList<Value>::Reader values(Values);
+        for (std::uint64_t row = 0; row < count; ++row) {
+            const Value value = values.Next();
+            visit(times.Next(), IsGap(row) ? nullptr : &value, sizeof value);
+        }
+    }
+
+    void Take(StoredSignal& other, bool keep) override {
+        auto& part = static_cast<FixedSignal&>(other);
+        CloseBlock();
+        std::uint64_t row = 0;
+        part.Values.VisitBlocks([&](std::span<const Value> values) {
+            Summarize(values, part, row);
+            row += values.size();
+        });
+        CountAll(part.Sum);
+        if (keep) {
+            const auto before = static_cast<std::ptrdiff_t>(OpenRow);
+            if (!part.Gaps.empty()) {
+                Gaps.resize(static_cast<std::size_t>(OpenRow) + part.Gaps.size());
+                std::copy(part.Gaps.begin(), part.Gaps.end(), Gaps.begin() + before);
+            }
+            OpenRow += row;
+            Values.Take(part.Values);
+        }
+        part.Restart();
+    }
+
+    void Drop() override {
+        Values.Clear();
+        Restart();
+    }
+
+  private:
+    void Restart() {
+        Sum = {};
+        OpenRow = 0;
+        Gaps.clear();
+    }
+
+    [[gnu::noinline]] DM::EResult AddSpecial(const void* data, std::int64_t time) {
+        if (Values.IsFull()) FlushBlock();
+        if (!IsTimeOfRow(time)) AppendTime(time);
+        CountAt(time);
+        if (data == nullptr) {
+            NoteGap();
+            Values.Append(Value{});
+        } else {
+            AppendValue(data);
+        }
+        return DM::ResultOk;
+    }
+
+    void AppendValue(const void* data) {
+        Value value;
+        std::memcpy(&value, data, sizeof value);
+        Values.Append(value);
+    }
+
+    void FlushBlock() {
+        SummarizeRest();
+        Values.Flush(CountBlock());
+    }
+
+    // Ends the open block where it is, before samples that were kept elsewhere.
+    void CloseBlock() {
+        SummarizeRest();
+        if (CountBlock()) {
+            Values.Seal();
+        } else {
+            Values.Flush(false);
+        }
+    }
+
+    // Counts the rows of the open block if it is kept, which is returned.
+    bool CountBlock() {
+        const std::size_t count = Values.Open().size();
+        const bool keep = IsPart || KeepsBlock(count);
+        if (keep) OpenRow += count;
+        if (Gaps.size() > OpenRow) Gaps.resize(static_cast<std::size_t>(OpenRow));
+        return keep;
+    }
+
+    void NoteGap() {
+        ++Sum.WithoutValue;
+        Gaps.resize(static_cast<std::size_t>(OpenRow) + Values.Open().size() + 1);
+        Gaps.back() = true;
+    }
+
+    bool IsGap(std::uint64_t row) const { return row < Gaps.size() && Gaps[static_cast<std::size_t>(row)]; }
+
+    // Of the open block.
+    void SummarizeRest() override {
+        if (!IsPart) Summarize(Values.Open(), *this, OpenRow);
+    }
+
+    // Values of a signal, this one or a part's, in its rows from `row` on.
+    void Summarize(std::span<const Value> values, const FixedSignal& signal, std::uint64_t row) {
+        std::vector<Value> present;
+        std::vector<std::uint8_t> valid;
+        if (signal.Gaps.size() > row) {
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                valid.push_back(!signal.IsGap(row + i));
+                if (valid.back() != 0) present.push_back(values[i]);
+            }
+        }
+        if (Sink != nullptr && !values.empty())
+            Sink->TakeValues(values.data(), values.size(), valid.empty() ? nullptr : valid.data());
+        if (!valid.empty()) values = present;
+        if (values.empty()) return;
+        const auto bytesOf = [](const Value& value) {
+            return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+        };
+        if (!Sum.First) Sum.First = bytesOf(values.front());
+        Sum.Last = bytesOf(values.back());
+        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Plot.Add(values);
+    }
+
+    BlockList<Value> Values;
+    std::uint64_t OpenRow = 0;  // of the open block's first value, among the rows in Values
+    std::vector<bool> Gaps;     // rows in Values without a value, up to the last such row
+};
+}  // namespace kelvarin::store
