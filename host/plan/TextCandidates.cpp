@@ -91,7 +91,8 @@ int TimeCandidates::YearOf(const std::vector<std::u16string_view>& texts) const 
     constexpr int CommonYear = 2001;
     constexpr int LeapYear = 2004;
     const bool hasLeapDay = std::any_of(texts.begin(), texts.end(), [](std::u16string_view text) {
-        return !ParseInAnyOrder(text, CommonYear) && ParseInAnyOrder(text, LeapYear);
+        return text.find(u"29") != text.npos && !ParseInAnyOrder(text, CommonYear) &&
+               ParseInAnyOrder(text, LeapYear);
     });
     return hasLeapDay ? LeapYear : CommonYear;
 }
