@@ -68,6 +68,7 @@ void JoinQuotedNames(FileSample& sample) {
             joined += u' ' + lines[end++].Text;
         if (EndsInQuotes(joined) || (end < lines.size() && EndsInQuotes(lines[end].Text))) return;
         lines[end - 1].Text = std::move(joined);
+        lines[end - 1].Lines = end - i;
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i),
                     lines.begin() + static_cast<std::ptrdiff_t>(end - 1));
         sample.Head -= end - 1 - i;

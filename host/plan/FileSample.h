@@ -15,6 +15,7 @@ struct SampleLine {
     std::uint64_t Number = 0;  // of the file, from 1; 0 where the lines before were not counted
     std::u16string Text;
     bool IsAfterGap = false;  // lines before it were left out
+    std::size_t Lines = 1;  // of the file; more for names with line ends in quotes, Number is the last one's
 };
 
 struct FileSample {

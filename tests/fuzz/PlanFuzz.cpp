@@ -15,14 +15,19 @@ using kelvarin::plan::TimeTrial;
 
 void CheckSample(const ReadingPlan& plan, const std::vector<std::u16string>& lines) {
     std::uint64_t before = 0;
+    std::uint64_t sampled = 0;  // lines
     for (const auto& line : plan.Sample.Lines) {
         if (line.Number == 0) continue;
         Check(line.Number > before && line.Number <= lines.size(),
               "sampled lines are lines of the file in order");
-        Check(line.Text == lines[line.Number - 1], "a sampled line has the text of the file's");
+        Check(line.Lines >= 1 && before + line.Lines <= line.Number, "no line is sampled twice");
+        std::u16string text = lines[line.Number - line.Lines];
+        for (std::size_t i = line.Number - line.Lines + 1; i < line.Number; ++i) text += u' ' + lines[i];
+        Check(line.Text == text, "a sampled line has the text of the file's");
+        sampled += line.Lines;
         before = line.Number;
     }
-    Check(!plan.Sample.IsWhole || plan.Sample.Lines.size() == lines.size(), "a whole sample has every line");
+    Check(!plan.Sample.IsWhole || sampled == lines.size(), "a whole sample has every line");
 }
 
 void CheckTable(const ReadingPlan& plan, const std::vector<std::u16string>& lines) {
