@@ -22,6 +22,7 @@ namespace {
 struct CheckOptions {
     std::string RejectsFile;   // for the rejected rows; empty: none
     bool RejectCells = false;  // among them those with a refused cell
+    std::size_t Threads = 1;   // that read a large file
     ReadingOptions Reading;
 };
 
@@ -49,6 +50,7 @@ check::CheckResult RunOnce(const ModuleLoader& module, const CheckOptions& optio
     if (options.RejectCells) wanted.Wanted.Refused = &rejected;
     wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
     wanted.Cancel = &InterruptFlag();
+    wanted.Threads = options.Threads;
     wanted.Reading = reading.Automatic();
     return check::RunCheck(module, PathFromNative(file), wanted);
 }
@@ -112,6 +114,7 @@ int CheckFiles(const ModuleLoader& module, const CommonOptions& common, CheckOpt
         const int refusal = RefuseOverwriting(common, {file, file + ".info"}, {options.RejectsFile});
         if (refusal != ExitDone) return refusal;
     }
+    options.Threads = many.Threads();
     const int status = shared.Prepare(module, common, many, options.Reading);
     if (status != ExitDone) return status;
     return many.Run(common.Files, Phrase("checked"),
@@ -138,6 +141,7 @@ void AddCheckCommand(CommandLine& line) {
         .add_flag("--reject-cells", options->RejectCells,
                   Phrase("With --rejects: also the rows with a refused cell"))
         ->needs(rejects);
+    many->AddThreadsOption(command);
     AddReadingOptions(command, options->Reading);
     shared->AddOption(command);
     many->AddOptions(command);

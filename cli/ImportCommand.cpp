@@ -1,7 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
-#include <thread>
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
@@ -39,7 +38,7 @@ RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& opti
     run.KeepSamples = options.KeepSamples ? KeepAll : options.Samples.value_or(0);
     run.KeepMessages = common.Json ? options.Messages : 0;
     run.Cancel = &InterruptFlag();
-    run.Threads = options.Threads != 0 ? options.Threads : std::thread::hardware_concurrency();
+    run.Threads = options.Threads;
     run.OnProgress = [&progress, &options](std::uint32_t percent) {
         if (options.OnProgress) options.OnProgress();
         progress.Show(percent);
@@ -168,8 +167,7 @@ int ImportJoined(const ModuleLoader& module, const CommonOptions& common, const 
 
 int ImportFiles(const ModuleLoader& module, const CommonOptions& common, ImportOptions& options,
                 ManyFiles& many, SharedPlan& shared) {
-    // The processors are those of the other processes too.
-    if (many.IsShare() && options.Threads == 0) options.Threads = 1;
+    options.Threads = many.Threads();
     if (!options.StorePath.empty() && many.HasProcesses()) {
         Complain(Phrase("--store FILE.h5 is written by one process; leave --jobs out"));
         return ExitWrongUsage;
@@ -253,12 +251,7 @@ void AddImportCommand(CommandLine& line) {
                "every sample to an HDF5 file"),
         SetStore);
     add("--base-time", "NS", Phrase("Start of relative measurement time in nanoseconds"), SetBaseTime);
-    constexpr std::size_t MostThreads = 256;
-    command
-        .add_option("--threads", options->Threads,
-                    Phrase("Read a large file by N threads (default: one for each processor)"))
-        ->type_name("N")
-        ->check(CLI::Range(std::size_t{1}, MostThreads));
+    many->AddThreadsOption(command);
     AddReadingOptions(command, options->Reading);
     AddSaveOption(command, options->Reading);
     command

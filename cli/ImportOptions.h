@@ -21,7 +21,7 @@ struct ImportOptions {
     std::optional<std::int64_t> BaseTime;  // start of relative time in nanoseconds; none: the fixed epoch
     std::function<void()> OnProgress;      // called while a run goes on; may be empty
     bool Joins = false;                    // the files make one device
-    std::size_t Threads = 0;               // that read a large file; 0: one for each processor
+    std::size_t Threads = 1;               // that read a large file
     ReadingOptions Reading;
 };
 

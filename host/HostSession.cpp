@@ -170,7 +170,6 @@ void HostSession::NoteProgress(std::uint32_t progress, RunResult& result) const 
 
 bool HostSession::CanReadRanges() const {
     if (Options.Threads < 2 || Options.MostLines != AllLines || Store == nullptr) return false;
-    if (Options.Sink != nullptr || Options.Observer != nullptr) return false;
     const CCsvImportSettings* const settings = SettingsOf(*ImportFilter);
     if (settings == nullptr || settings->GetColumnCount() > Options.Sizes.MostColumns) return false;
     std::error_code unknown;
@@ -187,8 +186,8 @@ bool HostSession::ReadRanges(RunResult& result) {
         if (!ReadLines(result, result.Lines + Options.Sizes.HeadLines)) return true;
     } while (leader.GetState().Line == firstRow);
     plan::RunGuide* const guide = Options.Reading == nullptr ? nullptr : Options.Reading->Guiding();
-    ranges::RangeTeam team({Module, *ImportFilter, *Store, *this, guide, Options.Cancel,
-                            [&](ranges::RangeResult& range) { TakeRange(range, result); }},
+    ranges::RangeTeam team({Module, *ImportFilter, *Store, *this, guide, Options.Cancel, Options.Observer,
+                            [&](ranges::RangeResult& range) { return TakeRange(range, result); }},
                            Options.Sizes, Options.Threads);
     const ranges::RangeTeam::Outcome outcome = team.Run();
     result.Interrupted = outcome == ranges::RangeTeam::Outcome::Interrupted;
@@ -196,11 +195,12 @@ bool HostSession::ReadRanges(RunResult& result) {
     return outcome != ranges::RangeTeam::Outcome::GivenUp;
 }
 
-void HostSession::TakeRange(ranges::RangeResult& range, RunResult& result) {
+bool HostSession::TakeRange(ranges::RangeResult& range, RunResult& result) {
     for (auto& [lines, message] : range.Messages)
         AddMessage(std::move(message), FirstDataLine + result.Lines + lines, result);
     for (const std::uint32_t progress : range.Progress) NoteProgress(progress, result);
     result.Lines += range.Lines;
     result.Failed = range.Failed;
+    return Options.Sink == nullptr || !Options.Sink->HasFailed();
 }
 }  // namespace kelvarin

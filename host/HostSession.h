@@ -142,7 +142,8 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     // Reads a large file in ranges, if that can be done. False: there are lines left.
     bool ReadRanges(RunResult& result);
     bool CanReadRanges() const;
-    void TakeRange(ranges::RangeResult& range, RunResult& result);
+    // False: the sink has failed.
+    bool TakeRange(ranges::RangeResult& range, RunResult& result);
     void AddMessage(ImportMessage message, std::uint64_t line, RunResult& result);
     void NoteProgress(std::uint32_t progress, RunResult& result) const;
 

@@ -5,6 +5,7 @@
 #include <new>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
+#include <thread>
 
 #include "cli/Complaints.h"
 #include "cli/SharedPlan.h"
@@ -21,7 +22,7 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 // No message begins with it.
-constexpr char Mark = '\x1e';
+constexpr char SummaryMark = '\x1e';
 
 constexpr std::size_t MostNamed = 20;
 
@@ -111,11 +112,11 @@ std::string SummaryLine(const FilesSummary& summary) {
                            {"failed", summary.Failed},
                            {"samples", summary.Samples},
                            {"findings", summary.WithFindings}};
-    return Mark + document.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n";
+    return SummaryMark + document.dump(-1, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
 FilesSummary TakeSummary(std::string& messages) {
-    const std::size_t mark = messages.rfind(Mark);
+    const std::size_t mark = messages.rfind(SummaryMark);
     if (mark == std::string::npos) return {};
     const std::size_t end = messages.find('\n', mark);
     const Json document = Json::parse(messages.substr(mark + 1, end - mark - 1), nullptr, false);
@@ -132,6 +133,21 @@ void ManyFiles::AddOptions(CLI::App& command) {
         ->check(CLI::Range(1, MostJobs));
     command.add_flag("--recursive", Recursive, Phrase("With a folder as FILE: also the folders in it"));
     command.add_flag(ProcessOption, IsProcess)->group("");
+}
+
+void ManyFiles::AddThreadsOption(CLI::App& command) {
+    constexpr std::size_t MostThreads = 256;
+    command
+        .add_option("--threads", WantedThreads,
+                    Phrase("Read a large file by N threads (default: one for each processor)"))
+        ->type_name("N")
+        ->check(CLI::Range(std::size_t{1}, MostThreads));
+}
+
+std::size_t ManyFiles::Threads() const {
+    if (WantedThreads != 0) return WantedThreads;
+    // The processors are those of the other processes too.
+    return IsProcess ? 1 : std::thread::hardware_concurrency();
 }
 
 int ManyFiles::Run(const std::vector<std::string>& arguments, const std::string& done, const Work& work,

@@ -1,4 +1,4 @@
-// A command's walk over its files, with the options --jobs and --recursive.
+// A command's walk over its files, with the options --jobs, --recursive and --threads.
 #pragma once
 
 #include <cstdint>
@@ -48,6 +48,13 @@ class ManyFiles {
     // Adds the options to a command, which outlives this object. Without them the files are done one by one.
     void AddOptions(CLI::App& command);
 
+    // Adds --threads to a command that imports.
+    void AddThreadsOption(CLI::App& command);
+
+    // How many threads may read a large file: as asked for, else one for each processor, but one in a
+    // process that has got a share of the files.
+    std::size_t Threads() const;
+
     // Does the work for each file, or hands shares of the files to processes of the program. Folders and
     // patterns are expanded. One line at the end sums up, always or after an expansion and with --jobs;
     // `done` is its word for a file that was done. Returns the worst exit status.
@@ -68,7 +75,8 @@ class ManyFiles {
 
   private:
     CLI::App* Command = nullptr;
-    int Jobs = 0;  // 0: not asked for
+    int Jobs = 0;                   // 0: not asked for
+    std::size_t WantedThreads = 0;  // 0: not asked for
     bool Recursive = false;
     std::vector<std::string> Given;
     bool IsProcess = false;  // started by another one, which makes the summary

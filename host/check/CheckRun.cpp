@@ -132,6 +132,7 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     runOptions.OnProgress = options.OnProgress;
     runOptions.Observer = &observer;
     runOptions.Cancel = options.Cancel;
+    runOptions.Threads = options.Threads;
     runOptions.Reading = options.Reading;
     HostSession session(module, path, runOptions);
     if (session.Filter().Find<IObservedRun>() == nullptr) {

@@ -83,11 +83,12 @@ struct CheckOptions {
     WantedLines Wanted;
     std::function<void(std::uint32_t)> OnProgress;  // told each new percentage; may be empty
     const std::atomic<bool>* Cancel = nullptr;      // ends the run once it is true, set from any thread
+    std::size_t Threads = 1;                        // at most, for a large file
     plan::AutomaticReading* Reading = nullptr;      // as that of RunOptions
 };
 
 // Imports the file at `path` under the settings in force (SettingsLayer) and stores nothing. Takes the time
-// of an import, on the thread of the caller; memory doesn't grow with the file. Raises nothing: a file that
+// of an import; memory doesn't grow with the file. Raises nothing: a file that
 // can't be read is a result.
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options);
 

@@ -12,7 +12,9 @@ RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t t
     for (std::size_t i = 0; i < threads; ++i) {
         auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
                                                     run.Device, run.Guide, run.Cancel, sizes.MostMessages);
-        if (worker->Follow(Leader)) Workers.push_back(std::move(worker));
+        if (!worker->Follow(Leader)) continue;
+        if (run.Observer != nullptr) worker->KeepRecord();
+        Workers.push_back(std::move(worker));
     }
 }
 
@@ -112,12 +114,15 @@ std::optional<RunState> RangeTeam::StateBefore(const Range& range) {
 
 void RangeTeam::Join(RangeWorker& worker, const Range& range, const RunState& before) {
     RunState behind = worker.StateAfter(before);
-    const bool isLast = !range.End || behind.Offset < *range.End || worker.Result().Failed;
+    bool isLast = !range.End || behind.Offset < *range.End || worker.Result().Failed;
     std::exception_ptr failure;
     bool isAppended = false;
     try {
         isAppended = Joined.Device.Append(worker.Device());
-        if (isAppended) Joined.OnJoined(worker.Result());
+        if (isAppended) {
+            if (Joined.Observer != nullptr) worker.Record().Replay(*Joined.Observer);
+            if (!Joined.OnJoined(worker.Result())) isLast = true;
+        }
     } catch (const std::exception&) {
         failure = std::current_exception();
     }

@@ -23,7 +23,9 @@ struct RangeRun {
     IRelativeTimeContext& Times;
     plan::RunGuide* Guide;  // of the run; null for none
     const std::atomic<bool>* Cancel;
-    std::function<void(RangeResult& result)> OnJoined;  // gets each range's result in order, one at a time
+    IRunObserver* Observer;  // hears what the run in order would tell; null for none
+    std::function<bool(RangeResult& result)> OnJoined;  // gets each range's result in order, one at a time;
+                                                        // false: the run ends behind it
 };
 
 // Each thread takes the next range, assumes in what state the run comes to it, and imports it. When the

@@ -27,6 +27,10 @@ bool RangeWorker::Follow(IRangeReading& leader) {
     return Reading != nullptr && Reading->Follow(leader);
 }
 
+void RangeWorker::KeepRecord() {
+    if (IObservedRun* const run = Filter->Find<IObservedRun>()) run->ObserveRun(&Told);
+}
+
 CDevice* RangeWorker::CreateDevice(std::u16string, const char16_t*, int) {
     Part = Whole.MakePart();
     return Part.get();
@@ -41,6 +45,7 @@ void RangeWorker::Import(const RunState& assumed) {
     Assumed = assumed;
     Imported = {};
     MessageBytes = 0;
+    Told.Clear();
     Part->Clear();
     Reading->BeginRange(assumed);
     std::uint32_t progress = Unset;
@@ -52,7 +57,7 @@ void RangeWorker::Import(const RunState& assumed) {
         }
         more = Filter->ImportNextLine(&progress);
         const bool anyFailure = CollectMessages();
-        if (MessageBytes > MostMessages) {
+        if (MessageBytes > MostMessages || Told.Bytes() > MostMessages) {
             Imported.HasTooMany = true;
             return;
         }

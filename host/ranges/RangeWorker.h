@@ -12,6 +12,7 @@
 #include "contract/ImportFilter.h"
 #include "contract/RangeReading.h"
 #include "host/plan/RunGuide.h"
+#include "host/ranges/RunRecord.h"
 #include "host/store/StoredDevice.h"
 
 namespace kelvarin::ranges {
@@ -29,17 +30,20 @@ struct RangeResult {
     std::vector<std::uint32_t> Progress;                            // percentages as they changed
     bool Failed = false;                                            // a read error ended it
     bool Interrupted = false;
-    bool HasTooMany = false;  // messages to keep, which ended it
+    bool HasTooMany = false;  // messages or events to keep, which ended it
 };
 
 // Made and destroyed on the thread of the run; in between one thread at a time uses it.
 class RangeWorker : private IDeviceHost {
   public:
     // `whole` is the device of all ranges, `guide` that of the run, null for none, `cancel` as of RunOptions.
-    // At most so many bytes of messages are kept of a range.
+    // At most so many bytes of messages are kept of a range, and of what an observer is to hear.
     RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
                 const store::StoredDevice& whole, const plan::RunGuide* guide,
                 const std::atomic<bool>* cancel, std::size_t mostMessages);
+
+    // What Record has of each import from now on.
+    void KeepRecord();
     ~RangeWorker() override;
 
     // Before all else: false if the filter can't follow the leader.
@@ -61,6 +65,7 @@ class RangeWorker : private IDeviceHost {
     RunState StateAfter(const RunState& truth) const;
 
     RangeResult& Result() { return Imported; }
+    const RunRecord& Record() const { return Told; }
     store::StoredDevice& Device() { return *Part; }
     const plan::RunGuide* Guide() const { return Asked ? &*Asked : nullptr; }
 
@@ -81,6 +86,7 @@ class RangeWorker : private IDeviceHost {
     IRangeReading* Reading;  // of Filter; null if it has none
     RunState Assumed;
     RangeResult Imported;
+    RunRecord Told;
     std::size_t MessageBytes = 0;
 };
 }  // namespace kelvarin::ranges

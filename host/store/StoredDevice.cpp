@@ -27,7 +27,8 @@ DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t*
 
 std::unique_ptr<StoredDevice> StoredDevice::MakePart() const {
     auto part = std::make_unique<StoredDevice>(Name, Description, 0, nullptr, Columns);
-    const std::uint64_t keepLimit = Store->KeepLimit == 0 ? 0 : ~std::uint64_t{0};
+    const bool keepsNothing = Store->KeepLimit == 0 && Store->Sink == nullptr;
+    const std::uint64_t keepLimit = keepsNothing ? 0 : ~std::uint64_t{0};
     part->Store = std::make_unique<SharedStore>(keepLimit, nullptr, true);
     return part;
 }
@@ -39,6 +40,9 @@ bool StoredDevice::Append(StoredDevice& part) {
         !std::all_of(part.Signals.begin(), part.Signals.end(), hasSharedTimes))
         return false;
     const bool keep = Store->Axis->Count() < Store->KeepLimit;
+    // A sink gets the time of a row before the last of its samples.
+    if (Store->Sink != nullptr)
+        part.Store->Axis->VisitTimes([&](std::int64_t time) { Store->Sink->TakeTime(time); });
     for (std::size_t i = 0; i < Signals.size(); ++i) Signals[i]->Take(*part.Signals[i], keep);
     Store->Axis->Take(*part.Store->Axis);
     if (keep) {

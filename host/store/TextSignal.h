@@ -60,6 +60,11 @@ class TextSignal final : public SignalBase {
     void Take(StoredSignal& other, bool keep) override {
         auto& part = static_cast<TextSignal&>(other);
         part.SummarizeRest();
+        if (Sink != nullptr) {
+            part.VisitSamples(part.Sum.Count, [&](std::int64_t, const void* text, std::uint32_t size) {
+                Sink->TakeText(static_cast<const char16_t*>(text), size / sizeof(char16_t));
+            });
+        }
         if (!Sum.First) Sum.First = part.Sum.First;
         if (keep) {
             Sizes.Take(part.Sizes);

@@ -90,6 +90,13 @@ class TimeAxis {
         Moment Now;
     };
 
+    // Calls `visit` with each time, if all are kept.
+    template <class Visit>
+    void VisitTimes(Visit visit) const {
+        Reader reader(*this);
+        for (std::uint64_t i = 0; i < Rows; ++i) visit(reader.Next());
+    }
+
   private:
     void Restart() {
         Rows = 0;

@@ -114,6 +114,35 @@ TEST(FaultsOfRanges, EndARunAsWithoutRanges) {
     }
 }
 
+// Takes a number of times and fails.
+class FullSink final : public store::DeviceSink {
+  public:
+    store::SignalSink* AddSignal(const store::SignalDescription&) override { return nullptr; }
+    void TakeTime(std::int64_t) override { ++Times; }
+    bool HasFailed() const override { return Times >= 5000; }
+
+    int Times = 0;
+};
+
+TEST(FaultsOfRanges, ASinkThatFailsEndsTheRun) {
+    const TestProfile profile({"AutoFormat=0", "Separator=0", "FirstLine=1", "ImportHeader=1",
+                               "DateSetting=2", "TimeColumn=1", "TimestampFormat=[s]"});
+    Workdir folder;
+    const std::u16string path = folder.Write("data.csv", "t;n;v\n" + Rows(1, RowCount + 1));
+    for (const std::size_t threads : {std::size_t{1}, std::size_t{3}}) {
+        FullSink sink;
+        RunOptions options;
+        options.Sink = &sink;
+        options.Threads = threads;
+        options.Sizes = RangesOf(4000);
+        HostSession session(HostModule(), path, options);
+        const RunResult result = session.Run();
+        EXPECT_FALSE(result.Failed || result.Interrupted);
+        EXPECT_EQ(result.Lines, static_cast<std::uint64_t>(sink.Times));
+        EXPECT_LT(sink.Times, 6000) << threads << " threads: the run goes on";
+    }
+}
+
 TEST(FaultsOfRanges, AnInterruptKeepsTheRowsBeforeIt) {
     const TestProfile profile({"AutoFormat=0", "Separator=0", "FirstLine=1", "ImportHeader=1",
                                "DateSetting=2", "TimeColumn=1", "TimestampFormat=[s]"});

@@ -18,6 +18,9 @@ struct Cut {
     std::uint64_t HeadLines;
 };
 
+// Who gets what the run gives, beside its device.
+enum class Told { Nobody, Observer, ObserverAndSink };
+
 struct Outcome {
     std::string Text;
     bool TakesCopy;
@@ -26,7 +29,7 @@ struct Outcome {
 
 // Without a cut line by line.
 Outcome Import(const std::u16string& path, const GeneratedTable& table, bool guesses, std::size_t keep,
-               const Cut* cut = nullptr, bool givesUp = false) {
+               Told told, const Cut* cut = nullptr, bool givesUp = false) {
     plan::AutomaticOptions automatic;
     automatic.IsOff = !guesses;
     if (!guesses) automatic.Wishes = table.Types;
@@ -35,6 +38,10 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
     options.KeepSamples = keep;
     options.KeepMessages = KeepAll;
     options.Reading = &reading;
+    HeardText heard;
+    if (told != Told::Nobody) options.Observer = &heard;
+    SunkText sunk;
+    if (told == Told::ObserverAndSink) options.Sink = &sunk;
     options.Threads = cut == nullptr ? 1 : cut->Threads;
     if (cut != nullptr) {
         options.Sizes.LeastFile = 1;
@@ -45,7 +52,7 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
     }
     HostSession session(HostModule(), path, options);
     const RunResult result = session.Run();
-    const std::string text = DescribeRun(session, result);
+    const std::string text = DescribeRun(session, result) + heard.Text() + sunk.Text();
     return {text, reading.TakesCopy(), result.RepeatedRanges};
 }
 
@@ -67,9 +74,12 @@ std::uint64_t CompareRuns(std::uint32_t begin, std::uint32_t end) {
         const TestProfile profile(guesses ? ::SettingList() : table.Settings);
         const std::u16string path = folder.Write("data.csv", table.Bytes);
         const std::size_t keep = number % 4 == 0 ? 0 : number % 4 == 1 ? 10 : KeepAll;
-        const Outcome whole = Import(path, table, guesses, keep);
+        const Told told = number % 7 == 0  ? Told::Nobody
+                          : number % 7 < 4 ? Told::Observer
+                                           : Told::ObserverAndSink;
+        const Outcome whole = Import(path, table, guesses, keep, told);
         for (const Cut& cut : Cuts(table.Bytes.size())) {
-            const Outcome ranges = Import(path, table, guesses, keep, &cut, number % 5 == 0);
+            const Outcome ranges = Import(path, table, guesses, keep, told, &cut, number % 5 == 0);
             EXPECT_EQ(ranges.Text, whole.Text)
                 << "table " << number << " with " << table.About << ", ranges of " << cut.Range << " bytes\n"
                 << table.Bytes;

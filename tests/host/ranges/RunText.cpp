@@ -33,6 +33,72 @@ void Describe(const store::StoredSignal& signal, std::ostream& out) {
 
 }  // namespace
 
+std::ostream& HeardText::Begin(const char* what, const RowPlace& place) {
+    return Out << '\n' << what << ' ' << place.Line << '/' << place.MessageLine << ' ';
+}
+
+void HeardText::OnRowStored(const RowPlace& place, std::int64_t time) {
+    Begin("stored", place) << time;
+}
+
+void HeardText::OnRowDropped(const DroppedRow& row) {
+    Begin("dropped", row.Place) << static_cast<int>(row.Reason) << ' ' << Utf16ToUtf8(row.TimeText) << ' '
+                                << testing::PrintToString(row.Time);
+    for (const char16_t* const cell : row.Cells) Out << '|' << Utf16ToUtf8(cell);
+}
+
+void HeardText::OnCellRefused(const RefusedCell& cell) {
+    Begin("refused", cell.Place) << cell.Column << ' ' << cell.Type << ' ' << Utf16ToUtf8(cell.Text);
+}
+
+void HeardText::OnTimeBefore1990(const RowPlace& place, std::int64_t time) {
+    Begin("before 1990", place) << time;
+}
+
+void HeardText::OnBlankLine(const RowPlace& place) {
+    Begin("blank", place);
+}
+
+class SunkText::Signal final : public store::SignalSink {
+  public:
+    explicit Signal(std::size_t size) : Size(size) {}
+
+    void TakeValues(const void* values, std::size_t count, const std::uint8_t* valid) override {
+        const auto* const bytes = static_cast<const unsigned char*>(values);
+        for (std::size_t i = 0; i < count; ++i) {
+            if (valid != nullptr && valid[i] == 0) {
+                Out << "none ";
+                continue;
+            }
+            for (std::size_t j = 0; j < Size; ++j) Out << int{bytes[i * Size + j]} << '.';
+            Out << ' ';
+        }
+    }
+    void TakeText(const char16_t* text, std::size_t length) override {
+        Out << (text == nullptr ? "none" : '"' + Utf16ToUtf8({text, length}) + '"') << ' ';
+    }
+
+    std::ostringstream Out;
+
+  private:
+    const std::size_t Size;
+};
+
+SunkText::SunkText() = default;
+
+SunkText::~SunkText() = default;
+
+store::SignalSink* SunkText::AddSignal(const store::SignalDescription& about) {
+    Signals.push_back(std::make_unique<Signal>(about.Size));
+    return Signals.back().get();
+}
+
+std::string SunkText::Text() const {
+    std::string text = Times.str();
+    for (const auto& signal : Signals) text += '\n' + signal->Out.str();
+    return text;
+}
+
 std::string DescribeRun(HostSession& session, const RunResult& result) {
     std::ostringstream out;
     out << "begun " << result.Begun << ", failed " << result.Failed << ' ' << result.Failure << ", lines "
