@@ -30,8 +30,6 @@ namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
 
 namespace {
-constexpr std::size_t NameWidth = 40;
-
 // A line of the report, or several where the terminal is narrower.
 void WriteLine(ReportStream out, const TerminalText& label, const std::string& text) {
     const std::size_t indent = TextWidth(ReportLabel("").Bytes);

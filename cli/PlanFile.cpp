@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
+#include "cli/TypeNames.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
@@ -27,7 +28,6 @@ constexpr std::uint64_t MostRows = 1'000'000'000;
 constexpr std::size_t MostColumns = 1'000'000;
 
 // The words of an enumeration, by its values.
-constexpr std::array TypeWords = {"text", "character", "boolean", "integer", "hexadecimal", "float"};
 constexpr std::array KindWords = {"text", "parts", "number", "interval"};
 constexpr std::array OrderWords = {"year first", "day first", "month first"};
 constexpr std::array ProofWords = {"unneeded", "texts", "name", "steps", "custom", "none"};
@@ -82,7 +82,7 @@ std::size_t ColumnOf(const Json& json, const char* key, std::size_t width) {
 Json ColumnToJson(const PlannedColumn& column, const plan::CellCounts& cells) {
     Json json = {{"name", Utf16ToUtf8(column.Name)}, {"unit", Utf16ToUtf8(column.Unit)}};
     // No cell that was looked at tells the type.
-    json["type"] = cells.Filled() == 0 ? Json(nullptr) : Json(WordOf(TypeWords, column.Type));
+    json["type"] = cells.Filled() == 0 ? Json(nullptr) : Json(WordOf(PlanTypeWords, column.Type));
     if (cells.Truth > 0) json["words"] = true;
     if (column.HasAmounts) json["amounts"] = true;
     return json;
@@ -136,7 +136,7 @@ void ReadColumn(const Json& json, std::uint64_t rows, ReadingPlan& shared) {
     column.Unit = Utf8ToUtf16(json.at("unit").get<std::string>());
     column.HasAmounts = json.value("amounts", false);
     if (!json.at("type").is_null()) {
-        column.Type = ValueOf<plan::ColumnType>(TypeWords, json, "type");
+        column.Type = ValueOf<plan::ColumnType>(PlanTypeWords, json, "type");
         column.Cells = plan::UsualCells(column, json.value("words", false), rows);
     }
     shared.Columns.push_back(std::move(column));

@@ -1,9 +1,13 @@
-// The words of --type.
+// The words of --type, and of the types of a plan.
 #pragma once
 
+#include <array>
 #include <string>
 
 namespace kelvarin::cli {
+// The words of JSON documents for the types of a plan's columns, by the values of plan::ColumnType.
+constexpr std::array PlanTypeWords = {"text", "character", "boolean", "integer", "hexadecimal", "float"};
+
 // The word for a data type of the module, a number from 1; empty for a type that has none.
 std::string TypeOption(int type);
 

@@ -9,8 +9,7 @@
 
 namespace kelvarin::cli {
 namespace {
-constexpr std::size_t MostColumnsShown = 40;
-constexpr std::size_t NameWidth = 40;
+constexpr std::size_t MostColumnsListed = 40;
 constexpr std::size_t CellWidth = 24;
 
 std::string FaultsInWords(const check::CheckResult& result) {
@@ -57,7 +56,7 @@ void WriteColumns(ReportStream out, const check::CheckResult& result) {
     for (const check::ColumnCheck& column : result.Columns) {
         const check::FilePlaces& refused = column.Refused;
         const bool any = refused.Count != 0;
-        if ((!any && column.Empty == 0) || ++count > MostColumnsShown) continue;
+        if ((!any && column.Empty == 0) || ++count > MostColumnsListed) continue;
         table.AddRow({std::to_string(column.Column), OneLine(Utf16ToUtf8(column.Name), NameWidth),
                       any ? DataTypeInWords(column.Type) : "", any ? Phrase("{} refused", refused.Count) : "",
                       any ? PlaceText(refused.FirstFew.front()) : "",
@@ -67,8 +66,8 @@ void WriteColumns(ReportStream out, const check::CheckResult& result) {
     if (count == 0) return;
     out << ReportHeading(Phrase("columns")) << "\n";
     table.Write(out, "    ");
-    if (count > MostColumnsShown)
-        out << "    " << Phrase("... and {} more columns", count - MostColumnsShown) << "\n";
+    if (count > MostColumnsListed)
+        out << "    " << Phrase("... and {} more columns", count - MostColumnsListed) << "\n";
 }
 
 void WriteIntervals(TextTable& table, const check::IntervalStatistics& intervals) {

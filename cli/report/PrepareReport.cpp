@@ -3,8 +3,10 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Complaints.h"
+#include "cli/TypeNames.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/JsonReport.h"
+#include "cli/report/TextLayout.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "host/plan/CopyInWords.h"
@@ -15,11 +17,9 @@ namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
 
 namespace {
-constexpr std::size_t NameWidth = 40;
 
-// The words of the JSON document, by the values of their enumerations.
+// The words of the JSON document, by the values of the enumeration.
 constexpr const char* TimesWords[] = {"local", "utc", "elapsed"};
-constexpr const char* TypeWords[] = {"text", "character", "boolean", "integer", "hexadecimal", "float"};
 
 // The columns of the file that the times come from, from 1.
 std::vector<std::size_t> TimeColumns(const plan::ReadingPlan& plan) {
@@ -107,7 +107,7 @@ Json ColumnsToJson(const PrepareReport& report) {
         columns.push_back({{"column", i + 1},
                            {"name", Utf16ToUtf8(column.Name)},
                            {"unit", Utf16ToUtf8(column.Unit)},
-                           {"type", TypeWords[static_cast<std::size_t>(type)]}});
+                           {"type", PlanTypeWords[static_cast<std::size_t>(type)]}});
     }
     return columns;
 }

@@ -1,6 +1,7 @@
 // What reports look like on a terminal: labels, and columns that line up.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -8,6 +9,9 @@
 #include "platform/framework/TerminalText.h"
 
 namespace kelvarin::cli {
+// Columns on the terminal that the name of a signal or a column takes at most.
+constexpr std::size_t NameWidth = 40;
+
 // The text as the heading of the lines below it, without a line end.
 TerminalText ReportHeading(const std::string& text);
 

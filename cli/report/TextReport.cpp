@@ -11,7 +11,6 @@
 
 namespace kelvarin::cli {
 namespace {
-constexpr std::size_t NameWidth = 40;
 constexpr std::size_t ValueWidth = 24;
 constexpr std::size_t PlotWidth = 24;
 constexpr std::size_t MostColumnsShown = 200;

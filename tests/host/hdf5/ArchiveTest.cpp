@@ -93,33 +93,43 @@ std::string InWords(const kelvarin::store::SampleCheck::Difference* difference) 
            " <> " + difference->Imported.substr(0, 20);
 }
 
-// Writes a file in which a device has `stored` and compares it with one that gets `imported`.
-std::string WriteAndCompare(const Change& stored, const Change& imported) {
-    const Workdir folder;
-    const std::string path = folder.NativePath("a.h5").string();
-    std::string complaint;
-    const kelvarin::store::SampleOrigin origin{
-        12, 34, {{"Separator", "1"}, {"OtherSeparator", "a=b"}}, 56, true};
-    {
-        const auto file = kelvarin::store::CreateSampleFile(path, complaint);
-        if (file == nullptr) return complaint;
+// A file in which a device has `stored`, after one that was dropped.
+class StoredFile {
+  public:
+    explicit StoredFile(const Change& stored) {
+        const auto file = kelvarin::store::CreateSampleFile(Path(), Complaint);
+        if (file == nullptr) return;
         Feed(file->BeginDevice(), Change());
         file->DropDevice();
         const auto device = Feed(file->BeginDevice(), stored);
-        complaint = file->KeepDevice(*device, origin);
-        complaint += file->Finish();
+        Complaint = file->KeepDevice(*device, Origin);
+        Complaint += file->Finish();
+        EXPECT_EQ(Complaint, "");
     }
-    EXPECT_EQ(folder.Names(), "a.h5");
-    const auto archive = kelvarin::store::OpenSampleFile(path, complaint);
-    const auto check = archive == nullptr ? nullptr : archive->FindDevice("d/1.csv", 0, complaint);
-    if (check == nullptr) return complaint;
-    EXPECT_EQ(check->Origin().Settings, origin.Settings);
-    EXPECT_EQ(check->Origin().BaseTime, origin.BaseTime);
-    EXPECT_EQ(archive->FindDevice("d/1.csv", 1, complaint), nullptr) << "a dropped device must not be seen";
-    const auto device = Feed(*check, imported);
-    const kelvarin::store::SampleCheck::Difference* const difference = check->Compare(*device);
-    return check->Failure() + InWords(difference);
-}
+
+    // In words, how a device that gets `imported` differs from the file's.
+    std::string Compare(const Change& imported) {
+        EXPECT_EQ(Folder.Names(), "a.h5");
+        const auto archive = kelvarin::store::OpenSampleFile(Path(), Complaint);
+        const auto check = archive == nullptr ? nullptr : archive->FindDevice("d/1.csv", 0, Complaint);
+        if (check == nullptr) return Complaint;
+        EXPECT_EQ(check->Origin().Settings, Origin.Settings);
+        EXPECT_EQ(check->Origin().BaseTime, Origin.BaseTime);
+        EXPECT_EQ(archive->FindDevice("d/1.csv", 1, Complaint), nullptr)
+            << "a dropped device must not be seen";
+        const auto device = Feed(*check, imported);
+        const kelvarin::store::SampleCheck::Difference* const difference = check->Compare(*device);
+        return check->Failure() + InWords(difference);
+    }
+
+  private:
+    std::string Path() const { return Folder.NativePath("a.h5").string(); }
+
+    const Workdir Folder;
+    const kelvarin::store::SampleOrigin Origin{
+        12, 34, {{"Separator", "1"}, {"OtherSeparator", "a=b"}}, 56, true};
+    std::string Complaint;
+};
 
 TEST(Archive, GivesBackWhatItWasGivenAndFindsEveryChange) {
     const struct {
@@ -153,8 +163,9 @@ TEST(Archive, GivesBackWhatItWasGivenAndFindsEveryChange) {
         {"a description", {.Description = u"Table"}, " description: Text <> Table"},
         {"a column", {.FirstColumn = 9}, "s column: 1 <> 9"},
     };
-    for (const auto& test : cases) EXPECT_EQ(WriteAndCompare({}, test.Imported), test.Found) << test.Name;
-    EXPECT_EQ(WriteAndCompare({.Rows = 3}, {.Rows = 3}), "equal") << "less than a chunk";
+    StoredFile file({});
+    for (const auto& test : cases) EXPECT_EQ(file.Compare(test.Imported), test.Found) << test.Name;
+    EXPECT_EQ(StoredFile({.Rows = 3}).Compare({.Rows = 3}), "equal") << "less than a chunk";
 }
 
 // Signals may have times of their own by the contract; the module's never do.
