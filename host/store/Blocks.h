@@ -108,7 +108,8 @@ class BlockList {
     }
 
     // Takes over the values of another list, but for the first `skip`, which lie in one block; it is empty
-    // afterwards. The memory of both must outlive this list.
+    // afterwards and keeps the room that it has. The memory of both must outlive this list; that of the other
+    // is to be retained.
     void Take(BlockList& other, std::size_t skip = 0) {
         other.Seal();
         if (skip != 0) {
@@ -122,13 +123,15 @@ class BlockList {
         Seal();
         Blocks.insert(Blocks.end(), other.Blocks.begin() + (skip == 0 ? 0 : 1), other.Blocks.end());
         other.Blocks.clear();
+        other.Retained = {other.Begin, other.End};
     }
 
-    // Forgets all values and the memory that they had.
+    // Forgets all values, and the memory that they had but for the room kept when values were taken over.
     void Clear() {
         Blocks.clear();
-        Begin = Next = End = nullptr;
-        Size = 0;
+        Begin = Next = Retained.Begin;
+        End = Retained.End;
+        if (Begin == nullptr) Size = 0;
     }
 
     // Calls `visit` with the values of each block, in order, as a span that is valid during the call.
@@ -187,6 +190,10 @@ class BlockList {
     Value* Begin = nullptr;  // of the open block
     Value* Next = nullptr;
     Value* End = nullptr;
+    struct {
+        Value* Begin = nullptr;
+        Value* End = nullptr;
+    } Retained;  // an open block without values
     std::size_t Size = 0;  // values for which memory was taken last
 };
 }  // namespace kelvarin::store

@@ -20,19 +20,23 @@ class TextBlocks {
     // The bytes of the text appended last, by its length and by what Append returned.
     std::string Last(std::size_t length, bool isNarrow) const;
 
-    // Takes over the texts of another object, which is empty afterwards. The memory of both must outlive this
-    // one.
+    // Takes over the texts of another object, which is empty afterwards and keeps the room that it has. The
+    // memory of both must outlive this one; that of the other is to be retained.
     void Take(TextBlocks& other) {
         if (other.Blocks.empty()) return;
         Blocks.insert(Blocks.end(), other.Blocks.begin(), other.Blocks.end());
         // The rest of the last block's room stays with the other.
         Block& last = Blocks.back();
-        other.Blocks.assign(1, {last.Bytes + last.Used, 0, last.Size - last.Used});
+        other.Retained = {last.Bytes + last.Used, 0, last.Size - last.Used};
+        other.Blocks.assign(1, other.Retained);
         last.Size = last.Used;
     }
 
-    // Forgets all texts and the memory that they had.
-    void Clear() { Blocks.clear(); }
+    // Forgets all texts, and the memory that they had but for the room kept when texts were taken over.
+    void Clear() {
+        Blocks.clear();
+        if (Retained.Size != 0) Blocks.push_back(Retained);
+    }
 
     // Reads the texts in order, each by its length and by what Append returned.
     class Reader {
@@ -64,5 +68,6 @@ class TextBlocks {
 
     Arena& Memory;
     std::vector<Block> Blocks;
+    Block Retained{};  // without texts
 };
 }  // namespace kelvarin::store
