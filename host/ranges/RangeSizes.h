@@ -13,5 +13,6 @@ struct RangeSizes {
     int MostColumns = 1000;          // of a file that is read in ranges: each thread has signals for them
     std::size_t MostMessages = std::size_t{3} << 20;  // bytes of their texts in a range
     bool GivesUp = true;                              // once many ranges have to be imported again
+    bool AssumesHead = false;  // ranges begin from the state behind the head, however many are joined
 };
 }  // namespace kelvarin::ranges

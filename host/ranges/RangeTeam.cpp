@@ -7,8 +7,9 @@ RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t t
     : Joined(run),
       Sizes(sizes),
       Leader(*run.Leader.Find<IRangeReading>()),
-      State(Leader.GetState()),
-      Expected(State) {
+      Head(Leader.GetState()),
+      State(Head),
+      Expected(Head) {
     for (std::size_t i = 0; i < threads; ++i) {
         auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
                                                     run.Device, run.Guide, run.Cancel, sizes.MostMessages);
@@ -94,7 +95,7 @@ std::optional<RunState> RangeTeam::StateToAssume(RangeWorker& worker, const Rang
     std::unique_lock lock(Mutex);
     Changed.wait(lock, [&] { return Ended || Counted == range.Index; });
     if (Ended) return std::nullopt;
-    RunState assumed = State;
+    RunState assumed = Sizes.AssumesHead ? Head : State;
     assumed.Line = Expected.Line;
     assumed.BlankLines = Expected.BlankLines;
     Expected.Line += static_cast<std::int64_t>(lines.Rows);

@@ -69,6 +69,7 @@ class RangeTeam {
     const RangeRun Joined;
     const RangeSizes Sizes;
     IRangeReading& Leader;
+    const RunState Head;
     std::vector<std::unique_ptr<RangeWorker>> Workers;
 
     std::mutex Mutex;  // of all below

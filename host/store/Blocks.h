@@ -193,7 +193,7 @@ class BlockList {
     struct {
         Value* Begin = nullptr;
         Value* End = nullptr;
-    } Retained;  // an open block without values
+    } Retained;            // an open block without values
     std::size_t Size = 0;  // values for which memory was taken last
 };
 }  // namespace kelvarin::store

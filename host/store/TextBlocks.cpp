@@ -39,6 +39,7 @@ bool TextBlocks::Append(const char16_t* text, std::size_t length) {
 }
 
 std::string TextBlocks::Last(std::size_t length, bool isNarrow) const {
+    if (length == 0) return {};  // of which no block needs to tell
     std::u16string text(length, 0);
     const Block& last = Blocks.back();
     Widen(last.Bytes + last.Used - (isNarrow ? length : length * sizeof(char16_t)), isNarrow, text);

@@ -1,7 +1,9 @@
 // Texts of UTF-16 one after the other, in blocks that never move.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -23,8 +25,9 @@ class TextBlocks {
     // Takes over the texts of another object, which is empty afterwards and keeps the room that it has. The
     // memory of both must outlive this one; that of the other is to be retained.
     void Take(TextBlocks& other) {
-        if (other.Blocks.empty()) return;
-        Blocks.insert(Blocks.end(), other.Blocks.begin(), other.Blocks.end());
+        if (other.Blocks.empty() || other.Blocks.back().Used == 0) return;
+        const auto hasTexts = [](const Block& block) { return block.Used != 0; };
+        std::copy_if(other.Blocks.begin(), other.Blocks.end(), std::back_inserter(Blocks), hasTexts);
         // The rest of the last block's room stays with the other.
         Block& last = Blocks.back();
         other.Retained = {last.Bytes + last.Used, 0, last.Size - last.Used};

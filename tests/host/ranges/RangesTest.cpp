@@ -16,6 +16,7 @@ struct Cut {
     std::size_t Threads;
     std::uint64_t Range;  // bytes
     std::uint64_t HeadLines;
+    bool AssumesHead = false;
 };
 
 // Who gets what the run gives, beside its device.
@@ -48,6 +49,7 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
         options.Sizes.Range = cut->Range;
         options.Sizes.HeadLines = cut->HeadLines;
         options.Sizes.GivesUp = givesUp;
+        options.Sizes.AssumesHead = cut->AssumesHead;
         if (givesUp) options.Sizes.MostMessages = 2000;
     }
     HostSession session(HostModule(), path, options);
@@ -58,7 +60,7 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
 
 // Every number of bytes up to the length of a line, so that each line begins a range of some run, and more.
 std::vector<Cut> Cuts(std::size_t size) {
-    std::vector<Cut> cuts = {{2, 1, 1}, {4, 1, 3}, {3, 1, 10}};
+    std::vector<Cut> cuts = {{2, 1, 1}, {4, 1, 3}, {3, 1, 10}, {2, 1, 1, true}};
     for (std::uint64_t range = 2; range < size; range += 1 + range / 3) cuts.push_back({2, range, 1});
     return cuts;
 }
