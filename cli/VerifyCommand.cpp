@@ -154,7 +154,6 @@ class Verification {
         options.BaseTime = check.Origin().BaseTime;
         options.OnProgress = onProgress;
         options.Sink = &check;
-        options.Threads = ManyFiles().Threads();
         options.Reading = reading.Automatic();
         HostSession session(Module, PathFromNative(source), std::move(options));
         Comparison comparison{session.Run(), session.Device() != nullptr, nullptr};

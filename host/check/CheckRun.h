@@ -88,8 +88,7 @@ struct CheckOptions {
 };
 
 // Imports the file at `path` under the settings in force (SettingsLayer) and stores nothing. Takes the time
-// of an import; memory doesn't grow with the file. Raises nothing: a file that
-// can't be read is a result.
+// of an import; memory doesn't grow with the file. Raises nothing: a file that can't be read is a result.
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options);
 
 // Fills in the counts of a result whose Format, Letters, Columns and Series are there before the first row.

@@ -80,7 +80,13 @@ void BeginHdf5() {
     constexpr int Most = 1 << 20;
     constexpr int MostOfAKind = 1 << 16;
     Hdf5Checked(H5set_free_list_limits(Most, MostOfAKind, Most, MostOfAKind, Most, MostOfAKind));
-    Hdf5Checked(H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr));
+    KeepHdf5Quiet();
+}
+
+void KeepHdf5Quiet() {
+    thread_local bool isQuiet = false;
+    if (!isQuiet) Hdf5Checked(H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr));
+    isQuiet = true;
 }
 
 Hdf5Handle MakeGroup(hid_t parent, const std::string& name) {

@@ -41,14 +41,21 @@ std::string FailureOf(Call call) {
     }
 }
 
-// Remembers the first failure of many calls, for sinks, which may raise nothing.
+// After BeginHdf5: the library prints nothing from now on where this thread calls it.
+void KeepHdf5Quiet();
+
+// Remembers the first failure of many calls, for sinks, which may raise nothing and are called by any thread.
 struct FailureGuard {
     std::string Failure;  // empty: none so far
 
     // Does nothing after a failure.
     template <class Call>
     void Try(Call call) {
-        if (Failure.empty()) Failure = FailureOf(call);
+        if (!Failure.empty()) return;
+        Failure = FailureOf([&] {
+            KeepHdf5Quiet();
+            call();
+        });
     }
 };
 

@@ -175,8 +175,8 @@ void CellCounts::AddWord(std::u16string_view cell, char16_t mark, std::uint64_t 
     IsOneWord = IsOneWord && cell == Word;
     if (cell.size() == 1) Single += cells;
     const std::optional<AmountParts> amount = AmountPartsIn(cell);
-    if (!amount || (Amounts > 0 && AmountUnit != amount->Unit)) return;
-    if (Amounts == 0) AmountUnit = amount->Unit;
+    if (!amount || (!AmountUnit.empty() && AmountUnit != amount->Unit)) return;
+    AmountUnit = amount->Unit;
     Amounts += cells;
     if (amount->Number.find(mark) != amount->Number.npos) DecimalAmounts += cells;
 }

@@ -34,7 +34,7 @@ struct CellCounts {
 
     // Adds so many cells of one text that is no plain number and not empty.
     void Add(std::u16string_view cell, char16_t mark, const CellFacts& facts, std::uint64_t cells = 1);
-    // The cells of another file.
+    // The cells of another file, or of other rows.
     void Add(const CellCounts& other);
 
     // Cells that hold a value.

@@ -19,12 +19,21 @@ RunGuide RunGuide::ForRange() const {
     RunGuide range(Plan, CopyLines, ReadsTimes);
     range.HadTotal = HasTotal;
     range.HasTotal = HasTotal;
+    range.Refused.resize(Refused.size());
+    for (std::size_t i = 0; i < Refused.size(); ++i) range.Refused[i].AmountUnit = Refused[i].AmountUnit;
     return range;
 }
 
 bool RunGuide::Confirms(const RunGuide& range) const {
     const bool askedForTotal = range.AreRowsOutOfOrder || range.HasTotal != range.HadTotal;
-    return range.HadTotal == HasTotal || !askedForTotal;
+    if (range.HadTotal != HasTotal && askedForTotal) return false;
+    // Amounts are counted in the unit of the first one.
+    for (std::size_t i = 0; i < std::min(Refused.size(), range.Refused.size()); ++i) {
+        const std::u16string& unit = Refused[i].AmountUnit;
+        const std::u16string& unitOfRange = range.Refused[i].AmountUnit;
+        if (!unit.empty() && !unitOfRange.empty() && unit != unitOfRange) return false;
+    }
+    return true;
 }
 
 void RunGuide::Add(const RunGuide& range) {

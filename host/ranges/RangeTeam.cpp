@@ -10,13 +10,19 @@ RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t t
       Head(Leader.GetState()),
       State(Head),
       Expected(Head) {
-    for (std::size_t i = 0; i < threads; ++i) {
-        auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
-                                                    run.Device, run.Guide, run.Cancel, sizes.MostMessages);
-        if (!worker->Follow(Leader)) continue;
-        if (run.Observer != nullptr) worker->KeepRecord();
-        Workers.push_back(std::move(worker));
+    try {
+        for (std::size_t i = 0; i < threads; ++i) AddWorker(run, sizes);
+    } catch (const std::exception&) {
+        // Not enough memory for more: fewer threads need less, and without any the leader goes on alone.
     }
+}
+
+void RangeTeam::AddWorker(const RangeRun& run, const RangeSizes& sizes) {
+    auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
+                                                run.Device, run.Guide, run.Cancel, sizes.MostMessages);
+    if (!worker->Follow(Leader)) return;
+    if (run.Observer != nullptr) worker->KeepRecord();
+    Workers.push_back(std::move(worker));
 }
 
 RangeTeam::Outcome RangeTeam::Run() {
@@ -47,7 +53,10 @@ void RangeTeam::Work(RangeWorker& worker) {
 }
 
 bool RangeTeam::WorkOn(RangeWorker& worker, const Range& range) {
-    const std::optional<RunState> assumed = StateToAssume(worker, range, worker.Load(range));
+    const RangeLines lines = worker.Load(range);
+    // Written to since the place was found: one thread reads what is there now.
+    if (!lines.AreWhole) Stop(Outcome::GivenUp);
+    const std::optional<RunState> assumed = StateToAssume(worker, range, lines);
     if (!assumed) return false;
     if (!Import(worker, *assumed)) return false;
     const std::optional<RunState> before = StateBefore(range);
@@ -78,8 +87,9 @@ std::optional<Range> RangeTeam::Claim() {
     const std::lock_guard lock(Mutex);
     if (Ended || IsLastTaken) return std::nullopt;
     Range range{Taken, Expected.Offset, {}};
-    if (!Leader.FindLineStart(range.Begin + Sizes.Range, range.End)) {
-        // One thread finds the failure where it is.
+    if (!Leader.FindLineStart(range.Begin + Sizes.Range, range.End) ||
+        range.End.value_or(0) > range.Begin + Sizes.Range + Sizes.LongestLine) {
+        // One thread finds the failure where it is, or has the one long line in memory.
         Ended = Outcome::GivenUp;
         Changed.notify_all();
         return std::nullopt;
@@ -123,13 +133,14 @@ void RangeTeam::Join(RangeWorker& worker, const Range& range, const RunState& be
         if (isAppended) {
             if (Joined.Observer != nullptr) worker.Record().Replay(*Joined.Observer);
             if (!Joined.OnJoined(worker.Result())) isLast = true;
+            const std::lock_guard lock(Mutex);
+            if (Joined.Guide != nullptr) Joined.Guide->Add(*worker.Guide());
         }
     } catch (const std::exception&) {
         failure = std::current_exception();
     }
     const std::lock_guard lock(Mutex);
     if (isAppended && !failure) {
-        if (Joined.Guide != nullptr) Joined.Guide->Add(*worker.Guide());
         State = std::move(behind);
         ++JoinedRanges;
     }

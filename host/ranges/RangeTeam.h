@@ -38,13 +38,14 @@ class RangeTeam {
     RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t threads);
 
     // Imports all ranges. GivenUp: the leader is to go on, from behind the ranges that were joined. Once
-    // only. Raises std::bad_alloc. The leader then has the state of the run.
+    // only. The leader then has the state of the run. Raises std::bad_alloc, after which the run has failed.
     Outcome Run();
 
     // Ranges that were imported twice.
     std::uint64_t Repeated() const { return RepeatedRanges; }
 
   private:
+    void AddWorker(const RangeRun& run, const RangeSizes& sizes);
     void Work(RangeWorker& worker);
     bool WorkOn(RangeWorker& worker, const Range& range);
 

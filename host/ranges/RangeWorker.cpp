@@ -6,7 +6,7 @@
 
 namespace kelvarin::ranges {
 RangeWorker::RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
-                         const store::StoredDevice& whole, const plan::RunGuide* guide,
+                         store::StoredDevice& whole, const plan::RunGuide* guide,
                          const std::atomic<bool>* cancel, std::size_t mostMessages)
     : Whole(whole),
       Cancel(cancel),

@@ -39,10 +39,10 @@ class RangeWorker : private IDeviceHost {
     // `whole` is the device of all ranges, `guide` that of the run, null for none, `cancel` as of RunOptions.
     // At most so many bytes of messages are kept of a range, and of what an observer is to hear.
     RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
-                const store::StoredDevice& whole, const plan::RunGuide* guide,
-                const std::atomic<bool>* cancel, std::size_t mostMessages);
+                store::StoredDevice& whole, const plan::RunGuide* guide, const std::atomic<bool>* cancel,
+                std::size_t mostMessages);
 
-    // What Record has of each import from now on.
+    // From now on Record has what each import tells an observer.
     void KeepRecord();
     ~RangeWorker() override;
 
@@ -77,7 +77,7 @@ class RangeWorker : private IDeviceHost {
     void FinishDevice(CDevice*) override {}
     bool CollectMessages();
 
-    const store::StoredDevice& Whole;
+    store::StoredDevice& Whole;
     const std::atomic<bool>* const Cancel;
     const std::size_t MostMessages;
     std::unique_ptr<store::StoredDevice> Part;  // outlives the filter's use of its signals

@@ -45,7 +45,6 @@ class FixedSignal final : public SignalBase {
             Summarize(values, part, row);
             row += values.size();
         });
-        CountAll(part.Sum);
         if (keep) {
             const auto before = static_cast<std::ptrdiff_t>(OpenRow);
             if (!part.Gaps.empty()) {
@@ -55,6 +54,7 @@ class FixedSignal final : public SignalBase {
             OpenRow += row;
             Values.Take(part.Values);
         }
+        CountAll(part.Sum);
         part.Restart();
     }
 

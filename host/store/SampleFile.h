@@ -17,8 +17,9 @@ namespace kelvarin::store {
 class StoredDevice;
 struct SignalDescription;
 
-// Gets the samples of one signal in order. It is called by the module, so no exception may leave it: a
-// failure is remembered and reported by DeviceSink::HasFailed.
+// Gets the samples of one signal in order. It is called within the module, or on any thread that joins ranges
+// of a file, one at a time, so no exception may leave it: a failure is remembered and reported by
+// DeviceSink::HasFailed.
 class SignalSink {
   public:
     virtual ~SignalSink() = default;

@@ -36,6 +36,7 @@ struct SharedStore {
     const std::shared_ptr<TimeAxis> Axis;
     std::map<std::uint32_t, std::vector<std::string>> MetaData;  // of signals that only count, by their ids
     std::vector<std::unique_ptr<StoredDevice>> Parts;            // whose memory has samples of this device
+    std::size_t PartsMade = 0;
 };
 
 // A signal of the description's type; ids count from 1. The store outlives it.

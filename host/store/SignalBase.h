@@ -76,7 +76,10 @@ class SignalBase : public StoredSignal {
     }
 
     // How many samples a visit with this limit sees.
-    std::uint64_t CountKept(std::uint64_t limit) const { return std::min({limit, KeepLimit, Sum.Count}); }
+    // After a failure to append a part a signal may have more samples than times.
+    std::uint64_t CountKept(std::uint64_t limit) const {
+        return std::min({limit, KeepLimit, Sum.Count, Axis->Count()});
+    }
 
     // Adds what isn't in the summary yet to it.
     virtual void SummarizeRest() = 0;

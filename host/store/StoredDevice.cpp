@@ -25,7 +25,8 @@ DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t*
     return DM::ResultOk;
 }
 
-std::unique_ptr<StoredDevice> StoredDevice::MakePart() const {
+std::unique_ptr<StoredDevice> StoredDevice::MakePart() {
+    Store->Parts.reserve(++Store->PartsMade);  // for Keep
     auto part = std::make_unique<StoredDevice>(Name, Description, 0, nullptr, Columns);
     const bool keepsNothing = Store->KeepLimit == 0 && Store->Sink == nullptr;
     const std::uint64_t keepLimit = keepsNothing ? 0 : ~std::uint64_t{0};

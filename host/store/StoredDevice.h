@@ -1,6 +1,7 @@
 // The store of the embedded host: a device, its signals, their summaries and the first of their samples.
 //
-// A run fills a device on one thread. After Finish any number of threads may read it, until it is destroyed.
+// A run fills a device on one thread, or appends parts that others fill, one at a time. After Finish any
+// number of threads may read it, until it is destroyed.
 #pragma once
 
 #include <cstdint>
@@ -62,7 +63,7 @@ class StoredSignal : public DM::SignalProxy {
     // is taken over, else it can be dropped.
     virtual void Take(StoredSignal& part, bool keep) = 0;
 
-    // Forgets all samples, and the memory that they had.
+    // Forgets all samples, and the memory that they had but for what the device retains.
     virtual void Drop() = 0;
 
     // True if its samples have the times of the device.
@@ -98,7 +99,7 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
 
     // A device for some of the rows of this one, to be filled on another thread and appended. It is never
     // finished.
-    std::unique_ptr<StoredDevice> MakePart() const;
+    std::unique_ptr<StoredDevice> MakePart();
 
     // Appends the samples of a part, which has the same signals and is empty afterwards. False, with nothing
     // done, if signals differ in their times.
@@ -107,7 +108,7 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
     // Empties a part.
     void Clear();
 
-    // Takes a part that is no longer filled: samples taken from it are in its memory.
+    // Takes a part that is no longer filled: samples taken from it are in its memory. Raises nothing.
     void Keep(std::unique_ptr<StoredDevice> part);
 
     const std::u16string Name;

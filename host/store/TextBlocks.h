@@ -25,7 +25,11 @@ class TextBlocks {
     // Takes over the texts of another object, which is empty afterwards and keeps the room that it has. The
     // memory of both must outlive this one; that of the other is to be retained.
     void Take(TextBlocks& other) {
-        if (other.Blocks.empty() || other.Blocks.back().Used == 0) return;
+        if (other.Blocks.empty()) return;
+        if (other.Blocks.back().Used == 0) {
+            other.Retained = other.Blocks.back();
+            return;
+        }
         const auto hasTexts = [](const Block& block) { return block.Used != 0; };
         std::copy_if(other.Blocks.begin(), other.Blocks.end(), std::back_inserter(Blocks), hasTexts);
         // The rest of the last block's room stays with the other.

@@ -62,7 +62,7 @@ class TimeAxis {
         other.Restart();
     }
 
-    // Forgets all times and the memory that they had.
+    // Forgets all times, and the memory that they had but for what is retained.
     void Clear() {
         Changes.Clear();
         Restart();

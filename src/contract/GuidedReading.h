@@ -17,8 +17,8 @@ struct ColumnChoice {
     bool Import = true;   // the column becomes a signal
 };
 
-// Asked and told during a run, on its thread, only about cells and rows that give a message: a run without
-// any costs nothing more.
+// Asked and told during a run, on one thread at a time, only about cells and rows that give a message: a run
+// without any costs nothing more.
 class IReadingGuide {
   public:
     virtual ~IReadingGuide() = default;

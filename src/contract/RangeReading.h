@@ -32,6 +32,7 @@ struct RunState {
 struct RangeLines {
     std::uint64_t Rows = 0;
     std::uint64_t Blank = 0;
+    bool AreWhole = true;  // false: the range no longer ends at the end of a line
 };
 
 // What a range says of the time before it, which was not known for sure when it began.

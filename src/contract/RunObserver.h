@@ -36,8 +36,9 @@ struct RefusedCell {
     const char16_t* Text;  // as the parser left it: without the marks that it removed or replaced
 };
 
-// Called on the thread of the run, within ImportNextLine, one row after the other. Pointers are valid during
-// the call. Times are nanoseconds on the scale of CTimeStamp.
+// Called by the filter within ImportNextLine, or by a host that joins ranges of the file (RangeReading.h): on
+// one thread at a time, one row after the other. Pointers are valid during the call. Times are nanoseconds on
+// the scale of CTimeStamp.
 class IRunObserver {
   public:
     virtual ~IRunObserver() = default;

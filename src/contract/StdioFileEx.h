@@ -53,6 +53,9 @@ class CStdioFileEx : public CFile {
     // it.
     void HoldRange(std::uint64_t begin, std::optional<std::uint64_t> end);
 
+    // False if the range that is held has bytes up to its end and doesn't end with a line end.
+    bool HoldsWholeLines() const;
+
     // Passes over the next line. `line` is filled only unless it begins with a printable character of ASCII
     // other than a space; else `isText`. False at the end.
     bool PassLine(std::u16string& line, bool& isText);

@@ -84,6 +84,7 @@ bool CCsvImportFilter::Follow(CCsvImportFilter& leader) {
 RangeLines CCsvImportFilter::LoadRange(std::uint64_t begin, std::optional<std::uint64_t> end) {
     SourceFile.HoldRange(begin, end);
     RangeLines lines;
+    lines.AreWhole = SourceFile.HoldsWholeLines();
     try {
         bool isText = false;
         while (SourceFile.PassLine(LineText, isText)) ++(!isText && IsBlankLine() ? lines.Blank : lines.Rows);

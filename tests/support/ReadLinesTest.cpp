@@ -74,3 +74,45 @@ TEST(ReadLines, BlocksCutNothing) {
         }
     }
 }
+
+// Bytes from one position to another, as they are held for one thread.
+TEST(ReadLines, OfRanges) {
+    const Workdir folder;
+    const struct {
+        std::string Bytes;
+        std::uint64_t Begin;
+        std::optional<std::uint64_t> End;
+        const char* Lines;
+        bool AreWhole;
+    } cases[] = {
+        {"a\nb\nc\n", 2, 4, "b@4", true},
+        {"a\nb\nc\n", 0, 4, "a@2 b@4", true},
+        {"a\nbb\nc\n", 2, 4, "bb@4", false},
+        {"a\nbb\nc", 2, std::nullopt, "bb@5 c@6", true},
+        {"a\r\nb\r\nc", 3, 6, "b@6", true},
+        {"a\rb\rc", 2, 4, "b@4", true},
+        {"a\rb\nc\n", 0, 2, "aR@2", false},
+        {"a\nb\n", 2, 40, "b@4", true},
+        {"\xFF\xFE"
+         "a\0\n\0b\0\n\0"s,
+         6, 10, "b@10", true},
+        {"\xFF\xFE"
+         "a\0\n\0b\n\n\0"s,
+         6, 8, "\u0A62@8", false},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.Bytes);
+        CStdioFileEx whole;
+        CFileException error(false);
+        ASSERT_TRUE(whole.Open(folder.Write("data", test.Bytes).c_str(), CFile::modeRead, &error));
+        std::u16string line;
+        ASSERT_TRUE(whole.ReadString(line));
+        CStdioFileEx range;
+        range.ShareFile(whole);
+        range.HoldRange(test.Begin, test.End);
+        EXPECT_EQ(range.HoldsWholeLines(), test.AreWhole);
+        EXPECT_EQ(Rest(range), test.Lines);
+        range.RewindRange();
+        EXPECT_EQ(Rest(range), test.Lines) << "once more";
+    }
+}

@@ -58,6 +58,12 @@ void LineReader::Hold() {
     }
 }
 
+bool LineReader::HoldsWholeLines() const {
+    if (*RangeEnd == FileEnd || BufferStart + Filled < *RangeEnd || Filled < UnitSize()) return true;
+    const char16_t last = UnitAt(Filled - UnitSize());
+    return last == u'\n' || (ReturnEndsLine && last == u'\r');
+}
+
 std::size_t LineReader::ReadMore() {
     char* const free = Buffer.data() + Filled;
     const std::size_t room = Buffer.size() - Filled;

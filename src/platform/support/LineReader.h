@@ -34,6 +34,9 @@ class LineReader {
     // before it.
     void Hold();
 
+    // False if a range before the end of the file was held up to its end, and doesn't end with a line end.
+    bool HoldsWholeLines() const;
+
     // Back to the first line of a range that is held.
     void Rewind() { LineStart = 0; }
 

@@ -41,6 +41,10 @@ void CStdioFileEx::HoldRange(std::uint64_t begin, std::optional<std::uint64_t> e
     Reader->Hold();
 }
 
+bool CStdioFileEx::HoldsWholeLines() const {
+    return Reader->HoldsWholeLines();
+}
+
 bool CStdioFileEx::PassLine(std::u16string& line, bool& isText) {
     return Reader->Pass(line, isText);
 }

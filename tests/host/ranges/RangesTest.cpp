@@ -122,6 +122,29 @@ TEST(Ranges, ConfirmARangeOnlyIfItsGuideKnewOfTheTotalBefore) {
     EXPECT_TRUE(run.AreLossesAvoidable());
 }
 
+// Only amounts in the unit of the first one are counted, and ranges don't know of it from the start.
+TEST(Ranges, CountAmountsInTheUnitOfTheFirst) {
+    plan::ReadingPlan plan;
+    plan.Mark = u'.';
+    plan.Columns = {{u"m", u"", plan::ColumnType::Integer}};
+    plan::RunGuide run(plan, nullptr, true);
+    run.IsMissing(0, u"5 kg");
+    plan::RunGuide other = plan::RunGuide(plan, nullptr, true).ForRange();
+    other.IsMissing(0, u"1.5 m");
+    other.IsMissing(0, u"2.5 kg");
+    EXPECT_FALSE(run.Confirms(other)) << "one thread counts the kilograms";
+    plan::RunGuide range = run.ForRange();
+    range.IsMissing(0, u"1.5 m");
+    EXPECT_TRUE(run.Confirms(range));
+    run.Add(range);
+    EXPECT_FALSE(run.AreLossesAvoidable()) << "metres are none of the column's amounts";
+    plan::RunGuide next = run.ForRange();
+    next.IsMissing(0, u"2.5 kg");
+    EXPECT_TRUE(run.Confirms(next));
+    run.Add(next);
+    EXPECT_TRUE(run.AreLossesAvoidable());
+}
+
 TEST(LimitsRanges, GiveWhatTheWholeFileGivesInManyTables) {
     EXPECT_GT(CompareRuns(40, 1000), 500u) << "too few ranges that began from another state";
 }
