@@ -1,6 +1,6 @@
-// The grammar is that of SplitLine. The characters that end cells are found for 64 characters at a time and
-// listed for the whole line; only then is the list walked. How many there are in 64 characters is hard to
-// predict for the processor, how many there are in a line is not.
+// The grammar is that of SplitLine. The characters that could mean something are found for 64 characters at a
+// time and listed for the whole line; only then is the list walked. How many there are in 64 characters is
+// hard to predict for the processor, how many there are in a line is not.
 #include "analysis/SplitPaddedLine.h"
 
 #include <bit>
@@ -14,9 +14,9 @@ namespace {
 constexpr char16_t DoubleQuote = u'"';
 constexpr std::size_t UnitsPerStep = simd::UnitsPerMask;
 
-// What there is among 64 characters: a bit for each, none after the line's end.
+// What there is among 64 characters: a bit for each, none behind the line's end.
 struct Found {
-    std::uint64_t Separators = 0;  // at first also those between quotes
+    std::uint64_t Separators = 0;
     std::uint64_t Quotes = 0;
     std::uint64_t End = 0;  // the first character that ends the line
 };
@@ -31,34 +31,6 @@ Found Find(const char16_t* text, char16_t separator) {
     found.Separators &= upToEnd;
     found.Quotes &= upToEnd;
     return found;
-}
-
-// What a step has to know of the characters before it.
-struct Quoting {
-    std::uint64_t Inside = 0;       // all bits if the step begins between quotes
-    std::uint64_t BeginsCell = 1;   // 1 if its first character begins a cell
-    std::uint64_t MustEndCell = 0;  // 1 if its first character has to end a cell, for IsOfCells to stay
-    bool IsOfCells = true;          // each quote begins a cell or ends one
-};
-
-// Sets the bits from each opening quote up to before the closing one.
-std::uint64_t FillBetween(std::uint64_t quotes) {
-    for (unsigned shift = 1; shift < UnitsPerStep; shift *= 2) quotes ^= quotes << shift;
-    return quotes;
-}
-
-// Leaves out the separators between quotes.
-void SettleQuotes(Found& found, Quoting& quoting) {
-    constexpr unsigned Last = UnitsPerStep - 1;
-    const std::uint64_t inside = FillBetween(found.Quotes) ^ quoting.Inside;
-    found.Separators &= ~inside;
-    const std::uint64_t begins = found.Separators << 1 | quoting.BeginsCell;
-    const std::uint64_t ends = found.Separators | found.End;
-    const std::uint64_t closing = found.Quotes & ~inside;
-    const std::uint64_t afterClosing = closing << 1 | quoting.MustEndCell;
-    quoting.IsOfCells &= (found.Quotes & inside & ~begins) == 0 && (afterClosing & ~ends) == 0;
-    quoting.Inside = 0 - (inside >> Last);
-    quoting.MustEndCell = closing >> Last;
 }
 
 unsigned CountBits(std::uint64_t bits) {
@@ -89,17 +61,18 @@ bool IsPlainCell(const char16_t* cell, const char16_t* end) {
     return end != cell && *cell > DoubleQuote && end[-1] > u' ';
 }
 
-// With `isOfCells` there is no quote within the outer ones to be looked for.
-char16_t* MakeSpecialCell(char16_t* cell, char16_t* end, bool isOfCells) {
-    const bool isQuoted = isOfCells && end - cell >= 2 && *cell == DoubleQuote && end[-1] == DoubleQuote;
-    if (!isQuoted) return MakeCell(cell, end);
+// Where both quotes stand at the ends, there is none inside to be looked for.
+char16_t* MakeQuotedCell(char16_t* cell, char16_t* end, unsigned quotes) {
+    const bool isWhole = quotes == 2 && end - cell >= 2 && *cell == DoubleQuote && end[-1] == DoubleQuote;
+    if (!isWhole) return MakeCell(cell, end);
     end[-1] = u'\0';
     return cell + 1;
 }
 
-// What a cell is made of. The list of places becomes the list of cells, which are never more; returns how
-// many there are.
-std::size_t MakeCells(char16_t* text, bool merge, bool isOfCells, char16_t** places, std::size_t count) {
+// What a cell is made of. The list of places becomes the list of cells, which are never more; each answers
+// how many there are.
+
+std::size_t MakeCells(char16_t* text, bool merge, char16_t** places, std::size_t count) {
     char16_t** next = places;
     char16_t* cell = text;
     for (std::size_t i = 0; i < count; ++i) {
@@ -108,9 +81,26 @@ std::size_t MakeCells(char16_t* text, bool merge, bool isOfCells, char16_t** pla
             *end = u'\0';
             *next++ = cell;
         } else if (!merge || end != cell || end == text) {
-            *next++ = MakeSpecialCell(cell, end, isOfCells);
+            *next++ = MakeCell(cell, end);
         }
         cell = end + 1;
+    }
+    return static_cast<std::size_t>(next - places);
+}
+
+std::size_t MakeQuotedCells(char16_t* text, char16_t separator, bool merge, char16_t** places,
+                            std::size_t count) {
+    char16_t** next = places;
+    char16_t* cell = text;
+    unsigned quotes = 0;  // of the cell
+    for (std::size_t i = 0; i < count; ++i) {
+        char16_t* const end = places[i];
+        const char16_t c = *end;
+        if (c == DoubleQuote) ++quotes;
+        if (!EndsLine(c) && (c != separator || quotes % 2 != 0)) continue;
+        if (!merge || end != cell || end == text) *next++ = MakeQuotedCell(cell, end, quotes);
+        cell = end + 1;
+        quotes = 0;
     }
     return static_cast<std::size_t>(next - places);
 }
@@ -118,20 +108,21 @@ std::size_t MakeCells(char16_t* text, bool merge, bool isOfCells, char16_t** pla
 }  // namespace
 
 void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {
-    // A separator that ends lines separates nothing, and a quote is more than a separator.
-    if (EndsLine(separator) || separator == DoubleQuote) return SplitLine(text, separator, merge, cells);
+    // A separator that ends lines separates nothing.
+    if (EndsLine(separator)) return SplitLine(text, separator, merge, cells);
     cells.clear();
-    Quoting quoting;
+    bool anyQuote = false;
     for (char16_t* step = text;; step += UnitsPerStep) {
-        Found found = Find(step, separator);
-        if ((found.Quotes | quoting.Inside | quoting.MustEndCell) != 0) SettleQuotes(found, quoting);
-        quoting.BeginsCell = found.Separators >> (UnitsPerStep - 1);
+        const Found found = Find(step, separator);
+        anyQuote |= found.Quotes != 0;
         char16_t** const places = cells.MakeRoom(UnitsPerStep + ListedAtOnce);
-        cells.SetSize(cells.size() + ListPlaces(step, found.Separators | found.End, places));
+        const std::uint64_t all = found.Separators | found.Quotes | found.End;
+        cells.SetSize(cells.size() + ListPlaces(step, all, places));
         if (found.End != 0) break;
     }
     const std::size_t count = cells.size();
     cells.clear();
     char16_t** const places = cells.MakeRoom(count);
-    cells.SetSize(MakeCells(text, merge, quoting.IsOfCells, places, count));
+    cells.SetSize(anyQuote ? MakeQuotedCells(text, separator, merge, places, count)
+                           : MakeCells(text, merge, places, count));
 }
