@@ -41,10 +41,10 @@ class RangeWorker : private IDeviceHost {
     RangeWorker(std::unique_ptr<CImportFilter> filter, IRelativeTimeContext& times,
                 store::StoredDevice& whole, const plan::RunGuide* guide, const std::atomic<bool>* cancel,
                 std::size_t mostMessages);
+    ~RangeWorker() override;
 
     // From now on Record has what each import tells an observer.
     void KeepRecord();
-    ~RangeWorker() override;
 
     // Before all else: false if the filter can't follow the leader.
     bool Follow(IRangeReading& leader);

@@ -51,6 +51,7 @@ Outcome Import(const std::u16string& path, const GeneratedTable& table, bool gue
         options.Sizes.GivesUp = givesUp;
         options.Sizes.AssumesHead = cut->AssumesHead;
         if (givesUp) options.Sizes.MostMessages = 2000;
+        if (givesUp && cut->HeadLines == 1) options.Sizes.LongestLine = 40;
     }
     HostSession session(HostModule(), path, options);
     const RunResult result = session.Run();
