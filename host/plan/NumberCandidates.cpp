@@ -37,7 +37,7 @@ struct TimeCandidates::NumberColumn {
 void TimeCandidates::AddNumbers() {
     if (Width == 1) return;
     for (std::size_t i = 0; i < Width; ++i) {
-        if (Texts[i].empty()) continue;
+        if (Texts[i].empty() || !IsWanted[i]) continue;
         NumberColumn column;
         column.Recipe.Kind = TimeKind::Number;
         column.Recipe.Columns = {i};

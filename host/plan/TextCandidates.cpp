@@ -9,11 +9,14 @@
 
 namespace kelvarin::plan {
 namespace {
+// A column with so many other texts that it is of none of the kinds has no counts.
 ColumnLook LookAt(const std::vector<std::u16string_view>& texts, int year) {
     ColumnLook look;
+    look.Filled = texts.size();
+    std::size_t others = 0;
     for (const std::u16string_view text : texts) {
-        ++look.Filled;
-        if (const std::optional<NumberLook> number = LookAtNumber(text)) {
+        const std::optional<NumberLook> number = LookAtNumber(text);
+        if (number) {
             ++look.Numbers;
             constexpr std::size_t DigitsOfDate = 8;
             if (number->HasExponent || (number->Mark != u'\0' && number->Digits < DigitsOfDate)) continue;
@@ -21,7 +24,11 @@ ColumnLook LookAt(const std::vector<std::u16string_view>& texts, int year) {
         }
         std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
         if (!time) time = ParseTime(text, {DateOrder::DayFirst, true});
-        if (!time) continue;
+        if (!time) {
+            others += !number;
+            if (!look.Is(texts.size() - others)) return {};
+            continue;
+        }
         look.Dates += time->HasDate && !time->HasClock;
         look.Clocks += !time->HasDate;
         look.Both += time->HasDate && time->HasClock;
@@ -69,8 +76,13 @@ bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const Time
 }
 }  // namespace
 
+void TimeCandidates::LookAtTexts() {
+    for (std::size_t i = 0; i < Width; ++i)
+        Looks.push_back(IsWanted[i] ? LookAt(Texts[i], YearOf(Texts[i])) : ColumnLook{});
+}
+
 void TimeCandidates::AddTexts() {
-    for (const auto& texts : Texts) Looks.push_back(LookAt(texts, YearOf(texts)));
+    LookAtTexts();
     for (std::size_t i = 0; i < Width; ++i) {
         const ColumnLook& look = Looks[i];
         const bool isNextNumber = i + 1 < Width && Looks[i + 1].Is(Looks[i + 1].Numbers);
@@ -148,6 +160,7 @@ void TimeCandidates::AddDates(std::size_t column) {
 }
 
 void TimeCandidates::AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance) {
+    if (!IsWanted[other]) return;
     const ColumnLook& look = Looks[other];
     const std::size_t column = date.Recipe.Columns.front();
     const bool isNamed = IsNamedClock(LabelOf(other));

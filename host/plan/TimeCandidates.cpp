@@ -9,6 +9,16 @@ TimeCandidates::TimeCandidates(const TableRows& rows, const Labels& labels, cons
     for (const auto& row : rows.Cells) Width = std::max(Width, row.size());
     Width = std::min(Width, MostLookedAt);
     for (std::size_t i = 0; i < Width; ++i) Texts.push_back(TextsOf(rows, i));
+    IsWanted.assign(Width, true);
+}
+
+TimeCandidates::TimeCandidates(const TableRows& rows, const Labels& labels, const PreambleClues& clues,
+                               const std::vector<std::size_t>& columns)
+    : TimeCandidates(rows, labels, clues) {
+    IsWanted.assign(Width, false);
+    for (const std::size_t column : columns) {
+        if (column < Width) IsWanted[column] = true;
+    }
 }
 
 FoundTimes* TimeCandidates::Consider(TimeRecipe recipe, double weight) {

@@ -34,6 +34,10 @@ class TimeCandidates {
   public:
     TimeCandidates(const TableRows& rows, const Labels& labels, const PreambleClues& clues);
 
+    // Of recipes that read other columns than these not all are found.
+    TimeCandidates(const TableRows& rows, const Labels& labels, const PreambleClues& clues,
+                   const std::vector<std::size_t>& columns);
+
     // Texts that people read as dates and clocks: TextCandidates.cpp.
     void AddTexts();
 
@@ -54,6 +58,7 @@ class TimeCandidates {
     NumberBounds BoundsOf(std::size_t column) const;
 
     // TextCandidates.cpp.
+    void LookAtTexts();
     void AddDates(std::size_t column);
     void AddClockBeside(const FoundTimes& date, std::size_t other, std::size_t distance);
     bool MayBeHours(std::size_t column) const;
@@ -89,6 +94,7 @@ class TimeCandidates {
     const PreambleClues& Clues;
     std::size_t Width = 0;                                // columns looked at
     std::vector<std::vector<std::u16string_view>> Texts;  // by column
+    std::vector<bool> IsWanted;                           // by column
     std::vector<ColumnLook> Looks;                        // by column, after AddTexts
     std::vector<FoundTimes> All;
 };

@@ -9,6 +9,8 @@
 
 namespace kelvarin::plan {
 namespace {
+using namespace std::string_view_literals;
+
 std::u16string_view WithoutEnclosure(std::u16string_view text) {
     text = TrimWhiteSpace(text);
     if (text.starts_with(u'=')) text.remove_prefix(1);  // ="..." keeps a spreadsheet from reading the text
@@ -65,7 +67,7 @@ class TimeCutter {
             }
             at = end;
         }
-        return Marks.empty() || Marks == u"." || Marks == u",";
+        return Marks.empty() || Marks == u"."sv || Marks == u","sv;
     }
 
     TimeGroups All;
@@ -95,11 +97,11 @@ class TimeCutter {
 
     // A sign after a clock begins a zone; in "2019-12-03-09-01" the marks are those of a date.
     bool IsZoneAhead(const std::u16string& marks) const {
-        if (marks != u"+" && marks != u"-" && marks != u":+") return false;
+        if (marks != u"+"sv && marks != u"-"sv && marks != u":+"sv) return false;
         if (HasZoneWord) return true;
         return std::any_of(All.Groups.begin(), All.Groups.end(),
-                           [](const DigitGroup& group) { return group.Before == u":"; }) ||
-               (HasT && marks == u"+");
+                           [](const DigitGroup& group) { return group.Before == u":"sv; }) ||
+               (HasT && marks == u"+"sv);
     }
 
     bool ReadZone(const std::u16string& marks, std::u16string_view text, std::size_t at) {
@@ -180,7 +182,7 @@ class TimeCutter {
     bool TakePeriod(std::u16string_view word) {
         const bool isLetter = word == u"W" || word == u"M" || word == u"Q";
         if (!isLetter || All.Groups.size() != 1 || All.Groups[0].Length() != 4) return false;
-        if (!Marks.empty() && Marks != u"-") return false;
+        if (!Marks.empty() && Marks != u"-"sv) return false;
         All.Period = word[0];
         return true;
     }
@@ -194,7 +196,7 @@ class TimeCutter {
         if (All.Groups.size() == 2) {
             // A fraction: "2.5 s".
             const DigitGroup& fraction = All.Groups.back();
-            if ((fraction.Before != u"." && fraction.Before != u",") || fraction.AfterBlank) return false;
+            if ((fraction.Before != u"."sv && fraction.Before != u","sv) || fraction.AfterBlank) return false;
             if (fraction.Length() > 9) return false;
             std::int64_t scale = 1;
             for (std::size_t i = 0; i < fraction.Length(); ++i) scale *= 10;

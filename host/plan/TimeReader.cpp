@@ -9,6 +9,8 @@
 
 namespace kelvarin::plan {
 namespace {
+using namespace std::string_view_literals;
+
 // Reads one text; an object a text.
 class TimeReader {
   public:
@@ -60,11 +62,11 @@ class TimeReader {
         if (IsDateOfTwo()) return ReadDateOfTwo();
         const DigitGroup& second = Groups[At + 1];
         const DigitGroup& third = Groups[At + 2];
-        const bool isColoned = second.Before == u":";
+        const bool isColoned = second.Before == u":"sv;
         if (isColoned && first.Length() != 4 && third.Length() != 4) return true;
-        if (second.AfterBlank != third.AfterBlank || (!isColoned && second.Before == u":")) return true;
-        if (second.Before != third.Before) return IsClockOfMarks() || second.Before == u":";
-        if (second.Before == u"." && !Style.BeginsWithMinutes && third.Length() == 3) return true;
+        if (second.AfterBlank != third.AfterBlank || (!isColoned && second.Before == u":"sv)) return true;
+        if (second.Before != third.Before) return IsClockOfMarks() || second.Before == u":"sv;
+        if (second.Before == u"."sv && !Style.BeginsWithMinutes && third.Length() == 3) return true;
         At += 3;
         if (first.Length() == 4 || first.Number() > 31) return SetDate(first, second.Number(), third);
         if (third.Length() != 4 && Style.Order == DateOrder::YearFirst)
@@ -83,7 +85,7 @@ class TimeReader {
         if (Period == u'M') return SetDate(year, number, {u"1", {}, false});
         if (Period == u'Q') return number <= 4 && SetDate(year, 3 * number - 2, {u"1", {}, false});
         std::int64_t day = 1;
-        if (Left() > 0 && Next().Before == u"-" && Next().Length() == 1) day = Groups[At++].Number();
+        if (Left() > 0 && Next().Before == u"-"sv && Next().Length() == 1) day = Groups[At++].Number();
         if (number < 1 || number > 53 || day < 1 || day > 7) return false;
         return SetDays(year, DaysOfWeekDate(static_cast<int>(year.Number()), static_cast<int>(number),
                                             static_cast<int>(day)));
@@ -103,7 +105,7 @@ class TimeReader {
     bool ReadYearAndMonth() {
         const DigitGroup& first = Groups[0];
         const DigitGroup& second = Groups[1];
-        if (second.AfterBlank || (second.Before != u"-" && second.Before != u"/")) return true;
+        if (second.AfterBlank || (second.Before != u"-"sv && second.Before != u"/"sv)) return true;
         if (first.Length() == 4 && second.Length() == 3) return ReadDayOfYear();
         const bool isYearLast = second.Length() == 4;
         const DigitGroup& year = isYearLast ? second : first;
@@ -129,12 +131,12 @@ class TimeReader {
         const DigitGroup& third = Groups[At + 2];
         if (second.AfterBlank) return false;
         if (Next().Length() == 4 && second.Length() == 3)
-            return second.Before == u":"
-                       ? third.Before == u":"
-                       : third.AfterBlank && (second.Before == u"-" || second.Before == u"/");
-        const bool isMarked = second.Before == u"/" || second.Before == u"-" || second.Before == u".";
+            return second.Before == u":"sv
+                       ? third.Before == u":"sv
+                       : third.AfterBlank && (second.Before == u"-"sv || second.Before == u"/"sv);
+        const bool isMarked = second.Before == u"/"sv || second.Before == u"-"sv || second.Before == u"."sv;
         return Style.Year != 0 && isMarked && Next().Length() <= 2 && second.Length() <= 2 &&
-               third.AfterBlank && (third.Before.empty() || third.Before == u".") && Left() > 3;
+               third.AfterBlank && (third.Before.empty() || third.Before == u"."sv) && Left() > 3;
     }
 
     bool ReadDateOfTwo() {
@@ -160,7 +162,7 @@ class TimeReader {
             case 6:
                 // A date where a clock follows; alone it is left to the numbers' own reading.
                 if (isAlone && At == 0) return true;
-                if (Left() >= 2 && (Groups[At + 1].Before == u"." || Groups[At + 1].Before == u","))
+                if (Left() >= 2 && (Groups[At + 1].Before == u"."sv || Groups[At + 1].Before == u","sv))
                     return true;
                 ++At;
                 if (Style.Order == DateOrder::YearFirst)
@@ -198,20 +200,20 @@ class TimeReader {
         // The clock's groups follow each other by colons, or by points after the date's two.
         std::vector<DigitGroup> dates;
         std::vector<DigitGroup> clock;
-        const bool isDotted = Groups.size() > 3 && Groups[2].AfterBlank && Groups[3].Before == u"." &&
+        const bool isDotted = Groups.size() > 3 && Groups[2].AfterBlank && Groups[3].Before == u"."sv &&
                               std::none_of(Groups.begin(), Groups.end(),
-                                           [](const DigitGroup& group) { return group.Before == u":"; });
+                                           [](const DigitGroup& group) { return group.Before == u":"sv; });
         for (std::size_t i = 0; i < Groups.size(); ++i) {
-            const bool isClock =
-                (isDotted && i > 1) || Groups[i].Before == u":" ||
-                (i + 1 < Groups.size() && Groups[i + 1].Before == u":") ||
-                (!clock.empty() && i > 0 && !Groups[i].AfterBlank &&
-                 (Groups[i].Before == u"." || Groups[i].Before == u",") && Groups[i - 1].Before == u":");
+            const bool isClock = (isDotted && i > 1) || Groups[i].Before == u":"sv ||
+                                 (i + 1 < Groups.size() && Groups[i + 1].Before == u":"sv) ||
+                                 (!clock.empty() && i > 0 && !Groups[i].AfterBlank &&
+                                  (Groups[i].Before == u"."sv || Groups[i].Before == u","sv) &&
+                                  Groups[i - 1].Before == u":"sv);
             (isClock ? clock : dates).push_back(Groups[i]);
         }
         // "Jan-24", "January 2024"
         const bool isYear = dates.size() == 1 && clock.empty() && Style.Year == 0 &&
-                            (dates[0].Length() == 4 || (dates[0].Length() == 2 && dates[0].Before == u"-"));
+                            (dates[0].Length() == 4 || (dates[0].Length() == 2 && dates[0].Before == u"-"sv));
         if (isYear) {
             At = 1;
             return SetDate(dates[0], Time.Month, {u"1", {}, false});
@@ -248,7 +250,7 @@ class TimeReader {
     bool ReadFraction() {
         if (Left() == 0) return true;
         const DigitGroup& group = Next();
-        const bool isMarked = group.Before == u"." || group.Before == u"," || group.Before == u":";
+        const bool isMarked = group.Before == u"."sv || group.Before == u","sv || group.Before == u":"sv;
         if (!isMarked || group.AfterBlank) return false;
         std::int64_t number = 0;
         if (Style.FractionIsCounted && group.Length() <= 3) {
@@ -269,8 +271,8 @@ class TimeReader {
     void ReadDays() {
         if (Time.HasDate || Time.IsSpan || At != 0 || Left() < 4 || Left() > 5) return;
         const DigitGroup& hours = Groups[1];
-        const bool isMarked = hours.AfterBlank ? hours.Before.empty() : hours.Before == u".";
-        const bool isClock = Groups[2].Before == u":" && Groups[3].Before == u":";
+        const bool isMarked = hours.AfterBlank ? hours.Before.empty() : hours.Before == u"."sv;
+        const bool isClock = Groups[2].Before == u":"sv && Groups[3].Before == u":"sv;
         constexpr std::size_t MostDigits = 5;
         if (!isMarked || !isClock || hours.Length() > 2 || hours.Number() > 23 ||
             Next().Length() > MostDigits)
@@ -284,8 +286,8 @@ class TimeReader {
     bool ReadClock() {
         ReadDays();
         if (Left() == 0 || (Time.HasClock && !Time.IsSpan)) return true;
-        if (Time.HasDate && !Next().Before.empty() && Next().Before != u"," &&
-            Next().Before != Groups[1].Before && Next().Before != u"-" && Next().Before != u":")
+        if (Time.HasDate && !Next().Before.empty() && Next().Before != u","sv &&
+            Next().Before != Groups[1].Before && Next().Before != u"-"sv && Next().Before != u":"sv)
             return false;
         if (ReadCompactClock()) return ReadFraction();
         const DigitGroup first = Next();
@@ -299,8 +301,8 @@ class TimeReader {
         if (Groups[At + 1].Length() > 2) return false;
         if (!hasSeconds) {
             At += 2;
-            const bool isMinutes = Style.BeginsWithMinutes ||
-                                   (Left() != 0 && Next().Before == u"." && !Next().AfterBlank && isColoned);
+            const bool isMinutes = Style.BeginsWithMinutes || (Left() != 0 && Next().Before == u"."sv &&
+                                                               !Next().AfterBlank && isColoned);
             if (!(isMinutes && !Time.HasDate)) return SetClock(first.Number(), second, 0) && ReadFraction();
             return SetMinutes(first.Number(), second) && ReadFraction();
         }
@@ -324,8 +326,9 @@ class TimeReader {
     // hhmm or hhmmss after a date, with or without a fraction.
     bool ReadCompactClock() {
         const bool isOne =
-            Left() == 1 || (Left() == 2 && (Groups[At + 1].Before == u"." || Groups[At + 1].Before == u",") &&
-                            !Groups[At + 1].AfterBlank);
+            Left() == 1 ||
+            (Left() == 2 && (Groups[At + 1].Before == u"."sv || Groups[At + 1].Before == u","sv) &&
+             !Groups[At + 1].AfterBlank);
         const std::size_t length = Next().Length();
         if (!isOne || !Time.HasDate || (length != 4 && length != 6 && length != 9)) return false;
         std::int64_t number = Next().Number();

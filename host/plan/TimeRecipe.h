@@ -39,6 +39,7 @@ enum class TimePart {
 struct PartColumn {
     std::size_t Column = 0;  // from 0
     TimePart Part = TimePart::Year;
+    bool operator==(const PartColumn&) const = default;
 };
 
 struct TimeRecipe {
@@ -67,6 +68,8 @@ struct TimeRecipe {
     // The time of a row in ns: since 1970 as written if absolute, else since the start; nothing for a row
     // whose cells hold no time.
     std::optional<std::int64_t> TimeOf(const std::vector<std::u16string_view>& cells) const;
+
+    bool operator==(const TimeRecipe&) const = default;
 };
 
 // The times of the rows of a table, one after the other.

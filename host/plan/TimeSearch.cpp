@@ -38,11 +38,23 @@ bool IsNamed(const Label& label, const TimeRecipe& recipe) {
     return IsNamedTime(label) || (recipe.Kind == TimeKind::Parts && PartOfName(label));
 }
 
+// True if the first row with a time by `recipe` has one by `zoned` too.
+bool IsFirstZoned(const TimeRecipe& recipe, const TimeRecipe& zoned, const TableRows& rows) {
+    TimeWalk walk(recipe);
+    std::vector<std::u16string_view> cells;
+    for (const auto& row : rows.Cells) {
+        cells.assign(row.begin(), row.end());
+        if (walk.Next(cells, rows.Width)) return TimeWalk(zoned).Next(cells, rows.Width).has_value();
+    }
+    return false;
+}
+
 // Texts that all name their zone are moments, also where the zone changes between summer and winter.
 void ApplyZones(FoundTimes& times, const TableRows& rows) {
     TimeRecipe zoned = times.Recipe;
     zoned.AppliesZone = true;
     if (zoned.Kind != TimeKind::Text || !zoned.IsAbsolute) return;
+    if (!zoned.HasDateLines && !IsFirstZoned(times.Recipe, zoned, rows)) return;
     const TimeTrial trial = Try(zoned, rows);
     if (trial.Read != times.Trial.Read) return;
     times.Recipe = zoned;
@@ -87,12 +99,8 @@ std::vector<std::size_t> ColumnsOf(const TimeRecipe& recipe) {
 }
 
 bool AreOfOneForm(const TimeRecipe& one, const TimeRecipe& other) {
-    const auto areSame = [](const PartColumn& a, const PartColumn& b) {
-        return a.Column == b.Column && a.Part == b.Part;
-    };
     return one.Kind == other.Kind && one.Columns == other.Columns && one.Offset == other.Offset &&
-           one.IsAbsolute == other.IsAbsolute && one.IsUtc == other.IsUtc &&
-           std::equal(one.Parts.begin(), one.Parts.end(), other.Parts.begin(), other.Parts.end(), areSame);
+           one.IsAbsolute == other.IsAbsolute && one.IsUtc == other.IsUtc && one.Parts == other.Parts;
 }
 
 std::optional<FoundTimes> FindTimes(const TableRows& rows, const Labels& labels, const PreambleClues& clues) {
@@ -119,7 +127,7 @@ FoundTimes FindTimesLike(const FoundTimes& like, const TableRows& rows, const La
         times.Trial = Try(times.Recipe, rows);
         return times;
     }
-    TimeCandidates candidates(rows, labels, clues);
+    TimeCandidates candidates(rows, labels, clues, ColumnsOf(like.Recipe));
     if (like.Recipe.Kind == TimeKind::Number) {
         candidates.AddNumbers();
     } else {
@@ -127,17 +135,20 @@ FoundTimes FindTimesLike(const FoundTimes& like, const TableRows& rows, const La
         candidates.AddParts();
     }
     FoundTimes times = like;
+    bool isTried = false;
     for (const FoundTimes& found : candidates.Found()) {
         if (!AreOfOneForm(found.Recipe, like.Recipe)) continue;
         times = found;
         ApplyZones(times, rows);
         MoveMidnight(times, rows);
+        isTried = true;
         break;
     }
     times.Rival = like.Rival;
     times.IsNamed = IsAnyNamed(times.Recipe, labels);
+    const TimeRecipe own = times.Recipe;
     AddEvidence(times, like);
-    times.Trial = Try(times.Recipe, rows);
+    if (!isTried || times.Recipe != own) times.Trial = Try(times.Recipe, rows);
     return times;
 }
 }  // namespace kelvarin::plan
