@@ -98,7 +98,7 @@ TEST(RandomSteps, AreTakenBackByCancel) {
     const Workdir folder;
     const std::u16string path =
         folder.Write("data.csv", "t;n;v\n10:00:00;1;2,5\n10:00:01;3;4 V\n;x;\"a;b\"\n");
-    for (unsigned seed = 0; seed < 20; ++seed) {
+    for (unsigned seed = 0; seed < 12; ++seed) {
         CCsvImportFilter filter(path.c_str());
         ASSERT_TRUE(filter.AnalyzeFile());
         const std::string before = Everything(filter.GetSettings());

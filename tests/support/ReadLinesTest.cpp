@@ -55,21 +55,45 @@ TEST(ReadLines, WindowOfTheLineEnds) {
     CheckLines("a\r" + filler + "b\nc\rd\r\ne", "a@2 " + filler + "b@65537 c@65539 d@65542 e@65543");
 }
 
+// UTF-8 and both orders of UTF-16, each with three line ends.
+struct LineForm {
+    explicit LineForm(int index)
+        : Mark(index < 3   ? ""
+               : index < 6 ? "\xFF\xFE"
+                           : "\xFE\xFF"),
+          End(Bytes(index % 3 == 0   ? u"\n"
+                    : index % 3 == 1 ? u"\r\n"
+                                     : u"\r")) {}
+
+    std::string Bytes(const std::u16string& text) const {
+        if (Mark.empty()) return Utf16ToUtf8(text);
+        std::string bytes;
+        for (const char16_t c : text) {
+            const char low = static_cast<char>(c & 0xFF), high = static_cast<char>(c >> 8);
+            bytes += Mark == "\xFF\xFE" ? low : high;
+            bytes += Mark == "\xFF\xFE" ? high : low;
+        }
+        return bytes;
+    }
+
+    const std::string Mark, End;
+};
+
 TEST(ReadLines, BlocksCutNothing) {
-    for (int form = 0; form < 9; ++form) {  // UTF-8 and both orders of UTF-16, each with three line ends
-        const std::u16string end = form % 3 == 0 ? u"\n" : form % 3 == 1 ? u"\r\n" : u"\r";
-        const std::size_t unit = form < 3 ? 1 : 2;
-        for (std::size_t length = 256 * 1024 - 30; length <= 256 * 1024; length += unit) {
-            std::string bytes = form < 3 ? "" : form < 6 ? "\xFF\xFE" : "\xFE\xFF", lines;
-            for (const auto& line : {u"a"s, std::u16string(length / unit, u'x'), u""s, u"ü€😀"s, u"z"s}) {
-                for (const char16_t c : unit == 1 ? u""s : line + end) {
-                    const char low = static_cast<char>(c & 0xFF), high = static_cast<char>(c >> 8);
-                    bytes += form < 6 ? low : high;
-                    bytes += form < 6 ? high : low;
-                }
-                if (unit == 1) bytes += Utf16ToUtf8(line + end);
-                lines += (lines.empty() ? "" : " ") + Utf16ToUtf8(line) + "@" + std::to_string(bytes.size());
-            }
+    constexpr std::size_t Block = 256 * 1024;
+    for (int index = 0; index < 9; ++index) {
+        const LineForm form(index);
+        const std::size_t unit = form.Mark.empty() ? 1 : 2;
+        const std::string filler = form.Bytes(std::u16string(Block / unit, u'x'));
+        for (std::size_t length = Block - 30; length <= Block; length += unit) {
+            std::string bytes = form.Mark, lines;
+            const auto add = [&](const std::string& text, const std::string& encoded) {
+                bytes += encoded + form.End;
+                lines += (lines.empty() ? "" : " ") + text + "@" + std::to_string(bytes.size());
+            };
+            add("a", form.Bytes(u"a"));
+            add(std::string(length / unit, 'x'), filler.substr(0, length));
+            for (const auto& line : {u""s, u"ü€😀"s, u"z"s}) add(Utf16ToUtf8(line), form.Bytes(line));
             CheckLines(bytes, lines);
         }
     }
