@@ -1,0 +1,40 @@
+"""Calls that other processes make in the tests of several processes."""
+
+from __future__ import annotations
+
+import os
+import signal
+import time
+from typing import Any
+
+
+class Odd(Exception):
+    """An error that can be pickled and not unpickled."""
+
+    def __init__(self, first: str, second: str) -> None:
+        super().__init__(first + second)
+
+
+def behave(way: str, value: Any = None) -> Any:
+    """Returns `value`, or fails in the way that is named."""
+    if way == "value error":
+        raise ValueError(value)
+    if way == "odd error":
+        raise Odd("no", "where")
+    if way == "killed":
+        os.kill(os.getpid(), signal.SIGKILL)
+    if way == "crash":
+        os.kill(os.getpid(), signal.SIGSEGV)
+    if way == "exit":
+        os._exit(3)
+    if way == "print":
+        os.write(1, b"printed\n")
+    if way == "no result":
+        return lambda: None
+    if way == "sleep":
+        time.sleep(value)
+    return value
+
+
+def process_id(_: int) -> int:
+    return os.getpid()
