@@ -12,6 +12,8 @@ import os as _os
 
 from . import _native
 from .errors import CopyError, Error, FileError, FormatError, SettingError
+from .many import Failure, Runs, read_many
+from .processes import ProcessEnded
 from .run import Assumption, Finding, Message, Run, Signal, read
 
 __version__ = _native.VERSION
@@ -19,14 +21,18 @@ __all__ = [
     "Assumption",
     "CopyError",
     "Error",
+    "Failure",
     "FileError",
     "Finding",
     "FormatError",
     "Message",
+    "ProcessEnded",
     "Run",
+    "Runs",
     "SettingError",
     "Signal",
     "read",
+    "read_many",
 ]
 
 if hasattr(_os, "register_at_fork"):

@@ -68,9 +68,13 @@ def join(axes: list[Axis]) -> JoinedAxis:
 
 def _find(axes: list[Axis], instants: Array) -> int:
     for number, axis in enumerate(axes):
-        if axis.instants is instants or numpy.array_equal(axis.instants, instants):
+        if _is_same_memory(axis.instants, instants) or numpy.array_equal(axis.instants, instants):
             return number
     return len(axes)
+
+
+def _is_same_memory(one: Array, other: Array) -> bool:
+    return one.shape == other.shape and bool(one.ctypes.data == other.ctypes.data)
 
 
 def _is_rising(axis: Axis) -> bool:

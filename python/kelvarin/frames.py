@@ -98,6 +98,13 @@ def distinct_names(names: Iterable[str], taken: Iterable[str] = ()) -> list[str]
     return distinct
 
 
+def is_exact_in_float(values: Array) -> bool:
+    """True if each number is the same as float64."""
+    if values.dtype.kind == "f" or len(values) == 0:
+        return True
+    return bool(-_EXACT_IN_FLOAT <= values.min() and values.max() <= _EXACT_IN_FLOAT)
+
+
 def _no_times(run: Run) -> Axis:
     none = numpy.empty(0, dtype=numpy.int64)
     return Axis(none, none.view("timedelta64[ns]" if run.is_relative else "datetime64[ns]"))
@@ -148,7 +155,7 @@ def _values_with_holes(signal: Signal) -> Array:
     if missing is None or not missing.any():
         copy: Array = values.copy()
         return copy
-    if values.dtype.kind in "fiu" and _is_exact_in_float(values[~missing]):
+    if values.dtype.kind in "fiu" and is_exact_in_float(values[~missing]):
         return _with_holes(values.astype(numpy.float64), missing, numpy.nan)
     return _with_holes(values.astype(object), missing, None)
 
@@ -157,9 +164,3 @@ def _with_holes(values: Array, missing: Array, hole: Optional[float]) -> Array:
     copy: Array = values.copy()
     copy[missing] = hole
     return copy
-
-
-def _is_exact_in_float(values: Array) -> bool:
-    if values.dtype.kind == "f" or len(values) == 0:
-        return True
-    return bool(-_EXACT_IN_FLOAT <= values.min() and values.max() <= _EXACT_IN_FLOAT)

@@ -7,6 +7,7 @@ from collections.abc import Iterable, Iterator
 from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any, Optional, Union, overload
 
+from .errors import Error
 from .files import Path, list_files
 from .optional import load_library
 from .processes import call_in_processes
@@ -74,12 +75,12 @@ class Runs:
     def __getitem__(self, number: Union[int, slice]) -> Union[Run, Runs]:
         if isinstance(number, slice):
             return Runs(self._paths[number], self._jobs, self._options)
-        return _read(self._paths[number], self._options)
+        return read_file(self._paths[number], self._options)
 
     def __iter__(self) -> Iterator[Run]:
         numbers = range(len(self._paths))
         calls = [(path, self._options) for path in self._paths]
-        for number, outcome in zip(numbers, call_in_processes(_read, calls, self._jobs)):
+        for number, outcome in zip(numbers, call_in_processes(read_file, calls, self._jobs)):
             if isinstance(outcome, Exception):
                 self._outcomes[number] = outcome
                 continue
@@ -91,14 +92,10 @@ class Runs:
 
         Files that were not read yet are read by the processes, and only their summaries are kept.
         """
-        library = load_library("pandas", "to_pandas")
         numbers = [number for number in range(len(self._paths)) if number not in self._outcomes]
         calls = [(self._paths[number], self._options) for number in numbers]
         self._outcomes.update(zip(numbers, call_in_processes(_summarize, calls, self._jobs)))
-        return library.DataFrame(
-            [_row(path, self._outcomes[number]) for number, path in enumerate(self._paths)],
-            columns=["path", "signals", "samples", "first", "last", "error"],
-        )
+        return summary_table(self._paths, [self._outcomes[number] for number in range(len(self._paths))])
 
     def __repr__(self) -> str:
         return f"<{len(self._paths)} files, {len(self._outcomes)} of them read, {len(self.failures)} failed>"
@@ -132,17 +129,27 @@ def summary_of(run: Run) -> Summary:
     return Summary(len(run), sum(map(len, run)), first, last)
 
 
-def _read(path: str, options: dict[str, Any]) -> Run:
+def read_file(path: str, options: dict[str, Any]) -> Run:
+    """The run of a file, by a function that other processes find."""
     from . import read
 
     return read(path, **options)
 
 
+def summary_table(paths: Iterable[str], outcomes: Iterable[Union[Summary, Exception]]) -> pandas.DataFrame:
+    """A row for each file: path, signals, samples, first, last, error ("" if there is none)."""
+    return load_library("pandas", "a table of files").DataFrame(
+        [_row(path, outcome) for path, outcome in zip(paths, outcomes)],
+        columns=["path", "signals", "samples", "first", "last", "error"],
+    )
+
+
 def _summarize(path: str, options: dict[str, Any]) -> Summary:
-    return summary_of(_read(path, options))
+    return summary_of(read_file(path, options))
 
 
 def _row(path: str, outcome: Union[Summary, Exception]) -> tuple[Any, ...]:
     if isinstance(outcome, Exception):
-        return (path, 0, 0, None, None, str(outcome) or type(outcome).__name__)
+        text = outcome.text if isinstance(outcome, Error) else str(outcome)
+        return (path, 0, 0, None, None, text or type(outcome).__name__)
     return (path, outcome.signals, outcome.samples, outcome.first, outcome.last, "")

@@ -9,7 +9,8 @@ from typing import TYPE_CHECKING, Any
 import numpy
 
 if TYPE_CHECKING:
-    from .run import Analysis, Assumption, Check, Run, Signal
+    from .reports import Analysis, Check
+    from .run import Assumption, Run, Signal
 
 # Control characters, separators of lines and paragraphs, marks that set the direction of a text.
 _OBEYED = [*range(0x20), *range(0x7F, 0xA0), 0x061C, 0x200E, 0x200F, *range(0x2028, 0x202F), *range(0x2066, 0x206A)]
@@ -17,11 +18,9 @@ _VISIBLE = {point: f"\\x{point:02X}" if point < 0x80 else f"\\u{point:04X}" for 
 # Half of a surrogate pair has no bytes in UTF-8.
 _VISIBLE.update({point: "\ufffd" for point in range(0xD800, 0xE000)})
 
-_SHOWN_MESSAGES = 5
 
-
-def run_html(run: Run) -> str:
-    """A table with a row for each signal, and what was assumed and reported below it."""
+def run_as_html(run: Run) -> str:
+    """A table with a row for each signal, and what was assumed and lost below it."""
     rows = [
         (signal.name, signal.unit, signal.type, f"{len(signal):,}", range_text(signal), signal.course)
         for signal in run
@@ -30,15 +29,13 @@ def run_html(run: Run) -> str:
         _heading(run.path, f"{len(run)} signals from {run.lines:,} lines{_span_text(run)}"),
         _table(("signal", "unit", "type", "samples", "range", "course"), rows, numbers={3}),
         _assumptions(run.assumed),
-        _list([message.text for message in run.messages[:_SHOWN_MESSAGES]]),
+        _list([f"lost: {finding.text}" for finding in run.findings if finding.is_fault]),
+        f"<p>{len(run.messages):,} messages</p>" if run.messages else "",
     ]
-    left_out = len(run.messages) - _SHOWN_MESSAGES
-    if left_out > 0:
-        parts.append(f"<p>and {left_out:,} more messages</p>")
     return "".join(parts)
 
 
-def analysis_html(analysis: Analysis) -> str:
+def analysis_as_html(analysis: Analysis) -> str:
     """A table with a row for each column of the file, and what was assumed below it."""
     rows = [(str(column.number), column.name, column.unit, column.type) for column in analysis.columns]
     return "".join([
@@ -48,10 +45,10 @@ def analysis_html(analysis: Analysis) -> str:
     ])
 
 
-def check_html(check: Check) -> str:
+def check_as_html(check: Check) -> str:
     """A table with a row for each finding of a check."""
     rows = [
-        (finding.kind, finding.text, f"{finding.count:,}", _lines_text(finding.lines), finding.remedy or "")
+        (finding.kind, finding.text, f"{finding.count:,}", _lines_text(finding.lines), finding.remedy)
         for finding in check.findings
     ]
     return "".join([

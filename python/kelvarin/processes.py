@@ -13,6 +13,8 @@ from concurrent.futures import Future, ThreadPoolExecutor
 from itertools import islice
 from typing import Any, Union
 
+from .errors import Error
+
 # A fresh interpreter that finds what this one finds. The caller's main module isn't imported, so that a script
 # needs no guard around its calls.
 _START = "import sys; sys.path[:] = sys.argv[1:]; from kelvarin.processes import serve; serve()"
@@ -20,7 +22,7 @@ _START = "import sys; sys.path[:] = sys.argv[1:]; from kelvarin.processes import
 Outcome = Union[Any, Exception]
 
 
-class ProcessEnded(Exception):
+class ProcessEnded(Error):
     """The process in which a call was made ended before it returned."""
 
 
@@ -130,11 +132,12 @@ def serve() -> None:
             function, arguments = pickle.load(sys.stdin.buffer)
         except EOFError:
             return
-        pickle.dump(_outcome_of(function, arguments), outcomes, protocol=pickle.HIGHEST_PROTOCOL)
+        pickle.dump(outcome_of(function, arguments), outcomes, protocol=pickle.HIGHEST_PROTOCOL)
         outcomes.flush()
 
 
-def _outcome_of(function: Callable[..., Any], arguments: tuple[Any, ...]) -> Outcome:
+def outcome_of(function: Callable[..., Any], arguments: tuple[Any, ...]) -> Outcome:
+    """What a call returns or raises, in a form that can be sent to another process."""
     try:
         return function(*arguments)
     except Exception as error:

@@ -49,6 +49,7 @@ class FakeRun:
         self.path = path
         self.lines = 7
         self.messages: tuple[Any, ...] = ()
+        self.findings: tuple[Any, ...] = ()
         self.assumed: tuple[Any, ...] = ()
         if is_relative:
             for one in signals:

@@ -10,7 +10,7 @@ import numpy
 import pytest
 from fakes import FakeRun, FakeSignal, signal
 
-from kelvarin.notebook import analysis_html, check_html, range_text, run_html, time_text
+from kelvarin.notebook import analysis_as_html, check_as_html, range_text, run_as_html, time_text
 
 
 class Page(HTMLParser):
@@ -54,17 +54,21 @@ def test_run_is_a_table_of_its_signals() -> None:
         signal("Bemerkung", ["ok", None], [0, 10**9], "O", type="text"),
     )
     run.assumed = (SimpleNamespace(text="day before month", certainty="a guess", doubts=("both fit",)),)
-    run.messages = tuple(SimpleNamespace(text=f"line {line} dropped") for line in range(7))
-    text = run_html(run)
+    run.findings = (
+        SimpleNamespace(text="2 rows dropped", is_fault=True),
+        SimpleNamespace(text="3 blank lines", is_fault=False),
+    )
+    run.messages = (SimpleNamespace(text="a message"),) * 1234
+    text = run_as_html(run)
     page = Page(text)
     assert page.rows == [
         ["signal", "unit", "type", "samples", "range", "course"],
         ["Drehzahl", "U/min", "integer", "2", "800 .. 3002", "▁█"],
         ["Bemerkung", "", "text", "2", "", ""],
     ]
-    assert page.items == ["day before month (a guess)", "but: both fit", *(f"line {n} dropped" for n in range(5))]
+    assert page.items == ["day before month (a guess)", "but: both fit", "lost: 2 rows dropped"]
     assert "bench.csv" in text and "2 signals from 7 lines, 1970-01-01 00:00:00 to 1970-01-01 00:00:01" in text
-    assert "and 2 more messages" in text
+    assert "1,234 messages" in text
 
 
 HOSTILE = [
@@ -82,13 +86,13 @@ HOSTILE = [
 @pytest.mark.parametrize("name, shown", HOSTILE)
 def test_names_and_texts_are_shown_and_not_obeyed(name: str, shown: str) -> None:
     run = FakeRun(signal(name, [1.0], [0], unit=name), path=name)
-    run.messages = (SimpleNamespace(text=name),)
+    run.findings = (SimpleNamespace(text=name, is_fault=True),)
     column = SimpleNamespace(number=1, name=name, unit=name, type="float")
     finding = SimpleNamespace(kind="falls", text=name, count=1, lines=(3,), remedy=name)
     views = [
-        run_html(run),
-        analysis_html(SimpleNamespace(path=name, columns=(column,), assumed=())),
-        check_html(SimpleNamespace(path=name, findings=(finding,))),
+        run_as_html(run),
+        analysis_as_html(SimpleNamespace(path=name, columns=(column,), assumed=())),
+        check_as_html(SimpleNamespace(path=name, findings=(finding,))),
     ]
     for text in views:
         text.encode("utf-8")
@@ -130,5 +134,5 @@ def test_time(time: Any, text: str) -> None:
 
 
 def test_check_without_findings_says_so() -> None:
-    text = check_html(SimpleNamespace(path="a.csv", findings=()))
+    text = check_as_html(SimpleNamespace(path="a.csv", findings=()))
     assert "nothing found" in text and "<table" not in text
