@@ -12,20 +12,29 @@ import os as _os
 
 from . import _native
 from .errors import CopyError, Error, FileError, FormatError, SettingError
+from .reports import Analysis, Check, Explanation, Prepared, analyze, check, explain, prepare
 from .run import Assumption, Finding, Message, Run, Signal, read
 
 __version__ = _native.VERSION
 __all__ = [
+    "Analysis",
     "Assumption",
+    "Check",
     "CopyError",
     "Error",
+    "Explanation",
     "FileError",
     "Finding",
     "FormatError",
     "Message",
+    "Prepared",
     "Run",
     "SettingError",
     "Signal",
+    "analyze",
+    "check",
+    "explain",
+    "prepare",
     "read",
 ]
 
