@@ -69,6 +69,11 @@ constexpr Translation Texts[] = {
     {"no column beside the times is imported", "keine Spalte neben den Zeiten importiert wird"},
     {"not read, as it is not like the files of the plan: {}",
      "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
+    {"no clean copy could be made: {}", "es konnte keine bereinigte Kopie gemacht werden: {}"},
+    {"'{}' is no data type; allowed are {}", "'{}' ist kein Datentyp; erlaubt sind {}"},
+    {"there is no column '{}'", "es gibt keine Spalte '{}'"},
+    {"this file is read, and would be overwritten", "diese Datei wird gelesen und würde überschrieben"},
+    {"not one sample is stored, since {}", "kein Messpunkt wird gespeichert ({})"},
 };
 }  // namespace
 

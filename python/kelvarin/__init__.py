@@ -14,23 +14,32 @@ from . import _native
 from .errors import CopyError, Error, FileError, FormatError, SettingError
 from .many import Failure, Runs, read_many
 from .processes import ProcessEnded
+from .reports import Analysis, Check, Explanation, Prepared, analyze, check, explain, prepare
 from .run import Assumption, Finding, Message, Run, Signal, read
 
 __version__ = _native.VERSION
 __all__ = [
+    "Analysis",
     "Assumption",
+    "Check",
     "CopyError",
     "Error",
+    "Explanation",
     "Failure",
     "FileError",
     "Finding",
     "FormatError",
     "Message",
+    "Prepared",
     "ProcessEnded",
     "Run",
     "Runs",
     "SettingError",
     "Signal",
+    "analyze",
+    "check",
+    "explain",
+    "prepare",
     "read",
     "read_many",
 ]

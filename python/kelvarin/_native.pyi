@@ -1,5 +1,5 @@
 # The extension; what it returns in tuples and dicts becomes classes in run.py and reports.py.
-from typing import Any, Callable, List, Optional, Tuple, TypedDict, Union
+from typing import Any, Callable, List, Optional, Tuple, TypedDict
 
 from numpy.typing import NDArray
 
@@ -60,6 +60,60 @@ class RunDict(TypedDict):
     settings: dict[str, str]
     assumed: Tuple[AssumptionTuple, ...]
 
+# number, name, unit, type, is time, is signal
+AnalyzedTuple = Tuple[int, str, str, str, bool, bool]
+# number, name, type, is time, why
+ExplainedTuple = Tuple[int, str, str, bool, str]
+# number, name, type, samples, empty, refused
+CheckedTuple = Tuple[int, str, str, int, int, int]
+# first, last, shortest, median and longest interval in nanoseconds, is steady
+TimesTuple = Tuple[int, int, int, int, int, bool]
+# path, device, rows, is sorted, left out, rewritten, emptied
+CopyTuple = Tuple[str, str, int, bool, dict[str, int], int, int]
+
+class AnalysisDict(TypedDict):
+    columns: Tuple[AnalyzedTuple, ...]
+    format: str
+    header_line: int
+    first_line: int
+    timestamp_format: str
+    needs_copy: bool
+    settings: dict[str, str]
+    assumed: Tuple[AssumptionTuple, ...]
+
+class ExplanationDict(TypedDict):
+    columns: Tuple[ExplainedTuple, ...]
+    format: str
+    why: Tuple[str, ...]
+    runner_up: str
+    warnings: Tuple[Tuple[str, str, str], ...]
+    advised: dict[str, str]
+    needs_copy: bool
+    settings: dict[str, str]
+    assumed: Tuple[AssumptionTuple, ...]
+
+class CheckDict(TypedDict):
+    is_clean: bool
+    findings: Tuple[FindingTuple, ...]
+    lines: int
+    rows: int
+    columns: Tuple[CheckedTuple, ...]
+    dropped: dict[str, int]
+    times: Optional[TimesTuple]
+    is_relative: bool
+    settings: dict[str, str]
+    assumed: Tuple[AssumptionTuple, ...]
+
+class PreparedDict(TypedDict):
+    copies: Tuple[CopyTuple, ...]
+    columns: List[Tuple[int, str, str, str]]
+    times: str
+    assumed: Tuple[AssumptionTuple, ...]
+
+def analyze(request: Request) -> AnalysisDict: ...
+def explain(request: Request) -> ExplanationDict: ...
+def check(request: Request, progress: Progress) -> CheckDict: ...
+def prepare(path: bytes, copy: bytes, force: bool, progress: Progress) -> PreparedDict: ...
 def read(request: Request, progress: Progress) -> RunDict: ...
 def local_times(moments: NDArray[Any]) -> NDArray[Any]: ...
 def begin_forked_child() -> None: ...

@@ -6,6 +6,7 @@
 #include "python/native/Failure.h"
 #include "python/native/Process.h"
 #include "python/native/ReadFile.h"
+#include "python/native/Reports.h"
 #include "python/native/Samples.h"
 
 namespace kelvarin::python {
@@ -55,6 +56,11 @@ PYBIND11_MODULE(_native, module) {
     module.attr("RELATIVE_TIME_EPOCH") = RelativeTimeEpoch;
     module.attr("VERSION") = KELVARIN_VERSION;
     module.def("read", &ReadFile, py::arg("request"), py::arg("progress"));
+    module.def("analyze", &AnalyzeFile, py::arg("request"));
+    module.def("explain", &ExplainFile, py::arg("request"));
+    module.def("check", &CheckFile, py::arg("request"), py::arg("progress"));
+    module.def("prepare", &PrepareFile, py::arg("path"), py::arg("copy"), py::arg("force"),
+               py::arg("progress"));
     module.def("local_times", &LocalTimes, py::arg("moments"));
     module.def("begin_forked_child", &BeginForkedChild);
 }
