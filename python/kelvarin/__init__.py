@@ -11,6 +11,7 @@ from __future__ import annotations
 import os as _os
 
 from . import _native
+from .convert import Converted, convert
 from .errors import CopyError, Error, FileError, FormatError, SettingError
 from .many import Failure, Runs, read_many
 from .processes import ProcessEnded
@@ -22,6 +23,7 @@ __all__ = [
     "Analysis",
     "Assumption",
     "Check",
+    "Converted",
     "CopyError",
     "Error",
     "Explanation",
@@ -38,6 +40,7 @@ __all__ = [
     "Signal",
     "analyze",
     "check",
+    "convert",
     "explain",
     "prepare",
     "read",

@@ -32,25 +32,6 @@ struct FileRead {
     std::vector<check::Finding> Findings;
 };
 
-// Raises Failure for a run that failed or stored nothing.
-void RefuseFailed(const ModuleLoader& module, const Request& request, FileInWork& file,
-                  const HostSession& session, const RunResult& result) {
-    const ImportFailure failure = WhyImportFailed(file.Path, result, session);
-    if (!failure.Reason.empty()) {
-        const FailureKind kind = failure.IsTableMissing ? FailureKind::FormatError : FailureKind::FileError;
-        throw Failure{kind, failure.Reason, request.Path, failure.Line, {}, failure.IsTableMissing};
-    }
-    if (CountSamples(session.Device()) != 0) return;
-    Failure none{FailureKind::FormatError,
-                 Phrase("not one sample is stored, since {}", WhyNothingIsStored(result, session.Device())),
-                 request.Path};
-    none.SaysExplain = true;
-    const Reading reading = ReadingOf(session.Filter());
-    if (LostEveryRow(result, session.Device()) && reading.TimeSetting == TimeFromColumn)
-        none.Advice = plan::AdviseTimes(module, file.Path, reading);
-    throw none;
-}
-
 FileRead Import(const ModuleLoader& module, const Request& request, CallState& state) {
     FileInWork file(module, request, state);
     std::optional<HostSession> session;
@@ -107,6 +88,24 @@ py::list SignalsToPython(FileRead& read) {
     return signals;
 }
 }  // namespace
+
+void RefuseFailed(const ModuleLoader& module, const Request& request, FileInWork& file,
+                  const HostSession& session, const RunResult& result) {
+    const ImportFailure failure = WhyImportFailed(file.Path, result, session);
+    if (!failure.Reason.empty()) {
+        const FailureKind kind = failure.IsTableMissing ? FailureKind::FormatError : FailureKind::FileError;
+        throw Failure{kind, failure.Reason, request.Path, failure.Line, {}, failure.IsTableMissing};
+    }
+    if (CountSamples(session.Device()) != 0) return;
+    Failure none{FailureKind::FormatError,
+                 Phrase("not one sample is stored, since {}", WhyNothingIsStored(result, session.Device())),
+                 request.Path};
+    none.SaysExplain = true;
+    const Reading reading = ReadingOf(session.Filter());
+    if (LostEveryRow(result, session.Device()) && reading.TimeSetting == TimeFromColumn)
+        none.Advice = plan::AdviseTimes(module, file.Path, reading);
+    throw none;
+}
 
 py::dict ReadFile(const Request& request, const py::object& progress) {
     FileRead read;
