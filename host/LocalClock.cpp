@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "contract/TimeStamp.h"
 #include "platform/framework/Locale.h"
 #include "platform/framework/Numbers.h"
 
@@ -41,6 +42,25 @@ void ToLocalClock(std::span<std::int64_t> moments) {
             quarter = own;
         }
         moment = WrappingAdd(moment, offset);
+    }
+}
+
+void ToClockOfFile(std::span<std::int64_t> moments) {
+    constexpr std::int64_t Hour = 3600 * NanosecondsInSecond;
+    constexpr std::int64_t Day = 24 * Hour;
+    std::int64_t begin = 0, end = 0;  // of the current day
+    std::int64_t shown = 0;           // by the clock at its begin
+    std::int64_t last = 0;
+    for (std::int64_t& moment : moments) {
+        const bool isOfDay = moment >= begin && moment < end;
+        const bool runsOn = moment >= end && moment - begin < Day && moment - last < Hour;
+        last = moment;
+        if (!isOfDay && !runsOn) {
+            begin = CTimeStamp(moment).DateToTIME();
+            end = CTimeStamp(WrappingAdd(begin, Day + Day / 2)).DateToTIME();
+            shown = WrappingAdd(begin, OffsetAt(begin));
+        }
+        moment = WrappingAdd(shown, WrappingSubtract(moment, begin));
     }
 }
 }  // namespace kelvarin

@@ -245,7 +245,7 @@ def check(
         rows=found["rows"],
         columns=tuple(CheckedColumn(*column) for column in found["columns"]),
         dropped=found["dropped"],
-        times=_checked_times(found["times"], found["is_relative"]),
+        times=_checked_times(found["times"], found["is_relative"], found["has_dates"]),
         settings=found["settings"],
         assumed=_assumed(found["assumed"]),
     )
@@ -286,7 +286,9 @@ def _assumed(assumptions: Tuple[_native.AssumptionTuple, ...]) -> Tuple[Assumpti
     return tuple(Assumption(*assumption) for assumption in assumptions)
 
 
-def _checked_times(times: Optional[_native.TimesTuple], is_relative: bool) -> Optional[CheckedTimes]:
+def _checked_times(
+    times: Optional[_native.TimesTuple], is_relative: bool, has_dates: bool
+) -> Optional[CheckedTimes]:
     if times is None:
         return None
     first, last, *intervals, is_steady = times
@@ -294,6 +296,6 @@ def _checked_times(times: Optional[_native.TimesTuple], is_relative: bool) -> Op
     if is_relative:
         clock = (moments - _native.RELATIVE_TIME_EPOCH).view("timedelta64[ns]")
     else:
-        clock = _native.local_times(moments).view("datetime64[ns]")
+        clock = _native.local_times(moments, has_dates).view("datetime64[ns]")
     shortest, median, longest = (numpy.timedelta64(interval, "ns") for interval in intervals)
     return CheckedTimes(clock[0], clock[1], shortest, median, longest, bool(is_steady))

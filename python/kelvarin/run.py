@@ -54,9 +54,10 @@ class Finding:
 class _Times:
     """The times of one or several signals, which share the arrays."""
 
-    def __init__(self, instants: Array, is_relative: bool, start: int) -> None:
+    def __init__(self, instants: Array, is_relative: bool, has_dates: bool, start: int) -> None:
         self.instants = instants
         self._is_relative = is_relative
+        self._has_dates = has_dates
         self._start = start
         self._clock: Optional[Array] = None
 
@@ -66,7 +67,7 @@ class _Times:
             if self._is_relative:
                 self._clock = (self.instants - self._start).view("timedelta64[ns]")
             else:
-                self._clock = _native.local_times(self.instants).view("datetime64[ns]")
+                self._clock = _native.local_times(self.instants, self._has_dates).view("datetime64[ns]")
         return self._clock
 
 
@@ -102,8 +103,8 @@ class Signal:
 
     @property
     def values(self) -> Array:
-        """The values, an array of one dimension: float64 (NaN where a value is missing), int64, uint64 (hexadecimal
-        numbers), bool, or object (str; None where a text is missing). Where an integer or a truth value is missing,
+        """The values, an array of one dimension: float64 (NaN where a value is missing), int64,
+        bool, or object (str; None where a text is missing). Where an integer or a truth value is missing,
         which `mask` says, it is 0."""
         if self._values is None:
             samples = self._held()
@@ -120,15 +121,16 @@ class Signal:
 
     @property
     def times(self) -> Array:
-        """The times, an array as long as `values`: datetime64[ns] as the clocks of the process's time zone show them,
-        which is as they are in a file of local times, or timedelta64[ns] since the start of a relative measurement.
+        """The times, an array as long as `values`: datetime64[ns] as they are in a file with dates and times, else as
+        clocks of the process's time zone show them; or timedelta64[ns] since the start of a relative measurement.
         Signals with the same times have the same array."""
         return self._axis().clock
 
     @property
     def utc(self) -> Array:
-        """The same moments in UTC, datetime64[ns]: they rise also where clocks are set back. Of a relative measurement
-        they count from its `base_time`, or from 1980 without one."""
+        """The same moments in UTC, datetime64[ns], as the program stores them: the midnight of a date and the time of
+        day after it, which on a day when the clocks change is not what clocks show. They rise from sample to sample.
+        Of a relative measurement they count from its `base_time`, or from 1980 without one."""
         return self._axis().instants.view("datetime64[ns]")
 
     def __repr__(self) -> str:
@@ -184,7 +186,7 @@ class Run:
         self.findings = tuple(Finding(*finding) for finding in result["findings"])
         self.settings = result["settings"]
         self.assumed = tuple(Assumption(*assumption) for assumption in result["assumed"])
-        times = _SharedTimes(self.is_relative, base_time)
+        times = _SharedTimes(self.is_relative, result["has_dates"], base_time)
         self.signals = tuple(Signal(samples, times) for samples in result["signals"])
 
     def __getitem__(self, key: Union[str, int]) -> Signal:
@@ -238,8 +240,9 @@ class Run:
 class _SharedTimes:
     """Makes the times of signals, the same ones for those that share them."""
 
-    def __init__(self, is_relative: bool, base_time: Optional[int]) -> None:
+    def __init__(self, is_relative: bool, has_dates: bool, base_time: Optional[int]) -> None:
         self._is_relative = is_relative
+        self._has_dates = has_dates
         self._start = _native.RELATIVE_TIME_EPOCH if base_time is None else base_time
         self._made: Dict[int, _Times] = {}
 
@@ -247,7 +250,7 @@ class _SharedTimes:
         times = self._made.get(samples.times_id)
         # A signal of the same list may be longer than another one by the samples that its last row lacks.
         if times is None or len(times.instants) != samples.count:
-            times = _Times(samples.times(), self._is_relative, self._start)
+            times = _Times(samples.times(), self._is_relative, self._has_dates, self._start)
             self._made[samples.times_id] = times
         return times
 

@@ -77,6 +77,8 @@ py::dict CheckFile(const Request& request, const py::object& progress) {
     result["columns"] = TupleOf(checked.Result.Columns, CheckedColumnToPython);
     result["dropped"] = DroppedToPython(checked.Result.Dropped);
     result["times"] = TimesToPython(checked.Result);
+    result["has_dates"] = checked.Result.Format.DateSetting == DateFromColumn &&
+                          checked.Result.Format.TimeSetting == TimeFromColumn;
     result["is_relative"] = checked.Result.Format.DateSetting == DateNone;
     const std::optional<plan::Guess>& guess = checked.Guess;
     result["settings"] = guess ? SettingsToPython(guess->Settings, guess->Letters) : py::dict();

@@ -63,7 +63,7 @@ PYBIND11_MODULE(_native, module) {
     module.def("prepare", &PrepareFile, py::arg("path"), py::arg("copy"), py::arg("force"),
                py::arg("progress"));
     module.def("store", &StoreFile, py::arg("request"), py::arg("out"), py::arg("progress"));
-    module.def("local_times", &LocalTimes, py::arg("moments"));
+    module.def("local_times", &LocalTimes, py::arg("moments"), py::arg("are_of_file"));
     module.def("begin_forked_child", &BeginForkedChild);
 }
 }  // namespace kelvarin::python

@@ -21,9 +21,9 @@ constexpr std::size_t MostMessages = 10'000;
 // What a run leaves, on the thread that takes it to Python.
 struct FileRead {
     std::unique_ptr<store::StoredDevice> Samples;
-    std::vector<ColumnSummary> Columns;  // that became signals
     std::uint64_t Lines = 0;
     bool IsRelative = false;
+    bool HasDates = false;  // in its rows, with times of day
     std::vector<ImportMessage> Messages;
     std::vector<std::uint64_t> MessageLines;  // of these, 0 for none
     std::uint64_t MessagesLeftOut = 0;
@@ -51,11 +51,10 @@ FileRead Import(const ModuleLoader& module, const Request& request, CallState& s
     if (state.Cancel) return read;
     RefuseFailed(module, request, file, *session, result);
     read.Findings = check::Judge(check->Finish(module, *session, result, file.Reading().Automatic()));
-    for (ColumnSummary& column : SummarizeColumns(session->Filter())) {
-        if (column.IsSignal) read.Columns.push_back(std::move(column));
-    }
     read.Lines = result.Lines;
-    read.IsRelative = ReadingOf(session->Filter()).DateSetting == DateNone;
+    const Reading reading = ReadingOf(session->Filter());
+    read.IsRelative = reading.DateSetting == DateNone;
+    read.HasDates = reading.DateSetting == DateFromColumn && reading.TimeSetting == TimeFromColumn;
     read.Messages = session->Messages().Kept();
     read.MessageLines = session->Messages().KeptLines();
     read.MessagesLeftOut = session->Messages().LeftOut();
@@ -82,8 +81,7 @@ py::list SignalsToPython(FileRead& read) {
     py::list signals;
     const Device device = std::move(read.Samples);
     for (std::size_t i = 0; i < device->Signals.size(); ++i) {
-        const int type = i < read.Columns.size() ? read.Columns[i].Type : CsvTypeUndefined;
-        signals.append(std::make_unique<SignalSamples>(device, i, type));
+        signals.append(std::make_unique<SignalSamples>(device, i));
     }
     return signals;
 }
@@ -115,6 +113,7 @@ py::dict ReadFile(const Request& request, const py::object& progress) {
     result["signals"] = SignalsToPython(read);
     result["lines"] = read.Lines;
     result["is_relative"] = read.IsRelative;
+    result["has_dates"] = read.HasDates;
     result["messages"] = MessagesToPython(read);
     result["messages_left_out"] = read.MessagesLeftOut;
     result["findings"] = FindingsToPython(read.Findings);

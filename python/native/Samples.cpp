@@ -10,25 +10,8 @@
 #include "python/native/Texts.h"
 
 namespace kelvarin::python {
-namespace {
-py::dtype DtypeOf(std::uint32_t type, int columnType) {
-    switch (type) {
-        case KelvarinBool:
-            return py::dtype("bool");
-        case KelvarinInt64:
-            return py::dtype(columnType == CsvTypeHex ? "uint64" : "int64");
-        default:
-            return py::dtype("float64");
-    }
-}
-}  // namespace
-
-SignalSamples::SignalSamples(Device device, std::size_t index, int type)
-    : Samples(std::move(device)),
-      Index(index),
-      ColumnType(type),
-      About(Signal().Description()),
-      Sum(Signal().Summary()) {}
+SignalSamples::SignalSamples(Device device, std::size_t index)
+    : Samples(std::move(device)), Index(index), About(Signal().Description()), Sum(Signal().Summary()) {}
 
 py::object SignalSamples::Name() const {
     return TextToPython(About.Symbol.empty() ? About.Name : About.Symbol);
@@ -106,8 +89,9 @@ py::array SignalSamples::Objects() const {
 py::array SignalSamples::Values() const {
     switch (About.Type) {
         case KelvarinBool:
+            return InPlace(py::dtype("bool"));
         case KelvarinInt64:
-            return InPlace(DtypeOf(About.Type, ColumnType));
+            return InPlace(py::dtype("int64"));
         case KelvarinDouble:
             return Floats();
         default:
@@ -134,14 +118,18 @@ std::uintptr_t SignalSamples::TimesId() const {
     return reinterpret_cast<std::uintptr_t>(Signal().TimesId());
 }
 
-py::array LocalTimes(const py::array_t<std::int64_t>& moments) {
+py::array LocalTimes(const py::array_t<std::int64_t>& moments, bool areOfFile) {
     py::array local(py::dtype("int64"), {moments.size()}, {});
     auto* const data = static_cast<std::int64_t*>(local.mutable_data());
     const std::int64_t* const source = moments.data();
     const auto count = static_cast<std::size_t>(moments.size());
     const py::gil_scoped_release released;
     std::copy_n(source, count, data);
-    ToLocalClock({data, count});
+    if (areOfFile) {
+        ToClockOfFile({data, count});
+    } else {
+        ToLocalClock({data, count});
+    }
     return local;
 }
 }  // namespace kelvarin::python

@@ -20,8 +20,7 @@ using Device = std::shared_ptr<const store::StoredDevice>;
 // A signal of a device, which lives as long as the signal, or an array that lies in its memory.
 class SignalSamples {
   public:
-    // `type` is that of the signal's column in the file, an ECsvDataType.
-    SignalSamples(Device device, std::size_t index, int type);
+    SignalSamples(Device device, std::size_t index);
 
     py::object Name() const;
     py::object Unit() const;
@@ -31,8 +30,8 @@ class SignalSamples {
     std::uint64_t Count() const;                  // of samples
     std::string Course(std::size_t width) const;  // a sparkline of at most `width` characters
 
-    // A new array of one dimension: float64 with NaN for a missing value, int64, uint64 of hexadecimal
-    // numbers, bool, or objects, which are str and None for a missing text. In the device's memory where it
+    // A new array of one dimension: float64 with NaN for a missing value, int64, bool,
+    // or objects, which are str and None for a missing text. In the device's memory where it
     // lies there in one piece.
     py::array Values() const;
 
@@ -54,11 +53,11 @@ class SignalSamples {
 
     const Device Samples;
     const std::size_t Index;
-    const int ColumnType;
     const store::SignalDescription About;
     const store::SignalSummary Sum;
 };
 
-// The local clock's times for moments, in a new array of int64.
-py::array LocalTimes(const py::array_t<std::int64_t>& moments);
+// The local clock's times for moments, in a new array of int64: those of a file whose rows have date and
+// time, or those that clocks show.
+py::array LocalTimes(const py::array_t<std::int64_t>& moments, bool areOfFile);
 }  // namespace kelvarin::python
