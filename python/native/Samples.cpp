@@ -74,6 +74,15 @@ py::array SignalSamples::Floats() const {
     return copy;
 }
 
+// The host's true is a byte of 0xFF, that of numpy 1.
+py::array SignalSamples::TruthValues() const {
+    py::array copy = Copied(py::dtype("bool"));
+    auto* const values = static_cast<std::uint8_t*>(copy.mutable_data());
+    const std::uint64_t count = Count();
+    for (std::uint64_t row = 0; row < count; ++row) values[row] &= 1;
+    return copy;
+}
+
 // An array of objects begins with nulls, which numpy takes for None.
 py::array SignalSamples::Objects() const {
     py::array objects(py::dtype("O"), {Count()}, {});
@@ -89,7 +98,7 @@ py::array SignalSamples::Objects() const {
 py::array SignalSamples::Values() const {
     switch (About.Type) {
         case KelvarinBool:
-            return InPlace(py::dtype("bool"));
+            return TruthValues();
         case KelvarinInt64:
             return InPlace(py::dtype("int64"));
         case KelvarinDouble:

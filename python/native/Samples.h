@@ -46,6 +46,7 @@ class SignalSamples {
 
   private:
     const store::StoredSignal& Signal() const { return *Samples->Signals[Index]; }
+    py::array TruthValues() const;
     py::array Floats() const;
     py::array Objects() const;
     py::array Copied(const py::dtype& type) const;

@@ -6,6 +6,7 @@ import locale
 import multiprocessing
 import os
 import pickle
+import shutil
 import signal
 import subprocess
 import sys
@@ -26,17 +27,28 @@ BENCH = ROOT / "examples/pruefstand.csv"
 ROAD = ROOT / "examples/road-test.csv"
 
 
-@pytest.fixture(scope="module")
-def large(tmp_path_factory: pytest.TempPathFactory) -> Iterator[Path]:
-    """A file of about 200 MB, which takes seconds to read."""
-    path = tmp_path_factory.mktemp("large") / "large.csv"
+def _write_file(path: Path, blocks: int) -> Path:
+    """A file of 3.5 MB for each block."""
     rows = "".join(f"@{row:05}.5;{row * 3.25:.4f};{row};idle text\n" for row in range(100_000))
     with open(path, "w") as file:
         file.write("Elapsed [s];a;b;c\n")
-        for number in range(1, 61):
+        for number in range(1, blocks + 1):
             file.write(rows.replace("@", str(number)))
+    return path
+
+
+@pytest.fixture(scope="module")
+def large(tmp_path_factory: pytest.TempPathFactory) -> Iterator[Path]:
+    """About 200 MB, which take a second or more to read."""
+    path = _write_file(tmp_path_factory.mktemp("large") / "large.csv", 60)
     yield path
     path.unlink()
+
+
+@pytest.fixture(scope="module")
+def small(tmp_path_factory: pytest.TempPathFactory) -> Path:
+    """A tenth of a second or more."""
+    return _write_file(tmp_path_factory.mktemp("small") / "small.csv", 3)
 
 
 def test_threads_reading_at_once() -> None:
@@ -85,7 +97,7 @@ def test_ctrl_c(large: Path, call: str) -> None:
     assert rest.strip(), "the call went on to its end"
 
 
-def test_other_threads_run_meanwhile(large: Path) -> None:
+def test_other_threads_run_meanwhile(small: Path) -> None:
     ticks: List[float] = []
     done = threading.Event()
 
@@ -96,16 +108,16 @@ def test_other_threads_run_meanwhile(large: Path) -> None:
 
     clock = threading.Thread(target=tick)
     clock.start()
-    kelvarin.check(large)
+    kelvarin.check(small)
     done.set()
     clock.join()
-    assert len(ticks) > 10
+    assert len(ticks) > 3
 
 
-def test_progress_rises_to_one(large: Path) -> None:
+def test_progress_rises_to_one(small: Path) -> None:
     parts: List[float] = []
-    kelvarin.check(large, progress=parts.append)
-    assert parts == sorted(set(parts)) and parts[-1] == 1 and len(parts) > 3
+    kelvarin.check(small, progress=parts.append)
+    assert parts == sorted(set(parts)) and parts[-1] == 1
 
 
 def test_an_exception_of_the_progress_function_ends_the_call(large: Path) -> None:
@@ -139,10 +151,11 @@ def _drehzahl(path: str) -> numpy.ndarray:  # type: ignore[type-arg]
     return kelvarin.read(path)["Drehzahl"].values
 
 
-def test_forked_processes() -> None:
+def test_forked_processes(tmp_path: Path) -> None:
     expected = _drehzahl(str(BENCH))
+    copies = [shutil.copy(BENCH, tmp_path / f"{number}.csv") for number in range(6)]
     with multiprocessing.get_context("fork").Pool(2) as pool:
-        for values in pool.map(_drehzahl, [str(BENCH)] * 6):
+        for values in pool.map(_drehzahl, map(str, copies)):
             assert numpy.array_equal(values, expected)
 
 

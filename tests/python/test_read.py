@@ -99,6 +99,14 @@ def test_long_signals_span_blocks(tmp_path: Path) -> None:
         assert is_equal(samples_of(signal), samples_in(expected)), signal
 
 
+def test_truth_values_are_ones_and_zeros(tmp_path: Path) -> None:
+    path = tmp_path / "truth.csv"
+    path.write_text(table(["true", "false", "true"]))
+    values = kelvarin.read(path)["X"].values
+    assert values.view("uint8").tolist() == [1, 0, 1]
+    assert values.sum() == 2
+
+
 def test_equal_texts_are_one_object(tmp_path: Path) -> None:
     path = tmp_path / "texts.csv"
     path.write_text(table(["idle", "run", "idle"]))
