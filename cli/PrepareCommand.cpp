@@ -10,7 +10,7 @@
 #include "cli/report/PrepareReport.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
-#include "host/plan/DeviceColumn.h"
+#include "host/plan/Preparation.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"
 #include "platform/framework/Terminal.h"
@@ -29,22 +29,6 @@ std::string CopyOf(const std::string& file, const PrepareOptions& options) {
     return options.Output.empty() ? file + std::string(Ending) : options.Output;
 }
 
-// Empty, or why there is no plan for the file. Raises CFileException.
-std::string WhyUnplanned(const std::u16string& path, const std::optional<plan::ReadingPlan>& plan) {
-    if (!plan) {
-        const std::string reason = WhyUnreadable(path);
-        if (!reason.empty()) return reason;
-        return Phrase(
-            "no table was found: no lines look like rows of values. `kelvarin-import explain` tells how its "
-            "lines are read");
-    }
-    const bool isCounted = plan->Times && plan->Times->Recipe.Kind == plan::TimeKind::Interval;
-    if (plan->Times && (!isCounted || plan->Times->IsUnitNamed)) return {};
-    return Phrase(
-        "no times were found: no column holds any, and no line above the table names the interval of its "
-        "rows. Add such a line, as in \"Interval: 0.5 s\", or a column of times");
-}
-
 // Empty, or why a copy may not take this place.
 std::string WhyKept(const std::string& copy, const std::vector<std::string>& sources, bool force) {
     // The names of devices come from the files themselves.
@@ -54,98 +38,45 @@ std::string WhyKept(const std::string& copy, const std::vector<std::string>& sou
     return Phrase("{} exists already; --force replaces it", PrintableName(copy));
 }
 
-// A name for the copy of one device: its own before the ending. What not every system takes in a name becomes
-// a low line.
-std::string CopyOfDevice(const std::string& copy, const std::string& device) {
-    std::string name = device;
-    for (char& c : name) {
-        const bool isAscii = static_cast<unsigned char>(c) < 0x80;
-        const bool isAllowed =
-            (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-';
-        if (isAscii && !isAllowed) c = '_';
-    }
-    const std::size_t folder = copy.find_last_of("/\\") + 1;  // npos + 1 is 0
-    const std::size_t end = copy.ends_with(Ending) ? copy.size() - Ending.size() : copy.rfind('.');
-    const std::size_t at = end == copy.npos || end <= folder ? copy.size() : end;
-    return copy.substr(0, at) + "." + name + copy.substr(at);
-}
-
-// The copies to be made, still without their results: one for each device, or one.
-std::vector<PreparedCopy> CopiesOf(const std::string& copy,
-                                   const std::optional<plan::DeviceColumn>& devices) {
-    if (!devices) return {{copy, {}, {}}};
-    std::vector<PreparedCopy> copies;
-    for (const std::u16string& device : devices->Devices) {
-        const std::string name = Utf16ToUtf8(device);
-        std::string path = CopyOfDevice(copy, name);
-        const auto isTaken = [&](const PreparedCopy& other) { return other.Path == path; };
-        while (std::any_of(copies.begin(), copies.end(), isTaken)) path = CopyOfDevice(path, "2");
-        copies.push_back({path, name, {}});
-    }
-    return copies;
-}
-
-// The results of the copies up to the first that isn't made.
-std::vector<plan::CopyResult> CopyWithProgress(const std::string& file, const plan::ReadingPlan& plan,
-                                               const std::vector<PreparedCopy>& copies,
-                                               const std::optional<plan::DeviceColumn>& devices) {
-    ProgressLine progress(file);
-    plan::CopyOptions wanted;
-    wanted.Layout = plan::CopyLayout::ForPeople;
-    wanted.Cancel = &InterruptFlag();
-    wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
-    const std::u16string source = PathFromNative(file);
-    std::vector<plan::CopyResult> results;
-    if (!devices) {
-        results.push_back(WriteCleanCopy(source, plan, PathFromNative(copies.front().Path), wanted));
-        return results;
-    }
-    std::vector<plan::DeviceCopy> targets;
-    for (const PreparedCopy& copy : copies)
-        targets.push_back({{devices->Column, Utf8ToUtf16(copy.Device)}, PathFromNative(copy.Path)});
-    return WriteDeviceCopies(source, plan, targets, wanted);
+// Empty, or why there is no plan for the file.
+std::string ReasonOf(const ImportFailure& failure) {
+    if (!failure.IsTableMissing) return failure.Reason;
+    return Phrase("{}. `kelvarin-import explain` tells how its lines are read", failure.Reason);
 }
 
 // Writes the copies of a file that has a plan. True if the user ended it.
 bool WriteCopies(const PrepareOptions& options, const std::vector<std::string>& sources,
-                 const std::optional<plan::DeviceColumn>& devices, PrepareReport& report) {
-    if (devices) report.DeviceColumn = devices->Column + 1;
-    std::vector<PreparedCopy> copies = CopiesOf(CopyOf(report.File, options), devices);
-    for (const PreparedCopy& copy : copies) {
+                 const plan::Preparation& preparation, PrepareReport& report) {
+    if (preparation.Devices) report.DeviceColumn = preparation.Devices->Column + 1;
+    std::vector<plan::PreparedCopy> copies =
+        CopiesAt(preparation, CopyOf(report.File, options), std::string(Ending));
+    for (const plan::PreparedCopy& copy : copies) {
         report.Reason = WhyKept(copy.Path, sources, options.Force);
         if (!report.Reason.empty()) return false;
     }
-    std::vector<plan::CopyResult> results = CopyWithProgress(report.File, *report.Plan, copies, devices);
-    for (std::size_t i = 0; i < results.size(); ++i) {
-        report.Reason = results[i].Failure;
-        if (results[i].Interrupted || !report.Reason.empty()) return results[i].Interrupted;
-        copies[i].Result = std::move(results[i]);
-        report.Copies.push_back(std::move(copies[i]));
+    ProgressLine progress(report.File);
+    plan::CopyOptions wanted;
+    wanted.Cancel = &InterruptFlag();
+    wanted.OnProgress = [&](std::uint32_t percent) { progress.Show(percent); };
+    plan::WriteCopies(preparation, copies, wanted);
+    for (plan::PreparedCopy& copy : copies) {
+        report.Reason = copy.Result.Failure;
+        if (copy.Result.Interrupted || !report.Reason.empty()) return copy.Result.Interrupted;
+        report.Copies.push_back(std::move(copy));
     }
     return false;
 }
 
 int PrepareFile(const CommonOptions& common, const PrepareOptions& options,
                 const std::vector<std::string>& sources, const std::string& file) {
-    const std::u16string path = PathFromNative(file);
+    const plan::Preparation preparation = plan::FindPreparation(PathFromNative(file));
     PrepareReport report;
     report.File = file;
-    std::optional<plan::ReadingPlan> plan;
-    std::optional<plan::DeviceColumn> devices;
-    try {
-        plan = plan::FindPlan(path);
-        report.Reason = WhyUnplanned(path, plan);
-        const bool isOrdered =
-            !plan || !plan->Times || plan->Times->Trial.Equal + plan->Times->Trial.Falling == 0;
-        if (!isOrdered) devices = plan::FindDeviceColumn(path, *plan);
-    } catch (CFileException* error) {
-        report.Reason = Utf16ToUtf8(DescribeFileError(*error));
-        error->Delete();
-    }
+    report.Reason = ReasonOf(preparation.Failure);
     bool isInterrupted = false;
     if (report.Reason.empty()) {
-        report.Plan = &*plan;
-        isInterrupted = WriteCopies(options, sources, devices, report);
+        report.Plan = &*preparation.Plan;
+        isInterrupted = WriteCopies(options, sources, preparation, report);
     }
     if (common.Json) {
         WritePrepareJson(std::cout, report);

@@ -19,7 +19,6 @@ constexpr Translation Texts[] = {
      "`kelvarin-import BEFEHL --help` nennt die Optionen eines Befehls. Eine Datei ohne Befehl wird "
      "importiert."},
     {"needs a value", "braucht einen Wert"},
-    {"this file is read, and would be overwritten", "diese Datei wird gelesen und würde überschrieben"},
     {"leads to {}, which is read and would be overwritten",
      "führt zu {}, was gelesen wird und überschrieben würde"},
     {"standard output can't be written: {}", "die Standardausgabe kann nicht geschrieben werden: {}"},
@@ -50,14 +49,10 @@ constexpr Translation Texts[] = {
     {"'{}' is neither a number of samples nor all", "'{}' ist weder eine Anzahl noch all"},
     {"'{}' is no 64-bit number of nanoseconds", "'{}' ist keine 64-Bit-Zahl von Nanosekunden"},
     // Reasons.
-    {"no table was found at line {}; `kelvarin-import explain FILE` says where one is",
-     "in Zeile {} beginnt keine Tabelle; `kelvarin-import explain FILE` sagt, wo eine ist"},
-    {"no table was found at line {}; lines {} to {} look like rows, name the table's start: {}",
-     "in Zeile {} beginnt keine Tabelle; die Zeilen {} bis {} sehen wie Datensätze aus, nennen Sie den "
-     "Anfang "
-     "der Tabelle: {}"},
-    {"the table has no rows", "die Tabelle hat keine Zeilen"},
-    {"no column beside the times is imported", "keine Spalte neben den Zeiten importiert wird"},
+    {"{}; `kelvarin-import explain FILE` says where one is",
+     "{}; `kelvarin-import explain FILE` sagt, wo eine ist"},
+    {"{}; lines {} to {} look like rows, name the table's start: {}",
+     "{}; die Zeilen {} bis {} sehen wie Datensätze aus, nennen Sie den Anfang der Tabelle: {}"},
     {"{} MB/s, {} s left", "{} MB/s, noch {} s"},
     // The reports.
     {"timestamp", "Zeitstempel"},
@@ -188,17 +183,8 @@ constexpr Translation Texts[] = {
     {"--output names the copy of one file; without it each file has its own",
      "--output nennt die Kopie einer einzigen Datei; ohne diese Option hat jede Datei ihre eigene"},
     {"prepared", "vorbereitet"},
-    {"no table was found: no lines look like rows of values. `kelvarin-import explain` tells how its lines "
-     "are read",
-     "keine Tabelle gefunden: Keine Zeilen sehen nach Werten aus. `kelvarin-import explain` sagt, wie die "
-     "Zeilen "
-     "gelesen werden"},
-    {"no times were found: no column holds any, and no line above the table names the interval of its rows. "
-     "Add "
-     "such a line, as in \"Interval: 0.5 s\", or a column of times",
-     "keine Zeiten gefunden: Keine Spalte enthält welche, und keine Zeile über der Tabelle nennt den Abstand "
-     "ihrer "
-     "Zeilen. Ergänzen Sie eine solche Zeile, etwa \"Interval: 0.5 s\", oder eine Spalte mit Zeiten"},
+    {"{}. `kelvarin-import explain` tells how its lines are read",
+     "{}. `kelvarin-import explain` sagt, wie die Zeilen gelesen werden"},
     {"copy", "Kopie"},
     {"left out", "ohne"},
     {"changed", "geändert"},
@@ -248,10 +234,7 @@ constexpr Translation Texts[] = {
      "der Sprache"},
     {"'{}' are not six letters", "„{}“ sind nicht sechs Buchstaben"},
     {"Make no signal of a column; repeatable", "Aus einer Spalte kein Signal machen; mehrfach möglich"},
-    {"'{}' is no data type; allowed are {}", "'{}' ist kein Datentyp; erlaubt sind {}"},
     {"'{}' is not of the form COLUMN=VALUE", "'{}' hat nicht die Form COLUMN=VALUE"},
-    {"there is no column '{}'", "es gibt keine Spalte '{}'"},
-    {"no clean copy could be made: {}", "es konnte keine bereinigte Kopie gemacht werden: {}"},
     {"assumed", "angenommen"},
     {"{}: not one sample is stored, since {}; `kelvarin-import explain FILE` says more",
      "{}: kein Messpunkt wird gespeichert ({}); `kelvarin-import explain FILE` sagt mehr"},
@@ -272,8 +255,6 @@ constexpr Translation Texts[] = {
      "Dateien lesen, wie der Plan in FILE sagt, und keine anderen; gibt es keine solche Datei, wird der "
      "gefundene Plan darin aufbewahrt"},
     {"it is no reading plan: {}", "sie ist kein Leseplan: {}"},
-    {"not read, as it is not like the files of the plan: {}",
-     "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
     {"unlike the files of the plan: {}", "anders als die Dateien des Plans: {}"},
     {"not written, since no plan was found", "nicht geschrieben, da kein Plan gefunden wurde"},
     {"the plan can't be handed to the processes: {}",

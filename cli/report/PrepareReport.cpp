@@ -3,10 +3,10 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Complaints.h"
-#include "cli/TypeNames.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextLayout.h"
+#include "host/TypeNames.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "host/plan/CopyInWords.h"
@@ -112,7 +112,7 @@ Json ColumnsToJson(const PrepareReport& report) {
     return columns;
 }
 
-Json CopyToJson(const PreparedCopy& copy) {
+Json CopyToJson(const plan::PreparedCopy& copy) {
     const plan::CopyResult& result = copy.Result;
     return {{"copy", PrintableName(copy.Path)},
             {"device", copy.Device},
@@ -129,7 +129,7 @@ Json CopyToJson(const PreparedCopy& copy) {
             {"rewritten", {{"values", result.Changes.Values}, {"missing", result.Changes.Missing}}}};
 }
 
-void WriteCopy(ReportStream& out, const PreparedCopy& copy) {
+void WriteCopy(ReportStream& out, const plan::PreparedCopy& copy) {
     out << ReportLabel(Phrase("copy")) << copy.Path << "\n";
     const std::string rows = RowsInWords(copy.Result.Rows.Written);
     out << ReportLabel(Phrase("content"))
@@ -151,7 +151,7 @@ void WritePrepareText(ReportStream out, const PrepareReport& report) {
             << Phrase("{}, told apart by column {}; each has its own copy", report.Copies.size(),
                       report.DeviceColumn)
             << "\n";
-    for (const PreparedCopy& copy : report.Copies) WriteCopy(out, copy);
+    for (const plan::PreparedCopy& copy : report.Copies) WriteCopy(out, copy);
     WriteColumns(out, *report.Plan);
 }
 
@@ -165,7 +165,7 @@ void WritePrepareJson(std::ostream& out, const PrepareReport& report) {
         document["assumed"] = AssumptionsToJson(plan::Assumptions(*report.Plan));
         document["deviceColumn"] = report.DeviceColumn == 0 ? Json() : Json(report.DeviceColumn);
         document["copies"] = Json::array();
-        for (const PreparedCopy& copy : report.Copies) document["copies"].push_back(CopyToJson(copy));
+        for (const plan::PreparedCopy& copy : report.Copies) document["copies"].push_back(CopyToJson(copy));
         document["columns"] = ColumnsToJson(report);
     }
     WriteDocument(out, document);

@@ -6,20 +6,14 @@
 #include <vector>
 
 #include "cli/report/TextLayout.h"
-#include "host/plan/CleanCopy.h"
+#include "host/plan/Preparation.h"
 
 namespace kelvarin::cli {
-struct PreparedCopy {
-    std::string Path;
-    std::string Device;  // whose rows it has; empty for all rows
-    plan::CopyResult Result;
-};
-
 struct PrepareReport {
     std::string File;
     std::string Reason;                       // why a copy wasn't written; else empty
     const plan::ReadingPlan* Plan = nullptr;  // null if there is none
-    std::vector<PreparedCopy> Copies;         // that were written
+    std::vector<plan::PreparedCopy> Copies;   // that were written
     std::size_t DeviceColumn = 0;             // from 1: that tells the devices apart; 0 for none
 };
 

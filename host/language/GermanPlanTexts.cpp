@@ -123,6 +123,15 @@ constexpr Translation Texts[] = {
     {"{} holds {}, not {}", "{} enthält {}, nicht {}"},
     {"no table was found in it", "in ihr wurde keine Tabelle gefunden"},
     {"most of its rows have no time", "die meisten ihrer Zeilen haben keine Zeit"},
+    {"the file exists already", "die Datei gibt es schon"},
+    {"no table was found: no lines look like rows of values",
+     "keine Tabelle gefunden: Keine Zeilen sehen nach Werten aus"},
+    {"no times were found: no column holds any, and no line above the table names the interval of its rows. "
+     "Add "
+     "such a line, as in \"Interval: 0.5 s\", or a column of times",
+     "keine Zeiten gefunden: Keine Spalte enthält welche, und keine Zeile über der Tabelle nennt den Abstand "
+     "ihrer "
+     "Zeilen. Ergänzen Sie eine solche Zeile, etwa \"Interval: 0.5 s\", oder eine Spalte mit Zeiten"},
 };
 }  // namespace
 

@@ -51,6 +51,44 @@ std::string MakeValue(std::uint32_t type, std::minstd_rand& random, int row) {
     }
 }
 
+// What the arrays of a signal come to: the samples that are kept.
+std::vector<Sample> SamplesInArrays(const kelvarin::store::StoredSignal& signal) {
+    const auto count = static_cast<std::size_t>(signal.KeptCount());
+    const kelvarin::store::SignalDescription about = signal.Description();
+    std::vector<std::int64_t> times(count);
+    std::vector<std::uint8_t> gaps(count);
+    signal.CopyTimes(times.data());
+    signal.CopyGaps(gaps.data());
+    std::vector<Sample> samples;
+    for (const std::int64_t time : times) samples.push_back({time, std::nullopt});
+    if (about.Type == KelvarinString) {
+        std::size_t row = 0;
+        signal.VisitTexts([&](const kelvarin::store::StoredSignal::KeptText& text) {
+            EXPECT_EQ(text.Bytes == nullptr, gaps[row] != 0);
+            Sample& sample = samples[row++];
+            if (text.Bytes == nullptr) return;
+            sample.Bytes.emplace();
+            for (std::uint32_t i = 0; i < text.Length; ++i) {
+                if (text.IsNarrow) {
+                    *sample.Bytes += std::string{text.Bytes[i], '\0'};
+                } else {
+                    sample.Bytes->append(text.Bytes + 2 * i, 2);
+                }
+            }
+        });
+        EXPECT_EQ(row, count);
+        return samples;
+    }
+    std::string values(count * about.Size, '?');
+    signal.CopyValues(values.data());
+    for (std::size_t row = 0; row < count; ++row) {
+        if (gaps[row] == 0) samples[row].Bytes = values.substr(row * about.Size, about.Size);
+    }
+    if (const void* const place = signal.ValuesInPlace())
+        EXPECT_EQ(std::string(static_cast<const char*>(place), values.size()), values);
+    return samples;
+}
+
 void CompareStores(std::uint64_t keepLimit, std::uint64_t visited) {
     kelvarin::store::StoredDevice device(u"d", u"", keepLimit);
     std::vector<Twin> twins;
@@ -83,6 +121,11 @@ void CompareStores(std::uint64_t keepLimit, std::uint64_t visited) {
         EXPECT_TRUE(kept == expected)
             << "type " << twin.Signal->Description().Type << ", limit " << keepLimit;
 
+        expected = twin.Given;
+        expected.resize(std::min<std::uint64_t>(expected.size(), keepLimit));
+        EXPECT_TRUE(SamplesInArrays(*twin.Signal) == expected)
+            << "arrays of type " << twin.Signal->Description().Type << ", limit " << keepLimit;
+
         const kelvarin::store::SignalSummary& summary = twin.Signal->Summary();
         const auto hasValue = [](const Sample& sample) { return sample.Bytes.has_value(); };
         const auto values = std::count_if(twin.Given.begin(), twin.Given.end(), hasValue);
@@ -99,6 +142,23 @@ TEST(Store, GivesBackWhatItWasGiven) {
     for (const std::uint64_t limit : {0u, 1u, 128u, 129u, 5000u, 100000u})
         CompareStores(limit, ~std::uint64_t{0});
     CompareStores(100'000, 12'345);
+}
+
+TEST(Store, HasShortSignalsInOnePiece) {
+    for (const int rows : {1, 64, 65, 200}) {
+        SCOPED_TRACE(rows);
+        kelvarin::store::StoredDevice device(u"d", u"", ~std::uint64_t{0});
+        DM::SignalProxy* signal = nullptr;
+        device.CreateSignal(signal, u"s", KelvarinDouble, sizeof(double));
+        for (int row = 0; row < rows; ++row) {
+            const double value = row / 8.0;
+            signal->AddSample(&value, sizeof value, row);
+        }
+        device.Finish();
+        const auto* const values = static_cast<const double*>(device.Signals.front()->ValuesInPlace());
+        ASSERT_EQ(values != nullptr, rows <= 64);
+        if (values != nullptr) EXPECT_EQ(values[rows - 1], (rows - 1) / 8.0);
+    }
 }
 
 // What a sink got, a piece each: times, values and texts.
