@@ -4,7 +4,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <optional>
 #include <thread>
 
 #include "python/native/Process.h"
@@ -81,8 +80,10 @@ class ProgressTeller {
     }
 
   private:
+    static constexpr std::uint32_t Nothing = ~std::uint32_t{0};
+
     const py::object& Progress;
-    std::optional<std::uint32_t> Told;
+    std::uint32_t Told = Nothing;
 };
 }  // namespace
 
