@@ -38,6 +38,7 @@ class SignalBase : public StoredSignal {
         SummarizeRest();
     }
 
+    std::shared_ptr<const TimeAxis> Times() const override { return Axis; }
     bool HasSharedTimes() const override { return IsOnDeviceAxis && Sum.Count == Axis->Count(); }
 
   protected:

@@ -18,6 +18,9 @@
 #include "host/store/Sparkline.h"
 
 namespace kelvarin::store {
+class TimeAxis;
+class ValueReader;
+
 // What a signal is made with, and its texts.
 struct SignalDescription {
     std::u16string Name;     // unique within the device
@@ -54,6 +57,13 @@ class StoredSignal : public DM::SignalProxy {
 
     // Visits the first samples in order, `limit` at most and none beyond those kept.
     virtual void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const = 0;
+
+    // Reads the samples kept in any order, once the device is finished; null for texts and where none are
+    // kept. The signal outlives the reader.
+    virtual std::unique_ptr<ValueReader> ReadValues() const;
+
+    // The times of the samples kept, which signals share where they agree; null where none are kept.
+    virtual std::shared_ptr<const TimeAxis> Times() const;
 
     // Called by the device after the last sample.
     virtual void Finish() = 0;

@@ -12,13 +12,13 @@ namespace kelvarin::store {
 // its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
 // for others.
 class TimeAxis {
+  public:
     // A time and the step that led to it. Sums wrap.
     struct Moment {
         std::int64_t Time = 0;
         std::int64_t Step = 0;
     };
 
-  public:
     // Keeps at most `keepLimit` times. The arena must outlive the axis.
     TimeAxis(std::uint64_t keepLimit, Arena& memory)
         : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
@@ -89,6 +89,9 @@ class TimeAxis {
         BlockList<std::int64_t>::Reader Changes;
         Moment Now;
     };
+
+    // The kept times as changes of the step, which follow from a Moment of zeros.
+    const BlockList<std::int64_t>& Kept() const { return Changes; }
 
     // Calls `visit` with each time, if all are kept.
     template <class Visit>
