@@ -10,6 +10,7 @@
 #include "cli/many/ManyFiles.h"
 #include "cli/report/CheckReport.h"
 #include "cli/report/Options.h"
+#include "host/ImportFailure.h"
 #include "host/check/CheckRun.h"
 #include "host/check/RejectsFile.h"
 #include "host/language/Phrase.h"
@@ -28,19 +29,13 @@ struct CheckOptions {
 
 // Empty, or why the file could not be checked.
 std::string WhyFailed(const check::CheckResult& result) {
-    if (!result.Failed) return {};
-    const std::string failure = Utf16ToUtf8(result.Failure);
-    if (result.SourceChanged || result.OutOfMemory) return failure;
-    if (!result.WhyUnreadable.empty()) return result.WhyUnreadable;
-    if (result.Begun) return failure;
-    const Reading& table = result.Format;
+    const ImportFailure failure = WhyCheckFailed(result);
+    if (!failure.IsTableMissing) return failure.Reason;
     const check::RowsAbove& above = result.Above;
-    const int line = table.HeaderLine != 0 ? table.HeaderLine : table.FirstDataLine;
     if (above.Settings.empty())
-        return Phrase("no table was found at line {}; `kelvarin-import explain FILE` says where one is",
-                      line);
-    return Phrase("no table was found at line {}; lines {} to {} look like rows, name the table's start: {}",
-                  line, above.First, above.Last, OptionsText(above.Settings));
+        return Phrase("{}; `kelvarin-import explain FILE` says where one is", failure.Reason);
+    return Phrase("{}; lines {} to {} look like rows, name the table's start: {}", failure.Reason,
+                  above.First, above.Last, OptionsText(above.Settings));
 }
 
 check::CheckResult RunOnce(const ModuleLoader& module, const CheckOptions& options, const std::string& file,

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/Complaints.h"
-#include "cli/TypeNames.h"
+#include "host/TypeNames.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
@@ -12,18 +12,10 @@
 
 namespace kelvarin::cli {
 namespace {
-plan::AutomaticOptions AutomaticOptionsFor(const ReadingOptions& options,
-                                           std::function<void(std::uint32_t)> onProgress) {
-    plan::AutomaticOptions automatic;
-    automatic.IsOff = options.NoGuess;
-    automatic.ColumnsOnly = options.ColumnsOnly;
-    automatic.Copies = options.Copies;
-    automatic.Wishes = options.Wishes;
-    automatic.FormatLetters = options.FormatLetters;
-    automatic.Kinds = options.Kinds;
-    automatic.Cancel = &InterruptFlag();
-    automatic.OnProgress = std::move(onProgress);
-    return automatic;
+ReadingOptions UntilInterrupted(ReadingOptions options, std::function<void(std::uint32_t)> onProgress) {
+    options.Cancel = &InterruptFlag();
+    options.OnProgress = std::move(onProgress);
+    return options;
 }
 
 int TypeOrRefuse(const std::string& option, const std::string& word) {
@@ -40,12 +32,6 @@ std::pair<std::u16string, std::string> ColumnAndValue(const std::string& option,
     return {Utf8ToUtf16(text.substr(0, equals)), text.substr(equals + 1)};
 }
 }  // namespace
-
-std::string Joint(const std::vector<std::string>& sentences) {
-    std::string text;
-    for (const std::string& sentence : sentences) text += (text.empty() ? "" : "; ") + sentence;
-    return text;
-}
 
 void AddReadingOptions(CLI::App& command, ReadingOptions& options) {
     command.add_flag("--no-guess", options.NoGuess,
@@ -105,48 +91,26 @@ void AddSaveOption(CLI::App& command, ReadingOptions& options) {
 
 FileReading::FileReading(const ModuleLoader& module, const std::string& file, const CommonOptions& common,
                          const ReadingOptions& options, std::function<void(std::uint32_t)> onProgress)
-    : Module(module),
-      File(file),
-      IsToBeSaved(options.Save),
-      Plan(module, PathFromNative(file), common.Settings,
-           AutomaticOptionsFor(options, std::move(onProgress))) {
-    if (!Plan.Unlikeness().empty()) {
-        Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joint(Plan.Unlikeness()));
-        Found.emplace();
-        Found->Failure = Unlike;
-        return;
-    }
-    const bool isAsked = options.GuessTime || options.Save;
-    if (Plan.Plan() == nullptr && (!isAsked || options.NoGuess)) return;
-    Found = plan::GuessOf(Plan);
-    if (options.Save) Save();
-}
-
-void FileReading::Save() {
-    plan::SaveGuess(Module, PathFromNative(File), Plan, *Found);
-}
-
-bool FileReading::TakesCopy() {
-    if (!Plan.TakesCopy()) return false;
-    Found = plan::GuessOf(Plan);
-    if (IsToBeSaved) Save();
-    return true;
-}
+    : kelvarin::FileReading(module, PathFromNative(file), common.Settings,
+                            UntilInterrupted(options, std::move(onProgress))),
+      File(file) {}
 
 int FileReading::WithComplaints(int status) const {
-    if (Found && Found->IsSaveLost) status = WorseStatus(status, Fail(File + ".info", Found->SaveFailure));
-    for (const std::u16string& column : Plan.UnknownColumns())
+    if (Guess() != nullptr && Guess()->IsSaveLost)
+        status = WorseStatus(status, Fail(File + ".info", Guess()->SaveFailure));
+    const plan::AutomaticReading& plan = *Automatic();
+    for (const std::u16string& column : plan.UnknownColumns())
         status = WorseStatus(status, Fail(File, Phrase("there is no column '{}'", Utf16ToUtf8(column))));
-    const plan::ReadingPlan* const followed = Plan.Plan();
+    const plan::ReadingPlan* const followed = plan.Plan();
     if (followed != nullptr && followed->Kin && !followed->Kin->PlanFile.empty() &&
         !followed->Kin->Differences.empty()) {
         ComplainAbout(File, Phrase("unlike the files of the plan: {}", Joint(followed->Kin->Differences)));
         status = WorseStatus(status, ExitFindings);
     }
-    if (!Plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
-        status = Fail(File, Plan.WhyUnread());
-    if (!Plan.CopyFailure().empty())
-        ComplainAbout(File, Phrase("no clean copy could be made: {}", Plan.CopyFailure()));
+    if (!plan.WhyUnread().empty() && (status == ExitDone || status == ExitFindings))
+        status = Fail(File, plan.WhyUnread());
+    if (!plan.CopyFailure().empty())
+        ComplainAbout(File, Phrase("no clean copy could be made: {}", plan.CopyFailure()));
     return status;
 }
 }  // namespace kelvarin::cli

@@ -15,6 +15,7 @@
 #include "cli/report/JsonReport.h"
 #include "cli/report/Options.h"
 #include "cli/report/TextReport.h"
+#include "host/ImportFailure.h"
 #include "host/Reading.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
@@ -23,15 +24,6 @@
 #include "platform/framework/Terminal.h"
 
 namespace kelvarin::cli {
-namespace {
-// True if rows were read and not one of them was stored.
-bool LostEveryRow(const RunResult& result, const store::StoredDevice* device) {
-    if (!result.Begun || result.Lines == 0 || device == nullptr) return false;
-    return device->Signals.empty() || device->Signals.front()->Summary().Count == 0;
-}
-
-}  // namespace
-
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress) {
     RunOptions run;
     run.BaseTime = options.BaseTime;
@@ -46,30 +38,10 @@ RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& opti
     return run;
 }
 
-std::uint64_t CountSamples(const store::StoredDevice* device) {
-    std::uint64_t count = 0;
-    if (device == nullptr) return count;
-    for (const auto& signal : device->Signals) count += signal->Summary().Count;
-    return count;
-}
-
-std::string WhyImportFailed(const std::u16string& path, const RunResult& result, const HostSession& session) {
-    if (result.OutOfMemory) return result.Failure;
-    if (!result.Failed && !LostEveryRow(result, session.Device())) return {};
-    const std::string reason = WhyUnreadable(session.Filter(), path);
-    if (!result.Failed || !reason.empty()) return reason;
-    if (SettingsOf(session.Filter()) == nullptr) return result.Failure;
-    // The file can be read, so it is the place of the table that is wrong.
-    const Reading format = ReadingOf(session.Filter());
-    const int line = format.HeaderLine != 0 ? format.HeaderLine : format.FirstDataLine;
-    return Phrase("no table was found at line {}; `kelvarin-import explain FILE` says where one is", line);
-}
-
-// Of a run without a sample.
-std::string WhyNothingIsStored(const RunResult& result, const store::StoredDevice* device) {
-    if (result.Lines == 0) return Phrase("the table has no rows");
-    if (device == nullptr || device->Signals.empty()) return Phrase("no column beside the times is imported");
-    return Phrase("no row has a time");
+std::string FailureText(const std::u16string& path, const RunResult& result, const HostSession& session) {
+    const ImportFailure failure = WhyImportFailed(path, result, session);
+    if (!failure.IsTableMissing) return failure.Reason;
+    return Phrase("{}; `kelvarin-import explain FILE` says where one is", failure.Reason);
 }
 
 namespace {
@@ -113,7 +85,7 @@ FileOutcome ImportFile(const ModuleLoader& module, const CommonOptions& common, 
     } while (!result.Interrupted && reading.TakesCopy());
     result.Interrupted |= reading.Automatic()->IsInterrupted();
     std::string reason = reading.WhyUnlike();
-    if (reason.empty()) reason = WhyImportFailed(path, result, *session);
+    if (reason.empty()) reason = FailureText(path, result, *session);
     if (reason.empty()) reason = reading.Automatic()->WhyUnread();
     const std::uint64_t samples = CountSamples(session->Device());
     const bool hasStored =

@@ -28,8 +28,6 @@ struct ImportOptions {
 // Without a sink and a reading.
 RunOptions MakeRunOptions(const CommonOptions& common, const ImportOptions& options, ProgressLine& progress);
 
-std::uint64_t CountSamples(const store::StoredDevice* device);
-
-// Empty, or why the file counts as failed.
-std::string WhyImportFailed(const std::u16string& path, const RunResult& result, const HostSession& session);
+// Empty, or why the file counts as failed, with what to do.
+std::string FailureText(const std::u16string& path, const RunResult& result, const HostSession& session);
 }  // namespace kelvarin::cli

@@ -152,7 +152,7 @@ JoinedImport::Outcome JoinedImport::ImportPart(const std::string& file) {
     const store::JoinedPart part = Joined->EndRun();
     const store::SampleOrigin origin = session.Origin();
     std::string reason = Joined->WhyUnlike();
-    if (reason.empty()) reason = WhyImportFailed(path, result, session);
+    if (reason.empty()) reason = FailureText(path, result, session);
     if (reason.empty()) reason = reading.Automatic()->WhyUnread();
     if (reason.empty()) reason = WhyNotJoined(part, origin.IsRelative);
     if (!reason.empty()) {

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
-#include "cli/TypeNames.h"
+#include "host/TypeNames.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/File.h"
 #include "platform/framework/Path.h"

@@ -19,8 +19,11 @@ namespace {
 // that was complained about.
 int OpenProfile(const CommandLine& line) {
     const std::string& path = line.Common().ProfilePath;
-    SetProcessProfile(path.empty() ? OpenUserProfile(u"Brenholt", GetCommonProfileName())
-                                   : OpenProfileFile(PathFromNative(path)));
+    if (path.empty()) {
+        UseUserProfile();
+    } else {
+        SetProcessProfile(OpenProfileFile(PathFromNative(path)));
+    }
     const ProfileState state = GetProcessProfile()->State();
     // A dialog makes the profile that it is given.
     const bool mayBeMissing = path.empty() || line.CommandName() == "dialog";

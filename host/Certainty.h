@@ -10,6 +10,9 @@ enum class Certainty { Certain, Likely, Uncertain };
 // "certain", "likely" or "a guess".
 std::string CertaintyInWords(Certainty certainty);
 
+// "certain", "likely" or "guess", the same in every language.
+const char* CodeOf(Certainty certainty);
+
 // One assumption about a file, in UTF-8 and in the language in force.
 struct Assumption {
     std::string Kind;  // "table", "times", "rows", "units", "types" or "copy"

@@ -44,7 +44,9 @@ void MessageList::Add(ImportMessage message, std::uint64_t line) {
     ++group.Count;
     if (group.Lines.size() < LinesKept) group.Lines.push_back(line);
     ++Count;
-    if (First.size() < Keep) First.push_back(std::move(message));
+    if (First.size() == Keep) return;
+    First.push_back(std::move(message));
+    FirstLines.push_back(line);
 }
 
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)

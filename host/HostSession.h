@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "contract/ImportFilter.h"
@@ -49,6 +50,7 @@ class MessageList {
 
     // The messages that were kept, in order, and the number of those that came after them.
     const std::vector<ImportMessage>& Kept() const { return First; }
+    const std::vector<std::uint64_t>& KeptLines() const { return FirstLines; }  // of these, as Add got them
     std::uint64_t LeftOut() const { return Count - First.size(); }
 
     bool IsEmpty() const { return Count == 0; }
@@ -63,6 +65,7 @@ class MessageList {
     std::vector<MessageGroup> AllGroups;
     std::map<ImportMessage, std::size_t, KindOrder> GroupOfKind;  // index by a message of the kind
     std::vector<ImportMessage> First;
+    std::vector<std::uint64_t> FirstLines;
 };
 
 // A number of samples or messages that no file reaches.
@@ -121,6 +124,10 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     const store::StoredDevice* Device() const {
         return Options.Joined == nullptr ? Store.get() : Options.Joined->Device();
     }
+
+    // Hands the device of the run over, which lives on without the session; null if there is none of its own.
+    // Nothing else is asked of the session afterwards.
+    std::unique_ptr<store::StoredDevice> TakeDevice() { return std::move(Store); }
 
     // Where its samples come from: the file as it is now, and the settings of the run.
     store::SampleOrigin Origin() const;

@@ -9,11 +9,11 @@
 
 namespace kelvarin {
 namespace {
-// Beside the program, where a build and a zip have it, or else in the plug-in folder of an installed tree.
-std::u16string FindModule(const std::u16string& name) {
-    const std::u16string beside = ProgramFolder() + u"/" + ModuleFileName(name);
-    const std::u16string installed =
-        ProgramFolder() + u"/" + Utf8ToUtf16(KELVARIN_PLUGIN_DIR) + u"/" + ModuleFileName(name);
+// Beside the front end, where a build, a zip and a wheel have it, or else in the plug-in folder.
+std::u16string FindModule(const std::u16string& name, const std::u16string& folder,
+                          const std::u16string& plugins) {
+    const std::u16string beside = folder + u"/" + ModuleFileName(name);
+    const std::u16string installed = folder + u"/" + plugins + u"/" + ModuleFileName(name);
     std::error_code unknown;
     const bool isInstalled = !std::filesystem::exists(PathForStream(beside), unknown) &&
                              std::filesystem::exists(PathForStream(installed), unknown);
@@ -22,7 +22,11 @@ std::u16string FindModule(const std::u16string& name) {
 }  // namespace
 
 std::string ModuleLoader::Load() {
-    const std::u16string path = FindModule(u"csv-import");
+    return Load(ProgramFolder(), Utf8ToUtf16(KELVARIN_PLUGIN_DIR));
+}
+
+std::string ModuleLoader::Load(const std::u16string& folder, const std::u16string& plugins) {
+    const std::u16string path = FindModule(u"csv-import", folder, plugins);
     std::u16string error;
     if (!Library.Load(path, error)) return Utf16ToUtf8(error);
     const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));

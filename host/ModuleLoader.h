@@ -23,6 +23,10 @@ class ModuleLoader {
     // or why it can't be used: one sentence in UTF-8.
     std::string Load();
 
+    // The same for a front end that is itself a library, in `folder`; `plugins` is the path of the plug-in
+    // folder from there.
+    std::string Load(const std::u16string& folder, const std::u16string& plugins);
+
     // A filter for the file at a path, with the settings that are in force now. Never null; whether there is
     // such a file shows only when it is read.
     std::unique_ptr<CImportFilter> MakeFilter(const std::u16string& path) const;

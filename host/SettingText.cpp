@@ -3,6 +3,7 @@
 #include <concepts>
 #include <cstring>
 
+#include "contract/SupportFunctions.h"
 #include "contract/TimeStamp.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
@@ -123,5 +124,9 @@ std::string SettingsLayer::Set(const std::string& key, const std::string& value)
     std::string complaint = ParseSetting(key, value, setting);
     if (complaint.empty()) Set(setting);
     return complaint;
+}
+
+void UseUserProfile() {
+    SetProcessProfile(OpenUserProfile(u"Brenholt", GetCommonProfileName()));
 }
 }  // namespace kelvarin

@@ -42,6 +42,9 @@ std::string AdjustTimeFor(std::int64_t amount);
 // All settings of the profile as ParseSetting reads them.
 SettingList SettingsAsText(const CCsvImportSettings& settings);
 
+// Makes the user's profile the one that the module reads.
+void UseUserProfile();
+
 // Settings laid over the process's profile for the life of the layer: every filter made meanwhile has them,
 // unless a sidecar says otherwise. Nothing is stored. Layers end in the reverse order of their making; one
 // thread at a time makes layers and filters.

@@ -50,14 +50,10 @@ constexpr Translation Texts[] = {
     {"'{}' is neither a number of samples nor all", "'{}' ist weder eine Anzahl noch all"},
     {"'{}' is no 64-bit number of nanoseconds", "'{}' ist keine 64-Bit-Zahl von Nanosekunden"},
     // Reasons.
-    {"no table was found at line {}; `kelvarin-import explain FILE` says where one is",
-     "in Zeile {} beginnt keine Tabelle; `kelvarin-import explain FILE` sagt, wo eine ist"},
-    {"no table was found at line {}; lines {} to {} look like rows, name the table's start: {}",
-     "in Zeile {} beginnt keine Tabelle; die Zeilen {} bis {} sehen wie Datensätze aus, nennen Sie den "
-     "Anfang "
-     "der Tabelle: {}"},
-    {"the table has no rows", "die Tabelle hat keine Zeilen"},
-    {"no column beside the times is imported", "keine Spalte neben den Zeiten importiert wird"},
+    {"{}; `kelvarin-import explain FILE` says where one is",
+     "{}; `kelvarin-import explain FILE` sagt, wo eine ist"},
+    {"{}; lines {} to {} look like rows, name the table's start: {}",
+     "{}; die Zeilen {} bis {} sehen wie Datensätze aus, nennen Sie den Anfang der Tabelle: {}"},
     {"{} MB/s, {} s left", "{} MB/s, noch {} s"},
     // The reports.
     {"timestamp", "Zeitstempel"},
@@ -272,8 +268,6 @@ constexpr Translation Texts[] = {
      "Dateien lesen, wie der Plan in FILE sagt, und keine anderen; gibt es keine solche Datei, wird der "
      "gefundene Plan darin aufbewahrt"},
     {"it is no reading plan: {}", "sie ist kein Leseplan: {}"},
-    {"not read, as it is not like the files of the plan: {}",
-     "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
     {"unlike the files of the plan: {}", "anders als die Dateien des Plans: {}"},
     {"not written, since no plan was found", "nicht geschrieben, da kein Plan gefunden wurde"},
     {"the plan can't be handed to the processes: {}",

@@ -7,11 +7,6 @@
 namespace kelvarin::cli {
 using Json = nlohmann::ordered_json;
 
-const char* CodeOf(Certainty certainty) {
-    constexpr const char* Codes[] = {"certain", "likely", "guess"};
-    return Codes[static_cast<int>(certainty)];
-}
-
 void WriteAssumptions(ReportStream out, std::string label, const std::vector<Assumption>& assumptions) {
     for (const Assumption& one : assumptions) {
         out << ReportLabel(label) << one.Text << " (" << CertaintyInWords(one.Sureness) << ")\n";

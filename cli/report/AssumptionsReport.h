@@ -9,9 +9,6 @@
 #include "host/Certainty.h"
 
 namespace kelvarin::cli {
-// "certain", "likely" or "guess", the same in every language.
-const char* CodeOf(Certainty certainty);
-
 // A line for each, the first with the label, and below it what speaks against it.
 void WriteAssumptions(ReportStream out, std::string label, const std::vector<Assumption>& assumptions);
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "cli/TypeNames.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/Options.h"
+#include "host/TypeNames.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Text.h"
 
@@ -61,7 +61,7 @@ Json ColumnsToJson(const std::vector<ColumnChoice>& choices) {
     Json columns = Json::array();
     for (const ColumnChoice& choice : choices) {
         Json column = {{"column", choice.Column + 1}};
-        if (choice.Type != 0) column["type"] = TypeOption(choice.Type);
+        if (choice.Type != 0) column["type"] = TypeWord(choice.Type);
         if (!choice.Name.empty()) column["name"] = Utf16ToUtf8(choice.Name);
         if (!choice.Unit.empty()) column["unit"] = Utf16ToUtf8(choice.Unit);
         if (!choice.Import) column["skip"] = true;

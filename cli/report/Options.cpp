@@ -1,6 +1,6 @@
 #include "cli/report/Options.h"
 
-#include "cli/TypeNames.h"
+#include "host/TypeNames.h"
 #include "platform/framework/ShellText.h"
 #include "platform/framework/Text.h"
 
@@ -24,7 +24,7 @@ std::string OptionsText(const std::vector<ColumnChoice>& columns) {
             add("--skip", column);
             continue;
         }
-        const std::string type = TypeOption(choice.Type);
+        const std::string type = TypeWord(choice.Type);
         if (!type.empty()) add("--type", column + "=" + type);
         if (!choice.Name.empty()) add("--name", column + "=" + Utf16ToUtf8(choice.Name));
         if (!choice.Unit.empty()) add("--unit", column + "=" + Utf16ToUtf8(choice.Unit));

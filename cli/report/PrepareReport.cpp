@@ -3,10 +3,10 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/Complaints.h"
-#include "cli/TypeNames.h"
 #include "cli/report/AssumptionsReport.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/TextLayout.h"
+#include "host/TypeNames.h"
 #include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "host/plan/CopyInWords.h"

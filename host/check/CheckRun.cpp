@@ -3,14 +3,12 @@
 #include <algorithm>
 
 #include "contract/TimeReader.h"
-#include "host/HostSession.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/plan/AutomaticReading.h"
 #include "host/plan/PlanSettings.h"
 #include "host/plan/TimeAdvice.h"
 #include "host/sidecar/Sidecars.h"
-#include "platform/framework/FileWatch.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::check {
@@ -96,6 +94,18 @@ RowsAbove FindRowsAbove(const ModuleLoader& module, const std::u16string& path, 
     const auto settings = plan::TableSettingsOf(*module.MakeFilter(path), *plan);
     return {plan->FirstLine, begin - 1, settings.value_or(SettingList())};
 }
+// What could be set otherwise. The same lines again.
+void Advise(const ModuleLoader& module, const std::u16string& path, const CImportFilter& filter,
+            plan::AutomaticReading* reading, CheckResult& result) {
+    const bool hasPlan = reading != nullptr && reading->Plan() != nullptr;
+    if (hasPlan && !reading->HasChosenTimes()) return;
+    result.BetterFormat = FindBetterFormat(filter, result);
+    // The module's analysis may find the table too far down, and rows are lost without a message.
+    if (!hasPlan && !sidecar::HasSidecar(path)) result.Above = FindRowsAbove(module, path, result.Format);
+    const bool lostAll = result.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
+    if (lostAll && result.Format.TimeSetting != TimeInterval && result.Above.First == 0)
+        result.TimeAdvice = plan::AdviseTimes(module, path, result.Format);
+}
 }  // namespace
 
 void CheckObserver::OnRowStored(const RowPlace& place, std::int64_t time) {
@@ -123,33 +133,26 @@ void CheckObserver::OnCellRefused(const RefusedCell& cell) {
     if (Wanted.Refused != nullptr) Wanted.Refused->Add(cell.Place.Line);
 }
 
-CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
-    CheckResult result;
-    const FileWatch watch(path);
-    CheckObserver observer(result, options.Wanted);
-    RunOptions runOptions;
-    runOptions.OnBegun = [&](const CImportFilter& filter) { Prepare(filter, result); };
-    runOptions.OnProgress = options.OnProgress;
-    runOptions.Observer = &observer;
-    runOptions.Cancel = options.Cancel;
-    runOptions.Threads = options.Threads;
-    runOptions.Reading = options.Reading;
-    HostSession session(module, path, runOptions);
-    if (session.Filter().Find<IObservedRun>() == nullptr) {
-        result.Failed = true;
-        result.Failure = Utf8ToUtf16(Phrase("this module can't say what becomes of the rows"));
-        return result;
-    }
-    const RunResult run = session.Run();
+CheckOfRun::CheckOfRun(const std::u16string& path, WantedLines wanted)
+    : Path(path), Watch(path), Observer(std::make_unique<CheckObserver>(Result, wanted)) {}
+
+void CheckOfRun::Observe(RunOptions& options) {
+    options.OnBegun = [this](const CImportFilter& filter) { Prepare(filter, Result); };
+    options.Observer = Observer.get();
+}
+
+CheckResult CheckOfRun::Finish(const ModuleLoader& module, const HostSession& session, const RunResult& run,
+                               plan::AutomaticReading* reading) {
+    CheckResult& result = Result;
     result.Begun = run.Begun && result.Series != nullptr;
     result.Failed = run.Failed;
     result.Interrupted = run.Interrupted;
     result.OutOfMemory = run.OutOfMemory;
     result.Lines = run.Lines;
     result.Failure = FailureOf(session.Messages(), run.Failed);
-    if (run.Failed) result.WhyUnreadable = WhyUnreadable(session.Filter(), path);
+    if (run.Failed) result.WhyUnreadable = WhyUnreadable(session.Filter(), Path);
     if (run.OutOfMemory || (run.Failed && result.Failure.empty())) result.Failure = Utf8ToUtf16(run.Failure);
-    const std::string change = ChangeInWords(watch.Change());
+    const std::string change = ChangeInWords(Watch.Change());
     result.SourceChanged = !change.empty();
     if (result.SourceChanged) {
         result.Failed = true;
@@ -158,15 +161,26 @@ CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, con
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (result.Begun) CountSamples(*session.Device(), result);
-    if (run.OutOfMemory) return result;  // the same lines again would not help
-    const bool hasPlan = options.Reading != nullptr && options.Reading->Plan() != nullptr;
-    if (hasPlan && !options.Reading->HasChosenTimes()) return result;
-    result.BetterFormat = FindBetterFormat(session.Filter(), result);
-    // The module's analysis may find the table too far down, and rows are lost without a message.
-    if (!hasPlan && !sidecar::HasSidecar(path)) result.Above = FindRowsAbove(module, path, result.Format);
-    const bool lostAll = run.Begun && result.StoredRows() == 0 && result.Dropped.Count() != 0;
-    if (lostAll && result.Format.TimeSetting != TimeInterval && result.Above.First == 0)
-        result.TimeAdvice = plan::AdviseTimes(module, path, result.Format);
-    return result;
+    if (!run.OutOfMemory) Advise(module, Path, session.Filter(), reading, result);
+    return std::move(result);
+}
+
+CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {
+    CheckOfRun check(path, options.Wanted);
+    RunOptions runOptions;
+    runOptions.OnProgress = options.OnProgress;
+    runOptions.Cancel = options.Cancel;
+    runOptions.Threads = options.Threads;
+    runOptions.Reading = options.Reading;
+    check.Observe(runOptions);
+    HostSession session(module, path, runOptions);
+    if (session.Filter().Find<IObservedRun>() == nullptr) {
+        CheckResult result;
+        result.Failed = true;
+        result.Failure = Utf8ToUtf16(Phrase("this module can't say what becomes of the rows"));
+        return result;
+    }
+    const RunResult run = session.Run();
+    return check.Finish(module, session, run, options.Reading);
 }
 }  // namespace kelvarin::check

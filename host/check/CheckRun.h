@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "contract/RunObserver.h"
+#include "host/HostSession.h"
 #include "host/ModuleLoader.h"
 #include "host/Reading.h"
 #include "host/Remedy.h"
@@ -16,6 +17,7 @@
 #include "host/check/FilePlaces.h"
 #include "host/check/RejectsFile.h"
 #include "host/check/TimeSeries.h"
+#include "platform/framework/FileWatch.h"
 
 namespace kelvarin::plan {
 class AutomaticReading;
@@ -120,5 +122,24 @@ class CheckObserver final : public IRunObserver {
     CheckResult& Result;
     const WantedLines Wanted;
     FilePlaces BlankAtEnd;  // with no row below them yet
+};
+
+// What RunCheck does around its run, for a run that keeps its samples too.
+class CheckOfRun {
+  public:
+    explicit CheckOfRun(const std::u16string& path, WantedLines wanted = {});
+
+    // Adds to the options of the run what is needed. The object outlives the run and doesn't move.
+    void Observe(RunOptions& options);
+
+    // The result, after the run; once. The functions above say what is in it.
+    CheckResult Finish(const ModuleLoader& module, const HostSession& session, const RunResult& run,
+                       plan::AutomaticReading* reading);
+
+  private:
+    const std::u16string Path;
+    const FileWatch Watch;
+    CheckResult Result;
+    std::unique_ptr<CheckObserver> Observer;
 };
 }  // namespace kelvarin::check

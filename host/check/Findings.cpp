@@ -14,6 +14,14 @@ constexpr std::int64_t Second = 1'000'000'000;
 constexpr std::uint64_t MostNamedLine = 999;  // the greatest value of the setting FirstLine
 constexpr std::size_t MostNamed = 5;          // lines, beside the last
 
+// The finding with where it is in the file.
+Finding At(const FilePlaces& places, Finding finding) {
+    finding.Count = places.Count;
+    for (const FilePlace& place : places.FirstFew) finding.Lines.push_back(place.Line);
+    if (places.Count > places.FirstFew.size()) finding.Lines.push_back(places.Last.Line);
+    return finding;
+}
+
 // A fixed interval, in nanoseconds, in place of times that are too coarse. The time of day of the first row
 // goes in as a correction, since of the start date only the date counts.
 SettingList IntervalSettings(const CheckResult& result, double step) {
@@ -149,7 +157,8 @@ void JudgeKind(const CheckResult& result, DropKind kind, std::vector<Finding>& f
     } else if (kind == DropKind::Unreadable && !result.TimeAdvice.Text.empty()) {
         advice = result.TimeAdvice;
     }
-    findings.push_back({NameOf(kind), kind != DropKind::Empty, std::move(text), std::move(advice)});
+    findings.push_back(
+        At(places, {NameOf(kind), kind != DropKind::Empty, std::move(text), std::move(advice)}));
 }
 
 Remedy AdviceAbove(const CheckResult& result) {
@@ -161,22 +170,24 @@ Remedy AdviceAbove(const CheckResult& result) {
 void JudgeRowsAbove(const CheckResult& result, std::vector<Finding>& findings) {
     const RowsAbove& above = result.Above;
     if (above.First == 0) return;
-    findings.push_back({"rowsAbove", true,
-                        above.First == above.Last
-                            ? Phrase("line {} is not read, but looks like a row", above.First)
-                            : Phrase("lines {} to {} above the table are not read, but look like rows",
-                                     above.First, above.Last),
-                        AdviceAbove(result)});
+    findings.push_back(
+        {"rowsAbove", true,
+         above.First == above.Last ? Phrase("line {} is not read, but looks like a row", above.First)
+                                   : Phrase("lines {} to {} above the table are not read, but look like rows",
+                                            above.First, above.Last),
+         AdviceAbove(result), above.Last - above.First + 1,
+         above.First == above.Last ? std::vector{above.First} : std::vector{above.First, above.Last}});
 }
 
 void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) {
     const FilePlaces& places = result.Before1990;
     if (places.Count == 0) return;
-    findings.push_back({"before1990",
-                        true,
-                        Phrase("{} before 1990, which are stored but can't be processed by every host: {}",
-                               RowsInWords(places.Count), LinesInWords(places)),
-                        {Phrase("give them later dates in the file, or a fixed interval in relative time")}});
+    findings.push_back(
+        At(places, {"before1990",
+                    true,
+                    Phrase("{} before 1990, which are stored but can't be processed by every host: {}",
+                           RowsInWords(places.Count), LinesInWords(places)),
+                    {Phrase("give them later dates in the file, or a fixed interval in relative time")}}));
 }
 
 void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
@@ -196,34 +207,40 @@ bool AreMissingValues(const FilePlaces& cells) {
 
 void JudgeCells(const CheckResult& result, std::vector<Finding>& findings) {
     std::uint64_t columns = 0;
-    std::string example;
+    const ColumnCheck* first = nullptr;
     bool onlyMissing = true;
     for (const ColumnCheck& column : result.Columns) {
         if (column.Refused.Count == 0) continue;
         ++columns;
         onlyMissing &= AreMissingValues(column.Refused);
-        if (example.empty()) example = Quoted(column.Refused.FirstFew.front().Text);
+        if (first == nullptr) first = &column;
     }
     if (columns == 0) return;
+    const std::string example = Quoted(first->Refused.FirstFew.front().Text);
     const Remedy lossless = {
         Phrase("those seen are the file's word for no value, such as {}: nothing is lost", example)};
     const Remedy mending = {
         Phrase("give the column a type that takes them, or mend them in a file of their own"),
         {},
         RemedyAction::ExtractRowsAndCells};
-    findings.push_back(
-        {"refusedCells", true,
-         Phrase("{} refused for not being of their column's type, in {}; their samples have no value",
-                CellsInWords(result.RefusedCells()),
-                columns == 1 ? Phrase("1 column") : Phrase("{} columns", columns)),
-         onlyMissing ? lossless : mending});
+    Finding finding =
+        At(first->Refused,
+           {"refusedCells", true,
+            Phrase("{} refused for not being of their column's type, in {}; their samples have no value",
+                   CellsInWords(result.RefusedCells()),
+                   columns == 1 ? Phrase("1 column") : Phrase("{} columns", columns)),
+            onlyMissing ? lossless : mending});
+    finding.Count = result.RefusedCells();
+    finding.Column = columns == 1 ? first->Column : 0;
+    findings.push_back(std::move(finding));
 }
 
 void JudgeBlankLines(const CheckResult& result, std::vector<Finding>& findings) {
     if (result.Blank.Count == 0) return;
-    findings.push_back({"blankLines", false,
-                        Phrase("blank lines in the table: {}; the module's own line numbers don't count them",
-                               LinesInWords(result.Blank))});
+    findings.push_back(At(
+        result.Blank, {"blankLines", false,
+                       Phrase("blank lines in the table: {}; the module's own line numbers don't count them",
+                              LinesInWords(result.Blank))}));
 }
 
 void JudgeGaps(const CheckResult& result, std::vector<Finding>& findings) {
@@ -241,7 +258,7 @@ void JudgeGaps(const CheckResult& result, std::vector<Finding>& findings) {
                                  "{}; the longest, {}, "
                                  "ends in line {}",
                                  intervals.Gaps, median, length, longest.Line);
-    findings.push_back({"gaps", intervals.IsSteady, text});
+    findings.push_back({"gaps", intervals.IsSteady, text, {}, intervals.Gaps, {longest.Line}});
 }
 
 std::string DayMonthText(DayMonthState state, std::uint64_t line) {
@@ -275,12 +292,13 @@ void JudgeRollOvers(const CheckResult& result, std::vector<Finding>& findings) {
     const std::uint64_t all = result.Series->RollOvers;
     const FilePlaces& doubtful = result.Series->DoubtfulRollOvers;
     if (doubtful.Count != 0) {
-        findings.push_back({"doubtfulRollOvers",
-                            true,
-                            Phrase("a day was added where the time of day fell far from midnight: {}",
-                                   LinesInWords(doubtful)),
-                            {Phrase("was the clock set back, or are rows in disorder? All rows from there on "
-                                    "are a day later")}});
+        findings.push_back(
+            At(doubtful, {"doubtfulRollOvers",
+                          true,
+                          Phrase("a day was added where the time of day fell far from midnight: {}",
+                                 LinesInWords(doubtful)),
+                          {Phrase("was the clock set back, or are rows in disorder? All rows from there on "
+                                  "are a day later")}}));
     }
     if (all > doubtful.Count) {
         const std::uint64_t plain = all - doubtful.Count;

@@ -9,10 +9,13 @@
 
 namespace kelvarin::check {
 struct Finding {
-    const char* Kind = "";  // a word for scripts; of dropped rows that of NameOf
-    bool IsFault = true;    // else a note: it leaves a file clean
-    std::string Text;       // one clause, in the language in force
-    Remedy Advice = {};     // without text, settings and action if there is nothing to do
+    const char* Kind = "";                  // a word for scripts; of dropped rows that of NameOf
+    bool IsFault = true;                    // else a note: it leaves a file clean
+    std::string Text;                       // one clause, in the language in force
+    Remedy Advice = {};                     // without text, settings and action if there is nothing to do
+    std::uint64_t Count = 0;                // of the rows, cells or lines it is about; 0 if it is about none
+    std::vector<std::uint64_t> Lines = {};  // of the first of these and the last, rising
+    int Column = 0;                         // from 1; 0 if it is not about one column
 };
 
 // The faults first; none if the run could not begin.

@@ -64,6 +64,11 @@ constexpr Translation Texts[] = {
     {"this module has no sidecars", "dieses Modul kennt keine Sidecar-Dateien"},
     {"the first file has no signal '{}' of this type", "die erste Datei hat kein Signal '{}' dieses Typs"},
     {"it lacks a signal of the first file", "ihr fehlt ein Signal der ersten Datei"},
+    {"no table was found at line {}", "in Zeile {} beginnt keine Tabelle"},
+    {"the table has no rows", "die Tabelle hat keine Zeilen"},
+    {"no column beside the times is imported", "keine Spalte neben den Zeiten importiert wird"},
+    {"not read, as it is not like the files of the plan: {}",
+     "nicht gelesen, da sie nicht wie die Dateien des Plans ist: {}"},
 };
 }  // namespace
 

@@ -164,6 +164,13 @@ class BlockList {
         return bytes;
     }
 
+    // All values where they are, if they lie in one block that isn't packed; null if not.
+    Value* InOnePiece() const {
+        if (Blocks.empty()) return Next == Begin ? nullptr : Begin;
+        if (IsPacked || Blocks.size() != 1 || Next != Begin) return nullptr;
+        return static_cast<Value*>(const_cast<void*>(Blocks.front().Values));
+    }
+
     // Reads the values kept and then those of the open block, from the first on. The list must outlive it and
     // not grow meanwhile.
     class Reader {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,13 @@ class CountedSignal final : public StoredSignal {
         return {Count, WithoutValue, Store.Axis->First(), Store.Axis->Last(), {}, {}, {}};
     }
     void VisitSamples(std::uint64_t, const SampleVisitor&) const override {}
+    std::uint64_t KeptCount() const override { return 0; }
+    void CopyTimes(std::int64_t*) const override {}
+    void CopyGaps(std::uint8_t*) const override {}
+    const void* TimesId() const override { return nullptr; }
+    void CopyValues(void*) const override {}
+    void* ValuesInPlace() const override { return nullptr; }
+    void VisitTexts(const std::function<void(const KeptText&)>&) const override {}
     void Finish() override {}
 
   private:

@@ -45,6 +45,22 @@ class FixedSignal final : public SignalBase {
         return std::make_unique<BlockValues<Value>>(Values, Gaps, count);
     }
 
+    void CopyGaps(std::uint8_t* gaps) const override {
+        const std::uint64_t count = KeptCount();
+        for (std::uint64_t row = 0; row < count; ++row) gaps[row] = IsGap(row) ? 1 : 0;
+    }
+
+    void CopyValues(void* values) const override {
+        auto* next = static_cast<Value*>(values);
+        Value* const end = next + KeptCount();
+        Values.VisitBlocks([&](std::span<const Value> block) {
+            const auto room = static_cast<std::size_t>(end - next);
+            next = std::copy_n(block.begin(), std::min(block.size(), room), next);
+        });
+    }
+
+    void* ValuesInPlace() const override { return Values.InOnePiece(); }
+
     void Take(StoredSignal& other, bool keep) override {
         auto& part = static_cast<FixedSignal&>(other);
         CloseBlock();

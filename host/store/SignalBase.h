@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -39,6 +40,14 @@ class SignalBase : public StoredSignal {
     }
 
     std::shared_ptr<const TimeAxis> Times() const override { return Axis; }
+    std::uint64_t KeptCount() const override { return CountKept(~std::uint64_t{0}); }
+    void CopyTimes(std::int64_t* times) const override { Axis->CopyTo(times, KeptCount()); }
+    void CopyGaps(std::uint8_t* gaps) const override { std::fill_n(gaps, KeptCount(), std::uint8_t{0}); }
+    const void* TimesId() const override { return Axis.get(); }
+    void CopyValues(void*) const override {}
+    void* ValuesInPlace() const override { return nullptr; }
+    void VisitTexts(const std::function<void(const KeptText&)>&) const override {}
+
     bool HasSharedTimes() const override { return IsOnDeviceAxis && Sum.Count == Axis->Count(); }
 
   protected:

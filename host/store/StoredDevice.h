@@ -64,6 +64,34 @@ class StoredSignal : public DM::SignalProxy {
 
     // The times of the samples kept, which signals share where they agree; null where none are kept.
     virtual std::shared_ptr<const TimeAxis> Times() const;
+    // The samples kept, which the functions below copy as arrays: their number, the time of each in
+    // nanoseconds, and 1 for each without a value, else 0.
+    virtual std::uint64_t KeptCount() const = 0;
+    virtual void CopyTimes(std::int64_t* times) const = 0;
+    virtual void CopyGaps(std::uint8_t* gaps) const = 0;
+
+    // Equal for signals of a device that have the same times, null for one without times.
+    virtual const void* TimesId() const = 0;
+
+    // Copies values of a fixed size, Description().Size bytes each; zeros where there is none. Does nothing
+    // for texts.
+    virtual void CopyValues(void* values) const = 0;
+
+    // The same values where they are, if they lie in one piece; null if not. They live as long as the device,
+    // which never reads them again: the caller may change them.
+    virtual void* ValuesInPlace() const = 0;
+
+    // A text as it is kept: characters below 256 in a byte each, or the units of UTF-16 in two; null for a
+    // sample without a value.
+    struct KeptText {
+        const char* Bytes = nullptr;
+        std::uint32_t Length = 0;  // units
+        bool IsNarrow = false;
+    };
+
+    // Visits the texts of a signal of texts in order; those of other signals are none. A text is valid as
+    // long as the device.
+    virtual void VisitTexts(const std::function<void(const KeptText& text)>& visit) const = 0;
 
     // Called by the device after the last sample.
     virtual void Finish() = 0;

@@ -46,16 +46,22 @@ std::string TextBlocks::Last(std::size_t length, bool isNarrow) const {
     return {reinterpret_cast<const char*>(text.data()), length * sizeof(char16_t)};
 }
 
-const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
+const char* TextBlocks::Reader::NextBytes(std::size_t length, bool isNarrow) {
     const std::size_t size = isNarrow ? length : length * sizeof(char16_t);
+    if (size == 0) return "";
     // A text that found no room is in the next block.
-    while (!Texts.Blocks.empty() && size > Texts.Blocks[Block].Used - At) {
+    while (size > Texts.Blocks[Block].Used - At) {
         ++Block;
         At = 0;
     }
-    Text.resize(length);
-    if (size != 0) Widen(Texts.Blocks[Block].Bytes + At, isNarrow, Text);
+    const char* const bytes = Texts.Blocks[Block].Bytes + At;
     At += size;
+    return bytes;
+}
+
+const char16_t* TextBlocks::Reader::Next(std::size_t length, bool isNarrow) {
+    Text.resize(length);
+    Widen(NextBytes(length, isNarrow), isNarrow, Text);
     return Text.data();
 }
 }  // namespace kelvarin::store

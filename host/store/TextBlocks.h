@@ -50,8 +50,12 @@ class TextBlocks {
       public:
         explicit Reader(const TextBlocks& texts) : Texts(texts) {}
 
-        // Valid until the next call.
+        // The text in UTF-16, valid until the next call.
         const char16_t* Next(std::size_t length, bool isNarrow);
+
+        // The same text as it is kept, valid as long as the texts: a byte a character if it is narrow, else
+        // the bytes of its units. Never null.
+        const char* NextBytes(std::size_t length, bool isNarrow);
 
       private:
         const TextBlocks& Texts;

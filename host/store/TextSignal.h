@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <span>
 #include <utility>
 
 #include "host/store/SignalBase.h"
@@ -55,6 +57,30 @@ class TextSignal final : public SignalBase {
             const char16_t* const text = texts.Next(length, (size & NarrowBit) != 0);
             visit(time, text, length * std::uint32_t{sizeof(char16_t)});
         }
+    }
+
+    void CopyGaps(std::uint8_t* gaps) const override {
+        const std::uint8_t* const end = gaps + KeptCount();
+        Sizes.VisitBlocks([&](std::span<const std::uint32_t> sizes) {
+            for (const std::uint32_t size : sizes) {
+                if (gaps != end) *gaps++ = size == NoValue ? 1 : 0;
+            }
+        });
+    }
+
+    void VisitTexts(const std::function<void(const KeptText&)>& visit) const override {
+        std::uint64_t left = KeptCount();
+        TextBlocks::Reader texts(Texts);
+        Sizes.VisitBlocks([&](std::span<const std::uint32_t> sizes) {
+            for (const std::uint32_t size : sizes) {
+                if (left == 0) return;
+                --left;
+                const std::uint32_t length = size & ~NarrowBit;
+                const bool isNarrow = (size & NarrowBit) != 0;
+                visit(size == NoValue ? KeptText{}
+                                      : KeptText{texts.NextBytes(length, isNarrow), length, isNarrow});
+            }
+        });
     }
 
     void Take(StoredSignal& other, bool keep) override {

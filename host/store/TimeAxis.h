@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 
 #include "host/store/Blocks.h"
 #include "platform/framework/Numbers.h"
@@ -92,6 +93,20 @@ class TimeAxis {
 
     // The kept times as changes of the step, which follow from a Moment of zeros.
     const BlockList<std::int64_t>& Kept() const { return Changes; }
+
+    // Copies the first `count` times, which must be kept.
+    void CopyTo(std::int64_t* times, std::uint64_t count) const {
+        Moment now;
+        const std::int64_t* const end = times + count;
+        Changes.VisitBlocks([&](std::span<const std::int64_t> changes) {
+            for (const std::int64_t change : changes) {
+                if (times == end) return;
+                now.Step = WrappingAdd(now.Step, change);
+                now.Time = WrappingAdd(now.Time, now.Step);
+                *times++ = now.Time;
+            }
+        });
+    }
 
     // Calls `visit` with each time, if all are kept.
     template <class Visit>

@@ -1,8 +1,8 @@
-#include "cli/TypeNames.h"
+#include "host/TypeNames.h"
 
 #include "settings/DataType.h"
 
-namespace kelvarin::cli {
+namespace kelvarin {
 namespace {
 struct TypeName {
     const char* Word;
@@ -15,7 +15,7 @@ constexpr TypeName TypeNames[] = {
 };
 }  // namespace
 
-std::string TypeOption(int type) {
+std::string TypeWord(int type) {
     for (const TypeName& name : TypeNames) {
         if (name.Type == type) return name.Word;
     }
@@ -34,4 +34,4 @@ std::string AllTypeNames() {
     for (const TypeName& name : TypeNames) words += (words.empty() ? "" : ", ") + std::string(name.Word);
     return words;
 }
-}  // namespace kelvarin::cli
+}  // namespace kelvarin
