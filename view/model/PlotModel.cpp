@@ -128,9 +128,9 @@ void PlotModel::ShowTimes(TimeRange range) {
     SetTimes(range);
 }
 
-void PlotModel::ShowValues(std::size_t pane, std::vector<ValueRange> ranges) {
+void PlotModel::ShowValues(std::size_t pane, std::vector<ValueRange> ranges, bool joinsLastStep) {
     if (pane >= AllPanes.size() || ranges.size() != AllPanes[pane].Units().size()) return;
-    Note();
+    if (!joinsLastStep) Note();
     AllPanes[pane].FixedRanges = std::move(ranges);
 }
 

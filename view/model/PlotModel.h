@@ -62,7 +62,7 @@ class PlotModel {
     // Each of these is a step that Undo takes back. Ranges are kept within what times can be, 1 ns long at
     // least.
     void ShowTimes(TimeRange range);
-    void ShowValues(std::size_t pane, std::vector<ValueRange> ranges);
+    void ShowValues(std::size_t pane, std::vector<ValueRange> ranges, bool joinsLastStep = false);
     void FitAll();
 
     // Steps of one movement, such as a drag, are one for Undo: from Begin on until the next one.
