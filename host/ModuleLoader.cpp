@@ -8,8 +8,6 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin {
-namespace {
-// Beside the program, where a build and a zip have it, or else in the plug-in folder of an installed tree.
 std::u16string FindModule(const std::u16string& name) {
     const std::u16string beside = ProgramFolder() + u"/" + ModuleFileName(name);
     const std::u16string installed =
@@ -19,7 +17,6 @@ std::u16string FindModule(const std::u16string& name) {
                              std::filesystem::exists(PathForStream(installed), unknown);
     return isInstalled ? installed : beside;
 }
-}  // namespace
 
 std::string ModuleLoader::Load() {
     const std::u16string path = FindModule(u"csv-import");
