@@ -1,18 +1,24 @@
 // kelvarin-view: signals of measurement files in a window, or as a picture.
 #include <QApplication>
+#include <QLibraryInfo>
 #include <QLoggingCategory>
+#include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 #include <new>
+#include <utility>
 
 #include "contract/SupportFunctions.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/Language.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/ProfileStore.h"
 #include "platform/framework/Terminal.h"
+#include "view/dialog/QtText.h"
 #include "view/language/Texts.h"
 #include "view/program/Arguments.h"
 #include "view/program/PlotCommand.h"
+#include "view/window/MainWindow.h"
 
 using namespace kelvarin;
 using namespace kelvarin::view;
@@ -51,6 +57,30 @@ int DrawPicture(int argc, char** argv, const Arguments& arguments) {
     if (outcome.IsUsage) return Complain(outcome.Failure, ExitWrongUsage);
     return Complain(arguments.Files.front() + ": " + outcome.Failure, ExitFileFailed);
 }
+int ShowWindow(int argc, char** argv, const Arguments& arguments) {
+    const bool hasDisplay = std::getenv("DISPLAY") != nullptr || std::getenv("WAYLAND_DISPLAY") != nullptr ||
+                            std::getenv("QT_QPA_PLATFORM") != nullptr;
+    if (!hasDisplay) return Complain(Phrase("there is no display; --plot needs none"), ExitFileFailed);
+    std::vector<ParsedSetting> settings;
+    for (const std::string& text : arguments.Settings) {
+        const std::string reason = ParseSetting(text, settings.emplace_back());
+        if (!reason.empty()) return Complain("--set: " + reason, ExitWrongUsage);
+    }
+    const QApplication application(argc, argv);
+    QApplication::setOrganizationName("Brenholt");
+    QApplication::setApplicationName("kelvarin-view");
+    QApplication::setDesktopFileName("kelvarin-view");
+    QTranslator texts;
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (texts.load(QLocale(), "qtbase", "_", folder)) QApplication::installTranslator(&texts);
+    ModuleLoader module;
+    const std::string reason = module.Load();
+    if (!reason.empty()) return Complain(reason, ExitFileFailed);
+    MainWindow window(module, std::move(settings));
+    window.show();
+    for (const std::string& file : arguments.Files) window.Open(ToQt(PathFromNative(file)));
+    return QApplication::exec();
+}
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -67,7 +97,8 @@ int main(int argc, char** argv) {
     }
     SetProcessProfile(OpenUserProfile(u"Brenholt", GetCommonProfileName()));
     try {
-        return DrawPicture(argc, argv, arguments);
+        return arguments.Picture.empty() ? ShowWindow(argc, argv, arguments)
+                                         : DrawPicture(argc, argv, arguments);
     } catch (const std::bad_alloc&) {
         return Complain(Phrase("not enough memory"), ExitFileFailed);
     }
