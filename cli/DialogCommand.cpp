@@ -6,6 +6,7 @@
 
 #include "cli/CommandLine.h"
 #include "cli/Complaints.h"
+#include "cli/DialogFront.h"
 #include "cli/DialogScript.h"
 #include "cli/report/JsonReport.h"
 #include "contract/SettingsView.h"
@@ -31,17 +32,16 @@ int ReportUnsaved(const std::string& file, const CImportFilter& filter) {
     return ExitFileFailed;
 }
 
-// The dialog of one file, with a script in the user's place unless it is null.
-int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream* script) {
-    HostSession session(module, PathFromNative(file), RunOptions());
-    std::optional<DialogScript> driver;
-    if (script != nullptr) SetDialogDriver(&driver.emplace(*script, std::cout, session.Filter()));
+// The dialog of one file, worked by a driver; null where the system shows it. Returns the dialog's result.
+std::int64_t WorkDialog(HostSession& session, DialogDriver* driver) {
+    SetDialogDriver(driver);
     const std::int64_t result = session.Filter().ShowOptionDialog();
     SetDialogDriver(nullptr);
-    if (driver && !driver->GetError().empty()) {
-        Complain(driver->GetError());
-        return ExitWrongUsage;
-    }
+    return result;
+}
+
+// What became of the settings. Returns the program's status.
+int ReportResult(const std::string& file, const HostSession& session, std::int64_t result) {
     Json document = {{"result", result}};
     AddSettings(document, session.Filter());
     WriteDocument(std::cout, document);
@@ -50,23 +50,37 @@ int ShowDialog(const ModuleLoader& module, const std::string& file, std::istream
     return result == Ok ? ReportUnsaved(file, session.Filter()) : int{ExitDone};
 }
 
+// The dialog with a script in the user's place.
+int RunScript(const std::string& file, HostSession& session, std::istream& steps) {
+    DialogScript script(steps, std::cout, session.Filter());
+    const std::int64_t result = WorkDialog(session, &script);
+    if (script.GetError().empty()) return ReportResult(file, session, result);
+    Complain(script.GetError());
+    return ExitWrongUsage;
+}
+
+// The dialog with the user himself, where there is a display.
+int ShowDialog(const std::string& file, HostSession& session) {
+    DialogFront front;
+    if (HasDisplay()) return ReportResult(file, session, WorkDialog(session, nullptr));
+    if (front.Open()) return ReportResult(file, session, WorkDialog(session, &front.Driver()));
+    Complain(
+        Phrase("there is no display for the dialog here; drive it with --script FILE, or set values "
+               "with --set"));
+    return ExitWrongUsage;
+}
+
 // `scriptPath` is empty, a file, or - for standard input.
 int RunDialog(const ModuleLoader& module, const CommonOptions& common, const std::string& scriptPath) {
     const std::string& file = common.Files.front();
     const int refusal = RefuseOverwriting({}, {file, scriptPath}, {file + ".info", common.ProfilePath});
     if (refusal != ExitDone) return refusal;
-    if (scriptPath == "-") return ShowDialog(module, file, &std::cin);
-    if (!scriptPath.empty()) {
-        std::ifstream script(PathForStream(PathFromNative(scriptPath)));
-        if (script) return ShowDialog(module, file, &script);
-        ComplainAbout(scriptPath, Phrase("the script can't be read"));
-    } else if (HasDisplay()) {
-        return ShowDialog(module, file, nullptr);
-    } else {
-        Complain(
-            Phrase("there is no display for the dialog here; drive it with --script FILE, or set values "
-                   "with --set"));
-    }
+    HostSession session(module, PathFromNative(file), RunOptions());
+    if (scriptPath.empty()) return ShowDialog(file, session);
+    if (scriptPath == "-") return RunScript(file, session, std::cin);
+    std::ifstream script(PathForStream(PathFromNative(scriptPath)));
+    if (script) return RunScript(file, session, script);
+    ComplainAbout(scriptPath, Phrase("the script can't be read"));
     return ExitWrongUsage;
 }
 }  // namespace

@@ -10,8 +10,8 @@
 namespace kelvarin {
 namespace {
 // Beside the front end, where a build, a zip and a wheel have it, or else in the plug-in folder.
-std::u16string FindModule(const std::u16string& name, const std::u16string& folder,
-                          const std::u16string& plugins) {
+std::u16string FindModuleIn(const std::u16string& name, const std::u16string& folder,
+                            const std::u16string& plugins) {
     const std::u16string beside = folder + u"/" + ModuleFileName(name);
     const std::u16string installed = folder + u"/" + plugins + u"/" + ModuleFileName(name);
     std::error_code unknown;
@@ -21,12 +21,16 @@ std::u16string FindModule(const std::u16string& name, const std::u16string& fold
 }
 }  // namespace
 
+std::u16string FindModule(const std::u16string& name) {
+    return FindModuleIn(name, ProgramFolder(), Utf8ToUtf16(KELVARIN_PLUGIN_DIR));
+}
+
 std::string ModuleLoader::Load() {
     return Load(ProgramFolder(), Utf8ToUtf16(KELVARIN_PLUGIN_DIR));
 }
 
 std::string ModuleLoader::Load(const std::u16string& folder, const std::u16string& plugins) {
-    const std::u16string path = FindModule(u"csv-import", folder, plugins);
+    const std::u16string path = FindModuleIn(u"csv-import", folder, plugins);
     std::u16string error;
     if (!Library.Load(path, error)) return Utf16ToUtf8(error);
     const auto entry = reinterpret_cast<ImportDllEntry>(Library.Find(ImportDllEntryName));

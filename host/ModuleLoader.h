@@ -10,6 +10,10 @@
 #include "platform/framework/SharedLibrary.h"
 
 namespace kelvarin {
+// The path of a module by its name, such as "csv-import": beside the program, where a build and a zip have
+// it, or else in the plug-in folder of an installed tree. Whether it is there isn't said.
+std::u16string FindModule(const std::u16string& name);
+
 // One module, loaded to the end of this object, which outlives every filter made by it. Filters read settings
 // and texts that are the process's, so one thread at a time makes them.
 class ModuleLoader {

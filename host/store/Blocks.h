@@ -141,6 +141,29 @@ class BlockList {
         if (Next != Begin) visit(Open());
     }
 
+    // The blocks in order, the last of which may be the open one.
+    std::size_t BlockCount() const { return Blocks.size() + (Next != Begin ? 1 : 0); }
+    std::size_t BlockSize(std::size_t block) const {
+        return block < Blocks.size() ? Blocks[block].Count : Open().size();
+    }
+
+    // Calls `visit` with the values of one of them, as VisitBlocks does.
+    template <class Visit>
+    void VisitBlockAt(std::size_t block, Visit visit) const {
+        if (block < Blocks.size()) {
+            VisitBlock(Blocks[block], visit);
+        } else {
+            visit(Open());
+        }
+    }
+
+    // Bytes of the values in all blocks.
+    std::size_t Bytes() const {
+        std::size_t bytes = Open().size() * sizeof(Value);
+        for (const KeptBlock& block : Blocks) bytes += std::size_t{block.Count} * block.Width;
+        return bytes;
+    }
+
     // All values where they are, if they lie in one block that isn't packed; null if not.
     Value* InOnePiece() const {
         if (Blocks.empty()) return Next == Begin ? nullptr : Begin;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <span>
 #include <string>
 #include <type_traits>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "host/store/SignalBase.h"
+#include "host/store/ValueReader.h"
 
 namespace kelvarin::store {
 // Values of a fixed size: bool as a byte, int64, double, char16_t.
@@ -35,6 +37,12 @@ class FixedSignal final : public SignalBase {
             const Value value = values.Next();
             visit(times.Next(), IsGap(row) ? nullptr : &value, sizeof value);
         }
+    }
+
+    std::unique_ptr<ValueReader> ReadValues() const override {
+        const std::uint64_t count = CountKept(~std::uint64_t{0});
+        if (count == 0) return nullptr;
+        return std::make_unique<BlockValues<Value>>(Values, Gaps, count);
     }
 
     void CopyGaps(std::uint8_t* gaps) const override {

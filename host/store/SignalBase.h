@@ -39,6 +39,7 @@ class SignalBase : public StoredSignal {
         SummarizeRest();
     }
 
+    std::shared_ptr<const TimeAxis> Times() const override { return Axis; }
     std::uint64_t KeptCount() const override { return CountKept(~std::uint64_t{0}); }
     void CopyTimes(std::int64_t* times) const override { Axis->CopyTo(times, KeptCount()); }
     void CopyGaps(std::uint8_t* gaps) const override { std::fill_n(gaps, KeptCount(), std::uint8_t{0}); }

@@ -4,8 +4,17 @@
 #include <utility>
 
 #include "host/store/SharedStore.h"
+#include "host/store/ValueReader.h"
 
 namespace kelvarin::store {
+std::unique_ptr<ValueReader> StoredSignal::ReadValues() const {
+    return nullptr;
+}
+
+std::shared_ptr<const TimeAxis> StoredSignal::Times() const {
+    return nullptr;
+}
+
 StoredDevice::StoredDevice(std::u16string name, std::u16string description, std::uint64_t keepLimit,
                            DeviceSink* sink, std::vector<int> columns)
     : Name(std::move(name)),

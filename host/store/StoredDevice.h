@@ -18,6 +18,9 @@
 #include "host/store/Sparkline.h"
 
 namespace kelvarin::store {
+class TimeAxis;
+class ValueReader;
+
 // What a signal is made with, and its texts.
 struct SignalDescription {
     std::u16string Name;     // unique within the device
@@ -55,6 +58,12 @@ class StoredSignal : public DM::SignalProxy {
     // Visits the first samples in order, `limit` at most and none beyond those kept.
     virtual void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const = 0;
 
+    // Reads the samples kept in any order, once the device is finished; null for texts and where none are
+    // kept. The signal outlives the reader.
+    virtual std::unique_ptr<ValueReader> ReadValues() const;
+
+    // The times of the samples kept, which signals share where they agree; null where none are kept.
+    virtual std::shared_ptr<const TimeAxis> Times() const;
     // The samples kept, which the functions below copy as arrays: their number, the time of each in
     // nanoseconds, and 1 for each without a value, else 0.
     virtual std::uint64_t KeptCount() const = 0;

@@ -13,13 +13,13 @@ namespace kelvarin::store {
 // its step from the time before differs from the step before: one byte for rows at a steady rate, mostly four
 // for others.
 class TimeAxis {
+  public:
     // A time and the step that led to it. Sums wrap.
     struct Moment {
         std::int64_t Time = 0;
         std::int64_t Step = 0;
     };
 
-  public:
     // Keeps at most `keepLimit` times. The arena must outlive the axis.
     TimeAxis(std::uint64_t keepLimit, Arena& memory)
         : KeepLimit(keepLimit), Memory(memory), Changes(memory) {}
@@ -90,6 +90,9 @@ class TimeAxis {
         BlockList<std::int64_t>::Reader Changes;
         Moment Now;
     };
+
+    // The kept times as changes of the step, which follow from a Moment of zeros.
+    const BlockList<std::int64_t>& Kept() const { return Changes; }
 
     // Copies the first `count` times, which must be kept.
     void CopyTo(std::int64_t* times, std::uint64_t count) const {

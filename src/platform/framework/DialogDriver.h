@@ -19,6 +19,9 @@ class DialogDriver {
   public:
     virtual ~DialogDriver() = default;
 
+    // Comes before the controls of a dialog are made, with its module in force.
+    virtual void PrepareDialog() {}
+
     // Runs a dialog until it has ended; one that is left open is cancelled.
     virtual void RunModal(CDialog& dialog) = 0;
 
@@ -28,6 +31,11 @@ class DialogDriver {
     // The file that the user chose, or nothing.
     virtual std::optional<std::u16string> ChooseFile(const FileQuestion& question) = 0;
 };
+
+// The export of a library that draws dialogs on a display. It makes a driver, which the caller deletes before
+// the library goes, or returns null if there is no display.
+constexpr const char* DialogFrontEntryName = "MakeKelvarinDialogFront";
+using DialogFrontEntry = DialogDriver* (*)();
 
 // The process's driver; null means that dialogs are cancelled and messages go unseen.
 void SetDialogDriver(DialogDriver* driver);

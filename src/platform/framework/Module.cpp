@@ -51,7 +51,7 @@ class TranslatedDialogs {
 };
 
 ModuleState::ModuleState(StringTable resources, DialogTable dialogs, const char16_t* name)
-    : Name(name), Resources(resources), Dialogs(dialogs) {}
+    : Dialogs(dialogs), Name(name), Resources(resources) {}
 
 ModuleState::~ModuleState() = default;
 

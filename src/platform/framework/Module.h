@@ -53,13 +53,13 @@ class ModuleState {
     // the module. Before the first text is loaded: what was loaded stays as it is.
     void UseLanguage(const LanguageResources* language);
 
+    const DialogTable Dialogs;      // in the module's own language
     const std::u16string Name;      // its file's, without extension
     CWinApp* App = nullptr;         // the module's application object, which enters itself
     std::u16string CurrentAppName;  // the title of message boxes
 
   private:
     const StringTable Resources;
-    const DialogTable Dialogs;
     const LanguageResources* Language = nullptr;
     std::unique_ptr<TranslatedDialogs> Translated;
 };

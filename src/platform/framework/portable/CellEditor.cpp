@@ -4,21 +4,26 @@
 
 #include "platform/framework/portable/NativeWindow.h"
 
-// An editor shows nothing without a display; what matters is what is entered.
+// An editor is a record here, for a front that draws it; what matters is what is entered.
 
-void WatchCells(CListCtrl&, std::function<void(int row, int column)>) {}
+void WatchCells(CListCtrl& list, std::function<void(int row, int column)> open) {
+    list.Handle->OpenEditor = std::move(open);
+}
 
-CEdit OpenCellEdit(CListCtrl& list, int, int, const std::u16string&, CellDone done) {
-    list.Handle->EditorDone = std::move(done);
+CEdit OpenCellEdit(CListCtrl& list, int row, int column, const std::u16string& text, CellDone done) {
+    list.Handle->Editor = {row, column, false, text, {}, -1, std::move(done)};
     return {};
 }
 
-void OpenCellList(CListCtrl& list, int, int, const std::vector<std::u16string>&, CellDone done) {
-    list.Handle->EditorDone = std::move(done);
+void OpenCellList(CListCtrl& list, int row, int column, const std::vector<std::u16string>& entries,
+                  CellDone done) {
+    list.Handle->Editor = {row, column, true, {}, entries, -1, std::move(done)};
 }
 
-void SelectInCellList(CListCtrl&, int) {}
+void SelectInCellList(CListCtrl& list, int index) {
+    if (list.Handle->Editor) list.Handle->Editor->Selected = index;
+}
 
 void UserEnterCell(CListCtrl& list, const std::u16string& text) {
-    if (const CellDone done = std::exchange(list.Handle->EditorDone, nullptr)) done(text);
+    if (const auto editor = std::exchange(list.Handle->Editor, std::nullopt)) editor->Done(text);
 }

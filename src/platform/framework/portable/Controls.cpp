@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/framework/portable/DialogFront.h"
 #include "platform/framework/portable/NativeWindow.h"
 
 namespace {
@@ -10,15 +11,23 @@ constexpr int RowHeight = 18;  // pixels
 constexpr int CheckBoxWidth = 20;
 constexpr unsigned CheckBoxStyle = 4;
 
+// There is no scheme without a display: the colours of a usual one.
+std::uint32_t windowColor = 0x00FFFFFF;
+std::uint32_t buttonFaceColor = 0x00F0F0F0;
+
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
 }
 
 }  // namespace
 
-// There is no scheme without a display: the colours of a usual one.
+void SetSystemColors(std::uint32_t window, std::uint32_t buttonFace) {
+    windowColor = window;
+    buttonFaceColor = buttonFace;
+}
+
 std::uint32_t GetSystemColor(ESystemColor color) {
-    return color == WindowColor ? 0x00FFFFFF : 0x00F0F0F0;
+    return color == WindowColor ? windowColor : buttonFaceColor;
 }
 
 void CEdit::LimitText(int characters) {

@@ -5,17 +5,12 @@
 
 #include "platform/framework/DialogDriver.h"
 #include "platform/framework/Locale.h"
+#include "platform/framework/portable/DialogFront.h"
 #include "platform/framework/portable/NativeWindow.h"
 
 namespace {
 
-// Dialog units of the usual font at 96 dpi in pixels.
-constexpr int PixelsX(int units) {
-    return (units * 6 + 2) / 4;
-}
-constexpr int PixelsY(int units) {
-    return (units * 13 + 4) / 8;
-}
+DialogUnits dialogUnits;
 
 void AddItems(NativeWindow& window, const char16_t* items) {
     const std::u16string list = items;
@@ -34,14 +29,29 @@ std::unique_ptr<NativeWindow> MakeControl(CDialog& parent, const ControlTemplate
     window->Kind = description.Kind;
     window->Style = description.Style;
     window->Text = description.Text;
-    window->Place = {PixelsX(place.X), PixelsY(place.Y), PixelsX(place.X) + PixelsX(place.Width),
-                     PixelsY(place.Y) + PixelsY(place.Height)};
+    window->Place = dialogUnits.ToPixels(place);
     window->Seconds = CurrentSeconds();
     AddItems(*window, description.Items);
     return window;
 }
 
 }  // namespace
+
+void SetDialogUnits(DialogUnits units) {
+    dialogUnits = units;
+}
+
+DialogUnits GetDialogUnits() {
+    return dialogUnits;
+}
+
+CRect DialogUnits::ToPixels(const ControlPlace& place) const {
+    const auto pixelsX = [this](int units) { return static_cast<int>((units * Width + 2) / 4); };
+    const auto pixelsY = [this](int units) { return static_cast<int>((units * Height + 4) / 8); };
+    const int left = pixelsX(place.X);
+    const int top = pixelsY(place.Y);
+    return {left, top, left + pixelsX(place.Width), top + pixelsY(place.Height)};
+}
 
 NativeWindow* CDialog::NativeDialog::Find(int id) const {
     for (const auto& control : Controls) {
@@ -70,9 +80,11 @@ CDialog::~CDialog() {
 }
 
 int CDialog::DoModal() {
+    DialogDriver* const driver = GetDialogDriver();
+    if (driver != nullptr) driver->PrepareDialog();
     CreateControls();
     OnInitDialog();
-    if (DialogDriver* const driver = GetDialogDriver()) driver->RunModal(*this);
+    if (driver != nullptr) driver->RunModal(*this);
     if (!IsEnded()) OnCancel();
     return Native->Result;
 }

@@ -22,6 +22,16 @@ struct NativeListRow {
     unsigned State = 0;
 };
 
+// The editor over a cell of a list.
+struct NativeCellEditor {
+    int Row = 0, Column = 0;
+    bool IsList = false;                  // a list to choose from; else an edit box
+    std::u16string Text;                  // of the edit box at first
+    std::vector<std::u16string> Entries;  // of the list, and the one that is selected at first; -1: none
+    int Selected = -1;
+    std::function<void(const std::u16string&)> Done;  // gets what the user entered
+};
+
 struct NativeWindow {
     CDialog* Parent = nullptr;
     int Id = 0;
@@ -43,7 +53,8 @@ struct NativeWindow {
     std::vector<NativeListColumn> Columns;
     std::vector<NativeListRow> Rows;
     int ScrollPos = 0;
-    std::function<void(const std::u16string&)> EditorDone;  // of the editor over a cell
+    std::function<void(int row, int column)> OpenEditor;  // of a cell; may be empty
+    std::optional<NativeCellEditor> Editor;               // the one that is open
 
     bool IsButton() const {
         return Kind == ControlKind::CheckBox || Kind == ControlKind::RadioButton ||

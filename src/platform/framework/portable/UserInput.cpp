@@ -9,6 +9,7 @@
 #include "platform/framework/Numbers.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/Text.h"
+#include "platform/framework/portable/DialogFront.h"
 #include "platform/framework/portable/NativeWindow.h"
 
 namespace {
@@ -58,6 +59,19 @@ void CheckRadioOf(CDialog& dialog, const NativeWindow& clicked) {
         if (control.get() == &clicked) break;
     }
     for (NativeWindow* radio : dialog.GetNative().Group(first)) radio->Checked = radio == &clicked;
+}
+
+// The list of a number if it has such a row, with the focus on it; else null.
+NativeWindow* ReachRow(CDialog& dialog, int id, int row) {
+    NativeWindow* const window = Reach(dialog, id);
+    const bool hasRow = window != nullptr && window->Kind == ControlKind::ListView && row >= 0 &&
+                        static_cast<std::size_t>(row) < window->Rows.size();
+    return hasRow ? window : nullptr;
+}
+
+void MarkRow(CListCtrl list, int row) {
+    constexpr unsigned Marks = CListCtrl::Focused | CListCtrl::Selected;
+    for (int i = 0; i < list.GetItemCount(); ++i) list.SetItemState(i, i == row ? Marks : 0, Marks);
 }
 
 bool ChangePicker(CDialog& dialog, int id, const LocalTime& part, bool isDate) {
@@ -167,17 +181,15 @@ bool UserShowPage(CDialog& dialog, int index) {
 }
 
 bool UserClickRow(CDialog& dialog, int id, int row, bool onCheckBox) {
-    NativeWindow* const window = Reach(dialog, id);
-    if (window == nullptr || window->Kind != ControlKind::ListView) return false;
-    if (row < 0 || static_cast<std::size_t>(row) >= window->Rows.size()) return false;
+    NativeWindow* const window = ReachRow(dialog, id, row);
+    if (window == nullptr) return false;
     ListClick click;
     unsigned flags = 0;
     // Down to the row, then right to the part of it, as the list itself sees them.
     CListCtrl list(window);
     while (list.HitTest(click.Point, &flags) != row) ++click.Point.Y;
     if (LostFocus(window)) return true;
-    constexpr unsigned Marks = CListCtrl::Focused | CListCtrl::Selected;
-    for (int i = 0; i < list.GetItemCount(); ++i) list.SetItemState(i, i == row ? Marks : 0, Marks);
+    MarkRow(list, row);
     while (!onCheckBox && flags == CListCtrl::HitOnCheckBox) {
         ++click.Point.X;
         list.HitTest(click.Point, &flags);
@@ -195,6 +207,43 @@ bool UserDragColumn(CDialog& dialog, int id, int column, int width) {
     // The header is a window of its own, numbered 0.
     dialog.Notify(0, HeaderItemChanged, &change);
     return true;
+}
+
+bool EnterText(CDialog& dialog, int id, const std::u16string& text) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || (window->Style & ControlReadOnly) != 0) return false;
+    if (window->Kind != ControlKind::Edit && window->Kind != ControlKind::ComboBox) return false;
+    if (LostFocus(window) || window->Text == text) return true;
+    window->Text = text;
+    window->Selected = -1;
+    window->Tell(window->Kind == ControlKind::Edit ? EditChanged : ComboEditChanged);
+    return true;
+}
+
+bool EnterRow(CDialog& dialog, int id, int row) {
+    NativeWindow* const window = ReachRow(dialog, id, row);
+    if (window != nullptr && !LostFocus(window)) MarkRow(CListCtrl(window), row);
+    return window != nullptr;
+}
+
+bool PressListKey(CDialog& dialog, int id, int key) {
+    NativeWindow* const window = Reach(dialog, id);
+    if (window == nullptr || window->Kind != ControlKind::ListView) return false;
+    ListKey pressed{key};
+    if (!LostFocus(window)) window->Tell(ListKeyPressed, &pressed);
+    return true;
+}
+
+bool OpenCell(CDialog& dialog, int id, int row, int column) {
+    NativeWindow* const window = ReachRow(dialog, id, row);
+    if (window == nullptr || column < 0 || static_cast<std::size_t>(column) >= window->Columns.size())
+        return false;
+    if (!LostFocus(window) && window->OpenEditor) window->OpenEditor(row, column);
+    return true;
+}
+
+void GiveUpCell(NativeWindow& list) {
+    list.Editor.reset();
 }
 
 std::vector<ControlView> ViewControls(const CDialog& dialog) {

@@ -1,0 +1,26 @@
+// Stands in for the host, as the tests of the module do, with an application of Qt.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <memory>
+
+#include "contract/SupportFunctions.h"
+#include "kit/MemoryProfile.h"
+#include "plugin/CsvImportApp.h"
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    // A window that waits for a key which never comes would wait for ever.
+    constexpr unsigned Longest = 120;  // seconds
+    alarm(Longest);
+    SetProcessProfile(std::make_shared<MemoryProfile>());
+    SetPreferredLanguage("de");
+    QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
+    CCsvImportApp app;
+    if (!app.InitInstance()) return 1;
+    return RUN_ALL_TESTS();
+}

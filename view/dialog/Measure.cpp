@@ -1,0 +1,99 @@
+#include "view/dialog/Measure.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/framework/Module.h"
+#include "view/dialog/QtText.h"
+
+namespace kelvarin::view {
+namespace {
+
+DialogUnits UnitsOfFont() {
+    constexpr const char* Letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    constexpr double Count = 52;
+    const QFontMetricsF metrics(QApplication::font());
+    return {metrics.horizontalAdvance(Letters) / Count, metrics.height()};
+}
+
+template <class Widget>
+QSize HintOf(const ControlTemplate& control) {
+    Widget widget;
+    widget.setText(ToQt(control.Text));
+    widget.ensurePolished();
+    return widget.sizeHint();
+}
+
+// A letter is marked by "&", which a label of its own would show.
+QSize LabelHint(const ControlTemplate& control) {
+    QLabel label;
+    label.setText(ToQt(control.Text).remove('&'));
+    return label.sizeHint() + QSize(1, 0);
+}
+
+// A box has the width of its items; one with free text of any.
+QSize ComboHint(const ControlTemplate& control) {
+    QComboBox combo;
+    combo.setEditable(control.Kind == ControlKind::ComboBox);
+    combo.addItems(ToQt(control.Items).split('|'));
+    const QSize hint = combo.sizeHint();
+    return combo.isEditable() ? QSize(0, hint.height()) : hint;
+}
+
+// The least size of a control; 0 for whatever its place decides.
+QSize LeastSize(const ControlTemplate& control) {
+    switch (control.Kind) {
+        case ControlKind::Label:
+            return LabelHint(control);
+        case ControlKind::CheckBox:
+            return HintOf<QCheckBox>(control);
+        case ControlKind::RadioButton:
+            return HintOf<QRadioButton>(control);
+        case ControlKind::PushButton:
+        case ControlKind::DefaultButton:
+            return HintOf<QPushButton>(control);
+        case ControlKind::Edit:
+            return (control.Style & ControlMultiLine) != 0 ? QSize()
+                                                           : QSize(0, QLineEdit().sizeHint().height());
+        case ControlKind::ComboBox:
+        case ControlKind::DropDownList:
+            return ComboHint(control);
+        case ControlKind::DatePicker:
+            return QDateTimeEdit(QDate(2000, 12, 31)).sizeHint();
+        case ControlKind::TimePicker:
+            return QDateTimeEdit(QTime(12, 0)).sizeHint();
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+DialogUnits MeasureDialogs(const ModuleState& module) {
+    constexpr short ComboHeight = 13;
+    DialogUnits units = UnitsOfFont();
+    for (std::size_t i = 0; i < module.Dialogs.Count; ++i) {
+        const DialogTemplate& dialog = *module.FindDialog(module.Dialogs.Entries[i].Id);
+        for (std::size_t k = 0; k < dialog.Count; ++k) {
+            const ControlTemplate& control = dialog.Controls[k];
+            const QSize least = LeastSize(control);
+            const bool isCombo =
+                control.Kind == ControlKind::ComboBox || control.Kind == ControlKind::DropDownList;
+            const short height = isCombo ? ComboHeight : control.Place.Height;
+            units.Width = std::max(units.Width, least.width() * 4.0 / control.Place.Width);
+            units.Height = std::max(units.Height, least.height() * 8.0 / height);
+        }
+    }
+    return units;
+}
+
+}  // namespace kelvarin::view

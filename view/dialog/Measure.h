@@ -1,0 +1,14 @@
+// How large dialogs are drawn.
+#pragma once
+
+#include "platform/framework/portable/DialogFront.h"
+
+class ModuleState;
+
+namespace kelvarin::view {
+
+// The units in which every dialog of a module has room for its texts, in the application's font and style:
+// those of the font, or larger ones where a control needs more.
+DialogUnits MeasureDialogs(const ModuleState& module);
+
+}  // namespace kelvarin::view

@@ -1,0 +1,68 @@
+#include "view/dialog/QtDialogDriver.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QPalette>
+
+#include "platform/framework/Module.h"
+#include "platform/framework/portable/DialogFront.h"
+#include "view/dialog/DialogWindow.h"
+#include "view/dialog/Measure.h"
+#include "view/dialog/MessageBox.h"
+#include "view/dialog/QtText.h"
+
+namespace kelvarin::view {
+namespace {
+
+std::uint32_t ToSystemColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
+// "description|pattern", repeated, as Qt has it: "description (pattern)", a line break between two.
+QString FiltersOf(const std::u16string& filter) {
+    const QStringList parts = ToQt(filter).split('|', Qt::SkipEmptyParts);
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        filters << parts[i] + " (" + patterns.replace(';', ' ') + ")";
+    }
+    return filters.join(";;");
+}
+
+}  // namespace
+
+void QtDialogDriver::PrepareDialog() {
+    if (const ModuleState* const module = GetCurrentModule()) SetDialogUnits(MeasureDialogs(*module));
+    const QPalette palette = QApplication::palette();
+    SetSystemColors(ToSystemColor(palette.color(QPalette::Base)),
+                    ToSystemColor(palette.color(QPalette::Button)));
+}
+
+void QtDialogDriver::RunModal(CDialog& dialog) {
+    DialogWindow window(dialog, Front());
+    Open.push_back(&window);
+    window.exec();
+    Open.pop_back();
+}
+
+int QtDialogDriver::ShowMessage(const std::u16string& text, unsigned type) {
+    // What the message is about must be seen below it.
+    if (!Open.empty()) Open.back()->ShowControls();
+    const ModuleState* const module = GetCurrentModule();
+    return ShowMessageBox(Front(), module == nullptr ? std::u16string() : module->CurrentAppName, text, type);
+}
+
+std::optional<std::u16string> QtDialogDriver::ChooseFile(const FileQuestion& question) {
+    QFileDialog dialog(Front(), ToQt(question.Title), ToQt(question.Folder), FiltersOf(question.Filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    const std::size_t dot = question.DefaultExtension.rfind(u'.');
+    if (dot != std::u16string::npos) dialog.setDefaultSuffix(ToQt(question.DefaultExtension.substr(dot + 1)));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return FromQt(dialog.selectedFiles().front());
+}
+
+QWidget* QtDialogDriver::Front() const {
+    return Open.empty() ? Parent : Open.back();
+}
+
+}  // namespace kelvarin::view

@@ -1,0 +1,18 @@
+// Text between the module, which has UTF-16, and Qt, which has the same under another name.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace kelvarin::view {
+
+inline QString ToQt(std::u16string_view text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::u16string FromQt(const QString& text) {
+    return text.toStdU16String();
+}
+
+}  // namespace kelvarin::view

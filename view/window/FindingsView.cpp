@@ -1,0 +1,135 @@
+#include "view/window/FindingsView.h"
+
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <algorithm>
+#include <array>
+
+#include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
+
+namespace kelvarin::view {
+namespace {
+constexpr int LineRole = Qt::UserRole;
+
+QString Worded(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+void AddLines(QTreeWidgetItem& parent, const std::vector<std::uint64_t>& lines) {
+    for (const std::uint64_t line : lines) {
+        auto* const item = new QTreeWidgetItem(&parent, {Worded(Phrase("line {}", line))});
+        item->setData(0, LineRole, static_cast<qulonglong>(line));
+    }
+    if (!lines.empty()) parent.setData(0, LineRole, static_cast<qulonglong>(lines.front()));
+}
+
+QColor Tinted(const QPalette& palette, std::size_t column) {
+    constexpr std::array<QRgb, 6> Tints = {0xFF1F6FB4, 0xFFC8501E, 0xFF2E8B3D,
+                                           0xFF8E44AD, 0xFFB8860B, 0xFF0F8B8D};
+    const QColor tint(Tints[column % Tints.size()]);
+    const QColor base = palette.color(QPalette::Base);
+    const auto mix = [](int one, int other) { return (one + 5 * other) / 6; };
+    return {mix(tint.red(), base.red()), mix(tint.green(), base.green()), mix(tint.blue(), base.blue())};
+}
+}  // namespace
+
+FindingsView::FindingsView(QWidget* parent) : QTreeWidget(parent) {
+    setHeaderHidden(true);
+    setWordWrap(true);
+    setTextElideMode(Qt::ElideNone);
+    const auto show = [this](const QTreeWidgetItem* item) {
+        const std::uint64_t line = item == nullptr ? 0 : item->data(0, LineRole).toULongLong();
+        if (line != 0 && OnLine) OnLine(line);
+    };
+    QObject::connect(this, &QTreeWidget::itemClicked, this, show);
+    QObject::connect(this, &QTreeWidget::itemActivated, this, show);
+}
+
+void FindingsView::Show(const ImportedFile* file) {
+    clear();
+    if (file == nullptr) return;
+    for (const check::Finding& finding : file->Findings) {
+        auto* const item = new QTreeWidgetItem(this, {Worded(finding.Text)});
+        item->setIcon(0, style()->standardIcon(finding.IsFault ? QStyle::SP_MessageBoxWarning
+                                                               : QStyle::SP_MessageBoxInformation));
+        if (!finding.Advice.Text.empty()) item->setToolTip(0, Worded(finding.Advice.Text));
+        AddLines(*item, finding.Lines);
+    }
+    for (const MessageGroup& group : file->Messages) {
+        auto* const item = new QTreeWidgetItem(this, {ToQt(group.FirstText)});
+        item->setIcon(0, style()->standardIcon(group.Failure ? QStyle::SP_MessageBoxCritical
+                                                             : QStyle::SP_MessageBoxWarning));
+        std::vector<std::uint64_t> lines = group.Lines;
+        std::erase(lines, 0u);
+        AddLines(*item, lines);
+    }
+    if (topLevelItemCount() == 0) {
+        auto* const item = new QTreeWidgetItem(this, {Worded(Phrase("Nothing was found"))});
+        item->setFlags(Qt::NoItemFlags);
+    }
+}
+
+void FindingsView::SelectLine(std::uint64_t line) {
+    QTreeWidgetItem* best = nullptr;
+    std::uint64_t bestLine = 0;
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        const std::uint64_t at = (*it)->data(0, LineRole).toULongLong();
+        if ((*it)->parent() == nullptr || at > line || at < bestLine) continue;
+        bestLine = at;
+        best = *it;
+    }
+    if (best != nullptr) setCurrentItem(best);
+}
+
+FileTextView::FileTextView(QWidget* parent) : QPlainTextEdit(parent) {
+    setReadOnly(true);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+}
+
+void FileTextView::Show(const std::vector<FileLine>& lines, std::uint64_t marked) {
+    Numbers.clear();
+    QString text;
+    QList<QTextEdit::ExtraSelection> tints;
+    const int digits = lines.empty() ? 1 : static_cast<int>(std::to_string(lines.back().Number).size());
+    std::vector<int> starts;
+    for (const FileLine& line : lines) {
+        Numbers.push_back(line.Number);
+        text += QString::number(line.Number).rightJustified(digits) + "  ";
+        starts.push_back(static_cast<int>(text.size()));
+        text += QString::fromStdString(line.Text).replace(QChar::ParagraphSeparator, u' ') + "\n";
+    }
+    text.chop(1);
+    setPlainText(text);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const auto select = [&](int from, int length, const QColor& color, bool isWhole) {
+            QTextEdit::ExtraSelection tint;
+            tint.cursor = QTextCursor(document());
+            tint.cursor.setPosition(starts[i] + from);
+            tint.cursor.setPosition(starts[i] + from + length, QTextCursor::KeepAnchor);
+            tint.format.setBackground(color);
+            if (isWhole) tint.format.setProperty(QTextFormat::FullWidthSelection, true);
+            if (isWhole) tint.cursor.clearSelection();
+            tints.push_back(tint);
+        };
+        if (lines[i].Number == marked) select(0, 0, palette().color(QPalette::Highlight).lighter(160), true);
+        for (std::size_t k = 0; k < lines[i].Cells.size() && lines[i].Number != marked; ++k)
+            select(lines[i].Cells[k].first, lines[i].Cells[k].second, Tinted(palette(), k), false);
+    }
+    setExtraSelections(tints);
+    const auto found = std::find(Numbers.begin(), Numbers.end(), marked);
+    if (found == Numbers.end()) return;
+    QTextCursor cursor(document()->findBlockByNumber(static_cast<int>(found - Numbers.begin())));
+    setTextCursor(cursor);
+    centerCursor();
+}
+
+void FileTextView::mouseReleaseEvent(QMouseEvent* event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    const auto block = static_cast<std::size_t>(textCursor().blockNumber());
+    if (!textCursor().hasSelection() && block < Numbers.size() && OnLine) OnLine(Numbers[block]);
+}
+}  // namespace kelvarin::view

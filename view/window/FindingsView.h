@@ -1,0 +1,47 @@
+// What was found in a file, and the text of the file at a place.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <QTreeWidget>
+#include <functional>
+#include <vector>
+
+#include "view/model/FileImport.h"
+#include "view/model/FileText.h"
+
+namespace kelvarin::view {
+class FindingsView : public QTreeWidget {
+  public:
+    explicit FindingsView(QWidget* parent = nullptr);
+
+    // The user wants to see a line.
+    std::function<void(std::uint64_t line)> OnLine;
+
+    // Findings of the check with their lines, then messages. Null for none.
+    void Show(const ImportedFile* file);
+
+    // Makes the entry of the nearest line at or above this one the current one, without calling OnLine.
+    void SelectLine(std::uint64_t line);
+};
+
+// Lines of a file with the columns of its table tinted and one line marked.
+class FileTextView : public QPlainTextEdit {
+  public:
+    explicit FileTextView(QWidget* parent = nullptr);
+
+    // The user has clicked a line.
+    std::function<void(std::uint64_t line)> OnLine;
+
+    void Show(const std::vector<FileLine>& lines, std::uint64_t marked);
+
+    // The number of the first line that is shown; 0 for none.
+    std::uint64_t FirstLine() const { return Numbers.empty() ? 0 : Numbers.front(); }
+    std::uint64_t LastLine() const { return Numbers.empty() ? 0 : Numbers.back(); }
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    std::vector<std::uint64_t> Numbers;
+};
+}  // namespace kelvarin::view

@@ -1,0 +1,174 @@
+#include "view/window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "host/language/Phrase.h"
+#include "view/model/Choice.h"
+
+namespace kelvarin::view {
+namespace {
+QString Titled(const std::string& text) {
+    return QString::fromStdString(text);
+}
+}  // namespace
+
+MainWindow::MainWindow(const ModuleLoader& module, std::vector<ParsedSetting> settings)
+    : Module(module), GivenSettings(std::move(settings)) {
+    setObjectName("main");
+    setWindowTitle("kelvarin-view");
+    setAcceptDrops(true);
+    resize(1200, 800);
+    BuildLayout();
+    BuildMenus();
+    Connect();
+    const QSettings state;
+    Recent = state.value("recent").toStringList();
+    ShowRecent();
+    restoreGeometry(state.value("geometry").toByteArray());
+    restoreState(state.value("state").toByteArray());
+    ChangeTimer.start(1000);
+}
+
+MainWindow::~MainWindow() = default;
+
+QWidget* MainWindow::AddDock(const char* name, const QString& title, QWidget* content,
+                             Qt::DockWidgetArea area) {
+    auto* const dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    return dock;
+}
+
+void MainWindow::BuildLayout() {
+    auto* const middle = new QWidget;
+    auto* const column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(Assumed = new AssumptionBar);
+    column->addWidget(Progress = new ReadingBar);
+    column->addWidget(Area = new PlotArea(Plotted), 1);
+    setCentralWidget(middle);
+    auto* const left = new QWidget;
+    auto* const list = new QVBoxLayout(left);
+    list->setContentsMargins(0, 0, 0, 0);
+    list->addWidget(FilterField = new QLineEdit);
+    list->addWidget(Signals = new SignalTree, 1);
+    FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
+    FilterField->setClearButtonEnabled(true);
+    QWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
+    QWidget* const cursors =
+        AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
+    QWidget* const findings = AddDock("findings", Titled(Phrase("Findings")), Findings = new FindingsView,
+                                      Qt::BottomDockWidgetArea);
+    QWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
+                                  Qt::BottomDockWidgetArea);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    const QList<QDockWidget*> below = {qobject_cast<QDockWidget*>(cursors),
+                                       qobject_cast<QDockWidget*>(findings),
+                                       qobject_cast<QDockWidget*>(text)};
+    resizeDocks(below, {170, 170, 170}, Qt::Vertical);
+    resizeDocks({qobject_cast<QDockWidget*>(files)}, {380}, Qt::Horizontal);
+    statusBar();
+}
+
+void MainWindow::Connect() {
+    Area->OnLookChanged = [this] { ShowLook(); };
+    Area->OnCursorChanged = [this] { ShowCursors(); };
+    Area->OnDropped = [this](const QByteArray&, std::size_t pane) {
+        for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
+        PlotLook();
+    };
+    Signals->OnTicked = [this](const SignalPointer& signal, bool isOn) {
+        if (isOn) {
+            Plotted.Add(signal, Plotted.Panes().size());
+        } else {
+            Plotted.Remove(*signal);
+        }
+        PlotLook();
+    };
+    Progress->OnCancel = [this] { CancelReading(); };
+    Assumed->OnChange = [this] { ChangeSettings(); };
+    Assumed->OnKeep = [this] { KeepBeside(); };
+    Findings->OnLine = [this](std::uint64_t line) { ShowLine(line); };
+    Text->OnLine = [this](std::uint64_t line) {
+        ShowLine(line);
+        Findings->SelectLine(line);
+    };
+    QObject::connect(FilterField, &QLineEdit::textChanged, this,
+                     [this](const QString& text) { Signals->Filter(text); });
+    QObject::connect(Signals, &QTreeWidget::currentItemChanged, this, [this] { ShowCurrent(); });
+    QObject::connect(&ChangeTimer, &QTimer::timeout, this, [this] { LookForChanges(); });
+}
+
+void MainWindow::PlotLook() {
+    Area->Rebuild();
+    Signals->ShowTicks(Plotted);
+    Values->Show(Plotted);
+}
+
+void MainWindow::ShowLook() {
+    Area->ShowLook();
+}
+
+// The finding and the line of the cursor's sample are shown too, if the text is of that place.
+void MainWindow::ShowCursors() {
+    Area->ShowCursors();
+    Values->Show(Plotted);
+    const OpenFile* const file = Current();
+    if (!Plotted.Cursor || file == nullptr || file->Data == nullptr || file->Data->Signals.empty()) return;
+    const ImportedFile& shown = *file->Data;
+    const std::uint64_t rows = shown.Signals.front()->Times().Index().RowsBefore(*Plotted.Cursor + 1);
+    if (rows == 0 || rows > shown.Lines.Rows()) return;
+    const std::uint64_t line = shown.Lines.LineOf(rows - 1);
+    Findings->SelectLine(line);
+    Tell(Titled(Phrase("line {}", line)));
+}
+
+void MainWindow::SetClock(ClockStyle style) {
+    Plotted.Times.Style = style;
+    const OpenFile* const file = Current();
+    const bool hasStart = file != nullptr && file->Data != nullptr && file->Data->IsRelative;
+    Plotted.Times.Start = hasStart ? ClockFor(true).Start : Plotted.Whole().From;
+    Area->ShowLook();
+    Values->Show(Plotted);
+}
+
+void MainWindow::MoveCursor(bool forward) {
+    Plotted.Cursor = Plotted.NextSample(forward);
+    const TimeRange& range = Plotted.Visible();
+    if (*Plotted.Cursor < range.From || *Plotted.Cursor > range.To) {
+        Plotted.Pan((range.OffsetOf(*Plotted.Cursor)) / range.Length() - 0.5);
+        ShowLook();
+    }
+    ShowCursors();
+}
+
+void MainWindow::Tell(const QString& text) const {
+    statusBar()->showMessage(text);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    QSettings state;
+    state.setValue("geometry", saveGeometry());
+    state.setValue("state", saveState());
+    Queue.Cancel();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) Open(url.toLocalFile());
+    }
+    event->acceptProposedAction();
+}
+}  // namespace kelvarin::view

@@ -1,0 +1,130 @@
+// The window: files and signals at the left, plots in the middle, cursors, findings and the file's text
+// below.
+#pragma once
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "host/ModuleLoader.h"
+#include "view/model/FileImport.h"
+#include "view/model/PlotModel.h"
+#include "view/model/WorkQueue.h"
+#include "view/plot/PlotArea.h"
+#include "view/window/CursorTable.h"
+#include "view/window/FindingsView.h"
+#include "view/window/ReadingBar.h"
+#include "view/window/SignalTree.h"
+
+namespace kelvarin::view {
+class MainWindow : public QMainWindow {
+  public:
+    // `settings` were chosen for all files. The module outlives the window.
+    explicit MainWindow(const ModuleLoader& module, std::vector<ParsedSetting> settings = {});
+    ~MainWindow() override;
+
+    // Reads a file and shows it; one that is open is read again and keeps what is seen of it.
+    void Open(const QString& path);
+    void Close(const QString& path);
+
+    // True while something is read or written.
+    bool IsBusy() { return !Queue.IsIdle() || Awaited != 0; }
+
+    // Ends what is being read; what is there of it is shown.
+    void CancelReading() { Queue.Cancel(); }
+
+    // What an export writes depends on the ending of the path: h5, csv, png, svg, pdf.
+    void ExportTo(const QString& path);
+
+    // Shows a line of the current file, and marks its time in the plots.
+    void ShowLine(std::uint64_t line);
+
+    PlotModel& Model() { return Plotted; }
+    PlotArea& Plots() { return *Area; }
+    SignalTree& Tree() { return *Signals; }
+    CursorTable& Cursors() { return *Values; }
+    FindingsView& Found() { return *Findings; }
+    FileTextView& FileText() { return *Text; }
+    AssumptionBar& Assumptions() { return *Assumed; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    struct OpenFile {
+        QString Path;
+        std::vector<ParsedSetting> Settings;       // chosen for it
+        std::shared_ptr<const ImportedFile> Data;  // null before it is read
+        qint64 Size = 0;                           // when it was read
+        QDateTime Modified;
+        bool IsTold = false;  // that it has changed
+    };
+
+    void BuildLayout();
+    void Connect();
+    QWidget* AddDock(const char* name, const QString& title, QWidget* content, Qt::DockWidgetArea area);
+
+    // WindowActions.cpp
+    void BuildMenus();
+    void BuildFileMenu();
+    void BuildExportMenu();
+    void BuildLookMenu();
+    void BuildCursorMenu();
+    QAction* AddAction(QMenu* menu, const std::string& text, const QKeySequence& key,
+                       std::function<void()> act);
+    void ShowRecent();
+    void AddRecent(const QString& path);
+    void AskOpen();
+    void AskExport(const QString& ending);
+    void Print();
+    void CopyPicture();
+
+    // WindowFiles.cpp
+    OpenFile* FileAt(const QString& path);
+    OpenFile* Current();
+    void Read(OpenFile& file);
+    void TakeFile(std::shared_ptr<const ImportedFile> anew);
+    void KeepLook(const ImportedFile& old, const ImportedFile& anew);
+    void ShowCurrent();
+    void LookForChanges();
+    void ChangeSettings();
+    void KeepBeside();
+    // Does work on the thread of the queue, then `done` on this one.
+    void Later(WorkQueue::Work work, std::function<void()> done);
+
+    void PlotLook();
+    void ShowLook();
+    void ShowCursors();
+    void SetClock(ClockStyle style);
+    void MoveCursor(bool forward);
+    void Tell(const QString& text) const;
+
+    const ModuleLoader& Module;
+    const std::vector<ParsedSetting> GivenSettings;
+    PlotModel Plotted;
+    std::vector<std::unique_ptr<OpenFile>> Files;
+    QTimer ChangeTimer;
+    QStringList Recent;
+    QMenu* RecentMenu = nullptr;
+    QAction* Follow = nullptr;
+    int Awaited = 0;  // pieces of work whose end this thread hasn't seen
+
+    // Widgets, owned by the window.
+    PlotArea* Area = nullptr;
+    QLineEdit* FilterField = nullptr;
+    SignalTree* Signals = nullptr;
+    ReadingBar* Progress = nullptr;
+    AssumptionBar* Assumed = nullptr;
+    CursorTable* Values = nullptr;
+    FindingsView* Findings = nullptr;
+    FileTextView* Text = nullptr;
+
+    WorkQueue Queue;  // last: its work uses the others
+};
+}  // namespace kelvarin::view
