@@ -4,7 +4,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <optional>
 #include <thread>
 
 #include "python/native/Process.h"
@@ -82,7 +81,7 @@ class ProgressTeller {
 
   private:
     const py::object& Progress;
-    std::optional<std::uint32_t> Told;
+    std::int64_t Told = -1;  // nothing so far
 };
 }  // namespace
 
