@@ -80,8 +80,10 @@ class ProgressTeller {
     }
 
   private:
+    static constexpr std::uint32_t Nothing = ~std::uint32_t{0};
+
     const py::object& Progress;
-    std::int64_t Told = -1;  // nothing so far
+    std::uint32_t Told = Nothing;
 };
 }  // namespace
 
