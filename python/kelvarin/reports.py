@@ -40,6 +40,11 @@ class Analysis:
     settings: Dict[str, str]  # that were found out, as read() takes them by `set`
     assumed: Tuple[Assumption, ...]
 
+    def _repr_html_(self) -> str:
+        from .notebook import analysis_as_html
+
+        return analysis_as_html(self)
+
 
 @dataclass(frozen=True)
 class ExplainedColumn:
@@ -115,6 +120,11 @@ class Check:
     times: Optional[CheckedTimes]  # None without a row
     settings: Dict[str, str]  # that were found out, as read() takes them by `set`
     assumed: Tuple[Assumption, ...]
+
+    def _repr_html_(self) -> str:
+        from .notebook import check_as_html
+
+        return check_as_html(self)
 
 
 @dataclass(frozen=True)

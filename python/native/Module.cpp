@@ -8,6 +8,7 @@
 #include "python/native/ReadFile.h"
 #include "python/native/Reports.h"
 #include "python/native/Samples.h"
+#include "python/native/StoreFile.h"
 
 namespace kelvarin::python {
 namespace {
@@ -61,6 +62,7 @@ PYBIND11_MODULE(_native, module) {
     module.def("check", &CheckFile, py::arg("request"), py::arg("progress"));
     module.def("prepare", &PrepareFile, py::arg("path"), py::arg("copy"), py::arg("force"),
                py::arg("progress"));
+    module.def("store", &StoreFile, py::arg("request"), py::arg("out"), py::arg("progress"));
     module.def("local_times", &LocalTimes, py::arg("moments"), py::arg("are_of_file"));
     module.def("begin_forked_child", &BeginForkedChild);
 }

@@ -33,25 +33,6 @@ struct FileRead {
     std::vector<check::Finding> Findings;
 };
 
-// Raises Failure for a run that failed or stored nothing.
-void RefuseFailed(const ModuleLoader& module, const Request& request, FileInWork& file,
-                  const HostSession& session, const RunResult& result) {
-    const ImportFailure failure = WhyImportFailed(file.Path, result, session);
-    if (!failure.Reason.empty()) {
-        const FailureKind kind = failure.IsTableMissing ? FailureKind::FormatError : FailureKind::FileError;
-        throw Failure{kind, failure.Reason, request.Path, failure.Line, {}, failure.IsTableMissing};
-    }
-    if (CountSamples(session.Device()) != 0) return;
-    Failure none{FailureKind::FormatError,
-                 Phrase("not one sample is stored, since {}", WhyNothingIsStored(result, session.Device())),
-                 request.Path};
-    none.SaysExplain = true;
-    const Reading reading = ReadingOf(session.Filter());
-    if (LostEveryRow(result, session.Device()) && reading.TimeSetting == TimeFromColumn)
-        none.Advice = plan::AdviseTimes(module, file.Path, reading);
-    throw none;
-}
-
 // On a thread of its own, since Ctrl-C is not to wait for gibibytes that are given back to the system.
 void FreeLater(std::unique_ptr<store::StoredDevice> samples) {
     std::thread([own = std::move(samples)]() mutable { own.reset(); }).detach();
@@ -116,6 +97,24 @@ py::list SignalsToPython(FileRead& read) {
     return signals;
 }
 }  // namespace
+
+void RefuseFailed(const ModuleLoader& module, const Request& request, FileInWork& file,
+                  const HostSession& session, const RunResult& result) {
+    const ImportFailure failure = WhyImportFailed(file.Path, result, session);
+    if (!failure.Reason.empty()) {
+        const FailureKind kind = failure.IsTableMissing ? FailureKind::FormatError : FailureKind::FileError;
+        throw Failure{kind, failure.Reason, request.Path, failure.Line, {}, failure.IsTableMissing};
+    }
+    if (CountSamples(session.Device()) != 0) return;
+    Failure none{FailureKind::FormatError,
+                 Phrase("not one sample is stored, since {}", WhyNothingIsStored(result, session.Device())),
+                 request.Path};
+    none.SaysExplain = true;
+    const Reading reading = ReadingOf(session.Filter());
+    if (LostEveryRow(result, session.Device()) && reading.TimeSetting == TimeFromColumn)
+        none.Advice = plan::AdviseTimes(module, file.Path, reading);
+    throw none;
+}
 
 py::dict ReadFile(const Request& request, const py::object& progress) {
     FileRead read;

@@ -62,6 +62,10 @@ class FileInWork {
     std::optional<FileReading> Plan;
 };
 
+// Raises Failure for a run that failed or stored nothing.
+void RefuseFailed(const ModuleLoader& module, const Request& request, FileInWork& file,
+                  const HostSession& session, const RunResult& result);
+
 // Reads the file into memory. Returns a dict; _native.pyi says what is in it. Raises Failure, or what
 // `progress` raises.
 py::dict ReadFile(const Request& request, const py::object& progress);
