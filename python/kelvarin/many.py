@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-import os
 from collections.abc import Iterable, Iterator
 from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any, Optional, Union, overload
@@ -11,6 +10,7 @@ from .errors import Error
 from .files import Path, list_files
 from .optional import load_library
 from .processes import call_in_processes
+from .request import processor_count
 
 if TYPE_CHECKING:
     import pandas
@@ -115,7 +115,7 @@ def read_many(
         raise TypeError("read_many takes no progress; iterate over tqdm(runs) instead")
     if jobs is not None and jobs < 1:
         raise ValueError(f"jobs must be at least 1, not {jobs}")
-    count = jobs or len(os.sched_getaffinity(0))
+    count = jobs or processor_count()
     if count > 1:
         options.setdefault("threads", 1)
     return Runs(list_files(patterns, recursive), count, options)

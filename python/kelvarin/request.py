@@ -55,7 +55,7 @@ def make_request(
     request.wishes += [_wish(column, skip=True) for column in _columns(skip, "skip")]
     request.signals = None if signals is None else [str(column) for column in _columns(signals, "signals")]
     request.guess = guess
-    request.threads = threads or _processors()
+    request.threads = threads or processor_count()
     request.base_time = base_time
     return request
 
@@ -111,5 +111,6 @@ def _wish(column: Column, **choices: Any) -> _native.Wish:
     return wish
 
 
-def _processors() -> int:
+def processor_count() -> int:
+    """How many processors this process may use."""
     return len(os.sched_getaffinity(0)) if hasattr(os, "sched_getaffinity") else os.cpu_count() or 1
