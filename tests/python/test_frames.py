@@ -2,7 +2,8 @@
 
 from __future__ import annotations
 
-from dataclasses import dataclass, field
+import sys
+from dataclasses import dataclass
 from typing import Any, Optional
 
 import numpy
@@ -248,6 +249,13 @@ NAMES = [(["a", "b"], [], ["a", "b"]), (["", ""], [], ["", " (2)"]), (["time"], 
 @pytest.mark.parametrize("names, taken, distinct", NAMES)
 def test_names_are_made_distinct(names: list[str], taken: list[str], distinct: list[str]) -> None:
     assert distinct_names(names, taken) == distinct
+
+
+def test_missing_library_is_named(monkeypatch: pytest.MonkeyPatch) -> None:
+    for library, convert in (("pandas", to_pandas), ("xarray", to_xarray)):
+        monkeypatch.setitem(sys.modules, library, None)
+        with pytest.raises(ImportError, match=f"^to_{library} needs {library}, which can't be imported"):
+            convert(FakeRun(signal("a", [1.0], [0])))
 
 
 def test_random_axes_keep_every_sample_in_order() -> None:
