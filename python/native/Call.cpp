@@ -13,7 +13,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // How long Ctrl-C may go unseen.
-constexpr std::chrono::milliseconds Poll = 30ms;
+constexpr std::chrono::milliseconds Poll = 20ms;
 
 using Work = std::function<void(const ModuleLoader& module, CallState& state)>;
 

@@ -1,6 +1,7 @@
 #include "python/native/ReadFile.h"
 
 #include <memory>
+#include <thread>
 #include <utility>
 
 #include "host/ImportFailure.h"
@@ -32,6 +33,11 @@ struct FileRead {
     std::vector<check::Finding> Findings;
 };
 
+// On a thread of its own, since Ctrl-C is not to wait for gibibytes that are given back to the system.
+void FreeLater(std::unique_ptr<store::StoredDevice> samples) {
+    std::thread([own = std::move(samples)]() mutable { own.reset(); }).detach();
+}
+
 FileRead Import(const ModuleLoader& module, const Request& request, CallState& state) {
     FileInWork file(module, request, state);
     std::optional<HostSession> session;
@@ -48,7 +54,12 @@ FileRead Import(const ModuleLoader& module, const Request& request, CallState& s
         result = session->Run();
     } while (!result.Interrupted && file.Reading().TakesCopy());
     FileRead read;
-    if (state.Cancel) return read;
+    if (state.Cancel) {
+        std::unique_ptr<store::StoredDevice> samples = session->TakeDevice();
+        session.reset();
+        FreeLater(std::move(samples));
+        return read;
+    }
     RefuseFailed(module, request, file, *session, result);
     read.Findings = check::Judge(check->Finish(module, *session, result, file.Reading().Automatic()));
     read.Lines = result.Lines;

@@ -31,6 +31,13 @@ def build_wheel(wheel_directory, config_settings=None, metadata_directory=None):
     return name
 
 
+def prepare_metadata_for_build_wheel(metadata_directory, config_settings=None):
+    """The hook of PEP 517; returns the name of the folder that it makes."""
+    info = Path(metadata_directory) / f"{NAME}-{_version()}.dist-info"
+    _write_info(info, _version(), _tag())
+    return info.name
+
+
 def build_sdist(sdist_directory, config_settings=None):
     """The hook of PEP 517 that would make an archive of sources: the repository is that."""
     raise NotImplementedError("there is no archive of sources; build a wheel from the repository")
