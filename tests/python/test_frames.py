@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import sys
+import tracemalloc
 from dataclasses import dataclass
 from typing import Any, Optional
 
@@ -201,6 +202,20 @@ def test_frame_and_data_set_are_copies() -> None:
     data["a"].values[0] = 9.0
     assert one.values.tolist() == [1.0, 2.0]
     assert masked.values.tolist() == [1, 0] and masked.mask.tolist() == [False, True]
+
+
+def test_data_is_copied_once() -> None:
+    times = list(range(100_000))
+    numbers = [float(time) for time in times]
+    signals = [signal(f"s{n}", numbers, times) for n in range(8)] + [signal("i", [None, *times[1:]], times, "i8")]
+    run = FakeRun(*signals)
+    to_pandas(run)  # loads what is loaded once
+    size = sum(one.values.nbytes for one in signals)
+    tracemalloc.start()
+    frame = to_pandas(run)
+    _, peak = tracemalloc.get_traced_memory()
+    tracemalloc.stop()
+    assert len(frame) == len(times) and size <= peak < 1.1 * size, f"{peak} bytes for {size}"
 
 
 @dataclass
