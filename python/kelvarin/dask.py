@@ -7,6 +7,7 @@ from collections.abc import Callable, Iterable, Sequence
 from dataclasses import dataclass
 from typing import TYPE_CHECKING, Any, Optional, Union
 
+from .errors import Error
 from .files import Path, list_files
 from .many import Failure, Summary, read_file, summary_of, summary_table
 from .optional import load_library
@@ -66,7 +67,7 @@ def read_many(
     for path, look in looks.items():
         reason = why_unlike(look.shape, schema) if isinstance(look, _Look) else ""
         if reason:
-            looks[path] = ValueError(reason)
+            looks[path] = Error(reason, path)
     readable = [path for path, look in looks.items() if isinstance(look, _Look)]
     outcomes = [look.summary if isinstance(look, _Look) else look for look in looks.values()]
     return Result(

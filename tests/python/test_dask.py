@@ -9,6 +9,7 @@ from typing import Any
 
 import pytest
 from calls import Deadly
+from fakes import column
 from logger_files import ROWS, counts, write_files
 
 import kelvarin
@@ -86,6 +87,29 @@ def test_workers_write_whole_hdf5_files(client: Any, folder: Path, tmp_path: Pat
     assert sorted(path.name for path in out.rglob("*") if path.is_file()) == sorted(
         os.path.basename(path) for path in result.outputs.values()
     )
+
+
+# The rows of a file below its names, and what they are in the table of all.
+DIFFERENT: list[tuple[str, list[str], list[tuple[Any, ...]]]] = [
+    ("Count;Level", ["1;7 m", "2;8 m"], [(1, 7.0, None), (2, 8.0, None)]),
+    ("Count;Level", ["3;0.5 m", "4;1.5 m"], [(3, 0.5, None), (4, 1.5, None)]),
+    ("Count;Note", ["5;ok", "6;all dry"], [(5, None, "ok"), (6, None, "all dry")]),
+    ("Count;Level", ["7;7.5 ft", "8;8.5 ft"], []),
+]
+
+
+def test_files_with_other_columns_and_units(client: Any, tmp_path: Path) -> None:
+    for number, (names, rows, _) in enumerate(DIFFERENT):
+        lines = [f"2024-03-01 00:0{number}:0{second};{row}" for second, row in enumerate(rows)]
+        (tmp_path / f"{number}.csv").write_text("\n".join([f"Time;{names}", *lines]) + "\n")
+    result = kelvarin.dask.read_many(tmp_path, client, types={"Count": "integer"})
+    frame = result.frame.compute()
+    found = zip(*(column(frame, name) for name in ("Count", "Level", "Note")))
+    assert list(found) == [row for _, _, rows in DIFFERENT for row in rows]
+    assert str(frame.dtypes["Count"]) == "int64" and result.units["Level"] == "m"
+    assert [str(failure.error) for failure in result.failures] == [
+        f'{tmp_path / "3.csv"}: "Level" is in ft, in most files in m'
+    ]
 
 
 def test_no_file_can_be_read(client: Any, tmp_path: Path) -> None:

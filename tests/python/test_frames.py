@@ -2,7 +2,9 @@
 
 from __future__ import annotations
 
-from dataclasses import dataclass, field
+import sys
+import tracemalloc
+from dataclasses import dataclass
 from typing import Any, Optional
 
 import numpy
@@ -202,6 +204,20 @@ def test_frame_and_data_set_are_copies() -> None:
     assert masked.values.tolist() == [1, 0] and masked.mask.tolist() == [False, True]
 
 
+def test_data_is_copied_once() -> None:
+    times = list(range(100_000))
+    numbers = [float(time) for time in times]
+    signals = [signal(f"s{n}", numbers, times) for n in range(8)] + [signal("i", [None, *times[1:]], times, "i8")]
+    run = FakeRun(*signals)
+    to_pandas(run)  # loads what is loaded once
+    size = sum(one.values.nbytes for one in signals)
+    tracemalloc.start()
+    frame = to_pandas(run)
+    _, peak = tracemalloc.get_traced_memory()
+    tracemalloc.stop()
+    assert len(frame) == len(times) and size <= peak < 1.1 * size, f"{peak} bytes for {size}"
+
+
 @dataclass
 class VariableCase:
     name: str
@@ -248,6 +264,13 @@ NAMES = [(["a", "b"], [], ["a", "b"]), (["", ""], [], ["", " (2)"]), (["time"], 
 @pytest.mark.parametrize("names, taken, distinct", NAMES)
 def test_names_are_made_distinct(names: list[str], taken: list[str], distinct: list[str]) -> None:
     assert distinct_names(names, taken) == distinct
+
+
+def test_missing_library_is_named(monkeypatch: pytest.MonkeyPatch) -> None:
+    for library, convert in (("pandas", to_pandas), ("xarray", to_xarray)):
+        monkeypatch.setitem(sys.modules, library, None)
+        with pytest.raises(ImportError, match=f"^to_{library} needs {library}, which can't be imported"):
+            convert(FakeRun(signal("a", [1.0], [0])))
 
 
 def test_random_axes_keep_every_sample_in_order() -> None:

@@ -54,7 +54,8 @@ def test_table_has_a_row_for_each_file(folder: Path) -> None:
     assert [Path(path).name for path in table["path"][table["error"] != ""]] == BAD
     good = table[table["error"] == ""].reset_index(drop=True)
     assert good["signals"].tolist() == [3] * 6 and good["samples"].tolist() == [3 * ROWS] * 6
-    assert good["first"].tolist() == [pandas.Timestamp("2024-03-01") + pandas.Timedelta(n * ROWS, "s") for n in range(6)]
+    begin = pandas.Timestamp("2024-03-01")
+    assert good["first"].tolist() == [begin + pandas.Timedelta(number * ROWS, "s") for number in range(6)]
     assert (good["last"] - good["first"] == pandas.Timedelta(ROWS - 1, "s")).all()
     assert [Path(failure.path).name for failure in runs.failures] == BAD
 

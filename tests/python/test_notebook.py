@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 from html.parser import HTMLParser
+from pathlib import Path
 from types import SimpleNamespace
 from typing import Any, Optional
 
@@ -10,6 +11,7 @@ import numpy
 import pytest
 from fakes import FakeRun, FakeSignal, signal
 
+import kelvarin
 from kelvarin.notebook import analysis_as_html, check_as_html, range_text, run_as_html, time_text
 
 
@@ -131,6 +133,20 @@ TIMES = [
 @pytest.mark.parametrize("time, text", TIMES)
 def test_time(time: Any, text: str) -> None:
     assert time_text(time) == text
+
+
+EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
+
+
+@pytest.mark.parametrize("name", ["pruefstand.csv", "road-test.csv", "discharge.txt"])
+def test_what_is_found_of_a_file_shows_itself(name: str) -> None:
+    run, analysis = kelvarin.read(EXAMPLES / name), kelvarin.analyze(EXAMPLES / name)
+    rows = Page(run._repr_html_()).rows[1:]
+    assert [row[:4] for row in rows] == [[one.name, one.unit, one.type, str(len(one))] for one in run]
+    rows = Page(analysis._repr_html_()).rows[1:]
+    assert [row[1] for row in rows] == [column.name for column in analysis.columns]
+    check = kelvarin.check(EXAMPLES / name)
+    assert [row[1] for row in Page(check._repr_html_()).rows[1:]] == [finding.text for finding in check.findings]
 
 
 def test_check_without_findings_says_so() -> None:

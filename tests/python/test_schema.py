@@ -39,7 +39,8 @@ def test_column_of_two_files(
         other = FakeRun(signal("b", [1.0], [0]))
     else:
         other = FakeRun(signal("a", other_values, list(range(len(other_values))), other_dtype))
-    for first, second, wanted in [(one, other, together), (other, one, together[len(values) :] + together[: len(values)])]:
+    reverse = together[len(values) :] + together[: len(values)]
+    for first, second, wanted in [(one, other, together), (other, one, reverse)]:
         schema = schema_of([shape_of(first), shape_of(second)])
         frames = [fit(frame_of(run), schema, "x.csv") for run in (first, second)]  # type: ignore[arg-type]
         assert [str(frame.dtypes["a"]) for frame in frames] == [common] * 2
