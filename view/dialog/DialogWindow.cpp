@@ -17,6 +17,17 @@ namespace {
 
 constexpr int CancelId = 2;
 
+// The room of a page inside the tabs.
+class PageArea : public QWidget {
+  public:
+    explicit PageArea(QSize size) : Size(size) {}
+    QSize sizeHint() const override { return Size; }
+    QSize minimumSizeHint() const override { return Size; }
+
+  private:
+    const QSize Size;
+};
+
 QSize SizeOf(const DialogTemplate& dialog) {
     const CRect size = GetDialogUnits().ToPixels({0, 0, dialog.Width, dialog.Height});
     return {size.Width(), size.Height()};
@@ -58,13 +69,9 @@ DialogWindow::~DialogWindow() {
 void DialogWindow::MakeTabs() {
     CPropertySheet& sheet = *Frame.Sheet;
     Tabs = new QTabWidget(this);
-    QSize size;
     for (int i = 0; i < sheet.GetPageCount(); ++i) {
         const DialogTemplate& page = sheet.GetPage(i).GetTemplate();
-        size = size.expandedTo(SizeOf(page));
-        auto* const area = new QWidget;
-        area->setFixedSize(SizeOf(page));
-        Tabs->addTab(area, ToQt(page.Title));
+        Tabs->addTab(new PageArea(SizeOf(page)), ToQt(page.Title));
     }
     Tabs->tabBar()->setFocusPolicy(Qt::StrongFocus);
     Pages.resize(static_cast<std::size_t>(sheet.GetPageCount()));

@@ -49,7 +49,11 @@ int QtDialogDriver::ShowMessage(const std::u16string& text, unsigned type) {
     // What the message is about must be seen below it.
     if (!Open.empty()) Open.back()->ShowControls();
     const ModuleState* const module = GetCurrentModule();
-    return ShowMessageBox(Front(), module == nullptr ? std::u16string() : module->CurrentAppName, text, type);
+    const std::u16string title = module == nullptr ? std::u16string() : module->CurrentAppName;
+    const int button = ShowMessageBox(Front(), title, text, type);
+    // Where no window manager does it, keys would reach nothing.
+    if (!Open.empty()) Open.back()->activateWindow();
+    return button;
 }
 
 std::optional<std::u16string> QtDialogDriver::ChooseFile(const FileQuestion& question) {
