@@ -58,11 +58,12 @@ void PressNamed(const std::string& name) {
 
 // What a user sees of a control, in a word.
 std::string Seen(const std::string& what, int id, const CDialog& dialog) {
+    if (what == "ended") return dialog.IsEnded() ? "yes" : "no";
+    if (FrontWindow() == nullptr) return "no window";
     const QWidget* const focused = FrontWindow()->focusWidget();
     if (what == "focus") return std::to_string(FocusedId());
     if (what == "tabs") return dynamic_cast<const QTabBar*>(focused) != nullptr ? "focused" : "not focused";
     if (what == "page") return std::to_string(FrontWindow()->findChild<QTabBar*>()->currentIndex());
-    if (what == "ended") return dialog.IsEnded() ? "yes" : "no";
     if (what == "editor")
         return focused != nullptr && focused->objectName() == "cell-edit" ? "open" : "closed";
     if (what == "list") {

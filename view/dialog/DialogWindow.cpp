@@ -10,6 +10,7 @@
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/UserInput.h"
 #include "platform/framework/portable/DialogFront.h"
+#include "view/dialog/Appearance.h"
 #include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
@@ -73,6 +74,7 @@ void DialogWindow::MakeTabs() {
         const DialogTemplate& page = sheet.GetPage(i).GetTemplate();
         Tabs->addTab(new PageArea(SizeOf(page)), ToQt(page.Title));
     }
+    Tabs->setFocusPolicy(Qt::NoFocus);
     Tabs->tabBar()->setFocusPolicy(Qt::StrongFocus);
     Pages.resize(static_cast<std::size_t>(sheet.GetPageCount()));
     connect(Tabs, &QTabWidget::currentChanged, this,
@@ -189,6 +191,14 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     } else {
         Do([this] { Frame.OnOK(); });
     }
+}
+
+// The user's scheme can change while the dialog is open.
+void DialogWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    UseColorsOfPalette();
+    Do([] {});
 }
 
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {

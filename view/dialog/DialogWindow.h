@@ -28,6 +28,7 @@ class DialogWindow : public QDialog, public StepRunner {
   protected:
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void Do(const std::function<void()>& step) override;

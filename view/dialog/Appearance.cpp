@@ -1,4 +1,4 @@
-#include "view/dialog/Measure.h"
+#include "view/dialog/Appearance.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
 #include <algorithm>
@@ -76,6 +77,10 @@ QSize LeastSize(const ControlTemplate& control) {
     }
 }
 
+std::uint32_t ToSystemColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
+}
+
 }  // namespace
 
 DialogUnits MeasureDialogs(const ModuleState& module) {
@@ -94,6 +99,12 @@ DialogUnits MeasureDialogs(const ModuleState& module) {
         }
     }
     return units;
+}
+
+void UseColorsOfPalette() {
+    const QPalette palette = QApplication::palette();
+    SetSystemColors(ToSystemColor(palette.color(QPalette::Base)),
+                    ToSystemColor(palette.color(QPalette::Button)));
 }
 
 }  // namespace kelvarin::view
