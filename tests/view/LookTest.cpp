@@ -173,6 +173,7 @@ TEST(ViewLook, FollowsASchemeThatChangesWhileItIsOpen) {
         palette.setColor(QPalette::Base, QColor(32, 32, 32));
         palette.setColor(QPalette::Button, QColor(64, 96, 128));
         QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
         auto& list = dynamic_cast<QTreeView&>(*WidgetOf(CtrlPreview));
         const QVariant tint = list.model()->data(list.model()->index(0, 0), Qt::BackgroundRole);
         EXPECT_EQ(tint.value<QColor>().name().toStdString(), "#304050");
