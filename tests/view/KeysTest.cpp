@@ -16,6 +16,7 @@
 #include "kit/TestProfile.h"
 #include "kit/Workdir.h"
 #include "languages/English.h"
+#include "platform/framework/Path.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
@@ -99,6 +100,9 @@ void Play(const KeyCase& c, const std::u16string& path) {
                 words.get();
                 std::getline(words, word);
                 TypeText(QString::fromStdString(word));
+            } else if (verb == "file") {
+                words >> word;
+                user->NextFile = Utf16ToUtf8(PathFolder(path)) + "/" + word;
             } else if (verb != "?") {
                 EXPECT_TRUE(DoStep(line)) << line;
             } else if (words >> word; word == "message") {
@@ -168,7 +172,7 @@ TEST(ViewKeys, ActAsPeopleExpect) {
         {"OK shows the page that refuses",
          "key ctrl+Tab\ncheck 0\ncheck 1\n? focus 1021\nkey ctrl+Tab\n? page 0\nkey Return\n? message Select "
          "at "
-         "least one signal for the import.\n? page 1\n? focus 1021\nkey Space Return\n? ended yes"},
+         "least one signal for the import.\n? page 1\n? focus 1021\nkey Down Space Return\n? ended yes"},
         {"F2 edits the name of the focused row, Enter enters it, Escape gives up",
          "key ctrl+Tab Down F2\n? editor open\nwrite speed\nkey Return\n? editor closed\n? focus 1021\n? "
          "ended "
@@ -202,6 +206,10 @@ TEST(ViewKeys, ActAsPeopleExpect) {
         {"Ctrl+Tab refuses a number out of range once",
          "type 1015 1000\nkey ctrl+Tab\n? message Enter a whole number between 1 and 999.\n? focus 1015\n? "
          "page 0"},
+        {"a sidecar is loaded, or none",
+         "file saved\nclick 1066\n? text 1051 |\n? checked 1010 yes\n? message ",
+         {}},
+        {"Escape in the question for a file changes nothing", "click 1066\n? checked 1022 yes\n? ended no"},
         {"a letter reaches nothing past a number out of range",
          "type 1015 1000\nkey alt+a\n? message Enter a whole number between 1 and 999.\n? focus 1015\n? "
          "checked "
@@ -209,6 +217,10 @@ TEST(ViewKeys, ActAsPeopleExpect) {
     };
     const Workdir folder;
     const std::u16string path = folder.Write("data.csv", Table);
+    folder.Write(
+        "saved.info",
+        "<CSV-INFO format-rev='2'><START-LINE>1</START-LINE><SEPARATOR>|</SEPARATOR>"
+        "<DELIMITER-DECIMAL-POINT>.</DELIMITER-DECIMAL-POINT><DELIMITER-MIL>_</DELIMITER-MIL></CSV-INFO>");
     CsvImportModule().UseLanguage(&GetEnglishResources());
     for (const KeyCase& c : cases) Play(c, path);
     CsvImportModule().UseLanguage(nullptr);

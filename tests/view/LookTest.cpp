@@ -3,10 +3,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
+#include <QScreen>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTreeView>
@@ -39,6 +42,9 @@ std::string CutTexts() {
         if (const auto* const combo = dynamic_cast<const QComboBox*>(widget)) text = combo->itemText(0);
         const bool isField = dynamic_cast<const QLineEdit*>(widget) != nullptr;
         if (!text.isEmpty() || isField) needed = widget->sizeHint();
+        const bool isBox = dynamic_cast<const QCheckBox*>(widget) != nullptr ||
+                           dynamic_cast<const QRadioButton*>(widget) != nullptr;
+        if (isBox) needed.setHeight(widget->fontMetrics().height());
         if (isField || (dynamic_cast<const QComboBox*>(widget) != nullptr && text.isEmpty()))
             needed.setWidth(0);
         if (needed.width() > widget->width() || needed.height() > widget->height())
@@ -47,7 +53,7 @@ std::string CutTexts() {
     return cut.toStdString();
 }
 
-// The window's children that lie outside it or over one another.
+// The controls that lie outside their page or over one another.
 std::string MisplacedWidgets() {
     QString misplaced;
     const QWidget& window = *QApplication::activeModalWidget();
@@ -55,12 +61,12 @@ std::string MisplacedWidgets() {
     for (const QWidget* const widget : widgets) {
         const int id = widget->objectName().toInt();
         if (!widget->isVisible() || id <= 0) continue;
-        const QRect place(widget->mapTo(&window, QPoint()), widget->size());
-        if (!window.rect().contains(place)) misplaced += widget->objectName() + " outside, ";
+        const QRect place = widget->geometry();
+        if (!widget->parentWidget()->rect().contains(place)) misplaced += widget->objectName() + " outside, ";
         for (const QWidget* const other : widgets) {
-            if (!other->isVisible() || other->objectName().toInt() <= id) continue;
-            const QRect otherPlace(other->mapTo(&window, QPoint()), other->size());
-            if (place.intersects(otherPlace))
+            if (other->parentWidget() != widget->parentWidget() || other->objectName().toInt() <= id)
+                continue;
+            if (place.intersects(other->geometry()))
                 misplaced += widget->objectName() + " over " + other->objectName() + ", ";
         }
     }
@@ -119,6 +125,25 @@ TEST(ViewLook, HasRoomForEveryTextInAnyFont) {
             });
         }
     }
+}
+
+TEST(ViewLook, IsScrolledOnALowScreen) {
+    const Look before;
+    QFont large("DejaVu Sans");
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    ShowDialog([](CDialog&) {
+        const QWidget& window = *FrontWindow();
+        EXPECT_LT(window.height(), window.screen()->availableGeometry().height());
+        for (const int button : {1, 2})
+            EXPECT_TRUE(window.rect().contains(WidgetOf(button)->geometry())) << button;
+        WidgetOf(CtrlUseAsDefault)->setFocus();
+        QCoreApplication::processEvents();
+        PressKey(Qt::Key_Tab);
+        const QRect box = WidgetOf(CtrlSaveSidecar)->visibleRegion().boundingRect();
+        EXPECT_EQ(FocusedId(), CtrlSaveSidecar);
+        EXPECT_GT(box.height(), 0) << "the focus scrolls it into view";
+    });
 }
 
 // The ratio of contrast between two colours, 1 to 21, as accessibility guidelines define it.

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -221,6 +222,10 @@ void TypeText(const QString& text) {
 }
 
 void ClickAt(QWidget& widget, QPoint point, bool isDouble) {
+    // As a user does by the wheel on a low screen.
+    for (QWidget* outer = widget.parentWidget(); outer != nullptr; outer = outer->parentWidget()) {
+        if (auto* const area = dynamic_cast<QScrollArea*>(outer)) area->ensureWidgetVisible(&widget, 0, 0);
+    }
     QWindow* const window = widget.window()->windowHandle();
     const QPoint place = widget.mapTo(widget.window(), point);
     if (isDouble) {

@@ -7,6 +7,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QScrollArea;
 class QTabWidget;
 
 namespace kelvarin::view {
@@ -35,6 +36,8 @@ class DialogWindow : public QDialog, public StepRunner {
     void MakeTabs();
     void MakePages();
     void ArrangeFrame();
+    QSize RoomOfTabs() const;
+    QScrollArea& AreaOf(int page) const;
     void OrderTabs();
     void ShowFocus();
 
