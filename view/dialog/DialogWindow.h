@@ -58,9 +58,9 @@ class DialogWindow : public QDialog, public StepRunner {
 
     CDialog& Frame;
     QTabWidget* Tabs = nullptr;  // of the sheet, or null
+    bool InStep = false;         // or while the widgets come and go
     std::unique_ptr<PageView> FrameView;
     std::vector<std::unique_ptr<PageView>> Pages;  // null: not made yet
-    bool InStep = false;
 };
 
 }  // namespace kelvarin::view
