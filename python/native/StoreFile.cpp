@@ -5,6 +5,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/ImportFailure.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"

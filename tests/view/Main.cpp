@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     alarm(Longest);
     SetProcessProfile(std::make_shared<MemoryProfile>());
     SetPreferredLanguage("de");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
