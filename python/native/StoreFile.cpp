@@ -5,9 +5,11 @@
 #include <optional>
 #include <utility>
 
+#include "host/ImportFailure.h"
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
+#include "host/store/StoredDevice.h"
 #include "python/native/Failure.h"
 
 namespace kelvarin::python {
