@@ -9,6 +9,7 @@
 #include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
+#include "host/store/StoredDevice.h"
 #include "python/native/Failure.h"
 
 namespace kelvarin::python {
