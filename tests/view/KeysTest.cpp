@@ -130,6 +130,17 @@ TEST(ViewKeys, ActAsPeopleExpect) {
     const KeyCase cases[] = {
         {"Escape cancels", "? focus 1022\nkey Space\n? checked 1022 no\nkey Escape\n? ended yes"},
         {"Enter in an edit is OK", "type 1015 1\nkey Return\n? ended yes"},
+        {"Enter in a box with a list is OK", "type 1020 hh:mm:ss\nkey Return\n? message \n? ended yes"},
+        {"Enter in a list that was dropped down is OK",
+         "select 1063 1\nkey Return\n? ended yes",
+         {"Adjust=1"}},
+        {"Enter in a picker is OK",
+         "time 1031 01:02:03\n? focus 1031\nkey Return\n? ended yes",
+         {"Adjust=1"}},
+        {"Enter on the tabs is OK", "page 1\n? tabs focused\nkey Return\n? ended yes"},
+        {"Enter on Cancel cancels",
+         "type 1015 1\nkey shift+Tab shift+Tab shift+Tab shift+Tab\n? focus "
+         "2\nkey Return\n? ended yes"},
         {"Enter on a button presses it and not OK",
          "key ctrl+Tab\n? page 1\ncheck 0\nkey Tab\n? focus 1039\nkey Return\n? ended no"},
         {"Tab goes through the page, the tabs and the buttons, Shift+Tab back",

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QWidget>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <random>
