@@ -23,6 +23,12 @@ void PlotAll(PlotModel& model, const std::vector<SignalPointer>& wanted) {
     }
 }
 
+std::size_t PaneFor(const PlotModel& model, const PlottedSignal& signal) {
+    const std::size_t panes = model.Panes().size();
+    const bool hasLanes = panes != 0 && model.Panes().back().Units().empty();
+    return hasLanes && signal.Kind() != SignalKind::Number ? panes - 1 : panes;
+}
+
 std::vector<SignalPointer> FirstSignals(const std::vector<SignalPointer>& all, std::size_t most) {
     std::vector<SignalPointer> first;
     for (const SignalKind kind : {SignalKind::Number, SignalKind::Truth, SignalKind::Text}) {

@@ -12,6 +12,10 @@ namespace kelvarin::view {
 // are more than eight, in one for each unit.
 void PlotAll(PlotModel& model, const std::vector<SignalPointer>& wanted);
 
+// Where a signal that is added is plotted: bands and texts in the last pane if that has nothing else, all
+// else in a new one.
+std::size_t PaneFor(const PlotModel& model, const PlottedSignal& signal);
+
 // Those with samples, numbers first, at most so many.
 std::vector<SignalPointer> FirstSignals(const std::vector<SignalPointer>& all, std::size_t most);
 

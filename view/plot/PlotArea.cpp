@@ -59,9 +59,12 @@ void PlotArea::Rebuild() {
         QCPAxisRect* const rect = Drawings.back().Rect;
         rect->setMarginGroup(QCP::msLeft | QCP::msRight, margins);
         plotLayout()->addElement(row, 0, rect);
-        // Lanes alone need less room than lines.
-        const auto lanes = static_cast<double>(pane.Signals.size());
-        plotLayout()->setRowStretchFactor(row, pane.Units().empty() ? std::min(0.25 * lanes, 1.0) : 1);
+        if (pane.Units().empty()) {
+            constexpr int LaneHeight = 34;
+            const int lanes = static_cast<int>(pane.Signals.size());
+            rect->setMaximumSize(QWIDGETSIZE_MAX, lanes * LaneHeight);
+            rect->setSizeConstraintRect(QCPLayoutElement::scrInnerRect);
+        }
         ++row;
     }
     plotLayout()->setRowSpacing(2);

@@ -57,6 +57,7 @@ int DrawPicture(int argc, char** argv, const Arguments& arguments) {
     if (outcome.IsUsage) return Complain(outcome.Failure, ExitWrongUsage);
     return Complain(arguments.Files.front() + ": " + outcome.Failure, ExitFileFailed);
 }
+
 int ShowWindow(int argc, char** argv, const Arguments& arguments) {
     const bool hasDisplay = std::getenv("DISPLAY") != nullptr || std::getenv("WAYLAND_DISPLAY") != nullptr ||
                             std::getenv("QT_QPA_PLATFORM") != nullptr;

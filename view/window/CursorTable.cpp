@@ -27,6 +27,7 @@ CursorTable::CursorTable(QWidget* parent) : QTableWidget(parent) {
     setHorizontalHeaderLabels(headers);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 

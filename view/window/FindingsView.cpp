@@ -38,8 +38,8 @@ QColor Tinted(const QPalette& palette, std::size_t column) {
 
 FindingsView::FindingsView(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
-    setWordWrap(true);
-    setTextElideMode(Qt::ElideNone);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     const auto show = [this](const QTreeWidgetItem* item) {
         const std::uint64_t line = item == nullptr ? 0 : item->data(0, LineRole).toULongLong();
         if (line != 0 && OnLine) OnLine(line);

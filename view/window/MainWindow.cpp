@@ -36,8 +36,8 @@ MainWindow::MainWindow(const ModuleLoader& module, std::vector<ParsedSetting> se
 
 MainWindow::~MainWindow() = default;
 
-QWidget* MainWindow::AddDock(const char* name, const QString& title, QWidget* content,
-                             Qt::DockWidgetArea area) {
+QDockWidget* MainWindow::AddDock(const char* name, const QString& title, QWidget* content,
+                                 Qt::DockWidgetArea area) {
     auto* const dock = new QDockWidget(title, this);
     dock->setObjectName(name);
     dock->setWidget(content);
@@ -61,19 +61,19 @@ void MainWindow::BuildLayout() {
     list->addWidget(Signals = new SignalTree, 1);
     FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
     FilterField->setClearButtonEnabled(true);
-    QWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
-    QWidget* const cursors =
+    QDockWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
+    QDockWidget* const cursors =
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
-    QWidget* const findings = AddDock("findings", Titled(Phrase("Findings")), Findings = new FindingsView,
+    QDockWidget* const findings = AddDock("findings", Titled(Phrase("Findings")), Findings = new FindingsView,
+                                          Qt::BottomDockWidgetArea);
+    QDockWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
                                       Qt::BottomDockWidgetArea);
-    QWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
-                                  Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    const QList<QDockWidget*> below = {qobject_cast<QDockWidget*>(cursors),
-                                       qobject_cast<QDockWidget*>(findings),
-                                       qobject_cast<QDockWidget*>(text)};
-    resizeDocks(below, {170, 170, 170}, Qt::Vertical);
-    resizeDocks({qobject_cast<QDockWidget*>(files)}, {380}, Qt::Horizontal);
+    tabifyDockWidget(cursors, findings);
+    cursors->raise();
+    resizeDocks({cursors, text}, {190, 190}, Qt::Vertical);
+    resizeDocks({cursors, text}, {450, 350}, Qt::Horizontal);
+    resizeDocks({files}, {490}, Qt::Horizontal);
     statusBar();
 }
 
@@ -86,7 +86,7 @@ void MainWindow::Connect() {
     };
     Signals->OnTicked = [this](const SignalPointer& signal, bool isOn) {
         if (isOn) {
-            Plotted.Add(signal, Plotted.Panes().size());
+            Plotted.Add(signal, PaneFor(Plotted, *signal));
         } else {
             Plotted.Remove(*signal);
         }

@@ -2,6 +2,7 @@
 // below.
 #pragma once
 
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -68,7 +69,7 @@ class MainWindow : public QMainWindow {
 
     void BuildLayout();
     void Connect();
-    QWidget* AddDock(const char* name, const QString& title, QWidget* content, Qt::DockWidgetArea area);
+    QDockWidget* AddDock(const char* name, const QString& title, QWidget* content, Qt::DockWidgetArea area);
 
     // WindowActions.cpp
     void BuildMenus();

@@ -12,7 +12,7 @@
 
 namespace kelvarin::view {
 namespace {
-enum Column { NameColumn, UnitColumn, TypeColumn, SamplesColumn, RangeColumn, CourseColumn, ColumnCount };
+enum Column { NameColumn, UnitColumn, CourseColumn, SamplesColumn, RangeColumn, TypeColumn, ColumnCount };
 constexpr int PathRole = Qt::UserRole;
 constexpr int NumberRole = Qt::UserRole + 1;  // of the signal in its file
 
@@ -40,7 +40,7 @@ QString RangeText(const PlottedSignal& signal) {
 }
 
 void Fill(QTreeWidgetItem& item, const PlottedSignal& signal) {
-    constexpr std::size_t CourseWidth = 16;
+    constexpr std::size_t CourseWidth = 12;
     item.setText(NameColumn, Said(signal.Name()));
     item.setText(UnitColumn, Said(signal.Unit()));
     item.setText(TypeColumn, TypeText(signal));
@@ -53,14 +53,15 @@ void Fill(QTreeWidgetItem& item, const PlottedSignal& signal) {
 
 SignalTree::SignalTree(QWidget* parent) : QTreeWidget(parent) {
     setColumnCount(ColumnCount);
-    setHeaderLabels({Said(Phrase("Signal")), Said(Phrase("Unit")), Said(Phrase("Type")),
-                     Said(Phrase("Samples")), Said(Phrase("Range")), Said(Phrase("Course"))});
+    setHeaderLabels({Said(Phrase("Signal")), Said(Phrase("Unit")), Said(Phrase("Course")),
+                     Said(Phrase("Samples")), Said(Phrase("Range")), Said(Phrase("Type"))});
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
     setUniformRowHeights(true);
-    header()->setDefaultSectionSize(80);
-    header()->resizeSection(NameColumn, 170);
+    constexpr int Widths[] = {150, 55, 110, 55, 100};
+    setIndentation(12);
+    for (int column = 0; column < TypeColumn; ++column) header()->resizeSection(column, Widths[column]);
     QObject::connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         const SignalPointer signal = SignalOf(item);
         if (IsFilling || column != NameColumn || signal == nullptr || !OnTicked) return;

@@ -76,7 +76,7 @@ TEST(ValueReader, ReadsWhatAVisitSees) {
                 Filled<std::uint8_t>(KelvarinBool, count, every, jitter)};
             for (const auto& device : devices) {
                 for (const std::size_t step : {1u, 63u, 8192u, 100'000u}) {
-                    if (step == 1 && count > 5000) continue;
+                    if (step == 1 && count > 65) continue;
                     SCOPED_TRACE(std::to_string(count) + " samples, " + std::to_string(step) + " at a time");
                     EXPECT_EQ(Difference(*device->Signals[0], step), "equal");
                 }
@@ -103,7 +103,8 @@ TEST(TimeIndex, CountsTheRowsBeforeAMoment) {
         const auto device = Filled<double>(KelvarinDouble, count, 0, times);
         const TimeIndex index(device->Signals[0]->Times());
         const auto end = static_cast<std::int64_t>(10 * count);
-        for (std::int64_t time = -20; time < end + 20; ++time) {
+        const std::int64_t step = 1 + static_cast<std::int64_t>(count / 500);
+        for (std::int64_t time = -20; time < end + 20; time += step) {
             const std::int64_t before = std::clamp<std::int64_t>((time + 4) / 10, 0, end / 10);
             ASSERT_EQ(index.RowsBefore(time), static_cast<std::uint64_t>(before)) << "before " << time;
         }
