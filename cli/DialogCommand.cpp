@@ -87,10 +87,11 @@ int RunDialog(const ModuleLoader& module, const CommonOptions& common, const std
 
 void AddDialogCommand(CommandLine& line) {
     const auto script = std::make_shared<std::string>();
-    CLI::App& command = line.Add("dialog", Phrase("The settings dialog of one file, driven by a script"),
-                                 [script](const ModuleLoader& module, const CommonOptions& common) {
-                                     return RunDialog(module, common, *script);
-                                 });
+    CLI::App& command =
+        line.Add("dialog", Phrase("The settings dialog of one file, on a display or driven by a script"),
+                 [script](const ModuleLoader& module, const CommonOptions& common) {
+                     return RunDialog(module, common, *script);
+                 });
     command.get_option("FILE")->expected(1);
     command.add_option("--script", *script, Phrase("Steps of the user, one a line; - for standard input"))
         ->type_name("FILE");

@@ -10,13 +10,20 @@
 #include "kit/MemoryProfile.h"
 #include "plugin/CsvImportApp.h"
 
+// Ends a test that waits in a window for a key which never comes.
+class Alarm : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
+        constexpr unsigned Longest = 120;  // seconds
+        alarm(Longest);
+    }
+};
+
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    // A window that waits for a key which never comes would wait for ever.
-    constexpr unsigned Longest = 120;  // seconds
-    alarm(Longest);
+    testing::UnitTest::GetInstance()->listeners().Append(new Alarm);
     SetProcessProfile(std::make_shared<MemoryProfile>());
     SetPreferredLanguage("de");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);

@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
@@ -60,10 +61,10 @@ bool Select(int id, int index) {
 
 // The digits of a date or a time, section by section.
 bool PickDigits(int id, const std::string& value) {
-    auto* const picker = dynamic_cast<QAbstractSpinBox*>(WidgetOf(id));
+    auto* const picker = dynamic_cast<QDateTimeEdit*>(WidgetOf(id));
     if (picker == nullptr || !picker->isEnabled()) return false;
     ClickAt(*picker, {8, picker->height() / 2});
-    PressKey(Qt::Key_Home);
+    picker->setSelectedSection(picker->sectionAt(0));  // as the tab key does
     for (const char c : value) {
         if (c >= '0' && c <= '9') TypeText(QString(QChar(c)));
     }
@@ -94,7 +95,7 @@ constexpr int BesideCheckBox = 40;
 
 bool RenameSignal(int row, const QString& name) {
     if (!ClickCell(row, 0, BesideCheckBox, true)) return false;
-    if (dynamic_cast<QLineEdit*>(QApplication::focusWidget()) == nullptr) return false;
+    if (dynamic_cast<QLineEdit*>(FrontWindow()->focusWidget()) == nullptr) return false;
     ReplaceText(name);
     PressKey(Qt::Key_Return);
     return true;
@@ -200,7 +201,9 @@ QWidget* WidgetOf(int id) {
 }
 
 int FocusedId() {
-    for (QWidget* widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget()) {
+    QWidget* const window = QApplication::activeModalWidget();
+    for (QWidget* widget = window == nullptr ? nullptr : window->focusWidget(); widget != nullptr;
+         widget = widget->parentWidget()) {
         const int id = widget->objectName().toInt();
         if (id > 0) return id;
     }
@@ -219,6 +222,10 @@ void TypeText(const QString& text) {
 }
 
 void ClickAt(QWidget& widget, QPoint point, bool isDouble) {
+    // As a user does by the wheel on a low screen.
+    for (QWidget* outer = widget.parentWidget(); outer != nullptr; outer = outer->parentWidget()) {
+        if (auto* const area = dynamic_cast<QScrollArea*>(outer)) area->ensureWidgetVisible(&widget, 0, 0);
+    }
     QWindow* const window = widget.window()->windowHandle();
     const QPoint place = widget.mapTo(widget.window(), point);
     if (isDouble) {

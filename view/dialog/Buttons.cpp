@@ -6,6 +6,7 @@
 #include <QRadioButton>
 
 #include "platform/framework/UserInput.h"
+#include "platform/framework/portable/DialogFront.h"
 #include "view/dialog/ControlWidget.h"
 #include "view/dialog/QtText.h"
 
@@ -69,7 +70,13 @@ class LabelWidget : public ControlWidget {
 
 class GroupWidget : public ControlWidget {
   public:
-    explicit GroupWidget(const ControlParts& parts) : ControlWidget(parts, new QGroupBox(parts.Parent)) {}
+    explicit GroupWidget(const ControlParts& parts) : ControlWidget(parts, new QGroupBox(parts.Parent)) {
+        // Some styles draw the title above the frame: it takes the gap to the group before, so that the frame
+        // stays clear of the controls in it.
+        constexpr short Gap = 3;  // dialog units
+        Widget().setGeometry(
+            Widget().geometry().adjusted(0, -GetDialogUnits().ToPixels({0, 0, 0, Gap}).Height(), 0, 0));
+    }
 
   protected:
     void ShowContent() override { static_cast<QGroupBox&>(Widget()).setTitle(ToQt(Parts.Control.Text)); }

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QStyle>
 #include <algorithm>
 
@@ -60,7 +61,11 @@ void CellEditors::OpenList(const NativeCellEditor& editor) {
     const QRect cell = CellPlace(editor.Row, editor.Column);
     const int rows = std::max(1, list->count());
     const int height = rows * std::max(1, list->sizeHintForRow(0)) + 2 * list->frameWidth();
-    list->setGeometry(QRect(View.viewport()->mapToGlobal(cell.bottomLeft()), QSize(cell.width(), height)));
+    QRect place(View.viewport()->mapToGlobal(cell.bottomLeft()), QSize(cell.width(), height));
+    // Above the cell where the screen ends below it.
+    if (place.bottom() > View.screen()->availableGeometry().bottom())
+        place.moveBottom(View.viewport()->mapToGlobal(cell.topLeft()).y());
+    list->setGeometry(place);
     list->installEventFilter(this);
     QObject::connect(list, &QListWidget::itemClicked, this, [this] { Finish(true); });
     Shown = list;

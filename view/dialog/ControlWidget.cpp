@@ -26,6 +26,10 @@ ControlWidget::ControlWidget(const ControlParts& parts, QWidget* drawn) : Parts(
     Drawn->setObjectName(QString::number(parts.Control.Id));
 }
 
+ControlWidget::~ControlWidget() {
+    delete Drawn;
+}
+
 void ControlWidget::Show() {
     if (Drawn->isEnabledTo(Parts.Parent) != Parts.Control.Enabled) Drawn->setEnabled(Parts.Control.Enabled);
     ShowContent();

@@ -25,14 +25,15 @@ struct ControlParts {
     NativeWindow& Control;
     NativeWindow* Spin;  // that steps the control, or null
     StepRunner& Steps;
-    QWidget* Parent;  // owns the widget
+    QWidget* Parent;  // of the widget
 };
 
 // One control and its widget: what the user does to the widget is done to the control, and what the control
 // then is the widget shows.
 class ControlWidget {
   public:
-    virtual ~ControlWidget() = default;
+    // The widget goes with it: nothing of Qt may reach a control that is gone.
+    virtual ~ControlWidget();
     ControlWidget(const ControlWidget&) = delete;
     ControlWidget& operator=(const ControlWidget&) = delete;
 

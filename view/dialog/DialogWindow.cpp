@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
@@ -10,12 +13,32 @@
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/UserInput.h"
 #include "platform/framework/portable/DialogFront.h"
+#include "view/dialog/Appearance.h"
 #include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
 namespace {
 
 constexpr int CancelId = 2;
+
+// The room of a page inside the tabs. On a screen that is too low for the whole page it is scrolled.
+class PageArea : public QScrollArea {
+  public:
+    explicit PageArea(QSize size) : Size(size) {
+        auto* const page = new QWidget;
+        page->setFixedSize(size);
+        setWidget(page);
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        // The tabs are seen through.
+        page->setAutoFillBackground(false);
+        viewport()->setAutoFillBackground(false);
+    }
+    QSize sizeHint() const override { return Size; }
+
+  private:
+    const QSize Size;
+};
 
 QSize SizeOf(const DialogTemplate& dialog) {
     const CRect size = GetDialogUnits().ToPixels({0, 0, dialog.Width, dialog.Height});
@@ -58,18 +81,30 @@ DialogWindow::~DialogWindow() {
 void DialogWindow::MakeTabs() {
     CPropertySheet& sheet = *Frame.Sheet;
     Tabs = new QTabWidget(this);
-    QSize size;
     for (int i = 0; i < sheet.GetPageCount(); ++i) {
         const DialogTemplate& page = sheet.GetPage(i).GetTemplate();
-        size = size.expandedTo(SizeOf(page));
-        auto* const area = new QWidget;
-        area->setFixedSize(SizeOf(page));
-        Tabs->addTab(area, ToQt(page.Title));
+        Tabs->addTab(new PageArea(SizeOf(page)), ToQt(page.Title));
     }
+    Tabs->setFocusPolicy(Qt::NoFocus);
     Tabs->tabBar()->setFocusPolicy(Qt::StrongFocus);
     Pages.resize(static_cast<std::size_t>(sheet.GetPageCount()));
     connect(Tabs, &QTabWidget::currentChanged, this,
             [this](int index) { Do([&] { UserShowPage(Frame, index); }); });
+}
+
+QScrollArea& DialogWindow::AreaOf(int page) const {
+    return static_cast<QScrollArea&>(*Tabs->widget(page));
+}
+
+// As much as the pages need, or as the screen leaves with the buttons below and a title above.
+QSize DialogWindow::RoomOfTabs() const {
+    constexpr short Rest = 30;  // dialog units: buttons and margins
+    constexpr int Title = 40;
+    const QSize wanted = Tabs->sizeHint();
+    const int most =
+        screen()->availableGeometry().height() - Title - GetDialogUnits().ToPixels({0, 0, 0, Rest}).Height();
+    if (wanted.height() <= most) return wanted;
+    return {wanted.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), most};
 }
 
 // The tabs take the room that the style gives them; the frame's buttons come below them, the last at the
@@ -77,7 +112,7 @@ void DialogWindow::MakeTabs() {
 void DialogWindow::ArrangeFrame() {
     const CRect gap = GetDialogUnits().ToPixels({4, 4, 4, 6});
     Tabs->ensurePolished();
-    Tabs->setGeometry(QRect(QPoint(gap.Left, gap.Top), Tabs->sizeHint()));
+    Tabs->setGeometry(QRect(QPoint(gap.Left, gap.Top), RoomOfTabs()));
     const QRect tabs = Tabs->geometry();
     int right = tabs.right() + 1;
     int bottom = tabs.bottom() + 1;
@@ -96,7 +131,7 @@ void DialogWindow::MakePages() {
     for (std::size_t i = 0; i < Pages.size(); ++i) {
         CPropertyPage& page = Frame.Sheet->GetPage(static_cast<int>(i));
         if (Pages[i] != nullptr || !page.IsCreated()) continue;
-        Pages[i] = std::make_unique<PageView>(page, *this, *Tabs->widget(static_cast<int>(i)));
+        Pages[i] = std::make_unique<PageView>(page, *this, *AreaOf(static_cast<int>(i)).widget());
         OrderTabs();
     }
 }
@@ -139,6 +174,8 @@ void DialogWindow::ShowFocus() {
     const ControlWidget* const wanted = Find(focusedWindow);
     const ControlWidget* const has = OwnerOf(focusWidget());
     if (wanted != nullptr && wanted != has) wanted->Widget().setFocus(Qt::OtherFocusReason);
+    if (wanted != nullptr && Tabs != nullptr && &wanted->Page() != &Frame)
+        AreaOf(Tabs->currentIndex()).ensureWidgetVisible(&wanted->Widget());
     if (focusedWindow == nullptr && Tabs != nullptr && focusWidget() != Tabs->tabBar())
         Tabs->tabBar()->setFocus();
 }
@@ -182,6 +219,14 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     } else {
         Do([this] { Frame.OnOK(); });
     }
+}
+
+// The user's scheme can change while the dialog is open.
+void DialogWindow::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange) return;
+    UseColorsOfPalette();
+    Do([] {});
 }
 
 bool DialogWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -7,6 +7,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QScrollArea;
 class QTabWidget;
 
 namespace kelvarin::view {
@@ -28,12 +29,15 @@ class DialogWindow : public QDialog, public StepRunner {
   protected:
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void Do(const std::function<void()>& step) override;
     void MakeTabs();
     void MakePages();
     void ArrangeFrame();
+    QSize RoomOfTabs() const;
+    QScrollArea& AreaOf(int page) const;
     void OrderTabs();
     void ShowFocus();
 
@@ -54,9 +58,9 @@ class DialogWindow : public QDialog, public StepRunner {
 
     CDialog& Frame;
     QTabWidget* Tabs = nullptr;  // of the sheet, or null
+    bool InStep = false;         // or while the widgets come and go
     std::unique_ptr<PageView> FrameView;
     std::vector<std::unique_ptr<PageView>> Pages;  // null: not made yet
-    bool InStep = false;
 };
 
 }  // namespace kelvarin::view

@@ -34,7 +34,7 @@ class EditWidget : public ControlWidget {
     explicit EditWidget(const ControlParts& parts) : ControlWidget(parts, new QLineEdit(parts.Parent)) {
         if ((parts.Control.Style & ControlDigits) != 0)
             Edit().setValidator(new QRegularExpressionValidator(Digits(), &Edit()));
-        Edit().setReadOnly((parts.Control.Style & ControlReadOnly) != 0);
+        if ((parts.Control.Style & ControlReadOnly) != 0) MakeReadOnly();
         QObject::connect(&Edit(), &QLineEdit::textEdited, &Edit(), [this](const QString& text) {
             Do([&] { EnterText(Parts.Page, Parts.Control.Id, FromQt(text)); });
         });
@@ -44,6 +44,14 @@ class EditWidget : public ControlWidget {
     void ShowContent() override { ShowText(Edit(), Parts.Control); }
 
   private:
+    // In the colour of the window, so that nobody tries to type there.
+    void MakeReadOnly() {
+        Edit().setReadOnly(true);
+        QPalette palette = Edit().palette();
+        palette.setBrush(QPalette::Base, palette.window());
+        Edit().setPalette(palette);
+    }
+
     QLineEdit& Edit() const { return static_cast<QLineEdit&>(Widget()); }
 };
 

@@ -1,6 +1,8 @@
 #include "view/dialog/ListModel.h"
 
+#include <QApplication>
 #include <QColor>
+#include <QFontMetrics>
 
 #include "view/dialog/QtText.h"
 
@@ -51,6 +53,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return ToQt(List.GetItemText(row, column));
+        case Qt::SizeHintRole: {
+            constexpr int Gap = 5;  // pixels between the texts of two rows
+            return QSize(0, QFontMetrics(QApplication::font()).height() + Gap);
+        }
         case Qt::BackgroundRole:
             return BackgroundOf(List.GetColumnBackground(column));
         case Qt::CheckStateRole: {

@@ -15,10 +15,22 @@
 namespace kelvarin::view {
 namespace {
 
+// A view that takes the focus without moving to a row: no key was pressed.
+class ReportView : public QTreeView {
+  public:
+    using QTreeView::QTreeView;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QAbstractScrollArea::focusInEvent(event);
+        viewport()->update();
+    }
+};
+
 class ListWidget : public ControlWidget, public QObject {
   public:
     explicit ListWidget(const ControlParts& parts)
-        : ControlWidget(parts, new QTreeView(parts.Parent)),
+        : ControlWidget(parts, new ReportView(parts.Parent)),
           Model(parts.Control, this),
           Editors(View(), parts.Control, [this](const std::u16string* text) { EndEditor(text); }) {
         View().setModel(&Model);

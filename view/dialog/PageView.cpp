@@ -23,7 +23,7 @@ bool IsRadio(const ControlWidget& widget) {
 
 }  // namespace
 
-PageView::PageView(CDialog& page, StepRunner& steps, QWidget& area) : Page(page) {
+PageView::PageView(CDialog& page, StepRunner& steps, QWidget& area) {
     for (const auto& control : page.GetNative().Controls) {
         auto made = MakeControlWidget({page, *control, SpinOf(page, *control), steps, &area});
         if (made == nullptr) continue;

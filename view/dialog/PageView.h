@@ -40,7 +40,6 @@ class PageView {
     void LinkLabels();
     void LimitTabbing();
 
-    CDialog& Page;
     std::vector<std::unique_ptr<ControlWidget>> Widgets;
 };
 

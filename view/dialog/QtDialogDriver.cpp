@@ -1,22 +1,16 @@
 #include "view/dialog/QtDialogDriver.h"
 
-#include <QApplication>
 #include <QFileDialog>
-#include <QPalette>
 
 #include "platform/framework/Module.h"
 #include "platform/framework/portable/DialogFront.h"
+#include "view/dialog/Appearance.h"
 #include "view/dialog/DialogWindow.h"
-#include "view/dialog/Measure.h"
 #include "view/dialog/MessageBox.h"
 #include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
 namespace {
-
-std::uint32_t ToSystemColor(const QColor& color) {
-    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
-}
 
 // "description|pattern", repeated, as Qt has it: "description (pattern)", a line break between two.
 QString FiltersOf(const std::u16string& filter) {
@@ -33,9 +27,7 @@ QString FiltersOf(const std::u16string& filter) {
 
 void QtDialogDriver::PrepareDialog() {
     if (const ModuleState* const module = GetCurrentModule()) SetDialogUnits(MeasureDialogs(*module));
-    const QPalette palette = QApplication::palette();
-    SetSystemColors(ToSystemColor(palette.color(QPalette::Base)),
-                    ToSystemColor(palette.color(QPalette::Button)));
+    UseColorsOfPalette();
 }
 
 void QtDialogDriver::RunModal(CDialog& dialog) {
@@ -49,7 +41,11 @@ int QtDialogDriver::ShowMessage(const std::u16string& text, unsigned type) {
     // What the message is about must be seen below it.
     if (!Open.empty()) Open.back()->ShowControls();
     const ModuleState* const module = GetCurrentModule();
-    return ShowMessageBox(Front(), module == nullptr ? std::u16string() : module->CurrentAppName, text, type);
+    const std::u16string title = module == nullptr ? std::u16string() : module->CurrentAppName;
+    const int button = ShowMessageBox(Front(), title, text, type);
+    // Where no window manager does it, keys would reach nothing.
+    if (!Open.empty()) Open.back()->activateWindow();
+    return button;
 }
 
 std::optional<std::u16string> QtDialogDriver::ChooseFile(const FileQuestion& question) {

@@ -171,11 +171,13 @@ CDialog::~CDialog() {
 
 int CDialog::DoModal() {
     const HWND owner = GetActiveWindow();
+    DialogDriver* const driver = GetDialogDriver();
+    if (driver != nullptr) driver->PrepareDialog();
     CreateControls();
     const HWND outer = std::exchange(modalWindow, Native->Window);
     OnInitDialog();
     // Driven, it stays hidden: shown, it and other programs would take the focus from each other.
-    if (DialogDriver* const driver = GetDialogDriver()) {
+    if (driver != nullptr) {
         RunPendingMessages();
         driver->RunModal(*this);
         if (!IsEnded()) OnCancel();

@@ -1,4 +1,4 @@
-#include "view/dialog/Measure.h"
+#include "view/dialog/Appearance.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -7,8 +7,10 @@
 #include <QFontMetricsF>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -25,9 +27,18 @@ DialogUnits UnitsOfFont() {
     return {metrics.horizontalAdvance(Letters) / Count, metrics.height()};
 }
 
+// A box with its text needs no air above and below: what is next to it keeps away.
 template <class Widget>
-QSize HintOf(const ControlTemplate& control) {
+QSize BoxHint(const ControlTemplate& control) {
     Widget widget;
+    widget.setText(ToQt(control.Text));
+    widget.ensurePolished();
+    const int box = widget.style()->pixelMetric(QStyle::PM_IndicatorHeight);
+    return {widget.sizeHint().width(), std::max(box, widget.fontMetrics().height())};
+}
+
+QSize ButtonHint(const ControlTemplate& control) {
+    QPushButton widget;
     widget.setText(ToQt(control.Text));
     widget.ensurePolished();
     return widget.sizeHint();
@@ -55,12 +66,12 @@ QSize LeastSize(const ControlTemplate& control) {
         case ControlKind::Label:
             return LabelHint(control);
         case ControlKind::CheckBox:
-            return HintOf<QCheckBox>(control);
+            return BoxHint<QCheckBox>(control);
         case ControlKind::RadioButton:
-            return HintOf<QRadioButton>(control);
+            return BoxHint<QRadioButton>(control);
         case ControlKind::PushButton:
         case ControlKind::DefaultButton:
-            return HintOf<QPushButton>(control);
+            return ButtonHint(control);
         case ControlKind::Edit:
             return (control.Style & ControlMultiLine) != 0 ? QSize()
                                                            : QSize(0, QLineEdit().sizeHint().height());
@@ -74,6 +85,10 @@ QSize LeastSize(const ControlTemplate& control) {
         default:
             return {};
     }
+}
+
+std::uint32_t ToSystemColor(const QColor& color) {
+    return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
 }  // namespace
@@ -94,6 +109,12 @@ DialogUnits MeasureDialogs(const ModuleState& module) {
         }
     }
     return units;
+}
+
+void UseColorsOfPalette() {
+    const QPalette palette = QApplication::palette();
+    SetSystemColors(ToSystemColor(palette.color(QPalette::Base)),
+                    ToSystemColor(palette.color(QPalette::Button)));
 }
 
 }  // namespace kelvarin::view
