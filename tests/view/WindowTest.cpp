@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QTest>
 #include <QTextBlock>
+#include <QTimer>
 #include <QTreeWidgetItemIterator>
 #include <cstdlib>
 #include <filesystem>
@@ -172,6 +173,25 @@ TEST_F(ViewWindow, KeepsTheLookWhenAFileIsReadAnew) {
     Wait();
     EXPECT_EQ(Plotted(), "");
     EXPECT_EQ(Shown->Tree().topLevelItem(0)->childCount(), 1);
+}
+
+// The dialog comes up over the window; OK reads the file again and keeps what is seen.
+TEST_F(ViewWindow, ReadsAFileAnewByTheDialog) {
+    Open(Write("lauf.csv", GermanFile(100)));
+    const TimeRange part{Shown->Model().Visible().From + 10, Shown->Model().Visible().From + 5'000'000'000};
+    Shown->Model().ShowTimes(part);
+    bool isThere = false;
+    QTimer::singleShot(300, Shown.get(), [&isThere] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        isThere = dialog != nullptr;
+        if (isThere) QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QTest::keyClick(Shown.get(), Qt::Key_Comma, Qt::ControlModifier);
+    Wait();
+    EXPECT_TRUE(isThere);
+    EXPECT_EQ(Plotted(), "Drehzahl | Druck | ");
+    EXPECT_EQ(Item(0)->text(1), "U/min");
+    EXPECT_EQ(Shown->Model().Visible(), part);
 }
 
 TEST_F(ViewWindow, KeepsWhatWasAssumedBesideTheFile) {

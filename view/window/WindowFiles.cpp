@@ -233,7 +233,8 @@ void MainWindow::LookForChanges() {
     }
 }
 
-// The module's dialog over what is assumed; OK reads the file anew by what the user has chosen.
+// The module's dialog over what is assumed. OK reads the file anew: what the user has changed is chosen, and
+// the rest is found under it.
 void MainWindow::ChangeSettings() {
     OpenFile* const file = Current();
     if (file == nullptr) return;
@@ -243,18 +244,24 @@ void MainWindow::ChangeSettings() {
     }
     constexpr std::int64_t Ok = 1;
     const std::u16string path = FromQt(file->Path);
-    const FileReading reading(Module, path, file->Settings, {});
-    HostSession session(Module, path, RunOptions());
-    QtDialogDriver driver(this);
-    SetDialogDriver(&driver);
-    const std::int64_t result = session.Filter().ShowOptionDialog();
-    SetDialogDriver(nullptr);
-    const CCsvImportSettings* const settings = SettingsOf(session.Filter());
-    if (result != Ok || settings == nullptr) return;
-    file->Settings.clear();
-    for (const auto& [key, value] : SettingsAsText(*settings)) {
-        ParsedSetting setting;
-        if (ParseSetting(key, value, setting).empty()) file->Settings.push_back(std::move(setting));
+    {
+        const FileReading reading(Module, path, file->Settings, {});
+        HostSession session(Module, path, RunOptions());
+        const CCsvImportSettings* const settings = SettingsOf(session.Filter());
+        if (settings == nullptr) return;
+        const SettingList before = SettingsAsText(*settings);
+        QtDialogDriver driver(this);
+        SetDialogDriver(&driver);
+        const std::int64_t result = session.Filter().ShowOptionDialog();
+        SetDialogDriver(nullptr);
+        if (result != Ok) return;
+        for (const auto& setting : SettingsAsText(*settings)) {
+            if (std::find(before.begin(), before.end(), setting) != before.end()) continue;
+            ParsedSetting chosen;
+            if (!ParseSetting(setting.first, setting.second, chosen).empty()) continue;
+            std::erase_if(file->Settings, [&](const ParsedSetting& old) { return old.Key == chosen.Key; });
+            file->Settings.push_back(std::move(chosen));
+        }
     }
     Read(*file);
 }
