@@ -53,7 +53,6 @@ install(DIRECTORY examples DESTINATION ${DOCUMENTS})
 
 if(KELVARIN_VIEW)
   set_target_properties(kelvarin-view PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${LIBRARIES_OF_BIN}")
-  set_target_properties(kelvarin-dialog PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/../..")
   install(TARGETS kelvarin-view COMPONENT view)
   install(TARGETS kelvarin-dialog LIBRARY DESTINATION ${PLUGIN_DIR} COMPONENT view)
   install(FILES view/desktop/kelvarin-view.desktop
