@@ -38,6 +38,8 @@ class Window : public testing::Test {
         Shown = std::make_unique<MainWindow>(HostModule());
         Shown->resize(1200, 800);
         Shown->show();
+        Shown->activateWindow();  // without a window manager nobody else does
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Shown.get()));
     }
     ~Window() override {
         Shown.reset();

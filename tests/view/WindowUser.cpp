@@ -33,6 +33,14 @@ QTreeView* ListOf(int id) {
     return dynamic_cast<QTreeView*>(WidgetOf(id));
 }
 
+// On a display a window gets the keys a little after it is shown, or after the one above it has gone.
+void AwaitKeys() {
+    QWidget* const window = FrontWindow()->window();
+    if (QApplication::activePopupWidget() != nullptr || window->isActiveWindow()) return;
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+}
+
 void ReplaceText(const QString& text) {
     PressKey(Qt::Key_A, Qt::ControlModifier);
     if (text.isEmpty()) PressKey(Qt::Key_Delete);
@@ -211,10 +219,12 @@ int FocusedId() {
 }
 
 void PressKey(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    AwaitKeys();
     QTest::keyClick(FrontHandle(), key, modifiers);
 }
 
 void TypeText(const QString& text) {
+    AwaitKeys();
     for (const QChar c : text) {
         QTest::sendKeyEvent(QTest::Click, FrontHandle(), Qt::Key_unknown, QString(c), Qt::NoModifier);
         QCoreApplication::processEvents();
