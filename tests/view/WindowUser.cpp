@@ -170,6 +170,7 @@ bool Type(int id, const QString& text) {
 
 void WindowUser::RunModal(CDialog& dialog) {
     QTimer::singleShot(0, [&] {
+        AwaitKeys();
         Work(dialog);
         if (!dialog.IsEnded()) FrontWindow()->close();
     });
@@ -232,6 +233,7 @@ void TypeText(const QString& text) {
 }
 
 void ClickAt(QWidget& widget, QPoint point, bool isDouble) {
+    AwaitKeys();
     // As a user does by the wheel on a low screen.
     for (QWidget* outer = widget.parentWidget(); outer != nullptr; outer = outer->parentWidget()) {
         if (auto* const area = dynamic_cast<QScrollArea*>(outer)) area->ensureWidgetVisible(&widget, 0, 0);
