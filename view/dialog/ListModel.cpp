@@ -28,8 +28,8 @@ void ListModel::Refresh() {
         Columns = List.GetColumnCount();
         endResetModel();
     } else if (Columns > 0) {
-        emit headerDataChanged(Qt::Horizontal, 0, Columns - 1);
-        if (Rows > 0) emit dataChanged(index(0, 0), index(Rows - 1, Columns - 1));
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, Columns - 1);
+        if (Rows > 0) Q_EMIT dataChanged(index(0, 0), index(Rows - 1, Columns - 1));
     }
 }
 
