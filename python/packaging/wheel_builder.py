@@ -75,7 +75,7 @@ def _write_info(info, version, tag):
     (info / "METADATA").write_text(
         f"Metadata-Version: 2.1\nName: {NAME}\nVersion: {version}\n"
         "Summary: Measurement text files as arrays of numpy\n"
-        f"Requires-Python: ~={sys.version_info.major}.{sys.version_info.minor}.0\nRequires-Dist: numpy\n"
+        f"Requires-Python: ~={sys.version_info.major}.{sys.version_info.minor}.0\n"
     )
     (info / "WHEEL").write_text(
         f"Wheel-Version: 1.0\nGenerator: {NAME}\nRoot-Is-Purelib: false\nTag: {tag}\n"
