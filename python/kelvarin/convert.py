@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import os
 from dataclasses import dataclass
-from typing import Mapping, Optional, Tuple, Union
+from typing import Iterable, Mapping, Optional, Union
 
 from . import _native
 from .request import Column, Progress, ProgressWish, Source, Value, make_request, path_of
@@ -28,7 +28,7 @@ def convert(
     types: Mapping[Column, str] = {},
     names: Mapping[Column, str] = {},
     units: Mapping[Column, str] = {},
-    skip: Tuple[Column, ...] = (),
+    skip: Iterable[Column] = (),
     guess: bool = True,
     threads: Optional[int] = None,
     base_time: Optional[int] = None,

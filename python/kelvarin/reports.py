@@ -5,7 +5,7 @@ from __future__ import annotations
 
 import os
 from dataclasses import dataclass
-from typing import Dict, Mapping, Optional, Tuple, Union
+from typing import Dict, Iterable, Mapping, Optional, Tuple, Union
 
 import numpy
 
@@ -168,7 +168,7 @@ def analyze(
     types: Mapping[Column, str] = {},
     names: Mapping[Column, str] = {},
     units: Mapping[Column, str] = {},
-    skip: Tuple[Column, ...] = (),
+    skip: Iterable[Column] = (),
     guess: bool = True,
 ) -> Analysis:
     """Finds out how a file is built, from lines all over it. Takes milliseconds, whatever the size, unless a clean
@@ -196,7 +196,7 @@ def explain(
     types: Mapping[Column, str] = {},
     names: Mapping[Column, str] = {},
     units: Mapping[Column, str] = {},
-    skip: Tuple[Column, ...] = (),
+    skip: Iterable[Column] = (),
     guess: bool = True,
 ) -> Explanation:
     """Says why a file is read as it is, and what surprises about it. Arguments and errors are those of read()."""
@@ -224,7 +224,7 @@ def check(
     types: Mapping[Column, str] = {},
     names: Mapping[Column, str] = {},
     units: Mapping[Column, str] = {},
-    skip: Tuple[Column, ...] = (),
+    skip: Iterable[Column] = (),
     guess: bool = True,
     threads: Optional[int] = None,
     progress: ProgressWish = None,

@@ -160,20 +160,12 @@ void PlotModel::Pan(double share) {
     SetTimes({from, from + length});
 }
 
-void PlotModel::Undo() {
-    if (Past.empty()) return;
+void PlotModel::GoBack(std::vector<Look>& from, std::vector<Look>& to) {
+    if (from.empty()) return;
     IsMoving = false;
-    Future.push_back(Now());
-    Restore(Past.back());
-    Past.pop_back();
-}
-
-void PlotModel::Redo() {
-    if (Future.empty()) return;
-    IsMoving = false;
-    Past.push_back(Now());
-    Restore(Future.back());
-    Future.pop_back();
+    to.push_back(Now());
+    Restore(from.back());
+    from.pop_back();
 }
 
 std::vector<CursorRow> PlotModel::AtCursors() const {

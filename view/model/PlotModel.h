@@ -75,8 +75,8 @@ class PlotModel {
 
     bool CanUndo() const { return !Past.empty(); }
     bool CanRedo() const { return !Future.empty(); }
-    void Undo();
-    void Redo();
+    void Undo() { GoBack(Past, Future); }
+    void Redo() { GoBack(Future, Past); }
 
     Clock Times;
     std::optional<std::int64_t> Cursor, Second;
@@ -98,6 +98,8 @@ class PlotModel {
 
     Look Now() const;
     void Restore(const Look& look);
+    // Restores the last look of one list and adds the present one to the other.
+    void GoBack(std::vector<Look>& from, std::vector<Look>& to);
     void Note();
     void SetTimes(const TimeRange& range);
 
