@@ -1,6 +1,6 @@
 // The plain numbers that almost all cells of a run are, read eight characters at a time. What isn't plain is
 // left to ParseFloat and ParseInteger, which these answer for. Nothing here changes a cell; all of it reads
-// up to LinePadding units behind its terminating zero.
+// up to LinePadding units behind its terminating zero. A Unit is char in a line of ASCII, else char16_t.
 //
 // What counts is few steps. Eight characters are compared, weighted and summed at once, whole part and
 // decimals together. Digits stay at the left of their eight places, zeros behind them: with the whole part
@@ -15,21 +15,26 @@
 #include "simd/Digits.h"
 
 // The units before the cell's terminating zero.
-std::size_t ScanLength(const char16_t* cell);
+template <class Unit>
+std::size_t ScanLength(const Unit* cell);
 
 // "true" or "false" in any case, "1" or "0". False says nothing about the cell.
-bool ScanBool(const char16_t* cell, bool& value);
+template <class Unit>
+bool ScanBool(const Unit* cell, bool& value);
 
 // A hexadecimal number of up to 8 digits with "0x" in front or nothing, which is the whole cell. False says
 // nothing about the cell.
-bool ScanHex(const char16_t* cell, std::int64_t& value);
+template <class Unit>
+bool ScanHex(const Unit* cell, std::int64_t& value);
 
 // What stands behind the digits of a decimal number: nothing, an exponent, which is added to `power`, a unit.
 // Null if the number isn't plain.
-const char16_t* ScanExponent(const char16_t* text, int& power);
+template <class Unit>
+const Unit* ScanExponent(const Unit* text, int& power);
 
 // Appends the up to eight digits at `text` to a number. The place behind them; null if more follow.
-const char16_t* ScanMoreDigits(const char16_t* text, std::uint64_t& number);
+template <class Unit>
+const Unit* ScanMoreDigits(const Unit* text, std::uint64_t& number);
 
 // Steps of the scans.
 namespace scan {
@@ -55,8 +60,9 @@ inline constexpr std::array<std::uint32_t, MostDigits + 1> InversesOfFives = [] 
 }();
 
 // Behind the sign, if there is one. Without a branch: signs change from cell to cell.
-inline const char16_t* SkipSign(const char16_t* text) {
-    return text + static_cast<int>(*text == u'-' || *text == u'+');
+template <class Unit>
+const Unit* SkipSign(const Unit* text) {
+    return text + static_cast<int>(*text == '-' || *text == '+');
 }
 
 inline double WithSign(double magnitude, bool isNegative) {
@@ -75,19 +81,20 @@ inline std::uint32_t WithoutZeros(std::uint32_t number, unsigned count) {
 // A decimal number at the start of `cell`: a sign or none, up to eight digits, then possibly one mark, comma
 // or point, with one to eight digits, then possibly an exponent. `*end` is set behind it and is not a mark or
 // a digit. False says nothing about the cell.
-inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** end) {
-    const char16_t* p = scan::SkipSign(cell);
+template <class Unit>
+inline bool ScanDecimal(const Unit* cell, double& value, const Unit** end) {
+    const Unit* p = scan::SkipSign(cell);
     const simd::DigitRun whole = simd::ReadDigits(p);
     if (whole.Count == 0) return false;
     p += whole.Count;
     simd::DigitRun decimals{};
-    if (*p == u',' || *p == u'.') {
+    if (*p == ',' || *p == '.') {
         decimals = simd::ReadDigits(++p);
         if (decimals.Count == 0) return false;
         p += decimals.Count;
     }
     int power = -scan::Decimals;
-    if (*p != u'\0') {
+    if (*p != 0) {
         p = ScanExponent(p, power);
         if (p == nullptr || power < -scan::LargestExactPower || power > scan::LargestExactPower) return false;
     }
@@ -97,25 +104,26 @@ inline bool ScanDecimal(const char16_t* cell, double& value, const char16_t** en
     if (numerator > scan::LargestExactInteger) return false;
     const auto exact = static_cast<double>(static_cast<std::int64_t>(numerator));
     const double magnitude = power < 0 ? exact / scan::ExactPowers[-power] : exact * scan::ExactPowers[power];
-    value = scan::WithSign(magnitude, *cell == u'-');
+    value = scan::WithSign(magnitude, *cell == '-');
     *end = p;
     return true;
 }
 
 // A whole number at the start of `cell`: a sign or none and up to 16 digits. `*end` is set behind it and is
 // not a digit; a mark there means that the number isn't plain. False says nothing about the cell.
-inline bool ScanInteger(const char16_t* cell, std::int64_t& value, const char16_t** end) {
-    const char16_t* p = scan::SkipSign(cell);
+template <class Unit>
+inline bool ScanInteger(const Unit* cell, std::int64_t& value, const Unit** end) {
+    const Unit* p = scan::SkipSign(cell);
     const simd::DigitRun run = simd::ReadDigits(p);
     p += run.Count;
     std::uint64_t magnitude = scan::WithoutZeros(simd::JoinDigits(run), run.Count);
     // Only a full run can have a digit behind it. Its count is hard to predict, but not this.
-    if (*p >= u'0' && *p <= u'9') {
+    if (*p >= '0' && *p <= '9') {
         p = ScanMoreDigits(p, magnitude);
     } else if (run.Count == 0) {
         p = nullptr;
     }
-    const std::uint64_t sign = std::uint64_t{0} - std::uint64_t{*cell == u'-'};  // all ones or zeros
+    const std::uint64_t sign = std::uint64_t{0} - std::uint64_t{*cell == '-'};  // all ones or zeros
     value = static_cast<std::int64_t>((magnitude ^ sign) - sign);
     *end = p;
     return p != nullptr;

@@ -55,16 +55,3 @@ void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) 
         cell = p + 1;
     }
 }
-
-char16_t* UnquoteCell(char16_t* first, char16_t* last) {
-    if (last <= first || *first != DoubleQuote || *last != DoubleQuote) return first;
-    *last = u'\0';
-    char16_t* const begin = first + 1;
-    char16_t* out = begin;
-    for (const char16_t* in = begin; in != last; ++in) {
-        *out++ = *in;
-        if (*in == DoubleQuote && in[1] == DoubleQuote) ++in;
-    }
-    *out = u'\0';
-    return begin;
-}

@@ -22,14 +22,27 @@ constexpr bool EndsLine(char16_t c) {
 
 // Takes the double quotes off a trimmed cell that runs from `first` to `last`, both included (`last` is
 // before `first` for an empty one), and answers where the cell's text now begins.
-char16_t* UnquoteCell(char16_t* first, char16_t* last);
+template <class Unit>
+Unit* UnquoteCell(Unit* first, Unit* last) {
+    if (last <= first || *first != '"' || *last != '"') return first;
+    *last = 0;
+    Unit* const begin = first + 1;
+    Unit* out = begin;
+    for (const Unit* in = begin; in != last; ++in) {
+        *out++ = *in;
+        if (*in == '"' && in[1] == '"') ++in;
+    }
+    *out = 0;
+    return begin;
+}
 
 // Makes the characters from `first` up to `end`, not included, a cell: trims, terminates and unquotes them.
 // Answers where the cell's text begins. The character at `end` is overwritten.
-inline char16_t* MakeCell(char16_t* first, char16_t* end) {
-    constexpr auto isBlank = [](char16_t c) { return c == u' ' || c == u'\t'; };
+template <class Unit>
+Unit* MakeCell(Unit* first, Unit* end) {
+    constexpr auto isBlank = [](Unit c) { return c == ' ' || c == '\t'; };
     while (first != end && isBlank(*first)) ++first;
     while (end != first && isBlank(end[-1])) --end;
-    *end = u'\0';
-    return *first == u'"' ? UnquoteCell(first, end - 1) : first;
+    *end = 0;
+    return *first == '"' ? UnquoteCell(first, end - 1) : first;
 }

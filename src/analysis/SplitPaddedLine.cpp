@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr char16_t DoubleQuote = u'"';
 constexpr std::size_t UnitsPerStep = simd::UnitsPerMask;
 
 // What there is among 64 characters: a bit for each, none behind the line's end.
@@ -21,11 +20,12 @@ struct Found {
     std::uint64_t End = 0;  // the first character that ends the line
 };
 
-Found Find(const char16_t* text, char16_t separator) {
+template <class Unit>
+Found UpToEnd(const Unit* text, const simd::UnitMasks& masks) {
     // Not above the carriage return stand the ends, the tab and what hardly occurs.
-    const simd::UnitMasks masks = simd::FindUnits(text, separator);
     Found found{masks.Separators, masks.Quotes, masks.Low & ~masks.Separators};
-    while (found.End != 0 && !EndsLine(text[std::countr_zero(found.End)])) found.End &= found.End - 1;
+    while (found.End != 0 && !EndsLine(static_cast<char16_t>(text[std::countr_zero(found.End)])))
+        found.End &= found.End - 1;
     const std::uint64_t upToEnd = found.End ^ (found.End - 1);
     found.End &= upToEnd;
     found.Separators &= upToEnd;
@@ -41,10 +41,38 @@ unsigned CountBits(std::uint64_t bits) {
     return static_cast<unsigned>(bits * EveryByte >> 56);
 }
 
+// The double quotes of a line, as far as it has been looked at.
+class QuoteState {
+  public:
+    // The separators of a step that stand outside quotes. A quote opens or closes before it is compared: it
+    // can separate what it closes, but not what it opens.
+    std::uint64_t Outside(std::uint64_t separators, std::uint64_t quotes) {
+        if ((quotes | Open) == 0) {
+            Last = 0;
+            return separators;
+        }
+        Doubled |= quotes & (quotes << 1 | Last);
+        Last = quotes >> 63;
+        std::uint64_t inside = quotes;  // becomes the parity of the quotes up to each character
+        for (const int shift : {1, 2, 4, 8, 16, 32}) inside ^= inside << shift;
+        inside ^= Open;
+        Open = std::uint64_t{0} - (inside >> 63);
+        return separators & ~inside;
+    }
+
+    bool AnyDoubled() const { return Doubled != 0; }
+
+  private:
+    std::uint64_t Open = 0;     // all ones between an opening quote and its closing one
+    std::uint64_t Last = 0;     // 1 if the last character was a quote
+    std::uint64_t Doubled = 0;  // quotes that stand behind another one
+};
+
 // Lists the places of a step's characters; up to as many entries more than there are get written.
 constexpr std::size_t ListedAtOnce = 4;
 
-std::size_t ListPlaces(char16_t* step, std::uint64_t found, char16_t** places) {
+template <class Unit>
+std::size_t ListPlaces(Unit* step, std::uint64_t found, Unit** places) {
     constexpr std::uint64_t Last = std::uint64_t{1} << 63;
     const std::size_t count = CountBits(found);
     for (std::size_t listed = 0; listed < count; listed += ListedAtOnce) {
@@ -56,53 +84,48 @@ std::size_t ListPlaces(char16_t* step, std::uint64_t found, char16_t** places) {
     return count;
 }
 
+// Appends the places of a step where a cell ends.
+template <class Unit>
+void AddPlaces(Unit* step, const Found& found, QuoteState& quotes, CellsOf<Unit>& places) {
+    Unit** const room = places.MakeRoom(UnitsPerStep + ListedAtOnce);
+    const std::uint64_t ends = quotes.Outside(found.Separators, found.Quotes) | found.End;
+    places.SetSize(places.size() + ListPlaces(step, ends, room));
+}
+
 // Nearly all cells begin behind the double quote and end behind the blank: nothing is to be taken off them.
-bool IsPlainCell(const char16_t* cell, const char16_t* end) {
-    return end != cell && *cell > DoubleQuote && end[-1] > u' ';
+template <class Unit>
+bool IsPlainCell(const Unit* cell, const Unit* end) {
+    return end != cell && *cell > '"' && end[-1] > ' ';
 }
 
-// Where both quotes stand at the ends, there is none inside to be looked for.
-char16_t* MakeQuotedCell(char16_t* cell, char16_t* end, unsigned quotes) {
-    const bool isWhole = quotes == 2 && end - cell >= 2 && *cell == DoubleQuote && end[-1] == DoubleQuote;
-    if (!isWhole) return MakeCell(cell, end);
-    end[-1] = u'\0';
-    return cell + 1;
+template <class Unit>
+bool IsQuotedCell(const Unit* cell, const Unit* end) {
+    return end - cell >= 2 && *cell == '"' && end[-1] == '"';
 }
 
-// What a cell is made of. The list of places becomes the list of cells, which are never more; each answers
-// how many there are.
-
-std::size_t MakeCells(char16_t* text, bool merge, char16_t** places, std::size_t count) {
-    char16_t** next = places;
-    char16_t* cell = text;
+// The list of the places where cells end becomes the list of cells, which are never more. Where no quote
+// stands behind another one, a quoted cell has none inside that would have to be taken out.
+template <class Unit>
+void MakeCells(Unit* text, bool merge, bool anyDoubled, CellsOf<Unit>& cells) {
+    const std::size_t count = cells.size();
+    cells.clear();
+    Unit** const places = cells.MakeRoom(count);
+    Unit** next = places;
+    Unit* cell = text;
     for (std::size_t i = 0; i < count; ++i) {
-        char16_t* const end = places[i];
+        Unit* const end = places[i];
         if (IsPlainCell(cell, end)) {
-            *end = u'\0';
+            *end = 0;
             *next++ = cell;
+        } else if (!anyDoubled && IsQuotedCell(cell, end)) {
+            end[-1] = 0;
+            *next++ = cell + 1;
         } else if (!merge || end != cell || end == text) {
             *next++ = MakeCell(cell, end);
         }
         cell = end + 1;
     }
-    return static_cast<std::size_t>(next - places);
-}
-
-std::size_t MakeQuotedCells(char16_t* text, char16_t separator, bool merge, char16_t** places,
-                            std::size_t count) {
-    char16_t** next = places;
-    char16_t* cell = text;
-    unsigned quotes = 0;  // of the cell
-    for (std::size_t i = 0; i < count; ++i) {
-        char16_t* const end = places[i];
-        const char16_t c = *end;
-        if (c == DoubleQuote) ++quotes;
-        if (!EndsLine(c) && (c != separator || quotes % 2 != 0)) continue;
-        if (!merge || end != cell || end == text) *next++ = MakeQuotedCell(cell, end, quotes);
-        cell = end + 1;
-        quotes = 0;
-    }
-    return static_cast<std::size_t>(next - places);
+    cells.SetSize(static_cast<std::size_t>(next - places));
 }
 
 }  // namespace
@@ -111,18 +134,26 @@ void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& c
     // A separator that ends lines separates nothing.
     if (EndsLine(separator)) return SplitLine(text, separator, merge, cells);
     cells.clear();
-    bool anyQuote = false;
+    QuoteState quotes;
     for (char16_t* step = text;; step += UnitsPerStep) {
-        const Found found = Find(step, separator);
-        anyQuote |= found.Quotes != 0;
-        char16_t** const places = cells.MakeRoom(UnitsPerStep + ListedAtOnce);
-        const std::uint64_t all = found.Separators | found.Quotes | found.End;
-        cells.SetSize(cells.size() + ListPlaces(step, all, places));
+        const Found found = UpToEnd(step, simd::FindUnits(step, separator));
+        AddPlaces(step, found, quotes, cells);
         if (found.End != 0) break;
     }
-    const std::size_t count = cells.size();
+    MakeCells(text, merge, quotes.AnyDoubled(), cells);
+}
+
+bool SplitPaddedBytes(char* text, char16_t separator, bool merge, ByteCellList& cells) {
+    if (EndsLine(separator) || separator > 0x7F) return false;
     cells.clear();
-    char16_t** const places = cells.MakeRoom(count);
-    cells.SetSize(anyQuote ? MakeQuotedCells(text, separator, merge, places, count)
-                           : MakeCells(text, merge, places, count));
+    QuoteState quotes;
+    for (char* step = text;; step += UnitsPerStep) {
+        simd::UnitMasks masks;
+        if (!simd::FindBytes(step, static_cast<char>(separator), masks)) return false;
+        const Found found = UpToEnd(step, masks);
+        AddPlaces(step, found, quotes, cells);
+        if (found.End != 0) break;
+    }
+    MakeCells(text, merge, quotes.AnyDoubled(), cells);
+    return true;
 }

@@ -11,3 +11,7 @@ constexpr std::size_t LinePadding = 64;
 
 // Answers what SplitLine does, about four times as fast.
 void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& cells);
+
+// The same for a line in bytes. False, with nothing changed but `cells`, if a byte or the separator is beyond
+// ASCII or the separator ends lines.
+bool SplitPaddedBytes(char* text, char16_t separator, bool merge, ByteCellList& cells);

@@ -35,6 +35,11 @@ class CStdioFileEx : public CFile {
     // Raises CFileException on a read error. Memory grows with the longest line only.
     virtual bool ReadString(std::u16string& line);
 
+    // Gives the next line as bytes, with no more reading, if that can be: ReadString would decode them as
+    // DecodeBytes does. False says nothing, not even that there is no line.
+    bool ReadBytes(std::string& line);
+    static void DecodeBytes(const std::string& bytes, std::u16string& line);
+
     // Back to line 1. The flag is always true.
     virtual void SeekToBegin(bool rereadMark);
 

@@ -11,7 +11,7 @@
 #include "contract/StdioFileEx.h"
 #include "plugin/FilterInterfaces.h"
 #include "plugin/SampleWriter.h"
-#include "settings/CellList.h"
+#include "plugin/RowCells.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/CsvInfoFile.h"
 #include "timestamp/RowTimestamp.h"
@@ -99,11 +99,11 @@ class CCsvImportFilter : public CImportFilter {
     std::int64_t MessageLine() const;  // that messages name for the row being read
     RowPlace CurrentPlace() const;
     void TellObserver(const RowTimestamp& row, const char16_t* text);
-    DroppedRow DropOf(const RowTimestamp& row, const char16_t* text) const;
+    DroppedRow DropOf(const RowTimestamp& row, const char16_t* text);
     void AddRowSamples(std::int64_t time);
     void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
-    bool IsBlankLine();  // of LineText, whose cells it settles
+    bool IsBlankLine();  // of the line just read, which it cuts
     void NoteRangeTime(const RowTimestamp& row);
     void TakeState(const RunState& state);
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);
@@ -114,8 +114,7 @@ class CCsvImportFilter : public CImportFilter {
     std::u16string SidecarWarning;  // about a sidecar with errors; empty if there is none
     std::string SidecarFailure;     // why the last dialog's sidecar is not written; empty if it is
     std::int64_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
-    std::u16string LineText;        // the line just read, which the cells point into
-    CellList Cells;
+    RowCells Row;                   // the line just read
     std::u16string JoinedTimeText;    // a row's date and time cells, kept for its storage
     CFileException FileError{false};  // filled by a failing Open
     std::u16string FileFailure;       // why the source file could not be used the last time

@@ -1,9 +1,5 @@
 // One line of the source file becomes one sample of each signal.
-#include <algorithm>
-
-#include "analysis/SplitPaddedLine.h"
 #include "contract/SupportFunctions.h"
-#include "platform/framework/Text.h"
 #include "plugin/CsvImportFilter.h"
 #include "resources/AppString.h"
 #include "resources/ModuleResources.h"
@@ -13,19 +9,12 @@ namespace {
 
 constexpr std::int32_t LinesPerProgress = 100;
 
-// Copied behind each line: cheaper than to fill so few characters.
-constexpr char16_t Padding[LinePadding] = {};
-
-bool IsBlank(const std::u16string& line) {
-    return std::all_of(line.begin(), line.end(), IsWhiteSpace);
-}
-
 }  // namespace
 
 bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     try {
-        if (!SourceFile.ReadString(LineText)) return false;
+        if (!Row.Read(SourceFile)) return false;
         if (SettledFor != Settings.ChangeCount) SettleRun();
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
         if (IsBlankLine()) {
@@ -44,10 +33,7 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
 }
 
 bool CCsvImportFilter::IsBlankLine() {
-    const bool blank = IsBlank(LineText);
-    LineText.append(Padding, LinePadding);
-    SplitPaddedLine(LineText.data(), Settings.GetSeparatorChar(), Settings.MergeSeparators != 0, Cells);
-    return blank && Cells.size() == 1;
+    return Row.Split(Settings.GetSeparatorChar(), Settings.MergeSeparators != 0);
 }
 
 void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
@@ -57,7 +43,9 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 }
 
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
-    const char16_t* const text = Settings.GetTimestampText(Cells, JoinedTimeText);
+    const auto columns = Settings.GetTimestampColumns();
+    const char16_t* const text = Settings.JoinTimestampText(columns, Row.CellOf(columns.First),
+                                                            Row.CellOf(columns.Second), JoinedTimeText);
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
     const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
     const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
@@ -88,14 +76,15 @@ void CCsvImportFilter::TellObserver(const RowTimestamp& row, const char16_t* tex
     RunObserver->OnRowDropped(DropOf(row, text));
 }
 
-DroppedRow CCsvImportFilter::DropOf(const RowTimestamp& row, const char16_t* text) const {
+DroppedRow CCsvImportFilter::DropOf(const RowTimestamp& row, const char16_t* text) {
     std::optional<std::int64_t> time;
     if (row.HasTime) time = row.Time;
-    return {CurrentPlace(), row.Reason, text, time, std::span(Cells.begin(), Cells.size())};
+    const CellList& cells = Row.Wide();
+    return {CurrentPlace(), row.Reason, text, time, std::span(cells.begin(), cells.size())};
 }
 
 void CCsvImportFilter::AddRowSamples(std::int64_t time) {
-    WriteSamples(SampleColumns, Cells, time, OnRefusedCell);
+    WriteSamples(SampleColumns, Row, time, OnRefusedCell);
 }
 
 void CCsvImportFilter::SettleRun() {

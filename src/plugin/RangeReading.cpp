@@ -87,7 +87,7 @@ RangeLines CCsvImportFilter::LoadRange(std::uint64_t begin, std::optional<std::u
     lines.AreWhole = SourceFile.HoldsWholeLines();
     try {
         bool isText = false;
-        while (SourceFile.PassLine(LineText, isText)) ++(!isText && IsBlankLine() ? lines.Blank : lines.Rows);
+        while (Row.Pass(SourceFile, isText)) ++(!isText && IsBlankLine() ? lines.Blank : lines.Rows);
     } catch (CFileException* error) {
         error->Delete();
     }

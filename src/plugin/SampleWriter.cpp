@@ -8,13 +8,45 @@
 
 namespace {
 
+// A cell of a row: as it stands in its line, for what reads plain cells, and in UTF-16, for the parsers.
+template <class Unit>
+class Cell;
+
+template <>
+class Cell<char16_t> {
+  public:
+    Cell(char16_t* text, RowCells&) : Text(text) {}
+    char16_t* operator*() const { return Text; }
+    char16_t* Wide() { return Text; }
+    char16_t* Wide(std::size_t) { return Text; }
+
+  private:
+    char16_t* const Text;
+};
+
+// Widened when that is wanted first: a parser may change what others are then told of.
+template <>
+class Cell<char> {
+  public:
+    Cell(const char* text, RowCells& row) : Text(text), Row(row) {}
+    const char* operator*() const { return Text; }
+    char16_t* Wide() { return WideText != nullptr ? WideText : Wide(ScanLength(Text)); }
+    char16_t* Wide(std::size_t length) { return WideText = Row.Widen(Text, length); }
+
+  private:
+    const char* const Text;
+    RowCells& Row;
+    char16_t* WideText = nullptr;
+};
+
 // True if the rest of a cell is the unit, and that one without the marks that the parsers remove or rewrite.
-bool IsUnit(const char16_t* rest, const std::u16string& unit) {
+template <class Unit>
+bool IsUnit(const Unit* rest, const std::u16string& unit) {
     if (unit.empty()) return false;
     for (const char16_t c : unit) {
-        if (c != *rest++ || c == u',' || c == u'.') return false;
+        if (c != static_cast<char16_t>(*rest++) || c == u',' || c == u'.') return false;
     }
-    return *rest == u'\0';
+    return *rest == 0;
 }
 
 // The signal takes its unit from its first accepted sample, and it stays.
@@ -39,68 +71,81 @@ bool AddWithUnit(SampleColumn& column, bool accepted, const Value& value, std::i
     return accepted;
 }
 
-void TellGuide(const SampleColumn& column, bool isPlain, const char16_t* cell) {
-    if (!isPlain && column.Guide != nullptr && *cell != u'\0')
-        column.Guide->OnMarkedInteger(column.Index, cell);
+template <class Unit>
+void TellGuide(const SampleColumn& column, bool isPlain, Cell<Unit>& cell) {
+    if (!isPlain && column.Guide != nullptr && **cell != 0)
+        column.Guide->OnMarkedInteger(column.Index, cell.Wide());
 }
 
-bool WriteInteger(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteInteger(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     std::int64_t value = 0;
-    const char16_t* end = nullptr;
-    const bool isPlain = ScanInteger(cell, value, &end) && *end == u'\0';
+    const Unit* end = nullptr;
+    const bool isPlain = ScanInteger(*cell, value, &end) && *end == 0;
     TellGuide(column, isPlain, cell);
-    return Add(column, isPlain || ParseInteger(cell, value, true, 10, nullptr), value, time);
+    return Add(column, isPlain || ParseInteger(cell.Wide(), value, true, 10, nullptr), value, time);
 }
 
-bool WriteIntegerWithUnit(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteIntegerWithUnit(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     std::int64_t value = 0;
-    const char16_t* end = nullptr;
+    const Unit* end = nullptr;
     std::u16string& unit = column.Info->Unit;
-    const bool isPlain = ScanInteger(cell, value, &end) && IsUnit(end, unit);
+    const bool isPlain = ScanInteger(*cell, value, &end) && IsUnit(end, unit);
     TellGuide(column, isPlain, cell);
-    return AddWithUnit(column, isPlain || ParseInteger(cell, value, true, 10, &unit), value, time);
+    return AddWithUnit(column, isPlain || ParseInteger(cell.Wide(), value, true, 10, &unit), value, time);
 }
 
-bool WriteFloat(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteFloat(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     double value = 0;
-    const char16_t* end = nullptr;
-    const bool isPlain = ScanDecimal(cell, value, &end) && *end == u'\0';
-    return Add(column, isPlain || ParseFloat(cell, value, nullptr), value, time);
+    const Unit* end = nullptr;
+    const bool isPlain = ScanDecimal(*cell, value, &end) && *end == 0;
+    return Add(column, isPlain || ParseFloat(cell.Wide(), value, nullptr), value, time);
 }
 
-bool WriteFloatWithUnit(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteFloatWithUnit(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     double value = 0;
-    const char16_t* end = nullptr;
+    const Unit* end = nullptr;
     std::u16string& unit = column.Info->Unit;
-    const bool isPlain = ScanDecimal(cell, value, &end) && IsUnit(end, unit);
-    return AddWithUnit(column, isPlain || ParseFloat(cell, value, &unit), value, time);
+    const bool isPlain = ScanDecimal(*cell, value, &end) && IsUnit(end, unit);
+    return AddWithUnit(column, isPlain || ParseFloat(cell.Wide(), value, &unit), value, time);
 }
 
-bool WriteBoolean(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteBoolean(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     bool isTrue = false;
-    const bool accepted = ScanBool(cell, isTrue) || ParseBool(cell, isTrue);
+    const bool accepted = ScanBool(*cell, isTrue) || ParseBool(cell.Wide(), isTrue);
     return Add(column, accepted, static_cast<std::uint8_t>(isTrue ? 0xFF : 0x00), time);
 }
 
-bool WriteHex(SampleColumn& column, char16_t* cell, std::int64_t time) {
+template <class Unit>
+bool WriteHex(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
     std::int64_t value = 0;
-    return Add(column, ScanHex(cell, value) || ParseHex(cell, value), value, time);
+    return Add(column, ScanHex(*cell, value) || ParseHex(cell.Wide(), value), value, time);
 }
 
-bool WriteCharacter(SampleColumn& column, char16_t* cell, std::int64_t time) {
-    char16_t value = u'\0';
-    return Add(column, ParseChar(cell, value), value, time);
+template <class Unit>
+bool WriteCharacter(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
+    char16_t value = static_cast<char16_t>(**cell);
+    const bool isOne = value != u'\0' && (*cell)[1] == 0;
+    return Add(column, isOne || ParseChar(cell.Wide(), value), value, time);
 }
 
-bool WriteText(SampleColumn& column, char16_t* cell, std::int64_t time) {
-    column.Signal->AddSample(cell, static_cast<std::uint32_t>(ScanLength(cell) * sizeof(char16_t)), time);
+template <class Unit>
+bool WriteText(SampleColumn& column, Cell<Unit>& cell, std::int64_t time) {
+    const std::size_t length = ScanLength(*cell);
+    const auto size = static_cast<std::uint32_t>(length * sizeof(char16_t));
+    column.Signal->AddSample(cell.Wide(length), size, time);
     return true;
 }
 
 // A row while it is written.
+template <class Unit>
 struct Row {
-    char16_t* const* Cells;
-    std::size_t CellCount;
+    const CellsOf<Unit>& Cells;
+    RowCells& Line;
     std::int64_t Time;
     SampleColumn* End;  // behind the last column
     const RefusedCellHandler& OnRefused;
@@ -108,34 +153,45 @@ struct Row {
 
 // Writes the columns from `first` on up to the first of another type, whose place it answers. One loop for a
 // type: most files have many columns of one.
-template <bool (*Write)(SampleColumn&, char16_t*, std::int64_t), std::uint32_t Bytes>
-SampleColumn* WriteRun(SampleColumn* first, const Row& row) {
+template <class Unit, bool (*Write)(SampleColumn&, Cell<Unit>&, std::int64_t), std::uint32_t Bytes>
+SampleColumn* WriteRun(SampleColumn* first, const Row<Unit>& row) {
     const ECsvDataType type = first->Type;
     SampleColumn* column = first;
     do {
         const auto index = static_cast<std::size_t>(column->Index);
-        if (index >= row.CellCount) {
+        if (index >= row.Cells.size()) {
             column->Signal->AddSample(nullptr, Bytes, row.Time);
-        } else if (!Write(*column, row.Cells[index], row.Time) && *row.Cells[index] != u'\0') {
-            row.OnRefused(*column, row.Cells[index]);
+            continue;
         }
+        Cell<Unit> cell(row.Cells[index], row.Line);
+        if (!Write(*column, cell, row.Time) && *cell.Wide() != u'\0') row.OnRefused(*column, cell.Wide());
     } while (++column != row.End && column->Type == type);
     return column;
 }
 
 // In the order of ECsvDataType, from CsvTypeBoolean to CsvTypeString. Without a value a text has no bytes.
-using RunWriter = SampleColumn* (*)(SampleColumn* first, const Row& row);
-constexpr RunWriter RunWriters[] = {
-    WriteRun<WriteBoolean, 1>,   WriteRun<WriteInteger, 8>, WriteRun<WriteIntegerWithUnit, 8>,
-    WriteRun<WriteHex, 8>,       WriteRun<WriteFloat, 8>,   WriteRun<WriteFloatWithUnit, 8>,
-    WriteRun<WriteCharacter, 2>, WriteRun<WriteText, 0>,
+template <class Unit>
+constexpr SampleColumn* (*RunWriters[])(SampleColumn* first, const Row<Unit>& row) = {
+    WriteRun<Unit, WriteBoolean<Unit>, 1>,         WriteRun<Unit, WriteInteger<Unit>, 8>,
+    WriteRun<Unit, WriteIntegerWithUnit<Unit>, 8>, WriteRun<Unit, WriteHex<Unit>, 8>,
+    WriteRun<Unit, WriteFloat<Unit>, 8>,           WriteRun<Unit, WriteFloatWithUnit<Unit>, 8>,
+    WriteRun<Unit, WriteCharacter<Unit>, 2>,       WriteRun<Unit, WriteText<Unit>, 0>,
 };
+
+template <class Unit>
+void WriteRow(std::vector<SampleColumn>& columns, const Row<Unit>& row) {
+    SampleColumn* column = columns.data();
+    while (column != row.End) column = RunWriters<Unit>[column->Type - CsvTypeBoolean](column, row);
+}
 
 }  // namespace
 
-void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
+void WriteSamples(std::vector<SampleColumn>& columns, RowCells& cells, std::int64_t time,
                   const RefusedCellHandler& onRefused) {
-    SampleColumn* column = columns.data();
-    const Row row{cells.begin(), cells.size(), time, column + columns.size(), onRefused};
-    while (column != row.End) column = RunWriters[column->Type - CsvTypeBoolean](column, row);
+    SampleColumn* const end = columns.data() + columns.size();
+    if (cells.AreBytes()) {
+        WriteRow<char>(columns, {cells.Bytes(), cells, time, end, onRefused});
+    } else {
+        WriteRow<char16_t>(columns, {cells.Wide(), cells, time, end, onRefused});
+    }
 }

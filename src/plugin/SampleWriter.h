@@ -7,7 +7,7 @@
 
 #include "contract/DataStore.h"
 #include "contract/GuidedReading.h"
-#include "settings/CellList.h"
+#include "plugin/RowCells.h"
 #include "settings/CsvColumnInfo.h"
 
 // A column of a run that gets samples. Points into the settings and the store; valid during the run.
@@ -25,7 +25,7 @@ struct SampleColumn {
 using RefusedCellHandler = std::function<void(const SampleColumn& column, const char16_t* cell)>;
 
 // Adds a row's cells as samples at `time`, one for each column: without a value if the row is too short, or
-// if the cell isn't of the column's type, which is reported before the next column's sample. LinePadding must
-// follow the row's line. Cells may change.
-void WriteSamples(std::vector<SampleColumn>& columns, const CellList& cells, std::int64_t time,
+// if the cell isn't of the column's type, which is reported before the next column's sample. Cells may
+// change.
+void WriteSamples(std::vector<SampleColumn>& columns, RowCells& cells, std::int64_t time,
                   const RefusedCellHandler& onRefused);

@@ -50,17 +50,26 @@ void CCsvImportSettings::RemoveDefaultColumns() {
 }
 
 const char16_t* CCsvImportSettings::GetTimestampText(const CellList& cells, std::u16string& joined) const {
-    const char16_t* const time = TimeSetting == TimeFromColumn ? CellOf(cells, TimeColumn) : nullptr;
+    const TimestampColumns columns = GetTimestampColumns();
+    return JoinTimestampText(columns, CellOf(cells, columns.First), CellOf(cells, columns.Second), joined);
+}
+
+CCsvImportSettings::TimestampColumns CCsvImportSettings::GetTimestampColumns() const {
+    const bool hasTime = TimeSetting == TimeFromColumn;
+    if (DateSetting != DateFromColumn) return {hasTime ? TimeColumn : 0, 0};
+    if (!hasTime || DateColumn == TimeColumn) return {DateColumn, 0};
+    return {std::min(DateColumn, TimeColumn), std::max(DateColumn, TimeColumn)};
+}
+
+const char16_t* CCsvImportSettings::JoinTimestampText(const TimestampColumns& columns, const char16_t* first,
+                                                      const char16_t* second, std::u16string& joined) const {
     static constexpr char16_t NoText[1 + JoinedPadding] = {};
-    if (DateSetting != DateFromColumn) return time != nullptr ? time : NoText;
-    const char16_t* const date = CellOf(cells, DateColumn);
-    if (date == nullptr) return NoText;
-    if (TimeSetting != TimeFromColumn || DateColumn == TimeColumn) return date;
-    if (time == nullptr) return NoText;
-    const bool dateFirst = DateColumn < TimeColumn;
-    joined = dateFirst ? date : time;
+    if (first == nullptr) return NoText;
+    if (columns.Second == 0) return first;
+    if (second == nullptr) return NoText;
+    joined = first;
     joined += GetSeparatorChar();
-    joined += dateFirst ? time : date;
+    joined += second;
     joined.append(JoinedPadding, u'\0');
     return joined.c_str();
 }

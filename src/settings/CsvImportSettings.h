@@ -133,6 +133,15 @@ class CCsvImportSettings {
     static constexpr std::size_t JoinedPadding = 4;
     const char16_t* GetTimestampText(const CellList& cells, std::u16string& joined) const;
 
+    // The 1-based columns of that text in the order of the row, and the text of their cells; the second is 0
+    // if one column is enough. A cell is null if the row has none there.
+    struct TimestampColumns {
+        int First = 0, Second = 0;
+    };
+    TimestampColumns GetTimestampColumns() const;
+    const char16_t* JoinTimestampText(const TimestampColumns& columns, const char16_t* first,
+                                      const char16_t* second, std::u16string& joined) const;
+
     // --- Analysis (folder analysis) ---
 
     // Finds separator, first line and header in the first 100 lines of the open file. False, with nothing

@@ -18,11 +18,11 @@ bool IsText(char16_t c) {
     return c > u' ' && c <= u'~';
 }
 
-void DecodeBytes(std::string_view bytes, std::u16string& line) {
+}  // namespace
+
+void DecodeLine(std::string_view bytes, std::u16string& line) {
     if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
 }
-
-}  // namespace
 
 LineReader::LineReader(CFile& file) : File(file), Buffer(BlockSize) {
     while (Filled < LineEndWindow && Fill()) {
@@ -161,20 +161,31 @@ bool LineReader::FindLineEnd(std::size_t from, LineEnd& end) const {
 }
 
 // The case of nearly all lines, without the questions that the others need.
-bool LineReader::NextInBuffer(std::u16string& line) {
+bool LineReader::NextInBuffer(std::string_view& bytes) {
     if (Encoding != Form::Bytes || ReturnEndsLine || LineStart == Filled) return false;
     const char* const begin = Buffer.data() + LineStart;
     const void* const found = std::memchr(begin, '\n', Filled - LineStart);
     if (found == nullptr) return false;
     const char* const feed = static_cast<const char*>(found);
     const auto length = static_cast<std::size_t>(feed - begin);
-    DecodeBytes({begin, length != 0 && feed[-1] == '\r' ? length - 1 : length}, line);
+    bytes = {begin, length != 0 && feed[-1] == '\r' ? length - 1 : length};
     LineStart += length + 1;
     return true;
 }
 
+bool LineReader::NextBytes(std::string& line) {
+    std::string_view bytes;
+    if (!NextInBuffer(bytes)) return false;
+    line.assign(bytes);
+    return true;
+}
+
 bool LineReader::Next(std::u16string& line) {
-    if (NextInBuffer(line)) return true;
+    std::string_view bytes;
+    if (NextInBuffer(bytes)) {
+        DecodeLine(bytes, line);
+        return true;
+    }
     LineEnd end{};
     if (!FindNext(end)) return false;
     Decode(LineStart, end.TextEnd, line);
@@ -241,7 +252,7 @@ bool LineReader::FindNext(LineEnd& end) {
 
 void LineReader::Decode(std::size_t begin, std::size_t end, std::u16string& line) const {
     if (Encoding == Form::Bytes) {
-        DecodeBytes({Buffer.data() + begin, end - begin}, line);
+        DecodeLine({Buffer.data() + begin, end - begin}, line);
         return;
     }
     line.resize((end - begin) / 2);

@@ -12,6 +12,9 @@
 
 class CFile;
 
+// Bytes as UTF-8 if they are valid, else as Windows-1252.
+void DecodeLine(std::string_view bytes, std::u16string& line);
+
 // Reads a file from its start, or a range of it. Holds one block of 256 KiB, and more only while a line is
 // longer than that or a range is held whole.
 class LineReader {
@@ -43,6 +46,10 @@ class LineReader {
     // The next line, or false at the end of the file. Raises what the file raises.
     bool Next(std::u16string& line);
 
+    // The next line as the bytes that Next would decode, if it is held and made of bytes and a line feed, as
+    // nearly all lines are. False says nothing.
+    bool NextBytes(std::string& line);
+
     // Passes over the next line as Next does. `line` is filled only if the line doesn't begin with a
     // printable character of ASCII other than a space, as nearly all lines do; else `isText`.
     bool Pass(std::u16string& line, bool& isText);
@@ -66,8 +73,9 @@ class LineReader {
     std::size_t UnitSize() const { return Encoding == Form::Bytes ? 1 : 2; }
     char16_t UnitAt(std::size_t at) const;
 
-    // The next line if it ends in the buffer and is made of bytes and a line feed. False says nothing.
-    bool NextInBuffer(std::u16string& line);
+    // The bytes of the next line if it ends in the buffer and is made of bytes and a line feed. False says
+    // nothing.
+    bool NextInBuffer(std::string_view& bytes);
 
     // Passes over the next line if NextInBuffer would deliver it and it begins as Pass says. False says
     // nothing.

@@ -26,6 +26,14 @@ bool CStdioFileEx::ReadString(std::u16string& line) {
     return Reader->Next(line);
 }
 
+bool CStdioFileEx::ReadBytes(std::string& line) {
+    return Reader && Reader->NextBytes(line);
+}
+
+void CStdioFileEx::DecodeBytes(const std::string& bytes, std::u16string& line) {
+    DecodeLine(bytes, line);
+}
+
 std::optional<std::uint64_t> CStdioFileEx::FindLineStart(std::uint64_t from) {
     return Reader->FindLineStart(*this, from);
 }

@@ -14,7 +14,8 @@ struct DigitRun {
 };
 
 // Reads MostDigits units.
-inline DigitRun ReadDigits(const char16_t* text) {
+template <class Unit>
+DigitRun ReadDigits(const Unit* text) {
     DigitRun run{0, 0};
     for (unsigned i = 0; i < MostDigits; ++i) {
         const unsigned digit = static_cast<unsigned>(text[i]) - u'0';
@@ -41,7 +42,8 @@ struct HexRun {
 };
 
 // Reads up to MostDigits units.
-inline HexRun ReadHexDigits(const char16_t* text) {
+template <class Unit>
+HexRun ReadHexDigits(const Unit* text) {
     HexRun run{0, 0};
     for (; run.Count < MostDigits; ++run.Count) {
         const unsigned digit = static_cast<unsigned>(text[run.Count]) - u'0';

@@ -33,9 +33,10 @@ inline bool Narrow(const char16_t* text, std::size_t length, char* bytes) {
 }
 
 // The units before the terminating zero.
-inline std::size_t LengthOf(const char16_t* text) {
+template <class Unit>
+std::size_t LengthOf(const Unit* text) {
     std::size_t length = 0;
-    while (text[length] != u'\0') ++length;
+    while (text[length] != 0) ++length;
     return length;
 }
 
@@ -47,8 +48,8 @@ struct UnitMasks {
 };
 
 // The units of which the predicate is true.
-template <class Predicate>
-std::uint64_t MaskOf(const char16_t* text, Predicate predicate) {
+template <class Unit, class Predicate>
+std::uint64_t MaskOf(const Unit* text, Predicate predicate) {
     // A loop that compilers know to unroll into wide comparisons; then eight flags become eight bits at once.
     std::uint8_t flags[UnitsPerMask];
     for (std::size_t i = 0; i < UnitsPerMask; ++i) flags[i] = predicate(text[i]);
@@ -66,6 +67,15 @@ inline UnitMasks FindUnits(const char16_t* text, char16_t separator) {
     return {MaskOf(text, [separator](char16_t c) { return c == separator; }),
             MaskOf(text, [](char16_t c) { return c == u'"'; }),
             MaskOf(text, [](char16_t c) { return c <= u'\r'; })};
+}
+
+// The same of UnitsPerMask bytes; false if they are not all ASCII, with `masks` then without meaning.
+inline bool FindBytes(const char* text, char separator, UnitMasks& masks) {
+    const auto isBeyond = [](char c) { return static_cast<unsigned char>(c) > 0x7F; };
+    if (MaskOf(text, isBeyond) != 0) return false;
+    masks = {MaskOf(text, [separator](char c) { return c == separator; }),
+             MaskOf(text, [](char c) { return c == '"'; }), MaskOf(text, [](char c) { return c <= '\r'; })};
+    return true;
 }
 
 }  // namespace simd

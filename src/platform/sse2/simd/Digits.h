@@ -29,7 +29,8 @@ alignas(16) inline constexpr std::int16_t FirstLanes[MostDigits + 1][UnitsPerLoa
     {-1, -1, -1, -1, -1, -1, -1, -1}};
 
 // Reads MostDigits units.
-inline DigitRun ReadDigits(const char16_t* text) {
+template <class Unit>
+DigitRun ReadDigits(const Unit* text) {
     const __m128i digits = _mm_sub_epi16(LoadUnits(text), _mm_set1_epi16(u'0'));
     // Comparisons are signed: seen from the lowest number, digits are the ten least.
     constexpr std::int16_t Lowest = -0x8000;
@@ -65,7 +66,8 @@ struct HexRun {
 };
 
 // Reads MostDigits units.
-inline HexRun ReadHexDigits(const char16_t* text) {
+template <class Unit>
+HexRun ReadHexDigits(const Unit* text) {
     const __m128i units = LoadUnits(text);
     const auto isBetween = [](__m128i lanes, std::int16_t first, std::int16_t last) {
         return _mm_cmpeq_epi16(_mm_subs_epu16(_mm_sub_epi16(lanes, _mm_set1_epi16(first)),

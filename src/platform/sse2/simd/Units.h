@@ -27,30 +27,56 @@ inline bool WidenBlock(const char* bytes, char16_t* out) {
     return true;
 }
 
-// Writes a byte for each unit; false if one of them is above 0xFF, with the bytes then without meaning.
+// Writes a byte for each unit; false if one of them is above 0xFF, with the bytes then without meaning. The
+// last step is made from where it is whole: a loop over the units left would take as long as all the others.
 inline bool Narrow(const char16_t* text, std::size_t length, char* bytes) {
+    if (length < UnitsPerLoad) {
+        unsigned all = 0;
+        for (std::size_t i = 0; i < length; ++i) {
+            all |= text[i];
+            bytes[i] = static_cast<char>(text[i]);
+        }
+        return all < 0x100;
+    }
     __m128i all = _mm_setzero_si128();
-    std::size_t i = 0;
-    for (; i + UnitsPerLoad <= length; i += UnitsPerLoad) {
-        const __m128i units = LoadUnits(text + i);
+    const auto narrow = [&](std::size_t at) {
+        const __m128i units = LoadUnits(text + at);
         all = _mm_or_si128(all, units);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes + i), _mm_packus_epi16(units, units));
-    }
-    unsigned rest = 0;
-    for (; i < length; ++i) {
-        rest |= text[i];
-        bytes[i] = static_cast<char>(text[i]);
-    }
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(bytes + at), _mm_packus_epi16(units, units));
+    };
+    for (std::size_t at = 0; at + UnitsPerLoad < length; at += UnitsPerLoad) narrow(at);
+    narrow(length - UnitsPerLoad);
     const __m128i high = _mm_srli_epi16(all, 8);
-    return rest < 0x100 && _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
+    return _mm_movemask_epi8(_mm_cmpeq_epi16(high, _mm_setzero_si128())) == 0xFFFF;
 }
 
-// The units before the terminating zero. Up to UnitsPerLoad - 1 units behind it are read.
-inline std::size_t LengthOf(const char16_t* text) {
-    for (std::size_t length = 0;; length += UnitsPerLoad) {
-        const __m128i areZero = _mm_cmpeq_epi16(LoadUnits(text + length), _mm_setzero_si128());
-        const auto zeros = static_cast<unsigned>(_mm_movemask_epi8(areZero));
-        if (zeros != 0) return length + static_cast<std::size_t>(std::countr_zero(zeros)) / 2;
+// Eight bytes, widened.
+inline __m128i LoadUnits(const char* text) {
+    const __m128i bytes = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(text));
+    return _mm_unpacklo_epi8(bytes, _mm_setzero_si128());
+}
+
+// A bit for each of 16 units, the first in the lowest: whether it is zero.
+inline unsigned ZerosOf(const char16_t* text) {
+    const auto areZero = [](const char16_t* units) {
+        return _mm_cmpeq_epi16(LoadUnits(units), _mm_setzero_si128());
+    };
+    const __m128i all = _mm_packs_epi16(areZero(text), areZero(text + UnitsPerLoad));
+    return static_cast<unsigned>(_mm_movemask_epi8(all));
+}
+
+inline unsigned ZerosOf(const char* text) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_setzero_si128())));
+}
+
+// The units before the terminating zero. Up to 31 units behind it are read: texts of a column differ in
+// length, so that a loop of shorter steps would have a number of them that can't be predicted.
+template <class Unit>
+std::size_t LengthOf(const Unit* text) {
+    for (std::size_t length = 0;; length += 32) {
+        const unsigned zeros = ZerosOf(text + length) | ZerosOf(text + length + 16) << 16;
+        if (zeros != 0) return length + static_cast<std::size_t>(std::countr_zero(zeros));
     }
 }
 
@@ -80,6 +106,23 @@ inline UnitMasks FindUnits(const char16_t* text, char16_t separator) {
         masks.Low |= maskOf(areLow(first), areLow(second)) << at;
     }
     return masks;
+}
+
+// The same of UnitsPerMask bytes; false if they are not all ASCII, with `masks` then without meaning.
+inline bool FindBytes(const char* text, char separator, UnitMasks& masks) {
+    masks = {};
+    __m128i all = _mm_setzero_si128();
+    for (std::size_t at = 0; at < UnitsPerMask; at += BytesPerBlock) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + at));
+        const auto maskOf = [at](__m128i where) -> std::uint64_t {
+            return std::uint64_t{static_cast<unsigned>(_mm_movemask_epi8(where))} << at;
+        };
+        all = _mm_or_si128(all, bytes);
+        masks.Separators |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(separator)));
+        masks.Quotes |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')));
+        masks.Low |= maskOf(_mm_cmplt_epi8(bytes, _mm_set1_epi8('\r' + 1)));
+    }
+    return _mm_movemask_epi8(all) == 0;
 }
 
 }  // namespace simd
