@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "platform/framework/File.h"
 #include "platform/framework/FileLock.h"
 #include "platform/framework/ProfileStore.h"
@@ -7,11 +9,15 @@
 
 namespace {
 
-// The bytes of a file. Raises CFileException for one that doesn't exist or can't be read.
-std::string ReadWholeFile(const std::u16string& path) {
+// The bytes of a file, or nothing if it doesn't exist. Raises CFileException for one that can't be read.
+// `error` says why it can't be opened.
+std::optional<std::string> ReadWholeFile(const std::u16string& path, CFileException& error) {
     CFile file;
-    auto error = std::make_unique<CFileException>();
-    if (!file.Open(path.c_str(), CFile::modeRead, error.get())) throw error.release();
+    if (!file.Open(path.c_str(), CFile::modeRead, &error)) {
+        // Not raised: a run asks for dozens of values of a profile that nobody has made.
+        if (error.Cause == CFileException::fileNotFound) return std::nullopt;
+        throw new CFileException(error);
+    }
     std::string bytes;
     constexpr std::size_t Block = 16384;
     std::size_t count = 0;
@@ -24,24 +30,14 @@ std::string ReadWholeFile(const std::u16string& path) {
     return bytes;
 }
 
-// The same; a file that doesn't exist is empty. One that can't be read must not be written over either.
-std::string ReadIfThere(const std::u16string& path) {
-    try {
-        return ReadWholeFile(path);
-    } catch (CFileException* failure) {
-        if (failure->Cause != CFileException::fileNotFound) throw;
-        failure->Delete();
-        return {};
-    }
-}
-
 struct ProfileEntry {
     std::string Section, Key, Value;
 };
 
 // Reads the file afresh under the lock, so that values which other processes wrote meanwhile survive.
 void StoreUnderLock(const std::u16string& path, const std::vector<ProfileEntry>& entries) {
-    ProfileText text(ReadIfThere(path));
+    CFileException error;
+    ProfileText text(ReadWholeFile(path, error).value_or(std::string()));
     for (const ProfileEntry& entry : entries) text.Set(entry.Section, entry.Key, entry.Value);
     ReplaceFile(path, text.ToBytes());
 }
@@ -77,13 +73,15 @@ class FileProfile : public ProfileStore {
     void BeginWrites() override { ++Depth; }
     bool EndWrites() override { return --Depth > 0 || StoreWaiting(); }
     ProfileState State() const override {
+        const auto reason = [this](const CFileException& failure) {
+            return Path + u": " + DescribeFileError(failure);
+        };
         try {
-            ReadWholeFile(Path);
-            return {};
+            CFileException error;
+            if (ReadWholeFile(Path, error)) return {};
+            return {ProfileState::Missing, reason(error)};
         } catch (CFileException* failure) {
-            const bool isMissing = failure->Cause == CFileException::fileNotFound;
-            const ProfileState state{isMissing ? ProfileState::Missing : ProfileState::Unreadable,
-                                     Path + u": " + DescribeFileError(*failure)};
+            const ProfileState state{ProfileState::Unreadable, reason(*failure)};
             failure->Delete();
             return state;
         }
@@ -93,7 +91,10 @@ class FileProfile : public ProfileStore {
   private:
     std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
         try {
-            return ProfileText(ReadIfThere(Path)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
+            CFileException error;
+            auto bytes = ReadWholeFile(Path, error);
+            if (!bytes) return std::nullopt;
+            return ProfileText(std::move(*bytes)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
         } catch (CFileException* failure) {
             failure->Delete();
             return std::nullopt;
