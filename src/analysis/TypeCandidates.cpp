@@ -67,9 +67,31 @@ constexpr TypeTest Tests[CsvTypeCount] = {
     {IsChar, false, false},   {IsString, false, false},
 };
 
+bool& Candidate(CCsvColumnInfo& column, ECsvDataType type) {
+    return column.TypeCandidates[static_cast<std::size_t>(type - CsvTypeBoolean)];
+}
+
+// NarrowTypes for a plain number in a column that can't be of truth values or characters any more, as most
+// cells of an analysis are: what accepts it can be told from its mark. False, with nothing changed, for
+// anything else.
+bool NarrowByNumber(CCsvColumnInfo& column, const char16_t* cell) {
+    if (Candidate(column, CsvTypeBoolean) || Candidate(column, CsvTypeChar)) return false;
+    double number;
+    const char16_t* mark;
+    if (!ParseShortDecimal(cell, number, &mark)) return false;
+    Candidate(column, CsvTypeIntegerUnit) = Candidate(column, CsvTypeFloatUnit) = false;
+    if (mark != nullptr) Candidate(column, CsvTypeInteger) = Candidate(column, CsvTypeHex) = false;
+    column.DetectedType = CsvTypeUndefined;
+    for (const ECsvDataType type : {CsvTypeString, CsvTypeFloat, CsvTypeHex, CsvTypeInteger}) {
+        if (Candidate(column, type)) column.DetectedType = type;
+    }
+    return true;
+}
+
 }  // namespace
 
 void NarrowTypes(CCsvColumnInfo& column, const char16_t* cell) {
+    if (NarrowByNumber(column, cell)) return;
     column.DetectedType = CsvTypeUndefined;
     const std::u16string_view whole(cell);
     const std::size_t length = std::min(whole.size(), LongestCell);

@@ -37,7 +37,7 @@ class CStdioFileEx : public CFile {
 
     // Gives the next line as bytes, with no more reading, if that can be: ReadString would decode them as
     // DecodeBytes does. False says nothing, not even that there is no line.
-    bool ReadBytes(std::string& line);
+    virtual bool ReadBytes(std::string& line);
     static void DecodeBytes(const std::string& bytes, std::u16string& line);
 
     // Back to line 1. The flag is always true.

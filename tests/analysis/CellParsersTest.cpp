@@ -1,7 +1,10 @@
+#include <bit>
+#include <random>
 #include <sstream>
 
 #include "analysis/NumberCells.h"
 #include "analysis/TextCells.h"
+#include "analysis/TypeCandidates.h"
 #include "kit/CheckRows.h"
 
 namespace {
@@ -79,6 +82,49 @@ TEST(CellParsers, BoolAndCharTakeWordsAndNumbers) {
             char16_t value = 0;
             return ParseChar(text.c_str(), value) ? std::to_string(value) : "no";
         });
+}
+
+// The candidates that every cell of a column leaves, by its parsers alone.
+DataTypeSet FittingAll(const std::vector<std::u16string>& cells) {
+    DataTypeSet set = (1 << CsvTypeCount) - 1;
+    std::u16string unit;
+    const auto narrow = [&set](ECsvDataType type, bool fits) {
+        if (!fits) set &= ~(DataTypeSet{1} << (type - CsvTypeBoolean));
+    };
+    for (std::u16string cell : cells) {
+        const bool isNumber = Float(cell, nullptr) != "no";
+        char16_t character = 0;
+        narrow(CsvTypeInteger, Integer(cell, false, nullptr) != "no");
+        narrow(CsvTypeIntegerUnit, !isNumber && Integer(cell, false, &unit) != "no");
+        narrow(CsvTypeHex, Hex(cell) != "no");
+        narrow(CsvTypeFloat, isNumber);
+        narrow(CsvTypeFloatUnit, !isNumber && Float(cell, &unit) != "no");
+        narrow(CsvTypeChar, ParseChar(cell.c_str(), character));
+        bool truth = false;
+        narrow(CsvTypeBoolean, ParseBool(cell.data(), truth));
+    }
+    return set;
+}
+
+// A plain number leaves what the parsers leave, whatever stands before it in the column.
+TEST(CellParsers, TellTheTypesOfAColumn) {
+    std::minstd_rand random(11);
+    const std::u16string_view cells[] = {u"0",    u"1",    u"12",  u"-5",  u"+70000",
+                                         u"12.5", u"0,25", u"5.",  u".5",  u"a",
+                                         u"0xF",  u"true", u"4 m", u"1e3", u"9007199254740993",
+                                         u"007",  u"1.0",  u"xy",  u"",    u"12345678901234567890"};
+    for (int i = 0; i < 20'000; ++i) {
+        CCsvColumnInfo column;
+        column.TypeCandidates.fill(true);
+        std::vector<std::u16string> given;
+        for (std::size_t left = 1 + random() % 5; left > 0; --left) {
+            given.emplace_back(cells[random() % (i % 2 == 0 ? 9 : std::size(cells))]);
+            NarrowTypes(column, given.back().c_str());
+        }
+        const DataTypeSet expected = FittingAll(given);
+        ASSERT_EQ(SetOfTypes(column), expected) << Utf16ToUtf8(given.back());
+        ASSERT_EQ(int{column.DetectedType}, std::countr_zero(expected) + 1);
+    }
 }
 
 }  // namespace

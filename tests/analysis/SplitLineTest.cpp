@@ -24,6 +24,20 @@ Texts SplitPadded(std::u16string line, char16_t separator, bool merge) {
     return Texts(cells.begin(), cells.end());
 }
 
+// The same of a line in bytes, which one of ASCII can be.
+Texts SplitBytes(const std::u16string& line, char16_t separator, bool merge) {
+    std::string bytes = Utf16ToUtf8(line);
+    bytes.append(LinePadding, '\0');
+    ByteCellList cells{nullptr, nullptr};
+    if (!SplitPaddedBytes(bytes.data(), separator, merge, cells)) {
+        EXPECT_TRUE(bytes.size() != line.size() + LinePadding || EndsLine(separator) || separator > 0x7F);
+        return Split(line, separator, merge);
+    }
+    Texts texts;
+    for (const char* const cell : cells) texts.push_back(Utf8ToUtf16(cell));
+    return texts;
+}
+
 // Each cell in angle brackets.
 std::string CellText(const Texts& cells) {
     std::string text;
@@ -82,7 +96,9 @@ void CompareFrom(const std::u16string& line) {
     for (const bool merge : {false, true}) {
         for (const char16_t separator : {u';', u' '}) {
             const Texts expected = ReferenceSplit(line, separator, merge);
-            if (Split(line, separator, merge) == expected && SplitPadded(line, separator, merge) == expected)
+            if (Split(line, separator, merge) == expected &&
+                SplitPadded(line, separator, merge) == expected &&
+                SplitBytes(line, separator, merge) == expected)
                 continue;
             ADD_FAILURE() << '[' << Utf16ToUtf8(line) << "] at " << int{separator} << ", merge " << merge;
         }
@@ -124,8 +140,9 @@ TEST(SplitLine, GivesTheSameInSteps) {
         if (random() % 8 == 0) line.insert(random() % (line.size() + 1), 1, u"\n\r\0"[random() % 3]);
         for (const char16_t separator : {u';', u'\t', u'"', u'\r', u'\0'}) {
             const bool merge = i % 2 != 0;
-            ASSERT_EQ(SplitPadded(line, separator, merge), Split(line, separator, merge))
-                << Utf16ToUtf8(line);
+            const Texts expected = Split(line, separator, merge);
+            ASSERT_EQ(SplitPadded(line, separator, merge), expected) << Utf16ToUtf8(line);
+            ASSERT_EQ(SplitBytes(line, separator, merge), expected) << Utf16ToUtf8(line);
         }
     }
 }

@@ -5,12 +5,13 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "analysis/SplitPaddedLine.h"
 #include "analysis/TextCells.h"
 #include "analysis/TypeCandidates.h"
 #include "fuzz/kit/Check.h"
 #include "kit/FakeHost.h"
+#include "kit/MemoryFile.h"
 #include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
 #include "plugin/SampleWriter.h"
 
 namespace {
@@ -42,26 +43,44 @@ void CheckShortWay(std::u16string text) {
     Check(*end == u'\0', "the short way takes whole texts");
 }
 
+// The row of one cell that the text's first line is, read in UTF-16 or in bytes.
+void ReadRow(RowCells& row, const std::u16string& text, bool inBytes) {
+    constexpr std::u16string_view Separators = u";\t|!";
+    const std::size_t unused = Separators.find_first_not_of(text.substr(0, 1));
+    MemoryFile wide{std::u16string_view(text)};
+    MemoryFile narrow(Utf16ToUtf8(text));
+    row.Read(inBytes ? narrow : wide);
+    row.Split(Separators[unused], false);
+}
+
 void CheckTypes(const std::u16string& text) {
+    RowCells row;
+    ReadRow(row, text, false);
+    const std::u16string cell = row.CellOf(1);
     CCsvColumnInfo column;
     column.TypeCandidates.fill(true);
-    NarrowTypes(column, text.c_str());
+    NarrowTypes(column, cell.c_str());
     const CCsvColumnInfo once = column;
     Check(once.DetectedType >= CsvTypeBoolean && once.DetectedType <= CsvTypeString, "every cell has a type");
-    NarrowTypes(column, text.c_str());
+    NarrowTypes(column, cell.c_str());
     Check(column.TypeCandidates == once.TypeCandidates && column.DetectedType == once.DetectedType &&
               column.Unit == once.Unit,
           "the same cell again changes nothing");
-    FakeSignal signal(u"", KelvarinString, 0, 0);
+    FakeSignal signals[] = {FakeSignal(u"", KelvarinString, 0, 0), FakeSignal(u"", KelvarinString, 0, 0)};
     for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type) {
-        CCsvColumnInfo fresh = once;
-        std::vector<SampleColumn> targets = {{0, static_cast<ECsvDataType>(type), false, &fresh, &signal}};
-        std::u16string cell = text + std::u16string(LinePadding, u'\0');
-        WriteSamples(targets, {cell.data()}, type, [](const SampleColumn&, const char16_t*) {});
-        const bool isRefused = signal.Values.back().starts_with("none(");
-        Check(!isRefused || type != once.DetectedType, "a run accepts what the analysis saw");
+        for (const bool inBytes : {false, true}) {
+            FakeSignal& signal = signals[inBytes];
+            CCsvColumnInfo fresh = once;
+            std::vector<SampleColumn> targets = {
+                {0, static_cast<ECsvDataType>(type), false, &fresh, &signal}};
+            ReadRow(row, text, inBytes);
+            WriteSamples(targets, row, type, [](const SampleColumn&, const char16_t*) {});
+            const bool isRefused = signal.Values.back().starts_with("none(");
+            Check(!isRefused || type != once.DetectedType, "a run accepts what the analysis saw");
+        }
     }
-    Check(signal.Count == CsvTypeString, "each cell is a sample");
+    Check(signals[0].Count == CsvTypeString, "each cell is a sample");
+    Check(signals[0].Values == signals[1].Values, "a line in bytes gives the same samples");
 }
 
 }  // namespace

@@ -1,13 +1,23 @@
 // A text file for the analysis that needs no disk.
 #pragma once
 
-#include <vector>
+#include <optional>
+#include <utility>
 
 #include "contract/StdioFileEx.h"
 
 class MemoryFile : public CStdioFileEx {
   public:
     explicit MemoryFile(std::u16string_view text) : Text(text), Rest(text) {}
+
+    // Its first line is given in bytes too, if it is asked for so.
+    explicit MemoryFile(const std::string& bytes) : Bytes(bytes.substr(0, bytes.find('\n'))) {}
+
+    bool ReadBytes(std::string& line) override {
+        if (!Bytes) return false;
+        line = *std::exchange(Bytes, std::nullopt);
+        return true;
+    }
     bool ReadString(std::u16string& line) override {
         ++Reads;
         if (Rest.empty()) return false;
@@ -21,4 +31,5 @@ class MemoryFile : public CStdioFileEx {
 
   private:
     std::u16string_view Text, Rest;
+    std::optional<std::string> Bytes;
 };

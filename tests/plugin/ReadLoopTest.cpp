@@ -1,4 +1,6 @@
 // Which lines are rows, how they are counted, and how a run ends.
+#include <random>
+
 #include "kit/CheckRows.h"
 #include "kit/ImportRun.h"
 #include "kit/LocalMoment.h"
@@ -47,6 +49,42 @@ TEST(ReadLoop, DropsRowsWithoutATime) {
         "!-1: Absolute Zeitstempel vor dem 01.01.1990 können von kelvarin nicht verarbeitet werden.\n";
     Check({"DateSetting=0", "DateColumn=9", "IntervalUnit=2"},
           "a\n5\n6\n->a: 1000000000=6\n" + before1990 + RowWithoutTime(2) + before1990);
+}
+
+// A table of a time and a column of each type, whose cells are odd and mostly refused.
+std::string OddTable(std::minstd_rand& random) {
+    const std::string_view cells[] = {
+        "12,5",  "-7",   "1.234,5", "",     "\"a;b\"",  "\"a\"\"b\"",    "12 kg", "x",
+        "0x1F",  "true", "1e400",   " 5 ",  "FALSE",    "\"\"",          "5 m",   "\"",
+        "1.2.3", "\v",   "7\rno",   "1,5m", "\xC3\xA4", "5 \xE2\x82\xAC"};
+    std::string text = "t;b;i;iu;h;f;fu;c;s\n";
+    for (int row = 1; row <= 30; ++row) {
+        text += random() % 8 == 0 ? "x" : std::to_string(row);
+        const std::size_t choices = random() % 3 == 0 ? std::size(cells) : std::size(cells) - 2;
+        for (std::size_t left = random() % 8 == 0 ? random() % 10 : 8; left > 0; --left)
+            text.append(1, ';').append(cells[random() % choices]);
+        if (random() % 16 == 0) text += ';' + std::string(random() % 200, 'z');
+        text += '\n';
+    }
+    return text;
+}
+
+std::string ImportTyped(const std::string& bytes) {
+    ImportRun run(bytes, {"TimeSetting=0", "TimestampFormat=[ns]"});
+    for (int type = CsvTypeBoolean; type <= CsvTypeString; ++type)
+        run.Column(type).UserType = static_cast<ECsvDataType>(type);
+    return run.Import();
+}
+
+TEST(ReadLoop, ReadsALineOfAsciiAsTheSameOneInUtf16) {
+    std::minstd_rand random(3);
+    for (int i = 0; i < 300; ++i) {
+        const std::string bytes = OddTable(random);
+        std::string wide = "\xFF\xFE";
+        for (const char16_t unit : Utf8ToUtf16(bytes))
+            wide.append(1, static_cast<char>(unit & 0xFF)).append(1, static_cast<char>(unit >> 8));
+        ASSERT_EQ(ImportTyped(bytes), ImportTyped(wide)) << bytes;
+    }
 }
 
 TEST(ReadLoop, JoinsDateAndTimeInTheOrderOfTheColumns) {
