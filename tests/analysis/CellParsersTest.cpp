@@ -6,6 +6,7 @@
 #include "analysis/TextCells.h"
 #include "analysis/TypeCandidates.h"
 #include "kit/CheckRows.h"
+#include "platform/framework/Numbers.h"
 
 namespace {
 
@@ -92,13 +93,15 @@ DataTypeSet FittingAll(const std::vector<std::u16string>& cells) {
         if (!fits) set &= ~(DataTypeSet{1} << (type - CsvTypeBoolean));
     };
     for (std::u16string cell : cells) {
-        const bool isNumber = Float(cell, nullptr) != "no";
+        double number = 0;
+        const char16_t* mark = nullptr;
+        const bool isPlain = ParseShortDecimal(cell.c_str(), number, &mark);
         char16_t character = 0;
         narrow(CsvTypeInteger, Integer(cell, false, nullptr) != "no");
-        narrow(CsvTypeIntegerUnit, !isNumber && Integer(cell, false, &unit) != "no");
+        narrow(CsvTypeIntegerUnit, !isPlain && Integer(cell, false, &unit) != "no");
         narrow(CsvTypeHex, Hex(cell) != "no");
-        narrow(CsvTypeFloat, isNumber);
-        narrow(CsvTypeFloatUnit, !isNumber && Float(cell, &unit) != "no");
+        narrow(CsvTypeFloat, Float(cell, nullptr) != "no");
+        narrow(CsvTypeFloatUnit, !isPlain && Float(cell, &unit) != "no");
         narrow(CsvTypeChar, ParseChar(cell.c_str(), character));
         bool truth = false;
         narrow(CsvTypeBoolean, ParseBool(cell.data(), truth));
