@@ -1,7 +1,7 @@
 // Names and an environment that a command line takes as they are.
 #include <gtest/gtest.h>
 
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {

@@ -2,9 +2,9 @@
 // command.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <sstream>
 
+#include "kit/Shell.h"
 #include "platform/framework/ShellText.h"
 #include "platform/framework/VisibleText.h"
 #include "program/ProgramRun.h"
@@ -57,11 +57,7 @@ const std::string ObeyedWords[] = {
 std::string Pasted(const ProgramRun& run, const std::string& shell, const std::string& text) {
     run.Write("pasted", text + "\n");
     const std::string folder = run.Folder.NativePath("").string();
-    FILE* const pipe = popen(("cd '" + folder + "' && " + shell + " ./pasted 2>&1").c_str(), "r");
-    std::string output;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) output.append(block, count);
-    pclose(pipe);
+    const std::string output = RunShell("cd '" + folder + "' && " + shell + " ./pasted 2>&1").Out;
     std::filesystem::remove(run.Folder.NativePath("pasted"));
     return output;
 }

@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "host/SourceFiles.h"
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {

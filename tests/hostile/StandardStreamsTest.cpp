@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/store/SampleFile.h"
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {

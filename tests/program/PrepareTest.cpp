@@ -178,10 +178,9 @@ TEST(Prepare, IsReadByTheModule) {
     run.Write("a.csv",
               "t;v;w\n31.01.2024 12:00:01;1,5;x y\n31.01.2024 12:00:00;2,5;z\n31.01.2024 12:00:02;3,5;z\n");
     ASSERT_EQ(run({"prepare", "a.csv"}).Status, 0);
-    const ProgramResult result =
-        run({"import", "--json", "--samples", "all", "--set", "TimestampFormat=JJJJ-MM-TT hh:mm:ss.000000000",
-             "--set", "DateColumn=1", "--set", "TimeColumn=1", "--set", "DateSetting=0", "--set",
-             "TimeSetting=0", "a.csv.prepared.csv"});
+    const ProgramResult result = run.Command(
+        "--json --samples all --set 'TimestampFormat=JJJJ-MM-TT hh:mm:ss.000000000' --set DateColumn=1 "
+        "--set TimeColumn=1 --set DateSetting=0 --set TimeSetting=0 a.csv.prepared.csv");
     ASSERT_EQ(result.Status, 0) << result.Err;
     const Json signals = Json::parse(result.Out)["signals"];
     ASSERT_EQ(signals.size(), 2u);
@@ -192,32 +191,19 @@ TEST(Prepare, IsReadByTheModule) {
 
 TEST(Prepare, RefusesWithReasonAndRemedy) {
     const struct {
-        const char* About;
-        std::vector<std::string> Arguments;
+        std::string Arguments;
         int Status;
         const char* Complaint;  // a part of it
     } cases[] = {
-        {"no file", {"none.csv"}, 1, "none.csv: "},
-        {"an empty file", {"empty.csv"}, 1, "empty.csv: the file is empty"},
-        {"no table", {"prose.txt"}, 1, "prose.txt: no table was found"},
-        {"no times", {"timeless.csv"}, 1, "timeless.csv: no times were found"},
-        {"a copy that is there",
-         {"kept.csv"},
-         1,
-         "kept.csv.prepared.csv exists already; --force replaces it"},
-        {"itself",
-         {"good.csv", "-o", "good.csv"},
-         2,
-         "good.csv: this file is read, and would be overwritten"},
-        {"one copy of two files",
-         {"good.csv", "kept.csv", "-o", "x.csv"},
-         2,
-         "--output names the copy of one file"},
-        {"settings", {"--set", "FirstLine=3", "good.csv"}, 2, "leave --set out"},
-        {"no folder",
-         {"good.csv", "-o", "nowhere/x.csv"},
-         1,
-         "good.csv: the copy can't be made: nowhere/x.csv: "},
+        {"none.csv", 1, "none.csv: "},
+        {"empty.csv", 1, "empty.csv: the file is empty"},
+        {"prose.txt", 1, "prose.txt: no table was found"},
+        {"timeless.csv", 1, "timeless.csv: no times were found"},
+        {"kept.csv", 1, "kept.csv.prepared.csv exists already; --force replaces it"},
+        {"good.csv -o good.csv", 2, "good.csv: this file is read, and would be overwritten"},
+        {"good.csv kept.csv -o x.csv", 2, "--output names the copy of one file"},
+        {"--set FirstLine=3 good.csv", 2, "leave --set out"},
+        {"good.csv -o nowhere/x.csv", 1, "good.csv: the copy can't be made: nowhere/x.csv: "},
     };
     const ProgramRun run;
     run.Write("empty.csv", "");
@@ -228,10 +214,8 @@ TEST(Prepare, RefusesWithReasonAndRemedy) {
     run.Write("kept.csv.prepared.csv", "mine");
     const std::string names = run.Folder.Names();
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.About);
-        std::vector<std::string> arguments = {"prepare", "--language", "en"};
-        arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
-        const ProgramResult result = run(arguments);
+        SCOPED_TRACE(c.Arguments);
+        const ProgramResult result = run.Command("prepare --language en " + c.Arguments);
         EXPECT_EQ(result.Status, c.Status);
         EXPECT_NE(result.Err.find(c.Complaint), std::string::npos) << result.Err;
         EXPECT_EQ(result.Out, "");

@@ -13,6 +13,26 @@ struct ProgramResult {
     std::string Err;
 };
 
+// The words of a command line, with blanks between them; what is in single quotes is part of one word.
+inline std::vector<std::string> Words(const std::string& line) {
+    std::vector<std::string> words;
+    bool isInWord = false, isQuoted = false;
+    for (const char c : line) {
+        if (c == ' ' && !isQuoted) {
+            isInWord = false;
+            continue;
+        }
+        if (!isInWord) words.emplace_back();
+        isInWord = true;
+        if (c == '\'') {
+            isQuoted = !isQuoted;
+        } else {
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
 // A date and time of day as the runs show them, by the C locale or the user's settings on Windows.
 std::string ShownTime(int year, int month, int day, int hour, int minute, int second);
 
@@ -22,6 +42,9 @@ class ProgramRun {
   public:
     // Runs the program with these arguments in the folder.
     ProgramResult operator()(const std::vector<std::string>& arguments) const;
+
+    // The same of a command line.
+    ProgramResult Command(const std::string& line) const { return (*this)(Words(line)); }
 
     // The command line that operator() hands to the shell.
     std::string CommandLine(const std::vector<std::string>& arguments) const;
