@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "host/plan/CopyKit.h"
 #include "kit/FileFaults.h"
-#include "kit/Workdir.h"
 
 namespace {
 
@@ -13,16 +13,7 @@ using namespace kelvarin::plan;
 
 // Times in column 1, in no order.
 ReadingPlan PlanOfRows() {
-    ReadingPlan plan;
-    plan.How.Separator = u';';
-    plan.Width = 2;
-    plan.NamesLine = 1;
-    plan.FirstLine = 2;
-    plan.Columns = {{u"t", u"", ColumnType::Float, true}, {u"v", u"", ColumnType::Integer, false}};
-    plan.Times.emplace();
-    plan.Times->Recipe.Kind = TimeKind::Number;
-    plan.Times->Recipe.Columns = {0};
-    return plan;
+    return copies::PlanOf("t@ v#i", copies::Number(copies::OneSecond));
 }
 
 CopyOptions OnDisk() {
