@@ -43,10 +43,10 @@ class AnyLines {
     std::u16string Next(char16_t separator) {
         static const std::u16string parts[] = {
             u"0", u"1", u"00", u"12", u"-7", u"+5", u"1,5", u"2.25", u"-3,5", u"1.234,5", u",5", u"5,",
-            u"-,5", u"1-5", u"--5", u"-", u"123456789012345678", u"1234567890123456789", u"-999", u"-999,0",
-            u"", u"", u" ", u"  4  ", u"\t", u"\"6,5\"", u"\"\"", u"\"a b\"", u"on", u"off", u"NaN", u"--",
-            u"abc", u"1e5", u"Halle 3", u"\u00FC", u"\u20AC 5", u"\u0130", u"\"x;y\"", u"\" a ; b \"", u"5\"",
-            u"a\"b", u"\"a\"\"b\"", u"\"a", u"\"a\" b",
+            u"-,5", u"1,5,2", u"1-5", u"--5", u"-", u"123456789012345678", u"1234567890123456789", u"-999",
+            u"-999,0", u"", u"", u" ", u"  4  ", u"\t", u"\"6,5\"", u"\"\"", u"\"a b\"", u"on", u"off",
+            u"NaN", u"--", u"abc", u"1e5", u"Halle 3", u"\u00FC", u"\u20AC 5", u"\u0130", u"\"x;y\"",
+            u"\" a ; b \"", u"5\"", u"a\"b", u"\"a\"\"b\"", u"\"a", u"\"a\" b",
             u"\"a long text; with separators; in quotes, that fills more than one mask of a line\"",
             // Amounts of several units, and what looks like them.
             u"12,3 V", u"-1 V", u"+5 V", u"5V", u"7 V", u"5  V", u"5,V", u"5 mV", u"V", u" V", u"-V",
