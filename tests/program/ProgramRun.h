@@ -33,6 +33,16 @@ inline std::vector<std::string> Words(const std::string& line) {
     return words;
 }
 
+// The lines of a report that are not indented: the names of the files. A bar is behind each.
+inline std::string Headings(const std::string& report) {
+    std::string names;
+    for (std::size_t begin = 0, end = 0; begin < report.size(); begin = end + 1) {
+        end = report.find('\n', begin);
+        if (report[begin] != ' ') names += report.substr(begin, end - begin) + "|";
+    }
+    return names;
+}
+
 // A date and time of day as the runs show them, by the C locale or the user's settings on Windows.
 std::string ShownTime(int year, int month, int day, int hour, int minute, int second);
 
