@@ -88,6 +88,22 @@ TEST(QuickCut, CutsAsLineCutterDoes) {
     }
 }
 
+// Quotes and blanks at each place of a mask.
+TEST(QuickCut, CutsAsLineCutterDoesAtEachPlace) {
+    constexpr Cut how{u';', false, false};
+    QuickCut quick(how, u',');
+    LineCutter plain(how);
+    for (std::size_t before = 0; before < 130; ++before) {
+        for (const char16_t* const rest : {u"\"a;b\";c", u"\"a\" b;c", u" \"a;b\" ;c", u"c;\"\"", u"5\";6\"",
+                                           u"\"a\"\"b\";c", u" a ; b "}) {
+            const std::u16string line = std::u16string(before, u'x') + u";" + rest;
+            if (quick(line)) {
+                EXPECT_EQ(Joined(quick.Cells()), Joined(plain(line))) << Utf16ToUtf8(line);
+            }
+        }
+    }
+}
+
 struct CopiedRows {
     std::vector<std::string> Rows;
     CopyResult Result;
