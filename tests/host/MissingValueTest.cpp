@@ -6,43 +6,14 @@
 
 namespace {
 
-struct MarkerCase {
-    const char16_t* Text;
-    bool IsMissing;
-};
-
 TEST(MissingValue, KnowsTheUsualMarkersAndNothingElse) {
-    const MarkerCase cases[] = {
-        {u"", true},
-        {u"  ", true},
-        {u"nan", true},
-        {u"NaN", true},
-        {u" NA ", true},
-        {u"N/A", true},
-        {u"null", true},
-        {u"None", true},
-        {u"-", true},
-        {u"--", true},
-        {u"---", true},
-        {u"inf", true},
-        {u"OVLD", true},
-        {u"?", true},
-        {u"\t?", true},
-        // Values, and texts that only look alike.
-        {u"0", false},
-        {u"-1", false},
-        {u"1.#inf", false},
-        {u"n", false},
-        {u"n / a", false},
-        {u"nan 5", false},
-        {u"-----", false},
-        {u"??", false},
-        {u"nothing", false},
-        {u"nullify", false},
-    };
-    for (const MarkerCase& c : cases) {
-        EXPECT_EQ(kelvarin::IsMissingValue(c.Text), c.IsMissing) << "'" << Utf16ToUtf8(c.Text) << "'";
-    }
+    for (const char16_t* text : {u"", u"  ", u"nan", u"NaN", u" NA ", u"N/A", u"null", u"None", u"-", u"--",
+                                 u"---", u"inf", u"OVLD", u"?", u"\t?"})
+        EXPECT_TRUE(kelvarin::IsMissingValue(text)) << "'" << Utf16ToUtf8(text) << "'";
+    // Values, and texts that only look alike.
+    for (const char16_t* text :
+         {u"0", u"-1", u"1.#inf", u"n", u"n / a", u"nan 5", u"-----", u"??", u"nothing", u"nullify"})
+        EXPECT_FALSE(kelvarin::IsMissingValue(text)) << "'" << Utf16ToUtf8(text) << "'";
 }
 
 }  // namespace

@@ -1,20 +1,10 @@
 // Names and an environment that a command line takes as they are.
 #include <gtest/gtest.h>
 
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
-
-// The lines that are not indented: the names of the files.
-std::string Headings(const std::string& report) {
-    std::string names;
-    for (std::size_t begin = 0, end = 0; begin < report.size(); begin = end + 1) {
-        end = report.find('\n', begin);
-        if (report[begin] != ' ') names += report.substr(begin, end - begin) + "|";
-    }
-    return names;
-}
 
 TEST(HostileArguments, NamesInBracketsAreNoLists) {
     const ProgramRun run;

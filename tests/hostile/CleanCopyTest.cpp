@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "kit/FileFaults.h"
-#include "kit/Workdir.h"
+#include "host/plan/CopyKit.h"
+#include "kit/FaultCount.h"
 
 namespace {
 
@@ -13,16 +13,7 @@ using namespace kelvarin::plan;
 
 // Times in column 1, in no order.
 ReadingPlan PlanOfRows() {
-    ReadingPlan plan;
-    plan.How.Separator = u';';
-    plan.Width = 2;
-    plan.NamesLine = 1;
-    plan.FirstLine = 2;
-    plan.Columns = {{u"t", u"", ColumnType::Float, true}, {u"v", u"", ColumnType::Integer, false}};
-    plan.Times.emplace();
-    plan.Times->Recipe.Kind = TimeKind::Number;
-    plan.Times->Recipe.Columns = {0};
-    return plan;
+    return copies::PlanOf("t@ v#i", copies::Number(copies::OneSecond));
 }
 
 CopyOptions OnDisk() {
@@ -34,47 +25,31 @@ CopyOptions OnDisk() {
 constexpr const char* Source = "t;v\n3;3\n1;1\n2;2\n";
 constexpr const char* Copy = "\xEF\xBB\xBFt\tv\tTime\n\t1\t1.000000000\n\t2\t2.000000000\n\t3\t3.000000000\n";
 
-TEST(HostileCleanCopy, IsWholeOrNotThereWhateverCallFails) {
+using HostileCleanCopy = FaultCount;
+
+TEST_F(HostileCleanCopy, IsWholeOrNotThereWhateverCallFails) {
     const Workdir folder;
     const std::u16string source = folder.Write("source.csv", Source);
+    int failures = 0;
     const auto copy = [&](FileFaults& faults) {
         folder.Write("copy.csv", "old");
         faults.Armed = true;
-        CopyResult result = WriteCleanCopy(source, PlanOfRows(), folder.Path("copy.csv"), OnDisk());
+        const CopyResult result = WriteCleanCopy(source, PlanOfRows(), folder.Path("copy.csv"), OnDisk());
         faults.Armed = false;
-        EXPECT_EQ(faults.Descriptors.size(), 0u) << "a file is open";
-        return result;
-    };
-    std::array<int, FileCallCount> calls{};
-    {
-        FileFaults clean;
-        ASSERT_EQ(copy(clean).Failure, "");
-        calls = clean.Calls;
-    }
-    ASSERT_EQ(folder.Read("copy.csv"), Copy);
-    int failures = 0;
-    for (int kind = 0; kind < FileCallCount; ++kind) {
-        for (int number = 1; number <= calls[static_cast<std::size_t>(kind)]; ++number) {
-            SCOPED_TRACE("call of kind " + std::to_string(kind) + ", number " + std::to_string(number));
-            FileFaults faults;
-            faults.Failing = kind;
-            faults.FailsAt = number;
-            faults.Error = EIO;
-            const CopyResult result = copy(faults);
-            failures += !result.Failure.empty();
-            // A write in place, where the folder takes no new file, may have begun.
-            EXPECT_EQ(folder.Read("copy.csv"), result.Failure.empty() ? Copy : "old");
-            EXPECT_EQ(folder.Read("source.csv"), Source);
-            if (kind != CallRemove) {
-                EXPECT_EQ(folder.Names(), "copy.csv source.csv");
-            }
-            if (HasFailure()) return;
+        failures += !result.Failure.empty();
+        EXPECT_TRUE(result.Failure.empty() || faults.Failing != FileCallCount) << result.Failure;
+        // A write in place, where the folder takes no new file, may have begun.
+        EXPECT_EQ(folder.Read("copy.csv"), result.Failure.empty() ? Copy : "old");
+        EXPECT_EQ(folder.Read("source.csv"), Source);
+        if (faults.Failing != CallRemove) {
+            EXPECT_EQ(folder.Names(), "copy.csv source.csv");
         }
-    }
+    };
+    FailEachCall(copy, {EIO});
     EXPECT_GE(failures, 10);
 }
 
-TEST(HostileCleanCopy, SaysThatTheDiskIsFull) {
+TEST_F(HostileCleanCopy, SaysThatTheDiskIsFull) {
     const Workdir folder;
     const std::u16string source = folder.Write("source.csv", Source);
     for (const bool isSorting : {false, true}) {
@@ -91,7 +66,7 @@ TEST(HostileCleanCopy, SaysThatTheDiskIsFull) {
     }
 }
 
-TEST(HostileCleanCopy, LeavesNothingWhereItFails) {
+TEST_F(HostileCleanCopy, LeavesNothingWhereItFails) {
     const Workdir folder;
     const ReadingPlan plan = PlanOfRows();
     const CopyResult missing =
@@ -105,7 +80,7 @@ TEST(HostileCleanCopy, LeavesNothingWhereItFails) {
     EXPECT_EQ(folder.Names(), "source.csv");
 }
 
-TEST(HostileCleanCopy, LeavesTheTargetAsItWasWhenInterrupted) {
+TEST_F(HostileCleanCopy, LeavesTheTargetAsItWasWhenInterrupted) {
     const Workdir folder;
     const std::u16string source = folder.Write("source.csv", "t;v\n0;1\n");
     folder.Write("copy.csv", "old");

@@ -1,10 +1,8 @@
 // Code comes from the program's own place and the system, never from where the data is.
 #include <gtest/gtest.h>
 #include <link.h>
-#include <sys/wait.h>
 
-#include <cstdio>
-
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -54,26 +52,19 @@ TEST(HostileLoading, TakesNoLibraryFromTheFolderOfTheData) {
 
 // Runs the program where /proc is empty; it then needs to be told where its libraries are, since the loader
 // doesn't know either.
-ProgramResult RunWithoutProc(const ProgramRun& run, const std::vector<std::string>& arguments) {
+ShellResult RunWithoutProc(const ProgramRun& run, const std::vector<std::string>& arguments) {
     const std::string program = KELVARIN_IMPORT;
     run.Write("script", "mount -t tmpfs none /proc || exit 99\nexport LD_LIBRARY_PATH='" +
                             program.substr(0, program.rfind('/')) + "'\n" + run.CommandLine(arguments) +
                             "\n");
-    const std::string script = run.Folder.NativePath("script").string();
-    ProgramResult result;
-    FILE* const pipe = popen(("unshare -rm sh '" + script + "' 2>&1").c_str(), "r");
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) result.Out.append(block, count);
-    const int status = pclose(pipe);
-    result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return result;
+    return RunShell("unshare -rm sh '" + run.Folder.NativePath("script").string() + "' 2>&1");
 }
 
 TEST(HostileLoading, TakesNoModuleFromTheFolderOfTheDataWithoutProc) {
     const TrapRun run;
     if (RunWithoutProc(run, {"--version"}).Status != 0)
         GTEST_SKIP() << "this system gives nobody a /proc of his own";
-    const ProgramResult result = RunWithoutProc(run, {"import", "a.csv"});
+    const ShellResult result = RunWithoutProc(run, {"import", "a.csv"});
     EXPECT_EQ(result.Status, 0) << result.Out;
     EXPECT_EQ(result.Out.find("no library"), std::string::npos);
     EXPECT_EQ(result.Out.substr(0, 6), "a.csv\n") << result.Out;

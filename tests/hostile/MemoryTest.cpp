@@ -4,7 +4,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 #include "settings/CsvInfoFile.h"
 

@@ -2,9 +2,9 @@
 // command.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <sstream>
 
+#include "kit/Shell.h"
 #include "platform/framework/ShellText.h"
 #include "platform/framework/VisibleText.h"
 #include "program/ProgramRun.h"
@@ -57,11 +57,7 @@ const std::string ObeyedWords[] = {
 std::string Pasted(const ProgramRun& run, const std::string& shell, const std::string& text) {
     run.Write("pasted", text + "\n");
     const std::string folder = run.Folder.NativePath("").string();
-    FILE* const pipe = popen(("cd '" + folder + "' && " + shell + " ./pasted 2>&1").c_str(), "r");
-    std::string output;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) output.append(block, count);
-    pclose(pipe);
+    const std::string output = RunShell("cd '" + folder + "' && " + shell + " ./pasted 2>&1").Out;
     std::filesystem::remove(run.Folder.NativePath("pasted"));
     return output;
 }
@@ -127,16 +123,19 @@ std::size_t PasteAdvice(const ProgramRun& run, const std::vector<std::vector<std
     return pasted.size();
 }
 
-std::vector<std::string> With(std::vector<std::string> command, const std::vector<std::string>& settings) {
-    for (const std::string& setting : settings) command.insert(command.end(), {"--set", setting});
-    command.push_back("a.csv");
-    return command;
+// The words of a command, and settings whose values may hold any character.
+std::vector<std::string> With(const std::string& command, const std::vector<std::string>& settings = {}) {
+    std::vector<std::string> words = Words(command + " a.csv");
+    for (const std::string& setting : settings) words.insert(words.end(), {"--set", setting});
+    return words;
 }
+
+const std::string WordsInFiles[] = {"';touch PWNED;'",     "$(touch PWNED)",          ">PWNED", "-rf",
+                                    "\x1B';touch PWNED;'", "\xE2\x80\xAE&touch PWNED"};
 
 TEST(HostilePasting, OfAdviceRunsNoCommandOfAFile) {
     std::size_t count = 0;
-    for (const std::string word : {"';touch PWNED;'", "$(touch PWNED)", ">PWNED", "-rf",
-                                   "\x1B';touch PWNED;'", "\xE2\x80\xAE&touch PWNED"}) {
+    for (const std::string& word : WordsInFiles) {
         SCOPED_TRACE(MakeVisible(word));
         const ProgramRun run;
         // The word as separator, within the format of the times, and in cells and headers.
@@ -148,42 +147,33 @@ TEST(HostilePasting, OfAdviceRunsNoCommandOfAFile) {
         const std::vector<std::string> table = {"AutoFormat=0", "Separator=4", "OtherSeparator=" + word};
         std::vector<std::string> timed = {"DateSetting=0", "TimestampFormat=TT.MM.JJJJ" + word + "hh:mm"};
         timed.insert(timed.end(), table.begin(), table.end());
-        count += PasteAdvice(run, {With({"check", "--rejects", "rejects.csv"}, timed),
-                                   With({"check"}, table),
-                                   With({"import"}, table),
-                                   With({"import", "--guess-time"}, table),
-                                   With({"explain"}, table),
-                                   With({"import"}, {}),
-                                   With({"import", "--guess-time"}, {}),
-                                   With({"check"}, {}),
-                                   With({"explain"}, {}),
-                                   With({"import"}, {"AutoFormat=0", "FirstLine=500"}),
-                                   With({"check"}, {"AutoFormat=0", "FirstLine=500"}),
-                                   With({"import", "--no-guess"}, {}),
-                                   With({"import", "--no-guess"}, table),
-                                   With({"check", "--no-guess"}, {}),
-                                   With({"check", "--no-guess"}, table),
-                                   With({"explain", "--no-guess"}, {}),
-                                   With({"explain", "--no-guess"}, table),
-                                   With({"import"}, {"Separator=4", table[2]}),
-                                   With({"import"}, {"DateSetting=2", "TimestampFormat=[s]"}),
-                                   With({"check"}, {"DateSetting=2", "TimestampFormat=[s]"}),
-                                   With({"import"}, {"FirstLine=2"})});
+        std::vector<std::vector<std::string>> commands = {
+            With("check --rejects rejects.csv", timed), With("import --guess-time"),
+            With("import --guess-time", table), With("import", {"Separator=4", table[2]}),
+            With("import --set FirstLine=2")};
+        for (const std::string command : {"import", "check", "explain"}) {
+            for (const std::string guess : {"", " --no-guess"}) {
+                commands.push_back(With(command + guess));
+                commands.push_back(With(command + guess, table));
+            }
+            commands.push_back(With(command + " --set AutoFormat=0 --set FirstLine=500"));
+            commands.push_back(With(command + " --set DateSetting=2 --set TimestampFormat=[s]"));
+        }
+        count += PasteAdvice(run, commands);
     }
     EXPECT_GT(count, 10u) << "that much advice is given";
 }
 
 // Names above a line of units are among the options.
 TEST(HostilePasting, OfNamesRunsNoCommandOfAFile) {
-    for (const std::string word : {"';touch PWNED;'", "$(touch PWNED)", ">PWNED", "-rf",
-                                   "\x1B';touch PWNED;'", "\xE2\x80\xAE&touch PWNED"}) {
+    for (const std::string& word : WordsInFiles) {
         SCOPED_TRACE(MakeVisible(word));
         const ProgramRun run;
         run.Write("a.csv", "t\t" + word + "\ns\tV\n0\t1\n1\t2\n2\t3\n3\t4\n");
         EXPECT_NE(run({"analyze", "a.csv"}).Out.find(" --name "), std::string::npos);
-        EXPECT_GT(PasteAdvice(run, {With({"analyze"}, {}), With({"check"}, {}), With({"explain"}, {}),
-                                    With({"explain", "--no-guess"}, {})}),
-                  1u);
+        EXPECT_GT(
+            PasteAdvice(run, {With("analyze"), With("check"), With("explain"), With("explain --no-guess")}),
+            1u);
     }
 }
 

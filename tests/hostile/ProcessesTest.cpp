@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <fstream>
 
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "platform/framework/Terminal.h"
 #include "program/BytesRead.h"
 #include "program/ProgramRun.h"

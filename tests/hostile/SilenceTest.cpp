@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "host/SourceFiles.h"
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -30,10 +30,8 @@ TEST_F(HostileSilence, AFileBelowAFolderThatCantBeReadIsNamed) {
     std::filesystem::create_directories(Run.Folder.NativePath("d/e"));
     Run.Write("d/e/good.csv", DatedRows);
     std::filesystem::create_symlink("bad.csv", Run.Folder.NativePath("d/e/bad.csv"));
-    for (const std::vector<std::string>& more : {std::vector<std::string>{}, {"--jobs", "2"}}) {
-        std::vector<std::string> arguments = {"analyze", "--recursive", "d"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        const ProgramResult result = Run(arguments);
+    for (const char* const command : {"analyze --recursive d", "analyze --recursive d --jobs 2"}) {
+        const ProgramResult result = Run.Command(command);
         EXPECT_EQ(result.Status, 1);
         EXPECT_EQ(result.Err, "kelvarin-import: d/e/bad.csv: " + std::string(LoopReason) +
                                   "\nkelvarin-import: 2 files: 1 analyzed, 1 failed: d/e/bad.csv\n");
@@ -131,17 +129,13 @@ TEST_F(HostileSilence, AProfileThatCantBeReadEndsTheRun) {
 }
 
 TEST_F(HostileSilence, AProfileThatIsMissingIsNamedAndTheWorkGoesOn) {
-    for (const char* const command : {"import", "analyze", "explain", "check"}) {
-        SCOPED_TRACE(command);
-        const std::vector<std::string> all = {"--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"};
-        std::vector<std::string> with = {command, "--profile", "missing.ini"};
-        std::vector<std::string> without = {command};
-        with.insert(with.end(), all.begin(), all.end());
-        without.insert(without.end(), all.begin(), all.end());
-        const ProgramResult result = Run(with);
+    for (const std::string command : {"import", "analyze", "explain", "check"}) {
+        const std::string line = command + " --set TimestampFormat=JJJJ-MM-TT a.csv";
+        SCOPED_TRACE(line);
+        const ProgramResult result = Run.Command(line + " --profile missing.ini");
         EXPECT_EQ(result.Status, 1);
         EXPECT_EQ(result.Err, "kelvarin-import: no profile: missing.ini: No such file or directory\n");
-        EXPECT_EQ(result.Out, Run(without).Out);
+        EXPECT_EQ(result.Out, Run.Command(line).Out);
     }
     EXPECT_EQ(Run.Folder.Names(), "a.csv");
 }

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/store/SampleFile.h"
-#include "hostile/Shell.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -10,29 +10,25 @@ namespace {
 constexpr const char* FullDevice =
     "kelvarin-import: standard output can't be written: No space left on device\n";
 
-struct StreamCase {
-    std::vector<std::string> Arguments;
-};
-
 // Every command that prints anything.
-const StreamCase Printing[] = {
-    {{"import", "a.csv"}},
-    {{"import", "--json", "--samples", "all", "a.csv"}},
-    {{"import", "--json", "--jobs", "2", "a.csv", "b.csv"}},
-    {{"analyze", "a.csv"}},
-    {{"explain", "a.csv"}},
-    {{"check", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}},
-    {{"prepare", "--force", "a.csv"}},
-    {{"prepare", "--force", "--json", "a.csv"}},
-    {{"sidecar", "--json", "c.csv"}},
-    {{"sidecar", "--check", "b.csv.info"}},
-    {{"sidecar", "diff", "b.csv.info", "d.csv.info"}},
-    {{"dialog", "--script", "script.txt", "a.csv"}},
-    {{"completion", "zsh"}},
-    {{"manual"}},
-    {{"--help"}},
-    {{"import", "--help"}},
-    {{"--version"}},
+const char* const Printing[] = {
+    "import a.csv",
+    "import --json --samples all a.csv",
+    "import --json --jobs 2 a.csv b.csv",
+    "analyze a.csv",
+    "explain a.csv",
+    "check --set TimestampFormat=JJJJ-MM-TT a.csv",
+    "prepare --force a.csv",
+    "prepare --force --json a.csv",
+    "sidecar --json c.csv",
+    "sidecar --check b.csv.info",
+    "sidecar diff b.csv.info d.csv.info",
+    "dialog --script script.txt a.csv",
+    "completion zsh",
+    "manual",
+    "--help",
+    "import --help",
+    "--version",
 };
 
 class HostileStreams : public testing::Test {
@@ -47,8 +43,8 @@ class HostileStreams : public testing::Test {
 };
 
 TEST_F(HostileStreams, AFullDeviceIsAFailureOfEveryCommand) {
-    for (const StreamCase& c : Printing) {
-        const std::string command = Run.CommandLine(c.Arguments);
+    for (const char* const line : Printing) {
+        const std::string command = Run.CommandLine(Words(line));
         SCOPED_TRACE(command);
         const ShellResult result = RunShell(command + " 2>&1 >/dev/full");
         EXPECT_EQ(result.Status, 1) << result.Out;
@@ -57,8 +53,8 @@ TEST_F(HostileStreams, AFullDeviceIsAFailureOfEveryCommand) {
 }
 
 TEST_F(HostileStreams, AReaderThatHasGoneEndsEveryCommandQuietly) {
-    for (const StreamCase& c : Printing) {
-        const std::string command = Run.CommandLine(c.Arguments);
+    for (const char* const line : Printing) {
+        const std::string command = Run.CommandLine(Words(line));
         SCOPED_TRACE(command);
         // The pipe is opened for both ends, since else that would wait, and then only the writing end stays.
         const std::string pipe = "'" + Run.Folder.NativePath("pipe").string() + "'";
@@ -86,9 +82,8 @@ TEST_F(HostileStreams, ClosedOnesLeaveTheirNumbersToNoFile) {
         for (int column = 0; column < 300; ++column) wide += ";" + std::to_string(row * column);
     }
     Run.Write("wide.csv", wide + "\n");
-    const std::vector<std::string> import = {
-        "import", "--json",        "--samples", "all",  "--set",   "TimestampFormat=[s]",
-        "--set",  "DateSetting=2", "--store",   "s.h5", "wide.csv"};
+    const std::vector<std::string> import = Words(
+        "import --json --samples all --set TimestampFormat=[s] --set DateSetting=2 --store s.h5 wide.csv");
     for (const char* const closing : {"1>&-", "0<&- 1>&-", "1>&- 2>&-", "0<&- 1>&- 2>&-"}) {
         SCOPED_TRACE(closing);
         const std::string command = "(" + Run.CommandLine(import) + " " + closing + "); echo \"status $?\"";

@@ -9,8 +9,8 @@
 struct DialogScenario {
     const char* What;
     std::string File;
-    std::vector<std::string> Options;  // of the program
     std::string Script;
+    std::vector<std::string> Options = {};  // of the program
 };
 
 std::vector<DialogScenario> DialogScenarios();

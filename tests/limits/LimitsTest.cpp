@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "kit/ImportRun.h"
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -67,14 +68,10 @@ TEST(Limits, TenMillionFailingRowsDontFillTheMemory) {
     run.Write("big.csv", bytes);
     // Without a timestamp format no row has a time. A message of each would take a gibibyte and more.
     const std::string command = "ulimit -v 200000; " + run.CommandLine({"--no-guess", "big.csv"}) + " 2>&1";
-    FILE* const pipe = popen(command.c_str(), "r");
-    ASSERT_NE(pipe, nullptr);
-    std::string out;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) out.append(block, count);
-    EXPECT_EQ(pclose(pipe), 0) << out;
-    EXPECT_NE(out.find("1 from 10000000 lines"), std::string::npos) << out;
-    EXPECT_NE(out.find("(10000000 in all)"), std::string::npos) << out;
+    const ShellResult result = RunShell(command);
+    EXPECT_EQ(result.Status, 0) << result.Out;
+    EXPECT_NE(result.Out.find("1 from 10000000 lines"), std::string::npos) << result.Out;
+    EXPECT_NE(result.Out.find("(10000000 in all)"), std::string::npos) << result.Out;
 }
 
 // Changes how many files this process may have open, and back.

@@ -10,14 +10,10 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr const char* Dated = "TimestampFormat=TT.MM.JJJJ hh:mm:ss";
+const std::string Dated = " --set 'TimestampFormat=TT.MM.JJJJ hh:mm:ss' ";
 
-ProgramResult Check(const ProgramRun& run, const std::vector<std::string>& settings,
-                    std::vector<std::string> more) {
-    std::vector<std::string> arguments = {"check", "--no-guess"};
-    for (const std::string& setting : settings) arguments.insert(arguments.end(), {"--set", setting});
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return run(arguments);
+ProgramResult Check(const ProgramRun& run, const std::string& arguments) {
+    return run.Command("check --no-guess " + arguments);
 }
 
 std::string Rows(int count, int step, int perTime = 1) {
@@ -34,11 +30,10 @@ std::string Rows(int count, int step, int perTime = 1) {
 
 struct FindingCase {
     const char* Name;
-    std::string File;
-    std::vector<std::string> Settings;
-    int Status;
+    std::string File, Options;
     std::string Findings;  // kinds and, behind a colon, their lines; faults first, notes in brackets
     const char* Remedy;    // a part of one; empty: none is asked for
+    int Status = 3;
 };
 
 // "repeats (dateOrder)" for a document of the check.
@@ -54,88 +49,42 @@ std::string Kinds(const Json& document) {
 TEST(Check, FindsWhatAnImportLoses) {
     const std::string head = "Zeit;n\n";
     const FindingCase cases[] = {
-        {"clean", head + Rows(20, 1), {Dated}, 0, "(dateOrder)", ""},
-        {"no format", head + Rows(3, 1), {}, 3, "unreadable", "TimestampFormat=TT.MM.JJJJ hh:mm:ss"},
-        {"day and month exchanged",
-         head + Rows(3, 1),
-         {"TimestampFormat=MM.TT.JJJJ hh:mm:ss"},
-         3,
-         "unreadable",
-         "'TimestampFormat=TT.MM.JJJJ hh:mm:ss'"},
-        {"other mark",
-         head + "13.02.2024 8:00:00.5;1\n13.02.2024 8:00:01.5;2\n",
-         {"TimestampFormat=TT.MM.JJJJ hh:mm:ss,0"},
-         3,
-         "unreadable",
-         "hh:mm:ss.0"},
-        {"ten rows a second",
-         head + Rows(100, 1, 10),
-         {Dated},
-         3,
-         "repeats (dateOrder)",
+        {"clean", head + Rows(20, 1), Dated, "(dateOrder)", "", 0},
+        {"no format", head + Rows(3, 1), "", "unreadable", "TimestampFormat=TT.MM.JJJJ hh:mm:ss"},
+        {"day and month exchanged", head + Rows(3, 1), "--set 'TimestampFormat=MM.TT.JJJJ hh:mm:ss'",
+         "unreadable", "'TimestampFormat=TT.MM.JJJJ hh:mm:ss'"},
+        {"other mark", head + "13.02.2024 8:00:00.5;1\n13.02.2024 8:00:01.5;2\n",
+         "--set 'TimestampFormat=TT.MM.JJJJ hh:mm:ss,0'", "unreadable", "hh:mm:ss.0"},
+        {"ten rows a second", head + Rows(100, 1, 10), Dated, "repeats (dateOrder)",
          "IntervalValue=100 --set IntervalUnit=3"},
-        {"two sources", head + Rows(40, 600, 2), {Dated}, 3, "repeats (dateOrder)", "split the file"},
-        {"backwards",
-         head + "15.02.2024 8:00:00;1\n14.02.2024 8:00:00;2\n13.02.2024 8:00:00;3\n",
-         {Dated},
-         3,
-         "falls (dateOrder)",
-         "a clean copy has its rows in order: kelvarin-import prepare FILE"},
-        {"summer time ends",
-         head + "27.10.2024 2:59:00;1\n27.10.2024 2:00:00;2\n27.10.2024 3:00:00;3\n",
-         {Dated},
-         3,
-         "falls (dateOrder)",
-         "summer time"},
-        {"gap",
-         head + Rows(20, 1) + "13.02.2024 8:01:00;1\n13.02.2024 8:01:01;1\n",
-         {Dated},
-         3,
-         "gaps (dateOrder)",
-         ""},
-        {"footer",
-         head + Rows(5, 1) + "\nEnd;of data\n",
-         {Dated},
-         3,
-         "unreadableAtEnd (dateOrder) (blankLines)",
+        {"two sources", head + Rows(40, 600, 2), Dated, "repeats (dateOrder)", "split the file"},
+        {"backwards", head + "15.02.2024 8:00:00;1\n14.02.2024 8:00:00;2\n13.02.2024 8:00:00;3\n", Dated,
+         "falls (dateOrder)", "a clean copy has its rows in order: kelvarin-import prepare FILE"},
+        {"summer time ends", head + "27.10.2024 2:59:00;1\n27.10.2024 2:00:00;2\n27.10.2024 3:00:00;3\n",
+         Dated, "falls (dateOrder)", "summer time"},
+        {"gap", head + Rows(20, 1) + "13.02.2024 8:01:00;1\n13.02.2024 8:01:01;1\n", Dated,
+         "gaps (dateOrder)", ""},
+        {"footer", head + Rows(5, 1) + "\nEnd;of data\n", Dated, "unreadableAtEnd (dateOrder) (blankLines)",
          "no loss"},
-        {"empty rows", head + Rows(5, 1) + ";\n", {Dated}, 0, "(empty) (dateOrder)", ""},
-        {"refused cells",
-         head + Rows(600, 1) + "13.02.2024 9:00:00;x\n",
-         {Dated},
-         3,
-         "refusedCells gaps (dateOrder)",
-         "--reject-cells"},
-        {"words for nothing",
-         head + Rows(600, 1) + "13.02.2024 8:10:00;NaN\n",
-         {Dated},
-         3,
-         "refusedCells (dateOrder)",
-         "\"NaN\""},
-        {"interval of nothing",
-         head + Rows(3, 1),
-         {"DateSetting=2", "TimeSetting=1", "IntervalValue=0"},
-         3,
-         "noStep (interval)",
+        {"empty rows", head + Rows(5, 1) + ";\n", Dated, "(empty) (dateOrder)", "", 0},
+        {"refused cells", head + Rows(600, 1) + "13.02.2024 9:00:00;x\n", Dated,
+         "refusedCells gaps (dateOrder)", "--reject-cells"},
+        {"words for nothing", head + Rows(600, 1) + "13.02.2024 8:10:00;NaN\n", Dated,
+         "refusedCells (dateOrder)", "\"NaN\""},
+        {"interval of nothing", head + Rows(3, 1),
+         "--set DateSetting=2 --set TimeSetting=1 --set IntervalValue=0", "noStep (interval)",
          "IntervalValue=1"},
-        {"before 1990",
-         "Zeit;n\n13.02.1985 8:00:00;1\n14.02.1985 8:00:00;1\n",
-         {Dated},
-         3,
-         "before1990 (dateOrder)",
-         ""},
-        {"clock set back",
-         "Zeit;n\n12:00:00;1\n12:00:01;1\n11:00:00;1\n",
-         {"TimestampFormat=hh:mm:ss", "DateSetting=1", "StartDate=1700000000"},
-         3,
-         "doubtfulRollOvers",
+        {"before 1990", head + "13.02.1985 8:00:00;1\n14.02.1985 8:00:00;1\n", Dated,
+         "before1990 (dateOrder)", ""},
+        {"clock set back", head + "12:00:00;1\n12:00:01;1\n11:00:00;1\n",
+         "--set TimestampFormat=hh:mm:ss --set DateSetting=1 --set StartDate=1700000000", "doubtfulRollOvers",
          ""},
     };
     for (const FindingCase& c : cases) {
         SCOPED_TRACE(c.Name);
         const ProgramRun run;
         run.Write("data.csv", c.File);
-        const ProgramResult result = Check(run, c.Settings, {"--json", "data.csv"});
+        const ProgramResult result = Check(run, c.Options + " --json data.csv");
         EXPECT_EQ(result.Status, c.Status) << result.Out << result.Err;
         const Json document = Json::parse(result.Out);
         EXPECT_EQ(Kinds(document), c.Findings) << result.Out;
@@ -148,7 +97,7 @@ TEST(Check, FindsWhatAnImportLoses) {
 TEST(Check, NamesTheLinesOfTheFileAndThoseOfTheModule) {
     const ProgramRun run;
     run.Write("data.csv", "Zeit;n\n" + Rows(600, 1) + "\n\n13.02.2024 8:09:59;5\n13.02.2024 8:10:00;x\n");
-    const Json document = Json::parse(Check(run, {Dated}, {"--json", "data.csv"}).Out);
+    const Json document = Json::parse(Check(run, Dated + "--json data.csv").Out);
     EXPECT_EQ(document["blank"], 2);
     const Json& repeated = document["dropped"]["reasons"]["repeats"]["first"][0];
     EXPECT_EQ(repeated.dump(), R"({"line":604,"moduleLine":602,"text":"13.02.2024 8:09:59;5"})");
@@ -158,8 +107,7 @@ TEST(Check, NamesTheLinesOfTheFileAndThoseOfTheModule) {
 
 struct ReasonCase {
     const char* Name;
-    std::string File;
-    std::vector<std::string> Settings;
+    std::string File, Options;
     std::string Reasons;  // each with the lines of its rows
 };
 
@@ -179,24 +127,22 @@ TEST(Check, NamesTheReasonOfEveryDroppedRow) {
          "7;7\n"                    // 11: stored
          ";\n"                      // 12: empty
          "end;of data\n",           // 13: a legend
-         {"AutoFormat=0", "Separator=0", "DateSetting=2", "TimestampFormat=[ns]"},
+         "--set AutoFormat=0 --set Separator=0 --set DateSetting=2 --set TimestampFormat=[ns]",
          "empty 7 12, unreadableAtStart 2, unreadable 8, unreadableAtEnd 13, repeats 4, falls 5, outOfRange "
          "10"},
         {"dates",
          "t;n\n01.01.1970 00:00:00;1\n13.02.2024 8:00:00;2\n31.02.2024 8:00:00;3\n13.02.2024 9:00:00;4\n",
-         {Dated},
-         "unreadable 4, outOfRange 2"},
-        {"times that are counted",
-         "n\n1\n2\n\n3\n",
-         {"AutoFormat=0", "DateSetting=2", "TimeSetting=1", "IntervalValue=0"},
-         "noStep 3 5"},
-        {"no format", "t;n\n1;1\n;\n2;1\n", {"AutoFormat=0", "Separator=0"}, "empty 3, unreadable 2 4"},
+         Dated, "unreadable 4, outOfRange 2"},
+        {"times that are counted", "n\n1\n2\n\n3\n",
+         "--set AutoFormat=0 --set DateSetting=2 --set TimeSetting=1 --set IntervalValue=0", "noStep 3 5"},
+        {"no format", "t;n\n1;1\n;\n2;1\n", "--set AutoFormat=0 --set Separator=0",
+         "empty 3, unreadable 2 4"},
     };
     for (const ReasonCase& c : cases) {
         SCOPED_TRACE(c.Name);
         const ProgramRun run;
         run.Write("data.csv", c.File);
-        const Json document = Json::parse(Check(run, c.Settings, {"--json", "data.csv"}).Out);
+        const Json document = Json::parse(Check(run, c.Options + " --json data.csv").Out);
         std::string reasons;
         for (const auto& [reason, places] : document["dropped"]["reasons"].items()) {
             reasons += (reasons.empty() ? "" : ", ") + reason;
@@ -211,7 +157,7 @@ TEST(Check, FindsRowsAboveTheTable) {
     run.Write("data.csv",
               "Head\nZeit,n\n13.02.2024 8:00:00,1\n13.02.2024 8:00:01,2\n13.02.2024 8:00:02,3\nEnd\n");
     const ProgramResult lost =
-        Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=5"}, {"data.csv"});
+        Check(run, Dated + "--set AutoFormat=0 --set Separator=0 --set FirstLine=5 data.csv");
     EXPECT_EQ(lost.Status, 3);
     const std::string options =
         "--set AutoFormat=0 --set Separator=1 --set MergeSeparators=0 --set FirstLine=2 --set ImportHeader=1";
@@ -229,11 +175,11 @@ std::string Same(const std::string& text) {
     return text;
 }
 
+const std::string InLineTwo = Dated + "--set AutoFormat=0 --set Separator=0 --set FirstLine=2 ";
+
 // The samples that an import stores.
 Json ImportedSamples(const ProgramRun& run, const std::string& file) {
-    const ProgramResult result =
-        run({"import", "--no-guess", "--json", "--samples", "all", "--set", Dated, "--set", "AutoFormat=0",
-             "--set", "Separator=0", "--set", "FirstLine=2", file});
+    const ProgramResult result = run.Command("import --no-guess --json --samples all" + InLineTwo + file);
     return Json::parse(result.Out)["signals"][0]["samples"];
 }
 
@@ -245,13 +191,14 @@ TEST(Check, AdvisesAnIntervalFromTheTimeOfTheFirstRow) {
         std::string file = "Zeit;n\n";
         for (int i = 0; i < 100; ++i) file += date + " 12:00:0" + std::to_string(i / 10) + ";1\n";
         run.Write("data.csv", file);
-        const Json checked = Json::parse(Check(run, {Dated}, {"--json", "data.csv"}).Out);
+        const Json checked = Json::parse(Check(run, Dated + "--json data.csv").Out);
         std::istringstream remedy(checked["findings"][0]["remedy"].get<std::string>());
-        std::vector<std::string> options = {"--no-guess", "--json", "--samples", "1", "data.csv"};
+        std::string options = "--no-guess --json --samples 1 data.csv";
         for (std::string word; remedy >> word;) {
-            if (word.find('=') != std::string::npos) options.insert(options.end(), {"--set", word});
+            if (word.find('=') != std::string::npos) options += " --set " + word;
         }
-        EXPECT_EQ(Json::parse(run(options).Out)["signals"].back()["samples"][0][0], checked["time"]["first"]);
+        EXPECT_EQ(Json::parse(run.Command(options).Out)["signals"].back()["samples"][0][0],
+                  checked["time"]["first"]);
     }
 }
 
@@ -262,13 +209,11 @@ TEST(Rejects, AreMendedAndImportedAlone) {
         const std::string refused = "13.02.2024 9:00:02;x\r\n";
         run.Write("data.csv",
                   encode("note\r\nZeit;n\r\n" + Rows(500, 1) + bad + refused + "13.02.2024 9:00:02;4"));
-        const ProgramResult some = Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=2"},
-                                         {"--rejects", "rejects.csv", "data.csv"});
+        const ProgramResult some = Check(run, InLineTwo + "--rejects rejects.csv data.csv");
         EXPECT_EQ(some.Status, 3) << some.Err;
         EXPECT_EQ(run.Folder.Read("rejects.csv"),
                   encode("note\r\nZeit;n\r\n" + bad + "13.02.2024 9:00:02;4"));
-        Check(run, {Dated, "AutoFormat=0", "Separator=0", "FirstLine=2"},
-              {"--rejects", "rejects.csv", "--reject-cells", "data.csv"});
+        Check(run, InLineTwo + "--rejects rejects.csv --reject-cells data.csv");
         const std::string rejects = run.Folder.Read("rejects.csv");
         EXPECT_EQ(rejects, encode("note\r\nZeit;n\r\n" + bad + refused + "13.02.2024 9:00:02;4"));
 
@@ -287,11 +232,11 @@ TEST(Rejects, AreRefusedWhereTheyWouldDoHarm) {
     const std::string file = "Zeit;n\n" + Rows(2, 1);
     run.Write("a.csv", file);
     run.Write("b.csv", file);
-    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "r.csv", "a.csv", "b.csv"}).Status, 2);
-    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "a.csv", "a.csv"}).Status, 2);
+    EXPECT_EQ(Check(run, Dated + "--rejects r.csv a.csv b.csv").Status, 2);
+    EXPECT_EQ(Check(run, Dated + "--rejects a.csv a.csv").Status, 2);
     EXPECT_EQ(run.Folder.Read("a.csv"), file);
-    EXPECT_EQ(Check(run, {Dated}, {"--rejects", "no/r.csv", "a.csv"}).Status, 1);
-    EXPECT_EQ(Check(run, {Dated}, {"a.csv", "missing.csv"}).Status, 1);
+    EXPECT_EQ(Check(run, Dated + "--rejects no/r.csv a.csv").Status, 1);
+    EXPECT_EQ(Check(run, Dated + "a.csv missing.csv").Status, 1);
 }
 
 }  // namespace

@@ -9,12 +9,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string Rows(int count, const std::string& row) {
-    std::string rows;
-    for (int i = 0; i < count; ++i) rows += std::to_string(i) + row + "\n";
-    return rows;
-}
-
 TEST(Explain, TellsWhatWasTakenAndWhy) {
     const ProgramRun run;
     run.Write("a.csv", "bench 7\nt;n;v\n0;1e5;\n1;2e5;1,5\n2;3e5;x\n");
@@ -49,60 +43,6 @@ TEST(Explain, TellsWhatWasTakenAndWhy) {
               "--set 'TimestampFormat=[s]'\n");
 }
 
-struct ExplainCase {
-    std::string File;
-    std::string Kinds;    // of the warnings
-    std::string Options;  // advised; empty for none
-};
-
-std::string OptionsFor(int separator, int firstLine, int header) {
-    return "--set AutoFormat=0 --set Separator=" + std::to_string(separator) +
-           " --set MergeSeparators=0 --set FirstLine=" + std::to_string(firstLine) +
-           " --set ImportHeader=" + std::to_string(header);
-}
-
-TEST(Explain, WarnsOfSurprisesAndAdvises) {
-    const ExplainCase cases[] = {
-        // Nothing to say.
-        {"t;v\n" + Rows(9, ";1.5"), "", ""},
-        {"Lower,325\nUpper,480\n,,\nnm,A,T\n" + Rows(9, ",2.3,0.4"), "", ""},
-        // The table is elsewhere.
-        {"t,v\n" + Rows(9, ",1.5") + "end of data\n", "late-line-moves-the-table", OptionsFor(1, 1, 1)},
-        {"t,v\n" + Rows(9, ",1.5") + "\nv: volts; measured\n", "late-line-moves-the-table",
-         OptionsFor(1, 1, 1)},
-        {"it's;a;b\n" + Rows(9, ";4;5"), "quote-hides-separators names-skipped", OptionsFor(0, 1, 1)},
-        {"x,1\ntime,voltage\n" + Rows(9, ",1.5"), "preamble-taken-for-data", OptionsFor(1, 2, 1)},
-        {"t;u;p;q;r\n" + Rows(9, ";;x;x;x"), "names-taken-for-data", OptionsFor(0, 1, 1)},
-        {"t,v\n" + Rows(9, ",1.5,"), "names-skipped", OptionsFor(1, 1, 1)},
-        {"t;v\n\n" + Rows(9, ";1.5"), "empty-line-ends-the-table names-not-above-the-data",
-         OptionsFor(0, 3, 0)},
-        {"n\n" + Rows(9, ""), "",
-         "--set AutoFormat=0 --set Separator=4 --set OtherSeparator= --set MergeSeparators=0 --set "
-         "FirstLine=1 --set ImportHeader=1"},
-        // It is right, and yet.
-        {"t,v\n" + Rows(9, ",1.5") + "# restarted\n" + Rows(40, ",1.5"), "late-line-moves-the-table", ""},
-        {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), "names-not-above-the-data", OptionsFor(0, 4, 0)},
-        {"t;v\n" + Rows(9, ";1") + "\n" + Rows(9, ";2"), "empty-line-ends-the-table", ""},
-        {"t;v\n" + Rows(120, ";1") + "0;1;7\n", "more-cells-than-columns", ""},
-        {"t;v\n0;\n1;\n" + Rows(9, ";2"), "text-because-of-empty-cells", ""},
-        {"t;v\n" + Rows(3, ";1,234"), "thousands-read-as-decimals", ""},
-        {"t;v;w\n" + Rows(3, ";1.234;2,5"), "thousands-read-as-decimals", ""},
-        {"t;v;w\n" + Rows(3, ";0,234;1e5") + "0;1,2;1ea\n", "", ""},
-    };
-    for (const ExplainCase& c : cases) {
-        SCOPED_TRACE(c.File);
-        const ProgramRun run;
-        run.Write("c.csv", c.File);
-        const Json found = Json::parse(run({"explain", "--no-guess", "--json", "c.csv"}).Out);
-        std::string kinds;
-        for (const Json& warning : found["warnings"])
-            kinds += (kinds.empty() ? "" : " ") + warning["kind"].get<std::string>();
-        EXPECT_EQ(kinds, c.Kinds);
-        const std::string options = found["proposal"].is_null() ? "" : found["proposal"]["options"];
-        EXPECT_EQ(options.substr(0, options.find(" --set DateSetting")), c.Options);
-    }
-}
-
 // What the settings or a sidecar name is told beside what the analysis would take.
 TEST(Explain, KnowsWhoNamedTheFormat) {
     const ProgramRun run;
@@ -113,7 +53,10 @@ TEST(Explain, KnowsWhoNamedTheFormat) {
     EXPECT_EQ(set["why"][0],
               "The settings say so; without them it would be: separated by semicolon; header in "
               "line 1, data from line 2.");
-    EXPECT_TRUE(set["proposal"]["options"].get<std::string>().starts_with(OptionsFor(0, 1, 1))) << set;
+    EXPECT_TRUE(set["proposal"]["options"].get<std::string>().starts_with(
+        "--set AutoFormat=0 --set Separator=0 --set MergeSeparators=0 --set FirstLine=1 --set "
+        "ImportHeader=1"))
+        << set;
     EXPECT_EQ(run({"explain", "absent.csv"}).Status, 1);
 }
 

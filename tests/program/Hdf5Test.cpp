@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "kit/Shell.h"
 #include "program/ProgramRun.h"
 
 namespace {
@@ -35,15 +36,9 @@ std::string Table(int rows) {
 
 // Runs a line of the shell before the program, with both outputs. What the shell itself says is dropped:
 // under a limit it would end the shell where the log that takes it is longer.
-ProgramResult RunAfter(const std::string& line, const ProgramRun& run,
-                       const std::vector<std::string>& arguments) {
-    FILE* const pipe =
-        popen(("{ " + line + "; (" + run.CommandLine(arguments) + ") 2>&1; } 2>/dev/null").c_str(), "r");
-    ProgramResult result;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) result.Out.append(block, count);
-    result.Status = WEXITSTATUS(pclose(pipe));
-    return result;
+ShellResult RunAfter(const std::string& line, const ProgramRun& run,
+                     const std::vector<std::string>& arguments) {
+    return RunShell("{ " + line + "; (" + run.CommandLine(arguments) + ") 2>&1; } 2>/dev/null");
 }
 
 // The pieces of Python in the page about the file.
@@ -80,12 +75,9 @@ assert str(times[1]) == "1979-12-31T23:00:01.000000000", times[1]
 print(len(device), "valid" in device["Druck"], "valid" in device["n"])
 )");
     const std::string folder = run.Folder.NativePath("").string();
-    FILE* const pipe = popen(("cd '" + folder + "' && /usr/bin/python3 read.py 2>&1").c_str(), "r");
-    std::string out;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) out.append(block, count);
-    EXPECT_EQ(pclose(pipe), 0) << out;
-    EXPECT_TRUE(out.ends_with("7 True False\n")) << out;
+    const ShellResult read = RunShell("cd '" + folder + "' && /usr/bin/python3 read.py 2>&1");
+    EXPECT_EQ(read.Status, 0) << read.Out;
+    EXPECT_TRUE(read.Out.ends_with("7 True False\n")) << read.Out;
 }
 
 TEST(Hdf5, VerifyTellsWhatDiffersByStatusAndJson) {
@@ -132,16 +124,16 @@ TEST(Hdf5, KeepsTheFilesThatCouldBeImported) {
 
 TEST(Hdf5, LeavesWhatWasThereUntilItIsWhole) {
     const ProgramRun run;
-    run.Write("data.csv", Table(200'000));
+    run.Write("data.csv", Table(20'000));
     run.Write("data.h5", "before");
     // The system ends a writer, or refuses it, in the middle of the file.
     const auto arguments = Import({"--store", "data.h5", "data.csv"});
-    const ProgramResult killed = RunAfter("ulimit -f 100", run, arguments);
+    const ShellResult killed = RunAfter("ulimit -f 20", run, arguments);
     EXPECT_EQ(killed.Status, 128 + SIGXFSZ) << killed.Out;
     EXPECT_EQ(run.Folder.Names(), "data.csv data.h5") << "no rest is left";
     EXPECT_TRUE(run.Folder.Read("data.h5") == "before");
 
-    const ProgramResult refused = RunAfter("trap '' XFSZ; ulimit -f 100", run, arguments);
+    const ShellResult refused = RunAfter("trap '' XFSZ; ulimit -f 20", run, arguments);
     EXPECT_EQ(refused.Status, 1);
     EXPECT_NE(
         refused.Out.find("data.h5: can't be written: File too large; what was there before is unchanged."),

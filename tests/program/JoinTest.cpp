@@ -85,12 +85,13 @@ TEST(Join, SignalsRunOnOverTheBordersOfFiles) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.What);
         const ProgramRun run;
-        std::vector<std::string> arguments = {"import", "--join", "--json", "--samples", "all"};
+        std::string names;
         for (std::size_t i = 0; i < c.Files.size(); ++i) {
-            arguments.push_back(std::string(1, static_cast<char>('a' + i)) + ".csv");
-            run.Write(arguments.back(), c.Files[i]);
+            const std::string name = std::string(1, static_cast<char>('a' + i)) + ".csv";
+            run.Write(name, c.Files[i]);
+            names += " " + name;
         }
-        const ProgramResult result = run(arguments);
+        const ProgramResult result = run.Command("import --join --json --samples all" + names);
         ASSERT_EQ(result.Status, 0) << result.Err;
         const Json document = Json::parse(result.Out);
         EXPECT_EQ(Summary(document), c.Summary);
@@ -101,31 +102,25 @@ TEST(Join, SignalsRunOnOverTheBordersOfFiles) {
 TEST(Join, RefusesFilesThatDontFollowEachOther) {
     const std::string day = DayOf(5, 10, {"1", "2", "3"});
     const struct {
-        std::vector<std::string> Options;
+        std::string Options;
         const char* Second;
         int Status;
         const char* Error;
     } cases[] = {
-        {{},
-         "When;y\n2024-05-06 10:00:00;1\n2024-05-06 10:00:01;2\n",
-         1,
+        {"", "When;y\n2024-05-06 10:00:00;1\n2024-05-06 10:00:01;2\n", 1,
          "b.csv: not like the files that it is to be joined with: column 2 is \"y\", not \"x\""},
-        {{}, "", 1, "b.csv: not like the files that it is to be joined with: no table was found in it"},
-        {{"--no-guess", "--set", "TimestampFormat=JJJJ-MM-TT hh:mm:ss"},
-         "When;x\n2024-05-06 10:00:00;1e-3\n2024-05-06 10:00:01;2.5\n",
-         1,
+        {"", "", 1, "b.csv: not like the files that it is to be joined with: no table was found in it"},
+        {"--no-guess --set 'TimestampFormat=JJJJ-MM-TT hh:mm:ss'",
+         "When;x\n2024-05-06 10:00:00;1e-3\n2024-05-06 10:00:01;2.5\n", 1,
          "b.csv: the first file has no signal 'Spalte 2' of this type"},
-        {{"--jobs", "2"}, "", 2, "--join reads its files in one process; leave --jobs out"},
+        {"--jobs 2", "", 2, "--join reads its files in one process; leave --jobs out"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Error);
         const ProgramRun run;
         run.Write("a.csv", day);
         run.Write("b.csv", c.Second);
-        std::vector<std::string> arguments = {"import", "--join"};
-        arguments.insert(arguments.end(), c.Options.begin(), c.Options.end());
-        arguments.insert(arguments.end(), {"a.csv", "b.csv"});
-        const ProgramResult result = run(arguments);
+        const ProgramResult result = run.Command("import --join a.csv b.csv " + c.Options);
         EXPECT_EQ(result.Status, c.Status);
         EXPECT_EQ(result.Out, "");
         EXPECT_EQ(result.Err, std::string("kelvarin-import: ") + c.Error + "\n");

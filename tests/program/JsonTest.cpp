@@ -9,13 +9,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const std::vector<std::string> FixedMoments = {"--set", "StartDate=1700000000", "--set", "AdjustTime=-5"};
-
-std::vector<std::string> With(std::vector<std::string> arguments, const std::vector<std::string>& more) {
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return arguments;
-}
-
 TEST(Json, ImportDocumentHoldsEverySampleTypeAndMessage) {
     const ProgramRun run;
     run.Write("all.csv",
@@ -46,18 +39,17 @@ TEST(Json, SamplesAreLimitedAndLeftOutUnlessAskedFor) {
     std::string file = "n\n";
     for (int i = 0; i < 300; ++i) file += std::to_string(i) + "\n";
     run.Write("n.csv", file);
-    const std::vector<std::string> common = {"--json",        "--set", "TimeSetting=1", "--set",
-                                             "DateSetting=2", "--set", "AutoFormat=0",  "n.csv"};
-    const Json two = Json::parse(run(With(common, {"--samples", "2"})).Out);
+    const std::string common = "--json --set TimeSetting=1 --set DateSetting=2 --set AutoFormat=0 n.csv";
+    const Json two = Json::parse(run.Command(common + " --samples 2").Out);
     EXPECT_EQ(two["signals"][0]["samples"].dump(), "[[315529200000000000,0],[315529201000000000,1]]");
     EXPECT_EQ(two["signals"][0]["count"], 300);
     EXPECT_EQ(two["progress"].dump(), "[26,63,99]") << "percentages at lines 100, 200 and 300";
-    const Json none = Json::parse(run(common).Out);
+    const Json none = Json::parse(run.Command(common).Out);
     EXPECT_FALSE(none["signals"][0].contains("samples"));
 }
 
 struct MessagesCase {
-    std::vector<std::string> Options;
+    std::string Options;
     std::size_t Listed;
     int LeftOut;  // -1: the key is absent
 };
@@ -74,20 +66,17 @@ TEST(Json, MessagesAreLimitedAndTheRestCounted) {
     run.Write("five.csv", file(5));
     run.Write("many.csv", file(10'001));
     const MessagesCase cases[] = {
-        {{"five.csv"}, 5, -1},
-        {{"--messages", "0", "five.csv"}, 0, 5},
-        {{"--messages", "4", "five.csv"}, 4, 1},
-        {{"--messages", "5", "five.csv"}, 5, -1},
-        {{"--messages=6", "five.csv"}, 5, -1},
-        {{"--messages", "all", "five.csv"}, 5, -1},
-        {{"--messages", "0", "none.csv"}, 0, -1},
-        {{"many.csv"}, 10'000, 1},
-        {{"--messages", "all", "many.csv"}, 10'001, -1},
+        {"five.csv", 5, -1},
+        {"--messages 0 five.csv", 0, 5},
+        {"--messages=4 five.csv", 4, 1},
+        {"--messages 0 none.csv", 0, -1},
+        {"many.csv", 10'000, 1},
+        {"--messages all many.csv", 10'001, -1},
     };
     for (const MessagesCase& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.Options));
+        SCOPED_TRACE(c.Options);
         const Json document =
-            Json::parse(run(With({"--json", "--set", "TimestampFormat=JJJJ-MM-TT"}, c.Options)).Out);
+            Json::parse(run.Command("--json --set TimestampFormat=JJJJ-MM-TT " + c.Options).Out);
         ASSERT_EQ(document["messages"].size(), c.Listed);
         EXPECT_EQ(document.value("messagesLeftOut", -1), c.LeftOut);
         // The first ones are kept, and they begin with line 3.
@@ -100,19 +89,18 @@ TEST(Json, MessagesAreLimitedInEveryProcess) {
     const ProgramRun run;
     const std::string file = "t;v\n2024-02-01;1\n2024-02-01;2\n2024-02-01;3\n";
     for (const char* const name : {"a.csv", "b.csv", "c.csv"}) run.Write(name, file);
-    const std::vector<std::string> import = {
-        "--json", "--set", "TimestampFormat=JJJJ-MM-TT", "--messages", "1", "a.csv", "b.csv", "c.csv"};
-    const ProgramResult alone = run(import);
-    EXPECT_EQ(run(With({"--jobs", "2"}, import)).Out, alone.Out);
+    const std::string import = "--json --set TimestampFormat=JJJJ-MM-TT --messages 1 a.csv b.csv c.csv";
+    const ProgramResult alone = run.Command(import);
+    EXPECT_EQ(run.Command(import + " --jobs 2").Out, alone.Out);
     EXPECT_NE(alone.Out.find("\"messagesLeftOut\":1,"), std::string::npos) << alone.Out;
 }
 
 TEST(Json, AnalyzeDocumentHoldsEveryField) {
     const ProgramRun run;
     run.Write("a.csv", "preamble\nt;v\n0,5;1 V\n1,5;2 V\n");
-    const ProgramResult result = run(With({"analyze", "--json", "--set", "IntervalValue=inf", "--set",
-                                           "OtherSeparator=|", "--set", "DateSetting=9", "a.csv"},
-                                          FixedMoments));
+    const ProgramResult result = run.Command(
+        "analyze --json --set IntervalValue=inf --set OtherSeparator=| --set DateSetting=9 a.csv "
+        "--set StartDate=1700000000 --set AdjustTime=-5");
     EXPECT_EQ(result.Status, 0) << result.Err;
     Json document = Json::parse(result.Out);
     EXPECT_EQ(document["settings"]["Description"].get<std::string>().substr(0, 14), "Importiert am ");

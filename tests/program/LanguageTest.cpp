@@ -6,23 +6,17 @@
 TEST(Language, DecidesTextsAndFormatLetters) {
     ProgramRun run;
     run.Write("a.csv", "t;n\n01.02.2024 10:00:00;1.5\n01.02.2024 10:00:01;x\n");
-    struct Case {
-        std::vector<std::string> Arguments;
-        std::string Format;
-        std::string Expected;
+    const std::string german = "--set 'TimestampFormat=TT.MM.JJJJ hh:mm:ss' ";
+    const std::string english = "--set 'TimestampFormat=DD.MM.YYYY hh:mm:ss' ";
+    const std::pair<std::string, const char*> cases[] = {
+        {german, "\"name\":\"Spalte 2\""},
+        {german + "--language de", "\"count\":2"},
+        {english + "--language en", "\"name\":\"Column 2\""},
+        {english + "--language=en", "\"count\":2"},
+        {german + "--language en", "No valid timestamp could be imported or generated"},
     };
-    const Case cases[] = {
-        {{}, "TT.MM.JJJJ hh:mm:ss", "\"name\":\"Spalte 2\""},
-        {{"--language", "de"}, "TT.MM.JJJJ hh:mm:ss", "\"count\":2"},
-        {{"--language", "en"}, "DD.MM.YYYY hh:mm:ss", "\"name\":\"Column 2\""},
-        {{"--language=en"}, "DD.MM.YYYY hh:mm:ss", "\"count\":2"},
-        {{"--language", "en"}, "TT.MM.JJJJ hh:mm:ss", "No valid timestamp could be imported or generated"},
-    };
-    for (const Case& c : cases) {
-        std::vector<std::string> arguments = {"import", "--json", "--set", "TimestampFormat=" + c.Format};
-        arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
-        arguments.push_back("a.csv");
-        const ProgramResult result = run(arguments);
-        EXPECT_NE(result.Out.find(c.Expected), std::string::npos) << c.Expected << " in " << result.Out;
+    for (const auto& [options, expected] : cases) {
+        const ProgramResult result = run.Command("import --json a.csv " + options);
+        EXPECT_NE(result.Out.find(expected), std::string::npos) << expected << " in " << result.Out;
     }
 }

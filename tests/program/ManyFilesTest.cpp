@@ -26,16 +26,9 @@ TEST(ManyFiles, PatternsKnowStarsAndQuestionMarks) {
     }
 }
 
-// The names that a text report begins with: its lines that are not indented.
-std::string Headings(const std::string& report) {
-    std::string names;
-    for (std::size_t begin = 0; begin < report.size();) {
-        const std::size_t end = report.find('\n', begin);
-        if (report[begin] != ' ') names += report.substr(begin, end - begin) + " ";
-        begin = end + 1;
-    }
-    std::replace(names.begin(), names.end(), '\\', '/');
-    return names;
+std::string WithStrokes(std::string paths) {
+    std::replace(paths.begin(), paths.end(), '\\', '/');
+    return paths;
 }
 
 class Folders : public testing::Test {
@@ -53,15 +46,14 @@ class Folders : public testing::Test {
 
 TEST_F(Folders, StandForTheirTablesWithOneSummary) {
     const ProgramResult flat = Run({"import", "--guess-time", "d"});
-    EXPECT_EQ(Headings(flat.Out), "d/a.TXT d/b.csv ");
+    EXPECT_EQ(WithStrokes(Headings(flat.Out)), "d/a.TXT|d/b.csv|");
     EXPECT_EQ(flat.Status, 1);
-    std::string errors = flat.Err;
-    std::replace(errors.begin(), errors.end(), '\\', '/');
-    EXPECT_EQ(errors,
+    EXPECT_EQ(WithStrokes(flat.Err),
               "kelvarin-import: d/empty.csv: the file is empty\n"
               "kelvarin-import: 3 files: 2 imported, 1 failed: d/empty.csv; 3 samples\n");
-    EXPECT_EQ(Headings(Run({"analyze", "--recursive", "d"}).Out), "d/a.TXT d/b.csv d/deep/e.csv ");
-    EXPECT_EQ(Headings(Run({"analyze", "d*/*/?.csv", "d/[b].csv"}).Out), "d/deep/e.csv ");
+    const auto headings = [&](const char* line) { return WithStrokes(Headings(Run.Command(line).Out)); };
+    EXPECT_EQ(headings("analyze --recursive d"), "d/a.TXT|d/b.csv|d/deep/e.csv|");
+    EXPECT_EQ(headings("analyze d*/*/?.csv d/[b].csv"), "d/deep/e.csv|");
     EXPECT_EQ(Run({"analyze", "none*.csv"}).Status, 1);
 }
 
@@ -83,7 +75,7 @@ TEST_F(Folders, InSeveralProcessesSayTheSameInTheSameOrder) {
 
 // Every command walks its files in one way: it does all of them, and the worst outcome counts wherever it is.
 struct WalkCase {
-    std::vector<std::string> Arguments;
+    const char* Arguments;
     int Status;
     const char* Summary;  // the last line on standard error begins so; empty: there is none
 };
@@ -95,26 +87,21 @@ TEST_F(Folders, GiveTheWorstStatusWhateverTheCommand) {
     ASSERT_EQ(Run({"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "a.csv"}).Status, 0);
     Run.Write("bad.info", "<CSV-INFO");
     const WalkCase cases[] = {
-        {{"explain", "a.csv", "b.csv"}, 0, ""},
-        {{"explain", "missing.csv", "a.csv"}, 1, ""},
-        {{"explain", "--recursive", "d"}, 1, "kelvarin-import: 4 files: 3 explained, 1 failed: "},
-        {{"analyze", "missing.csv", "a.csv"}, 1, ""},
-        {{"sidecar", "--check", "bad.info", "a.csv.info"}, 1, ""},
-        {{"sidecar", "--check", "a.csv.info", "bad.info"}, 1, ""},
-        {{"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "missing.csv", "a.csv"}, 1, ""},
-        {{"sidecar", "--force", "--set", "TimestampFormat=JJJJ-MM-TT", "?.csv"},
-         0,
-         "kelvarin-import: 2 files: 2 written"},
-        {{"sidecar", "apply", "--force", "a.csv.info", "b.csv"},
-         0,
-         "kelvarin-import: 1 files: 1 with the sidecar"},
-        {{"sidecar", "apply", "--force", "a.csv.info", "other.csv", "b.csv"},
-         1,
+        {"explain a.csv b.csv", 0, ""},
+        {"explain missing.csv a.csv", 1, ""},
+        {"explain --recursive d", 1, "kelvarin-import: 4 files: 3 explained, 1 failed: "},
+        {"analyze missing.csv a.csv", 1, ""},
+        {"sidecar --check bad.info a.csv.info", 1, ""},
+        {"sidecar --check a.csv.info bad.info", 1, ""},
+        {"sidecar --force --set TimestampFormat=JJJJ-MM-TT missing.csv a.csv", 1, ""},
+        {"sidecar --force --set TimestampFormat=JJJJ-MM-TT ?.csv", 0, "kelvarin-import: 2 files: 2 written"},
+        {"sidecar apply --force a.csv.info b.csv", 0, "kelvarin-import: 1 files: 1 with the sidecar"},
+        {"sidecar apply --force a.csv.info other.csv b.csv", 1,
          "kelvarin-import: 2 files: 1 with the sidecar, 1 failed: other.csv"},
     };
     for (const WalkCase& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.Arguments));
-        const ProgramResult result = Run(c.Arguments);
+        SCOPED_TRACE(c.Arguments);
+        const ProgramResult result = Run.Command(c.Arguments);
         EXPECT_EQ(result.Status, c.Status) << result.Err;
         EXPECT_NE(result.Out, "") << "the good file is done";
         const std::size_t line = result.Err.rfind("kelvarin-import: ");
@@ -126,20 +113,15 @@ TEST_F(Folders, GiveTheWorstStatusWhateverTheCommand) {
 
 // A file that fails outweighs findings, which outweigh a clean one; in one process as in several.
 TEST_F(Folders, AreCheckedWithTheWorstStatusOfAll) {
-    const std::vector<std::string> check = {"check", "--set", "TimestampFormat=JJJJ-MM-TT"};
     // Two files: processes that check one at the same time would shut each other out.
     for (const char* const name : {"clean.csv", "clean too.csv"})
         Run.Write(name, "t;v\n2024-02-01;1\n2024-02-02;2\n2024-02-03;3\n");
     Run.Write("falls.csv", "t;v\n2024-02-03;1\n2024-02-02;2\n2024-02-01;3\n");
-    for (const char* const jobs : {"--jobs=1", "--jobs=2"}) {
-        const auto statusOf = [&](std::vector<std::string> files) {
-            files.insert(files.begin(), check.begin(), check.end());
-            files.insert(files.end(), jobs);
-            return Run(files).Status;
-        };
-        EXPECT_EQ(statusOf({"clean.csv", "clean too.csv"}), 0) << jobs;
-        EXPECT_EQ(statusOf({"falls.csv", "clean.csv"}), 3) << jobs;
-        EXPECT_EQ(statusOf({"d/empty.csv", "falls.csv"}), 1) << jobs;
+    for (const std::string jobs : {"1 ", "2 "}) {
+        const std::string check = "check --set TimestampFormat=JJJJ-MM-TT --jobs " + jobs;
+        EXPECT_EQ(Run.Command(check + "clean.csv 'clean too.csv'").Status, 0) << jobs;
+        EXPECT_EQ(Run.Command(check + "falls.csv clean.csv").Status, 3) << jobs;
+        EXPECT_EQ(Run.Command(check + "d/empty.csv falls.csv").Status, 1) << jobs;
     }
 }
 

@@ -105,23 +105,31 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
     const struct {
         const char* About;
         const char* Text;
-        const char* First;  // time in the copy
+        const char* First;          // time in the copy
+        const char* Head = "Time";  // of the times in the copy for people
     } cases[] = {
         {"date and clock",
          "Datum;Zeit;v\n31.12.2023;23:59:59,5;1\n01.01.2024;00:00:00;2\n01.01.2024;00:00:00,5;3\n",
          "2023-12-31 23:59:59.500000000"},
+        {"24:00 is the next day", "t;v\n31.12.2023 24:00;1\n01.01.2024 01:00;2\n01.01.2024 02:00;3\n",
+         "2024-01-01 00:00:00.000000000"},
+        {"before 1970", "t;v\n31.12.1969 23:59:59,5;1\n01.01.1970 00:00:00;2\n01.01.1970 00:00:00,5;3\n",
+         "1969-12-31 23:59:59.500000000"},
+        {"a clock over midnight", "Clock;v\n23:59:59;1\n00:00:01;2\n00:00:03;2\n", "86399.000000000",
+         "Time [s]"},
+        {"microseconds", "t [us];v\n1.5;1\n2000000;2\n3000000;3\n", "0.000001500", "Time [s]"},
         {"seconds in the range of days of a spreadsheet",
-         "Time [s],v\n45000.5,1\n45000.75,2\n45001,3\n45001.25,4\n", "45000.500000000"},
+         "Time [s],v\n45000.5,1\n45000.75,2\n45001,3\n45001.25,4\n", "45000.500000000", "Time [s]"},
         {"milliseconds since 1970",
          "t,v\n1706702400123,1.5\n1706702400124,2\n1706702400125,3\n1706702400126,4\n",
-         "1706702400.123000000"},
+         "1706702400.123000000", "Time [s since 1970]"},
         {"seconds since 1970, long ago", "s since 1970,v\n-1000,1\n-999,2\n-998,3\n-997,4\n",
-         "-1000.000000000"},
+         "-1000.000000000", "Time [s since 1970]"},
         {"a zone that changes",
          "time,v\n2024-10-27T02:30:00+02:00,1\n2024-10-27T02:45:00+02:00,2\n2024-10-27T02:00:00+01:00,3\n"
          "2024-10-27T02:15:00+01:00,4\n",
-         "1729989000.000000000"},
-        {"before a trigger", "Time (ms);v\n-500;1,5\n0;2\n500;3,5\n1000;4\n", "0.000000000"},
+         "1729989000.000000000", "Time [s since 1970]"},
+        {"before a trigger", "Time (ms);v\n-500;1,5\n0;2\n500;3,5\n1000;4\n", "0.000000000", "Time [s]"},
         {"newest first",
          "t;v\n04.02.2024 10:00;1\n03.02.2024 10:00;2\n02.02.2024 10:00;3\n13.01.2024 10:00;4\n",
          "2024-01-13 10:00:00.000000000"},
@@ -131,7 +139,7 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
          "2024-02-13 10:00:00.000000000"},
         {"bytes in one column",
          "Time (s),id,length,data\n0.1,1,5,01 02 03 04 05\n0.2,2,5,06 07 08 09 0A\n0.3,1,5,0B 0C 0D 0E 0F\n",
-         "0.100000000"},
+         "0.100000000", "Time [s]"},
         {"a header in each block",
          "t,v\n2024-02-01 10:00,1\n2024-02-01 10:01,2\nt,v\n2024-02-01 10:02,1\n2024-02-01 10:03,2\n",
          "2024-02-01 10:00:00.000000000"},
@@ -145,6 +153,8 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
         const std::string times = TimesOf(run.Folder.Path("a.csv"));
         EXPECT_EQ(times.substr(3, std::string(c.First).size()), c.First);
         EXPECT_EQ(TimesOf(run.Folder.Path("a.csv.prepared.csv")), times);
+        const std::string copy = Shown(run.Folder.Read("a.csv.prepared.csv"));
+        EXPECT_EQ(copy.substr(0, copy.find('|')), c.Head);
     }
 }
 
@@ -178,10 +188,9 @@ TEST(Prepare, IsReadByTheModule) {
     run.Write("a.csv",
               "t;v;w\n31.01.2024 12:00:01;1,5;x y\n31.01.2024 12:00:00;2,5;z\n31.01.2024 12:00:02;3,5;z\n");
     ASSERT_EQ(run({"prepare", "a.csv"}).Status, 0);
-    const ProgramResult result =
-        run({"import", "--json", "--samples", "all", "--set", "TimestampFormat=JJJJ-MM-TT hh:mm:ss.000000000",
-             "--set", "DateColumn=1", "--set", "TimeColumn=1", "--set", "DateSetting=0", "--set",
-             "TimeSetting=0", "a.csv.prepared.csv"});
+    const ProgramResult result = run.Command(
+        "--json --samples all --set 'TimestampFormat=JJJJ-MM-TT hh:mm:ss.000000000' --set DateColumn=1 "
+        "--set TimeColumn=1 --set DateSetting=0 --set TimeSetting=0 a.csv.prepared.csv");
     ASSERT_EQ(result.Status, 0) << result.Err;
     const Json signals = Json::parse(result.Out)["signals"];
     ASSERT_EQ(signals.size(), 2u);
@@ -192,32 +201,19 @@ TEST(Prepare, IsReadByTheModule) {
 
 TEST(Prepare, RefusesWithReasonAndRemedy) {
     const struct {
-        const char* About;
-        std::vector<std::string> Arguments;
+        std::string Arguments;
         int Status;
         const char* Complaint;  // a part of it
     } cases[] = {
-        {"no file", {"none.csv"}, 1, "none.csv: "},
-        {"an empty file", {"empty.csv"}, 1, "empty.csv: the file is empty"},
-        {"no table", {"prose.txt"}, 1, "prose.txt: no table was found"},
-        {"no times", {"timeless.csv"}, 1, "timeless.csv: no times were found"},
-        {"a copy that is there",
-         {"kept.csv"},
-         1,
-         "kept.csv.prepared.csv exists already; --force replaces it"},
-        {"itself",
-         {"good.csv", "-o", "good.csv"},
-         2,
-         "good.csv: this file is read, and would be overwritten"},
-        {"one copy of two files",
-         {"good.csv", "kept.csv", "-o", "x.csv"},
-         2,
-         "--output names the copy of one file"},
-        {"settings", {"--set", "FirstLine=3", "good.csv"}, 2, "leave --set out"},
-        {"no folder",
-         {"good.csv", "-o", "nowhere/x.csv"},
-         1,
-         "good.csv: the copy can't be made: nowhere/x.csv: "},
+        {"none.csv", 1, "none.csv: "},
+        {"empty.csv", 1, "empty.csv: the file is empty"},
+        {"prose.txt", 1, "prose.txt: no table was found"},
+        {"timeless.csv", 1, "timeless.csv: no times were found"},
+        {"kept.csv", 1, "kept.csv.prepared.csv exists already; --force replaces it"},
+        {"good.csv -o good.csv", 2, "good.csv: this file is read, and would be overwritten"},
+        {"good.csv kept.csv -o x.csv", 2, "--output names the copy of one file"},
+        {"--set FirstLine=3 good.csv", 2, "leave --set out"},
+        {"good.csv -o nowhere/x.csv", 1, "good.csv: the copy can't be made: nowhere/x.csv: "},
     };
     const ProgramRun run;
     run.Write("empty.csv", "");
@@ -228,10 +224,8 @@ TEST(Prepare, RefusesWithReasonAndRemedy) {
     run.Write("kept.csv.prepared.csv", "mine");
     const std::string names = run.Folder.Names();
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.About);
-        std::vector<std::string> arguments = {"prepare", "--language", "en"};
-        arguments.insert(arguments.end(), c.Arguments.begin(), c.Arguments.end());
-        const ProgramResult result = run(arguments);
+        SCOPED_TRACE(c.Arguments);
+        const ProgramResult result = run.Command("prepare --language en " + c.Arguments);
         EXPECT_EQ(result.Status, c.Status);
         EXPECT_NE(result.Err.find(c.Complaint), std::string::npos) << result.Err;
         EXPECT_EQ(result.Out, "");

@@ -94,10 +94,9 @@ TEST(Sidecar, TellsWhereTwoDiffer) {
 }
 
 // The lines that an import reads, and every sample.
-std::string Samples(const ProgramRun& run, std::vector<std::string> settings) {
-    settings.insert(settings.begin(), {"import", "--no-guess", "--json", "--samples", "all"});
-    settings.push_back("a.csv");
-    const Json document = Json::parse(run(settings).Out, nullptr, false);
+std::string Samples(const ProgramRun& run, const std::string& options) {
+    const ProgramResult result = run.Command("import --no-guess --json --samples all a.csv" + options);
+    const Json document = Json::parse(result.Out, nullptr, false);
     return document["lines"].dump() + " " + document["signals"].dump();
 }
 
@@ -105,51 +104,31 @@ TEST(Sidecar, ReadsTheLinesThatAnImportReadsNow) {
     struct Case {
         const char* What;
         const char* Bytes;
-        std::vector<std::string> Settings;
+        std::string Options;
     };
-    const std::vector<std::string> relative = {"--set", "DateSetting=2", "--set", "TimestampFormat=[s]"};
+    const std::string byHand = " --set AutoFormat=0 --set ImportHeader=0 --set Separator=";
     const Case cases[] = {
-        {"no header", "1;10\n2;20\n3;30\n", {}},
-        {"no header, some lines down", "a\nb\n1;10\n2;20\n3;30\n", {}},
-        {"a header", "t;v\n1;10\n2;20\n", {}},
-        {"a header, some lines down", "a\n\nt;v\n1;10\n2;20\n", {}},
-        {"no header, by hand",
-         "0;5\n1;10\n2;20\n3;30\n",
-         {"--set", "AutoFormat=0", "--set", "Separator=0", "--set", "FirstLine=2", "--set",
-          "ImportHeader=0"}},
-        {"no header, first line by hand",
-         "1;10\n2;20\n",
-         {"--set", "AutoFormat=0", "--set", "Separator=0", "--set", "FirstLine=-7", "--set",
-          "ImportHeader=0"}},
-        {"a separator that XML escapes",
-         "1<10\n2<20\n",
-         {"--set", "AutoFormat=0", "--set", "Separator=4", "--set", "OtherSeparator=<", "--set",
-          "ImportHeader=0"}},
-        {"a tab as another separator",
-         "1\t10\n2\t20\n",
-         {"--set", "AutoFormat=0", "--set", "Separator=4", "--set", "OtherSeparator=\t", "--set",
-          "ImportHeader=0"}},
-        {"a separator of two characters, one of which counts",
-         "1a10\n2a20\n",
-         {"--set", "AutoFormat=0", "--set", "Separator=4", "--set", "OtherSeparator=ab", "--set",
-          "ImportHeader=0"}},
+        {"no header", "1;10\n2;20\n3;30\n", ""},
+        {"no header, some lines down", "a\nb\n1;10\n2;20\n3;30\n", ""},
+        {"a header", "t;v\n1;10\n2;20\n", ""},
+        {"a header, some lines down", "a\n\nt;v\n1;10\n2;20\n", ""},
+        {"no header, by hand", "0;5\n1;10\n2;20\n3;30\n", byHand + "0 --set FirstLine=2"},
+        {"no header, first line by hand", "1;10\n2;20\n", byHand + "0 --set FirstLine=-7"},
+        {"a separator that XML escapes", "1<10\n2<20\n", byHand + "4 --set OtherSeparator=<"},
+        {"a tab as another separator", "1\t10\n2\t20\n", byHand + "4 --set OtherSeparator=\t"},
+        {"two characters, one of which counts", "1a10\n2a20\n", byHand + "4 --set OtherSeparator=ab"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.What);
         const ProgramRun run;
         run.Write("a.csv", c.Bytes);
-        std::vector<std::string> settings = c.Settings;
-        settings.insert(settings.end(), relative.begin(), relative.end());
-        const std::string before = Samples(run, settings);
+        const std::string options = c.Options + " --set DateSetting=2 --set TimestampFormat=[s]";
+        const std::string before = Samples(run, options);
         EXPECT_NE(before.find(R"("count":)"), std::string::npos) << before;
-        std::vector<std::string> write = settings;
-        write.insert(write.begin(), "sidecar");
-        write.push_back("a.csv");
-        EXPECT_EQ(run(write).Err, "");
-        EXPECT_EQ(Samples(run, {}), before);
-        write.insert(write.begin() + 1, "--force");
-        EXPECT_EQ(run(write).Err, "");
-        EXPECT_EQ(Samples(run, {}), before) << "written once more";
+        for (const std::string command : {"sidecar a.csv", "sidecar --force a.csv"}) {
+            EXPECT_EQ(run.Command(command + options).Err, "");
+            EXPECT_EQ(Samples(run, ""), before) << command;
+        }
     }
 }
 
@@ -170,30 +149,24 @@ TEST(Sidecar, StaysAsItIsWithoutForce) {
 }
 
 TEST(Sidecar, IsNotWrittenWithWhatItCantHold) {
-    struct Case {
-        std::vector<std::string> Settings;
-        const char* Reason;
+    const std::string other = "no sidecar can say this separator: it would be read as another";
+    const std::pair<std::string, std::string> cases[] = {
+        {"OtherSeparator=\x1F", "no XML can hold the value of SEPARATOR"},
+        {"OtherSeparator=\xEF\xBF\xBE", "no XML can hold the value of SEPARATOR"},
+        {"TimestampFormat=TT\x01", "no XML can hold the value of TIMESTAMP-FORMAT"},
+        {"OtherSeparator=-->", other},
+        {"OtherSeparator=", other},
     };
-    const Case cases[] = {
-        {{"Separator=4", "OtherSeparator=\x1F"}, "no XML can hold the value of SEPARATOR"},
-        {{"Separator=4", "OtherSeparator=\xEF\xBF\xBE"}, "no XML can hold the value of SEPARATOR"},
-        {{"TimestampFormat=TT\x01"}, "no XML can hold the value of TIMESTAMP-FORMAT"},
-        {{"Separator=4", "OtherSeparator=-->"},
-         "no sidecar can say this separator: it would be read as another"},
-        {{"Separator=4", "OtherSeparator="},
-         "no sidecar can say this separator: it would be read as another"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.Settings.back());
+    for (const auto& [setting, reason] : cases) {
+        SCOPED_TRACE(setting);
         const ProgramRun run;
         run.Write("a.csv", Data);
-        std::vector<std::string> arguments = {"sidecar", "--set", "AutoFormat=0"};
-        for (const std::string& setting : c.Settings) arguments.insert(arguments.end(), {"--set", setting});
-        arguments.push_back("a.csv");
-        const ProgramResult refused = run(arguments);
+        const std::string separator = setting[0] == 'O' ? "4" : "0";
+        const ProgramResult refused = run.Command(
+            "sidecar a.csv --set AutoFormat=0 --set Separator=" + separator + " --set " + setting);
         EXPECT_EQ(refused.Status, 1);
         EXPECT_EQ(refused.Out, "");
-        EXPECT_EQ(refused.Err, std::string("kelvarin-import: a.csv: ") + c.Reason + "\n");
+        EXPECT_EQ(refused.Err, "kelvarin-import: a.csv: " + reason + "\n");
         EXPECT_EQ(run.Folder.Names(), "a.csv");
     }
 }

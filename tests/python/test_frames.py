@@ -4,7 +4,6 @@ from __future__ import annotations
 
 import sys
 import tracemalloc
-from dataclasses import dataclass
 from typing import Any, Optional
 
 import numpy
@@ -18,151 +17,67 @@ HOUR = 3600 * 10**9
 BIG = 2**63 - 1
 
 
-@dataclass
-class Case:
-    name: str
-    signals: list[FakeSignal]
-    times: list[int]
-    columns: dict[str, list[Any]]
-    dtypes: list[str]
-
-
-JOINS = [
-    Case(
-        "one axis",
-        [signal("a", [1.5, None], [0, 1]), signal("b", [3, 4], [0, 1], "i8")],
-        [0, 1],
-        {"a": [1.5, None], "b": [3, 4]},
-        ["float64", "int64"],
-    ),
-    Case(
-        "holes in whole numbers stay exact",
-        [signal("a", [BIG, None, -BIG], [0, 1, 2], "i8"), signal("b", [2**64 - 1, None, 0], [0, 1, 2], "u8")],
-        [0, 1, 2],
-        {"a": [BIG, None, -BIG], "b": [2**64 - 1, None, 0]},
-        ["Int64", "UInt64"],
-    ),
-    Case(
-        "holes in truth values and texts",
-        [signal("a", [True, None], [0, 1], "?"), signal("b", ["", None], [0, 1], "O")],
-        [0, 1],
-        {"a": [True, None], "b": ["", None]},
-        ["boolean", "object"],
-    ),
-    Case(
-        "a mask without holes is none",
-        [FakeSignal("a", numpy.array([1, 2]), numpy.array([0, 1], "M8[ns]"), mask=numpy.array([False, False]),
-                    utc=numpy.array([0, 1], "M8[ns]"))],
-        [0, 1],
-        {"a": [1, 2]},
-        ["int64"],
-    ),
-    Case(
-        "different rates",
-        [signal("fast", [0, 1, 2, 3], [0, 1, 2, 3], "i8"), signal("slow", [0.5, 2.5], [0, 2])],
-        [0, 1, 2, 3],
-        {"fast": [0, 1, 2, 3], "slow": [0.5, None, 2.5, None]},
-        ["int64", "float64"],
-    ),
-    Case(
-        "times of both between each other, every type",
-        [
-            signal("i", [BIG, 7], [0, 2], "i8"),
-            signal("u", [2**64 - 1], [1], "u8"),
-            signal("b", [True], [3], "?"),
-            signal("t", ["x"], [1], "O"),
-            signal("f", [1e300], [2]),
-        ],
-        [0, 1, 2, 3],
-        {
-            "i": [BIG, None, 7, None],
-            "u": [None, 2**64 - 1, None, None],
-            "b": [None, None, None, True],
-            "t": [None, "x", None, None],
-            "f": [None, None, 1e300, None],
-        },
-        ["Int64", "UInt64", "boolean", "object", "float64"],
-    ),
-    Case(
-        "instants a nanosecond apart are two",
-        [signal("a", [1.0], [10**18]), signal("b", [2.0], [10**18 + 1])],
-        [10**18, 10**18 + 1],
-        {"a": [1.0, None], "b": [None, 2.0]},
-        ["float64", "float64"],
-    ),
-    Case(
-        "repeated times on one axis",
-        [signal("a", [1, 2, 3], [0, 0, 1], "i8")],
-        [0, 0, 1],
-        {"a": [1, 2, 3]},
-        ["int64"],
-    ),
-    Case(
-        "repeated times on two axes",
-        [signal("a", [1, 2, 3], [0, 0, 1], "i8"), signal("b", [4, 5], [0, 1], "i8")],
-        [0, 0, 1],
-        {"a": [1, 2, 3], "b": [4, None, 5]},
-        ["int64", "Int64"],
-    ),
-    Case(
-        "times that fall on one axis keep their order",
-        [signal("a", [1, 2, 3], [5, 9, 6], "i8")],
-        [5, 9, 6],
-        {"a": [1, 2, 3]},
-        ["int64"],
-    ),
-    Case(
-        "times that fall on two axes",
-        [signal("a", [1, 2, 3], [5, 9, 6], "i8"), signal("b", [4, 5], [9, 5], "i8")],
-        [5, 9, 5, 6],
-        {"a": [1, 2, None, 3], "b": [None, 4, 5, None]},
-        ["Int64", "Int64"],
-    ),
-    Case(
-        "a signal without samples",
-        [signal("a", [1.0], [4]), signal("b", [], [], "i8")],
-        [4],
-        {"a": [1.0], "b": [None]},
-        ["float64", "Int64"],
-    ),
-    Case(
-        "names that are there twice",
-        [signal("a", [1.0], [0]), signal("a (2)", [2.0], [0]), signal("a", [3.0], [0])],
-        [0],
-        {"a": [1.0], "a (2)": [2.0], "a (3)": [3.0]},
-        ["float64"] * 3,
-    ),
-    Case("no signals", [], [], {}, []),
+# What it is, the signals, the times of the rows, the columns and their dtypes.
+JOINS: list[tuple[str, list[FakeSignal], list[int], dict[str, list[Any]], list[str]]] = [
+    ("one axis", [signal("a", [1.5, None], [0, 1]), signal("b", [3, 4], [0, 1], "i8")],
+     [0, 1], {"a": [1.5, None], "b": [3, 4]}, ["float64", "int64"]),
+    ("holes in whole numbers stay exact",
+     [signal("a", [BIG, None, -BIG], [0, 1, 2], "i8"), signal("b", [2**64 - 1, None, 0], [0, 1, 2], "u8")],
+     [0, 1, 2], {"a": [BIG, None, -BIG], "b": [2**64 - 1, None, 0]}, ["Int64", "UInt64"]),
+    ("holes in truth values and texts", [signal("a", [True, None], [0, 1], "?"), signal("b", ["", None], [0, 1], "O")],
+     [0, 1], {"a": [True, None], "b": ["", None]}, ["boolean", "object"]),
+    ("a mask without holes is none",
+     [FakeSignal("a", numpy.array([1, 2]), numpy.array([0, 1], "M8[ns]"), mask=numpy.array([False, False]),
+                 utc=numpy.array([0, 1], "M8[ns]"))], [0, 1], {"a": [1, 2]}, ["int64"]),
+    ("different rates",
+     [signal("fast", [0, 1, 2, 3], [0, 1, 2, 3], "i8"), signal("slow", [0.5, 2.5], [0, 2])],
+     [0, 1, 2, 3], {"fast": [0, 1, 2, 3], "slow": [0.5, None, 2.5, None]}, ["int64", "float64"]),
+    ("times of both between each other, every type",
+     [signal("i", [BIG, 7], [0, 2], "i8"), signal("u", [2**64 - 1], [1], "u8"), signal("b", [True], [3], "?"),
+      signal("t", ["x"], [1], "O"), signal("f", [1e300], [2])],
+     [0, 1, 2, 3],
+     {"i": [BIG, None, 7, None], "u": [None, 2**64 - 1, None, None], "b": [None, None, None, True],
+      "t": [None, "x", None, None], "f": [None, None, 1e300, None]},
+     ["Int64", "UInt64", "boolean", "object", "float64"]),
+    ("instants a nanosecond apart are two", [signal("a", [1.0], [10**18]), signal("b", [2.0], [10**18 + 1])],
+     [10**18, 10**18 + 1], {"a": [1.0, None], "b": [None, 2.0]}, ["float64", "float64"]),
+    ("repeated times on one axis", [signal("a", [1, 2, 3], [0, 0, 1], "i8")], [0, 0, 1], {"a": [1, 2, 3]}, ["int64"]),
+    ("repeated times on two axes", [signal("a", [1, 2, 3], [0, 0, 1], "i8"), signal("b", [4, 5], [0, 1], "i8")],
+     [0, 0, 1], {"a": [1, 2, 3], "b": [4, None, 5]}, ["int64", "Int64"]),
+    ("times that fall on one axis keep their order",
+     [signal("a", [1, 2, 3], [5, 9, 6], "i8")], [5, 9, 6], {"a": [1, 2, 3]}, ["int64"]),
+    ("times that fall on two axes", [signal("a", [1, 2, 3], [5, 9, 6], "i8"), signal("b", [4, 5], [9, 5], "i8")],
+     [5, 9, 5, 6], {"a": [1, 2, None, 3], "b": [None, 4, 5, None]}, ["Int64", "Int64"]),
+    ("a signal without samples", [signal("a", [1.0], [4]), signal("b", [], [], "i8")],
+     [4], {"a": [1.0], "b": [None]}, ["float64", "Int64"]),
+    ("names that are there twice", [signal("a", [1.0], [0]), signal("a (2)", [2.0], [0]), signal("a", [3.0], [0])],
+     [0], {"a": [1.0], "a (2)": [2.0], "a (3)": [3.0]}, ["float64"] * 3),
+    ("no signals", [], [], {}, []),
 ]
 
 
-@pytest.mark.parametrize("case", JOINS, ids=lambda case: case.name)
-def test_frame_has_each_sample_in_its_row(case: Case) -> None:
-    frame = to_pandas(FakeRun(*case.signals))
-    assert frame.index.view("i8").tolist() == case.times
-    assert {name: column(frame, name) for name in frame.columns} == case.columns
-    assert [str(dtype) for dtype in frame.dtypes] == case.dtypes
+@pytest.mark.parametrize("name, signals, times, columns, dtypes", JOINS, ids=[case[0] for case in JOINS])
+def test_frame_has_each_sample_in_its_row(
+    name: str, signals: list[FakeSignal], times: list[int], columns: dict[str, list[Any]], dtypes: list[str]
+) -> None:
+    frame = to_pandas(FakeRun(*signals))
+    assert frame.index.view("i8").tolist() == times
+    assert {name: column(frame, name) for name in frame.columns} == columns
+    assert [str(dtype) for dtype in frame.dtypes] == dtypes
 
 
-@dataclass
-class ZoneCase:
-    tz: Optional[str]
-    index: list[str]
-
-
-ZONES = [
-    ZoneCase(None, ["1970-01-01T01:00:00", "1970-01-01T02:00:00"]),
-    ZoneCase("UTC", ["1970-01-01T00:00:00+00:00", "1970-01-01T01:00:00+00:00"]),
-    ZoneCase("Asia/Tokyo", ["1970-01-01T09:00:00+09:00", "1970-01-01T10:00:00+09:00"]),
+ZONES: list[tuple[Optional[str], list[str]]] = [
+    (None, ["1970-01-01T01:00:00", "1970-01-01T02:00:00"]),
+    ("UTC", ["1970-01-01T00:00:00+00:00", "1970-01-01T01:00:00+00:00"]),
+    ("Asia/Tokyo", ["1970-01-01T09:00:00+09:00", "1970-01-01T10:00:00+09:00"]),
 ]
 
 
-@pytest.mark.parametrize("case", ZONES, ids=lambda case: str(case.tz))
-def test_index_is_the_clock_of_the_zone(case: ZoneCase) -> None:
+@pytest.mark.parametrize("tz, index", ZONES)
+def test_index_is_the_clock_of_the_zone(tz: Optional[str], index: list[str]) -> None:
     run = FakeRun(signal("a", [1.0, 2.0], [0, HOUR], clock_ahead=HOUR))
-    assert [time.isoformat() for time in to_pandas(run, tz=case.tz).index] == case.index
-    clock = [time[:19] for time in case.index]
-    assert [str(time)[:19] for time in to_xarray(run, tz=case.tz)["time"].values] == clock
+    assert [time.isoformat() for time in to_pandas(run, tz=tz).index] == index
+    assert [str(time)[:19] for time in to_xarray(run, tz=tz)["time"].values] == [time[:19] for time in index]
 
 
 def test_hour_that_comes_twice_is_joined_by_instants() -> None:
@@ -218,30 +133,24 @@ def test_data_is_copied_once() -> None:
     assert len(frame) == len(times) and size <= peak < 1.1 * size, f"{peak} bytes for {size}"
 
 
-@dataclass
-class VariableCase:
-    name: str
-    signal: FakeSignal
-    dtype: str
-    values: list[Any]
-
-
-VARIABLES = [
-    VariableCase("plain whole numbers", signal("a", [1, BIG], [0, 1], "i8"), "int64", [1, BIG]),
-    VariableCase("holes, exact as floats", signal("a", [2**53, None], [0, 1], "i8"), "float64", [2.0**53, None]),
-    VariableCase("holes, not exact as floats", signal("a", [BIG, None], [0, 1], "i8"), "object", [BIG, None]),
-    VariableCase("holes in truth values", signal("a", [True, None], [0, 1], "?"), "object", [True, None]),
-    VariableCase("holes in texts", signal("a", ["x", None], [0, 1], "O"), "object", ["x", None]),
-    VariableCase("holes in floats", signal("a", [0.1, None], [0, 1]), "float64", [0.1, None]),
-    VariableCase("nothing but holes", signal("a", [None, None], [0, 1], "i8"), "float64", [None, None]),
+VARIABLES: list[tuple[str, list[Any], str, str, list[Any]]] = [
+    ("plain whole numbers", [1, BIG], "i8", "int64", [1, BIG]),
+    ("holes, exact as floats", [2**53, None], "i8", "float64", [2.0**53, None]),
+    ("holes, not exact as floats", [BIG, None], "i8", "object", [BIG, None]),
+    ("holes in truth values", [True, None], "?", "object", [True, None]),
+    ("holes in texts", ["x", None], "O", "object", ["x", None]),
+    ("holes in floats", [0.1, None], "f8", "float64", [0.1, None]),
+    ("nothing but holes", [None, None], "i8", "float64", [None, None]),
 ]
 
 
-@pytest.mark.parametrize("case", VARIABLES, ids=lambda case: case.name)
-def test_variable_has_no_wrong_number(case: VariableCase) -> None:
-    variable = to_xarray(FakeRun(case.signal))["a"]
-    assert str(variable.dtype) == case.dtype
-    assert [None if pandas.isna(value) else value for value in variable.values.tolist()] == case.values
+@pytest.mark.parametrize("name, given, dtype, wanted, values", VARIABLES, ids=[case[0] for case in VARIABLES])
+def test_variable_has_no_wrong_number(
+    name: str, given: list[Any], dtype: str, wanted: str, values: list[Any]
+) -> None:
+    variable = to_xarray(FakeRun(signal("a", given, [0, 1], dtype)))["a"]
+    assert str(variable.dtype) == wanted
+    assert [None if pandas.isna(value) else value for value in variable.values.tolist()] == values
 
 
 def test_data_set_has_a_dimension_for_each_axis() -> None:

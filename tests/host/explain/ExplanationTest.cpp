@@ -60,7 +60,10 @@ struct WarningCase {
 TEST(Explanation, WarnsAndAdvises) {
     const WarningCase cases[] = {
         {"t;v\n" + Rows(9, ";1.5"), {}, ""},
+        {"Lower,325\nUpper,480\n,,\nnm,A,T\n" + Rows(9, ",2.3,0.4"), {}, ""},
+        {"n\n" + Rows(9, ""), {}, "4 1 1"},
         {"t,v\n" + Rows(9, ",1.5") + "end\n", {"late-line-moves-the-table"}, "1 1 1"},
+        {"t,v\n" + Rows(9, ",1.5") + "\nv: volts; measured\n", {"late-line-moves-the-table"}, "1 1 1"},
         {"t,v\n" + Rows(9, ",1.5") + "# note\n" + Rows(40, ",1.5"), {"late-line-moves-the-table"}, "copy"},
         {"it's;a;b\n" + Rows(9, ";4;5"), {"quote-hides-separators", "names-skipped"}, "0 1 1"},
         {"x,1\ntime,voltage\n" + Rows(9, ",1.5"), {"preamble-taken-for-data"}, "1 2 1"},
@@ -71,6 +74,10 @@ TEST(Explanation, WarnsAndAdvises) {
         {"t;v\nTS;m\n;Avg\n" + Rows(9, ";1.5"), {"names-not-above-the-data"}, "0 4 0"},
         {"t;v\n" + Rows(120, ";1") + "0;1;7\n", {"more-cells-than-columns"}, ""},
         {"t;v\n" + Rows(120, ";1") + "0;1;\n", {}, ""},
+        {"t;v\n0;\n1;\n" + Rows(9, ";2"), {"text-because-of-empty-cells"}, ""},
+        {"t;v\n" + Rows(3, ";1,234"), {"thousands-read-as-decimals"}, ""},
+        {"t;v;w\n" + Rows(3, ";1.234;2,5"), {"thousands-read-as-decimals"}, ""},
+        {"t;v;w\n" + Rows(3, ";0,234;1e5") + "0;1,2;1ea\n", {}, ""},
     };
     for (const WarningCase& c : cases) {
         SCOPED_TRACE(c.File);

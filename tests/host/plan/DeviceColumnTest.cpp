@@ -5,8 +5,7 @@
 
 #include <string>
 
-#include "kit/Workdir.h"
-#include "platform/framework/Text.h"
+#include "host/plan/CopyKit.h"
 
 namespace {
 
@@ -15,18 +14,7 @@ using namespace kelvarin::plan;
 // "column: device device", or "none". Rows of seconds, two names and an integer, after a header.
 std::string DevicesOf(const std::string& rows) {
     const Workdir folder;
-    ReadingPlan plan;
-    plan.How.Separator = u';';
-    plan.Width = 4;
-    plan.NamesLine = 1;
-    plan.FirstLine = 2;
-    plan.Columns = {{u"t", u"", ColumnType::Float, true},
-                    {u"a", u"", ColumnType::Text, false},
-                    {u"b", u"", ColumnType::Text, false},
-                    {u"n", u"", ColumnType::Integer, false}};
-    plan.Times.emplace();
-    plan.Times->Recipe.Kind = TimeKind::Number;
-    plan.Times->Recipe.Columns = {0};
+    const ReadingPlan plan = copies::PlanOf("t@ a#t b#t n#i", copies::Number(copies::OneSecond));
     const auto found = FindDeviceColumn(folder.Write("a.csv", "t;a;b;n\n" + rows), plan);
     if (!found) return "none";
     std::string text = std::to_string(found->Column) + ":";

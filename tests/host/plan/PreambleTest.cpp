@@ -19,6 +19,14 @@ std::int64_t At(int year, int month, int day, std::int64_t clock = 0) {
     return DaysSince1970(year, month, day) * DayLength + clock;
 }
 
+// What the lines above a table tell.
+PreambleClues CluesIn(const std::string& lines) {
+    const FileSample sample = SampleOf(lines + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
+    const std::optional<FoundTable> table = FindTable(sample);
+    EXPECT_TRUE(table) << lines;
+    return table ? ReadPreamble(sample, *table) : PreambleClues();
+}
+
 struct ClueCase {
     const char* Lines;  // above a table
     std::int64_t Start, Interval;
@@ -61,10 +69,7 @@ TEST(PlanPreamble, NamesStartAndInterval) {
     };
     for (const ClueCase& c : cases) {
         SCOPED_TRACE(c.Lines);
-        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
-        const std::optional<FoundTable> table = FindTable(sample);
-        ASSERT_TRUE(table);
-        const PreambleClues clues = ReadPreamble(sample, *table);
+        const PreambleClues clues = CluesIn(c.Lines);
         EXPECT_EQ(clues.Start.value_or(Unknown), c.Start);
         EXPECT_EQ(clues.Interval.value_or(Unknown), c.Interval);
     }
@@ -78,12 +83,7 @@ TEST(PlanPreamble, NamesAYear) {
     const YearCase cases[] = {
         {"Year: 2022\n", 2022}, {"# log of 2023\n", 2023}, {"Serial 20231\n", 0}, {"Nr. 1234\n", 0}, {"", 0},
         {"01.02.2024\n", 2024}};
-    for (const YearCase& c : cases) {
-        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
-        const std::optional<FoundTable> table = FindTable(sample);
-        ASSERT_TRUE(table) << c.Lines;
-        EXPECT_EQ(ReadPreamble(sample, *table).Year.value_or(0), c.Year) << c.Lines;
-    }
+    for (const YearCase& c : cases) EXPECT_EQ(CluesIn(c.Lines).Year.value_or(0), c.Year) << c.Lines;
 }
 
 TEST(PlanPreamble, DeclaresMissingValuesAndUnits) {
@@ -105,10 +105,7 @@ TEST(PlanPreamble, DeclaresMissingValuesAndUnits) {
         {"Druck (ms)\n", "", Unknown},
     };
     for (const DeclaredCase& c : cases) {
-        const FileSample sample = SampleOf(std::string(c.Lines) + "\na;b;c\n1;2;3\n2;2;3\n3;2;3\n4;2;3\n");
-        const std::optional<FoundTable> table = FindTable(sample);
-        ASSERT_TRUE(table) << c.Lines;
-        const PreambleClues clues = ReadPreamble(sample, *table);
+        const PreambleClues clues = CluesIn(c.Lines);
         EXPECT_EQ(Utf16ToUtf8(clues.Missing), c.Missing) << c.Lines;
         EXPECT_EQ(clues.TimeUnit.value_or(Unknown), c.TimeUnit) << c.Lines;
     }

@@ -19,90 +19,6 @@ std::string Joined(const std::vector<std::u16string_view>& cells) {
     return text;
 }
 
-std::string Shown(CellLook look) {
-    constexpr const char* Names[] = {"other", "decimal", "empty", "signed", "0", "1"};
-    const auto index = static_cast<std::size_t>(look);
-    const auto whole = static_cast<std::size_t>(CellLook::Whole);
-    return index < whole ? Names[index] : std::to_string(index - whole) + " digits";
-}
-
-TEST(QuickCut, SeesWhatACellIs) {
-    const struct {
-        const char* Cell;
-        const char* Look;
-    } cases[] = {
-        {"", "empty"},
-        {"  ", "empty"},
-        {"0", "0"},
-        {"1", "1"},
-        {"7", "1 digits"},
-        {"00", "2 digits"},
-        {" 123456789 ", "9 digits"},
-        {"123456789012345678", "18 digits"},
-        {"-5", "signed"},
-        {"+0", "signed"},
-        {"1,5", "decimal"},
-        {"-0,25", "decimal"},
-        {"12345678901234567890,5", "decimal"},
-        // Looked at more closely.
-        {"1234567890123456789", "other"},
-        {"-1234567890123456789", "other"},
-        {"1.5", "other"},
-        {",5", "other"},
-        {"-,5", "other"},
-        {"5,", "other"},
-        {"1,5,2", "other"},
-        {"1-5", "other"},
-        {"--5", "other"},
-        {"-", "other"},
-        {",", "other"},
-        {"1e5", "other"},
-        {"1 5", "other"},
-        {"\xC4\xB0", "other"},  // its low byte is a zero's
-        {"\xE2\x82\xAC", "other"},
-    };
-    for (const auto& c : cases) {
-        for (const int before : {0, 55, 60, 63, 64, 120}) {
-            SCOPED_TRACE("\"" + std::string(c.Cell) + "\" after " + std::to_string(before));
-            QuickCut quick({u';', false, false}, u',');
-            const std::u16string line =
-                std::u16string(static_cast<std::size_t>(before), u'x') + u";" + Utf8ToUtf16(c.Cell) + u";9";
-            ASSERT_TRUE(quick(line));
-            ASSERT_EQ(quick.Cells().size(), 3u);
-            EXPECT_EQ(Shown(quick.LookAt(1)), c.Look);
-        }
-    }
-}
-
-TEST(QuickCut, CutsQuotedCells) {
-    const struct {
-        const char16_t* Line;  // after some cell
-        const char* Cells;
-    } cases[] = {
-        {u"\"a;b\";c", "<a;b><c>"},
-        {u"\"\";c", "<><c>"},
-        {u"c;\"\"", "<c><>"},
-        {u"\" a ; b \"", "<a ; b>"},
-        {u"\"a\";\"b;;\";\";\"", "<a><b;;><;>"},
-        {u"\"1,5\";-7", "<1,5><-7>"},
-        {u"\"a\" ;b", "<a><b>"},
-        {u" \"a;b\";c", "<a;b><c>"},
-        {u"5\";6\"", "<5\"><6\">"},
-        {u"a\"b;c\"d", "<a\"b><c\"d>"},
-        {u"\"x;y\";5\"", "<x;y><5\">"},
-    };
-    for (const auto& c : cases) {
-        for (const std::size_t before : {0u, 1u, 57u, 58u, 59u, 60u, 61u, 62u, 63u, 120u, 125u, 126u, 127u}) {
-            SCOPED_TRACE(Utf16ToUtf8(c.Line) + " after " + std::to_string(before));
-            QuickCut quick({u';', false, false}, u',');
-            const std::u16string line = std::u16string(before, u'x') + u";" + c.Line;
-            ASSERT_TRUE(quick(line));
-            EXPECT_EQ(Joined(quick.Cells()), "<" + std::string(before, 'x') + ">" + c.Cells);
-            EXPECT_FALSE(quick.IsTight());
-        }
-    }
-}
-
 TEST(QuickCut, LeavesRareLinesToTheOtherWay) {
     const struct {
         Cut How;
@@ -121,56 +37,29 @@ TEST(QuickCut, LeavesRareLinesToTheOtherWay) {
     }
 }
 
-// Cells of any kind with any separators between them.
+// Cells of any kind with any separators between them, at any place of the line.
 class AnyLines {
   public:
     std::u16string Next(char16_t separator) {
-        static const std::u16string Parts[] = {
-            u"0",
-            u"1",
-            u"12",
-            u"-7",
-            u"1,5",
-            u"2.25",
-            u"-3,5",
-            u"1.234,5",
-            u"",
-            u"",
-            u" ",
-            u"  4  ",
-            u"\t",
-            u"12345678901",
-            u"\"6,5\"",
-            u"\"a b\"",
-            u"on",
-            u"off",
-            u"NaN",
-            u"--",
-            u"12,3 V",
-            u"0x1F",
-            u"2E",
-            u"abc",
-            u"1e5",
-            u"Halle 3",
-            u"\u00FC",
-            u"\u20AC 5",
-            u"\"x;y\"",
-            u"\u0130",
-            u"-999",
-            u"-999,0",
-            u"-1 V",
-            u"0xD7E2D2",
-            u"\"0xAB\"",
-            u"5\"",
-            u"\"a\"\"b\"",
-            u"\"a",
-            u"\"a\" b",
-            u"\"a long text; with separators; in quotes, that fills more than one mask of a line\""};
-        std::u16string line;
+        constexpr std::size_t Plain = 12;  // parts that most cells are
+        static const std::u16string parts[] = {
+            u"0", u"1", u"7", u"12", u"-7", u"1,5", u"-3,5", u"2,25", u"", u"  4  ", u"3 ", u"\"6,5\"", u"00",
+            u"+5", u"2.25", u"1.234,5", u",5", u"5,", u"-,5", u"1,5,2", u"1-5", u"--5", u"-",
+            u"123456789012345678", u"1234567890123456789", u"-999", u"-999,0", u"", u" ", u"\t", u"\"\"",
+            u"\"a b\"", u"on", u"off", u"NaN", u"--", u"abc", u"1e5", u"Halle 3", u"\u00FC", u"\u20AC 5",
+            u"\u0130", u"\"x;y\"", u"\" a ; b \"", u"5\"", u"a\"b", u"\"a\"\"b\"", u"\"a", u"\"a\" b",
+            u"\"a long text; with separators; in quotes, that fills more than one mask of a line\"",
+            // Amounts of several units, and what looks like them.
+            u"12,3 V", u"-1 V", u"+5 V", u"5V", u"7 V", u"5  V", u"5,V", u"5 mV", u"V", u" V", u"-V",
+            u"NaN V", u"5 A", u"5A", u"12A", u"-5 A", u"5 E3", u"5E3", u"0 x1", u"0x1", u"1'000 V",
+            // Hexadecimal numbers.
+            u"0x1F", u"0x3f", u"0xABC", u"0xD7E2D2", u"0x00000001", u"0xFEDCBA9876543210", u"0x", u"0xG",
+            u"0x12345678901234567", u"\"0xAB\"", u"2E"};
+        std::u16string line = Any(4) != 0 ? u"" : std::u16string(Any(70), u'x') + separator;
         const std::size_t count = Any(12);
         for (std::size_t i = 0; i < count; ++i) {
             if (i > 0) line += std::u16string(Any(8) == 0 ? 2 : 1, separator);
-            line += Parts[Any(std::size(Parts))];
+            line += parts[Any(Any(2) == 0 ? Plain : std::size(parts))];
         }
         return line;
     }
@@ -195,7 +84,23 @@ TEST(QuickCut, CutsAsLineCutterDoes) {
             ++taken;
             ASSERT_EQ(Joined(quick.Cells()), Joined(plain(line))) << Utf16ToUtf8(line);
         }
-        EXPECT_GT(taken, 700u) << static_cast<int>(how.Separator);
+        EXPECT_GT(taken, 600u) << static_cast<int>(how.Separator);
+    }
+}
+
+// Quotes and blanks at each place of a mask.
+TEST(QuickCut, CutsAsLineCutterDoesAtEachPlace) {
+    constexpr Cut how{u';', false, false};
+    QuickCut quick(how, u',');
+    LineCutter plain(how);
+    for (std::size_t before = 0; before < 130; ++before) {
+        for (const char16_t* const rest : {u"\"a;b\";c", u"\"a\" b;c", u" \"a;b\" ;c", u"c;\"\"", u"5\";6\"",
+                                           u"\"a\"\"b\";c", u" a ; b "}) {
+            const std::u16string line = std::u16string(before, u'x') + u";" + rest;
+            if (quick(line)) {
+                EXPECT_EQ(Joined(quick.Cells()), Joined(plain(line))) << Utf16ToUtf8(line);
+            }
+        }
     }
 }
 
@@ -226,30 +131,33 @@ CopiedRows CopyOf(const ReadingPlan& plan, CopyLayout layout, bool isQuick) {
 }
 
 TEST(QuickCut, GivesTheRowsOfThePlainWay) {
+    constexpr ColumnType Float = ColumnType::Float;
+    constexpr Cut BySemicolons{u';', false, false};
     const struct {
         Cut How;
         char16_t Mark;
         const char16_t* Missing;
+        const char16_t* Unit;
         std::vector<ColumnType> Types;
         std::size_t TimeColumn;
     } cases[] = {
-        {{u';', false, false}, u',', u"", {ColumnType::Float, ColumnType::Float, ColumnType::Text}, 0},
-        {{u';', false, false}, u'.', u"", {ColumnType::Float, ColumnType::Text, ColumnType::Boolean}, 1},
-        {{u'\t', false, false},
-         u',',
-         u"",
-         {ColumnType::Integer, ColumnType::Character, ColumnType::Float},
-         2},
-        {{u' ', true, false}, u'.', u"", {ColumnType::Float, ColumnType::Hexadecimal, ColumnType::Float}, 1},
-        {{u';', false, false}, u',', u"-999", {ColumnType::Float, ColumnType::Text, ColumnType::Float}, 0},
-        {{u',', false, false}, u'.', u"", {ColumnType::Float}, 1},
+        {BySemicolons, u',', u"", u"V", {Float, Float, ColumnType::Text}, 0},
+        {BySemicolons, u'.', u"", u"V", {Float, ColumnType::Text, ColumnType::Boolean}, 1},
+        {{u'\t', false, false}, u',', u"", u"V", {ColumnType::Integer, ColumnType::Character, Float}, 2},
+        {{u' ', true, false}, u'.', u"", u"V", {Float, ColumnType::Hexadecimal, Float}, 1},
+        {BySemicolons, u',', u"-999", u"V", {Float, ColumnType::Text, Float}, 0},
+        {{u',', false, false}, u'.', u"", u"V", {Float}, 1},
+        {BySemicolons, u'.', u"", u"A", {Float, Float, Float}, 3},
+        {BySemicolons, u'.', u"", u"E3", {Float, Float}, 2},
+        {BySemicolons, u'.', u"", u"x1", {Float, ColumnType::Hexadecimal}, 2},
+        {BySemicolons, u'.', u"", u"", {ColumnType::Hexadecimal, ColumnType::Text}, 2},
     };
     for (const auto& c : cases) {
         ReadingPlan plan;
         plan.How = c.How;
         plan.Mark = c.Mark;
         plan.Missing = c.Missing;
-        for (const ColumnType type : c.Types) plan.Columns.push_back({u"", u"V", type, false, false});
+        for (const ColumnType type : c.Types) plan.Columns.push_back({u"", c.Unit, type, false, false});
         if (c.TimeColumn < plan.Columns.size()) plan.Columns[c.TimeColumn].IsTime = true;
         for (const CopyLayout layout : {CopyLayout::InPlace, CopyLayout::ForPeople}) {
             SCOPED_TRACE(&c - cases);

@@ -39,11 +39,7 @@ TEST(TextMemo, RemembersLettersAndAFewWords) {
         EXPECT_EQ(ofWords.Find(other), nullptr) << word.size();
         EXPECT_EQ(ofWords.Find(word + u"x"), nullptr) << word.size();
     }
-}
-
-TEST(TextMemo, LeavesLongTexts) {
-    TextMemo memo;
-    EXPECT_EQ(memo.Find(std::u16string(65, u'x')), nullptr);
+    EXPECT_EQ(memo.Find(std::u16string(65, u'x')), nullptr) << "too long";
     EXPECT_EQ(memo.Place(), nullptr);
 }
 

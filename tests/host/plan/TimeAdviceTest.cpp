@@ -33,6 +33,11 @@ TEST(TimeAdvice, NamesTheTimesOfTheTableThatWasRead) {
          days},
         {Days, u"TT.MM.JJJJ",
          "no row fits the timestamp format 'TT.MM.JJJJ'; date in column 1 (\"t\") (certain)", days},
+        {"n;t;v\nx;0,5;1\nx;0,75;2\nx;1,25;3\n",
+         u"",
+         "no row has a timestamp, since no timestamp format is set; elapsed seconds in column 2 (\"t\") (a "
+         "guess)",
+         {{"DateSetting", "2"}, {"TimeSetting", "0"}, {"TimeColumn", "2"}, {"TimestampFormat", "[s],000"}}},
         {"name;v\na;3\nb;2\n",
          u"",
          "no row has a timestamp, since no timestamp format is set; no column holds times: a row every 1 s "

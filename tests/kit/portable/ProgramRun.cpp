@@ -1,9 +1,8 @@
 #include "program/ProgramRun.h"
 
-#include <sys/wait.h>
-
 #include <cstdio>
-#include <cstdlib>
+
+#include "kit/Shell.h"
 
 namespace {
 
@@ -38,14 +37,8 @@ std::string ProgramRun::CommandLine(const std::vector<std::string>& arguments) c
 
 ProgramResult ProgramRun::operator()(const std::vector<std::string>& arguments) const {
     const std::string errors = Folder.NativePath("stderr.txt").string();
-    ProgramResult result;
-    FILE* const pipe = popen((CommandLine(arguments) + " 2>" + Quoted(errors)).c_str(), "r");
-    if (pipe == nullptr) return result;
-    char block[4096];
-    while (const std::size_t count = fread(block, 1, sizeof block, pipe)) result.Out.append(block, count);
-    const int status = pclose(pipe);
-    result.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
-    result.Err = Folder.Read("stderr.txt");
+    const ShellResult ended = RunShell(CommandLine(arguments) + " 2>" + Quoted(errors));
+    const ProgramResult result{ended.Status, ended.Out, Folder.Read("stderr.txt")};
     std::remove(errors.c_str());
     return result;
 }

@@ -1,153 +1,117 @@
 """Devices of the laboratory: balances, chromatographs, readers, analysers of heat and acid."""
 
-from kit.layout import Axis, Column, File, elapsed, header, layout, table
-from kit.numbers import fixed, quoted, scientific, words
-from kit.signals import counting, growing, held, significant, smooth, with_gaps
-from kit.times import HOUR, MINUTE, MS, SECOND, amount, every, moment, printed, span, stamp, uneven
+from kit import signals
+from kit.columns import counting, evenly, gaps, growing, held, same, significant, smooth, time
+from kit.layout import Axis, Column, elapsed, layout
+from kit.numbers import comma, fixed, scientific, words
+from kit.times import CLOCK, DATED, DAY_FIRST, HOUR, MINUTE, MS, SECOND, amount, moment, printed, span, stamp, uneven
+
+RULE = "+-------+-----------+------------------+-------------------+--------+"
 
 
-@layout("L68-balance-unit-cells.txt", "balance: signs parted from the number by blanks, unit in the cell, no header")
-def balance(random, rows):
-    times = every(moment("2023-05-04 10:00:00"), 2 * SECOND, rows)
-    columns = [Column("", times, show=stamp("{D:02}.{M:02}.{Y}")),
-               Column("", times, show=stamp("{h:02}:{m:02}:{s:02}")),
-               Column("", smooth(random, rows, -3, 220, 4), "float", "g",
-                      lambda value: f"{'-' if value < 0 else '+'} {abs(value):9.4f} g"),
-               Column("", held(random, rows, ["S", "D"]), "character")]
-    return File(table(columns, "\t"), columns, [Axis(times)], "no header", end="\r\n")
+def viscometer_lines(table, body):
+    mean = sum(table.columns[4].values) / table.rows
+    return ["Rotational test", "", RULE, "| Point | Time [s] | Shear Rate [1/s] | Viscosity [mPa·s] | Status |", RULE,
+            *(row.removeprefix(" ") for row in body), RULE, f"| mean | | | {mean:.1f} | |"]
 
 
-@layout("L69-chromatogram-sections.txt",
-        "chromatograph: sections with titles, minutes and a step column, n.a. in the first row, "
-        "thousands with commas in tabs")
-def chromatogram(random, rows):
-    times = every(0, 600 * MS, rows)
-    columns = [Column("Time (min)", times, unit="min", show=amount(MINUTE, 3)),
-               Column("Step (s)", [None] + [600] * (rows - 1), None, "s", lambda value: "0.60", "n.a."),
-               Column("Value (mAU)", smooth(random, rows, -20, 2400, 3), "float", "mAU", fixed(3, ".", ","))]
-    lines = ["Injection Information:", "Data Vault\tLab3", "Injection\tstandard 5", "Injection Volume\t10.000", "",
-             "Signal Parameter Information:", "Signal\tUV_VIS_1", "", "Chromatogram Data Information:",
-             "Time Min. (min)\t0.000", f"Data Points\t{rows}", "", "Chromatogram Data:", header(columns, "\t"),
-             *table(columns, "\t")]
-    return File(lines, columns, [elapsed(times)], "sections", encoding="utf-8-sig", end="\r\n")
+def slow_probe(table):
+    return [value if row % 5 == 0 else None
+            for row, value in enumerate(signals.smooth(table.random, table.rows, 0, 40))]
 
 
-@layout("L70-plate-reader-results-below.txt",
-        "plate reader: kinetics of 8 wells, then tables of results in the same file")
-def plate_reader(random, rows):
-    times = every(22 * SECOND, 4 * MINUTE, rows)
-    wells = [f"{row}{column}" for row in "AB" for column in (1, 2, 3, 4)]
-    columns = [Column("Time", times, show=span("{hours}:{m:02}:{s:02}")),
-               Column("T° 600", smooth(random, rows, 29.8, 30.2, 1), "float", None),
-               *(Column(well, smooth(random, rows, 0.06, 1.4, 3), "float") for well in wells)]
-    lines = ["Software Version\t3.11", "", "Plate Number\tPlate 1", "Reader Type:\tmicroplate", "", "Procedure Details",
-             "\tRead\tAbsorbance Endpoint", "\t\tFull Plate", "\t\tWavelengths:  600", "", "600", "",
-             header(columns, "\t"), *table(columns, "\t"), "", "Results", "\t1\t2\t3\t4",
-             "A\t1.203\t0.983\t0.871\t1.112\tMax V", "B\t1.193\t0.903\t0.802\t1.009\tMax V"]
-    return File(lines, columns, [elapsed(times)], "several tables", end="\r\n")
-
-
-@layout("L71-thermobalance-hash.txt",
-        "thermobalance: #KEY: preamble, ## before the header, temperature first and minutes "
-        "second, units after a slash")
-def thermobalance(random, rows):
-    times = every(0, 6 * SECOND, rows)
-    columns = [Column("##Temp./°C", growing(random, rows, 25, 2, 3), "float", "°C", fixed(3, ","), also="Temp."),
-               Column("Time/min", times, unit="min", show=amount(MINUTE, 2, ",")),
-               Column("DSC/(mW/mg)", smooth(random, rows, -2, 3, 5), "float", "mW/mg", fixed(5, ","), also="DSC"),
-               Column("Mass/%", smooth(random, rows, 40, 100, 4), "float", "%", fixed(4, ","), also="Mass")]
-    lines = ["#EXPORTTYPE:  DATA ALL", "#FORMAT:  TXT", "#SEPARATOR:  SEMICOLON", "#DECIMAL:  COMMA",
-             "#SAMPLE:  polymer 6", "#MASS /mg:  12,41", "#RANGE:  25°C/10,0(K/min)/600°C", "", header(columns, ";"),
-             *table(columns, ";")]
-    return File(lines, columns, [elapsed(times)], "comments", encoding="cp1252", end="\r\n")
-
-
-@layout("L72-ph-meter-swedish.csv",
-        "pH meter: Swedish month names, clock with points, minus as -, #N/A where not ready, units in cells")
-def ph_meter(random, rows):
-    times = every(moment("2023-04-28 13:00:00"), 25 * MINUTE, rows)
-    columns = [Column("Datum", times, show=stamp("{D} {month_sv} {Y}")),
-               Column("Tid", times, show=stamp("{h:02}.{m:02}.{s:02}")),
-               Column("pH", with_gaps(random, smooth(random, rows, 3, 10)), "float", "", fixed(2, ","), "#N/A"),
-               Column("Potential", smooth(random, rows, -200, 240, 1), "float", "mV", fixed(1, ",", suffix=" mV")),
-               Column("Temp", smooth(random, rows, 18, 30, 1), "float", "°C", fixed(1, ",", suffix=" °C"))]
-    return File([header(columns, ";"), *table(columns, ";")], columns, [Axis(times)], "month names", expressible=False,
-                encoding="utf-8")
-
-
-@layout("L73-viscometer-bars.txt",
-        "viscometer: table drawn with bars and rules, cells padded, repeated rules, sums below")
-def viscometer(random, rows):
-    times = every(500 * MS, 500 * MS, rows)
-    view = smooth(random, rows, 90, 4100, 1)
-    columns = [Column("Point", counting(rows), "integer"),
-               Column("Time [s]", times, unit="s", show=amount(SECOND, 1, width=9)),
-               Column("Shear Rate [1/s]", significant(random, rows, 0.1, 90, 4), "float", "1/s", scientific(4)),
-               Column("Viscosity [mPa·s]", view, "float", "mPa·s", fixed(1, width=17)),
-               Column("Status", ["M-"] * rows, "text")]
-    rule = "+-------+-----------+------------------+-------------------+--------+"
-    body = [f"| {cells} |" for cells in table(columns, " | ")]
-    return File(["Rotational test", "", rule, f"| {header(columns, ' | ')} |", rule, *body, rule,
-                 f"| mean | | | {sum(view) / rows:.1f} | |"], [Column("", [None] * rows), *columns], [elapsed(times)],
-                "separator bar")
-
-
-@layout("L74-photometer-elapsed-colons.txt",
-        "photometer: values parted by colons, decimal time in s, integers and truth values")
-def photometer(random, rows):
-    times = every(0, 200 * MS, rows)
-    columns = [Column("Time[s]", times, unit="s", show=amount(SECOND, 1)),
-               Column("Abs", smooth(random, rows, 0, 2, 4), "float"),
-               Column("Dark", smooth(random, rows, 8, 40, 0), "integer"),
-               Column("Lamp", held(random, rows, [True, False]), "boolean", show=words("1", "0"))]
-    return File(["Photometer 2", "Method:kinetics", "Wavelength:340:nm", "", header(columns, ":"),
-                 *table(columns, ":")], columns, [elapsed(times)], "separator colon")
-
-
-@layout("L75-bioreactor-long-names.csv",
-        "bioreactor: long names with units in parentheses and a setpoint beside each, empty cells "
-        "between slow probes, UTC and local time")
-def bioreactor(random, rows):
-    times = every(moment("2023-03-25 23:00:00"), 2 * MINUTE, rows)
-    local = [time + HOUR for time in times]
-    probe = [value if row % 5 == 0 else None for row, value in enumerate(smooth(random, rows, 0, 40))]
-    columns = [Column("Timestamp (UTC)", times, show=stamp("{Y}-{M:02}-{D:02} {h:02}:{m:02}:{s:02}")),
-               Column("Timestamp (Local)", local, show=stamp("{Y}-{M:02}-{D:02} {h:02}:{m:02}:{s:02}")),
-               Column("Duration (h)", [time - times[0] for time in times], unit="h", show=amount(HOUR, 5)),
-               Column("Unit 1 - DO.PV (% sat)", smooth(random, rows, 20, 100, 1), "float", "% sat"),
-               Column("Unit 1 - DO.SP (% sat)", held(random, rows, [30, 40, 50], 200), "integer", "% sat"),
-               Column("Unit 1 - Offline Glucose (g/l)", probe, "float", "g/l")]
-    return File([header(columns, ";", quoted()), *table(columns, ";")], columns,
-                [Axis(times), Axis(local), elapsed(printed(times, HOUR, 5, times[0]))], "several time columns")
-
-
-@layout("L76-sample-changer-clusters.csv",
-        "automatic titrator: several methods told apart by a column, rows of a method out of "
-        "order, European short date")
-def titrator(random, rows):
+def out_of_order(random, rows):
     times = uneven(random, moment("2023-05-24 08:00:00"), MINUTE, 15, rows)
-    late = range(20, rows - 1, 60)
-    for place in late:
+    for place in range(20, rows - 1, 60):
         times[place], times[place - 1] = times[place - 1], times[place]
-    columns = [Column("Sample", [f"P{row:04}" for row in range(rows)], "text"),
-               Column("Method", held(random, rows, ["acid", "base", "water"], 4), "text"),
-               Column("Determined on", times, show=stamp("{D:02}-{M:02}-{y:02} {h:02}:{m:02}")),
-               Column("EP1 [mL]", smooth(random, rows, 1, 19, 3), "float", "mL"),
-               Column("Result [mg/L]", with_gaps(random, smooth(random, rows, 2, 900)), "float", "mg/L", missing="-")]
-    return File([header(columns, ";"), *table(columns, ";")], columns, [Axis(times, may_miss=len(late))],
-                "rows out of order", end="\r\n")
+    return times
 
 
-@layout("L98-sensor-calibration-rows.csv",
-        "gas calibrator: rows of coefficients as wide as the table above the header, long dates "
-        "with weekday, clock with PM")
-def calibration_rows(random, rows):
-    times = every(moment("2023-06-28 08:10:00"), 7 * MINUTE, rows)
-    columns = [Column("Day", times, show=stamp('"{weekday}, {D} {month_en} {Y}"')),
-               Column("Clock", times, show=stamp("{t}:{m:02} {AP}")),
-               Column("CO [ppm]", smooth(random, rows, 0, 90, 1), "float", "ppm"),
-               Column("NO2 [ppb]", smooth(random, rows, 0, 200, 1), "float", "ppb"),
-               Column("Flow [ml/min]", smooth(random, rows, 480, 520, 0), "integer", "ml/min")]
-    lines = ["Coefficient,,C0,C1,C2", "Offset,,0.12,-0.7,3", "Slope,,1.002,0.981,1", "Limit,,50,100,600",
-             header(columns, ","), *table(columns, ",")]
-    return File(lines, columns, [Axis(times)], "AM/PM", expressible=False, end="\r\n")
+LAYOUTS = [
+    layout("L68-balance-unit-cells.txt",
+           "balance: signs parted from the number by blanks, unit in the cell, no header", "no header",
+           evenly("2023-05-04 10:00:00", 2 * SECOND), "\t",
+           [time("", stamp(DAY_FIRST)), time("", stamp(CLOCK)),
+            smooth("", -3, 220, 4, "g", lambda value: f"{'-' if value < 0 else '+'} {abs(value):9.4f} g"),
+            held("", ["S", "D"], "character")], ["{table}"], end="\r\n"),
+    layout("L69-chromatogram-sections.txt",
+           "chromatograph: sections with titles, minutes and a step column, n.a. in the first row, "
+           "thousands with commas in tabs", "sections", evenly(0, 600 * MS), "\t",
+           [time("Time (min)", amount(MINUTE, 3), "min"),
+            Column("Step (s)", lambda table: [None] + [600] * (table.rows - 1), None, "s", lambda value: "0.60",
+                   "n.a."),
+            smooth("Value (mAU)", -20, 2400, 3, "mAU", fixed(3, ".", ","))],
+           ["Injection Information:", "Data Vault\tLab3", "Injection\tstandard 5", "Injection Volume\t10.000", "",
+            "Signal Parameter Information:", "Signal\tUV_VIS_1", "", "Chromatogram Data Information:",
+            "Time Min. (min)\t0.000", "Data Points\t{rows}", "", "Chromatogram Data:", "{names}", "{table}"], [elapsed],
+           encoding="utf-8-sig", end="\r\n"),
+    layout("L70-plate-reader-results-below.txt",
+           "plate reader: kinetics of 8 wells, then tables of results in the same file", "several tables",
+           evenly(22 * SECOND, 4 * MINUTE), "\t",
+           [time("Time", span("{hours}:{m:02}:{s:02}")), smooth("T° 600", 29.8, 30.2, 1, None),
+            *(smooth(f"{row}{column}", 0.06, 1.4, 3) for row in "AB" for column in (1, 2, 3, 4))],
+           ["Software Version\t3.11", "", "Plate Number\tPlate 1", "Reader Type:\tmicroplate", "", "Procedure Details",
+            "\tRead\tAbsorbance Endpoint", "\t\tFull Plate", "\t\tWavelengths:  600", "", "600", "", "{names}",
+            "{table}", "", "Results", "\t1\t2\t3\t4", "A\t1.203\t0.983\t0.871\t1.112\tMax V",
+            "B\t1.193\t0.903\t0.802\t1.009\tMax V"], [elapsed], end="\r\n"),
+    layout("L71-thermobalance-hash.txt",
+           "thermobalance: #KEY: preamble, ## before the header, temperature first and minutes "
+           "second, units after a slash", "comments", evenly(0, 6 * SECOND), ";",
+           [growing("##Temp./°C", 25, 2, 3, "°C", comma(3), also="Temp."),
+            time("Time/min", amount(MINUTE, 2, ","), "min"),
+            smooth("DSC/(mW/mg)", -2, 3, 5, "mW/mg", comma(5), also="DSC"),
+            smooth("Mass/%", 40, 100, 4, "%", comma(4), also="Mass")],
+           ["#EXPORTTYPE:  DATA ALL", "#FORMAT:  TXT", "#SEPARATOR:  SEMICOLON", "#DECIMAL:  COMMA",
+            "#SAMPLE:  polymer 6", "#MASS /mg:  12,41", "#RANGE:  25°C/10,0(K/min)/600°C", "", "{names}", "{table}"],
+           [elapsed], encoding="cp1252", end="\r\n"),
+    layout("L72-ph-meter-swedish.csv",
+           "pH meter: Swedish month names, clock with points, minus as -, #N/A where not ready, units in cells",
+           "month names", evenly("2023-04-28 13:00:00", 25 * MINUTE), ";",
+           [time("Datum", stamp("{D} {month_sv} {Y}")), time("Tid", stamp("{h:02}.{m:02}.{s:02}")),
+            gaps(smooth("pH", 3, 10, 2, show=comma(2)), "#N/A"),
+            smooth("Potential", -200, 240, 1, "mV", fixed(1, ",", suffix=" mV")),
+            smooth("Temp", 18, 30, 1, "°C", fixed(1, ",", suffix=" °C"))], expressible=False),
+    layout("L73-viscometer-bars.txt",
+           "viscometer: table drawn with bars and rules, cells padded, repeated rules, sums below", "separator bar",
+           evenly(500 * MS, 500 * MS), " | ",
+           [same(""), counting("Point"), time("Time [s]", amount(SECOND, 1, width=9), "s"),
+            significant("Shear Rate [1/s]", 0.1, 90, 4, "1/s", scientific(4)),
+            Column("Viscosity [mPa·s]", lambda table: table.shared, "float", "mPa·s", fixed(1, width=17)),
+            same("Status", "M-", "text")], viscometer_lines, [elapsed], " |",
+           shared=lambda table: signals.smooth(table.random, table.rows, 90, 4100, 1)),
+    layout("L74-photometer-elapsed-colons.txt",
+           "photometer: values parted by colons, decimal time in s, integers and truth values", "separator colon",
+           evenly(0, 200 * MS), ":",
+           [time("Time[s]", amount(SECOND, 1), "s"), smooth("Abs", 0, 2, 4), smooth("Dark", 8, 40, 0),
+            held("Lamp", [True, False], "boolean", show=words("1", "0"))],
+           ["Photometer 2", "Method:kinetics", "Wavelength:340:nm", "", "{names}", "{table}"], [elapsed]),
+    layout("L75-bioreactor-long-names.csv",
+           "bioreactor: long names with units in parentheses and a setpoint beside each, empty cells "
+           "between slow probes, UTC and local time", "several time columns",
+           evenly("2023-03-25 23:00:00", 2 * MINUTE), ";",
+           [time("Timestamp (UTC)", stamp(DATED)), time("Timestamp (Local)", lambda at: stamp(DATED)(at + HOUR)),
+            Column("Duration (h)", lambda table: [time - table.times[0] for time in table.times], unit="h",
+                   show=amount(HOUR, 5)),
+            smooth("Unit 1 - DO.PV (% sat)", 20, 100, 1, "% sat"),
+            held("Unit 1 - DO.SP (% sat)", [30, 40, 50], "integer", 200, "% sat"),
+            Column("Unit 1 - Offline Glucose (g/l)", lambda table: table.shared, "float", "g/l")],
+           ["{quoted}", "{table}"],
+           [Axis, lambda times: Axis([time + HOUR for time in times]),
+            lambda times: elapsed(printed(times, HOUR, 5, times[0]))], shared=slow_probe),
+    layout("L76-sample-changer-clusters.csv",
+           "automatic titrator: several methods told apart by a column, rows of a method out of "
+           "order, European short date", "rows out of order", out_of_order, ";",
+           [Column("Sample", lambda table: [f"P{row:04}" for row in range(table.rows)], "text"),
+            held("Method", ["acid", "base", "water"], "text", 4),
+            time("Determined on", stamp("{D:02}-{M:02}-{y:02} {h:02}:{m:02}")),
+            smooth("EP1 [mL]", 1, 19, 3, "mL"), gaps(smooth("Result [mg/L]", 2, 900, 2, "mg/L"), "-")],
+           axes=[lambda times: Axis(times, may_miss=len(range(20, len(times) - 1, 60)))], end="\r\n"),
+    layout("L98-sensor-calibration-rows.csv",
+           "gas calibrator: rows of coefficients as wide as the table above the header, long dates "
+           "with weekday, clock with PM", "AM/PM", evenly("2023-06-28 08:10:00", 7 * MINUTE), ",",
+           [time("Day", stamp('"{weekday}, {D} {month_en} {Y}"')), time("Clock", stamp("{t}:{m:02} {AP}")),
+            smooth("CO [ppm]", 0, 90, 1, "ppm"), smooth("NO2 [ppb]", 0, 200, 1, "ppb"),
+            smooth("Flow [ml/min]", 480, 520, 0, "ml/min")],
+           ["Coefficient,,C0,C1,C2", "Offset,,0.12,-0.7,3", "Slope,,1.002,0.981,1", "Limit,,50,100,600", "{names}",
+            "{table}"], expressible=False, end="\r\n"),
+]

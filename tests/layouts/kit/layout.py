@@ -11,13 +11,11 @@ wanted.json holds an object per file:
                        unit (null is not judged), samples (cells with a value), min, max
 """
 
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from datetime import datetime, timezone
 
-from kit.numbers import plain
+from kit.numbers import plain, quoted
 from kit.times import SECOND
-
-LAYOUTS = {}
 
 
 @dataclass
@@ -122,18 +120,53 @@ class File:
         return wanted | {"columns": [column.truth(number) for number, column in enumerate(self.columns, 1)]}
 
 
-def layout(name, description):
-    """Registers a function of a random source and a number of rows that makes a File."""
-    def register(make):
-        assert name not in LAYOUTS
-        LAYOUTS[name] = (make, description)
-        return make
-    return register
-
-
 def header(columns, separator, show=plain):
     return separator.join(show(column.name) for column in columns)
 
 
 def table(columns, separator, trailing=""):
     return [separator.join(cells) + trailing for cells in zip(*(column.texts() for column in columns))]
+
+
+@dataclass
+class Layout:
+    """make makes a File of a random source and a number of rows."""
+    name: str
+    description: str
+    make: object
+
+
+@dataclass
+class Table:
+    """A table in the making: the columns so far, and what several of them need, which was made before them."""
+    random: object
+    times: list
+    columns: list
+    shared: object = None
+
+    @property
+    def rows(self):
+        return len(self.times)
+
+
+def layout(name, description, topic, times, separator, columns, lines=("{names}", "{table}"), axes=(Axis,), trailing="",
+           shared=None, **file):
+    """A layout of one table. `times` makes them of a random source and a number of rows; the values of a column are
+    made of a Table; `axes` are made of the times. In a line stand {names} and {quoted} for the names of the columns
+    and {rows} for their number; a line {table} is all rows, with `trailing` behind each. Or `lines` makes them of the
+    Table and the rows."""
+    def make(random, rows):
+        made = Table(random, times(random, rows), [])
+        made.shared = shared(made) if shared else None
+        for column in columns:
+            made.columns.append(replace(column, values=column.values(made)))
+        body = table(made.columns, separator, trailing)
+        words = {"{names}": header(made.columns, separator), "{quoted}": header(made.columns, separator, quoted()),
+                 "{rows}": str(rows)}
+        text = []
+        for line in lines(made, body) if callable(lines) else lines:
+            for word, meaning in words.items():
+                line = line.replace(word, meaning)
+            text += body if line == "{table}" else [line]
+        return File(text, made.columns, [axis(made.times) for axis in axes], topic, **file)
+    return Layout(name, description, make)

@@ -14,6 +14,10 @@ def fixed(places, mark=".", group="", plus=False, width=0, suffix=""):
     return show
 
 
+def comma(places, group=""):
+    return fixed(places, ",", group)
+
+
 def scientific(digits, mark=".", exponent=2, plus=False, letter="E"):
     """A number with an exponent of at least `exponent` digits."""
     def show(value):

@@ -27,6 +27,9 @@ SHORT = {
     "nl": "jan feb mrt apr mei jun jul aug sep okt nov dec",
     "pl": "sty lut mar kwi maj cze lip sie wrz paź lis gru",
 }
+CLOCK, SHORT_CLOCK = "{h:02}:{m:02}:{s:02}", "{h:02}:{m:02}"
+DAY_FIRST, YEAR_FIRST = "{D:02}.{M:02}.{Y}", "{Y}-{M:02}-{D:02}"
+DATED = f"{YEAR_FIRST} {CLOCK}"
 WEEKDAYS = "Mon Tue Wed Thu Fri Sat Sun"
 
 
