@@ -81,7 +81,7 @@ void MainWindow::Connect() {
     Area->OnLookChanged = [this] { ShowLook(); };
     Area->OnCursorChanged = [this] { ShowCursors(); };
     Area->OnDropped = [this](const QByteArray&, std::size_t pane) {
-        for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
+        Plotted.Gather(Signals->Selected(), pane);
         PlotLook();
     };
     Signals->OnTicked = [this](const SignalPointer& signal, bool isOn) {

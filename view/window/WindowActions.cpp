@@ -117,8 +117,7 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("&Again"), QKeySequence::Redo, look([](PlotModel& model) { model.Redo(); }));
     menu->addSeparator();
     AddAction(menu, Phrase("&Plot the selected signals together"), Qt::CTRL | Qt::Key_T, [this] {
-        const std::size_t pane = Plotted.Panes().size();
-        for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
+        Plotted.Gather(Signals->Selected(), Plotted.Panes().size());
         PlotLook();
     });
     AddAction(menu, Phrase("&Remove all plots"), Qt::CTRL | Qt::Key_Backspace, [this] {
