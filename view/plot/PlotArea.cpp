@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
 namespace {
@@ -105,7 +106,7 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         StyleAxis(axis, palette().color(QPalette::Text));
         axis->ticker()->setTickCount(4);
         axis->grid()->setVisible(i == 0);
-        if (i < units.size()) axis->setLabel(QString::fromStdString(units[i]));
+        if (i < units.size()) axis->setLabel(ShownText(units[i]));
         drawing.ValueAxes.push_back(axis);
     }
     const bool isDark = IsDark(palette());
@@ -147,7 +148,7 @@ void PlotArea::NameLanes(const PaneDrawing& drawing, const Pane& pane) {
     const QSharedPointer<QCPAxisTickerText> names(new QCPAxisTickerText);
     const auto count = static_cast<double>(pane.Signals.size());
     for (std::size_t i = 0; i < pane.Signals.size(); ++i) {
-        const QString name = QString::fromStdString(pane.Signals[i]->Name());
+        const QString name = ShownText(pane.Signals[i]->Name());
         names->addTick(count - static_cast<double>(i) - 0.5, name);
     }
     QCPAxis* const axis = drawing.ValueAxes.front();

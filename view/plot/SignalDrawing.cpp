@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "view/dialog/QtText.h"
+
 namespace kelvarin::view {
 namespace {
 // Points further apart than this are marked.
@@ -19,8 +21,8 @@ QColor Pale(const QColor& color, int alpha) {
 SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,
                              std::shared_ptr<const PlottedSignal> signal, QColor color, Lane lane)
     : QCPAbstractPlottable(keyAxis, valueAxis), Shown(std::move(signal)), Ink(std::move(color)), Place(lane) {
-    const QString unit = QString::fromStdString(Shown->Unit());
-    const QString title = QString::fromStdString(Shown->Name());
+    const QString unit = ShownText(Shown->Unit());
+    const QString title = ShownText(Shown->Name());
     setName(unit.isEmpty() ? title : title + " [" + unit + "]");
     setSelectable(QCP::stNone);
 }
@@ -212,7 +214,9 @@ void SignalDrawing::DrawTexts(QCPPainter* painter) const {
         painter->drawLine(QLineF(from, lane.top(), from, lane.bottom()));
         if (span.Text == nullptr || box.width() < 12) continue;
         const QRectF inner = box.adjusted(4, 0, -2, 0);
-        const QString text = QString::fromStdString(*span.Text).replace(u'\n', u' ');
+        // Of a long text only what may have room is measured.
+        const auto most = static_cast<std::size_t>(box.width());
+        const QString text = ShownText(std::string_view(*span.Text).substr(0, most));
         painter->setPen(mParentPlot->palette().color(QPalette::Text));
         painter->drawText(inner, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                           metrics.elidedText(text, Qt::ElideRight, inner.width()));

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
 #include "view/model/Choice.h"
 
 namespace kelvarin::view {
@@ -150,7 +151,7 @@ void MainWindow::MoveCursor(bool forward) {
 }
 
 void MainWindow::Tell(const QString& text) const {
-    statusBar()->showMessage(text);
+    statusBar()->showMessage(ShownText(text.toStdString()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

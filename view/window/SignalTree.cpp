@@ -41,8 +41,8 @@ QString RangeText(const PlottedSignal& signal) {
 
 void Fill(QTreeWidgetItem& item, const PlottedSignal& signal) {
     constexpr std::size_t CourseWidth = 12;
-    item.setText(NameColumn, Said(signal.Name()));
-    item.setText(UnitColumn, Said(signal.Unit()));
+    item.setText(NameColumn, ShownText(signal.Name()));
+    item.setText(UnitColumn, ShownText(signal.Unit()));
     item.setText(TypeColumn, TypeText(signal));
     item.setText(SamplesColumn, QLocale().toString(static_cast<qulonglong>(signal.Summary().Count)));
     item.setTextAlignment(SamplesColumn, Qt::AlignRight | Qt::AlignVCenter);
@@ -74,7 +74,7 @@ QTreeWidgetItem* SignalTree::FileItem(const QString& path) {
         if (topLevelItem(i)->data(NameColumn, PathRole).toString() == path) return topLevelItem(i);
     }
     auto* const item = new QTreeWidgetItem(this);
-    item->setText(NameColumn, QFileInfo(path).fileName());
+    item->setText(NameColumn, ShownText(QFileInfo(path).fileName().toStdString()));
     item->setToolTip(NameColumn, path);
     item->setData(NameColumn, PathRole, path);
     item->setData(NameColumn, NumberRole, -1);
@@ -134,9 +134,9 @@ void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSigna
         if (item == nullptr) {
             item = new QTreeWidgetItem(parent);
             item->setData(NameColumn, NumberRole, -1);
-            item->setText(NameColumn, Said(grown[i].Name));
+            item->setText(NameColumn, ShownText(grown[i].Name));
         }
-        item->setText(UnitColumn, Said(grown[i].Unit));
+        item->setText(UnitColumn, ShownText(grown[i].Unit));
         item->setText(SamplesColumn, QLocale().toString(static_cast<qulonglong>(grown[i].Samples)));
         item->setText(CourseColumn, Said(grown[i].Course));
     }
