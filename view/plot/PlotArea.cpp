@@ -78,6 +78,13 @@ void PlotArea::Rebuild() {
     ShowLook();
 }
 
+void PlotArea::Arrange(const QSize& size) {
+    resize(size);
+    setViewport(rect());
+    Rebuild();
+    ShowLook(true);
+}
+
 void PlotArea::StyleAxis(QCPAxis* axis, const QColor& color) const {
     axis->setBasePen(QPen(color));
     axis->setTickPen(QPen(color));
@@ -227,8 +234,15 @@ void PlotArea::DrawCursor(QPainter& painter, std::int64_t time, Qt::PenStyle sty
     const QRect rect = PlotRect();
     const double x = PlaceOf(time);
     if (x < rect.left() || x > rect.right()) return;
-    painter.setPen(QPen(color, 0, style));
+    painter.setPen(QPen(color, 1, style));
     painter.drawLine(QLineF(x, rect.top(), x, rect.bottom()));
+}
+
+void PlotArea::DrawCursors(QPainter& painter) const {
+    const QColor ink = palette().color(QPalette::Text);
+    if (Marked) DrawCursor(painter, *Marked, Qt::SolidLine, QColor(0xD0, 0x30, 0x30));
+    if (Model.Cursor) DrawCursor(painter, *Model.Cursor, Qt::SolidLine, ink);
+    if (Model.Second) DrawCursor(painter, *Model.Second, Qt::DashLine, ink);
 }
 
 void PlotArea::paintEvent(QPaintEvent* event) {
@@ -240,10 +254,7 @@ void PlotArea::paintEvent(QPaintEvent* event) {
                          QString::fromStdString(Phrase("Tick a signal or drag it here")));
         return;
     }
-    const QColor ink = palette().color(QPalette::Text);
-    if (Marked) DrawCursor(painter, *Marked, Qt::SolidLine, QColor(0xD0, 0x30, 0x30));
-    if (Model.Cursor) DrawCursor(painter, *Model.Cursor, Qt::SolidLine, ink);
-    if (Model.Second) DrawCursor(painter, *Model.Second, Qt::DashLine, ink);
+    DrawCursors(painter);
     if (Dragging != Drag::Band) return;
     QColor fill = palette().color(QPalette::Highlight);
     painter.setPen(fill);

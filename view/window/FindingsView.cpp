@@ -8,7 +8,9 @@
 #include <array>
 
 #include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
 #include "view/dialog/QtText.h"
+#include "view/window/RowCopier.h"
 
 namespace kelvarin::view {
 namespace {
@@ -34,12 +36,21 @@ QColor Tinted(const QPalette& palette, std::size_t column) {
     const auto mix = [](int one, int other) { return (one + 5 * other) / 6; };
     return {mix(tint.red(), base.red()), mix(tint.green(), base.green()), mix(tint.blue(), base.blue())};
 }
+// A mark in place of each character that would be obeyed: cells stay where they are in the line.
+QString WithoutObeyed(QString text) {
+    for (QChar& unit : text) {
+        if (unit != u'\t' && IsObeyed(unit.unicode())) unit = QChar::ReplacementCharacter;
+    }
+    return text;
+}
 }  // namespace
 
 FindingsView::FindingsView(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    new RowCopier(*this);
     const auto show = [this](const QTreeWidgetItem* item) {
         const std::uint64_t line = item == nullptr ? 0 : item->data(0, LineRole).toULongLong();
         if (line != 0 && OnLine) OnLine(line);
@@ -52,14 +63,14 @@ void FindingsView::Show(const ImportedFile* file) {
     clear();
     if (file == nullptr) return;
     for (const check::Finding& finding : file->Findings) {
-        auto* const item = new QTreeWidgetItem(this, {Worded(finding.Text)});
+        auto* const item = new QTreeWidgetItem(this, {ShownText(finding.Text)});
         item->setIcon(0, style()->standardIcon(finding.IsFault ? QStyle::SP_MessageBoxWarning
                                                                : QStyle::SP_MessageBoxInformation));
-        if (!finding.Advice.Text.empty()) item->setToolTip(0, Worded(finding.Advice.Text));
+        if (!finding.Advice.Text.empty()) item->setToolTip(0, ShownText(finding.Advice.Text));
         AddLines(*item, finding.Lines);
     }
     for (const MessageGroup& group : file->Messages) {
-        auto* const item = new QTreeWidgetItem(this, {ToQt(group.FirstText)});
+        auto* const item = new QTreeWidgetItem(this, {ShownText(Utf16ToUtf8(group.FirstText))});
         item->setIcon(0, style()->standardIcon(group.Failure ? QStyle::SP_MessageBoxCritical
                                                              : QStyle::SP_MessageBoxWarning));
         std::vector<std::uint64_t> lines = group.Lines;
@@ -87,6 +98,10 @@ void FindingsView::SelectLine(std::uint64_t line) {
 FileTextView::FileTextView(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
+    // The numbers of lines stay at the left of texts that run from right to left.
+    QTextOption direction = document()->defaultTextOption();
+    direction.setTextDirection(Qt::LeftToRight);
+    document()->setDefaultTextOption(direction);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 }
 
@@ -100,7 +115,7 @@ void FileTextView::Show(const std::vector<FileLine>& lines, std::uint64_t marked
         Numbers.push_back(line.Number);
         text += QString::number(line.Number).rightJustified(digits) + "  ";
         starts.push_back(static_cast<int>(text.size()));
-        text += QString::fromStdString(line.Text).replace(QChar::ParagraphSeparator, u' ') + "\n";
+        text += WithoutObeyed(QString::fromStdString(line.Text)) + "\n";
     }
     text.chop(1);
     setPlainText(text);

@@ -228,20 +228,13 @@ void MainWindow::ExportTo(const QString& path) {
 }
 
 void MainWindow::CopyPicture() {
-    QApplication::clipboard()->setPixmap(Area->toPixmap(Area->width(), Area->height(), 2));
+    QApplication::clipboard()->setPixmap(PixmapOf(*Area, 2));
 }
 
 void MainWindow::Print() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    QCPPainter painter(&printer);
-    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
-    const double scale = std::min(page.width() / Area->width(), page.height() / Area->height());
-    painter.scale(scale, scale);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setMode(QCPPainter::pmNoCaching);
-    Area->toPainter(&painter, Area->width(), Area->height());
+    if (dialog.exec() == QDialog::Accepted) PrintPlots(printer, Plotted, Area->size());
 }
 }  // namespace kelvarin::view
