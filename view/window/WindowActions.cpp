@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <algorithm>
 
+#include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
 #include "platform/framework/Exceptions.h"
@@ -192,9 +193,9 @@ void MainWindow::AskExport(const QString& ending) {
 }
 
 void MainWindow::ExportTo(const QString& path) {
-    const bool isRead = std::any_of(Files.begin(), Files.end(), [&](const auto& file) {
-        return QFileInfo(file->Path) == QFileInfo(path);
-    });
+    std::vector<std::string> read;
+    for (const auto& file : Files) read.push_back(file->Path.toStdString());
+    const bool isRead = !FindOverwriting(read, {path.toStdString()}).Output.empty();
     const auto tell = [this, path](const std::string& reason) {
         Tell(reason.empty() ? InMenu(Phrase("{} is written", path.toStdString()))
                             : InMenu(Phrase("{} can't be written: {}", path.toStdString(), reason)));
