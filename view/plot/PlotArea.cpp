@@ -10,6 +10,7 @@
 namespace kelvarin::view {
 namespace {
 constexpr int MarkDistance = 120;
+constexpr int MostNamed = 20;  // signals in the legend of a plot
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128;
@@ -139,7 +140,7 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         QCPAxis* const axis = drawing.ValueAxes[number];
         auto* const line = new SignalDrawing(times, axis, signal, ink, lane);
         if (isLane(signal)) ++lane.Index;
-        if (!units.empty()) line->addToLegend(names);
+        if (!units.empty() && drawing.Signals.size() < MostNamed) line->addToLegend(names);
         // The first signal of a unit gives its axis the colour.
         const bool isFirst = std::none_of(drawing.Signals.begin(), drawing.Signals.end(),
                                           [axis](auto* other) { return other->valueAxis() == axis; });
@@ -147,6 +148,11 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         drawing.Signals.push_back(line);
     }
     if (units.empty()) NameLanes(drawing, pane);
+    if (!units.empty() && pane.Signals.size() > MostNamed) {
+        auto* const more = new QCPTextElement(this, "…", font());
+        more->setTextColor(palette().color(QPalette::Text));
+        names->addElement(more);
+    }
     Drawings.push_back(std::move(drawing));
 }
 
