@@ -105,46 +105,56 @@ FileTextView::FileTextView(QWidget* parent) : QPlainTextEdit(parent) {
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
 }
 
-void FileTextView::Show(const std::vector<FileLine>& lines, std::uint64_t marked) {
-    Numbers.clear();
+void FileTextView::Show(std::vector<FileLine> lines, std::uint64_t marked) {
+    Lines = std::move(lines);
+    Starts.clear();
     QString text;
-    QList<QTextEdit::ExtraSelection> tints;
-    const int digits = lines.empty() ? 1 : static_cast<int>(std::to_string(lines.back().Number).size());
-    std::vector<int> starts;
-    for (const FileLine& line : lines) {
-        Numbers.push_back(line.Number);
+    const int digits = Lines.empty() ? 1 : static_cast<int>(std::to_string(Lines.back().Number).size());
+    for (const FileLine& line : Lines) {
         text += QString::number(line.Number).rightJustified(digits) + "  ";
-        starts.push_back(static_cast<int>(text.size()));
+        Starts.push_back(static_cast<int>(text.size()));
         text += WithoutObeyed(QString::fromStdString(line.Text)) + "\n";
     }
     text.chop(1);
     setPlainText(text);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const auto select = [&](int from, int length, const QColor& color, bool isWhole) {
-            QTextEdit::ExtraSelection tint;
-            tint.cursor = QTextCursor(document());
-            tint.cursor.setPosition(starts[i] + from);
-            tint.cursor.setPosition(starts[i] + from + length, QTextCursor::KeepAnchor);
-            tint.format.setBackground(color);
-            if (isWhole) tint.format.setProperty(QTextFormat::FullWidthSelection, true);
-            if (isWhole) tint.cursor.clearSelection();
-            tints.push_back(tint);
-        };
-        if (lines[i].Number == marked) select(0, 0, palette().color(QPalette::Highlight).lighter(160), true);
-        for (std::size_t k = 0; k < lines[i].Cells.size() && lines[i].Number != marked; ++k)
-            select(lines[i].Cells[k].first, lines[i].Cells[k].second, Tinted(palette(), k), false);
+    Mark(marked);
+}
+
+bool FileTextView::Mark(std::uint64_t line) {
+    QList<QTextEdit::ExtraSelection> tints;
+    const auto tint = [&](int from, int length, const QColor& color, bool isWhole) {
+        QTextEdit::ExtraSelection added;
+        added.cursor = QTextCursor(document());
+        added.cursor.setPosition(from);
+        added.cursor.setPosition(from + length, QTextCursor::KeepAnchor);
+        added.format.setBackground(color);
+        if (isWhole) added.format.setProperty(QTextFormat::FullWidthSelection, true);
+        tints.push_back(added);
+    };
+    int found = -1;
+    for (std::size_t i = 0; i < Lines.size(); ++i) {
+        if (Lines[i].Number == line) {
+            found = static_cast<int>(i);
+            tint(Starts[i], 0, palette().color(QPalette::Highlight).lighter(160), true);
+            continue;
+        }
+        for (std::size_t k = 0; k < Lines[i].Cells.size(); ++k)
+            tint(Starts[i] + Lines[i].Cells[k].first, Lines[i].Cells[k].second, Tinted(palette(), k), false);
     }
     setExtraSelections(tints);
-    const auto found = std::find(Numbers.begin(), Numbers.end(), marked);
-    if (found == Numbers.end()) return;
-    QTextCursor cursor(document()->findBlockByNumber(static_cast<int>(found - Numbers.begin())));
+    if (found < 0) return false;
+    const QTextCursor cursor(document()->findBlockByNumber(found));
+    const bool isSeen = viewport()->rect().contains(0, cursorRect(cursor).center().y());
+    const int aside = horizontalScrollBar()->value();
     setTextCursor(cursor);
-    centerCursor();
+    if (!isSeen) centerCursor();
+    horizontalScrollBar()->setValue(aside);
+    return true;
 }
 
 void FileTextView::mouseReleaseEvent(QMouseEvent* event) {
     QPlainTextEdit::mouseReleaseEvent(event);
     const auto block = static_cast<std::size_t>(textCursor().blockNumber());
-    if (!textCursor().hasSelection() && block < Numbers.size() && OnLine) OnLine(Numbers[block]);
+    if (!textCursor().hasSelection() && block < Lines.size() && OnLine) OnLine(Lines[block].Number);
 }
 }  // namespace kelvarin::view

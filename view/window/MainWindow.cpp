@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QHeaderView>
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
@@ -32,6 +33,7 @@ MainWindow::MainWindow(const ModuleLoader& module, std::vector<ParsedSetting> se
     ShowRecent();
     restoreGeometry(state.value("geometry").toByteArray());
     restoreState(state.value("state").toByteArray());
+    Signals->header()->restoreState(state.value("columns").toByteArray());
     ChangeTimer.start(1000);
 }
 
@@ -62,6 +64,7 @@ void MainWindow::BuildLayout() {
     list->addWidget(Signals = new SignalTree, 1);
     FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
     FilterField->setClearButtonEnabled(true);
+    FilterField->setAcceptDrops(false);  // a file is opened wherever it is dropped
     QDockWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
     QDockWidget* const cursors =
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
@@ -117,7 +120,7 @@ void MainWindow::ShowLook() {
     Area->ShowLook();
 }
 
-// The finding and the line of the cursor's sample are shown too, if the text is of that place.
+// The finding and the line of the cursor's sample are shown too.
 void MainWindow::ShowCursors() {
     Area->ShowCursors();
     Values->Show(Plotted);
@@ -128,6 +131,7 @@ void MainWindow::ShowCursors() {
     if (rows == 0 || rows > shown.Lines.Rows()) return;
     const std::uint64_t line = shown.Lines.LineOf(rows - 1);
     Findings->SelectLine(line);
+    ShowText(line);
     Tell(Titled(Phrase("line {}", line)));
 }
 
@@ -158,6 +162,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QSettings state;
     state.setValue("geometry", saveGeometry());
     state.setValue("state", saveState());
+    state.setValue("columns", Signals->header()->saveState());
     Queue.Cancel();
     QMainWindow::closeEvent(event);
 }

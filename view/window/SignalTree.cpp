@@ -101,6 +101,9 @@ void SignalTree::ShowFile(const std::shared_ptr<const ImportedFile>& file, const
     std::erase_if(Files, [&](const auto& other) { return other->Path == file->Path; });
     Files.push_back(file);
     QTreeWidgetItem* const parent = FileItem(path);
+    // Without its current signal the tree would take another file for the current one.
+    const int current = parent->indexOfChild(currentItem());
+    if (current >= 0) setCurrentItem(parent);
     qDeleteAll(parent->takeChildren());
     QList<QTreeWidgetItem*> items;
     for (std::size_t i = 0; i < file->Signals.size(); ++i) {
@@ -118,8 +121,10 @@ void SignalTree::ShowFile(const std::shared_ptr<const ImportedFile>& file, const
     }
     parent->addChildren(items);
     parent->setExpanded(true);
+    if (current >= 0 && current < parent->childCount()) setCurrentItem(parent->child(current));
     if (currentItem() == nullptr) setCurrentItem(parent);
     IsFilling = false;
+    Filter(Wanted);
 }
 
 void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSignal>& grown) {
@@ -142,6 +147,7 @@ void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSigna
     }
     parent->setExpanded(true);
     IsFilling = false;
+    Filter(Wanted);
 }
 
 void SignalTree::RemoveFile(const QString& path) {
@@ -163,6 +169,7 @@ void SignalTree::ShowTicks(const PlotModel& model) {
 }
 
 void SignalTree::Filter(const QString& text) {
+    Wanted = text;
     for (int i = 0; i < topLevelItemCount(); ++i) {
         for (int k = 0; k < topLevelItem(i)->childCount(); ++k) {
             QTreeWidgetItem* const item = topLevelItem(i)->child(k);

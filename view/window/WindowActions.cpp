@@ -56,6 +56,9 @@ void MainWindow::BuildMenus() {
     BuildCursorMenu();
     QMenu* const windows = createPopupMenu();
     windows->setTitle(InMenu(Phrase("&Windows")));
+    int number = 0;
+    for (QAction* const window : windows->actions())
+        window->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number++)));
     menuBar()->addMenu(windows);
 }
 
@@ -71,7 +74,7 @@ void MainWindow::BuildFileMenu() {
     AddAction(menu, Phrase("&Settings..."), Qt::CTRL | Qt::Key_Comma, [this] { ChangeSettings(); });
     AddAction(menu, Phrase("&Keep what was assumed beside the file"), Qt::CTRL | Qt::Key_K,
               [this] { KeepBeside(); });
-    AddAction(menu, Phrase("&Close the file"), QKeySequence::Close,
+    AddAction(menu, Phrase("&Close the file"), Qt::CTRL | Qt::Key_W,
               [this] { Close(Signals->CurrentPath()); });
     menu->addSeparator();
     BuildExportMenu();
@@ -152,8 +155,16 @@ void MainWindow::BuildCursorMenu() {
                   {Phrase("Times with their &zone"), ClockStyle::Zoned, Qt::Key_2},
                   {Phrase("Times in &UTC"), ClockStyle::Utc, Qt::Key_3},
                   {Phrase("Times from the &start"), ClockStyle::Relative, Qt::Key_4}};
+    auto* const group = new QActionGroup(menu);
     for (const auto& clock : clocks) {
-        AddAction(menu, clock.Text, Qt::CTRL | clock.Key, [this, style = clock.Style] { SetClock(style); });
+        QAction* const action = AddAction(menu, clock.Text, Qt::CTRL | clock.Key,
+                                          [this, style = clock.Style] { SetClock(style); });
+        action->setCheckable(true);
+        group->addAction(action);
+        // A file can bring its own.
+        QObject::connect(menu, &QMenu::aboutToShow, action, [this, action, style = clock.Style] {
+            action->setChecked(Plotted.Times.Style == style);
+        });
     }
 }
 
@@ -169,7 +180,10 @@ void MainWindow::ShowRecent() {
     RecentMenu->clear();
     RecentMenu->setEnabled(!Recent.isEmpty());
     for (const QString& path : Recent) {
-        QAction* const action = RecentMenu->addAction(QString(path).replace(u'&', "&&"));
+        const auto number = static_cast<int>(RecentMenu->actions().size()) + 1;
+        const QString letter = number < MostRecent ? "&%1  " : "1&0  ";
+        QAction* const action =
+            RecentMenu->addAction(letter.arg(number) + ShownText(path.toStdString()).replace(u'&', "&&"));
         QObject::connect(action, &QAction::triggered, this, [this, path] { Open(path); });
     }
 }
