@@ -171,6 +171,29 @@ TEST_F(WindowUse, ShowsTheLineOfAClickOnAPlot) {
     }
 }
 
+// The cells of a line have the tints of their columns, and in another scheme others; the marked line has one.
+TEST_F(WindowUse, TintsTheColumnsOfTheText) {
+    Open(Write("one.csv", OneFile));
+    const auto colors = [this](int line) {
+        const QTextBlock block = Shown->FileText().document()->findBlockByNumber(line);
+        std::vector<QColor> found;
+        for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+            if (range.format.hasProperty(QTextFormat::BackgroundBrush))
+                found.push_back(range.format.background().color());
+        }
+        return found;
+    };
+    const std::vector<QColor> light = colors(3);
+    ASSERT_EQ(light.size(), 4u);
+    EXPECT_NE(light[0], light[1]);
+    EXPECT_EQ(colors(2), light);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    QCoreApplication::processEvents();
+    EXPECT_LT(colors(3)[0].lightness(), light[0].lightness());
+    QApplication::setPalette(before);
+}
+
 // What the filter hides stays hidden in files that come later.
 TEST_F(WindowUse, FiltersFilesToCome) {
     QTest::keyClicks(Shown->findChild<QLineEdit*>(), "PRES");

@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSyntaxHighlighter>
 #include <QTextBlock>
 #include <algorithm>
 #include <array>
@@ -43,6 +44,30 @@ QString WithoutObeyed(QString text) {
     }
     return text;
 }
+
+// Each cell in the tint of its column. The formats of a line are made once: selections would be gone through
+// whenever something is drawn.
+class ColumnTints : public QSyntaxHighlighter {
+  public:
+    using Spans = std::function<std::vector<std::pair<int, int>>(int line)>;
+
+    ColumnTints(QPlainTextEdit& view, Spans cells)
+        : QSyntaxHighlighter(view.document()), View(view), Cells(std::move(cells)) {}
+
+  protected:
+    void highlightBlock(const QString&) override {
+        std::size_t column = 0;
+        for (const auto& [begin, length] : Cells(currentBlock().blockNumber())) {
+            QTextCharFormat tint;
+            tint.setBackground(Tinted(View.palette(), column++));
+            setFormat(begin, length, tint);
+        }
+    }
+
+  private:
+    const QPlainTextEdit& View;
+    const Spans Cells;
+};
 }  // namespace
 
 FindingsView::FindingsView(QWidget* parent) : QTreeWidget(parent) {
@@ -103,16 +128,15 @@ FileTextView::FileTextView(QWidget* parent) : QPlainTextEdit(parent) {
     direction.setTextDirection(Qt::LeftToRight);
     document()->setDefaultTextOption(direction);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Tints = new ColumnTints(*this, [this](int line) { return CellsOf(static_cast<std::size_t>(line)); });
 }
 
 void FileTextView::Show(std::vector<FileLine> lines, std::uint64_t marked) {
     Lines = std::move(lines);
-    Starts.clear();
+    Digits = Lines.empty() ? 1 : static_cast<int>(std::to_string(Lines.back().Number).size());
     QString text;
-    const int digits = Lines.empty() ? 1 : static_cast<int>(std::to_string(Lines.back().Number).size());
     for (const FileLine& line : Lines) {
-        text += QString::number(line.Number).rightJustified(digits) + "  ";
-        Starts.push_back(static_cast<int>(text.size()));
+        text += QString::number(line.Number).rightJustified(Digits) + "  ";
         text += WithoutObeyed(QString::fromStdString(line.Text)) + "\n";
     }
     text.chop(1);
@@ -120,30 +144,32 @@ void FileTextView::Show(std::vector<FileLine> lines, std::uint64_t marked) {
     Mark(marked);
 }
 
+// Where the cells of a line are in the text that is shown, behind its number.
+std::vector<std::pair<int, int>> FileTextView::CellsOf(std::size_t line) const {
+    if (line >= Lines.size()) return {};
+    std::vector<std::pair<int, int>> cells = Lines[line].Cells;
+    for (auto& cell : cells) cell.first += Digits + 2;
+    return cells;
+}
+
+void FileTextView::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && Tints != nullptr) Tints->rehighlight();
+}
+
 bool FileTextView::Mark(std::uint64_t line) {
-    QList<QTextEdit::ExtraSelection> tints;
-    const auto tint = [&](int from, int length, const QColor& color, bool isWhole) {
-        QTextEdit::ExtraSelection added;
-        added.cursor = QTextCursor(document());
-        added.cursor.setPosition(from);
-        added.cursor.setPosition(from + length, QTextCursor::KeepAnchor);
-        added.format.setBackground(color);
-        if (isWhole) added.format.setProperty(QTextFormat::FullWidthSelection, true);
-        tints.push_back(added);
-    };
-    int found = -1;
-    for (std::size_t i = 0; i < Lines.size(); ++i) {
-        if (Lines[i].Number == line) {
-            found = static_cast<int>(i);
-            tint(Starts[i], 0, palette().color(QPalette::Highlight).lighter(160), true);
-            continue;
-        }
-        for (std::size_t k = 0; k < Lines[i].Cells.size(); ++k)
-            tint(Starts[i] + Lines[i].Cells[k].first, Lines[i].Cells[k].second, Tinted(palette(), k), false);
+    const auto found = std::find_if(Lines.begin(), Lines.end(),
+                                    [line](const FileLine& shown) { return shown.Number == line; });
+    if (found == Lines.end()) {
+        setExtraSelections({});
+        return false;
     }
-    setExtraSelections(tints);
-    if (found < 0) return false;
-    const QTextCursor cursor(document()->findBlockByNumber(found));
+    const QTextCursor cursor(document()->findBlockByNumber(static_cast<int>(found - Lines.begin())));
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = cursor;
+    mark.format.setBackground(palette().color(QPalette::Highlight).lighter(160));
+    mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+    setExtraSelections({mark});
     const bool isSeen = viewport()->rect().contains(0, cursorRect(cursor).center().y());
     const int aside = horizontalScrollBar()->value();
     setTextCursor(cursor);

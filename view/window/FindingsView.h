@@ -4,10 +4,13 @@
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "view/model/FileImport.h"
 #include "view/model/FileText.h"
+
+class QSyntaxHighlighter;
 
 namespace kelvarin::view {
 class FindingsView : public QTreeWidget {
@@ -42,9 +45,13 @@ class FileTextView : public QPlainTextEdit {
 
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
+    std::vector<std::pair<int, int>> CellsOf(std::size_t line) const;
+
     std::vector<FileLine> Lines;
-    std::vector<int> Starts;  // where the text of each begins, behind its number
+    int Digits = 1;  // of their numbers, in front of each
+    QSyntaxHighlighter* Tints = nullptr;
 };
 }  // namespace kelvarin::view

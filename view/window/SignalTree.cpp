@@ -14,6 +14,7 @@ namespace kelvarin::view {
 namespace {
 enum Column { NameColumn, UnitColumn, CourseColumn, SamplesColumn, RangeColumn, TypeColumn, ColumnCount };
 constexpr int PathRole = Qt::UserRole;
+constexpr int CourseWidth = 12;               // characters
 constexpr int NumberRole = Qt::UserRole + 1;  // of the signal in its file
 
 QString Said(const std::string& text) {
@@ -40,7 +41,6 @@ QString RangeText(const PlottedSignal& signal) {
 }
 
 void Fill(QTreeWidgetItem& item, const PlottedSignal& signal) {
-    constexpr std::size_t CourseWidth = 12;
     item.setText(NameColumn, ShownText(signal.Name()));
     item.setText(UnitColumn, ShownText(signal.Unit()));
     item.setText(TypeColumn, TypeText(signal));
@@ -59,9 +59,10 @@ SignalTree::SignalTree(QWidget* parent) : QTreeWidget(parent) {
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
     setUniformRowHeights(true);
-    constexpr int Widths[] = {150, 55, 110, 55, 100};
+    const int course = fontMetrics().horizontalAdvance(QString(CourseWidth, QChar(0x2588)));
+    const int widths[] = {150, 55, course + 12, 55, 120};
     setIndentation(12);
-    for (int column = 0; column < TypeColumn; ++column) header()->resizeSection(column, Widths[column]);
+    for (int column = 0; column < TypeColumn; ++column) header()->resizeSection(column, widths[column]);
     QObject::connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         const SignalPointer signal = SignalOf(item);
         if (IsFilling || column != NameColumn || signal == nullptr || !OnTicked) return;
