@@ -10,7 +10,7 @@
 namespace kelvarin::view {
 namespace {
 constexpr int MarkDistance = 120;
-constexpr int MostNamed = 20;  // signals in the legend of a plot
+constexpr std::size_t MostNamed = 12;  // signals in the legend of a plot
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128;
@@ -118,18 +118,7 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         drawing.ValueAxes.push_back(axis);
     }
     const bool isDark = IsDark(palette());
-    auto* const names = new QCPLegend;
-    names->setFont(font());
-    names->setTextColor(palette().color(QPalette::Text));
-    names->setBorderPen(Qt::NoPen);
-    QColor ground = palette().color(QPalette::Base);
-    ground.setAlpha(200);
-    names->setBrush(ground);
-    names->setFillOrder(QCPLayoutGrid::foColumnsFirst);
-    names->setMargins({4, 1, 4, 1});
-    names->setIconSize(14, 10);
-    drawing.Rect->insetLayout()->addElement(names, Qt::AlignTop | Qt::AlignLeft);
-    names->setLayer("legend");
+    QCPLegend* const names = AddLegend(*drawing.Rect, pane);
     const auto isLane = [](const SignalPointer& signal) { return signal->Kind() != SignalKind::Number; };
     Lane lane{0, static_cast<int>(std::count_if(pane.Signals.begin(), pane.Signals.end(), isLane)),
               !units.empty()};
@@ -154,6 +143,30 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         names->addElement(more);
     }
     Drawings.push_back(std::move(drawing));
+}
+
+// Has as many names in a row as the area has room for.
+QCPLegend* PlotArea::AddLegend(QCPAxisRect& rect, const Pane& pane) const {
+    constexpr int Icon = 14;
+    constexpr int Gaps = 14;   // beside an icon and its name
+    constexpr int Axes = 120;  // of pixels, beside the plots
+    auto* const names = new QCPLegend;
+    names->setFont(font());
+    names->setTextColor(palette().color(QPalette::Text));
+    names->setBorderPen(Qt::NoPen);
+    QColor ground = palette().color(QPalette::Base);
+    ground.setAlpha(200);
+    names->setBrush(ground);
+    int widest = 0;
+    for (std::size_t i = 0; i < std::min(pane.Signals.size(), MostNamed); ++i)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(TitleOf(*pane.Signals[i])));
+    names->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+    names->setWrap(std::max(1, (width() - Axes) / (widest + Icon + Gaps)));
+    names->setMargins({4, 1, 4, 1});
+    names->setIconSize(Icon, 10);
+    rect.insetLayout()->addElement(names, Qt::AlignTop | Qt::AlignLeft);
+    names->setLayer("legend");
+    return names;
 }
 
 // The axis of a pane of bands has their names.

@@ -76,6 +76,7 @@ class PlotArea : public QCustomPlot {
     enum class Drag { None, Pan, Band };
 
     void AddPane(const Pane& pane, std::size_t& color);
+    QCPLegend* AddLegend(QCPAxisRect& rect, const Pane& pane) const;
     void StyleAxis(QCPAxis* axis, const QColor& color) const;
     void NameLanes(const PaneDrawing& drawing, const Pane& pane);
     void ScaleValues(const Pane& pane, PaneDrawing& drawing) const;

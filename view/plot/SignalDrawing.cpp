@@ -18,12 +18,16 @@ QColor Pale(const QColor& color, int alpha) {
 }
 }  // namespace
 
+QString TitleOf(const PlottedSignal& signal) {
+    const QString unit = ShownText(signal.Unit());
+    const QString name = ShownText(signal.Name());
+    return unit.isEmpty() ? name : name + " [" + unit + "]";
+}
+
 SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,
                              std::shared_ptr<const PlottedSignal> signal, QColor color, Lane lane)
     : QCPAbstractPlottable(keyAxis, valueAxis), Shown(std::move(signal)), Ink(std::move(color)), Place(lane) {
-    const QString unit = ShownText(Shown->Unit());
-    const QString title = ShownText(Shown->Name());
-    setName(unit.isEmpty() ? title : title + " [" + unit + "]");
+    setName(TitleOf(*Shown));
     setSelectable(QCP::stNone);
 }
 
