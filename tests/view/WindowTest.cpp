@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
+#include <QHeaderView>
 #include <QTextBlock>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
@@ -190,10 +191,17 @@ TEST_F(ViewWindow, CancelsReadingAndShowsWhatIsThere) {
 TEST_F(ViewWindow, RemembersFilesAndItsLayout) {
     Open(Write("lauf.csv", GermanFile(5)));
     Shown->resize(900, 650);
+    Shown->Tree().header()->resizeSection(0, 77);
+    auto* const list = Shown->findChild<QDockWidget*>("signals");
+    Shown->resizeDocks({list}, {333}, Qt::Horizontal);
+    Shown->findChild<QDockWidget*>("text")->hide();
     Shown->close();
     Shown = std::make_unique<MainWindow>(HostModule());
     Shown->show();
     EXPECT_EQ(Shown->size(), QSize(900, 650));
+    EXPECT_EQ(Shown->Tree().header()->sectionSize(0), 77);
+    EXPECT_EQ(Shown->findChild<QDockWidget*>("signals")->width(), 333);
+    EXPECT_FALSE(Shown->findChild<QDockWidget*>("text")->isVisible());
     EXPECT_EQ(QSettings().value("recent").toStringList(), QStringList{ToQt(Folder.Path("lauf.csv"))});
 }
 
