@@ -173,6 +173,28 @@ TEST_F(OddFiles, WorksAThousandSignals) {
     EXPECT_EQ(drawn[1000], drawn[2]);
 }
 
+// Forty units in one plot leave it room.
+TEST_F(OddFiles, PlotsManyUnitsTogether) {
+    const QStringList units =
+        QString(
+            "V A W Hz bar Pa N Nm kg g m mm cm km s ms min h K mV kV mA kW kHz MHz mbar kPa MPa "
+            "kN l ml rpm km/h m/s rad deg Ohm kJ mT dB")
+            .split(' ');
+    std::string bytes = "time";
+    for (const QString& unit : units) bytes += ";of " + unit.toStdString() + " [" + unit.toStdString() + "]";
+    for (int row = 10; row < 40; ++row) {
+        bytes += "\n2024-01-31 08:00:" + std::to_string(row);
+        for (int i = 0; i < units.size(); ++i) bytes += ";" + std::to_string(i + row) + ".5";
+    }
+    Open(Write("units.csv", bytes + "\n"));
+    Shown->Tree().selectAll();
+    QTest::keyClick(Shown.get(), Qt::Key_T, Qt::ControlModifier);
+    QTest::qWait(20);
+    ASSERT_EQ(Shown->Model().Panes().size(), 1u);
+    EXPECT_EQ(Shown->Model().Panes()[0].Units().size(), static_cast<std::size_t>(units.size()));
+    EXPECT_GT(Shown->Plots().PlotRect().width(), Shown->Plots().width() / 3);
+}
+
 // Texts from right to left, wide and doubled characters, marks that a screen would obey: in every place where
 // a text of the file is shown.
 TEST_F(OddFiles, ShowsTextsOfAllScripts) {

@@ -10,6 +10,7 @@
 namespace kelvarin::view {
 namespace {
 constexpr int MarkDistance = 120;
+constexpr std::size_t MostAxes = 6;    // beside a plot; of other units the cursors tell the values
 constexpr std::size_t MostNamed = 12;  // signals in the legend of a plot
 
 bool IsDark(const QPalette& palette) {
@@ -114,6 +115,7 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         StyleAxis(axis, palette().color(QPalette::Text));
         axis->ticker()->setTickCount(4);
         axis->grid()->setVisible(i == 0);
+        axis->setVisible(i < MostAxes);
         if (i < units.size()) axis->setLabel(ShownText(units[i]));
         drawing.ValueAxes.push_back(axis);
     }
