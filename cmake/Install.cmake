@@ -92,5 +92,7 @@ if(KELVARIN_VIEW)
   set(CPACK_DEBIAN_VIEW_PACKAGE_SECTION science)
   set(CPACK_COMPONENT_VIEW_DESCRIPTION "Viewer of measurement text files (CSV), and the settings dialog of the import")
   set(CPACK_DEBIAN_VIEW_PACKAGE_DEPENDS "kelvarin-csv-import (= ${PROJECT_VERSION})")
+  # Qt's own texts in the user's language: 13 MB, of which a desktop may have better use.
+  set(CPACK_DEBIAN_VIEW_PACKAGE_RECOMMENDS qt6-translations-l10n)
 endif()
 include(CPack)

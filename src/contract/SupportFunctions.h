@@ -10,6 +10,9 @@ std::u16string GetCommonProfileName();
 // Before the module is loaded.
 void SetPreferredLanguage(const std::string& code);
 
+// That language; the user's own unless another one was set.
+std::string LanguageInForce();
+
 // Loads the host's language resources for the current module. False if there are none for the language in
 // force; the module's own resources then stay.
 bool LoadLanguageDll();

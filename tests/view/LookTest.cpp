@@ -12,6 +12,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTest>
 #include <QTreeView>
 #include <cmath>
 
@@ -202,6 +203,40 @@ TEST(ViewLook, FollowsASchemeThatChangesWhileItIsOpen) {
         auto& list = dynamic_cast<QTreeView&>(*WidgetOf(CtrlPreview));
         const QVariant tint = list.model()->data(list.model()->index(0, 0), Qt::BackgroundRole);
         EXPECT_EQ(tint.value<QColor>().name().toStdString(), "#304050");
+    });
+}
+
+// Every page, also one that is made afterwards, has room again; what was typed and the widths of columns
+// stay.
+TEST(ViewLook, FollowsAFontThatChangesWhileItIsOpen) {
+    const Look before;
+    QFont font("DejaVu Sans");
+    font.setPixelSize(12);
+    QApplication::setFont(font);
+    ShowDialog([&font](CDialog&) {
+        DoStep("page 1");
+        DoStep("page 0");
+        DoStep("type 1015 7");
+        auto& list = dynamic_cast<QTreeView&>(*WidgetOf(CtrlPreview));
+        const QSize size = FrontWindow()->size();
+        const auto share = [&list] { return static_cast<double>(list.columnWidth(0)) / list.width(); };
+        for (const int pixels : {24, 9, 12}) {
+            SCOPED_TRACE(pixels);
+            font.setPixelSize(pixels);
+            const double wanted = share();
+            QApplication::setFont(font);
+            QTest::qWait(20);
+            EXPECT_NEAR(share(), wanted, 0.01);
+            for (const int page : {0, 1}) {
+                DoStep("page " + std::to_string(page));
+                EXPECT_EQ(CutTexts(), "");
+                EXPECT_EQ(MisplacedWidgets(), "");
+            }
+            DoStep("page 0");
+            EXPECT_EQ(FrontWindow()->width() > size.width(), pixels > 12);
+            EXPECT_EQ(WidgetOf(CtrlTimeColumn)->findChild<QLineEdit*>()->text(), "7");
+        }
+        EXPECT_EQ(FrontWindow()->size(), size);
     });
 }
 

@@ -169,6 +169,41 @@ TEST(PlotArea, DrawsOddValues) {
     }
 }
 
+// Where the ink of a signal is: at the upper edge, at the lower one, or between two samples that have values.
+TEST(PlotArea, MarksInfinitiesAtTheEdgesAndLeavesGaps) {
+    constexpr double Infinity = std::numeric_limits<double>::infinity();
+    const struct {
+        double Middle;  // of five samples, whose others are 1, 2, 1, 2
+        bool IsAbove, IsBelow, IsJoined;
+    } cases[] = {{1.5, false, false, true},
+                 {NaN, false, false, false},
+                 {Infinity, true, false, false},
+                 {-Infinity, false, true, false}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.Middle);
+        PlotModel model;
+        model.Add(SignalOf(EvenTimes(5, 10), {1, 2, test.Middle, 1, 2}), 0);
+        PlotArea area(model);
+        area.Arrange({600, 300});
+        const QImage image = PixmapOf(area).toImage();
+        const QRect rect = area.PlotRect();
+        const auto hasInk = [&](double from, double to, int top, int bottom) {
+            for (int x = static_cast<int>(from); x <= static_cast<int>(to); ++x) {
+                for (int y = top; y <= bottom; ++y) {
+                    if (image.pixel(x, y) == SignalColor(0, false).rgb()) return true;
+                }
+            }
+            return false;
+        };
+        const double middle = area.PlaceOf(20);
+        constexpr int Edge = 6;
+        EXPECT_EQ(hasInk(middle - 3, middle + 3, rect.top(), rect.top() + Edge), test.IsAbove);
+        EXPECT_EQ(hasInk(middle - 3, middle + 3, rect.bottom() - Edge, rect.bottom()), test.IsBelow);
+        EXPECT_EQ(hasInk(area.PlaceOf(10) + 6, area.PlaceOf(30) - 6, rect.top() + 20, rect.bottom() - 20),
+                  test.IsJoined);
+    }
+}
+
 TEST(ViewArguments, AreTakenOrRefused) {
     const struct {
         std::vector<std::string> Words;

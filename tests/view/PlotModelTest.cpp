@@ -33,6 +33,31 @@ TEST(PlotModel, ShowsAllOfTheFirstSignals) {
     EXPECT_EQ(model.Panes()[1].Signals.size(), 2u);
 }
 
+// The panes after signals were brought together, by number.
+TEST(PlotModel, GathersSignalsInAPane) {
+    const struct {
+        std::vector<std::size_t> Some;
+        std::size_t Pane;
+        const char* Panes;
+    } cases[] = {{{0}, 0, "0|1|2|"},   {{0, 2}, 1, "1 0 2|"}, {{2, 1}, 3, "0|2 1|"},   {{1}, 2, "0|2 1|"},
+                 {{3}, 1, "0|1 3|2|"}, {{}, 3, "0|1|2|"},     {{0, 1, 2}, 0, "0 1 2|"}};
+    for (const auto& test : cases) {
+        PlotModel model;
+        const auto signals = Signals(4);
+        for (std::size_t i = 0; i < 3; ++i) model.Add(signals[i], i);
+        std::vector<SignalPointer> some;
+        for (const std::size_t number : test.Some) some.push_back(signals[number]);
+        model.Gather(some, test.Pane);
+        std::string panes;
+        for (const Pane& pane : model.Panes()) {
+            for (const SignalPointer& signal : pane.Signals)
+                panes += (&signal == &pane.Signals.front() ? "" : " ") + signal->Name().substr(1);
+            panes += "|";
+        }
+        EXPECT_EQ(panes, test.Panes);
+    }
+}
+
 TEST(PlotModel, TakesBackAndDoesAgain) {
     PlotModel model;
     model.Add(Signals(1)[0], 0);

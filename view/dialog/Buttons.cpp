@@ -70,15 +70,16 @@ class LabelWidget : public ControlWidget {
 
 class GroupWidget : public ControlWidget {
   public:
-    explicit GroupWidget(const ControlParts& parts) : ControlWidget(parts, new QGroupBox(parts.Parent)) {
-        // Some styles draw the title above the frame: it takes the gap to the group before, so that the frame
-        // stays clear of the controls in it.
-        constexpr short Gap = 3;  // dialog units
-        Widget().setGeometry(
-            Widget().geometry().adjusted(0, -GetDialogUnits().ToPixels({0, 0, 0, Gap}).Height(), 0, 0));
-    }
+    explicit GroupWidget(const ControlParts& parts) : ControlWidget(parts, new QGroupBox(parts.Parent)) {}
 
   protected:
+    // Some styles draw the title above the frame: it takes the gap to the group before, so that the frame
+    // stays clear of the controls in it.
+    QRect Room() const override {
+        constexpr short Gap = 3;  // dialog units
+        return ControlWidget::Room().adjusted(0, -GetDialogUnits().ToPixels({0, 0, 0, Gap}).Height(), 0, 0);
+    }
+
     void ShowContent() override { static_cast<QGroupBox&>(Widget()).setTitle(ToQt(Parts.Control.Text)); }
 };
 

@@ -10,24 +10,26 @@ namespace {
 // The height of a list that is dropped down counts with its list.
 constexpr short ComboHeight = 13;  // dialog units
 
-CRect PlaceOf(const ControlParts& parts) {
-    CRect place = parts.Control.Place;
-    if (parts.Control.IsCombo())
-        place.Bottom = place.Top + GetDialogUnits().ToPixels({0, 0, 0, ComboHeight}).Height();
-    if (parts.Spin != nullptr) place.Right = std::max(place.Right, parts.Spin->Place.Right);
-    return place;
-}
-
 }  // namespace
 
 ControlWidget::ControlWidget(const ControlParts& parts, QWidget* drawn) : Parts(parts), Drawn(drawn) {
-    const CRect place = PlaceOf(parts);
-    Drawn->setGeometry(place.Left, place.Top, place.Width(), place.Height());
     Drawn->setObjectName(QString::number(parts.Control.Id));
 }
 
 ControlWidget::~ControlWidget() {
     delete Drawn;
+}
+
+QRect ControlWidget::Room() const {
+    CRect place = Parts.Control.Place;
+    if (Parts.Control.IsCombo())
+        place.Bottom = place.Top + GetDialogUnits().ToPixels({0, 0, 0, ComboHeight}).Height();
+    if (Parts.Spin != nullptr) place.Right = std::max(place.Right, Parts.Spin->Place.Right);
+    return {place.Left, place.Top, place.Width(), place.Height()};
+}
+
+void ControlWidget::Place() {
+    Drawn->setGeometry(Room());
 }
 
 void ControlWidget::Show() {

@@ -37,6 +37,9 @@ class ControlWidget {
     ControlWidget(const ControlWidget&) = delete;
     ControlWidget& operator=(const ControlWidget&) = delete;
 
+    // Puts the widget where the control is.
+    void Place();
+
     // Makes the widget look as the control is.
     void Show();
 
@@ -49,6 +52,9 @@ class ControlWidget {
 
   protected:
     ControlWidget(const ControlParts& parts, QWidget* drawn);
+
+    // Where the widget is in its parent.
+    virtual QRect Room() const;
 
     // Text and all else that this kind of control has.
     virtual void ShowContent() = 0;

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "platform/framework/DialogDriver.h"
 #include "platform/framework/PropertySheet.h"
 #include "platform/framework/UserInput.h"
 #include "platform/framework/portable/DialogFront.h"
@@ -24,7 +25,7 @@ constexpr int CancelId = 2;
 // The room of a page inside the tabs. On a screen that is too low for the whole page it is scrolled.
 class PageArea : public QScrollArea {
   public:
-    explicit PageArea(QSize size) : Size(size) {
+    explicit PageArea(QSize size) {
         auto* const page = new QWidget;
         page->setFixedSize(size);
         setWidget(page);
@@ -34,10 +35,7 @@ class PageArea : public QScrollArea {
         page->setAutoFillBackground(false);
         viewport()->setAutoFillBackground(false);
     }
-    QSize sizeHint() const override { return Size; }
-
-  private:
-    const QSize Size;
+    QSize sizeHint() const override { return widget()->size(); }
 };
 
 QSize SizeOf(const DialogTemplate& dialog) {
@@ -51,11 +49,7 @@ DialogWindow::DialogWindow(CDialog& frame, QWidget* parent) : QDialog(parent), F
     setWindowTitle(ToQt(frame.GetTemplate().Title));
     if (frame.Sheet != nullptr) MakeTabs();
     FrameView = std::make_unique<PageView>(frame, *this, *this);
-    if (frame.Sheet != nullptr) {
-        ArrangeFrame();
-    } else {
-        setFixedSize(SizeOf(frame.GetTemplate()));
-    }
+    ArrangeFrame();
     qApp->installEventFilter(this);
     // The focus can also be moved past the keyboard and the mouse, by tools for the disabled.
     connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
@@ -110,6 +104,7 @@ QSize DialogWindow::RoomOfTabs() const {
 // The tabs take the room that the style gives them; the frame's buttons come below them, the last at the
 // right.
 void DialogWindow::ArrangeFrame() {
+    if (Tabs == nullptr) return setFixedSize(SizeOf(Frame.GetTemplate()));
     const CRect gap = GetDialogUnits().ToPixels({4, 4, 4, 6});
     Tabs->ensurePolished();
     Tabs->setGeometry(QRect(QPoint(gap.Left, gap.Top), RoomOfTabs()));
@@ -124,6 +119,26 @@ void DialogWindow::ArrangeFrame() {
         bottom = std::max(bottom, widget.geometry().bottom() + 1);
     }
     setFixedSize(tabs.right() + 1 + gap.Left, bottom + gap.Height());
+}
+
+// Another font or style has other units.
+void DialogWindow::PlaceAnew() {
+    if (Frame.IsEnded()) return;
+    if (DialogDriver* const driver = GetDialogDriver()) driver->PrepareDialog();
+    Do([this] {
+        PlaceControls(Frame);
+        FrameView->Place();
+        for (std::size_t i = 0; i < Pages.size(); ++i) {
+            CPropertyPage& page = Frame.Sheet->GetPage(static_cast<int>(i));
+            QScrollArea& area = AreaOf(static_cast<int>(i));
+            area.widget()->setFixedSize(SizeOf(page.GetTemplate()));
+            area.updateGeometry();
+            if (Pages[i] == nullptr) continue;
+            PlaceControls(page);
+            Pages[i]->Place();
+        }
+        ArrangeFrame();
+    });
 }
 
 // Pages come into being while the dialog is open.
@@ -221,9 +236,13 @@ void DialogWindow::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-// The user's scheme can change while the dialog is open.
+// The user's scheme, font and style can change while the dialog is open. A new font comes to the widgets one
+// after the other, and is measured once all have it.
 void DialogWindow::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        QMetaObject::invokeMethod(
+            this, [this] { PlaceAnew(); }, Qt::QueuedConnection);
     if (event->type() != QEvent::PaletteChange) return;
     UseColorsOfPalette();
     Do([] {});

@@ -36,6 +36,7 @@ class DialogWindow : public QDialog, public StepRunner {
     void MakeTabs();
     void MakePages();
     void ArrangeFrame();
+    void PlaceAnew();
     QSize RoomOfTabs() const;
     QScrollArea& AreaOf(int page) const;
     void OrderTabs();

@@ -27,6 +27,7 @@ PageView::PageView(CDialog& page, StepRunner& steps, QWidget& area) {
     for (const auto& control : page.GetNative().Controls) {
         auto made = MakeControlWidget({page, *control, SpinOf(page, *control), steps, &area});
         if (made == nullptr) continue;
+        made->Place();
         made->Widget().show();
         Widgets.push_back(std::move(made));
     }
@@ -53,6 +54,10 @@ void PageView::LinkLabels() {
 void PageView::Show() {
     for (const auto& widget : Widgets) widget->Show();
     LimitTabbing();
+}
+
+void PageView::Place() {
+    for (const auto& widget : Widgets) widget->Place();
 }
 
 // The tab key comes to one radio button of a group: the checked one, or the first that is enabled.

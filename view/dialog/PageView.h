@@ -18,6 +18,9 @@ class PageView {
 
     void Show();
 
+    // Puts all widgets where their controls are.
+    void Place();
+
     // The control's widget, or null.
     ControlWidget* Find(const NativeWindow* control) const;
 

@@ -17,8 +17,8 @@ QString FiltersOf(const std::u16string& filter) {
     const QStringList parts = ToQt(filter).split('|', Qt::SkipEmptyParts);
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        filters << parts[i] + " (" + patterns.replace(';', ' ') + ")";
+        const QString patterns = " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+        filters << (parts[i].endsWith(patterns) ? parts[i] : parts[i] + patterns);
     }
     return filters.join(";;");
 }

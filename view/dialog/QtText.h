@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/framework/VisibleText.h"
+
 namespace kelvarin::view {
 
 inline QString ToQt(std::u16string_view text) {
@@ -13,6 +15,11 @@ inline QString ToQt(std::u16string_view text) {
 
 inline std::u16string FromQt(const QString& text) {
     return text.toStdU16String();
+}
+
+// A text of a file in UTF-8, on one line and with what would be obeyed made visible.
+inline QString ShownText(std::string_view text) {
+    return QString::fromStdString(MakeVisible(text));
 }
 
 }  // namespace kelvarin::view

@@ -34,16 +34,19 @@ bool PlotModel::Has(const PlottedSignal& signal) const {
     });
 }
 
-void PlotModel::Add(SignalPointer signal, std::size_t pane) {
-    if (Has(*signal)) return;
-    const TimeRange before = Whole();
-    const bool showsAll = IsEmpty() || State.Time == before;
-    if (pane >= AllPanes.size()) {
-        pane = AllPanes.size();
-        AllPanes.emplace_back();
+void PlotModel::Gather(const std::vector<SignalPointer>& some, std::size_t pane) {
+    const bool showsAll = IsEmpty() || State.Time == Whole();
+    pane = std::min(pane, AllPanes.size());
+    if (pane == AllPanes.size()) AllPanes.emplace_back();
+    for (Pane& other : AllPanes) {
+        const auto left = std::erase_if(other.Signals, [&](const SignalPointer& signal) {
+            return std::find(some.begin(), some.end(), signal) != some.end();
+        });
+        if (left != 0) other.FixedRanges.clear();
     }
-    AllPanes[pane].Signals.push_back(std::move(signal));
+    AllPanes[pane].Signals.insert(AllPanes[pane].Signals.end(), some.begin(), some.end());
     AllPanes[pane].FixedRanges.clear();
+    std::erase_if(AllPanes, [](const Pane& one) { return one.Signals.empty(); });
     if (showsAll) SetTimes(Whole());
 }
 

@@ -45,9 +45,10 @@ class PlotModel {
 
     bool Has(const PlottedSignal& signal) const;
 
-    // Plots a signal, in a pane that is there or, with Panes().size(), in a new one below. The first signals
-    // decide what is visible.
-    void Add(SignalPointer signal, std::size_t pane);
+    // Plots signals together, in a pane that is there or, with Panes().size(), in a new one below; those that
+    // are plotted elsewhere move there. The first signals decide what is visible.
+    void Gather(const std::vector<SignalPointer>& some, std::size_t pane);
+    void Add(const SignalPointer& signal, std::size_t pane) { Gather({signal}, pane); }
     void Remove(const PlottedSignal& signal);
     void Clear();
 

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QSvgGenerator>
 #include <algorithm>
 #include <iterator>
@@ -10,11 +11,14 @@
 
 namespace kelvarin::view {
 namespace {
-void DrawOn(QPaintDevice& device, PlotArea& area) {
+void DrawOn(QPaintDevice& device, PlotArea& area, double scale = 1) {
     QCPPainter painter(&device);
+    painter.scale(scale, scale);
     painter.setMode(QCPPainter::pmVectorized);
     painter.setMode(QCPPainter::pmNoCaching);
+    painter.setMode(QCPPainter::pmNonCosmetic);  // a dot of a printer can't be seen
     area.toPainter(&painter, area.width(), area.height());
+    area.DrawCursors(painter);
 }
 }  // namespace
 
@@ -29,12 +33,20 @@ std::string PictureEnding(const std::string& path) {
     return isKnown ? ending : std::string();
 }
 
+QPixmap PixmapOf(PlotArea& area, double scale) {
+    QPixmap pixmap = area.toPixmap(area.width(), area.height(), scale);
+    QPainter painter(&pixmap);
+    painter.scale(scale, scale);
+    area.DrawCursors(painter);
+    return pixmap;
+}
+
 QByteArray PictureOf(PlotArea& area, const std::string& ending) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (ending == "png") {
-        area.toPixmap(area.width(), area.height()).save(&buffer, "PNG");
+        PixmapOf(area).save(&buffer, "PNG");
     } else if (ending == "svg") {
         QSvgGenerator generator;
         generator.setOutputDevice(&buffer);
@@ -51,5 +63,13 @@ QByteArray PictureOf(PlotArea& area, const std::string& ending) {
     }
     buffer.close();
     return bytes;
+}
+
+void PrintPlots(QPrinter& printer, PlotModel& model, const QSize& size) {
+    PlotArea paper(model);
+    paper.setPalette(QPalette(QColor(Qt::lightGray)));
+    paper.Arrange(size);
+    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
+    DrawOn(printer, paper, std::min(page.width() / size.width(), page.height() / size.height()));
 }
 }  // namespace kelvarin::view

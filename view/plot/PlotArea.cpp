@@ -5,10 +5,13 @@
 #include <cmath>
 
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
 namespace {
 constexpr int MarkDistance = 120;
+constexpr std::size_t MostAxes = 6;    // beside a plot; of other units the cursors tell the values
+constexpr std::size_t MostNamed = 12;  // signals in the legend of a plot
 
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128;
@@ -77,6 +80,13 @@ void PlotArea::Rebuild() {
     ShowLook();
 }
 
+void PlotArea::Arrange(const QSize& size) {
+    resize(size);
+    setViewport(rect());
+    Rebuild();
+    ShowLook(true);
+}
+
 void PlotArea::StyleAxis(QCPAxis* axis, const QColor& color) const {
     axis->setBasePen(QPen(color));
     axis->setTickPen(QPen(color));
@@ -105,22 +115,12 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         StyleAxis(axis, palette().color(QPalette::Text));
         axis->ticker()->setTickCount(4);
         axis->grid()->setVisible(i == 0);
-        if (i < units.size()) axis->setLabel(QString::fromStdString(units[i]));
+        axis->setVisible(i < MostAxes);
+        if (i < units.size()) axis->setLabel(ShownText(units[i]));
         drawing.ValueAxes.push_back(axis);
     }
     const bool isDark = IsDark(palette());
-    auto* const names = new QCPLegend;
-    names->setFont(font());
-    names->setTextColor(palette().color(QPalette::Text));
-    names->setBorderPen(Qt::NoPen);
-    QColor ground = palette().color(QPalette::Base);
-    ground.setAlpha(200);
-    names->setBrush(ground);
-    names->setFillOrder(QCPLayoutGrid::foColumnsFirst);
-    names->setMargins({4, 1, 4, 1});
-    names->setIconSize(14, 10);
-    drawing.Rect->insetLayout()->addElement(names, Qt::AlignTop | Qt::AlignLeft);
-    names->setLayer("legend");
+    QCPLegend* const names = AddLegend(*drawing.Rect, pane);
     const auto isLane = [](const SignalPointer& signal) { return signal->Kind() != SignalKind::Number; };
     Lane lane{0, static_cast<int>(std::count_if(pane.Signals.begin(), pane.Signals.end(), isLane)),
               !units.empty()};
@@ -131,7 +131,7 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         QCPAxis* const axis = drawing.ValueAxes[number];
         auto* const line = new SignalDrawing(times, axis, signal, ink, lane);
         if (isLane(signal)) ++lane.Index;
-        if (!units.empty()) line->addToLegend(names);
+        if (!units.empty() && drawing.Signals.size() < MostNamed) line->addToLegend(names);
         // The first signal of a unit gives its axis the colour.
         const bool isFirst = std::none_of(drawing.Signals.begin(), drawing.Signals.end(),
                                           [axis](auto* other) { return other->valueAxis() == axis; });
@@ -139,7 +139,36 @@ void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
         drawing.Signals.push_back(line);
     }
     if (units.empty()) NameLanes(drawing, pane);
+    if (!units.empty() && pane.Signals.size() > MostNamed) {
+        auto* const more = new QCPTextElement(this, "…", font());
+        more->setTextColor(palette().color(QPalette::Text));
+        names->addElement(more);
+    }
     Drawings.push_back(std::move(drawing));
+}
+
+// Has as many names in a row as the area has room for.
+QCPLegend* PlotArea::AddLegend(QCPAxisRect& rect, const Pane& pane) const {
+    constexpr int Icon = 14;
+    constexpr int Gaps = 14;   // beside an icon and its name
+    constexpr int Axes = 120;  // of pixels, beside the plots
+    auto* const names = new QCPLegend;
+    names->setFont(font());
+    names->setTextColor(palette().color(QPalette::Text));
+    names->setBorderPen(Qt::NoPen);
+    QColor ground = palette().color(QPalette::Base);
+    ground.setAlpha(200);
+    names->setBrush(ground);
+    int widest = 0;
+    for (std::size_t i = 0; i < std::min(pane.Signals.size(), MostNamed); ++i)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(TitleOf(*pane.Signals[i])));
+    names->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+    names->setWrap(std::max(1, (width() - Axes) / (widest + Icon + Gaps)));
+    names->setMargins({4, 1, 4, 1});
+    names->setIconSize(Icon, 10);
+    rect.insetLayout()->addElement(names, Qt::AlignTop | Qt::AlignLeft);
+    names->setLayer("legend");
+    return names;
 }
 
 // The axis of a pane of bands has their names.
@@ -147,7 +176,7 @@ void PlotArea::NameLanes(const PaneDrawing& drawing, const Pane& pane) {
     const QSharedPointer<QCPAxisTickerText> names(new QCPAxisTickerText);
     const auto count = static_cast<double>(pane.Signals.size());
     for (std::size_t i = 0; i < pane.Signals.size(); ++i) {
-        const QString name = QString::fromStdString(pane.Signals[i]->Name());
+        const QString name = ShownText(pane.Signals[i]->Name());
         names->addTick(count - static_cast<double>(i) - 0.5, name);
     }
     QCPAxis* const axis = drawing.ValueAxes.front();
@@ -226,8 +255,15 @@ void PlotArea::DrawCursor(QPainter& painter, std::int64_t time, Qt::PenStyle sty
     const QRect rect = PlotRect();
     const double x = PlaceOf(time);
     if (x < rect.left() || x > rect.right()) return;
-    painter.setPen(QPen(color, 0, style));
+    painter.setPen(QPen(color, 1, style));
     painter.drawLine(QLineF(x, rect.top(), x, rect.bottom()));
+}
+
+void PlotArea::DrawCursors(QPainter& painter) const {
+    const QColor ink = palette().color(QPalette::Text);
+    if (Marked) DrawCursor(painter, *Marked, Qt::SolidLine, QColor(0xD0, 0x30, 0x30));
+    if (Model.Cursor) DrawCursor(painter, *Model.Cursor, Qt::SolidLine, ink);
+    if (Model.Second) DrawCursor(painter, *Model.Second, Qt::DashLine, ink);
 }
 
 void PlotArea::paintEvent(QPaintEvent* event) {
@@ -239,10 +275,7 @@ void PlotArea::paintEvent(QPaintEvent* event) {
                          QString::fromStdString(Phrase("Tick a signal or drag it here")));
         return;
     }
-    const QColor ink = palette().color(QPalette::Text);
-    if (Marked) DrawCursor(painter, *Marked, Qt::SolidLine, QColor(0xD0, 0x30, 0x30));
-    if (Model.Cursor) DrawCursor(painter, *Model.Cursor, Qt::SolidLine, ink);
-    if (Model.Second) DrawCursor(painter, *Model.Second, Qt::DashLine, ink);
+    DrawCursors(painter);
     if (Dragging != Drag::Band) return;
     QColor fill = palette().color(QPalette::Highlight);
     painter.setPen(fill);

@@ -28,11 +28,17 @@ class PlotArea : public QCustomPlot {
     // After signals have come or gone, or the palette is another.
     void Rebuild();
 
+    // Draws everything in this size, though the area may not be shown.
+    void Arrange(const QSize& size);
+
     // After another part is to be seen. `now` draws before it returns.
     void ShowLook(bool now = false);
 
     // After the cursors or the mark have moved.
     void ShowCursors() { update(); }
+
+    // Draws them over a picture of the area.
+    void DrawCursors(QPainter& painter) const;
 
     // A moment that is marked beside the cursors, such as that of a finding; none takes it away.
     void Mark(std::optional<std::int64_t> time);
@@ -70,6 +76,7 @@ class PlotArea : public QCustomPlot {
     enum class Drag { None, Pan, Band };
 
     void AddPane(const Pane& pane, std::size_t& color);
+    QCPLegend* AddLegend(QCPAxisRect& rect, const Pane& pane) const;
     void StyleAxis(QCPAxis* axis, const QColor& color) const;
     void NameLanes(const PaneDrawing& drawing, const Pane& pane);
     void ScaleValues(const Pane& pane, PaneDrawing& drawing) const;

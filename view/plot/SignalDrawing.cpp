@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "view/dialog/QtText.h"
+
 namespace kelvarin::view {
 namespace {
 // Points further apart than this are marked.
@@ -16,12 +18,16 @@ QColor Pale(const QColor& color, int alpha) {
 }
 }  // namespace
 
+QString TitleOf(const PlottedSignal& signal) {
+    const QString unit = ShownText(signal.Unit());
+    const QString name = ShownText(signal.Name());
+    return unit.isEmpty() ? name : name + " [" + unit + "]";
+}
+
 SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,
                              std::shared_ptr<const PlottedSignal> signal, QColor color, Lane lane)
     : QCPAbstractPlottable(keyAxis, valueAxis), Shown(std::move(signal)), Ink(std::move(color)), Place(lane) {
-    const QString unit = QString::fromStdString(Shown->Unit());
-    const QString title = QString::fromStdString(Shown->Name());
-    setName(unit.isEmpty() ? title : title + " [" + unit + "]");
+    setName(TitleOf(*Shown));
     setSelectable(QCP::stNone);
 }
 
@@ -212,7 +218,9 @@ void SignalDrawing::DrawTexts(QCPPainter* painter) const {
         painter->drawLine(QLineF(from, lane.top(), from, lane.bottom()));
         if (span.Text == nullptr || box.width() < 12) continue;
         const QRectF inner = box.adjusted(4, 0, -2, 0);
-        const QString text = QString::fromStdString(*span.Text).replace(u'\n', u' ');
+        // Of a long text only what may have room is measured.
+        const auto most = static_cast<std::size_t>(box.width());
+        const QString text = ShownText(std::string_view(*span.Text).substr(0, most));
         painter->setPen(mParentPlot->palette().color(QPalette::Text));
         painter->drawText(inner, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                           metrics.elidedText(text, Qt::ElideRight, inner.width()));

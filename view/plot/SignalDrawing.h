@@ -16,6 +16,9 @@ struct Lane {
     bool IsAtBottom = false;  // narrow lanes, with lines above them
 };
 
+// The name of a signal with its unit, as legends have it.
+QString TitleOf(const PlottedSignal& signal);
+
 // Draws what Load has last taken from the signal. Its key axis has nanoseconds from the start of the range.
 class SignalDrawing : public QCPAbstractPlottable {
   public:

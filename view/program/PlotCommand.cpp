@@ -45,10 +45,7 @@ std::string Joined(const std::vector<std::string>& texts) {
 
 std::string WritePicture(const Arguments& arguments, PlotModel& model) {
     PlotArea area(model);
-    area.resize(arguments.Width, arguments.Height);
-    area.setViewport(area.rect());
-    area.Rebuild();
-    area.ShowLook(true);
+    area.Arrange({arguments.Width, arguments.Height});
     const QByteArray bytes = PictureOf(area, PictureEnding(arguments.Picture));
     if (bytes.isEmpty()) return Phrase("the picture could not be drawn");
     try {

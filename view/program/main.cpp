@@ -1,8 +1,6 @@
 // kelvarin-view: signals of measurement files in a window, or as a picture.
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QLoggingCategory>
-#include <QTranslator>
 #include <cstdlib>
 #include <iostream>
 #include <new>
@@ -15,6 +13,7 @@
 #include "platform/framework/ProfileStore.h"
 #include "platform/framework/Terminal.h"
 #include "view/dialog/QtText.h"
+#include "view/dialog/QtTexts.h"
 #include "view/language/Texts.h"
 #include "view/program/Arguments.h"
 #include "view/program/PlotCommand.h"
@@ -72,8 +71,7 @@ int ShowWindow(int argc, char** argv, const Arguments& arguments) {
     QApplication::setApplicationName("kelvarin-view");
     QApplication::setDesktopFileName("kelvarin-view");
     QTranslator texts;
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (texts.load(QLocale(), "qtbase", "_", folder)) QApplication::installTranslator(&texts);
+    UseQtTexts(texts, LanguageInForce());
     ModuleLoader module;
     const std::string reason = module.Load();
     if (!reason.empty()) return Complain(reason, ExitFileFailed);

@@ -4,6 +4,8 @@
 
 #include "host/Words.h"
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
+#include "view/window/RowCopier.h"
 
 namespace kelvarin::view {
 namespace {
@@ -29,6 +31,7 @@ CursorTable::CursorTable(QWidget* parent) : QTableWidget(parent) {
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    new RowCopier(*this);
 }
 
 void CursorTable::Show(const PlotModel& model) {
@@ -53,7 +56,7 @@ void CursorTable::Show(const PlotModel& model) {
             difference.empty() ? difference : difference + unit,
             row.First && row.Second ? DurationText(row.Second->Time - row.First->Time) : std::string()};
         for (int column = 0; column < columnCount(); ++column)
-            setItem(i, column, new QTableWidgetItem(Worded2(cells[column])));
+            setItem(i, column, new QTableWidgetItem(ShownText(cells[column])));
     }
 }
 }  // namespace kelvarin::view

@@ -3,12 +3,15 @@
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSyntaxHighlighter>
 #include <QTextBlock>
 #include <algorithm>
 #include <array>
 
 #include "host/language/Phrase.h"
+#include "platform/framework/Text.h"
 #include "view/dialog/QtText.h"
+#include "view/window/RowCopier.h"
 
 namespace kelvarin::view {
 namespace {
@@ -34,12 +37,45 @@ QColor Tinted(const QPalette& palette, std::size_t column) {
     const auto mix = [](int one, int other) { return (one + 5 * other) / 6; };
     return {mix(tint.red(), base.red()), mix(tint.green(), base.green()), mix(tint.blue(), base.blue())};
 }
+// A mark in place of each character that would be obeyed: cells stay where they are in the line.
+QString WithoutObeyed(QString text) {
+    for (QChar& unit : text) {
+        if (unit != u'\t' && IsObeyed(unit.unicode())) unit = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
+// Each cell in the tint of its column. The formats of a line are made once: selections would be gone through
+// whenever something is drawn.
+class ColumnTints : public QSyntaxHighlighter {
+  public:
+    using Spans = std::function<std::vector<std::pair<int, int>>(int line)>;
+
+    ColumnTints(QPlainTextEdit& view, Spans cells)
+        : QSyntaxHighlighter(view.document()), View(view), Cells(std::move(cells)) {}
+
+  protected:
+    void highlightBlock(const QString&) override {
+        std::size_t column = 0;
+        for (const auto& [begin, length] : Cells(currentBlock().blockNumber())) {
+            QTextCharFormat tint;
+            tint.setBackground(Tinted(View.palette(), column++));
+            setFormat(begin, length, tint);
+        }
+    }
+
+  private:
+    const QPlainTextEdit& View;
+    const Spans Cells;
+};
 }  // namespace
 
 FindingsView::FindingsView(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    new RowCopier(*this);
     const auto show = [this](const QTreeWidgetItem* item) {
         const std::uint64_t line = item == nullptr ? 0 : item->data(0, LineRole).toULongLong();
         if (line != 0 && OnLine) OnLine(line);
@@ -52,14 +88,14 @@ void FindingsView::Show(const ImportedFile* file) {
     clear();
     if (file == nullptr) return;
     for (const check::Finding& finding : file->Findings) {
-        auto* const item = new QTreeWidgetItem(this, {Worded(finding.Text)});
+        auto* const item = new QTreeWidgetItem(this, {ShownText(finding.Text)});
         item->setIcon(0, style()->standardIcon(finding.IsFault ? QStyle::SP_MessageBoxWarning
                                                                : QStyle::SP_MessageBoxInformation));
-        if (!finding.Advice.Text.empty()) item->setToolTip(0, Worded(finding.Advice.Text));
+        if (!finding.Advice.Text.empty()) item->setToolTip(0, ShownText(finding.Advice.Text));
         AddLines(*item, finding.Lines);
     }
     for (const MessageGroup& group : file->Messages) {
-        auto* const item = new QTreeWidgetItem(this, {ToQt(group.FirstText)});
+        auto* const item = new QTreeWidgetItem(this, {ShownText(Utf16ToUtf8(group.FirstText))});
         item->setIcon(0, style()->standardIcon(group.Failure ? QStyle::SP_MessageBoxCritical
                                                              : QStyle::SP_MessageBoxWarning));
         std::vector<std::uint64_t> lines = group.Lines;
@@ -87,49 +123,64 @@ void FindingsView::SelectLine(std::uint64_t line) {
 FileTextView::FileTextView(QWidget* parent) : QPlainTextEdit(parent) {
     setReadOnly(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
+    // The numbers of lines stay at the left of texts that run from right to left.
+    QTextOption direction = document()->defaultTextOption();
+    direction.setTextDirection(Qt::LeftToRight);
+    document()->setDefaultTextOption(direction);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    Tints = new ColumnTints(*this, [this](int line) { return CellsOf(static_cast<std::size_t>(line)); });
 }
 
-void FileTextView::Show(const std::vector<FileLine>& lines, std::uint64_t marked) {
-    Numbers.clear();
+void FileTextView::Show(std::vector<FileLine> lines, std::uint64_t marked) {
+    Lines = std::move(lines);
+    Digits = Lines.empty() ? 1 : static_cast<int>(std::to_string(Lines.back().Number).size());
     QString text;
-    QList<QTextEdit::ExtraSelection> tints;
-    const int digits = lines.empty() ? 1 : static_cast<int>(std::to_string(lines.back().Number).size());
-    std::vector<int> starts;
-    for (const FileLine& line : lines) {
-        Numbers.push_back(line.Number);
-        text += QString::number(line.Number).rightJustified(digits) + "  ";
-        starts.push_back(static_cast<int>(text.size()));
-        text += QString::fromStdString(line.Text).replace(QChar::ParagraphSeparator, u' ') + "\n";
+    for (const FileLine& line : Lines) {
+        text += QString::number(line.Number).rightJustified(Digits) + "  ";
+        text += WithoutObeyed(QString::fromStdString(line.Text)) + "\n";
     }
     text.chop(1);
     setPlainText(text);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const auto select = [&](int from, int length, const QColor& color, bool isWhole) {
-            QTextEdit::ExtraSelection tint;
-            tint.cursor = QTextCursor(document());
-            tint.cursor.setPosition(starts[i] + from);
-            tint.cursor.setPosition(starts[i] + from + length, QTextCursor::KeepAnchor);
-            tint.format.setBackground(color);
-            if (isWhole) tint.format.setProperty(QTextFormat::FullWidthSelection, true);
-            if (isWhole) tint.cursor.clearSelection();
-            tints.push_back(tint);
-        };
-        if (lines[i].Number == marked) select(0, 0, palette().color(QPalette::Highlight).lighter(160), true);
-        for (std::size_t k = 0; k < lines[i].Cells.size() && lines[i].Number != marked; ++k)
-            select(lines[i].Cells[k].first, lines[i].Cells[k].second, Tinted(palette(), k), false);
+    Mark(marked);
+}
+
+// Where the cells of a line are in the text that is shown, behind its number.
+std::vector<std::pair<int, int>> FileTextView::CellsOf(std::size_t line) const {
+    if (line >= Lines.size()) return {};
+    std::vector<std::pair<int, int>> cells = Lines[line].Cells;
+    for (auto& cell : cells) cell.first += Digits + 2;
+    return cells;
+}
+
+void FileTextView::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && Tints != nullptr) Tints->rehighlight();
+}
+
+bool FileTextView::Mark(std::uint64_t line) {
+    const auto found = std::find_if(Lines.begin(), Lines.end(),
+                                    [line](const FileLine& shown) { return shown.Number == line; });
+    if (found == Lines.end()) {
+        setExtraSelections({});
+        return false;
     }
-    setExtraSelections(tints);
-    const auto found = std::find(Numbers.begin(), Numbers.end(), marked);
-    if (found == Numbers.end()) return;
-    QTextCursor cursor(document()->findBlockByNumber(static_cast<int>(found - Numbers.begin())));
+    const QTextCursor cursor(document()->findBlockByNumber(static_cast<int>(found - Lines.begin())));
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = cursor;
+    mark.format.setBackground(palette().color(QPalette::Highlight).lighter(160));
+    mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+    setExtraSelections({mark});
+    const bool isSeen = viewport()->rect().contains(0, cursorRect(cursor).center().y());
+    const int aside = horizontalScrollBar()->value();
     setTextCursor(cursor);
-    centerCursor();
+    if (!isSeen) centerCursor();
+    horizontalScrollBar()->setValue(aside);
+    return true;
 }
 
 void FileTextView::mouseReleaseEvent(QMouseEvent* event) {
     QPlainTextEdit::mouseReleaseEvent(event);
     const auto block = static_cast<std::size_t>(textCursor().blockNumber());
-    if (!textCursor().hasSelection() && block < Numbers.size() && OnLine) OnLine(Numbers[block]);
+    if (!textCursor().hasSelection() && block < Lines.size() && OnLine) OnLine(Lines[block].Number);
 }
 }  // namespace kelvarin::view

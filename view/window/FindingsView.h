@@ -4,10 +4,13 @@
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "view/model/FileImport.h"
 #include "view/model/FileText.h"
+
+class QSyntaxHighlighter;
 
 namespace kelvarin::view {
 class FindingsView : public QTreeWidget {
@@ -32,16 +35,23 @@ class FileTextView : public QPlainTextEdit {
     // The user has clicked a line.
     std::function<void(std::uint64_t line)> OnLine;
 
-    void Show(const std::vector<FileLine>& lines, std::uint64_t marked);
+    void Show(std::vector<FileLine> lines, std::uint64_t marked);
+
+    // Marks a line and has it in view; false if it isn't among those that are shown.
+    bool Mark(std::uint64_t line);
 
     // The number of the first line that is shown; 0 for none.
-    std::uint64_t FirstLine() const { return Numbers.empty() ? 0 : Numbers.front(); }
-    std::uint64_t LastLine() const { return Numbers.empty() ? 0 : Numbers.back(); }
+    std::uint64_t FirstLine() const { return Lines.empty() ? 0 : Lines.front().Number; }
 
   protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
-    std::vector<std::uint64_t> Numbers;
+    std::vector<std::pair<int, int>> CellsOf(std::size_t line) const;
+
+    std::vector<FileLine> Lines;
+    int Digits = 1;  // of their numbers, in front of each
+    QSyntaxHighlighter* Tints = nullptr;
 };
 }  // namespace kelvarin::view

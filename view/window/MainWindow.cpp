@@ -2,12 +2,14 @@
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QHeaderView>
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
 #include "view/model/Choice.h"
 
 namespace kelvarin::view {
@@ -31,6 +33,7 @@ MainWindow::MainWindow(const ModuleLoader& module, std::vector<ParsedSetting> se
     ShowRecent();
     restoreGeometry(state.value("geometry").toByteArray());
     restoreState(state.value("state").toByteArray());
+    Signals->header()->restoreState(state.value("columns").toByteArray());
     ChangeTimer.start(1000);
 }
 
@@ -61,6 +64,7 @@ void MainWindow::BuildLayout() {
     list->addWidget(Signals = new SignalTree, 1);
     FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
     FilterField->setClearButtonEnabled(true);
+    FilterField->setAcceptDrops(false);  // a file is opened wherever it is dropped
     QDockWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
     QDockWidget* const cursors =
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
@@ -81,7 +85,7 @@ void MainWindow::Connect() {
     Area->OnLookChanged = [this] { ShowLook(); };
     Area->OnCursorChanged = [this] { ShowCursors(); };
     Area->OnDropped = [this](const QByteArray&, std::size_t pane) {
-        for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
+        Plotted.Gather(Signals->Selected(), pane);
         PlotLook();
     };
     Signals->OnTicked = [this](const SignalPointer& signal, bool isOn) {
@@ -116,7 +120,7 @@ void MainWindow::ShowLook() {
     Area->ShowLook();
 }
 
-// The finding and the line of the cursor's sample are shown too, if the text is of that place.
+// The finding and the line of the cursor's sample are shown too.
 void MainWindow::ShowCursors() {
     Area->ShowCursors();
     Values->Show(Plotted);
@@ -127,6 +131,7 @@ void MainWindow::ShowCursors() {
     if (rows == 0 || rows > shown.Lines.Rows()) return;
     const std::uint64_t line = shown.Lines.LineOf(rows - 1);
     Findings->SelectLine(line);
+    ShowText(line);
     Tell(Titled(Phrase("line {}", line)));
 }
 
@@ -150,13 +155,14 @@ void MainWindow::MoveCursor(bool forward) {
 }
 
 void MainWindow::Tell(const QString& text) const {
-    statusBar()->showMessage(text);
+    statusBar()->showMessage(ShownText(text.toStdString()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     QSettings state;
     state.setValue("geometry", saveGeometry());
     state.setValue("state", saveState());
+    state.setValue("columns", Signals->header()->saveState());
     Queue.Cancel();
     QMainWindow::closeEvent(event);
 }

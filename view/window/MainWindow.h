@@ -44,6 +44,9 @@ class MainWindow : public QMainWindow {
     // Shows a line of the current file, and marks its time in the plots.
     void ShowLine(std::uint64_t line);
 
+    // Shows it in the text alone. A file must be read.
+    void ShowText(std::uint64_t line);
+
     PlotModel& Model() { return Plotted; }
     PlotArea& Plots() { return *Area; }
     SignalTree& Tree() { return *Signals; }
@@ -110,6 +113,8 @@ class MainWindow : public QMainWindow {
     const std::vector<ParsedSetting> GivenSettings;
     PlotModel Plotted;
     std::vector<std::unique_ptr<OpenFile>> Files;
+    std::shared_ptr<const ImportedFile> InFront;  // whose findings and text are shown
+    std::atomic<std::uint64_t> WantedLine = 1;    // of the text; while it is read, that of the last wish
     QTimer ChangeTimer;
     QStringList Recent;
     QMenu* RecentMenu = nullptr;

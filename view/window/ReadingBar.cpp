@@ -4,6 +4,7 @@
 
 #include "host/Words.h"
 #include "host/language/Phrase.h"
+#include "view/dialog/QtText.h"
 
 namespace kelvarin::view {
 namespace {
@@ -31,7 +32,9 @@ ReadingBar::ReadingBar(QWidget* parent)
 }
 
 void ReadingBar::Begin(const QString& name, std::uint64_t bytes) {
-    Name->setText(name);
+    constexpr int MostWidth = 300;
+    Name->setText(fontMetrics().elidedText(ShownText(name.toStdString()), Qt::ElideMiddle, MostWidth));
+    Name->setToolTip(name);
     Done->setValue(0);
     Rate->clear();
     Bytes = bytes;
@@ -63,6 +66,7 @@ AssumptionBar::AssumptionBar(QWidget* parent)
     row->setContentsMargins(6, 2, 6, 2);
     Text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     Text->setTextFormat(Qt::PlainText);
+    Text->setWordWrap(true);
     row->addWidget(Text, 1);
     row->addWidget(Change);
     row->addWidget(Keep);
@@ -88,7 +92,7 @@ void AssumptionBar::Show(const ImportedFile* file) {
         all += (all.empty() ? "" : "\n") + text;
         for (const std::string& objection : assumed.Objections) all += "\n    " + objection;
     }
-    Text->setText(Told(Phrase("Assumed: {}", line)));
+    Text->setText(ShownText(Phrase("Assumed: {}", line)));
     Text->setToolTip(Told(all));
     // A copy is read by no settings that could be kept.
     Keep->setEnabled(!file->Guess->IsCopied);

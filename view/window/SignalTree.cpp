@@ -14,6 +14,7 @@ namespace kelvarin::view {
 namespace {
 enum Column { NameColumn, UnitColumn, CourseColumn, SamplesColumn, RangeColumn, TypeColumn, ColumnCount };
 constexpr int PathRole = Qt::UserRole;
+constexpr int CourseWidth = 12;               // characters
 constexpr int NumberRole = Qt::UserRole + 1;  // of the signal in its file
 
 QString Said(const std::string& text) {
@@ -40,9 +41,8 @@ QString RangeText(const PlottedSignal& signal) {
 }
 
 void Fill(QTreeWidgetItem& item, const PlottedSignal& signal) {
-    constexpr std::size_t CourseWidth = 12;
-    item.setText(NameColumn, Said(signal.Name()));
-    item.setText(UnitColumn, Said(signal.Unit()));
+    item.setText(NameColumn, ShownText(signal.Name()));
+    item.setText(UnitColumn, ShownText(signal.Unit()));
     item.setText(TypeColumn, TypeText(signal));
     item.setText(SamplesColumn, QLocale().toString(static_cast<qulonglong>(signal.Summary().Count)));
     item.setTextAlignment(SamplesColumn, Qt::AlignRight | Qt::AlignVCenter);
@@ -59,9 +59,10 @@ SignalTree::SignalTree(QWidget* parent) : QTreeWidget(parent) {
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
     setUniformRowHeights(true);
-    constexpr int Widths[] = {150, 55, 110, 55, 100};
+    const int course = fontMetrics().horizontalAdvance(QString(CourseWidth, QChar(0x2588)));
+    const int widths[] = {150, 55, course + 12, 55, 120};
     setIndentation(12);
-    for (int column = 0; column < TypeColumn; ++column) header()->resizeSection(column, Widths[column]);
+    for (int column = 0; column < TypeColumn; ++column) header()->resizeSection(column, widths[column]);
     QObject::connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         const SignalPointer signal = SignalOf(item);
         if (IsFilling || column != NameColumn || signal == nullptr || !OnTicked) return;
@@ -74,7 +75,7 @@ QTreeWidgetItem* SignalTree::FileItem(const QString& path) {
         if (topLevelItem(i)->data(NameColumn, PathRole).toString() == path) return topLevelItem(i);
     }
     auto* const item = new QTreeWidgetItem(this);
-    item->setText(NameColumn, QFileInfo(path).fileName());
+    item->setText(NameColumn, ShownText(QFileInfo(path).fileName().toStdString()));
     item->setToolTip(NameColumn, path);
     item->setData(NameColumn, PathRole, path);
     item->setData(NameColumn, NumberRole, -1);
@@ -101,6 +102,9 @@ void SignalTree::ShowFile(const std::shared_ptr<const ImportedFile>& file, const
     std::erase_if(Files, [&](const auto& other) { return other->Path == file->Path; });
     Files.push_back(file);
     QTreeWidgetItem* const parent = FileItem(path);
+    // Without its current signal the tree would take another file for the current one.
+    const int current = parent->indexOfChild(currentItem());
+    if (current >= 0) setCurrentItem(parent);
     qDeleteAll(parent->takeChildren());
     QList<QTreeWidgetItem*> items;
     for (std::size_t i = 0; i < file->Signals.size(); ++i) {
@@ -118,8 +122,10 @@ void SignalTree::ShowFile(const std::shared_ptr<const ImportedFile>& file, const
     }
     parent->addChildren(items);
     parent->setExpanded(true);
+    if (current >= 0 && current < parent->childCount()) setCurrentItem(parent->child(current));
     if (currentItem() == nullptr) setCurrentItem(parent);
     IsFilling = false;
+    Filter(Wanted);
 }
 
 void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSignal>& grown) {
@@ -134,14 +140,15 @@ void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSigna
         if (item == nullptr) {
             item = new QTreeWidgetItem(parent);
             item->setData(NameColumn, NumberRole, -1);
-            item->setText(NameColumn, Said(grown[i].Name));
+            item->setText(NameColumn, ShownText(grown[i].Name));
         }
-        item->setText(UnitColumn, Said(grown[i].Unit));
+        item->setText(UnitColumn, ShownText(grown[i].Unit));
         item->setText(SamplesColumn, QLocale().toString(static_cast<qulonglong>(grown[i].Samples)));
         item->setText(CourseColumn, Said(grown[i].Course));
     }
     parent->setExpanded(true);
     IsFilling = false;
+    Filter(Wanted);
 }
 
 void SignalTree::RemoveFile(const QString& path) {
@@ -163,6 +170,7 @@ void SignalTree::ShowTicks(const PlotModel& model) {
 }
 
 void SignalTree::Filter(const QString& text) {
+    Wanted = text;
     for (int i = 0; i < topLevelItemCount(); ++i) {
         for (int k = 0; k < topLevelItem(i)->childCount(); ++k) {
             QTreeWidgetItem* const item = topLevelItem(i)->child(k);

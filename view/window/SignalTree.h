@@ -29,7 +29,7 @@ class SignalTree : public QTreeWidget {
     // Sets the ticks anew.
     void ShowTicks(const PlotModel& model);
 
-    // Shows only signals whose name or unit has this text, whatever the case.
+    // Shows only signals whose name or unit has this text, whatever the case, also of files to come.
     void Filter(const QString& text);
 
     // The file of the current entry; empty for none.
@@ -46,6 +46,7 @@ class SignalTree : public QTreeWidget {
     SignalPointer SignalOf(const QTreeWidgetItem* item) const;
 
     std::vector<std::shared_ptr<const ImportedFile>> Files;
+    QString Wanted;  // as Filter was told
     bool IsFilling = false;
 };
 }  // namespace kelvarin::view

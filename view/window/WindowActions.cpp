@@ -9,6 +9,7 @@
 #include <QSettings>
 #include <algorithm>
 
+#include "host/SourceFiles.h"
 #include "host/language/Phrase.h"
 #include "host/store/SampleFile.h"
 #include "platform/framework/Exceptions.h"
@@ -55,6 +56,9 @@ void MainWindow::BuildMenus() {
     BuildCursorMenu();
     QMenu* const windows = createPopupMenu();
     windows->setTitle(InMenu(Phrase("&Windows")));
+    int number = 0;
+    for (QAction* const window : windows->actions())
+        window->setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + number++)));
     menuBar()->addMenu(windows);
 }
 
@@ -70,7 +74,7 @@ void MainWindow::BuildFileMenu() {
     AddAction(menu, Phrase("&Settings..."), Qt::CTRL | Qt::Key_Comma, [this] { ChangeSettings(); });
     AddAction(menu, Phrase("&Keep what was assumed beside the file"), Qt::CTRL | Qt::Key_K,
               [this] { KeepBeside(); });
-    AddAction(menu, Phrase("&Close the file"), QKeySequence::Close,
+    AddAction(menu, Phrase("&Close the file"), Qt::CTRL | Qt::Key_W,
               [this] { Close(Signals->CurrentPath()); });
     menu->addSeparator();
     BuildExportMenu();
@@ -117,8 +121,7 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("&Again"), QKeySequence::Redo, look([](PlotModel& model) { model.Redo(); }));
     menu->addSeparator();
     AddAction(menu, Phrase("&Plot the selected signals together"), Qt::CTRL | Qt::Key_T, [this] {
-        const std::size_t pane = Plotted.Panes().size();
-        for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
+        Plotted.Gather(Signals->Selected(), Plotted.Panes().size());
         PlotLook();
     });
     AddAction(menu, Phrase("&Remove all plots"), Qt::CTRL | Qt::Key_Backspace, [this] {
@@ -152,8 +155,16 @@ void MainWindow::BuildCursorMenu() {
                   {Phrase("Times with their &zone"), ClockStyle::Zoned, Qt::Key_2},
                   {Phrase("Times in &UTC"), ClockStyle::Utc, Qt::Key_3},
                   {Phrase("Times from the &start"), ClockStyle::Relative, Qt::Key_4}};
+    auto* const group = new QActionGroup(menu);
     for (const auto& clock : clocks) {
-        AddAction(menu, clock.Text, Qt::CTRL | clock.Key, [this, style = clock.Style] { SetClock(style); });
+        QAction* const action = AddAction(menu, clock.Text, Qt::CTRL | clock.Key,
+                                          [this, style = clock.Style] { SetClock(style); });
+        action->setCheckable(true);
+        group->addAction(action);
+        // A file can bring its own.
+        QObject::connect(menu, &QMenu::aboutToShow, action, [this, action, style = clock.Style] {
+            action->setChecked(Plotted.Times.Style == style);
+        });
     }
 }
 
@@ -169,7 +180,10 @@ void MainWindow::ShowRecent() {
     RecentMenu->clear();
     RecentMenu->setEnabled(!Recent.isEmpty());
     for (const QString& path : Recent) {
-        QAction* const action = RecentMenu->addAction(QString(path).replace(u'&', "&&"));
+        const auto number = static_cast<int>(RecentMenu->actions().size()) + 1;
+        const QString letter = number < MostRecent ? "&%1  " : "1&0  ";
+        QAction* const action =
+            RecentMenu->addAction(letter.arg(number) + ShownText(path.toStdString()).replace(u'&', "&&"));
         QObject::connect(action, &QAction::triggered, this, [this, path] { Open(path); });
     }
 }
@@ -193,9 +207,9 @@ void MainWindow::AskExport(const QString& ending) {
 }
 
 void MainWindow::ExportTo(const QString& path) {
-    const bool isRead = std::any_of(Files.begin(), Files.end(), [&](const auto& file) {
-        return QFileInfo(file->Path) == QFileInfo(path);
-    });
+    std::vector<std::string> read;
+    for (const auto& file : Files) read.push_back(file->Path.toStdString());
+    const bool isRead = !FindOverwriting(read, {path.toStdString()}).Output.empty();
     const auto tell = [this, path](const std::string& reason) {
         Tell(reason.empty() ? InMenu(Phrase("{} is written", path.toStdString()))
                             : InMenu(Phrase("{} can't be written: {}", path.toStdString(), reason)));
@@ -229,20 +243,13 @@ void MainWindow::ExportTo(const QString& path) {
 }
 
 void MainWindow::CopyPicture() {
-    QApplication::clipboard()->setPixmap(Area->toPixmap(Area->width(), Area->height(), 2));
+    QApplication::clipboard()->setPixmap(PixmapOf(*Area, 2));
 }
 
 void MainWindow::Print() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    QCPPainter painter(&printer);
-    const QRectF page = printer.pageRect(QPrinter::DevicePixel);
-    const double scale = std::min(page.width() / Area->width(), page.height() / Area->height());
-    painter.scale(scale, scale);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setMode(QCPPainter::pmNoCaching);
-    Area->toPainter(&painter, Area->width(), Area->height());
+    if (dialog.exec() == QDialog::Accepted) PrintPlots(printer, Plotted, Area->size());
 }
 }  // namespace kelvarin::view

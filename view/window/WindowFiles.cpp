@@ -174,20 +174,18 @@ void MainWindow::Close(const QString& path) {
 
 void MainWindow::ShowCurrent() {
     const OpenFile* const file = Current();
-    const ImportedFile* const shown = file == nullptr ? nullptr : file->Data.get();
-    Assumed->Show(shown);
-    Findings->Show(shown);
     setWindowTitle(file == nullptr ? "kelvarin-view" : QFileInfo(file->Path).fileName() + " – kelvarin-view");
-    if (shown == nullptr) {
-        Text->Show({}, 0);
-    } else if (Text->FirstLine() == 0) {
-        ShowLine(1);
-    }
+    const std::shared_ptr<const ImportedFile> shown = file == nullptr ? nullptr : file->Data;
+    if (shown == InFront) return;
+    const bool isReadAnew = InFront != nullptr && shown != nullptr && InFront->Path == shown->Path;
+    InFront = shown;
+    Assumed->Show(shown.get());
+    Findings->Show(shown.get());
+    Text->Show({}, 0);
+    if (shown != nullptr) ShowText(isReadAnew ? WantedLine.load() : 1);
 }
 
 void MainWindow::ShowLine(std::uint64_t line) {
-    constexpr std::uint64_t Before = 100;
-    constexpr std::size_t MostShown = 300;
     const OpenFile* const file = Current();
     if (file == nullptr || file->Data == nullptr) return;
     const std::shared_ptr<const ImportedFile> shown = file->Data;
@@ -204,14 +202,25 @@ void MainWindow::ShowLine(std::uint64_t line) {
         }
         Area->Mark(time);
     }
+    ShowText(line);
+}
+
+void MainWindow::ShowText(std::uint64_t line) {
+    constexpr std::uint64_t Before = 100;
+    constexpr std::size_t MostShown = 300;
+    WantedLine = line;
+    if (Text->Mark(line)) return;
+    const OpenFile* const file = Current();
+    const std::shared_ptr<const ImportedFile> shown = file->Data;
     const auto lines = std::make_shared<std::vector<FileLine>>();
     const std::uint64_t first = line > Before ? line - Before : 1;
     const QString path = file->Path;
-    const auto read = [shown, lines, first](const std::atomic<bool>&) {
-        *lines = LinesOf(shown->Path, shown->Format, first, MostShown);
+    const auto read = [this, line, shown, lines, first](const std::atomic<bool>&) {
+        if (line == WantedLine) *lines = LinesOf(shown->Path, shown->Format, first, MostShown);
     };
     Later(read, [this, path, lines, line] {
-        if (Current() != nullptr && Current()->Path == path) Text->Show(*lines, line);
+        const bool isWanted = line == WantedLine && Current() != nullptr && Current()->Path == path;
+        if (isWanted) Text->Show(*lines, line);
     });
 }
 

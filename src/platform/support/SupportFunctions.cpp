@@ -19,10 +19,14 @@ void SetPreferredLanguage(const std::string& code) {
     s_PreferredLanguage = code;
 }
 
+std::string LanguageInForce() {
+    return s_PreferredLanguage.empty() ? UserLanguage() : s_PreferredLanguage;
+}
+
 bool LoadLanguageDll() {
     ModuleState* const module = GetCurrentModule();
     if (module == nullptr) return false;
-    return LoadLanguage(*module, s_PreferredLanguage.empty() ? UserLanguage() : s_PreferredLanguage);
+    return LoadLanguage(*module, LanguageInForce());
 }
 
 std::u16string LoadSubString(unsigned id, unsigned index) {

@@ -1,10 +1,10 @@
 // The library that the program loads to show the module's dialog: kelvarin-dialog.so.
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
 #include <memory>
 
+#include "contract/SupportFunctions.h"
 #include "view/dialog/QtDialogDriver.h"
+#include "view/dialog/QtTexts.h"
 
 namespace kelvarin::view {
 namespace {
@@ -34,8 +34,7 @@ class Application {
         if (!isChosen) qunsetenv(PlatformVariable);
         IsReached = isChosen || QGuiApplication::platformName() != "offscreen";
         QApplication::setDesktopFileName("kelvarin-import");
-        const QString texts = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-        if (Translator.load(QLocale(), "qtbase", "_", texts)) QApplication::installTranslator(&Translator);
+        UseQtTexts(Translator, LanguageInForce());
     }
 
     bool ReachesDisplay() const { return IsReached; }

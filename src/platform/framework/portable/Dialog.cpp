@@ -45,6 +45,17 @@ DialogUnits GetDialogUnits() {
     return dialogUnits;
 }
 
+void PlaceControls(CDialog& dialog) {
+    const DialogTemplate& description = dialog.GetTemplate();
+    for (std::size_t i = 0; i < description.Count; ++i) {
+        NativeWindow& control = *dialog.GetNative().Controls[i];
+        const int before = control.Place.Width();
+        control.Place = dialogUnits.ToPixels(description.Controls[i].Place);
+        for (NativeListColumn& column : control.Columns)
+            column.Width = column.Width * control.Place.Width() / before;
+    }
+}
+
 CRect DialogUnits::ToPixels(const ControlPlace& place) const {
     const auto pixelsX = [this](int units) { return static_cast<int>((units * Width + 2) / 4); };
     const auto pixelsY = [this](int units) { return static_cast<int>((units * Height + 4) / 8); };

@@ -19,6 +19,10 @@ struct DialogUnits {
 void SetDialogUnits(DialogUnits units);
 DialogUnits GetDialogUnits();
 
+// Gives the controls of a dialog their places in the units in force, as after these have changed. The columns
+// of a list keep their shares of its width.
+void PlaceControls(CDialog& dialog);
+
 // The colours of the user's scheme, 0x00BBGGRR.
 void SetSystemColors(std::uint32_t window, std::uint32_t buttonFace);
 
