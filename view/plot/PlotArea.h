@@ -28,6 +28,9 @@ class PlotArea : public QCustomPlot {
     // After signals have come or gone, or the palette is another.
     void Rebuild();
 
+    // After signals may have been replaced: rebuilds only if what there is isn't drawn alike.
+    void Refresh();
+
     // After another part is to be seen. `now` draws before it returns.
     void ShowLook(bool now = false);
 
@@ -69,6 +72,7 @@ class PlotArea : public QCustomPlot {
     };
     enum class Drag { None, Pan, Band };
 
+    bool TakeSignals();
     void AddPane(const Pane& pane, std::size_t& color);
     void StyleAxis(QCPAxis* axis, const QColor& color) const;
     void NameLanes(const PaneDrawing& drawing, const Pane& pane);

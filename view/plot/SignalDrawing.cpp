@@ -25,6 +25,15 @@ SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,
     setSelectable(QCP::stNone);
 }
 
+bool SignalDrawing::Replace(const std::shared_ptr<const PlottedSignal>& signal) {
+    const bool isAlike =
+        Shown->Name() == signal->Name() && Shown->Unit() == signal->Unit() && Shown->Kind() == signal->Kind();
+    if (!isAlike) return false;
+    Texts.clear();  // they belong to the old one
+    Shown = signal;
+    return true;
+}
+
 void SignalDrawing::Load(const TimeRange& range) {
     const double ratio = mParentPlot->bufferDevicePixelRatio();
     const int columns = std::max(1, static_cast<int>(mKeyAxis->axisRect()->width() * ratio));
