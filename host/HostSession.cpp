@@ -20,35 +20,6 @@ namespace {
 constexpr std::uint32_t NoProgress = std::numeric_limits<std::uint32_t>::max();
 }  // namespace
 
-// Compares in place: a copy of each text without its digits would cost more than all the rest.
-bool MessageList::KindOrder::operator()(const ImportMessage& one, const ImportMessage& other) const {
-    if (one.Column != other.Column || one.Column >= 0) return one.Column < other.Column;
-    auto a = one.Text.begin();
-    auto b = other.Text.begin();
-    for (;; ++a, ++b) {
-        a = std::find_if_not(a, one.Text.end(), IsDigit);
-        b = std::find_if_not(b, other.Text.end(), IsDigit);
-        if (a == one.Text.end() || b == other.Text.end()) return b != other.Text.end();
-        if (*a != *b) return *a < *b;
-    }
-}
-
-void MessageList::Add(ImportMessage message, std::uint64_t line) {
-    constexpr std::size_t LinesKept = 100;
-    auto kind = GroupOfKind.find(message);
-    if (kind == GroupOfKind.end()) {
-        kind = GroupOfKind.emplace(message, AllGroups.size()).first;
-        AllGroups.push_back({message.Text, {}, 0, message.Failure});
-    }
-    MessageGroup& group = AllGroups[kind->second];
-    ++group.Count;
-    if (group.Lines.size() < LinesKept) group.Lines.push_back(line);
-    ++Count;
-    if (First.size() == Keep) return;
-    First.push_back(std::move(message));
-    FirstLines.push_back(line);
-}
-
 HostSession::HostSession(const ModuleLoader& module, const std::u16string& path, RunOptions options)
     : Source(path),
       Options(std::move(options)),
@@ -63,9 +34,14 @@ HostSession::HostSession(const ModuleLoader& module, const std::u16string& path,
 // A copy that is read in place of the file has another name.
 CDevice* HostSession::CreateDevice(std::u16string name, const char16_t* description, int) {
     if (Options.Reading != nullptr && Options.Reading->Copy() != nullptr) name = PathStripPath(Source);
+    if (Options.After != nullptr) {
+        Store = Options.After->Device;
+        Store->Resume();
+        return Store.get();
+    }
     if (Options.Joined != nullptr)
         return Options.Joined->BeginRun(name, description, SignalColumns(*ImportFilter));
-    Store = std::make_unique<store::StoredDevice>(std::move(name), description, Options.KeepSamples,
+    Store = std::make_shared<store::StoredDevice>(std::move(name), description, Options.KeepSamples,
                                                   Options.Sink, SignalColumns(*ImportFilter));
     return Store.get();
 }
@@ -122,6 +98,7 @@ RunResult HostSession::Run() {
     } catch (const std::length_error&) {  // a text longer than any memory
         result.OutOfMemory = true;
     }
+    NoteEnd(result);
     ImportFilter->EndImport();
     if (result.OutOfMemory) {
         result.Failed = true;
@@ -137,15 +114,70 @@ void HostSession::BeginAndRead(RunResult& result) {
     result.Begun = ImportFilter->BeginImport();
     result.Failed = !result.Begun;
     CollectMessages(0, result);
-    if (!result.Begun) return;
+    if (Options.NotesEnd && Store != nullptr && result.Begun)
+        Begin = BeginOf(*ImportFilter, *Store, Guide(), AllMessages);
+    result.IsUnlike = Options.After != nullptr && !GoOn(result);
+    if (!result.Begun || result.IsUnlike) return;
+    IRangeReading* const reading = ImportFilter->Find<IRangeReading>();
+    if (Options.WholeLines && reading != nullptr)
+        StopAt = LastLineStart(*reading, reading->GetOffset(), SizeOfFile());
     if (Options.OnBegun) Options.OnBegun(*ImportFilter);
     FirstDataLine = static_cast<std::uint64_t>(ReadingOf(*ImportFilter).FirstDataLine);
     if (!ReadRanges(result)) ReadLines(result, Options.MostLines);
 }
 
+bool HostSession::GoOn(RunResult& result) {
+    const RunEnd& end = *Options.After;
+    if (!result.Begun || !Begin || !(*Begin == end.Begin)) return false;
+    ImportFilter->Find<IRangeReading>()->SetState(end.State);
+    AllMessages = end.Messages;
+    result.Lines = end.Lines;
+    result.Failure = end.Failure;
+    if (Guide() != nullptr) Guide()->BeginBehind(end.Losses);
+    return true;
+}
+
+plan::RunGuide* HostSession::Guide() const {
+    return Options.Reading == nullptr ? nullptr : Options.Reading->Guiding();
+}
+
+std::uint64_t HostSession::SizeOfFile() const {
+    std::error_code unknown;
+    const std::uint64_t size = std::filesystem::file_size(PathForStream(ImportFilter->FilePath), unknown);
+    return unknown ? 0 : size;
+}
+
+void HostSession::NoteEnd(const RunResult& result) {
+    const bool isWhole = Begin && !result.Failed && !result.Interrupted && !result.OutOfMemory &&
+                         !result.IsUnlike && Options.KeepSamples == KeepAll && Options.Sink == nullptr &&
+                         Options.MostLines == AllLines;
+    const bool isCopied = Options.Reading != nullptr && Options.Reading->Copy() != nullptr;
+    if (!isWhole || isCopied) return;
+    IRangeReading& reading = *ImportFilter->Find<IRangeReading>();
+    RunState state = reading.GetState();
+    std::optional<std::uint64_t> start;
+    const bool isLineStart =
+        state.Offset != 0 && reading.FindLineStart(state.Offset, start) && start == state.Offset;
+    if (!isLineStart) return;
+    Last = std::move(state);
+    LinesRead = result.Lines;
+    LastFailure = result.Failure;
+}
+
+std::optional<RunEnd> HostSession::End() const {
+    if (!Last || Store == nullptr) return std::nullopt;
+    RunEnd end{*Begin,      *Last, BytesBefore(Source, Last->Offset), Store, AllMessages, LinesRead,
+               LastFailure, {}};
+    if (Guide() != nullptr) end.Losses = Guide()->Losses();
+    return end;
+}
+
 bool HostSession::ReadLines(RunResult& result, std::uint64_t mostLines) {
+    constexpr std::uint64_t LinesPerLook = 64;
     std::uint32_t progress = result.Progress.empty() ? NoProgress : result.Progress.back();
+    const IRangeReading* const reading = StopAt ? ImportFilter->Find<IRangeReading>() : nullptr;
     while (result.Lines < mostLines) {
+        if (reading != nullptr && reading->GetOffset() >= *StopAt) return false;
         if (Options.Sink != nullptr && Options.Sink->HasFailed()) return false;
         if (Options.Cancel != nullptr && *Options.Cancel) {
             result.Interrupted = true;
@@ -160,6 +192,7 @@ bool HostSession::ReadLines(RunResult& result, std::uint64_t mostLines) {
             return false;
         }
         ++result.Lines;
+        if (result.Lines % LinesPerLook == 0 && Options.OnGrown) Options.OnGrown();
     }
     return true;
 }
@@ -174,9 +207,10 @@ bool HostSession::CanReadRanges() const {
     if (Options.Threads < 2 || Options.MostLines != AllLines || Store == nullptr) return false;
     const CCsvImportSettings* const settings = SettingsOf(*ImportFilter);
     if (settings == nullptr || settings->GetColumnCount() > Options.Sizes.MostColumns) return false;
-    std::error_code unknown;
-    const std::uint64_t size = std::filesystem::file_size(PathForStream(ImportFilter->FilePath), unknown);
-    return !unknown && size >= Options.Sizes.LeastFile && ImportFilter->Find<IRangeReading>() != nullptr;
+    const IRangeReading* const reading = ImportFilter->Find<IRangeReading>();
+    const std::uint64_t size = SizeOfFile();
+    const std::uint64_t read = Options.After == nullptr || reading == nullptr ? 0 : reading->GetOffset();
+    return reading != nullptr && size != 0 && size >= read + Options.Sizes.LeastFile;
 }
 
 bool HostSession::ReadRanges(RunResult& result) {
@@ -187,9 +221,8 @@ bool HostSession::ReadRanges(RunResult& result) {
     do {
         if (!ReadLines(result, result.Lines + Options.Sizes.HeadLines)) return true;
     } while (leader.GetState().Line == firstRow);
-    plan::RunGuide* const guide = Options.Reading == nullptr ? nullptr : Options.Reading->Guiding();
-    ranges::RangeTeam team({Module, *ImportFilter, *Store, *this, guide, Options.Cancel, Options.Observer,
-                            [&](ranges::RangeResult& range) { return TakeRange(range, result); }},
+    ranges::RangeTeam team({Module, *ImportFilter, *Store, *this, Guide(), Options.Cancel, Options.Observer,
+                            [&](ranges::RangeResult& range) { return TakeRange(range, result); }, StopAt},
                            Options.Sizes, Options.Threads);
     const ranges::RangeTeam::Outcome outcome = team.Run();
     result.Interrupted = outcome == ranges::RangeTeam::Outcome::Interrupted;
@@ -203,6 +236,7 @@ bool HostSession::TakeRange(ranges::RangeResult& range, RunResult& result) {
     for (const std::uint32_t progress : range.Progress) NoteProgress(progress, result);
     result.Lines += range.Lines;
     result.Failed = range.Failed;
+    if (Options.OnGrown) Options.OnGrown();
     return Options.Sink == nullptr || !Options.Sink->HasFailed();
 }
 }  // namespace kelvarin

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <functional>
 #include <limits>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,7 +14,9 @@
 
 #include "contract/ImportFilter.h"
 #include "contract/RunObserver.h"
+#include "host/MessageList.h"
 #include "host/ModuleLoader.h"
+#include "host/RunEnd.h"
 #include "host/ranges/RangeSizes.h"
 #include "host/store/JoinedDevice.h"
 #include "host/store/StoredDevice.h"
@@ -27,46 +28,6 @@ class AutomaticReading;
 namespace ranges {
 struct RangeResult;
 }
-
-// Messages of one kind: about the cells of one column, or alike but for their numbers.
-struct MessageGroup {
-    std::u16string FirstText;
-    std::vector<std::uint64_t> Lines;  // of the first 100 messages, from 1; 0 for one outside the run
-    std::uint64_t Count = 0;
-    bool Failure = false;
-};
-
-// A message that isn't kept costs a look-up and no memory, so that a file may fail in every row.
-class MessageList {
-  public:
-    // Keeps at most the first `keep` messages.
-    explicit MessageList(std::size_t keep) : Keep(keep) {}
-
-    // `line` is the line of the file that was being read, 0 before the run.
-    void Add(ImportMessage message, std::uint64_t line);
-
-    // In the order of each kind's first message.
-    const std::vector<MessageGroup>& Groups() const { return AllGroups; }
-
-    // The messages that were kept, in order, and the number of those that came after them.
-    const std::vector<ImportMessage>& Kept() const { return First; }
-    const std::vector<std::uint64_t>& KeptLines() const { return FirstLines; }  // of these, as Add got them
-    std::uint64_t LeftOut() const { return Count - First.size(); }
-
-    bool IsEmpty() const { return Count == 0; }
-
-  private:
-    struct KindOrder {
-        bool operator()(const ImportMessage& one, const ImportMessage& other) const;
-    };
-
-    const std::size_t Keep;
-    std::uint64_t Count = 0;
-    std::vector<MessageGroup> AllGroups;
-    std::map<ImportMessage, std::size_t, KindOrder> GroupOfKind;  // index by a message of the kind
-    std::vector<ImportMessage> First;
-    std::vector<std::uint64_t> FirstLines;
-};
 
 // A number of samples or messages that no file reaches.
 constexpr std::size_t KeepAll = std::numeric_limits<std::size_t>::max();
@@ -82,6 +43,8 @@ struct RunOptions {
     std::uint64_t MostLines = AllLines;                 // the run ends after so many
     std::function<void(const CImportFilter&)> OnBegun;  // gets the filter before the first line; may be empty
     std::function<void(std::uint32_t)> OnProgress;      // gets each new percentage, within Run; may be empty
+    std::function<void()> OnGrown;  // called within Run every few rows, when the device may be looked at; may
+                                    // be empty
     store::JoinedDevice* Joined = nullptr;      // takes the samples in place of a device of the run's own
     store::DeviceSink* Sink = nullptr;          // gets every sample; the run ends when it has failed
     IRunObserver* Observer = nullptr;           // hears what becomes of each row, if the filter can say it
@@ -89,12 +52,16 @@ struct RunOptions {
     std::size_t Threads = 1;                    // at most, for a large file whose filter can read ranges
     ranges::RangeSizes Sizes;                   // of such a file
     plan::AutomaticReading* Reading = nullptr;  // says which file is read in place of the session's, and how
+    bool NotesEnd = false;                      // for End
+    bool WholeLines = false;        // a last line without an end, which may still be written, isn't read
+    const RunEnd* After = nullptr;  // the run goes on behind an earlier one, with its device
 };
 
 struct RunResult {
     bool Begun = false;                   // what BeginImport returned
     bool Failed = false;                  // it could not begin, or a read error ended it
     bool Interrupted = false;             // Cancel ended it
+    bool IsUnlike = false;                // it can't go on behind RunOptions::After, and has read nothing
     bool OutOfMemory = false;             // it failed, as a line or its table is too large for this process
     std::uint64_t Lines = 0;              // calls of ImportNextLine that returned true
     std::uint64_t RepeatedRanges = 0;     // of a file that was read in ranges
@@ -114,8 +81,14 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     CImportFilter& Filter() { return *ImportFilter; }
     const CImportFilter& Filter() const { return *ImportFilter; }
 
-    // BeginImport, ImportNextLine until it ends, EndImport. Once only.
+    // BeginImport, ImportNextLine until it ends, EndImport. Once only. Messages and lines of a run that goes
+    // on behind another one are those of both.
     RunResult Run();
+
+    // After Run with RunOptions::NotesEnd: where it ended. Nothing if no run can go on there: it failed or
+    // was interrupted, not all of its samples are in a device of its own, it read a copy, or its last line
+    // may still be written.
+    std::optional<RunEnd> End() const;
 
     const MessageList& Messages() const { return AllMessages; }
 
@@ -127,7 +100,10 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
 
     // Hands the device of the run over, which lives on without the session; null if there is none of its own.
     // Nothing else is asked of the session afterwards.
-    std::unique_ptr<store::StoredDevice> TakeDevice() { return std::move(Store); }
+    std::shared_ptr<store::StoredDevice> TakeDevice() { return std::move(Store); }
+
+    // The same while the session goes on with it.
+    std::shared_ptr<const store::StoredDevice> ShareDevice() const { return Store; }
 
     // Where its samples come from: the file as it is now, and the settings of the run.
     store::SampleOrigin Origin() const;
@@ -142,6 +118,12 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     // Takes the filter's messages; true if one of them is a failure, whose text the result then has.
     bool CollectMessages(std::uint64_t line, RunResult& result);
     void BeginAndRead(RunResult& result);
+
+    // True if the run begins as the one before it, behind which it then is.
+    bool GoOn(RunResult& result);
+    void NoteEnd(const RunResult& result);
+    plan::RunGuide* Guide() const;
+    std::uint64_t SizeOfFile() const;  // 0 if it isn't known
 
     // Reads up to so many lines in all; false if the run has ended before.
     bool ReadLines(RunResult& result, std::uint64_t mostLines);
@@ -162,7 +144,12 @@ class HostSession : private IDeviceHost, private IRelativeTimeContext {
     const ModuleLoader& Module;
     MessageList AllMessages;
     std::uint64_t FirstDataLine = 0;             // of the run
-    std::unique_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals
+    std::optional<RunBegin> Begin;               // of a run that another one may go on behind
+    std::optional<std::uint64_t> StopAt;         // where its lines end, in bytes; nothing for all
+    std::optional<RunState> Last;                // behind its last line
+    std::string LastFailure;                     // up to there, as the next
+    std::uint64_t LinesRead = 0;                 // up to there
+    std::shared_ptr<store::StoredDevice> Store;  // outlives the filter's use of its signals
     std::unique_ptr<CImportFilter> ImportFilter;
 };
 }  // namespace kelvarin

@@ -20,7 +20,7 @@ void TakeFormat(const CImportFilter& filter, CheckResult& result) {
 
 void Prepare(const CImportFilter& filter, CheckResult& result) {
     TakeFormat(filter, result);
-    result.Series = std::make_unique<TimeSeries>(result.Format, result.Letters);
+    result.Series = std::make_shared<TimeSeries>(result.Format, result.Letters);
     for (const ColumnSummary& column : SummarizeColumns(filter)) {
         if (column.IsSignal) result.Columns.push_back({column.Index + 1, column.Name, column.Type, 0, 0, {}});
     }
@@ -141,9 +141,27 @@ void CheckOfRun::Observe(RunOptions& options) {
     options.Observer = Observer.get();
 }
 
+void CheckOfRun::ObserveOn(RunOptions& options) {
+    options.Observer = Observer.get();
+}
+
 CheckResult CheckOfRun::Finish(const ModuleLoader& module, const HostSession& session, const RunResult& run,
                                plan::AutomaticReading* reading) {
-    CheckResult& result = Result;
+    CheckResult result = std::move(Result);
+    Settle(result, module, session, run, reading);
+    return result;
+}
+
+CheckResult CheckOfRun::FinishForNow(const ModuleLoader& module, const HostSession& session,
+                                     const RunResult& run, plan::AutomaticReading* reading) const {
+    CheckResult result = Result;
+    if (Result.Series != nullptr) result.Series = std::make_shared<TimeSeries>(*Result.Series);
+    Settle(result, module, session, run, reading);
+    return result;
+}
+
+void CheckOfRun::Settle(CheckResult& result, const ModuleLoader& module, const HostSession& session,
+                        const RunResult& run, plan::AutomaticReading* reading) const {
     result.Begun = run.Begun && result.Series != nullptr;
     result.Failed = run.Failed;
     result.Interrupted = run.Interrupted;
@@ -162,7 +180,6 @@ CheckResult CheckOfRun::Finish(const ModuleLoader& module, const HostSession& se
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (result.Begun) CountSamples(*session.Device(), result);
     if (!run.OutOfMemory) Advise(module, Path, session.Filter(), reading, result);
-    return std::move(result);
 }
 
 CheckResult RunCheck(const ModuleLoader& module, const std::u16string& path, const CheckOptions& options) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,7 +62,7 @@ struct CheckResult {
     FilePlaces Before1990;         // rows with an absolute time that not every host can process
     std::vector<ColumnCheck> Columns;
     DroppedRows Dropped;
-    std::unique_ptr<TimeSeries> Series;  // of the stored rows; null unless the run began
+    std::shared_ptr<TimeSeries> Series;  // of the stored rows; null unless the run began
 
     RowsAbove Above;
     std::u16string BetterFormat;  // reads at least half of the unreadable times; empty without one
@@ -136,7 +137,16 @@ class CheckOfRun {
     CheckResult Finish(const ModuleLoader& module, const HostSession& session, const RunResult& run,
                        plan::AutomaticReading* reading);
 
+    // The same so far, for a run that another one goes on behind, which this is to be the check of too: it
+    // gets ObserveOn in place of Observe.
+    CheckResult FinishForNow(const ModuleLoader& module, const HostSession& session, const RunResult& run,
+                             plan::AutomaticReading* reading) const;
+    void ObserveOn(RunOptions& options);
+
   private:
+    void Settle(CheckResult& result, const ModuleLoader& module, const HostSession& session,
+                const RunResult& run, plan::AutomaticReading* reading) const;
+
     const std::u16string Path;
     const FileWatch Watch;
     CheckResult Result;

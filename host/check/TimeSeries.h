@@ -27,6 +27,15 @@ struct IntervalStatistics {
 // 1/64 of its size, so that memory is bounded whatever the jitter.
 class IntervalCounts {
   public:
+    IntervalCounts() = default;
+    IntervalCounts(const IntervalCounts& other)
+        : Counts(other.Counts),
+          IsExact(other.IsExact),
+          Total(other.Total),
+          Least(other.Least),
+          Most(other.Most) {}  // without a place in the other's counts
+    IntervalCounts& operator=(const IntervalCounts&) = delete;
+
     // `interval` is above 0.
     void Add(std::int64_t interval);
 
@@ -109,7 +118,7 @@ class TimeSeries {
   public:
     // `letters` are those of ITimeReader::FormatLetters.
     TimeSeries(const Reading& format, const std::u16string& letters);
-    TimeSeries(const TimeSeries&) = delete;
+    TimeSeries(const TimeSeries&) = default;
     TimeSeries& operator=(const TimeSeries&) = delete;
 
     void Add(std::int64_t time, std::uint64_t line);

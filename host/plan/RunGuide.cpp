@@ -17,31 +17,39 @@ bool IsValue(std::u16string_view cell) {
 
 RunGuide RunGuide::ForRange() const {
     RunGuide range(Plan, CopyLines, ReadsTimes);
-    range.HadTotal = HasTotal;
-    range.HasTotal = HasTotal;
-    range.Refused.resize(Refused.size());
-    for (std::size_t i = 0; i < Refused.size(); ++i) range.Refused[i].AmountUnit = Refused[i].AmountUnit;
+    range.HadTotal = Lost.HasTotal;
+    range.Lost.HasTotal = Lost.HasTotal;
+    range.Lost.Refused.resize(Lost.Refused.size());
+    for (std::size_t i = 0; i < Lost.Refused.size(); ++i)
+        range.Lost.Refused[i].AmountUnit = Lost.Refused[i].AmountUnit;
     return range;
 }
 
 bool RunGuide::Confirms(const RunGuide& range) const {
-    const bool askedForTotal = range.AreRowsOutOfOrder || range.HasTotal != range.HadTotal;
-    if (range.HadTotal != HasTotal && askedForTotal) return false;
+    const bool askedForTotal = range.Lost.AreRowsOutOfOrder || range.Lost.HasTotal != range.HadTotal;
+    if (range.HadTotal != Lost.HasTotal && askedForTotal) return false;
     // Amounts are counted in the unit of the first one.
-    for (std::size_t i = 0; i < std::min(Refused.size(), range.Refused.size()); ++i) {
-        const std::u16string& unit = Refused[i].AmountUnit;
-        const std::u16string& unitOfRange = range.Refused[i].AmountUnit;
+    for (std::size_t i = 0; i < std::min(Lost.Refused.size(), range.Lost.Refused.size()); ++i) {
+        const std::u16string& unit = Lost.Refused[i].AmountUnit;
+        const std::u16string& unitOfRange = range.Lost.Refused[i].AmountUnit;
         if (!unit.empty() && !unitOfRange.empty() && unit != unitOfRange) return false;
     }
     return true;
 }
 
 void RunGuide::Add(const RunGuide& range) {
-    AreRowsOutOfOrder |= range.AreRowsOutOfOrder;
-    HasTotal |= range.HasTotal;
-    AreTimesUnread |= range.AreTimesUnread;
-    if (Refused.size() < range.Refused.size()) Refused.resize(range.Refused.size());
-    for (std::size_t i = 0; i < range.Refused.size(); ++i) Refused[i].Add(range.Refused[i]);
+    Lost.AreRowsOutOfOrder |= range.Lost.AreRowsOutOfOrder;
+    Lost.HasTotal |= range.Lost.HasTotal;
+    Lost.AreTimesUnread |= range.Lost.AreTimesUnread;
+    if (Lost.Refused.size() < range.Lost.Refused.size()) Lost.Refused.resize(range.Lost.Refused.size());
+    for (std::size_t i = 0; i < range.Lost.Refused.size(); ++i) Lost.Refused[i].Add(range.Lost.Refused[i]);
+}
+
+std::optional<GuideTraits> RunGuide::Traits() const {
+    if (Plan.EndsInTotal) return std::nullopt;
+    GuideTraits traits{ReadsTimes, Plan.Times.has_value(), Plan.Mark, Plan.Width, {}};
+    for (const PlannedColumn& column : Plan.Columns) traits.Types.push_back(column.Type);
+    return traits;
 }
 
 bool RunGuide::IsMissing(int column, const char16_t* cell) {
@@ -56,29 +64,29 @@ void RunGuide::OnMarkedInteger(int column, const char16_t* cell) {
 
 CellCounts& RunGuide::RefusedIn(int column) {
     const auto index = static_cast<std::size_t>(column);
-    if (Refused.size() <= index) Refused.resize(index + 1);
-    return Refused[index];
+    if (Lost.Refused.size() <= index) Lost.Refused.resize(index + 1);
+    return Lost.Refused[index];
 }
 
 bool RunGuide::IsNoRow(const DroppedRow& row) {
-    if (row.Reason == DropReason::Falls && Plan.EndsInTotal && !HasTotal) {
-        HasTotal = true;
+    if (row.Reason == DropReason::Falls && Plan.EndsInTotal && !Lost.HasTotal) {
+        Lost.HasTotal = true;
         return true;
     }
-    if (row.Reason == DropReason::Falls) AreRowsOutOfOrder = true;
+    if (row.Reason == DropReason::Falls) Lost.AreRowsOutOfOrder = true;
     if (row.Reason != DropReason::DoesNotFit) return false;
     const std::vector<std::u16string_view> cells(row.Cells.begin(), row.Cells.end());
     if (std::none_of(cells.begin(), cells.end(), IsValue)) return true;
     if (!Plan.Times || !ReadsTimes) return false;
     TimeWalk walk(Plan.Times->Recipe);
-    AreTimesUnread |= walk.Next(cells, Plan.Width).has_value();
+    Lost.AreTimesUnread |= walk.Next(cells, Plan.Width).has_value();
     return false;
 }
 
 bool RunGuide::AreLossesAvoidable() const {
-    if (AreRowsOutOfOrder || AreTimesUnread) return true;
-    for (std::size_t i = 0; i < std::min(Refused.size(), Plan.Columns.size()); ++i) {
-        const CellCounts& refused = Refused[i];
+    if (Lost.AreRowsOutOfOrder || Lost.AreTimesUnread) return true;
+    for (std::size_t i = 0; i < std::min(Lost.Refused.size(), Plan.Columns.size()); ++i) {
+        const CellCounts& refused = Lost.Refused[i];
         const ColumnType type = Plan.Columns[i].Type;
         const bool isWider = (type == ColumnType::Integer && refused.Decimal + refused.DecimalAmounts > 0) ||
                              (type == ColumnType::Boolean && refused.Whole + refused.Decimal > 0) ||

@@ -94,7 +94,9 @@ std::optional<Range> RangeTeam::Claim() {
         Changed.notify_all();
         return std::nullopt;
     }
-    IsLastTaken = !range.End;
+    const bool isBeyond = Joined.End && (!range.End || *range.End >= *Joined.End);
+    if (isBeyond) range.End = Joined.End;
+    IsLastTaken = !range.End || isBeyond;
     Expected.Offset = range.End.value_or(0);
     ++Taken;
     return range;

@@ -26,6 +26,7 @@ struct RangeRun {
     IRunObserver* Observer;  // hears what the run in order would tell; null for none
     std::function<bool(RangeResult& result)> OnJoined;  // gets each range's result in order, one at a time;
                                                         // false: the run ends behind it
+    std::optional<std::uint64_t> End;  // where the last line ends; nothing for the file's end
 };
 
 // Each thread takes the next range, assumes in what state the run comes to it, and imports it. When the

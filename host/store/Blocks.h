@@ -141,19 +141,18 @@ class BlockList {
         if (Next != Begin) visit(Open());
     }
 
-    // The blocks in order, the last of which may be the open one.
-    std::size_t BlockCount() const { return Blocks.size() + (Next != Begin ? 1 : 0); }
-    std::size_t BlockSize(std::size_t block) const {
-        return block < Blocks.size() ? Blocks[block].Count : Open().size();
-    }
+    // The blocks that are kept. What they hold never changes.
+    const std::vector<KeptBlock>& Kept() const { return Blocks; }
 
-    // Calls `visit` with the values of one of them, as VisitBlocks does.
+    // Calls `visit` with the values of a kept block, as VisitBlocks does.
     template <class Visit>
-    void VisitBlockAt(std::size_t block, Visit visit) const {
-        if (block < Blocks.size()) {
-            VisitBlock(Blocks[block], visit);
+    static void VisitBlock(const KeptBlock& block, Visit visit) {
+        if constexpr (IsPacked) {
+            std::array<Value, LargestSize> values;
+            UnpackIntegers(block, values.data());
+            visit(std::span<const Value>(values.data(), block.Count));
         } else {
-            visit(Open());
+            visit(std::span<const Value>(static_cast<const Value*>(block.Values), block.Count));
         }
     }
 
@@ -203,17 +202,6 @@ class BlockList {
     static constexpr bool IsPacked = std::is_same_v<Value, std::int64_t>;
     static constexpr std::size_t FirstSize = 64;
     static constexpr std::size_t LargestSize = IsPacked ? 1024 : 8192;
-
-    template <class Visit>
-    void VisitBlock(const KeptBlock& block, Visit visit) const {
-        if constexpr (IsPacked) {
-            std::array<Value, LargestSize> values;
-            UnpackIntegers(block, values.data());
-            visit(std::span<const Value>(values.data(), block.Count));
-        } else {
-            visit(std::span<const Value>(static_cast<const Value*>(block.Values), block.Count));
-        }
-    }
 
     Arena& Memory;
     std::vector<KeptBlock> Blocks;

@@ -62,7 +62,15 @@ class CountedSignal final : public StoredSignal {
     void CopyValues(void*) const override {}
     void* ValuesInPlace() const override { return nullptr; }
     void VisitTexts(const std::function<void(const KeptText&)>&) const override {}
+    std::uint64_t SettledCount() const override { return 0; }
+    void VisitFrom(SamplePlace&, std::uint64_t,
+                   const std::function<void(const void*, std::uint32_t)>&) const override {}
     void Finish() override {}
+    void Resume() override {
+        Symbol = u"";
+        Unit = u"";
+        Store.MetaData.erase(GetUniqueSignalId().DirBlockId);
+    }
 
   private:
     const std::uint8_t Type;  // an EKelvarinType

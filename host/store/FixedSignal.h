@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -39,10 +40,30 @@ class FixedSignal final : public SignalBase {
         }
     }
 
-    std::unique_ptr<ValueReader> ReadValues() const override {
-        const std::uint64_t count = CountKept(~std::uint64_t{0});
+    void VisitFrom(SamplePlace& place, std::uint64_t end,
+                   const std::function<void(const void*, std::uint32_t)>& visit) const override {
+        std::uint64_t row = 0;
+        Values.VisitBlocks([&](std::span<const Value> block) {
+            for (; place.Row < std::min(end, row + block.size()); ++place.Row) {
+                const Value value = block[static_cast<std::size_t>(place.Row - row)];
+                visit(IsGap(place.Row) ? nullptr : &value, sizeof value);
+            }
+            row += block.size();
+        });
+    }
+
+    std::uint64_t SettledCount() const override { return std::min(OpenRow, KeptCount()); }
+
+    std::unique_ptr<ValueReader> ReadValues(std::uint64_t most, const ValueReader* before) const override {
+        const std::uint64_t count = std::min(most, SettledCount());
         if (count == 0) return nullptr;
-        return std::make_unique<BlockValues<Value>>(Values, Gaps, count);
+        return std::make_unique<BlockValues<Value>>(Values, Gaps, count,
+                                                    static_cast<const BlockValues<Value>*>(before));
+    }
+
+    void Finish() override {
+        if (!Values.Open().empty()) CloseBlock();
+        SignalBase::Finish();
     }
 
     void CopyGaps(std::uint8_t* gaps) const override {

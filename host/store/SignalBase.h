@@ -37,6 +37,12 @@ class SignalBase : public StoredSignal {
     void Finish() override {
         Sum.FirstTime = Axis->First();
         SummarizeRest();
+        Axis->Seal();
+    }
+    void Resume() override {
+        About.Symbol.clear();
+        About.Unit.clear();
+        About.MetaData.clear();
     }
 
     std::shared_ptr<const TimeAxis> Times() const override { return Axis; }

@@ -7,7 +7,7 @@
 #include "host/store/ValueReader.h"
 
 namespace kelvarin::store {
-std::unique_ptr<ValueReader> StoredSignal::ReadValues() const {
+std::unique_ptr<ValueReader> StoredSignal::ReadValues(std::uint64_t, const ValueReader*) const {
     return nullptr;
 }
 
@@ -26,11 +26,24 @@ StoredDevice::~StoredDevice() = default;
 
 DM::EResult StoredDevice::CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
                                        std::uint32_t size) {
+    if (MadeAgain) return FindSignal(signal, name, type, size);
     const std::size_t index = Signals.size();
     const int column = index < Columns.size() ? Columns[index] : -1;
     SignalDescription description{name, type, size, column, {}, {}, {}};
     Signals.push_back(MakeSignal(std::move(description), static_cast<std::uint32_t>(index + 1), *Store));
     signal = Signals.back().get();
+    return DM::ResultOk;
+}
+
+// A run of the same settings makes the same signals in the same order.
+DM::EResult StoredDevice::FindSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
+                                     std::uint32_t size) {
+    if (*MadeAgain == Signals.size()) return DM::ResultRefused;
+    StoredSignal& next = *Signals[*MadeAgain];
+    const SignalDescription about = next.Description();
+    if (about.Name != name || about.Type != type || about.Size != size) return DM::ResultRefused;
+    signal = &next;
+    ++*MadeAgain;
     return DM::ResultOk;
 }
 
@@ -75,5 +88,10 @@ void StoredDevice::Keep(std::unique_ptr<StoredDevice> part) {
 
 void StoredDevice::Finish() {
     for (const auto& signal : Signals) signal->Finish();
+}
+
+void StoredDevice::Resume() {
+    for (const auto& signal : Signals) signal->Resume();
+    MadeAgain = 0;
 }
 }  // namespace kelvarin::store

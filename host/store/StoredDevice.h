@@ -1,7 +1,8 @@
 // The store of the embedded host: a device, its signals, their summaries and the first of their samples.
 //
 // A run fills a device on one thread, or appends parts that others fill, one at a time. After Finish any
-// number of threads may read it, until it is destroyed.
+// number of threads may read it, until it is destroyed or filled on; ValueReader and TimeIndex read on while
+// it is filled.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +31,8 @@ struct SignalDescription {
     std::u16string Symbol;   // the name for people
     std::u16string Unit;
     std::vector<std::string> MetaData;  // pieces of XML
+
+    bool operator==(const SignalDescription&) const = default;
 };
 
 // Over all samples of a signal, kept or not.
@@ -58,9 +61,13 @@ class StoredSignal : public DM::SignalProxy {
     // Visits the first samples in order, `limit` at most and none beyond those kept.
     virtual void VisitSamples(std::uint64_t limit, const SampleVisitor& visit) const = 0;
 
-    // Reads the samples kept in any order, once the device is finished; null for texts and where none are
-    // kept. The signal outlives the reader.
-    virtual std::unique_ptr<ValueReader> ReadValues() const;
+    // How many of the first samples lie in blocks that are complete: all once the device is finished.
+    virtual std::uint64_t SettledCount() const = 0;
+
+    // Reads these samples, `most` at most, in any order, also while the device is filled on; null for texts
+    // and without samples. The device outlives the reader. `before` is null or what this has returned last,
+    // with which the new reader shares what that one knows.
+    virtual std::unique_ptr<ValueReader> ReadValues(std::uint64_t most, const ValueReader* before) const;
 
     // The times of the samples kept, which signals share where they agree; null where none are kept.
     virtual std::shared_ptr<const TimeAxis> Times() const;
@@ -93,8 +100,22 @@ class StoredSignal : public DM::SignalProxy {
     // long as the device.
     virtual void VisitTexts(const std::function<void(const KeptText& text)>& visit) const = 0;
 
-    // Called by the device after the last sample.
+    // The next sample of a visit that goes on after more samples have come.
+    struct SamplePlace {
+        std::uint64_t Row = 0;
+        std::size_t TextBlock = 0, TextOffset = 0;
+    };
+
+    // Visits settled samples from a place up to row `end`, which becomes the place, as VisitSamples does but
+    // without their times.
+    virtual void VisitFrom(SamplePlace& place, std::uint64_t end,
+                           const std::function<void(const void* data, std::uint32_t size)>& visit) const = 0;
+
+    // Called by the device after the last sample, for now.
     virtual void Finish() = 0;
+
+    // Forgets its texts but its name, and its unit.
+    virtual void Resume() = 0;
 
     // For devices of parts; the signals are of one type. Appends the samples of a part's signal, which has
     // none afterwards; their times are appended by the device, after this. With `keep` what the part has kept
@@ -132,8 +153,12 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
     DM::EResult CreateSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
                              std::uint32_t size) override;
 
-    // Called once, after the last sample of all signals.
+    // Called after the last sample of all signals. More may follow after Resume.
     void Finish();
+
+    // The same signals, and no others, are made once more, for samples behind those that there are; their
+    // texts and units are given anew.
+    void Resume();
 
     // A device for some of the rows of this one, to be filled on another thread and appended. It is never
     // finished.
@@ -153,8 +178,12 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
     const std::u16string Description;
 
   private:
+    DM::EResult FindSignal(DM::SignalProxy*& signal, const char16_t* name, std::uint32_t type,
+                           std::uint32_t size);
+
     const std::vector<int> Columns;
     std::unique_ptr<SharedStore> Store;
+    std::optional<std::size_t> MadeAgain;  // signals since Resume
 
   public:
     std::vector<std::unique_ptr<StoredSignal>> Signals;  // in the order of their making; they use Store

@@ -50,11 +50,11 @@ const char* TextBlocks::Reader::NextBytes(std::size_t length, bool isNarrow) {
     const std::size_t size = isNarrow ? length : length * sizeof(char16_t);
     if (size == 0) return "";
     // A text that found no room is in the next block.
-    while (size > Texts.Blocks[Block].Used - At) {
-        ++Block;
+    while (size > Texts.Blocks[Current].Used - At) {
+        ++Current;
         At = 0;
     }
-    const char* const bytes = Texts.Blocks[Block].Bytes + At;
+    const char* const bytes = Texts.Blocks[Current].Bytes + At;
     At += size;
     return bytes;
 }

@@ -48,7 +48,12 @@ class TextBlocks {
     // Reads the texts in order, each by its length and by what Append returned.
     class Reader {
       public:
-        explicit Reader(const TextBlocks& texts) : Texts(texts) {}
+        // From a place on where another reader has come to; texts may have been appended since.
+        explicit Reader(const TextBlocks& texts, std::size_t block = 0, std::size_t offset = 0)
+            : Texts(texts), Current(block), At(offset) {}
+
+        std::size_t Block() const { return Current; }
+        std::size_t Offset() const { return At; }
 
         // The text in UTF-16, valid until the next call.
         const char16_t* Next(std::size_t length, bool isNarrow);
@@ -59,8 +64,8 @@ class TextBlocks {
 
       private:
         const TextBlocks& Texts;
-        std::size_t Block = 0;
-        std::size_t At = 0;
+        std::size_t Current;
+        std::size_t At;
         std::u16string Text;
     };
 

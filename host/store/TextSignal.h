@@ -1,6 +1,7 @@
 // A signal of texts.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -83,6 +84,38 @@ class TextSignal final : public SignalBase {
         });
     }
 
+    void VisitFrom(SamplePlace& place, std::uint64_t end,
+                   const std::function<void(const void*, std::uint32_t)>& visit) const override {
+        TextBlocks::Reader texts(Texts, place.TextBlock, place.TextOffset);
+        std::uint64_t row = 0;
+        Sizes.VisitBlocks([&](std::span<const std::uint32_t> sizes) {
+            for (; place.Row < std::min(end, row + sizes.size()); ++place.Row) {
+                const std::uint32_t size = sizes[static_cast<std::size_t>(place.Row - row)];
+                const std::uint32_t length = size & ~NarrowBit;
+                if (size == NoValue) {
+                    visit(nullptr, 0);
+                } else {
+                    visit(texts.Next(length, (size & NarrowBit) != 0),
+                          length * std::uint32_t{sizeof(char16_t)});
+                }
+            }
+            row += sizes.size();
+        });
+        place.TextBlock = texts.Block();
+        place.TextOffset = texts.Offset();
+    }
+
+    std::uint64_t SettledCount() const override {
+        std::uint64_t count = 0;
+        for (const KeptBlock& block : Sizes.Kept()) count += block.Count;
+        return std::min(count, KeptCount());
+    }
+
+    void Finish() override {
+        SignalBase::Finish();
+        Sizes.Seal();
+    }
+
     void Take(StoredSignal& other, bool keep) override {
         auto& part = static_cast<TextSignal&>(other);
         part.SummarizeRest();
@@ -121,7 +154,9 @@ class TextSignal final : public SignalBase {
     static constexpr std::uint32_t NarrowBit = 0x80000000;
 
     void SummarizeRest() override {
-        if (Sum.First && !Sum.Last) Sum.Last = Texts.Last(LastKept & ~NarrowBit, (LastKept & NarrowBit) != 0);
+        const bool isLastKept = !Sum.Last || KeptCount() == Sum.Count;
+        if (Sum.First && isLastKept)
+            Sum.Last = Texts.Last(LastKept & ~NarrowBit, (LastKept & NarrowBit) != 0);
     }
 
     // Of the samples kept.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "host/store/Blocks.h"
 #include "platform/framework/Numbers.h"
@@ -91,8 +92,11 @@ class TimeAxis {
         Moment Now;
     };
 
-    // The kept times as changes of the step, which follow from a Moment of zeros.
-    const BlockList<std::int64_t>& Kept() const { return Changes; }
+    // The blocks of kept times as changes of the step, which follow from a Moment of zeros.
+    const std::vector<KeptBlock>& Kept() const { return Changes.Kept(); }
+
+    // Keeps all times so far.
+    void Seal() { Changes.Seal(); }
 
     // Copies the first `count` times, which must be kept.
     void CopyTo(std::int64_t* times, std::uint64_t count) const {

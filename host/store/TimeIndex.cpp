@@ -22,21 +22,31 @@ TimeAxis::Moment After(TimeAxis::Moment moment, std::span<const std::int64_t> ch
 }
 }  // namespace
 
-TimeIndex::TimeIndex(std::shared_ptr<const TimeAxis> axis) : Axis(std::move(axis)), Starts(Axis->Kept()) {
-    const std::size_t blocks = Axis->Kept().BlockCount();
-    Moments.reserve(blocks);
-    TimeAxis::Moment moment;
-    Axis->Kept().VisitBlocks([&](std::span<const std::int64_t> changes) {
-        Moments.push_back(moment);
-        moment = After(moment, changes);
-    });
-    Rows = Starts.Begin(blocks);
+TimeIndex::TimeIndex(std::shared_ptr<const TimeAxis> axis, std::uint64_t most, const TimeIndex* before)
+    : Axis(std::move(axis)),
+      Known(before == nullptr ? std::make_shared<BlockTable<Entry>>() : before->Known),
+      Blocks(Axis->Kept().size()) {
+    std::size_t first = 0;
+    if (before != nullptr) {
+        first = before->Blocks;
+        End = before->End;
+        Behind = before->Behind;
+    }
+    Known->Entries.MakeRoom(Blocks);
+    for (std::size_t block = first; block < Blocks; ++block) {
+        const KeptBlock& kept = Axis->Kept()[block];
+        Known->Entries[block] = {kept, End, Behind};
+        End += kept.Count;
+        BlockList<std::int64_t>::VisitBlock(
+            kept, [this](std::span<const std::int64_t> changes) { Behind = After(Behind, changes); });
+    }
+    Rows = std::min(End, most);
 }
 
 template <class Visit>
-void TimeIndex::VisitBlock(std::size_t block, Visit visit) const {
-    Axis->Kept().VisitBlockAt(block, [&](std::span<const std::int64_t> changes) {
-        TimeAxis::Moment moment = Moments[block];
+void TimeIndex::VisitBlock(const Entry& entry, Visit visit) {
+    BlockList<std::int64_t>::VisitBlock(entry.Changes, [&](std::span<const std::int64_t> changes) {
+        TimeAxis::Moment moment = entry.Before;
         for (const std::int64_t change : changes) {
             moment.Step = WrappingAdd(moment.Step, change);
             moment.Time = WrappingAdd(moment.Time, moment.Step);
@@ -54,10 +64,10 @@ std::int64_t TimeIndex::TimeAt(std::uint64_t row) const {
 void TimeIndex::Read(std::uint64_t first, std::span<std::int64_t> times) const {
     if (times.empty()) return;
     std::size_t done = 0;
-    const std::size_t firstBlock = Starts.BlockOf(first);
-    std::uint64_t skip = first - Starts.Begin(firstBlock);
+    const std::size_t firstBlock = Known->BlockOf(first, Blocks);
+    std::uint64_t skip = first - Known->Entries[firstBlock].Begin;
     for (std::size_t block = firstBlock; done < times.size(); ++block) {
-        VisitBlock(block, [&](std::int64_t time) {
+        VisitBlock(Known->Entries[block], [&](std::int64_t time) {
             if (skip != 0) {
                 --skip;
                 return true;
@@ -69,19 +79,26 @@ void TimeIndex::Read(std::uint64_t first, std::span<std::int64_t> times) const {
 }
 
 std::uint64_t TimeIndex::RowsBefore(std::int64_t time) const {
+    if (Blocks == 0) return 0;
     // The moment before a block is its predecessor's last time. The first block has none.
-    const auto isEarlier = [](const TimeAxis::Moment& moment, std::int64_t wanted) {
-        return moment.Time < wanted;
-    };
-    if (Moments.empty()) return 0;
-    const auto found = std::lower_bound(Moments.begin() + 1, Moments.end(), time, isEarlier);
-    const auto block = static_cast<std::size_t>(found - Moments.begin()) - 1;
-    std::uint64_t row = Starts.Begin(block);
-    VisitBlock(block, [&](std::int64_t at) {
+    const std::size_t found = Known->FirstBlock(
+        Blocks, [time](const Entry& entry) { return entry.Begin != 0 && entry.Before.Time >= time; });
+    const Entry& entry = Known->Entries[found == 0 ? 0 : found - 1];
+    std::uint64_t row = entry.Begin;
+    VisitBlock(entry, [&](std::int64_t at) {
         if (at >= time) return false;
         ++row;
         return true;
     });
-    return row;
+    return std::min(row, Rows);
+}
+
+std::size_t TimeIndex::TimeBytes() const {
+    std::size_t bytes = 0;
+    for (std::size_t block = 0; block < Blocks; ++block) {
+        const KeptBlock& kept = Known->Entries[block].Changes;
+        bytes += std::size_t{kept.Count} * kept.Width;
+    }
+    return bytes;
 }
 }  // namespace kelvarin::store

@@ -5,44 +5,18 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <deque>
 #include <limits>
+#include <memory>
 #include <span>
 #include <type_traits>
 #include <vector>
 
 #include "host/store/Blocks.h"
+#include "host/store/GrowingList.h"
 
 namespace kelvarin::store {
-// Where the blocks of a list begin, so that a value is found by its number.
-class BlockStarts {
-  public:
-    template <class Value>
-    explicit BlockStarts(const BlockList<Value>& list) {
-        std::uint64_t row = 0;
-        Starts.reserve(list.BlockCount() + 1);
-        for (std::size_t block = 0; block < list.BlockCount(); ++block) {
-            Starts.push_back(row);
-            row += list.BlockSize(block);
-        }
-        Starts.push_back(row);
-    }
-
-    // The block of a value, which must be there.
-    std::size_t BlockOf(std::uint64_t row) const {
-        const auto after = std::upper_bound(Starts.begin(), Starts.end(), row);
-        return static_cast<std::size_t>(after - Starts.begin()) - 1;
-    }
-
-    // The number of its first value.
-    std::uint64_t Begin(std::size_t block) const { return Starts[block]; }
-
-    std::size_t Bytes() const { return Starts.capacity() * sizeof Starts[0]; }
-
-  private:
-    std::vector<std::uint64_t> Starts;  // of each block, then the number of values
-};
-
-// Any number of threads may read.
+// Any number of threads may read, also while another thread adds samples to the signal.
 class ValueReader {
   public:
     virtual ~ValueReader() = default;
@@ -62,24 +36,68 @@ class ValueReader {
     virtual std::size_t IndexBytes() const = 0;
 };
 
-// Values of a list of blocks; `gaps` has the rows without a value, up to the last such row. Both must outlive
-// the reader and not change.
+// Where blocks of values lie, with the number of the first value of each and whatever else is known of it.
+// Lengthened by one thread; what a reader has been told of it may read meanwhile.
+template <class Entry>
+class BlockTable {
+  public:
+    // The index of the block of a value, which must be in one of the first `count` blocks.
+    std::size_t BlockOf(std::uint64_t row, std::size_t count) const {
+        return FirstBlock(count, [row](const Entry& entry) { return entry.Begin > row; }) - 1;
+    }
+
+    // The index of the first of `count` blocks for which `isBeyond` is true, as it is for all behind it;
+    // `count` if there is none.
+    template <class IsBeyond>
+    std::size_t FirstBlock(std::size_t count, IsBeyond isBeyond) const {
+        std::size_t first = 0;
+        while (first < count) {
+            const std::size_t middle = first + (count - first) / 2;
+            if (isBeyond(Entries[middle])) {
+                count = middle;
+            } else {
+                first = middle + 1;
+            }
+        }
+        return first;
+    }
+
+    GrowingList<Entry> Entries;
+};
+
+// The values in the kept blocks of a list.
 template <class Value>
 class BlockValues final : public ValueReader {
   public:
-    BlockValues(const BlockList<Value>& list, const std::vector<bool>& gaps, std::uint64_t count)
-        : List(list), Gaps(gaps), Rows(count), Starts(list) {}
+    // At most `most` values. `gaps` has the rows without a value, up to the last such row; nothing is asked
+    // of it and of the list afterwards, but the memory of the list must outlive the reader. `before` is null
+    // or the reader that was made of the same list last, with which this one shares what that one knows.
+    BlockValues(const BlockList<Value>& list, const std::vector<bool>& gaps, std::uint64_t most,
+                const BlockValues* before)
+        : Known(before == nullptr ? std::make_shared<Shared>() : before->Known), Blocks(list.Kept().size()) {
+        const std::size_t first = before == nullptr ? 0 : before->Blocks;
+        std::uint64_t row = before == nullptr ? 0 : before->End;
+        Known->Table.Entries.MakeRoom(Blocks);
+        for (std::size_t block = first; block < Blocks; ++block) {
+            const KeptBlock& kept = list.Kept()[block];
+            Known->Table.Entries[block] = {kept, row, CopyGaps(gaps, row, kept.Count)};
+            row += kept.Count;
+        }
+        End = row;
+        Rows = std::min(End, most);
+    }
 
     std::uint64_t Count() const override { return Rows; }
 
     void Read(std::uint64_t first, std::span<double> values) const override {
         std::uint64_t row = first;
-        for (std::size_t block = Starts.BlockOf(first); !values.empty(); ++block) {
-            List.VisitBlockAt(block, [&](std::span<const Value> kept) {
-                const std::size_t skip = static_cast<std::size_t>(row - Starts.Begin(block));
+        for (std::size_t block = Known->Table.BlockOf(first, Blocks); !values.empty(); ++block) {
+            const Entry& entry = Known->Table.Entries[block];
+            BlockList<Value>::VisitBlock(entry.Block, [&](std::span<const Value> kept) {
+                const std::size_t skip = static_cast<std::size_t>(row - entry.Begin);
                 const std::size_t count = std::min(values.size(), kept.size() - skip);
                 Convert(kept.subspan(skip, count), values);
-                MarkGaps(row, values.first(count));
+                if (entry.Gaps != nullptr) MarkGaps(*entry.Gaps, skip, values.first(count));
                 row += count;
                 values = values.subspan(count);
             });
@@ -87,18 +105,53 @@ class BlockValues final : public ValueReader {
     }
 
     bool ReadOne(std::uint64_t row, void* value) const override {
-        if (row < Gaps.size() && Gaps[static_cast<std::size_t>(row)]) return false;
-        const std::size_t block = Starts.BlockOf(row);
-        List.VisitBlockAt(block, [&](std::span<const Value> kept) {
-            std::memcpy(value, &kept[static_cast<std::size_t>(row - Starts.Begin(block))], sizeof(Value));
-        });
+        const Entry& entry = Known->Table.Entries[Known->Table.BlockOf(row, Blocks)];
+        const auto at = static_cast<std::size_t>(row - entry.Begin);
+        if (entry.Gaps != nullptr && (*entry.Gaps)[at]) return false;
+        BlockList<Value>::VisitBlock(
+            entry.Block, [&](std::span<const Value> kept) { std::memcpy(value, &kept[at], sizeof(Value)); });
         return true;
     }
 
-    std::size_t ValueBytes() const override { return List.Bytes(); }
-    std::size_t IndexBytes() const override { return Starts.Bytes(); }
+    std::size_t ValueBytes() const override {
+        std::size_t bytes = 0;
+        for (std::size_t block = 0; block < Blocks; ++block) {
+            const KeptBlock& kept = Known->Table.Entries[block].Block;
+            bytes += std::size_t{kept.Count} * kept.Width;
+        }
+        return bytes;
+    }
+    std::size_t IndexBytes() const override {
+        std::size_t bytes = Blocks * sizeof(Entry);
+        for (std::size_t block = 0; block < Blocks; ++block) {
+            const std::vector<bool>* const gaps = Known->Table.Entries[block].Gaps;
+            if (gaps != nullptr) bytes += gaps->size() / 8 + sizeof *gaps;
+        }
+        return bytes;
+    }
 
   private:
+    struct Entry {
+        KeptBlock Block;
+        std::uint64_t Begin;            // the number of its first value
+        const std::vector<bool>* Gaps;  // true for each of its values that is none; null if there is none
+    };
+    struct Shared {
+        BlockTable<Entry> Table;
+        std::deque<std::vector<bool>> Gaps;  // for the thread that makes readers
+    };
+
+    const std::vector<bool>* CopyGaps(const std::vector<bool>& gaps, std::uint64_t first, std::size_t count) {
+        if (first >= gaps.size()) return nullptr;
+        const auto begin = gaps.begin() + static_cast<std::ptrdiff_t>(first);
+        const auto end =
+            begin + static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(gaps.size() - first, count));
+        if (std::find(begin, end, true) == end) return nullptr;
+        std::vector<bool>& copy = Known->Gaps.emplace_back(begin, end);
+        copy.resize(count);
+        return &copy;
+    }
+
     static void Convert(std::span<const Value> kept, std::span<double> values) {
         for (std::size_t i = 0; i < kept.size(); ++i) {
             if constexpr (std::is_same_v<Value, std::uint8_t>) {
@@ -109,18 +162,15 @@ class BlockValues final : public ValueReader {
         }
     }
 
-    void MarkGaps(std::uint64_t first, std::span<double> values) const {
-        if (first >= Gaps.size()) return;
-        const std::uint64_t end = std::min<std::uint64_t>(Gaps.size() - first, values.size());
-        for (std::size_t i = 0; i < end; ++i) {
-            if (Gaps[static_cast<std::size_t>(first) + i])
-                values[i] = std::numeric_limits<double>::quiet_NaN();
+    static void MarkGaps(const std::vector<bool>& gaps, std::size_t first, std::span<double> values) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            if (gaps[first + i]) values[i] = std::numeric_limits<double>::quiet_NaN();
         }
     }
 
-    const BlockList<Value>& List;
-    const std::vector<bool>& Gaps;
-    const std::uint64_t Rows;
-    const BlockStarts Starts;
+    const std::shared_ptr<Shared> Known;
+    const std::size_t Blocks;  // that this reader knows of
+    std::uint64_t End = 0;     // values in them
+    std::uint64_t Rows = 0;
 };
 }  // namespace kelvarin::store

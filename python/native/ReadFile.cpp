@@ -21,7 +21,7 @@ constexpr std::size_t MostMessages = 10'000;
 
 // What a run leaves, on the thread that takes it to Python.
 struct FileRead {
-    std::unique_ptr<store::StoredDevice> Samples;
+    std::shared_ptr<store::StoredDevice> Samples;
     std::uint64_t Lines = 0;
     bool IsRelative = false;
     bool HasDates = false;  // in its rows, with times of day
@@ -34,7 +34,7 @@ struct FileRead {
 };
 
 // On a thread of its own, since Ctrl-C is not to wait for gibibytes that are given back to the system.
-void FreeLater(std::unique_ptr<store::StoredDevice> samples) {
+void FreeLater(std::shared_ptr<store::StoredDevice> samples) {
     std::thread([own = std::move(samples)]() mutable { own.reset(); }).detach();
 }
 
@@ -55,7 +55,7 @@ FileRead Import(const ModuleLoader& module, const Request& request, CallState& s
     } while (!result.Interrupted && file.Reading().TakesCopy());
     FileRead read;
     if (state.Cancel) {
-        std::unique_ptr<store::StoredDevice> samples = session->TakeDevice();
+        std::shared_ptr<store::StoredDevice> samples = session->TakeDevice();
         session.reset();
         FreeLater(std::move(samples));
         return read;

@@ -26,6 +26,8 @@ struct RunState {
     std::int64_t FirstRowTime = 0;  // of the first data row, before correction
     std::vector<ColumnUnit> Units;  // of the columns that get samples, in order
     std::u16string FileFailure;     // as ISettingsView has it
+
+    bool operator==(const RunState&) const = default;
 };
 
 // Lines of a range: those that are no row, and the others.
@@ -46,15 +48,16 @@ struct RangeTimes {
 // thread at a time.
 class IRangeReading {
   public:
-    static constexpr const char* Id = "kelvarin.RangeReading/1";
+    static constexpr const char* Id = "kelvarin.RangeReading/2";
 
     virtual ~IRangeReading() = default;
 
-    // Of a run that has begun.
+    // Of a run that has begun; its Offset alone costs nothing.
     virtual RunState GetState() const = 0;
+    virtual std::uint64_t GetOffset() const = 0;
 
-    // The run goes on from this state: that of another filter of the same file. The units are those of the
-    // settings too.
+    // The run goes on from this state: that of another filter of the same file, which may have been shorter.
+    // The units are those of the settings too.
     virtual void SetState(const RunState& state) = 0;
 
     // Finds the first byte position from `from` on at which a line starts; none if there is none. False if

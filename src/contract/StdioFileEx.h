@@ -45,8 +45,8 @@ class CStdioFileEx : public CFile {
 
     // --- Ranges ---
 
-    // The first byte position from `from` on at which a line starts; none if no line ends before. Raises
-    // CFileException. The file has delivered a line. Leaves what ReadString delivers alone.
+    // The first byte position from `from` on, above 0, at which a line starts; none if no line ends before.
+    // Raises CFileException. Leaves what ReadString delivers alone.
     std::optional<std::uint64_t> FindLineStart(std::uint64_t from);
 
     // Uses the file of another object, which has delivered a line, stays open and is read by nobody but
@@ -68,7 +68,8 @@ class CStdioFileEx : public CFile {
     // Back to the first line of the range.
     void RewindRange();
 
-    // ReadString goes on at a byte position where a line starts, up to the end of the file.
+    // ReadString goes on at a byte position where a line starts, up to the end of the file. Raises
+    // CFileException.
     void ContinueAt(std::uint64_t position);
 
     // --- Place ---
@@ -77,6 +78,8 @@ class CStdioFileEx : public CFile {
     std::uint64_t GetPosition() const;
 
   private:
+    void FindForm();
+
     EFileEncoding Encoding = FileEncodingImport;
     std::unique_ptr<LineReader> Reader;
 };

@@ -55,6 +55,7 @@ class CCsvImportFilter : public CImportFilter {
 
     // --- A run in ranges (RangeReading.cpp), as IRangeReading has it ---
     RunState GetState() const;
+    std::uint64_t GetOffset() const { return SourceFile.GetPosition(); }
     void SetState(const RunState& state);
     bool FindLineStart(std::uint64_t from, std::optional<std::uint64_t>& start);
     bool Follow(CCsvImportFilter& leader);

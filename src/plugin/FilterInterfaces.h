@@ -39,6 +39,7 @@ class CFilterInterfaces final : public ISettingsView,
 
     // --- RangeReading.cpp ---
     RunState GetState() const override;
+    std::uint64_t GetOffset() const override;
     void SetState(const RunState& state) override;
     bool FindLineStart(std::uint64_t from, std::optional<std::uint64_t>& start) override;
     bool Follow(IRangeReading& leader) override;

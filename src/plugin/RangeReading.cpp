@@ -7,6 +7,10 @@ RunState CFilterInterfaces::GetState() const {
     return Owner.GetState();
 }
 
+std::uint64_t CFilterInterfaces::GetOffset() const {
+    return Owner.GetOffset();
+}
+
 void CFilterInterfaces::SetState(const RunState& state) {
     Owner.SetState(state);
 }

@@ -60,7 +60,7 @@ TEST(PeakPyramid, HasThePeaksOfEveryPart) {
         for (const std::size_t threads : {1u, 3u}) {
             const std::vector<double> values = Spiky(count, static_cast<unsigned>(count));
             const auto device = DeviceOf(EvenTimes(count, 10), {values}, true);
-            const auto reader = device->Signals[0]->ReadValues();
+            const auto reader = device->Signals[0]->ReadValues(~std::uint64_t{0}, nullptr);
             const PeakPyramid pyramid(*reader, threads);
             std::mt19937 random(1);
             for (int i = 0; i < (count > 10'000 ? 60 : 200); ++i) {

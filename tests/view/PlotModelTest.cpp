@@ -58,6 +58,32 @@ TEST(PlotModel, GathersSignalsInAPane) {
     }
 }
 
+// A signal takes the place of a shorter one, as while a file is read.
+TEST(PlotModel, GoesAlongWithSignalsThatGrow) {
+    const struct {
+        TimeRange Before;
+        bool ShowsEnd;
+        TimeRange After;
+    } cases[] = {
+        {{Start, Start + 11}, false, {Start, Start + 51}},          // all is visible
+        {{Start, Start + 11}, true, {Start, Start + 51}},           //
+        {{Start + 2, Start + 8}, true, {Start + 2, Start + 8}},     // a part
+        {{Start + 2, Start + 11}, false, {Start + 2, Start + 11}},  // the end
+        {{Start + 2, Start + 11}, true, {Start + 2, Start + 51}},
+    };
+    for (const auto& test : cases) {
+        PlotModel model;
+        const SignalPointer old = Signals(1)[0];
+        model.Add(old, 0);
+        model.ShowTimes(test.Before);
+        model.Replace(*old, SignalOf({Start, Start + 50}, {1, 2}), test.ShowsEnd);
+        EXPECT_EQ(model.Visible(), test.After)
+            << test.Before.From - Start << " to " << test.Before.To - Start;
+        model.Undo();
+        EXPECT_FALSE(model.CanUndo()) << "a step of its own";
+    }
+}
+
 TEST(PlotModel, TakesBackAndDoesAgain) {
     PlotModel model;
     model.Add(Signals(1)[0], 0);

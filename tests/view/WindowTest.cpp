@@ -173,11 +173,7 @@ TEST_F(ViewWindow, OpensOddFiles) {
 
 // A file that takes a while: the window stays alive, and what was read before the end is shown.
 TEST_F(ViewWindow, CancelsReadingAndShowsWhatIsThere) {
-    {
-        std::ofstream file(Folder.NativePath("long.csv"));
-        file << "time;a;b\n";
-        for (int i = 0; i < 1'500'000; ++i) file << i << ".0;" << i % 977 << ".5;" << i % 31 << "\n";
-    }
+    WriteLong("long.csv", 1'500'000);
     Shown->Open(ToQt(Folder.Path("long.csv")));
     const auto hasBegun = [this] { return Shown->Tree().topLevelItemCount() == 1 && Item(0) != nullptr; };
     ASSERT_TRUE(QTest::qWaitFor(hasBegun, Longest));
@@ -186,6 +182,75 @@ TEST_F(ViewWindow, CancelsReadingAndShowsWhatIsThere) {
     ASSERT_NE(Item(0), nullptr);
     EXPECT_EQ(Item(0)->text(0), "a");
     EXPECT_NE(Item(0)->text(3), "0");
+}
+
+// Plots fill while a file is read; the time axis grows until the user zooms.
+TEST_F(ViewWindow, PlotsWhatIsReadSoFar) {
+    WriteLong("long.csv", 1'500'000);
+    Shown->Open(ToQt(Folder.Path("long.csv")));
+    const auto isPlotted = [this] { return !Shown->Model().IsEmpty(); };
+    ASSERT_TRUE(QTest::qWaitFor(isPlotted, Longest));
+    ASSERT_TRUE(Shown->IsBusy()) << "the plots came at the end";
+    EXPECT_EQ(Plotted(), "a | b | ");
+    const TimeRange first = Shown->Model().Visible();
+    const auto hasGrown = [&] { return Shown->Model().Visible().To > first.To; };
+    ASSERT_TRUE(QTest::qWaitFor(hasGrown, Longest));
+    const QRect rect = Shown->Plots().PlotRect();
+    QWheelEvent wheel(rect.center(), Shown->Plots().mapToGlobal(rect.center()), {}, {0, 240}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Shown->Plots(), &wheel);
+    const TimeRange zoomed = Shown->Model().Visible();
+    ASSERT_TRUE(Shown->IsBusy()) << "the file was read before the zoom";
+    Wait();
+    EXPECT_EQ(Shown->Model().Visible(), zoomed);
+    EXPECT_EQ(Plotted(), "a | b | ");
+    EXPECT_EQ(Item(0)->checkState(0), Qt::Checked);
+    QTest::keyClick(Shown.get(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(Shown->Model().Visible(), Shown->Model().Whole());
+    EXPECT_EQ(Shown->Model().Panes()[0].Signals[0]->Count(), 1'500'000u);
+}
+
+// The plots of a file that is read anew stand for what is read of it so far, in the tree too.
+TEST_F(ViewWindow, PlotsWhatIsReadAnew) {
+    WriteLong("long.csv", 1'500'000);
+    Open(ToQt(Folder.Path("long.csv")));
+    const auto samples = [this] { return Shown->Model().Panes()[0].Signals[0]->Count(); };
+    QTest::keyClick(Shown.get(), Qt::Key_F5);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return samples() < 1'500'000; }, Longest));
+    Item(1)->setCheckState(0, Qt::Unchecked);
+    EXPECT_EQ(Plotted(), "a | ");
+    Wait();
+    EXPECT_EQ(Plotted(), "a | ");
+    EXPECT_EQ(samples(), 1'500'000u);
+    EXPECT_EQ(Item(1)->checkState(0), Qt::Unchecked);
+}
+
+// New lines come into the plots by themselves, the visible end goes along, and a zoom away from it stays.
+TEST_F(ViewWindow, FollowsAFileThatGrows) {
+    Open(Write("lauf.csv", GermanFile(100)));
+    QTest::keyClick(Shown.get(), Qt::Key_L, Qt::ControlModifier);
+    const auto grow = [this](int rows) {
+        Write("lauf.csv", GermanFile(rows));
+        const QString wanted = QString::number(rows - 1);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Item(0)->text(3) == wanted; }, Longest))
+            << Item(0)->text(3).toStdString();
+        Wait();
+    };
+    grow(150);
+    EXPECT_EQ(Shown->Model().Visible(), Shown->Model().Whole());
+    EXPECT_EQ(Plotted(), "Drehzahl | Druck | ");
+    const TimeRange whole = Shown->Model().Whole();
+    const TimeRange end{whole.From + 100'000'000'000, whole.To};
+    Shown->Model().ShowTimes(end);
+    grow(200);
+    EXPECT_EQ(Shown->Model().Visible().From, end.From);
+    EXPECT_EQ(Shown->Model().Visible().To, Shown->Model().Whole().To);
+    const TimeRange part{whole.From + 10, whole.From + 5'000'000'000};
+    Shown->Model().ShowTimes(part);
+    grow(250);
+    EXPECT_EQ(Shown->Model().Visible(), part);
+    QTest::keyClick(Shown.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Shown->Model().Visible().From, end.From) << "following is no step";
 }
 
 TEST_F(ViewWindow, RemembersFilesAndItsLayout) {

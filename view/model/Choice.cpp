@@ -2,11 +2,27 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "contract/FixedTimes.h"
 #include "host/SettingText.h"
 
 namespace kelvarin::view {
+namespace {
+// The numbers of those with samples, by kind. `look` gives a signal's kind and its samples.
+template <class Signal, class Look>
+std::vector<std::size_t> FirstByKind(const std::vector<Signal>& all, std::size_t most, Look look) {
+    std::vector<std::size_t> first;
+    for (const SignalKind kind : {SignalKind::Number, SignalKind::Truth, SignalKind::Text}) {
+        for (std::size_t i = 0; i < all.size() && first.size() < most; ++i) {
+            const auto [kindOfIt, samples] = look(all[i]);
+            if (kindOfIt == kind && samples != 0) first.push_back(i);
+        }
+    }
+    return first;
+}
+}  // namespace
+
 void PlotAll(PlotModel& model, const std::vector<SignalPointer>& wanted) {
     constexpr std::ptrdiff_t MostPanes = 8;
     const auto isNumber = [](const SignalPointer& signal) { return signal->Kind() == SignalKind::Number; };
@@ -29,14 +45,16 @@ std::size_t PaneFor(const PlotModel& model, const PlottedSignal& signal) {
     return hasLanes && signal.Kind() != SignalKind::Number ? panes - 1 : panes;
 }
 
+std::vector<std::size_t> FirstOfDevice(const store::StoredDevice& device, std::size_t most) {
+    return FirstByKind(device.Signals, most, [](const auto& signal) {
+        return std::pair(KindOf(signal->Description().Type), signal->KeptCount());
+    });
+}
+
 std::vector<SignalPointer> FirstSignals(const std::vector<SignalPointer>& all, std::size_t most) {
     std::vector<SignalPointer> first;
-    for (const SignalKind kind : {SignalKind::Number, SignalKind::Truth, SignalKind::Text}) {
-        for (const SignalPointer& signal : all) {
-            if (signal->Kind() == kind && signal->Count() != 0 && first.size() < most)
-                first.push_back(signal);
-        }
-    }
+    const auto look = [](const SignalPointer& signal) { return std::pair(signal->Kind(), signal->Count()); };
+    for (const std::size_t number : FirstByKind(all, most, look)) first.push_back(all[number]);
     return first;
 }
 

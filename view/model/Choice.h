@@ -1,6 +1,7 @@
 // Which signals of a file are plotted at first, and where.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,6 +16,9 @@ void PlotAll(PlotModel& model, const std::vector<SignalPointer>& wanted);
 // Where a signal that is added is plotted: bands and texts in the last pane if that has nothing else, all
 // else in a new one.
 std::size_t PaneFor(const PlotModel& model, const PlottedSignal& signal);
+
+// The numbers, from 0, of those signals of a device that have samples, numbers first, at most so many.
+std::vector<std::size_t> FirstOfDevice(const store::StoredDevice& device, std::size_t most);
 
 // Those with samples, numbers first, at most so many.
 std::vector<SignalPointer> FirstSignals(const std::vector<SignalPointer>& all, std::size_t most);

@@ -92,7 +92,7 @@ std::string ExportHdf5(const ModuleLoader& module, const ImportOrder& order, con
         run.Cancel = order.Cancel;
         run.Reading = plan.Automatic();
         run.OnProgress = [&order](std::uint32_t percent) {
-            if (order.OnProgress) order.OnProgress({false, percent, {}});
+            if (order.OnProgress) order.OnProgress({false, percent, {}, {}, false});
         };
         session = std::make_unique<HostSession>(module, order.Path, std::move(run));
         result = session->Run();

@@ -28,15 +28,34 @@ struct GrowingSignal {
 struct ImportProgress {
     bool IsCopying = false;  // a clean copy is made before the file is read
     std::uint32_t Percent = 0;
-    std::vector<GrowingSignal> Signals;  // the first 200, as far as they are read
+    std::vector<GrowingSignal> Signals;                       // the first 200, as far as they are read
+    std::vector<std::shared_ptr<const PlottedSignal>> Plots;  // of ImportOrder::Plots, up to here
+    bool IsRelative = false;                                  // as of ImportedFile
 };
+
+// Which signals progress is to bring as plots need them.
+struct WantedPlots {
+    std::size_t First = 0;           // so many as are plotted of a file at first
+    std::vector<std::string> Named;  // and those of these names
+};
+
+// What a later reading of a file that has only grown goes on from.
+class CheckedRun;
 
 struct ImportOrder {
     std::u16string Path;
     std::vector<ParsedSetting> Settings = {};   // chosen for this file
     bool Saves = false;                         // keep what was found in a sidecar beside the file
     const std::atomic<bool>* Cancel = nullptr;  // any thread sets it
-    std::function<void(const ImportProgress&)> OnProgress = {};  // on any thread, one at a time; may be empty
+    std::function<void(const ImportProgress&)> OnProgress =
+        {};  // on any thread, one at a time and a few times a second; may be empty
+    WantedPlots Plots = {};
+
+    // The file has grown since it was read. If it begins as before, only what has come is read, behind what
+    // was read before; the result is that of the whole file. Else all of it is, without plots while it is
+    // read. A last line without an end isn't read: it may still be written.
+    bool HasGrown = false;
+    std::shared_ptr<CheckedRun> Before = nullptr;  // ImportedFile::Next of before; used once
 };
 
 struct ImportedFile {
@@ -55,6 +74,8 @@ struct ImportedFile {
     std::vector<check::Finding> Findings;
     std::vector<MessageGroup> Messages;
     Reading Format;
+    std::shared_ptr<CheckedRun> Next;  // null if the file is to be read from its beginning once it has grown
+    std::uint64_t LinesBefore = 0;     // of LinesRead, those of earlier readings that this one went on from
 };
 
 // Reads a file as the program does, with all processors if it is large. One thread at a time; raises nothing

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <thread>
+#include <vector>
 
 #include "host/store/Sparkline.h"
 
@@ -50,58 +51,64 @@ Peaks PeaksOf(std::span<const double> values) {
     return {range.Lowest, range.Highest};
 }
 
-PeakPyramid::PeakPyramid(const store::ValueReader& reader, std::size_t threads,
-                         const std::atomic<bool>* cancel)
-    : Reader(reader) {
-    std::uint64_t buckets = (reader.Count() + BucketSize - 1) / BucketSize;
-    for (;;) {
-        const auto size = static_cast<std::size_t>(buckets);
-        Levels.push_back({std::vector<double>(2 * size), std::vector<std::uint8_t>(size)});
-        if (buckets <= 1) break;
-        buckets = (buckets + Fan - 1) / Fan;
+PeakPyramid::PeakPyramid(const store::ValueReader& reader, std::size_t threads, const PeakPyramid* before)
+    : Reader(reader),
+      Rows(reader.Count()),
+      Levels(before == nullptr ? std::make_shared<SharedLevels>() : before->Levels) {
+    for (std::size_t level = 0; level < MostLevels && Buckets(level) != 0; ++level) {
+        if ((*Levels)[level] == nullptr) (*Levels)[level] = std::make_unique<Level>();
+        (*Levels)[level]->Bounds.MakeRoom(static_cast<std::size_t>(2 * Buckets(level)));
+        (*Levels)[level]->Others.MakeRoom(static_cast<std::size_t>(Buckets(level)));
     }
-    const std::uint64_t lowest = Levels[0].Others.size();
-    const std::uint64_t workers = std::clamp<std::uint64_t>(threads, 1, lowest / 1024 + 1);
+    const std::uint64_t first = before == nullptr ? 0 : before->Buckets(0);
+    const std::uint64_t added = Buckets(0) - first;
+    const std::uint64_t workers = std::clamp<std::uint64_t>(threads, 1, added / 1024 + 1);
     std::vector<std::jthread> team;
     for (std::uint64_t i = 1; i < workers; ++i) {
-        team.emplace_back([this, i, lowest, workers, cancel] {
-            FillLowest(lowest * i / workers, lowest * (i + 1) / workers, cancel);
+        team.emplace_back([this, i, first, added, workers] {
+            FillLowest(first + added * i / workers, first + added * (i + 1) / workers);
         });
     }
-    FillLowest(0, lowest / workers, cancel);
+    FillLowest(first, first + added / workers);
     team.clear();
-    for (std::size_t level = 1; level < Levels.size(); ++level) {
-        const std::uint64_t below = Levels[level - 1].Others.size();
-        for (std::uint64_t bucket = 0; bucket < Levels[level].Others.size(); ++bucket) {
-            Peaks peaks;
-            for (std::uint64_t i = bucket * Fan; i < std::min(below, (bucket + 1) * Fan); ++i)
-                peaks.Include(BucketOf(Levels[level - 1], i));
-            SetBucket(Levels[level], bucket, peaks);
-        }
+    for (std::size_t level = 1; level < MostLevels; ++level)
+        FillLevel(level, before == nullptr ? 0 : before->Buckets(level));
+}
+
+std::uint64_t PeakPyramid::Buckets(std::size_t level) const {
+    std::uint64_t buckets = Rows / BucketSize;
+    for (std::size_t i = 0; i < level; ++i) buckets /= Fan;
+    return buckets;
+}
+
+void PeakPyramid::FillLowest(std::uint64_t firstBucket, std::uint64_t endBucket) {
+    for (std::uint64_t bucket = firstBucket; bucket < endBucket; ++bucket)
+        SetBucket(0, bucket, PeaksOfRows(bucket * BucketSize, (bucket + 1) * BucketSize));
+}
+
+void PeakPyramid::FillLevel(std::size_t level, std::uint64_t firstBucket) {
+    for (std::uint64_t bucket = firstBucket; bucket < Buckets(level); ++bucket) {
+        Peaks peaks;
+        for (std::uint64_t i = bucket * Fan; i < (bucket + 1) * Fan; ++i)
+            peaks.Include(BucketOf(level - 1, i));
+        SetBucket(level, bucket, peaks);
     }
 }
 
-void PeakPyramid::FillLowest(std::uint64_t firstBucket, std::uint64_t endBucket,
-                             const std::atomic<bool>* cancel) {
-    for (std::uint64_t bucket = firstBucket; bucket < endBucket; ++bucket) {
-        if (cancel != nullptr && *cancel) return;
-        const std::uint64_t first = bucket * BucketSize;
-        SetBucket(Levels[0], bucket, PeaksOfRows(first, std::min(Reader.Count(), first + BucketSize)));
-    }
+Peaks PeakPyramid::BucketOf(std::size_t level, std::uint64_t bucket) const {
+    const Level& from = *(*Levels)[level];
+    const auto at = static_cast<std::size_t>(bucket);
+    const std::uint8_t others = from.Others[at];
+    return {from.Bounds[2 * at], from.Bounds[2 * at + 1], (others & GapBit) != 0, (others & InfinityBit) != 0,
+            (others & MinusInfinityBit) != 0};
 }
 
-Peaks PeakPyramid::BucketOf(const Level& level, std::uint64_t bucket) {
+void PeakPyramid::SetBucket(std::size_t level, std::uint64_t bucket, const Peaks& peaks) {
+    Level& to = *(*Levels)[level];
     const auto at = static_cast<std::size_t>(bucket);
-    const std::uint8_t others = level.Others[at];
-    return {level.Bounds[2 * at], level.Bounds[2 * at + 1], (others & GapBit) != 0,
-            (others & InfinityBit) != 0, (others & MinusInfinityBit) != 0};
-}
-
-void PeakPyramid::SetBucket(Level& level, std::uint64_t bucket, const Peaks& peaks) {
-    const auto at = static_cast<std::size_t>(bucket);
-    level.Bounds[2 * at] = peaks.Lowest;
-    level.Bounds[2 * at + 1] = peaks.Highest;
-    level.Others[at] =
+    to.Bounds[2 * at] = peaks.Lowest;
+    to.Bounds[2 * at + 1] = peaks.Highest;
+    to.Others[at] =
         static_cast<std::uint8_t>((peaks.HasGap ? GapBit : 0) | (peaks.HasInfinity ? InfinityBit : 0) |
                                   (peaks.HasMinusInfinity ? MinusInfinityBit : 0));
 }
@@ -113,11 +120,11 @@ Peaks PeakPyramid::PeaksOfRows(std::uint64_t first, std::uint64_t end) const {
     return PeaksOf(read);
 }
 
+// What isn't aligned at both ends is left over for the level below; a level above has all that is.
 Peaks PeakPyramid::PeaksOfBuckets(std::size_t level, std::uint64_t first, std::uint64_t end) const {
     Peaks peaks;
-    for (; first < end && (first % Fan != 0 || level + 1 == Levels.size()); ++first)
-        peaks.Include(BucketOf(Levels[level], first));
-    for (; first < end && end % Fan != 0; --end) peaks.Include(BucketOf(Levels[level], end - 1));
+    for (; first < end && first % Fan != 0; ++first) peaks.Include(BucketOf(level, first));
+    for (; first < end && end % Fan != 0; --end) peaks.Include(BucketOf(level, end - 1));
     if (first < end) peaks.Include(PeaksOfBuckets(level + 1, first / Fan, end / Fan));
     return peaks;
 }
@@ -135,9 +142,9 @@ Peaks PeakPyramid::Between(std::uint64_t first, std::uint64_t end) const {
 }
 
 std::size_t PeakPyramid::Bytes() const {
-    std::size_t bytes = 0;
-    for (const Level& level : Levels)
-        bytes += level.Bounds.capacity() * sizeof(double) + level.Others.capacity();
+    std::size_t bytes = sizeof(SharedLevels);
+    for (std::size_t level = 0; level < MostLevels && Buckets(level) != 0; ++level)
+        bytes += sizeof(Level) + static_cast<std::size_t>(Buckets(level)) * (2 * sizeof(double) + 1);
     return bytes;
 }
 }  // namespace kelvarin::view

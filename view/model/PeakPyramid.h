@@ -1,13 +1,14 @@
 // The lowest and the highest of any part of a signal's values, without looking at all of them.
 #pragma once
 
-#include <atomic>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <span>
-#include <vector>
 
+#include "host/store/GrowingList.h"
 #include "host/store/ValueReader.h"
 
 namespace kelvarin::view {
@@ -26,14 +27,15 @@ struct Peaks {
 
 Peaks PeaksOf(std::span<const double> values);
 
-// The peaks of every 512 samples, of every 16 of these and so on: 17 bytes for 512 samples and a fifteenth of
-// that above. Any number of threads may ask.
+// The peaks of every 512 samples, of every 16 of these and so on, each there once it is full: 17 bytes for
+// 512 samples and a fifteenth of that above. Any number of threads may ask.
 class PeakPyramid {
   public:
-    // Reads all samples once, on `threads` threads. The reader outlives the pyramid. Ends early, with peaks
-    // that may be too small, once `cancel` is true; it may be null.
+    // Reads the samples once, on `threads` threads. The reader outlives the pyramid. `before` is null or the
+    // pyramid that was made of this signal last, with which this one shares its peaks: the samples that it
+    // had aren't read again.
     explicit PeakPyramid(const store::ValueReader& reader, std::size_t threads = 1,
-                         const std::atomic<bool>* cancel = nullptr);
+                         const PeakPyramid* before = nullptr);
 
     // Of the samples from number `first` up to but not including `end`, exactly.
     Peaks Between(std::uint64_t first, std::uint64_t end) const;
@@ -43,20 +45,28 @@ class PeakPyramid {
   private:
     static constexpr std::uint64_t BucketSize = 512;
     static constexpr std::uint64_t Fan = 16;
+    static constexpr std::size_t MostLevels = 14;  // for 2 to the 64th samples
 
     struct Level {
-        std::vector<double> Bounds;        // the lowest and the highest of each bucket
-        std::vector<std::uint8_t> Others;  // what else is in the bucket, bits
+        store::GrowingList<double> Bounds;        // the lowest and the highest of each bucket
+        store::GrowingList<std::uint8_t> Others;  // what else is in the bucket, bits
     };
+    // Those of no bucket are null. The finest first.
+    using SharedLevels = std::array<std::unique_ptr<Level>, MostLevels>;
 
-    static Peaks BucketOf(const Level& level, std::uint64_t bucket);
-    static void SetBucket(Level& level, std::uint64_t bucket, const Peaks& peaks);
+    // The full buckets of a level.
+    std::uint64_t Buckets(std::size_t level) const;
 
-    void FillLowest(std::uint64_t firstBucket, std::uint64_t endBucket, const std::atomic<bool>* cancel);
+    Peaks BucketOf(std::size_t level, std::uint64_t bucket) const;
+    void SetBucket(std::size_t level, std::uint64_t bucket, const Peaks& peaks);
+
+    void FillLowest(std::uint64_t firstBucket, std::uint64_t endBucket);
+    void FillLevel(std::size_t level, std::uint64_t firstBucket);
     Peaks PeaksOfRows(std::uint64_t first, std::uint64_t end) const;
     Peaks PeaksOfBuckets(std::size_t level, std::uint64_t first, std::uint64_t end) const;
 
     const store::ValueReader& Reader;
-    std::vector<Level> Levels;  // the finest first
+    const std::uint64_t Rows;
+    const std::shared_ptr<SharedLevels> Levels;
 };
 }  // namespace kelvarin::view

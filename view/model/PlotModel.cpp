@@ -67,14 +67,22 @@ void PlotModel::Clear() {
     Second.reset();
 }
 
-void PlotModel::Replace(const PlottedSignal& old, SignalPointer signal) {
+void PlotModel::Replace(const PlottedSignal& old, SignalPointer signal, bool showsEnd) {
+    const bool showsAll = State.Time == Whole();
+    showsEnd = showsEnd && State.Time.To >= old.Times().Range().To;
     for (Pane& pane : AllPanes) {
-        for (SignalPointer& other : pane.Signals) {
-            if (other.get() != &old) continue;
-            if (other->Unit() != signal->Unit() || other->Kind() != signal->Kind()) pane.FixedRanges.clear();
-            other = std::move(signal);
-            return;
+        const auto found = std::find_if(pane.Signals.begin(), pane.Signals.end(),
+                                        [&](const SignalPointer& other) { return other.get() == &old; });
+        if (found == pane.Signals.end()) continue;
+        if (old.Unit() != signal->Unit() || old.Kind() != signal->Kind()) pane.FixedRanges.clear();
+        const std::int64_t end = signal->Times().Range().To;
+        *found = std::move(signal);
+        if (showsAll) {
+            SetTimes(Whole());
+        } else if (showsEnd && end > State.Time.To) {
+            SetTimes({State.Time.From, end});
         }
+        return;
     }
 }
 

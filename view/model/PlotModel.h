@@ -52,8 +52,9 @@ class PlotModel {
     void Remove(const PlottedSignal& signal);
     void Clear();
 
-    // Puts a signal in the place of another, such as that of the same file read anew, and keeps all else.
-    void Replace(const PlottedSignal& old, SignalPointer signal);
+    // Puts a signal in the place of another, such as that of the same file read anew, and keeps all else. If
+    // all samples are visible, they stay so; with `showsEnd` the last one does.
+    void Replace(const PlottedSignal& old, SignalPointer signal, bool showsEnd = false);
 
     // Of all signals together; 1 ns long without samples.
     TimeRange Whole() const;

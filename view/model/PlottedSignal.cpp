@@ -9,11 +9,14 @@
 #include "platform/framework/Text.h"
 
 namespace kelvarin::view {
-namespace {
-std::string SymbolOf(const store::SignalDescription& about) {
+SignalKind KindOf(std::uint32_t type) {
+    if (type == KelvarinBool) return SignalKind::Truth;
+    return type == KelvarinDouble || type == KelvarinInt64 ? SignalKind::Number : SignalKind::Text;
+}
+
+std::string ShownName(const store::SignalDescription& about) {
     return Utf16ToUtf8(about.Symbol.empty() ? about.Name : about.Symbol);
 }
-}  // namespace
 
 Peaks Trace::All() const {
     Peaks peaks;
@@ -23,25 +26,25 @@ Peaks Trace::All() const {
 }
 
 PlottedSignal::PlottedSignal(std::shared_ptr<const void> owner, const store::StoredSignal& signal,
-                             std::shared_ptr<const TimeBase> times, std::size_t threads)
+                             std::shared_ptr<const TimeBase> times, std::size_t threads,
+                             const PlottedSignal* before)
     : Owner(std::move(owner)),
-      SignalName(SymbolOf(signal.Description())),
+      SignalName(ShownName(signal.Description())),
       SignalUnit(Utf16ToUtf8(signal.Description().Unit)),
       StoredType(signal.Description().Type),
       Sum(signal.Summary()),
       Base(std::move(times)),
-      Reader(Kind() == SignalKind::Text ? nullptr : signal.ReadValues()) {
+      Reader(Kind() == SignalKind::Text
+                 ? nullptr
+                 : signal.ReadValues(Base->Index().Count(),
+                                     before == nullptr ? nullptr : before->Reader.get())) {
     if (Kind() == SignalKind::Text) {
-        Texts = std::make_unique<TextSpans>(signal);
+        const std::uint64_t count = std::min(Base->Index().Count(), signal.SettledCount());
+        Texts = std::make_unique<TextSpans>(signal, count, before == nullptr ? nullptr : before->Texts.get());
     } else if (Reader != nullptr) {
-        Pyramid = std::make_unique<PeakPyramid>(*Reader, threads);
+        Pyramid = std::make_unique<PeakPyramid>(*Reader, threads,
+                                                before == nullptr ? nullptr : before->Pyramid.get());
     }
-}
-
-SignalKind PlottedSignal::Kind() const {
-    if (StoredType == KelvarinBool) return SignalKind::Truth;
-    return StoredType == KelvarinDouble || StoredType == KelvarinInt64 ? SignalKind::Number
-                                                                       : SignalKind::Text;
 }
 
 Trace PlottedSignal::TraceOf(const TimeRange& range, int columns) const {

@@ -17,6 +17,12 @@ namespace kelvarin::view {
 // How a signal is drawn: as a line, as a band where it is true, as a row of labelled spans.
 enum class SignalKind { Number, Truth, Text };
 
+// Of a type of EKelvarinType.
+SignalKind KindOf(std::uint32_t type);
+
+// The name that people see, in UTF-8.
+std::string ShownName(const store::SignalDescription& about);
+
 // A sample, at a distance from the start of the range in nanoseconds.
 struct TracePoint {
     double Offset = 0;
@@ -58,15 +64,18 @@ struct SampleAt {
 
 class PlottedSignal {
   public:
-    // Reads all samples on so many threads. `owner` keeps the signal alive.
+    // Reads the samples that `times` has times for, which are settled, on so many threads; nothing is asked
+    // of the signal afterwards. `owner` keeps its memory alive. `before` is null or what was made of this
+    // signal last, with which this one shares all that it knows: only what has come since is read.
     PlottedSignal(std::shared_ptr<const void> owner, const store::StoredSignal& signal,
-                  std::shared_ptr<const TimeBase> times, std::size_t threads = 1);
+                  std::shared_ptr<const TimeBase> times, std::size_t threads = 1,
+                  const PlottedSignal* before = nullptr);
 
     // UTF-8. The unit is empty if there is none.
     const std::string& Name() const { return SignalName; }
     const std::string& Unit() const { return SignalUnit; }
     std::uint32_t Type() const { return StoredType; }
-    SignalKind Kind() const;
+    SignalKind Kind() const { return KindOf(StoredType); }
 
     std::uint64_t Count() const { return Reader == nullptr ? TextCount() : Reader->Count(); }
     const store::SignalSummary& Summary() const { return Sum; }
@@ -100,7 +109,7 @@ class PlottedSignal {
     const store::SignalSummary Sum;
     const std::shared_ptr<const TimeBase> Base;
     const std::unique_ptr<store::ValueReader> Reader;  // null for texts
-    std::unique_ptr<PeakPyramid> Pyramid;
-    std::unique_ptr<TextSpans> Texts;
+    std::unique_ptr<const PeakPyramid> Pyramid;
+    std::unique_ptr<const TextSpans> Texts;
 };
 }  // namespace kelvarin::view

@@ -3,11 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "host/store/StoredDevice.h"
+#include "host/store/ValueReader.h"
 
 namespace kelvarin::view {
 struct TextSpan {
@@ -20,10 +22,12 @@ class TextSpans {
     // At most so many spans are kept; what comes after them is left out.
     static constexpr std::size_t MostKept = 1'000'000;
 
-    // Reads all samples of a signal of texts or characters.
-    explicit TextSpans(const store::StoredSignal& signal);
+    // Reads the first `count` samples of a signal of texts or characters, which must be settled. `before` is
+    // null or what was made of this signal last, with which this shares its spans: the samples that it had
+    // aren't read again.
+    TextSpans(const store::StoredSignal& signal, std::uint64_t count, const TextSpans* before = nullptr);
 
-    std::size_t Count() const { return Starts.size(); }
+    std::size_t Count() const { return Spans; }
     TextSpan At(std::size_t span) const;
 
     // The span that has a sample, which must be there; Count() if that was left out.
@@ -32,9 +36,23 @@ class TextSpans {
     std::uint64_t Rows() const { return End; }
 
   private:
-    std::set<std::string> Known;
-    std::vector<const std::string*> Texts;
-    std::vector<std::uint64_t> Starts;
+    struct Start {
+        std::uint64_t Begin;
+        const std::string* Text;
+    };
+    // For the thread that makes spans, but for those Starts that others know of and their texts.
+    struct Shared {
+        store::BlockTable<Start> Starts;
+        std::set<std::string> Known;
+        store::StoredSignal::SamplePlace Place;
+        std::optional<std::u16string> Last;  // of the last span; none for samples without a value
+        bool IsCut = false;                  // samples are left out
+    };
+
+    void Take(const void* data, std::uint32_t size, std::u16string& text);
+
+    const std::shared_ptr<Shared> All;
+    std::size_t Spans = 0;
     std::uint64_t End = 0;  // of the last span that is kept
 };
 }  // namespace kelvarin::view

@@ -7,7 +7,8 @@
 #include "host/check/TimeSeries.h"
 
 namespace kelvarin::view {
-TimeBase::TimeBase(std::shared_ptr<const store::TimeAxis> axis) : Times(std::move(axis)), Gap(FindGap()) {}
+TimeBase::TimeBase(std::shared_ptr<const store::TimeAxis> axis, std::uint64_t most, const TimeBase* before)
+    : Times(std::move(axis), most, before == nullptr ? nullptr : &before->Times), Gap(FindGap()) {}
 
 // By the same rule as a check of the file, from intervals all over it.
 std::int64_t TimeBase::FindGap() const {

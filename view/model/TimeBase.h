@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -11,7 +12,11 @@
 namespace kelvarin::view {
 class TimeBase {
   public:
-    explicit TimeBase(std::shared_ptr<const store::TimeAxis> axis);
+    // At most `most` times of an axis. `before` is null or what was made of this axis last, with which this
+    // shares what that one knows.
+    explicit TimeBase(std::shared_ptr<const store::TimeAxis> axis,
+                      std::uint64_t most = std::numeric_limits<std::uint64_t>::max(),
+                      const TimeBase* before = nullptr);
 
     const store::TimeIndex& Index() const { return Times; }
 

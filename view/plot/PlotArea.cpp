@@ -87,6 +87,27 @@ void PlotArea::Arrange(const QSize& size) {
     ShowLook(true);
 }
 
+void PlotArea::Refresh() {
+    if (TakeSignals()) {
+        ShowLook();
+    } else {
+        Rebuild();
+    }
+}
+
+// True if each signal of the model now has the drawing in its place.
+bool PlotArea::TakeSignals() {
+    if (Drawings.size() != Model.Panes().size()) return false;
+    for (std::size_t i = 0; i < Drawings.size(); ++i) {
+        const Pane& pane = Model.Panes()[i];
+        if (Drawings[i].Signals.size() != pane.Signals.size()) return false;
+        for (std::size_t k = 0; k < pane.Signals.size(); ++k) {
+            if (!Drawings[i].Signals[k]->Replace(pane.Signals[k])) return false;
+        }
+    }
+    return true;
+}
+
 void PlotArea::StyleAxis(QCPAxis* axis, const QColor& color) const {
     axis->setBasePen(QPen(color));
     axis->setTickPen(QPen(color));

@@ -30,6 +30,8 @@ class PlotArea : public QCustomPlot {
 
     // Draws everything in this size, though the area may not be shown.
     void Arrange(const QSize& size);
+    // After signals may have been replaced: rebuilds only if what there is isn't drawn alike.
+    void Refresh();
 
     // After another part is to be seen. `now` draws before it returns.
     void ShowLook(bool now = false);
@@ -75,6 +77,7 @@ class PlotArea : public QCustomPlot {
     };
     enum class Drag { None, Pan, Band };
 
+    bool TakeSignals();
     void AddPane(const Pane& pane, std::size_t& color);
     QCPLegend* AddLegend(QCPAxisRect& rect, const Pane& pane) const;
     void StyleAxis(QCPAxis* axis, const QColor& color) const;

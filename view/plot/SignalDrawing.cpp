@@ -11,10 +11,20 @@ namespace {
 // Points further apart than this are marked.
 constexpr double MarkedAbove = 8;
 
+// Lines between points closer than this are steep and many: smoothed ones would take most of a picture's
+// time.
+constexpr double SmoothAbove = 2;
+
 QColor Pale(const QColor& color, int alpha) {
     QColor pale = color;
     pale.setAlpha(alpha);
     return pale;
+}
+
+// True for neighbours with a value in common.
+bool DoTouch(const TraceColumn& one, const TraceColumn& next) {
+    return one.Pixel + 1 == next.Pixel && one.All.Lowest <= next.All.Highest &&
+           next.All.Lowest <= one.All.Highest;
 }
 }  // namespace
 
@@ -29,6 +39,15 @@ SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,
     : QCPAbstractPlottable(keyAxis, valueAxis), Shown(std::move(signal)), Ink(std::move(color)), Place(lane) {
     setName(TitleOf(*Shown));
     setSelectable(QCP::stNone);
+}
+
+bool SignalDrawing::Replace(const std::shared_ptr<const PlottedSignal>& signal) {
+    const bool isAlike =
+        Shown->Name() == signal->Name() && Shown->Unit() == signal->Unit() && Shown->Kind() == signal->Kind();
+    if (!isAlike) return false;
+    Texts.clear();  // they belong to the old one
+    Shown = signal;
+    return true;
 }
 
 void SignalDrawing::Load(const TimeRange& range) {
@@ -104,34 +123,44 @@ void SignalDrawing::drawLegendIcon(QCPPainter* painter, const QRectF& rect) cons
     painter->fillRect(QRectF(rect.left(), rect.center().y() - 2, rect.width(), 4), Ink);
 }
 
+// Each pixel of a column is painted once: what leads from one column to the next is drawn only where the two
+// don't touch. Rectangles of whole pixels are filled many times faster than lines are drawn.
 void SignalDrawing::DrawColumns(QCPPainter* painter) const {
+    const bool isVector = painter->modes().testFlag(QCPPainter::pmVectorized);
+    const QRectF all = mKeyAxis->axisRect()->rect();
     painter->setAntialiasing(false);
-    painter->setPen(QPen(Ink, 0));
     QVector<QLineF> lines;
-    lines.reserve(static_cast<qsizetype>(2 * Line.Columns.size()));
     const TraceColumn* before = nullptr;
     for (const TraceColumn& column : Line.Columns) {
         const double x = PixelOf(column);
         if (column.All.HasInfinity) DrawInfinity(painter, x, true);
         if (column.All.HasMinusInfinity) DrawInfinity(painter, x, false);
         const bool isJoined = before != nullptr && !column.IsAfterGap && std::isfinite(before->Last) &&
-                              std::isfinite(column.First);
+                              std::isfinite(column.First) && !DoTouch(*before, column);
         if (isJoined) lines.push_back({PixelOf(*before), YOf(before->Last), x, YOf(column.First)});
-        if (column.All.HasNumbers()) {
-            // A line of no length is not drawn by every painter.
-            const double low = YOf(column.All.Lowest);
-            const double high = std::min(YOf(column.All.Highest), low - 0.5);
-            lines.push_back({x, low, x, high});
-        }
         before = &column;
+        if (!column.All.HasNumbers()) continue;
+        const double low = YOf(column.All.Lowest);
+        const double high = YOf(column.All.Highest);
+        if (isVector) {
+            // A line of no length is not drawn by every painter.
+            lines.push_back({x, low, x, std::min(high, low - 0.5)});
+            continue;
+        }
+        const double top = std::max(high - ColumnWidth / 2, all.top());
+        const double bottom = std::min(low + ColumnWidth / 2, all.bottom() + 1);
+        if (top < bottom) painter->fillRect(QRectF(x - ColumnWidth / 2, top, ColumnWidth, bottom - top), Ink);
     }
     painter->setPen(QPen(Ink, 0));
     painter->drawLines(lines);
 }
 
 void SignalDrawing::DrawPoints(QCPPainter* painter) const {
-    painter->setAntialiasing(true);
-    painter->setPen(QPen(Ink, 1.3));
+    const double width = mKeyAxis->axisRect()->width();
+    const bool isSmooth = static_cast<double>(Line.Points.size()) * SmoothAbove < width;
+    const QPen pen(Ink, isSmooth ? 1.3 : 0);
+    painter->setAntialiasing(isSmooth);
+    painter->setPen(pen);
     const auto isNumber = [](const TracePoint& point) { return std::isfinite(point.Value); };
     const auto place = [this](const TracePoint& point) {
         return QPointF(mKeyAxis->coordToPixel(point.Offset), YOf(point.Value));
@@ -147,11 +176,10 @@ void SignalDrawing::DrawPoints(QCPPainter* painter) const {
         if (point.IsAfterGap || !isNumber(point)) end();
         if (std::isinf(point.Value))
             DrawInfinity(painter, mKeyAxis->coordToPixel(point.Offset), point.Value > 0);
-        painter->setPen(QPen(Ink, 1.3));
+        painter->setPen(pen);
         if (isNumber(point)) run.push_back(place(point));
     }
     end();
-    const double width = mKeyAxis->axisRect()->width();
     if (static_cast<double>(Line.Points.size()) * MarkedAbove < width) {
         marks.clear();
         for (const TracePoint& point : Line.Points) {

@@ -28,6 +28,10 @@ class SignalDrawing : public QCPAbstractPlottable {
     const PlottedSignal& Signal() const { return *Shown; }
     const QColor& Color() const { return Ink; }
 
+    // Takes the signal's place for another one that is drawn alike, of which nothing is shown before Load.
+    // False, with nothing done, if it isn't: another name, unit or kind.
+    bool Replace(const std::shared_ptr<const PlottedSignal>& signal);
+
     // Takes what is to be drawn of a range in as many columns as the plot is wide.
     void Load(const TimeRange& range);
 
@@ -55,7 +59,7 @@ class SignalDrawing : public QCPAbstractPlottable {
     void DrawTexts(QCPPainter* painter) const;
     void DrawInfinity(QCPPainter* painter, double x, bool isAbove) const;
 
-    const std::shared_ptr<const PlottedSignal> Shown;
+    std::shared_ptr<const PlottedSignal> Shown;
     const QColor Ink;
     const Lane Place;
     Trace Line;

@@ -111,7 +111,7 @@ void MainWindow::Connect() {
 }
 
 void MainWindow::PlotLook() {
-    Area->Rebuild();
+    Area->Refresh();
     Signals->ShowTicks(Plotted);
     Values->Show(Plotted);
 }
@@ -138,7 +138,7 @@ void MainWindow::ShowCursors() {
 void MainWindow::SetClock(ClockStyle style) {
     Plotted.Times.Style = style;
     const OpenFile* const file = Current();
-    const bool hasStart = file != nullptr && file->Data != nullptr && file->Data->IsRelative;
+    const bool hasStart = file != nullptr && file->IsRelative;
     Plotted.Times.Start = hasStart ? ClockFor(true).Start : Plotted.Whole().From;
     Area->ShowLook();
     Values->Show(Plotted);

@@ -65,6 +65,8 @@ class MainWindow : public QMainWindow {
         QString Path;
         std::vector<ParsedSetting> Settings;       // chosen for it
         std::shared_ptr<const ImportedFile> Data;  // null before it is read
+        std::vector<SignalPointer> Signals;        // that stand for it now: while it is read those so far
+        bool IsRelative = false;                   // as of ImportedFile
         qint64 Size = 0;                           // when it was read
         QDateTime Modified;
         bool IsTold = false;  // that it has changed
@@ -92,9 +94,13 @@ class MainWindow : public QMainWindow {
     // WindowFiles.cpp
     OpenFile* FileAt(const QString& path);
     OpenFile* Current();
-    void Read(OpenFile& file);
+    void Read(OpenFile& file, bool hasGrown = false);
+    WantedPlots PlotsOf(const OpenFile& file) const;
+    void ShowGrowing(const QString& path, const ImportProgress& now);
     void TakeFile(std::shared_ptr<const ImportedFile> anew);
-    void KeepLook(const ImportedFile& old, const ImportedFile& anew);
+    void KeepLook(const OpenFile& file, const ImportedFile& anew);
+    void Replace(SignalPointer& old, SignalPointer signal);
+    void FreeLater(std::shared_ptr<const ImportedFile> file);
     void ShowCurrent();
     void LookForChanges();
     void ChangeSettings();

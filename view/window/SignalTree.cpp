@@ -88,10 +88,10 @@ SignalPointer SignalTree::SignalOf(const QTreeWidgetItem* item) const {
     if (item == nullptr || item->parent() == nullptr) return nullptr;
     const QString path = item->parent()->data(NameColumn, PathRole).toString();
     const int number = item->data(NameColumn, NumberRole).toInt();
-    for (const auto& file : Files) {
-        const bool isIt = ToQt(file->Path) == path && number >= 0 &&
-                          static_cast<std::size_t>(number) < file->Signals.size();
-        if (isIt) return file->Signals[static_cast<std::size_t>(number)];
+    for (const ShownFile& file : Files) {
+        const bool isIt =
+            file.Path == path && number >= 0 && static_cast<std::size_t>(number) < file.Signals.size();
+        if (isIt) return file.Signals[static_cast<std::size_t>(number)];
     }
     return nullptr;
 }
@@ -99,8 +99,8 @@ SignalPointer SignalTree::SignalOf(const QTreeWidgetItem* item) const {
 void SignalTree::ShowFile(const std::shared_ptr<const ImportedFile>& file, const PlotModel& model) {
     IsFilling = true;
     const QString path = ToQt(file->Path);
-    std::erase_if(Files, [&](const auto& other) { return other->Path == file->Path; });
-    Files.push_back(file);
+    std::erase_if(Files, [&](const ShownFile& other) { return other.Path == path; });
+    Files.push_back({path, file->Signals});
     QTreeWidgetItem* const parent = FileItem(path);
     // Without its current signal the tree would take another file for the current one.
     const int current = parent->indexOfChild(currentItem());
@@ -152,8 +152,18 @@ void SignalTree::ShowGrowing(const QString& path, const std::vector<GrowingSigna
 }
 
 void SignalTree::RemoveFile(const QString& path) {
-    std::erase_if(Files, [&](const auto& file) { return ToQt(file->Path) == path; });
+    std::erase_if(Files, [&](const ShownFile& file) { return file.Path == path; });
     delete FileItem(path);
+}
+
+void SignalTree::Replace(const PlottedSignal& old, SignalPointer signal) {
+    for (ShownFile& file : Files) {
+        for (SignalPointer& shown : file.Signals) {
+            if (shown.get() != &old) continue;
+            shown = std::move(signal);
+            return;
+        }
+    }
 }
 
 void SignalTree::ShowTicks(const PlotModel& model) {

@@ -24,6 +24,9 @@ class SignalTree : public QTreeWidget {
     // The signals of a file so far, without ticks, while it is read.
     void ShowGrowing(const QString& path, const std::vector<GrowingSignal>& grown);
 
+    // A signal of a file that is shown stands for another from now on, such as that read so far.
+    void Replace(const PlottedSignal& old, SignalPointer signal);
+
     void RemoveFile(const QString& path);
 
     // Sets the ticks anew.
@@ -45,7 +48,11 @@ class SignalTree : public QTreeWidget {
     QTreeWidgetItem* FileItem(const QString& path);
     SignalPointer SignalOf(const QTreeWidgetItem* item) const;
 
-    std::vector<std::shared_ptr<const ImportedFile>> Files;
+    struct ShownFile {
+        QString Path;
+        std::vector<SignalPointer> Signals;
+    };
+    std::vector<ShownFile> Files;
     QString Wanted;  // as Filter was told
     bool IsFilling = false;
 };

@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <algorithm>
 #include <mutex>
+#include <utility>
 
 #include "host/FileReading.h"
 #include "host/HostSession.h"
@@ -91,21 +92,23 @@ void MainWindow::Open(const QString& path) {
     Read(*file);
 }
 
-void MainWindow::Read(OpenFile& file) {
+void MainWindow::Read(OpenFile& file, bool hasGrown) {
     const QFileInfo info(file.Path);
     file.Size = info.size();
     file.Modified = info.lastModified();
     file.IsTold = false;
     const QString path = file.Path;
-    const auto progress = std::make_shared<LatestProgress>(this, [this, path](const ImportProgress& now) {
-        Progress->Show(now);
-        if (FileAt(path) != nullptr) Signals->ShowGrowing(path, now.Signals);
-    });
+    const auto progress = std::make_shared<LatestProgress>(
+        this, [this, path](const ImportProgress& now) { ShowGrowing(path, now); });
     Progress->Begin(info.fileName(), static_cast<std::uint64_t>(file.Size));
     const auto result = std::make_shared<std::shared_ptr<const ImportedFile>>();
-    const auto read = [this, path, result, progress,
-                       settings = file.Settings](const std::atomic<bool>& cancel) {
+    const auto before = hasGrown && file.Data != nullptr ? file.Data->Next : nullptr;
+    const auto read = [this, path, result, progress, before, hasGrown, settings = file.Settings,
+                       plots = PlotsOf(file)](const std::atomic<bool>& cancel) {
         ImportOrder order{FromQt(path), settings};
+        order.Plots = plots;
+        order.HasGrown = hasGrown;
+        order.Before = before;
         order.Cancel = &cancel;
         order.OnProgress = [progress](const ImportProgress& now) { progress->Take(now); };
         try {
@@ -120,19 +123,61 @@ void MainWindow::Read(OpenFile& file) {
     Later(read, [this, result] { TakeFile(*result); });
 }
 
+// Those that will be plotted once the file is read.
+WantedPlots MainWindow::PlotsOf(const OpenFile& file) const {
+    WantedPlots wanted;
+    if (file.Data == nullptr && Plotted.IsEmpty()) wanted.First = FirstPlotted;
+    for (const SignalPointer& signal : file.Signals) {
+        if (Plotted.Has(*signal)) wanted.Named.push_back(signal->Name());
+    }
+    return wanted;
+}
+
+void MainWindow::ShowGrowing(const QString& path, const ImportProgress& now) {
+    Progress->Show(now);
+    OpenFile* const file = FileAt(path);
+    if (file == nullptr) return;  // closed meanwhile
+    Signals->ShowGrowing(path, now.Signals);
+    if (now.Plots.empty()) return;
+    file->IsRelative = now.IsRelative;
+    if (!file->Signals.empty()) {
+        for (const SignalPointer& signal : now.Plots) {
+            const auto same =
+                std::find_if(file->Signals.begin(), file->Signals.end(),
+                             [&](const SignalPointer& before) { return before->Name() == signal->Name(); });
+            if (same != file->Signals.end()) Replace(*same, signal);
+        }
+    } else if (Plotted.IsEmpty()) {
+        Plotted.Times = ClockFor(now.IsRelative);
+        PlotAll(Plotted, now.Plots);
+        file->Signals = now.Plots;
+    }
+    Area->Refresh();
+    Values->Show(Plotted);
+}
+
+void MainWindow::Replace(SignalPointer& old, SignalPointer signal) {
+    Plotted.Replace(*old, signal, Follow->isChecked());
+    Signals->Replace(*old, signal);
+    old = std::move(signal);
+}
+
 void MainWindow::TakeFile(std::shared_ptr<const ImportedFile> anew) {
     OpenFile* const file = FileAt(ToQt(anew->Path));
     if (file == nullptr) return;  // closed meanwhile
-    const std::shared_ptr<const ImportedFile> old = std::exchange(file->Data, anew);
-    const bool isFirst = Plotted.IsEmpty();
-    if (old != nullptr) KeepLook(*old, *anew);
-    if (isFirst && old == nullptr && !anew->Signals.empty()) {
+    const bool isFirst = Plotted.IsEmpty() && file->Data == nullptr && !anew->Signals.empty();
+    KeepLook(*file, *anew);
+    std::shared_ptr<const ImportedFile> old = std::exchange(file->Data, anew);
+    file->Signals = anew->Signals;
+    file->IsRelative = anew->IsRelative;
+    if (isFirst) {
         Plotted.Times = ClockFor(anew->IsRelative);
         PlotAll(Plotted, FirstSignals(anew->Signals, FirstPlotted));
     }
     Signals->ShowFile(anew, Plotted);
     PlotLook();
     ShowCurrent();
+    FreeLater(std::move(old));
     const QString name = QFileInfo(file->Path).fileName();
     if (!anew->Failure.empty()) {
         Tell(name + ": " + InWindow(anew->Failure));
@@ -142,34 +187,35 @@ void MainWindow::TakeFile(std::shared_ptr<const ImportedFile> anew) {
     }
 }
 
-// Signals of the same name take the place of those that were read before.
-void MainWindow::KeepLook(const ImportedFile& old, const ImportedFile& anew) {
-    for (const auto& before : old.Signals) {
+// Signals of the same name take the place of those that were there before.
+void MainWindow::KeepLook(const OpenFile& file, const ImportedFile& anew) {
+    for (const SignalPointer& before : file.Signals) {
         if (!Plotted.Has(*before)) continue;
         const auto same = std::find_if(anew.Signals.begin(), anew.Signals.end(),
                                        [&](const auto& signal) { return signal->Name() == before->Name(); });
         if (same == anew.Signals.end()) {
             Plotted.Remove(*before);
-            continue;
+        } else {
+            Plotted.Replace(*before, *same, Follow->isChecked());
         }
-        const bool showsEnd = Follow->isChecked() && Plotted.Visible().To >= before->Times().Range().To;
-        const TimeRange visible = Plotted.Visible();
-        Plotted.Replace(*before, *same);
-        const std::int64_t end = (*same)->Times().Range().To;
-        if (showsEnd && end > visible.To) Plotted.ShowTimes({visible.From, end});
     }
 }
 
 void MainWindow::Close(const QString& path) {
     OpenFile* const file = FileAt(path);
     if (file == nullptr) return;
-    if (file->Data != nullptr) {
-        for (const auto& signal : file->Data->Signals) Plotted.Remove(*signal);
-    }
+    for (const SignalPointer& signal : file->Signals) Plotted.Remove(*signal);
     Signals->RemoveFile(path);
+    std::shared_ptr<const ImportedFile> old = std::move(file->Data);
     std::erase_if(Files, [&](const auto& other) { return other.get() == file; });
     PlotLook();
     ShowCurrent();
+    FreeLater(std::move(old));
+}
+
+// Gibibytes that are given back to the system take longer than a window may stand still.
+void MainWindow::FreeLater(std::shared_ptr<const ImportedFile> file) {
+    if (file != nullptr) Queue.Add([own = std::move(file)](const auto&) mutable { own.reset(); });
 }
 
 void MainWindow::ShowCurrent() {
@@ -232,7 +278,7 @@ void MainWindow::LookForChanges() {
         const bool isGone = !info.exists();
         if (!isGone && info.size() == file->Size && info.lastModified() == file->Modified) continue;
         if (!isGone && Follow->isChecked()) {
-            Read(*file);
+            Read(*file, info.size() > file->Size);
             return;
         }
         if (file->IsTold) continue;

@@ -35,7 +35,17 @@ void CStdioFileEx::DecodeBytes(const std::string& bytes, std::u16string& line) {
 }
 
 std::optional<std::uint64_t> CStdioFileEx::FindLineStart(std::uint64_t from) {
-    return Reader->FindLineStart(*this, from);
+    if (Reader) return Reader->FindLineStart(*this, from);
+    FindForm();
+    const std::optional<std::uint64_t> start = Reader->FindLineStart(*this, from);
+    SeekToBegin(true);
+    return start;
+}
+
+// The first line says how the file is encoded and how its lines end.
+void CStdioFileEx::FindForm() {
+    std::u16string line;
+    ReadString(line);
 }
 
 void CStdioFileEx::ShareFile(CStdioFileEx& whole) {
@@ -62,6 +72,7 @@ void CStdioFileEx::RewindRange() {
 }
 
 void CStdioFileEx::ContinueAt(std::uint64_t position) {
+    if (!Reader) FindForm();
     Reader->Restart(position, LineReader::FileEnd);
 }
 

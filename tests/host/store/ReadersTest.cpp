@@ -48,7 +48,7 @@ std::string Difference(const StoredSignal& signal, std::size_t step) {
         visited.push_back(NumberOf(type, data));
         times.push_back(time);
     });
-    const std::unique_ptr<ValueReader> reader = signal.ReadValues();
+    const std::unique_ptr<ValueReader> reader = signal.ReadValues(~std::uint64_t{0}, nullptr);
     const TimeIndex index(signal.Times());
     if (reader->Count() != visited.size() || index.Count() != visited.size()) return "another count";
     for (std::size_t first = 0; first < visited.size(); first += step) {
@@ -92,8 +92,8 @@ TEST(ValueReader, IsNotThereForTextsAndWithoutSamples) {
     signal->AddSample(u"a", 2, 1);
     device.CreateSignal(signal, u"empty", KelvarinDouble, 8);
     device.Finish();
-    EXPECT_EQ(device.Signals[0]->ReadValues(), nullptr);
-    EXPECT_EQ(device.Signals[1]->ReadValues(), nullptr);
+    EXPECT_EQ(device.Signals[0]->ReadValues(~std::uint64_t{0}, nullptr), nullptr);
+    EXPECT_EQ(device.Signals[1]->ReadValues(~std::uint64_t{0}, nullptr), nullptr);
 }
 
 TEST(TimeIndex, CountsTheRowsBeforeAMoment) {
