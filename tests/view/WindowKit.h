@@ -7,6 +7,7 @@
 #include <QTest>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -46,6 +47,13 @@ class ViewWindow : public testing::Test {
 
     QString Write(const char* name, const std::string& bytes) const {
         return ToQt(Folder.Write(name, bytes));
+    }
+
+    // A file that takes a while.
+    void WriteLong(const char* name, int rows) const {
+        std::ofstream file(Folder.NativePath(name));
+        file << "time;a;b\n";
+        for (int i = 0; i < rows; ++i) file << i << ".0;" << i % 977 << ".5;" << i % 31 << "\n";
     }
 
     void Wait() const {
