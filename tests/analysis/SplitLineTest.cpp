@@ -4,6 +4,7 @@
 
 #include "analysis/SplitPaddedLine.h"
 #include "kit/CheckRows.h"
+#include "kit/WalkCells.h"
 #include "settings/CsvImportSettings.h"
 
 namespace {
@@ -70,32 +71,11 @@ TEST(SplitLine, TakesAnySeparator) {
     EXPECT_EQ(CellText(Split(u"a\"b\"c", u'"', false)), "<a\"b><c>");
 }
 
-// The same by copies of strings.
-Texts ReferenceSplit(const std::u16string& line, char16_t separator, bool merge) {
-    Texts cells;
-    std::u16string cell;
-    bool quoted = false, afterBoundary = false;
-    for (const char16_t c : line.substr(0, line.find(u'\r')) + u'\r') {
-        if (c == u'"') quoted = !quoted;
-        const bool boundary = c == u'\r' || (c == separator && !quoted);
-        if (!boundary) cell += c;
-        if (boundary && !(merge && afterBoundary)) {
-            cell.erase(0, std::min(cell.find_first_not_of(u" \t"), cell.size()));
-            cell.erase(cell.find_last_not_of(u" \t") + 1);
-            const bool inQuotes = cell.size() > 1 && cell.front() == u'"' && cell.back() == u'"';
-            cells.push_back(!inQuotes ? cell : ReplaceAll(cell.substr(1, cell.size() - 2), u"\"\"", u"\""));
-        }
-        if (boundary) cell.clear();
-        afterBoundary = boundary;
-    }
-    return cells;
-}
-
 // Compares all lines up to a length that `line` is the beginning of.
 void CompareFrom(const std::u16string& line) {
     for (const bool merge : {false, true}) {
         for (const char16_t separator : {u';', u' '}) {
-            const Texts expected = ReferenceSplit(line, separator, merge);
+            const Texts expected = WalkCells(line, separator, merge);
             if (Split(line, separator, merge) == expected &&
                 SplitPadded(line, separator, merge) == expected &&
                 SplitBytes(line, separator, merge) == expected)

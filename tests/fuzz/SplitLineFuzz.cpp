@@ -4,39 +4,8 @@
 #include "analysis/SplitLine.h"
 #include "analysis/SplitPaddedLine.h"
 #include "fuzz/kit/Check.h"
-#include "platform/framework/Text.h"
+#include "kit/WalkCells.h"
 #include "settings/CsvImportSettings.h"
-
-namespace {
-
-// The text of one cell, trimmed and without its quotes.
-std::u16string CellText(std::u16string cell) {
-    const std::size_t first = cell.find_first_not_of(u" \t");
-    cell = first == cell.npos ? u"" : cell.substr(first, cell.find_last_not_of(u" \t") + 1 - first);
-    if (cell.size() < 2 || cell.front() != u'"' || cell.back() != u'"') return cell;
-    return ReplaceAll(cell.substr(1, cell.size() - 2), u"\"\"", u"\"");
-}
-
-// The cells of a line by the grammar, a character at a time and with copies.
-std::vector<std::u16string> WalkCells(const std::u16string& line, char16_t separator, bool merge) {
-    std::vector<std::u16string> cells;
-    std::u16string cell;
-    bool quoted = false, behindSeparator = false;
-    for (const char16_t c : line.substr(0, line.find_first_of(std::u16string_view(u"\0\n\r", 3))) + u'\0') {
-        if (c == u'"') quoted = !quoted;
-        if (c != u'\0' && (c != separator || quoted)) {
-            cell += c;
-            behindSeparator = false;
-            continue;
-        }
-        if (!merge || !behindSeparator) cells.push_back(CellText(cell));
-        cell.clear();
-        behindSeparator = true;
-    }
-    return cells;
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider input(data, size);

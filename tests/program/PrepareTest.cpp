@@ -117,7 +117,7 @@ TEST(Prepare, KeepsTheTimesOfTheFile) {
          "1969-12-31 23:59:59.500000000"},
         {"a clock over midnight", "Clock;v\n23:59:59;1\n00:00:01;2\n00:00:03;2\n", "86399.000000000",
          "Time [s]"},
-        {"microseconds", "t [us];v\n1.5;1\n2000000;2\n3000000;3\n", "0.000001500", "Time [s]"},
+        {"microseconds", "t [us];v\n123456.789;1\n2000000;2\n3000000;3\n", "0.123456789", "Time [s]"},
         {"seconds in the range of days of a spreadsheet",
          "Time [s],v\n45000.5,1\n45000.75,2\n45001,3\n45001.25,4\n", "45000.500000000", "Time [s]"},
         {"milliseconds since 1970",

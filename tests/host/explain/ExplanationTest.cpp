@@ -75,6 +75,8 @@ TEST(Explanation, WarnsAndAdvises) {
         {"t;v\n" + Rows(120, ";1") + "0;1;7\n", {"more-cells-than-columns"}, ""},
         {"t;v\n" + Rows(120, ";1") + "0;1;\n", {}, ""},
         {"t;v\n0;\n1;\n" + Rows(9, ";2"), {"text-because-of-empty-cells"}, ""},
+        {"t;v\n0;5\n1;\n" + Rows(9, ";2"), {}, ""},
+        {"t;v\n" + Rows(9, ";1.5") + "\n", {}, ""},
         {"t;v\n" + Rows(3, ";1,234"), {"thousands-read-as-decimals"}, ""},
         {"t;v;w\n" + Rows(3, ";1.234;2,5"), {"thousands-read-as-decimals"}, ""},
         {"t;v;w\n" + Rows(3, ";0,234;1e5") + "0;1,2;1ea\n", {}, ""},
