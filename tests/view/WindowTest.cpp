@@ -1,100 +1,16 @@
 // The window of the viewer worked as a user works it, with files of a folder of its own.
-#include <gtest/gtest.h>
-
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
-#include <QSettings>
-#include <QTest>
 #include <QTextBlock>
 #include <QTimer>
 #include <QTreeWidgetItemIterator>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
-#include "kit/HostModule.h"
-#include "kit/Workdir.h"
-#include "view/dialog/QtText.h"
-#include "view/language/Texts.h"
-#include "view/window/MainWindow.h"
+#include "view/WindowKit.h"
 
 namespace window_tests {
-
-using namespace kelvarin::view;
-
-constexpr int Longest = 30'000;  // ms to wait for what takes a fraction of it
-
-class Window : public testing::Test {
-  protected:
-    Window() {
-        setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);
-        tzset();
-        QCoreApplication::setOrganizationName("kelvarin-tests");
-        QCoreApplication::setApplicationName("window");
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, ToQt(Folder.Path("settings")));
-        UseTexts("en");
-        Shown = std::make_unique<MainWindow>(HostModule());
-        Shown->resize(1200, 800);
-        Shown->show();
-        Shown->activateWindow();  // without a window manager nobody else does
-        EXPECT_TRUE(QTest::qWaitForWindowActive(Shown.get()));
-    }
-    ~Window() override {
-        Shown.reset();
-        unsetenv("TZ");
-        tzset();
-    }
-
-    QString Write(const char* name, const std::string& bytes) const {
-        return ToQt(Folder.Write(name, bytes));
-    }
-
-    void Wait() const {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !Shown->IsBusy(); }, Longest));
-        QCoreApplication::processEvents();
-    }
-
-    void Open(const QString& path) const {
-        Shown->Open(path);
-        Wait();
-    }
-
-    QTreeWidgetItem* Item(int row, int file = 0) const {
-        return Shown->Tree().topLevelItem(file)->child(row);
-    }
-
-    std::string Plotted() const {
-        std::string names;
-        for (const Pane& pane : Shown->Model().Panes()) {
-            for (const SignalPointer& signal : pane.Signals) names += signal->Name() + " ";
-            names += "| ";
-        }
-        return names;
-    }
-
-    std::string CursorCell(int row, int column) const {
-        return Shown->Cursors().item(row, column)->text().toStdString();
-    }
-
-    Workdir Folder;
-    std::unique_ptr<MainWindow> Shown;
-};
-
-using ViewWindow = Window;
-
-// A German file of some rows, of which one has no number and one no time.
-std::string GermanFile(int rows) {
-    std::string text = "Zeit;Drehzahl;Druck\n;U/min;bar\n";
-    for (int i = 0; i < rows; ++i) {
-        char line[100];
-        std::snprintf(line, sizeof line, "31.01.2024 08:%02d:%02d,5;%d,25;%s\n", i / 60, i % 60, 800 + i,
-                      i == 7 ? "defekt" : "1,5");
-        text += i == 9 ? "kaputt;1,0;1,0\n" : line;
-    }
-    return text;
-}
 
 TEST_F(ViewWindow, ShowsAFileAndItsValuesAtTheCursor) {
     Open(Write("lauf.csv", GermanFile(100)));
