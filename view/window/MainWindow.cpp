@@ -107,6 +107,10 @@ void MainWindow::Connect() {
 }
 
 void MainWindow::PlotLook() {
+    // Signals that are read anew may lie at other times.
+    const TimeRange& seen = Plotted.Visible();
+    const TimeRange whole = Plotted.Whole();
+    if (!Plotted.IsEmpty() && (whole.To <= seen.From || seen.To <= whole.From)) Plotted.FitAll();
     Area->Rebuild();
     Signals->ShowTicks(Plotted);
     Values->Show(Plotted);
