@@ -82,6 +82,8 @@ constexpr Translation Texts[] = {
     {"&Later", "&Später"},
     {"&Back", "&Zurück"},
     {"&Again", "&Wieder vor"},
+    {"S&tatistics", "S&tatistik"},
+    {"&Copy the statistics", "Statistik k&opieren"},
     {"&Plot the selected signals together", "Gewählte Signale &zusammen zeichnen"},
     {"&Remove all plots", "Alle Zeichnungen &entfernen"},
     {"Find a &signal", "Signal &suchen"},
@@ -134,6 +136,14 @@ constexpr Translation Texts[] = {
     {"Second time", "Zweite Zeit"},
     {"Difference", "Differenz"},
     {"Time difference", "Zeitdifferenz"},
+    {"Statistics", "Statistik"},
+    {"Lowest", "Kleinster Wert"},
+    {"Highest", "Größter Wert"},
+    {"Mean", "Mittelwert"},
+    {"Standard deviation", "Standardabweichung"},
+    {"RMS", "Effektivwert"},
+    {"Between the cursors: {} to {}, {}", "Zwischen den Cursorn: {} bis {}, {}"},
+    {"What is visible: {} to {}, {}", "Was zu sehen ist: {} bis {}, {}"},
     // Plots.
     {"Tick a signal or drag it here", "Haken an einem Signal setzen oder es hierher ziehen"},
 };

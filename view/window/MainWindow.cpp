@@ -66,14 +66,18 @@ void MainWindow::BuildLayout() {
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
     QDockWidget* const findings = AddDock("findings", Titled(Phrase("Findings")), Findings = new FindingsView,
                                           Qt::BottomDockWidgetArea);
+    QDockWidget* const statistics = AddDock("statistics", Titled(Phrase("Statistics")),
+                                            Summary = new StatisticsView, Qt::BottomDockWidgetArea);
     QDockWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
                                       Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    tabifyDockWidget(cursors, findings);
+    tabifyDockWidget(cursors, statistics);
+    tabifyDockWidget(statistics, findings);
     cursors->raise();
     resizeDocks({cursors, text}, {190, 190}, Qt::Vertical);
     resizeDocks({cursors, text}, {450, 350}, Qt::Horizontal);
     resizeDocks({files}, {490}, Qt::Horizontal);
+    StatisticsFollower = new LookFollower(*statistics, *Area, [this] { CountStatistics(); });
     statusBar();
 }
 
@@ -106,7 +110,14 @@ void MainWindow::Connect() {
     QObject::connect(&ChangeTimer, &QTimer::timeout, this, [this] { LookForChanges(); });
 }
 
+void MainWindow::ShowDock(const char* name) {
+    auto* const dock = findChild<QDockWidget*>(name);
+    dock->show();
+    dock->raise();
+}
+
 void MainWindow::PlotLook() {
+    CountedParts.clear();  // of signals that may have gone
     // Signals that are read anew may lie at other times.
     const TimeRange& seen = Plotted.Visible();
     const TimeRange whole = Plotted.Whole();
@@ -124,6 +135,7 @@ void MainWindow::ShowLook() {
 void MainWindow::ShowCursors() {
     Area->ShowCursors();
     Values->Show(Plotted);
+    StatisticsFollower->Await();
     const OpenFile* const file = Current();
     if (!Plotted.Cursor || file == nullptr || file->Data == nullptr || file->Data->Signals.empty()) return;
     const ImportedFile& shown = *file->Data;

@@ -18,8 +18,10 @@
 #include "view/plot/PlotArea.h"
 #include "view/window/CursorTable.h"
 #include "view/window/FindingsView.h"
+#include "view/window/LookFollower.h"
 #include "view/window/ReadingBar.h"
 #include "view/window/SignalTree.h"
+#include "view/window/StatisticsView.h"
 
 namespace kelvarin::view {
 class MainWindow : public QMainWindow {
@@ -48,6 +50,7 @@ class MainWindow : public QMainWindow {
     PlotArea& Plots() { return *Area; }
     SignalTree& Tree() { return *Signals; }
     CursorTable& Cursors() { return *Values; }
+    StatisticsView& Summaries() { return *Summary; }
     FindingsView& Found() { return *Findings; }
     FileTextView& FileText() { return *Text; }
     AssumptionBar& Assumptions() { return *Assumed; }
@@ -99,6 +102,11 @@ class MainWindow : public QMainWindow {
     // Does work on the thread of the queue, then `done` on this one.
     void Later(WorkQueue::Work work, std::function<void()> done);
 
+    // WindowStatistics.cpp
+    void CountStatistics();
+    void CopyStatistics();
+
+    void ShowDock(const char* name);
     void PlotLook();
     void ShowLook();
     void ShowCursors();
@@ -114,7 +122,12 @@ class MainWindow : public QMainWindow {
     QStringList Recent;
     QMenu* RecentMenu = nullptr;
     QAction* Follow = nullptr;
-    int Awaited = 0;  // pieces of work whose end this thread hasn't seen
+    LookFollower* StatisticsFollower = nullptr;  // owned by its dock
+    bool IsCounting = false;                     // on the thread of the queue
+    bool IsCopyAwaited = false;                  // to the clipboard, once they are counted
+    std::vector<SignalPart> CountedParts;
+    std::vector<Statistics> Counted;  // of these
+    int Awaited = 0;                  // pieces of work whose end this thread hasn't seen
 
     // Widgets, owned by the window.
     PlotArea* Area = nullptr;
@@ -123,6 +136,7 @@ class MainWindow : public QMainWindow {
     ReadingBar* Progress = nullptr;
     AssumptionBar* Assumed = nullptr;
     CursorTable* Values = nullptr;
+    StatisticsView* Summary = nullptr;
     FindingsView* Findings = nullptr;
     FileTextView* Text = nullptr;
 

@@ -116,6 +116,10 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("&Back"), QKeySequence::Undo, look([](PlotModel& model) { model.Undo(); }));
     AddAction(menu, Phrase("&Again"), QKeySequence::Redo, look([](PlotModel& model) { model.Redo(); }));
     menu->addSeparator();
+    AddAction(menu, Phrase("S&tatistics"), Qt::CTRL | Qt::Key_I, [this] { ShowDock("statistics"); });
+    AddAction(menu, Phrase("&Copy the statistics"), Qt::CTRL | Qt::SHIFT | Qt::Key_I,
+              [this] { CopyStatistics(); });
+    menu->addSeparator();
     AddAction(menu, Phrase("&Plot the selected signals together"), Qt::CTRL | Qt::Key_T, [this] {
         const std::size_t pane = Plotted.Panes().size();
         for (SignalPointer& signal : Signals->Selected()) Plotted.Add(std::move(signal), pane);
