@@ -84,6 +84,7 @@ constexpr Translation Texts[] = {
     {"&Again", "&Wieder vor"},
     {"S&tatistics", "S&tatistik"},
     {"&Copy the statistics", "Statistik k&opieren"},
+    {"One signal o&ver another", "Ein Signal ü&ber einem anderen"},
     {"&Plot the selected signals together", "Gewählte Signale &zusammen zeichnen"},
     {"&Remove all plots", "Alle Zeichnungen &entfernen"},
     {"Find a &signal", "Signal &suchen"},
@@ -144,6 +145,10 @@ constexpr Translation Texts[] = {
     {"RMS", "Effektivwert"},
     {"Between the cursors: {} to {}, {}", "Zwischen den Cursorn: {} bis {}, {}"},
     {"What is visible: {} to {}, {}", "Was zu sehen ist: {} bis {}, {}"},
+    {"One over another", "Über einem anderen"},
+    {"over", "über"},
+    {"{} pairs", "{} Wertepaare"},
+    {"plot two signals of numbers", "zwei Signale mit Zahlen zeichnen"},
     // Plots.
     {"Tick a signal or drag it here", "Haken an einem Signal setzen oder es hierher ziehen"},
 };

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "view/model/PlotModel.h"
+#include "view/plot/AxisLook.h"
 #include "view/plot/SignalDrawing.h"
 #include "view/plot/TimeTicker.h"
 

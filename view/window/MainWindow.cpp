@@ -61,6 +61,11 @@ void MainWindow::BuildLayout() {
     list->addWidget(Signals = new SignalTree, 1);
     FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
     FilterField->setClearButtonEnabled(true);
+    BuildDocks(left);
+    statusBar();
+}
+
+void MainWindow::BuildDocks(QWidget* left) {
     QDockWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
     QDockWidget* const cursors =
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
@@ -68,17 +73,20 @@ void MainWindow::BuildLayout() {
                                           Qt::BottomDockWidgetArea);
     QDockWidget* const statistics = AddDock("statistics", Titled(Phrase("Statistics")),
                                             Summary = new StatisticsView, Qt::BottomDockWidgetArea);
+    QDockWidget* const cross =
+        AddDock("cross", Titled(Phrase("One over another")), Cross = new CrossView, Qt::BottomDockWidgetArea);
     QDockWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
                                       Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     tabifyDockWidget(cursors, statistics);
-    tabifyDockWidget(statistics, findings);
+    tabifyDockWidget(statistics, cross);
+    tabifyDockWidget(cross, findings);
     cursors->raise();
     resizeDocks({cursors, text}, {190, 190}, Qt::Vertical);
     resizeDocks({cursors, text}, {450, 350}, Qt::Horizontal);
     resizeDocks({files}, {490}, Qt::Horizontal);
     StatisticsFollower = new LookFollower(*statistics, *Area, [this] { CountStatistics(); });
-    statusBar();
+    CrossFollower = new LookFollower(*cross, *Area, [this] { FollowCross(); });
 }
 
 void MainWindow::Connect() {
@@ -96,6 +104,7 @@ void MainWindow::Connect() {
         }
         PlotLook();
     };
+    Cross->OnChosen = [this] { FollowCross(); };
     Progress->OnCancel = [this] { CancelReading(); };
     Assumed->OnChange = [this] { ChangeSettings(); };
     Assumed->OnKeep = [this] { KeepBeside(); };
@@ -117,7 +126,10 @@ void MainWindow::ShowDock(const char* name) {
 }
 
 void MainWindow::PlotLook() {
-    CountedParts.clear();  // of signals that may have gone
+    // The signals may have gone.
+    CountedParts.clear();
+    Crossed.reset();
+    Cross->Offer(Plotted);
     // Signals that are read anew may lie at other times.
     const TimeRange& seen = Plotted.Visible();
     const TimeRange whole = Plotted.Whole();
@@ -136,6 +148,7 @@ void MainWindow::ShowCursors() {
     Area->ShowCursors();
     Values->Show(Plotted);
     StatisticsFollower->Await();
+    CrossFollower->Await();
     const OpenFile* const file = Current();
     if (!Plotted.Cursor || file == nullptr || file->Data == nullptr || file->Data->Signals.empty()) return;
     const ImportedFile& shown = *file->Data;

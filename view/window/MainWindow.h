@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "host/ModuleLoader.h"
@@ -16,6 +17,7 @@
 #include "view/model/PlotModel.h"
 #include "view/model/WorkQueue.h"
 #include "view/plot/PlotArea.h"
+#include "view/window/CrossView.h"
 #include "view/window/CursorTable.h"
 #include "view/window/FindingsView.h"
 #include "view/window/LookFollower.h"
@@ -50,6 +52,7 @@ class MainWindow : public QMainWindow {
     PlotArea& Plots() { return *Area; }
     SignalTree& Tree() { return *Signals; }
     CursorTable& Cursors() { return *Values; }
+    CrossView& Crossing() { return *Cross; }
     StatisticsView& Summaries() { return *Summary; }
     FindingsView& Found() { return *Findings; }
     FileTextView& FileText() { return *Text; }
@@ -71,6 +74,7 @@ class MainWindow : public QMainWindow {
     };
 
     void BuildLayout();
+    void BuildDocks(QWidget* left);
     void Connect();
     QDockWidget* AddDock(const char* name, const QString& title, QWidget* content, Qt::DockWidgetArea area);
 
@@ -106,6 +110,9 @@ class MainWindow : public QMainWindow {
     void CountStatistics();
     void CopyStatistics();
 
+    // WindowCross.cpp
+    void FollowCross();
+
     void ShowDock(const char* name);
     void PlotLook();
     void ShowLook();
@@ -126,8 +133,11 @@ class MainWindow : public QMainWindow {
     bool IsCounting = false;                     // on the thread of the queue
     bool IsCopyAwaited = false;                  // to the clipboard, once they are counted
     std::vector<SignalPart> CountedParts;
-    std::vector<Statistics> Counted;  // of these
-    int Awaited = 0;                  // pieces of work whose end this thread hasn't seen
+    std::vector<Statistics> Counted;        // of these
+    LookFollower* CrossFollower = nullptr;  // owned by its dock
+    bool IsCrossing = false;                // on the thread of the queue
+    std::optional<CrossOrder> Crossed;      // what is shown
+    int Awaited = 0;                        // pieces of work whose end this thread hasn't seen
 
     // Widgets, owned by the window.
     PlotArea* Area = nullptr;
@@ -137,6 +147,7 @@ class MainWindow : public QMainWindow {
     AssumptionBar* Assumed = nullptr;
     CursorTable* Values = nullptr;
     StatisticsView* Summary = nullptr;
+    CrossView* Cross = nullptr;
     FindingsView* Findings = nullptr;
     FileTextView* Text = nullptr;
 

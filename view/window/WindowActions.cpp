@@ -119,6 +119,7 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("S&tatistics"), Qt::CTRL | Qt::Key_I, [this] { ShowDock("statistics"); });
     AddAction(menu, Phrase("&Copy the statistics"), Qt::CTRL | Qt::SHIFT | Qt::Key_I,
               [this] { CopyStatistics(); });
+    AddAction(menu, Phrase("One signal o&ver another"), Qt::CTRL | Qt::Key_E, [this] { ShowDock("cross"); });
     menu->addSeparator();
     AddAction(menu, Phrase("&Plot the selected signals together"), Qt::CTRL | Qt::Key_T, [this] {
         const std::size_t pane = Plotted.Panes().size();
