@@ -29,6 +29,7 @@ FileReading::FileReading(const ModuleLoader& module, const std::u16string& path,
     : Module(module),
       Path(path),
       IsToBeSaved(options.Save),
+      Chosen(chosen),
       Plan(module, path, chosen, AutomaticOptionsFor(options)) {
     if (!Plan.Unlikeness().empty()) {
         Unlike = Phrase("not read, as it is not like the files of the plan: {}", Joint(Plan.Unlikeness()));

@@ -30,7 +30,7 @@ std::string Joint(const std::vector<std::string>& sentences);
 // What is found of a file, in force for everything that is done with it while the object lives.
 class FileReading {
   public:
-    // `chosen` are the settings in force that were chosen for this file.
+    // `chosen` are the settings that were chosen for this file; they are in force too while the object lives.
     FileReading(const ModuleLoader& module, const std::u16string& path,
                 const std::vector<ParsedSetting>& chosen, const ReadingOptions& options);
 
@@ -50,11 +50,20 @@ class FileReading {
     const plan::Guess* Guess() const { return Found ? &*Found : nullptr; }
 
   private:
+    // Before the plan, whose settings lie over it.
+    struct ChosenLayer {
+        explicit ChosenLayer(const std::vector<ParsedSetting>& chosen) {
+            for (const ParsedSetting& setting : chosen) Layer.Set(setting);
+        }
+        SettingsLayer Layer;
+    };
+
     void Save();
 
     const ModuleLoader& Module;
     const std::u16string Path;
     const bool IsToBeSaved;
+    const ChosenLayer Chosen;
     plan::AutomaticReading Plan;
     std::string Unlike;
     std::optional<plan::Guess> Found;

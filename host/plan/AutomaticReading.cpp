@@ -52,10 +52,9 @@ bool IsAmong(const std::vector<ParsedSetting>& settings, const std::string& key)
                        [&key](const ParsedSetting& setting) { return Utf16ToUtf8(setting.Key) == key; });
 }
 
-template <class Keys>
-bool IsAnyAmong(const std::vector<ParsedSetting>& settings, const Keys& keys) {
-    return std::any_of(std::begin(keys), std::end(keys),
-                       [&settings](const char* key) { return IsAmong(settings, key); });
+bool HasAny(const std::vector<ParsedSetting>& settings, bool (*isOne)(std::string_view key)) {
+    return std::any_of(settings.begin(), settings.end(),
+                       [isOne](const ParsedSetting& setting) { return isOne(Utf16ToUtf8(setting.Key)); });
 }
 
 bool HasReadableSidecar(const ModuleLoader& module, const std::u16string& path) {
@@ -63,11 +62,19 @@ bool HasReadableSidecar(const ModuleLoader& module, const std::u16string& path) 
 }
 }  // namespace
 
+bool IsTableKey(std::string_view key) {
+    return std::find(std::begin(TableKeys), std::end(TableKeys), key) != std::end(TableKeys);
+}
+
+bool IsTimeKey(std::string_view key) {
+    return std::find(std::begin(TimeKeys), std::end(TimeKeys), key) != std::end(TimeKeys);
+}
+
 bool IsPlanWanted(const ModuleLoader& module, const std::u16string& path,
                   const std::vector<ParsedSetting>& chosen) {
     const auto filter = module.MakeFilter(path);
     return !HasReadableSidecar(module, path) && CanBeAsked(*filter) && !NamesTable(*filter) &&
-           !IsAnyAmong(chosen, TableKeys);
+           !HasAny(chosen, IsTableKey);
 }
 
 AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16string& path,
@@ -79,8 +86,8 @@ AutomaticReading::AutomaticReading(const ModuleLoader& module, const std::u16str
       ReadPath(path),
       FormatLetters(Options.FormatLetters) {
     const auto filter = Module.MakeFilter(path);
-    AreTimesChosen = SaysTimes(*filter) || IsAnyAmong(Chosen, TimeKeys);
-    IsChosenWhole = AreTimesChosen && (NamesTable(*filter) || IsAnyAmong(Chosen, TableKeys));
+    AreTimesChosen = SaysTimes(*filter) || HasAny(Chosen, IsTimeKey);
+    IsChosenWhole = AreTimesChosen && (NamesTable(*filter) || HasAny(Chosen, IsTableKey));
     HasSidecar = HasReadableSidecar(module, path);
     if (!Options.IsOff && (Options.ColumnsOnly || (!HasSidecar && !IsChosenWhole && CanBeAsked(*filter))))
         Look(TableFixedBy(*filter, Chosen));

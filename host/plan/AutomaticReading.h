@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "contract/GuidedReading.h"
@@ -19,6 +20,11 @@
 #include "platform/framework/ScratchFile.h"
 
 namespace kelvarin::plan {
+// Keys of settings that mean something only together: those that say where the table is, and those that say
+// how times are read. Of times nothing is looked for once one of theirs is chosen.
+bool IsTableKey(std::string_view key);
+bool IsTimeKey(std::string_view key);
+
 // A choice for one column, by hand.
 struct ColumnWish {
     std::u16string Column;  // number from 1, or name

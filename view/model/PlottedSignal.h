@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -93,6 +94,10 @@ class PlottedSignal {
 
     // The sample of a number, which must be there.
     SampleAt Sample(std::uint64_t row) const;
+
+    // The values of samples that must be there, not of texts; what is not a number is one without a value.
+    // Any number of threads may ask.
+    void ReadValues(std::uint64_t first, std::span<double> values) const { Reader->Read(first, values); }
 
     // Bytes of the samples and their times, and what the plot takes beside.
     std::size_t SampleBytes() const;

@@ -16,17 +16,6 @@ constexpr std::size_t MostNamed = 12;  // signals in the legend of a plot
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < 128;
 }
-
-// With some room above and below, within what axes can show.
-QCPRange Padded(ValueRange range) {
-    constexpr double Most = 1e240;
-    double lowest = std::clamp(range.Lowest, -Most, Most);
-    double highest = std::clamp(range.Highest, -Most, Most);
-    const double size = highest - lowest;
-    const double least = std::max(std::abs(lowest), std::abs(highest)) * 1e-12;
-    const double room = size <= least ? std::max(std::abs(highest) * 0.05, 0.5) : size * 0.06;
-    return {lowest - room, highest + room};
-}
 }  // namespace
 
 QColor SignalColor(std::size_t number, bool isDark) {
@@ -109,17 +98,7 @@ bool PlotArea::TakeSignals() {
 }
 
 void PlotArea::StyleAxis(QCPAxis* axis, const QColor& color) const {
-    axis->setBasePen(QPen(color));
-    axis->setTickPen(QPen(color));
-    axis->setSubTickPen(QPen(color));
-    axis->setTickLabelColor(color);
-    axis->setLabelColor(color);
-    axis->setTickLabelFont(font());
-    axis->setLabelFont(font());
-    QColor grid = palette().color(QPalette::Text);
-    grid.setAlpha(40);
-    axis->grid()->setPen(QPen(grid, 0, Qt::SolidLine));
-    axis->grid()->setZeroLinePen(QPen(grid, 0, Qt::SolidLine));
+    kelvarin::view::StyleAxis(*axis, *this, color);
 }
 
 void PlotArea::AddPane(const Pane& pane, std::size_t& color) {
@@ -240,6 +219,11 @@ void PlotArea::ShowLook(bool now) {
     QCPAxis* const last = Drawings.back().Rect->axis(QCPAxis::atBottom);
     last->setLabel(QString::fromStdString(Ticker->Base()));
     replot(now ? rpImmediateRefresh : rpQueuedReplot);
+}
+
+ValueRange PlotArea::ShownRange(std::size_t pane, std::size_t axis) const {
+    const QCPRange range = Drawings[pane].ValueAxes[axis]->range();
+    return {range.lower, range.upper};
 }
 
 void PlotArea::Mark(std::optional<std::int64_t> time) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "view/model/PlotModel.h"
+#include "view/plot/AxisLook.h"
 #include "view/plot/SignalDrawing.h"
 #include "view/plot/TimeTicker.h"
 
@@ -51,6 +52,9 @@ class PlotArea : public QCustomPlot {
     // The moment at a place of the widget, and where a moment is.
     std::int64_t TimeAt(double x) const;
     double PlaceOf(std::int64_t time) const;
+
+    // The range that a value axis of a pane shows, both by their numbers.
+    ValueRange ShownRange(std::size_t pane, std::size_t axis) const;
 
     // Where all plots are, without their axes; empty without a plot.
     QRect PlotRect() const;

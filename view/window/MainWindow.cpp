@@ -65,20 +65,32 @@ void MainWindow::BuildLayout() {
     FilterField->setPlaceholderText(Titled(Phrase("Filter signals")));
     FilterField->setClearButtonEnabled(true);
     FilterField->setAcceptDrops(false);  // a file is opened wherever it is dropped
+    BuildDocks(left);
+    statusBar();
+}
+
+void MainWindow::BuildDocks(QWidget* left) {
     QDockWidget* const files = AddDock("signals", Titled(Phrase("Signals")), left, Qt::LeftDockWidgetArea);
     QDockWidget* const cursors =
         AddDock("cursors", Titled(Phrase("Cursors")), Values = new CursorTable, Qt::BottomDockWidgetArea);
     QDockWidget* const findings = AddDock("findings", Titled(Phrase("Findings")), Findings = new FindingsView,
                                           Qt::BottomDockWidgetArea);
+    QDockWidget* const statistics = AddDock("statistics", Titled(Phrase("Statistics")),
+                                            Summary = new StatisticsView, Qt::BottomDockWidgetArea);
+    QDockWidget* const cross =
+        AddDock("cross", Titled(Phrase("One over another")), Cross = new CrossView, Qt::BottomDockWidgetArea);
     QDockWidget* const text = AddDock("text", Titled(Phrase("Text of the file")), Text = new FileTextView,
                                       Qt::BottomDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    tabifyDockWidget(cursors, findings);
+    tabifyDockWidget(cursors, statistics);
+    tabifyDockWidget(statistics, cross);
+    tabifyDockWidget(cross, findings);
     cursors->raise();
     resizeDocks({cursors, text}, {190, 190}, Qt::Vertical);
     resizeDocks({cursors, text}, {450, 350}, Qt::Horizontal);
     resizeDocks({files}, {490}, Qt::Horizontal);
-    statusBar();
+    StatisticsFollower = new LookFollower(*statistics, *Area, [this] { CountStatistics(); });
+    CrossFollower = new LookFollower(*cross, *Area, [this] { FollowCross(); });
 }
 
 void MainWindow::Connect() {
@@ -96,6 +108,7 @@ void MainWindow::Connect() {
         }
         PlotLook();
     };
+    Cross->OnChosen = [this] { FollowCross(); };
     Progress->OnCancel = [this] { CancelReading(); };
     Assumed->OnChange = [this] { ChangeSettings(); };
     Assumed->OnKeep = [this] { KeepBeside(); };
@@ -110,7 +123,21 @@ void MainWindow::Connect() {
     QObject::connect(&ChangeTimer, &QTimer::timeout, this, [this] { LookForChanges(); });
 }
 
+void MainWindow::ShowDock(const char* name) {
+    auto* const dock = findChild<QDockWidget*>(name);
+    dock->show();
+    dock->raise();
+}
+
 void MainWindow::PlotLook() {
+    // The signals may have gone.
+    CountedParts.clear();
+    Crossed.reset();
+    Cross->Offer(Plotted);
+    // Signals that are read anew may lie at other times.
+    const TimeRange& seen = Plotted.Visible();
+    const TimeRange whole = Plotted.Whole();
+    if (!Plotted.IsEmpty() && (whole.To <= seen.From || seen.To <= whole.From)) Plotted.FitAll();
     Area->Refresh();
     Signals->ShowTicks(Plotted);
     Values->Show(Plotted);
@@ -124,6 +151,8 @@ void MainWindow::ShowLook() {
 void MainWindow::ShowCursors() {
     Area->ShowCursors();
     Values->Show(Plotted);
+    StatisticsFollower->Await();
+    CrossFollower->Await();
     const OpenFile* const file = Current();
     if (!Plotted.Cursor || file == nullptr || file->Data == nullptr || file->Data->Signals.empty()) return;
     const ImportedFile& shown = *file->Data;

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "host/ModuleLoader.h"
@@ -16,10 +17,13 @@
 #include "view/model/PlotModel.h"
 #include "view/model/WorkQueue.h"
 #include "view/plot/PlotArea.h"
+#include "view/window/CrossView.h"
 #include "view/window/CursorTable.h"
 #include "view/window/FindingsView.h"
+#include "view/window/LookFollower.h"
 #include "view/window/ReadingBar.h"
 #include "view/window/SignalTree.h"
+#include "view/window/StatisticsView.h"
 
 namespace kelvarin::view {
 class MainWindow : public QMainWindow {
@@ -51,6 +55,8 @@ class MainWindow : public QMainWindow {
     PlotArea& Plots() { return *Area; }
     SignalTree& Tree() { return *Signals; }
     CursorTable& Cursors() { return *Values; }
+    CrossView& Crossing() { return *Cross; }
+    StatisticsView& Summaries() { return *Summary; }
     FindingsView& Found() { return *Findings; }
     FileTextView& FileText() { return *Text; }
     AssumptionBar& Assumptions() { return *Assumed; }
@@ -73,6 +79,7 @@ class MainWindow : public QMainWindow {
     };
 
     void BuildLayout();
+    void BuildDocks(QWidget* left);
     void Connect();
     QDockWidget* AddDock(const char* name, const QString& title, QWidget* content, Qt::DockWidgetArea area);
 
@@ -87,6 +94,7 @@ class MainWindow : public QMainWindow {
     void ShowRecent();
     void AddRecent(const QString& path);
     void AskOpen();
+    void AskRanges();
     void AskExport(const QString& ending);
     void Print();
     void CopyPicture();
@@ -108,6 +116,14 @@ class MainWindow : public QMainWindow {
     // Does work on the thread of the queue, then `done` on this one.
     void Later(WorkQueue::Work work, std::function<void()> done);
 
+    // WindowStatistics.cpp
+    void CountStatistics();
+    void CopyStatistics();
+
+    // WindowCross.cpp
+    void FollowCross();
+
+    void ShowDock(const char* name);
     void PlotLook();
     void ShowLook();
     void ShowCursors();
@@ -125,7 +141,15 @@ class MainWindow : public QMainWindow {
     QStringList Recent;
     QMenu* RecentMenu = nullptr;
     QAction* Follow = nullptr;
-    int Awaited = 0;  // pieces of work whose end this thread hasn't seen
+    LookFollower* StatisticsFollower = nullptr;  // owned by its dock
+    bool IsCounting = false;                     // on the thread of the queue
+    bool IsCopyAwaited = false;                  // to the clipboard, once they are counted
+    std::vector<SignalPart> CountedParts;
+    std::vector<Statistics> Counted;        // of these
+    LookFollower* CrossFollower = nullptr;  // owned by its dock
+    bool IsCrossing = false;                // on the thread of the queue
+    std::optional<CrossOrder> Crossed;      // what is shown
+    int Awaited = 0;                        // pieces of work whose end this thread hasn't seen
 
     // Widgets, owned by the window.
     PlotArea* Area = nullptr;
@@ -134,6 +158,8 @@ class MainWindow : public QMainWindow {
     ReadingBar* Progress = nullptr;
     AssumptionBar* Assumed = nullptr;
     CursorTable* Values = nullptr;
+    StatisticsView* Summary = nullptr;
+    CrossView* Cross = nullptr;
     FindingsView* Findings = nullptr;
     FileTextView* Text = nullptr;
 

@@ -20,6 +20,7 @@
 #include "view/model/Export.h"
 #include "view/plot/Picture.h"
 #include "view/window/MainWindow.h"
+#include "view/window/RangeDialog.h"
 
 namespace kelvarin::view {
 namespace {
@@ -120,6 +121,12 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("&Back"), QKeySequence::Undo, look([](PlotModel& model) { model.Undo(); }));
     AddAction(menu, Phrase("&Again"), QKeySequence::Redo, look([](PlotModel& model) { model.Redo(); }));
     menu->addSeparator();
+    AddAction(menu, Phrase("Val&ue ranges..."), Qt::CTRL | Qt::Key_R, [this] { AskRanges(); });
+    AddAction(menu, Phrase("S&tatistics"), Qt::CTRL | Qt::Key_I, [this] { ShowDock("statistics"); });
+    AddAction(menu, Phrase("&Copy the statistics"), Qt::CTRL | Qt::SHIFT | Qt::Key_I,
+              [this] { CopyStatistics(); });
+    AddAction(menu, Phrase("One signal o&ver another"), Qt::CTRL | Qt::Key_E, [this] { ShowDock("cross"); });
+    menu->addSeparator();
     AddAction(menu, Phrase("&Plot the selected signals together"), Qt::CTRL | Qt::Key_T, [this] {
         Plotted.Gather(Signals->Selected(), Plotted.Panes().size());
         PlotLook();
@@ -166,6 +173,13 @@ void MainWindow::BuildCursorMenu() {
             action->setChecked(Plotted.Times.Style == style);
         });
     }
+}
+
+void MainWindow::AskRanges() {
+    RangeDialog dialog(Plotted, *Area, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    dialog.Apply(Plotted);
+    ShowLook();
 }
 
 void MainWindow::AddRecent(const QString& path) {

@@ -12,6 +12,7 @@
 #include "view/dialog/QtDialogDriver.h"
 #include "view/dialog/QtText.h"
 #include "view/model/Choice.h"
+#include "view/model/DialogChoices.h"
 #include "view/window/MainWindow.h"
 
 namespace kelvarin::view {
@@ -310,13 +311,7 @@ void MainWindow::ChangeSettings() {
         const std::int64_t result = session.Filter().ShowOptionDialog();
         SetDialogDriver(nullptr);
         if (result != Ok) return;
-        for (const auto& setting : SettingsAsText(*settings)) {
-            if (std::find(before.begin(), before.end(), setting) != before.end()) continue;
-            ParsedSetting chosen;
-            if (!ParseSetting(setting.first, setting.second, chosen).empty()) continue;
-            std::erase_if(file->Settings, [&](const ParsedSetting& old) { return old.Key == chosen.Key; });
-            file->Settings.push_back(std::move(chosen));
-        }
+        TakeChoices(file->Settings, before, SettingsAsText(*settings));
     }
     Read(*file);
 }
