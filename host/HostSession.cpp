@@ -93,12 +93,12 @@ RunResult HostSession::Run() {
     RunResult result;
     try {
         BeginAndRead(result);
+        NoteEnd(result);
     } catch (const std::bad_alloc&) {
         result.OutOfMemory = true;
     } catch (const std::length_error&) {  // a text longer than any memory
         result.OutOfMemory = true;
     }
-    NoteEnd(result);
     ImportFilter->EndImport();
     if (result.OutOfMemory) {
         result.Failed = true;

@@ -116,15 +116,15 @@ TEST(GrowingSignals, ShowWhatHadComeWhenTheyWereMade) {
 TEST(GrowingSignals, HaveThePeaksOfSignalsMadeAtOnce) {
     Filled filled;
     GrowingSignals growing(1);
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 15; ++i) {
         filled.AddRows(3000 + static_cast<std::uint64_t>(i) * 17);
         growing.MakeAll(filled.Device);
     }
     filled.Device->Finish();
     const auto bitByBit = growing.MakeAll(filled.Device)[0];
     const auto atOnce = GrowingSignals(1).MakeAll(filled.Device)[0];
-    for (std::int64_t from = 0; from < 100'000; from += 7919) {
-        const TimeRange range{from * Step, (from + 40'000) * Step};
+    for (std::int64_t from = 0; from < 45'000; from += 2917) {
+        const TimeRange range{from * Step, (from + 9000) * Step};
         const Peaks one = bitByBit->TraceOf(range, 1).All();
         const Peaks other = atOnce->TraceOf(range, 1).All();
         EXPECT_TRUE(one.Lowest == other.Lowest && one.Highest == other.Highest && one.HasGap == other.HasGap)
@@ -154,7 +154,7 @@ TEST(GrowingSignals, AreReadWhileTheDeviceIsFilled) {
     std::thread filling([&latest] {
         Filled filled;
         GrowingSignals growing(1);
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 100; ++i) {
             filled.AddRows(200);
             latest.Put(growing.MakeAll(filled.Device));
         }
@@ -162,7 +162,7 @@ TEST(GrowingSignals, AreReadWhileTheDeviceIsFilled) {
         latest.Put(growing.MakeAll(filled.Device));
     });
     std::uint64_t rows = 0;
-    while (rows < 60'000) {
+    while (rows < 20'000) {
         const Signals signals = latest.Get();
         if (signals.empty()) continue;
         ASSERT_EQ(Fault(signals), "");

@@ -79,7 +79,7 @@ TEST(FollowedRun, GivesWhatTheWholeFileGivesWhereverItHasEnded) {
         const std::u16string path = folder.Write("data.csv", table.Bytes);
         const std::string whole = Follower(table, guesses, readsRanges).Read(path);
         const std::size_t size = table.Bytes.size();
-        for (std::size_t cut = 1; cut < size; cut += 1 + size / 14) {
+        for (std::size_t cut = 1; cut < size; cut += 1 + size / 8) {
             Follower follower(table, guesses, readsRanges);
             for (const std::size_t now : {cut, cut + (size - cut) / 2, size}) {
                 folder.Write("data.csv", table.Bytes.substr(0, now));
