@@ -129,7 +129,8 @@ void PlotModel::ShowTimes(TimeRange range) {
 }
 
 void PlotModel::ShowValues(std::size_t pane, std::vector<ValueRange> ranges, bool joinsLastStep) {
-    if (pane >= AllPanes.size() || ranges.size() != AllPanes[pane].Units().size()) return;
+    if (pane >= AllPanes.size()) return;
+    if (!ranges.empty() && ranges.size() != AllPanes[pane].Units().size()) return;
     if (!joinsLastStep) Note();
     AllPanes[pane].FixedRanges = std::move(ranges);
 }

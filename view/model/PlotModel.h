@@ -60,7 +60,7 @@ class PlotModel {
     const TimeRange& Visible() const { return State.Time; }
 
     // Each of these is a step that Undo takes back. Ranges are kept within what times can be, 1 ns long at
-    // least.
+    // least. No ranges of values let a pane fit what is visible again.
     void ShowTimes(TimeRange range);
     void ShowValues(std::size_t pane, std::vector<ValueRange> ranges, bool joinsLastStep = false);
     void FitAll();

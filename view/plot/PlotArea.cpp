@@ -171,6 +171,11 @@ void PlotArea::ShowLook(bool now) {
     replot(now ? rpImmediateRefresh : rpQueuedReplot);
 }
 
+ValueRange PlotArea::ShownRange(std::size_t pane, std::size_t axis) const {
+    const QCPRange range = Drawings[pane].ValueAxes[axis]->range();
+    return {range.lower, range.upper};
+}
+
 void PlotArea::Mark(std::optional<std::int64_t> time) {
     Marked = time;
     update();

@@ -45,6 +45,9 @@ class PlotArea : public QCustomPlot {
     std::int64_t TimeAt(double x) const;
     double PlaceOf(std::int64_t time) const;
 
+    // The range that a value axis of a pane shows, both by their numbers.
+    ValueRange ShownRange(std::size_t pane, std::size_t axis) const;
+
     // Where all plots are, without their axes; empty without a plot.
     QRect PlotRect() const;
 

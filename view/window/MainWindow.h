@@ -89,6 +89,7 @@ class MainWindow : public QMainWindow {
     void ShowRecent();
     void AddRecent(const QString& path);
     void AskOpen();
+    void AskRanges();
     void AskExport(const QString& ending);
     void Print();
     void CopyPicture();

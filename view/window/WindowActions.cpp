@@ -19,6 +19,7 @@
 #include "view/model/Export.h"
 #include "view/plot/Picture.h"
 #include "view/window/MainWindow.h"
+#include "view/window/RangeDialog.h"
 
 namespace kelvarin::view {
 namespace {
@@ -116,6 +117,7 @@ void MainWindow::BuildLookMenu() {
     AddAction(menu, Phrase("&Back"), QKeySequence::Undo, look([](PlotModel& model) { model.Undo(); }));
     AddAction(menu, Phrase("&Again"), QKeySequence::Redo, look([](PlotModel& model) { model.Redo(); }));
     menu->addSeparator();
+    AddAction(menu, Phrase("Val&ue ranges..."), Qt::CTRL | Qt::Key_R, [this] { AskRanges(); });
     AddAction(menu, Phrase("S&tatistics"), Qt::CTRL | Qt::Key_I, [this] { ShowDock("statistics"); });
     AddAction(menu, Phrase("&Copy the statistics"), Qt::CTRL | Qt::SHIFT | Qt::Key_I,
               [this] { CopyStatistics(); });
@@ -160,6 +162,13 @@ void MainWindow::BuildCursorMenu() {
     for (const auto& clock : clocks) {
         AddAction(menu, clock.Text, Qt::CTRL | clock.Key, [this, style = clock.Style] { SetClock(style); });
     }
+}
+
+void MainWindow::AskRanges() {
+    RangeDialog dialog(Plotted, *Area, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    dialog.Apply(Plotted);
+    ShowLook();
 }
 
 void MainWindow::AddRecent(const QString& path) {
