@@ -66,6 +66,16 @@ TEST_F(RangesWindow, TakesTypedNumbers) {
     EXPECT_EQ(Ranges(), "fits fits ");
 }
 
+// What the fields show in seven digits.
+TEST_F(RangesWindow, KeepsRangesThatAreNotTyped) {
+    const std::vector<ValueRange> exact = {{1 / 3.0, 2 / 3.0}};
+    Shown->Model().ShowValues(0, exact);
+    Shown->Plots().ShowLook(true);
+    Type({"", "", "", "1", "2"}, Qt::Key_Return);
+    EXPECT_EQ(Shown->Model().Panes()[0].FixedRanges, exact);
+    EXPECT_EQ(Shown->Model().Panes()[1].FixedRanges, (std::vector<ValueRange>{{1, 2}}));
+}
+
 TEST_F(RangesWindow, RefusesWhatIsNoRange) {
     for (const auto& bounds :
          {std::vector<QString>{"5", "5"}, {"7", "6"}, {"x", "1"}, {"1e300", "2e300"}, {"nan", "1"}}) {

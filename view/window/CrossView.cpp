@@ -25,13 +25,16 @@ CrossView::CrossView(QWidget* parent)
     column->setSpacing(0);
     auto* const row = new QHBoxLayout;
     row->setContentsMargins(4, 2, 4, 2);
-    row->addWidget(Up);
+    row->addWidget(Up, 2);
     row->addWidget(new QLabel(QString::fromStdString(Phrase("over"))));
-    row->addWidget(Across);
+    row->addWidget(Across, 2);
     row->addWidget(Said, 1);
     column->addLayout(row);
     column->addWidget(Plot, 1);
     for (QComboBox* const choice : {Up, Across}) {
+        // Names may be long: what has no room is cut off.
+        choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        choice->setMinimumContentsLength(10);
         QObject::connect(choice, &QComboBox::currentIndexChanged, this, [this] {
             if (OnChosen) OnChosen();
         });

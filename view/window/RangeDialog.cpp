@@ -8,7 +8,6 @@
 #include <cmath>
 #include <optional>
 
-#include "host/Words.h"
 #include "host/language/Phrase.h"
 #include "platform/framework/VisibleText.h"
 
@@ -18,9 +17,12 @@ QString InDialog(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+constexpr const char* ExactValue = "exact";  // of a field that the user hasn't changed
+
 // A number with a point or a comma that an axis can have.
 std::optional<double> NumberIn(const QLineEdit& field) {
     constexpr double Most = 1e240;
+    if (!field.isModified()) return field.property(ExactValue).toDouble();
     bool isNumber = false;
     const double number = field.text().trimmed().replace(u',', u'.').toDouble(&isNumber);
     if (!isNumber || !(std::abs(number) <= Most)) return std::nullopt;
@@ -38,7 +40,8 @@ std::string NamesOf(const Pane& pane, const std::string& unit) {
 }
 
 QLineEdit* BoundField(double value) {
-    auto* const field = new QLineEdit(InDialog(ShortestText(value)));
+    auto* const field = new QLineEdit(QString::number(value, 'g', 7));
+    field->setProperty(ExactValue, value);
     field->setAlignment(Qt::AlignRight);
     return field;
 }
@@ -63,7 +66,9 @@ RangeDialog::RangeDialog(const PlotModel& model, const PlotArea& area, QWidget* 
         for (std::size_t axis = 0; axis < units.size(); ++axis) {
             const int row = first + static_cast<int>(axis);
             const ValueRange range = area.ShownRange(number, axis);
-            grid->addWidget(new QLabel(InDialog(MakeVisible(NamesOf(pane, units[axis])))), row, 0);
+            auto* const names = new QLabel(InDialog(MakeVisible(NamesOf(pane, units[axis]))));
+            names->setTextFormat(Qt::PlainText);
+            grid->addWidget(names, row, 0);
             grid->addWidget(fields.Bounds.emplace_back(BoundField(range.Lowest)), row, 1);
             grid->addWidget(fields.Bounds.emplace_back(BoundField(range.Highest)), row, 2);
         }
