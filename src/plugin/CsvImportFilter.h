@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/RowCells.h"
 #include "contract/ImportFilter.h"
 #include "contract/StdioFileEx.h"
 #include "plugin/FilterInterfaces.h"
 #include "plugin/SampleWriter.h"
-#include "plugin/RowCells.h"
 #include "settings/CsvImportSettings.h"
 #include "settings/CsvInfoFile.h"
 #include "timestamp/RowTimestamp.h"
@@ -116,7 +116,7 @@ class CCsvImportFilter : public CImportFilter {
     std::string SidecarFailure;     // why the last dialog's sidecar is not written; empty if it is
     std::int64_t CurrentLine = 0;   // 1-based number of the line being read; blank lines of a run don't count
     RowCells Row;                   // the line just read
-    std::u16string JoinedTimeText;    // a row's date and time cells, kept for its storage
+    std::u16string JoinedTimeText;  // a row's date and time cells, kept for its storage
     CFileException FileError{false};  // filled by a failing Open
     std::u16string FileFailure;       // why the source file could not be used the last time
     CDevice* Device = nullptr;        // of the run; the host's

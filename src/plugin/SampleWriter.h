@@ -5,9 +5,9 @@
 #include <functional>
 #include <vector>
 
+#include "analysis/RowCells.h"
 #include "contract/DataStore.h"
 #include "contract/GuidedReading.h"
-#include "plugin/RowCells.h"
 #include "settings/CsvColumnInfo.h"
 
 // A column of a run that gets samples. Points into the settings and the store; valid during the run.

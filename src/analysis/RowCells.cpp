@@ -1,4 +1,4 @@
-#include "plugin/RowCells.h"
+#include "analysis/RowCells.h"
 
 #include <algorithm>
 
