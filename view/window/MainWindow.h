@@ -112,6 +112,7 @@ class MainWindow : public QMainWindow {
     void ShowCurrent();
     void LookForChanges();
     void ChangeSettings();
+    bool KeepInSidecar(const std::u16string& path, const SettingList& settings);
     void KeepBeside();
     // Does work on the thread of the queue, then `done` on this one.
     void Later(WorkQueue::Work work, std::function<void()> done);

@@ -1,6 +1,5 @@
 // Reading files: what is open, what of it is shown, and what becomes of it when it changes.
 #include <QDateTime>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <algorithm>
 #include <mutex>
@@ -9,10 +8,8 @@
 #include "host/FileReading.h"
 #include "host/HostSession.h"
 #include "host/language/Phrase.h"
-#include "view/dialog/QtDialogDriver.h"
 #include "view/dialog/QtText.h"
 #include "view/model/Choice.h"
-#include "view/model/DialogChoices.h"
 #include "view/window/MainWindow.h"
 
 namespace kelvarin::view {
@@ -287,52 +284,5 @@ void MainWindow::LookForChanges() {
         Tell(InWindow(isGone ? Phrase("{} is no longer there", info.fileName().toStdString())
                              : Phrase("{} has changed; F5 reads it again", info.fileName().toStdString())));
     }
-}
-
-// The module's dialog over what is assumed. OK reads the file anew: what the user has changed is chosen, and
-// the rest is found under it.
-void MainWindow::ChangeSettings() {
-    OpenFile* const file = Current();
-    if (file == nullptr) return;
-    if (IsBusy()) {
-        Tell(InWindow(Phrase("a file is being read")));
-        return;
-    }
-    constexpr std::int64_t Ok = 1;
-    const std::u16string path = FromQt(file->Path);
-    {
-        const FileReading reading(Module, path, file->Settings, {});
-        HostSession session(Module, path, RunOptions());
-        const CCsvImportSettings* const settings = SettingsOf(session.Filter());
-        if (settings == nullptr) return;
-        const SettingList before = SettingsAsText(*settings);
-        QtDialogDriver driver(this);
-        SetDialogDriver(&driver);
-        const std::int64_t result = session.Filter().ShowOptionDialog();
-        SetDialogDriver(nullptr);
-        if (result != Ok) return;
-        TakeChoices(file->Settings, before, SettingsAsText(*settings));
-    }
-    Read(*file);
-}
-
-void MainWindow::KeepBeside() {
-    const OpenFile* const file = Current();
-    if (file == nullptr || file->Data == nullptr) return;
-    const auto guess = std::make_shared<std::optional<plan::Guess>>();
-    const auto save = [this, guess, path = file->Data->Path,
-                       settings = file->Settings](const std::atomic<bool>&) {
-        ReadingOptions options;
-        options.Save = true;
-        const FileReading reading(Module, path, settings, options);
-        if (reading.Guess() != nullptr) *guess = *reading.Guess();
-    };
-    Later(save, [this, guess] {
-        const bool isSaved = *guess && !(*guess)->Saved.empty();
-        if (isSaved) Assumed->hide();
-        Tell(isSaved  ? InWindow(Phrase("kept in {}", (*guess)->Saved))
-             : *guess ? InWindow((*guess)->SaveFailure)
-                      : InWindow(Phrase("nothing was assumed")));
-    });
 }
 }  // namespace kelvarin::view
