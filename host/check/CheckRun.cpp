@@ -18,6 +18,14 @@ void TakeFormat(const CImportFilter& filter, CheckResult& result) {
     if (auto* const reader = filter.Find<ITimeReader>()) result.Letters = reader->FormatLetters();
 }
 
+// The lines that the copy names, and how many there are.
+FilePlaces PlacesOf(const plan::LinesLeftOut& lines) {
+    FilePlaces places;
+    for (const std::uint64_t line : lines.First) places.Add({line, 0, {}});
+    places.Count = lines.Count;
+    return places;
+}
+
 void Prepare(const CImportFilter& filter, CheckResult& result) {
     TakeFormat(filter, result);
     result.Series = std::make_shared<TimeSeries>(result.Format, result.Letters);
@@ -177,6 +185,8 @@ void CheckOfRun::Settle(CheckResult& result, const ModuleLoader& module, const H
         result.Failure = Utf8ToUtf16(change);
     }
     result.Dropped.Finish(!run.Interrupted && !run.Failed);
+    if (reading != nullptr && reading->Copy() != nullptr)
+        result.LeftOut = PlacesOf(reading->Copy()->Rows.Timeless);
     if (!run.Begun) TakeFormat(session.Filter(), result);
     if (result.Begun) CountSamples(*session.Device(), result);
     if (!run.OutOfMemory) Advise(module, Path, session.Filter(), reading, result);

@@ -62,6 +62,7 @@ struct CheckResult {
     FilePlaces Before1990;         // rows with an absolute time that not every host can process
     std::vector<ColumnCheck> Columns;
     DroppedRows Dropped;
+    FilePlaces LeftOut;                  // lines without a time that a clean copy read in place doesn't have
     std::shared_ptr<TimeSeries> Series;  // of the stored rows; null unless the run began
 
     RowsAbove Above;

@@ -190,6 +190,17 @@ void JudgeEarlyTimes(const CheckResult& result, std::vector<Finding>& findings) 
                     {Phrase("give them later dates in the file, or a fixed interval in relative time")}}));
 }
 
+// What the run drops where no copy is read.
+void JudgeLeftOut(const CheckResult& result, std::vector<Finding>& findings) {
+    const FilePlaces& places = result.LeftOut;
+    if (places.Count == 0) return;
+    findings.push_back(At(places, {"leftOut",
+                                   true,
+                                   Phrase("{} without a time, left out of the clean copy that is read: {}",
+                                          RowsInWords(places.Count), LinesInWords(places)),
+                                   {Phrase("a legend or sums are no loss; a row that was cut off is")}}));
+}
+
 void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
     JudgeRowsAbove(result, findings);
     // In the order of telling.
@@ -197,6 +208,7 @@ void JudgeDropped(const CheckResult& result, std::vector<Finding>& findings) {
          {DropKind::Empty, DropKind::Unreadable, DropKind::UnreadableAtStart, DropKind::UnreadableAtEnd,
           DropKind::Repeats, DropKind::Falls, DropKind::OutOfRange, DropKind::NoStep})
         JudgeKind(result, kind, findings);
+    JudgeLeftOut(result, findings);
     JudgeEarlyTimes(result, findings);
 }
 

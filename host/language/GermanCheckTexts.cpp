@@ -84,6 +84,8 @@ constexpr Translation Texts[] = {
      "beginnen"},
     {"to mend in a file of its own", "in einer eigenen Datei zu berichtigen"},
     {"another format reads them", "ein anderes Format liest sie"},
+    {"{} without a time, left out of the clean copy that is read: {}",
+     "{} ohne Zeit, nicht in der bereinigten Kopie, die gelesen wird: {}"},
     {"a legend or sums are no loss; a row that was cut off is",
      "eine Legende oder Summen sind kein Verlust; ein abgeschnittener Datensatz ist einer"},
     {"nothing is lost", "nichts geht verloren"},

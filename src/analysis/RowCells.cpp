@@ -15,7 +15,8 @@ constexpr char16_t Padding[LinePadding] = {};
 
 template <class Text>
 bool IsBlank(const Text& line) {
-    return std::all_of(line.begin(), line.end(), [](auto c) { return IsWhiteSpace(c); });
+    return std::all_of(line.begin(), line.end(),
+                       [](auto c) { return IsWhiteSpace(static_cast<char16_t>(c)); });
 }
 
 }  // namespace

@@ -105,6 +105,19 @@ TEST(Check, NamesTheLinesOfTheFileAndThoseOfTheModule) {
     EXPECT_EQ(refused.dump(), R"({"line":605,"moduleLine":603,"text":"x"})");
 }
 
+// Rows in disorder are read by a clean copy, whose rows have times: the check tells what is not there.
+TEST(Check, FindsTheLinesThatACopyLeavesOut) {
+    const ProgramRun run;
+    run.Write("data.csv",
+              "Zeit;n\n" + Rows(20, 1) + "kaputt;1\n13.02.2024 8:00:21;5\n13.02.2024 8:00:20;5\n");
+    const ProgramResult result = run.Command("check --json data.csv");
+    EXPECT_EQ(result.Status, 3);
+    const Json document = Json::parse(result.Out);
+    EXPECT_EQ(Kinds(document), "leftOut") << result.Out;
+    const std::string text = document["findings"][0]["text"];
+    EXPECT_NE(text.find("line 22"), std::string::npos) << text;
+}
+
 struct ReasonCase {
     const char* Name;
     std::string File, Options;
