@@ -8,6 +8,7 @@
 #include "tests/view/SignalKit.h"
 #include "view/plot/Picture.h"
 #include "view/plot/PlotArea.h"
+#include "view/plot/SignalDrawing.h"
 #include "view/program/Arguments.h"
 
 namespace plot_area_tests {
@@ -236,6 +237,29 @@ TEST(ViewArguments, AreTakenOrRefused) {
             for (const std::string& name : arguments.Signals) outcome += name + "|";
         }
         EXPECT_EQ(outcome, test.Outcome);
+    }
+}
+
+// The unit is named once, also if the header of the file has it.
+TEST(PlotArea, NamesTheUnitOfASignalOnce) {
+    const struct {
+        const char16_t* Name;
+        const char16_t* Unit;
+        const char* Title;
+    } cases[] = {{u"Druck", u"", "Druck"},
+                 {u"Druck", u"bar", "Druck [bar]"},
+                 {u"Druck [bar]", u"bar", "Druck [bar]"},
+                 {u"Druck (bar), innen", u"bar", "Druck (bar), innen"},
+                 {u"Moment", u"m", "Moment [m]"}};
+    for (const auto& test : cases) {
+        const auto device = std::make_shared<kelvarin::store::StoredDevice>(u"device", u"", 10);
+        DM::SignalProxy* signal = nullptr;
+        device->CreateSignal(signal, test.Name, KelvarinDouble, 8);
+        signal->SetUnit(test.Unit);
+        const double value = 1;
+        signal->AddSample(&value, sizeof value, 0);
+        device->Finish();
+        EXPECT_EQ(TitleOf(*SignalsOf(device)[0]).toStdString(), test.Title);
     }
 }
 

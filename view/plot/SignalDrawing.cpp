@@ -31,7 +31,9 @@ bool DoTouch(const TraceColumn& one, const TraceColumn& next) {
 QString TitleOf(const PlottedSignal& signal) {
     const QString unit = ShownText(signal.Unit());
     const QString name = ShownText(signal.Name());
-    return unit.isEmpty() ? name : name + " [" + unit + "]";
+    // Many headers have it already: "Druck [bar]", "Druck (bar)".
+    const bool isNamed = name.contains("[" + unit + "]") || name.contains("(" + unit + ")");
+    return unit.isEmpty() || isNamed ? name : name + " [" + unit + "]";
 }
 
 SignalDrawing::SignalDrawing(QCPAxis* keyAxis, QCPAxis* valueAxis,

@@ -7,17 +7,10 @@
 #include <utility>
 
 #include "host/language/Phrase.h"
-#include "platform/framework/VisibleText.h"
 #include "view/model/Statistics.h"
+#include "view/plot/SignalDrawing.h"
 
 namespace kelvarin::view {
-namespace {
-QString TitleOf(const PlottedSignal& signal) {
-    const std::string& unit = signal.Unit();
-    return QString::fromStdString(MakeVisible(signal.Name() + (unit.empty() ? "" : " [" + unit + "]")));
-}
-}  // namespace
-
 CrossView::CrossView(QWidget* parent)
     : QWidget(parent), Up(new QComboBox), Across(new QComboBox), Said(new QLabel), Plot(new CrossArea) {
     auto* const column = new QVBoxLayout(this);
