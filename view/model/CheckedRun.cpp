@@ -69,7 +69,7 @@ RunOptions CheckedRun::OptionsFor(const ImportOrder& order, plan::AutomaticReadi
 void CheckedRun::Run(const ModuleLoader& module, const ImportOrder& order, RunOptions options) {
     RowLinesObserver observer(Lines, options.Observer);
     options.Observer = &observer;
-    Due = Moments();
+    Due = UpdateTimes();
     Session = std::make_unique<HostSession>(module, order.Path, std::move(options));
     Result = Session->Run();
     End = Session->End();

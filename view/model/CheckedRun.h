@@ -17,9 +17,9 @@
 #include "view/model/RowLines.h"
 
 namespace kelvarin::view {
-// Moments a few times a second, the first one after a while: a file that is read at once needs none. What is
-// done at them takes at most a fiftieth of the time.
-class Moments {
+// When to tell of a run: a few times a second, the first one after a while, as a file that is read at once
+// needs none. What is done then takes at most a fiftieth of the time.
+class UpdateTimes {
   public:
     bool IsDue() const { return Clock::now() >= Next; }
 
@@ -78,7 +78,7 @@ class CheckedRun {
     const std::u16string Path;
     RowLines Lines;
     GrowingSignals Signals;
-    Moments Due;
+    UpdateTimes Due;
     std::uint32_t Percent = 0;
     std::uint64_t LinesBefore = 0;
     std::unique_ptr<HostSession> Session;
