@@ -17,6 +17,11 @@ inline std::u16string FromQt(const QString& text) {
     return text.toStdU16String();
 }
 
+// A text of the program in UTF-8.
+inline QString InWindow(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
 // A text of a file in UTF-8, on one line and with what would be obeyed made visible.
 inline QString ShownText(std::string_view text) {
     return QString::fromStdString(MakeVisible(text));

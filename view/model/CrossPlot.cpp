@@ -26,15 +26,17 @@ class PairReader {
     template <class Take>
     void Visit(const std::atomic<bool>& cancel, Take take) {
         const std::int64_t gap = Second.Times().GapAbove();
-        std::optional<std::int64_t> before;
+        bool isAfterGap = true;
+        std::int64_t before = 0;
         for (std::uint64_t row = Begin; row < End && !cancel; row += Xs.size()) {
             Read(row, static_cast<std::size_t>(std::min(BlockSize, End - row)));
             for (std::size_t i = 0; i < Xs.size(); ++i) {
                 if (!std::isfinite(Xs[i]) || !std::isfinite(Ys[i])) {
-                    before.reset();
+                    isAfterGap = true;
                     continue;
                 }
-                take(CrossPoint{Xs[i], Ys[i], !before || Times[i] - *before > gap});
+                take(CrossPoint{Xs[i], Ys[i], isAfterGap || Times[i] - before > gap});
+                isAfterGap = false;
                 before = Times[i];
             }
         }

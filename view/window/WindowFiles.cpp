@@ -16,10 +16,6 @@ namespace kelvarin::view {
 namespace {
 constexpr std::size_t FirstPlotted = 4;
 
-QString InWindow(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 // Progress comes on other threads and faster than it can be shown: the latest counts.
 class LatestProgress : public std::enable_shared_from_this<LatestProgress> {
   public:

@@ -13,10 +13,6 @@
 
 namespace kelvarin::view {
 namespace {
-QString InWindow(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 // Writes all settings into the sidecar. Empty, or why it is not written.
 std::string WriteAll(const ModuleLoader& module, const std::u16string& path, const SettingList& settings) {
     SettingsLayer layer;
