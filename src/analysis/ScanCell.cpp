@@ -3,6 +3,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "platform/framework/Text.h"
 #include "simd/Units.h"
 
 namespace {
@@ -21,11 +22,6 @@ constexpr Four<Unit> FourLetters(const char (&text)[5]) {
     return letters;
 }
 
-template <class Unit>
-bool IsDigitUnit(Unit c) {
-    return c >= '0' && c <= '9';
-}
-
 }  // namespace
 
 template <class Unit>
@@ -36,13 +32,14 @@ const Unit* ScanExponent(const Unit* text, int& power) {
         text = scan::SkipSign(text);
         const Unit* const digits = text;
         int exponent = 0;
-        for (; IsDigitUnit(*text) && text - digits < MostExponentDigits; ++text)
+        for (; IsDigit(static_cast<char16_t>(*text)) && text - digits < MostExponentDigits; ++text)
             exponent = exponent * 10 + (*text - '0');
         if (text == digits) return nullptr;
         power += isNegative ? -exponent : exponent;
     }
     // An "x" behind a zero begins a hexadecimal number.
-    const bool isPlain = *text != ',' && *text != '.' && !IsDigitUnit(*text) && *text != 'x' && *text != 'X';
+    const bool isPlain = *text != ',' && *text != '.' && !IsDigit(static_cast<char16_t>(*text)) &&
+                         *text != 'x' && *text != 'X';
     return isPlain ? text : nullptr;
 }
 
@@ -79,7 +76,7 @@ template <class Unit>
 const Unit* ScanMoreDigits(const Unit* text, std::uint64_t& number) {
     const simd::DigitRun run = simd::ReadDigits(text);
     number = number * scan::WholePowers[run.Count] + scan::WithoutZeros(simd::JoinDigits(run), run.Count);
-    return IsDigitUnit(text[run.Count]) ? nullptr : text + run.Count;
+    return IsDigit(static_cast<char16_t>(text[run.Count])) ? nullptr : text + run.Count;
 }
 
 template std::size_t ScanLength(const char*);
