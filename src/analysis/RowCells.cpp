@@ -10,44 +10,56 @@
 namespace {
 
 // Copied behind each line: cheaper than to fill so few characters.
-constexpr char BytePadding[LinePadding] = {};
 constexpr char16_t Padding[LinePadding] = {};
 
 template <class Text>
-bool IsBlank(const Text& line) {
-    return std::all_of(line.begin(), line.end(),
+bool IsWhiteSpaceAlone(const Text& text) {
+    return std::all_of(text.begin(), text.end(),
                        [](auto c) { return IsWhiteSpace(static_cast<char16_t>(c)); });
+}
+
+// The cell of a 1-based column, or null.
+template <class Unit>
+Unit* FindCell(const CellsOf<Unit>& cells, int column) {
+    if (column < 1 || static_cast<std::size_t>(column) > cells.size()) return nullptr;
+    return cells[static_cast<std::size_t>(column) - 1];
 }
 
 }  // namespace
 
-bool RowCells::Read(CStdioFileEx& file) {
-    IsInBytes = file.ReadBytes(ByteLine);
-    return IsInBytes || file.ReadString(Line);
+bool RowCells::Read(CStdioFileEx& file, char16_t separator, bool merge) {
+    IsInBytes = ReadHeld(file, separator, merge);
+    if (IsInBytes) return true;
+    if (!file.ReadString(Line)) return false;
+    Split(separator, merge);
+    return true;
 }
 
-bool RowCells::Pass(CStdioFileEx& file, bool& isText) {
+bool RowCells::Pass(CStdioFileEx& file, char16_t separator, bool merge) {
+    bool isText = false;
     IsInBytes = false;
-    return file.PassLine(Line, isText);
+    if (!file.PassLine(Line, isText)) return false;
+    IsBlankLine = false;
+    if (!isText) Split(separator, merge);
+    return true;
 }
 
-bool RowCells::Split(char16_t separator, bool merge) {
-    if (IsInBytes) {
-        const bool isBlank = IsBlank(ByteLine);
-        const std::size_t length = ByteLine.size();
-        ByteLine.append(BytePadding, LinePadding);
-        if (SplitPaddedBytes(ByteLine.data(), separator, merge, ByteCells)) {
-            if (Line.size() < ByteLine.size()) Line.resize(ByteLine.size());
-            return isBlank && ByteCells.size() == 1;
-        }
-        IsInBytes = false;
-        ByteLine.resize(length);
-        CStdioFileEx::DecodeBytes(ByteLine, Line);
-    }
-    const bool isBlank = IsBlank(Line);
+bool RowCells::ReadHeld(CStdioFileEx& file, char16_t separator, bool merge) {
+    static_assert(LinePadding <= CStdioFileEx::HeldPadding);
+    const std::string_view held = file.GetHeldBytes();
+    const std::size_t length = SplitHeldLine(held, separator, merge, ByteLine, ByteCells);
+    if (length == 0) return false;
+    IsBlankLine = ByteCells.size() == 1 && IsWhiteSpaceAlone(held.substr(0, length));
+    file.PassHeldBytes(length);
+    if (Line.size() < ByteLine.size()) Line.resize(ByteLine.size());
+    return true;
+}
+
+void RowCells::Split(char16_t separator, bool merge) {
+    const bool isWhite = IsWhiteSpaceAlone(Line);
     Line.append(Padding, LinePadding);
     SplitPaddedLine(Line.data(), separator, merge, Cells);
-    return isBlank && Cells.size() == 1;
+    IsBlankLine = isWhite && Cells.size() == 1;
 }
 
 const CellList& RowCells::Wide() {
@@ -58,11 +70,13 @@ const CellList& RowCells::Wide() {
 }
 
 const char16_t* RowCells::CellOf(int column) {
-    const std::size_t count = IsInBytes ? ByteCells.size() : Cells.size();
-    if (column < 1 || static_cast<std::size_t>(column) > count) return nullptr;
-    const auto index = static_cast<std::size_t>(column) - 1;
-    if (!IsInBytes) return Cells[index];
-    return Widen(ByteCells[index], ScanLength(ByteCells[index]));
+    if (!IsInBytes) return FindCell(Cells, column);
+    const char* const cell = BytesOf(column);
+    return cell == nullptr ? nullptr : Widen(cell, ScanLength(cell));
+}
+
+const char* RowCells::BytesOf(int column) const {
+    return IsInBytes ? FindCell(ByteCells, column) : nullptr;
 }
 
 char16_t* RowCells::Widen(const char* cell, std::size_t length) {

@@ -3,6 +3,7 @@
 // hard to predict for the processor, how many there are in a line is not.
 #include "analysis/SplitPaddedLine.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -20,17 +21,21 @@ struct Found {
     std::uint64_t End = 0;  // the first character that ends the line
 };
 
+// False if a unit beyond ASCII, which counts as low, stands before the line's end.
 template <class Unit>
-Found UpToEnd(const Unit* text, const simd::UnitMasks& masks) {
+bool FindEnd(const Unit* step, const simd::UnitMasks& masks, Found& found) {
     // Not above the carriage return stand the ends, the tab and what hardly occurs.
-    Found found{masks.Separators, masks.Quotes, masks.Low & ~masks.Separators};
-    while (found.End != 0 && !EndsLine(static_cast<char16_t>(text[std::countr_zero(found.End)])))
-        found.End &= found.End - 1;
+    found = {masks.Separators, masks.Quotes, masks.Low & ~masks.Separators};
+    for (; found.End != 0; found.End &= found.End - 1) {
+        const auto unit = static_cast<char16_t>(step[std::countr_zero(found.End)]);
+        if (EndsLine(unit)) break;
+        if (unit > u'\x7F') return false;
+    }
     const std::uint64_t upToEnd = found.End ^ (found.End - 1);
     found.End &= upToEnd;
     found.Separators &= upToEnd;
     found.Quotes &= upToEnd;
-    return found;
+    return true;
 }
 
 unsigned CountBits(std::uint64_t bits) {
@@ -128,6 +133,13 @@ void MakeCells(Unit* text, bool merge, bool anyDoubled, CellsOf<Unit>& cells) {
     cells.SetSize(static_cast<std::size_t>(next - places));
 }
 
+// How many bytes the line end at `at` takes; 0 if there is none, or none that `held` has whole.
+std::size_t LengthOfEnd(std::string_view held, std::size_t at) {
+    const std::string_view rest = held.substr(std::min(at, held.size()), 2);
+    if (rest.starts_with('\n')) return 1;
+    return rest == "\r\n" ? 2 : 0;
+}
+
 }  // namespace
 
 void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {
@@ -135,25 +147,35 @@ void SplitPaddedLine(char16_t* text, char16_t separator, bool merge, CellList& c
     if (EndsLine(separator)) return SplitLine(text, separator, merge, cells);
     cells.clear();
     QuoteState quotes;
-    for (char16_t* step = text;; step += UnitsPerStep) {
-        const Found found = UpToEnd(step, simd::FindUnits(step, separator));
+    Found found;
+    for (char16_t* step = text; found.End == 0; step += UnitsPerStep) {
+        FindEnd(step, simd::FindUnits(step, separator), found);
         AddPlaces(step, found, quotes, cells);
-        if (found.End != 0) break;
     }
     MakeCells(text, merge, quotes.AnyDoubled(), cells);
 }
 
-bool SplitPaddedBytes(char* text, char16_t separator, bool merge, ByteCellList& cells) {
-    if (EndsLine(separator) || separator > 0x7F) return false;
+std::size_t SplitHeldLine(std::string_view held, char16_t separator, bool merge, std::vector<char>& copy,
+                          ByteCellList& cells) {
+    if (EndsLine(separator) || separator > u'\x7F') return 0;
     cells.clear();
     QuoteState quotes;
-    for (char* step = text;; step += UnitsPerStep) {
-        simd::UnitMasks masks;
-        if (!simd::FindBytes(step, static_cast<char>(separator), masks)) return false;
-        const Found found = UpToEnd(step, masks);
+    for (std::size_t at = 0; at < held.size(); at += UnitsPerStep) {
+        if (copy.size() < at + UnitsPerStep + LinePadding) {
+            // The places found so far are those of memory that moves.
+            copy.resize(2 * copy.size() + UnitsPerStep + LinePadding);
+            return SplitHeldLine(held, separator, merge, copy, cells);
+        }
+        char* const step = copy.data() + at;
+        Found found;
+        if (!FindEnd(step, simd::CopyBytes(held.data() + at, static_cast<char>(separator), step), found))
+            return 0;
         AddPlaces(step, found, quotes, cells);
-        if (found.End != 0) break;
+        if (found.End == 0) continue;
+        const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(found.End));
+        const std::size_t length = LengthOfEnd(held, end);
+        if (length != 0) MakeCells(copy.data(), merge, quotes.AnyDoubled(), cells);
+        return length == 0 ? 0 : end + length;
     }
-    MakeCells(text, merge, quotes.AnyDoubled(), cells);
-    return true;
+    return 0;
 }

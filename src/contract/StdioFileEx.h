@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/framework/File.h"
 
@@ -35,10 +36,14 @@ class CStdioFileEx : public CFile {
     // Raises CFileException on a read error. Memory grows with the longest line only.
     virtual bool ReadString(std::u16string& line);
 
-    // Gives the next line as bytes, with no more reading, if that can be: ReadString would decode them as
-    // DecodeBytes does. False says nothing, not even that there is no line.
-    virtual bool ReadBytes(std::string& line);
-    static void DecodeBytes(const std::string& bytes, std::u16string& line);
+    // The bytes from the next line on that are in memory already, if they are bytes of text in which a line
+    // feed ends a line; else none, which says nothing. HeldPadding more are readable behind them, without
+    // meaning. Valid until something else is called.
+    static constexpr std::size_t HeldPadding = 64;
+    virtual std::string_view GetHeldBytes() const;
+
+    // Goes on behind `count` of these bytes, which are whole lines.
+    virtual void PassHeldBytes(std::size_t count);
 
     // Back to line 1. The flag is always true.
     virtual void SeekToBegin(bool rereadMark);

@@ -71,7 +71,7 @@ bool CCsvImportFilter::HasColumnToImport() {
 bool CCsvImportFilter::SkipToFirstDataLine() {
     const std::int64_t firstDataLine = Settings.GetFirstDataLine();
     for (CurrentLine = 1; CurrentLine < firstDataLine; ++CurrentLine) {
-        if (!Row.Read(SourceFile)) return false;
+        if (!ReadRow()) return false;
     }
     return true;
 }

@@ -95,6 +95,7 @@ class CCsvImportFilter : public CImportFilter {
     bool MakeSignal(int column);
 
     // Steps of ImportNextLine.
+    bool ReadRow();  // false at the end of the file
     void UpdateProgress(std::uint32_t* progress);
     bool SettleRowTime(std::int64_t& time);
     std::int64_t MessageLine() const;  // that messages name for the row being read
@@ -104,7 +105,6 @@ class CCsvImportFilter : public CImportFilter {
     void AddRowSamples(std::int64_t time);
     void SettleRun();  // what a run keeps of the settings; again if they have changed meanwhile
     void CollectSampleColumns();
-    bool IsBlankLine();  // of the line just read, which it cuts
     void NoteRangeTime(const RowTimestamp& row);
     void TakeState(const RunState& state);
     void ReportWrongCell(const SampleColumn& column, const char16_t* cell);

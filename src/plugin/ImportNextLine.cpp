@@ -14,10 +14,10 @@ constexpr std::int32_t LinesPerProgress = 100;
 bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     const AFX_MAINTAIN_STATE2 context(CsvImportModule());
     try {
-        if (!Row.Read(SourceFile)) return false;
+        if (!ReadRow()) return false;
         if (SettledFor != Settings.ChangeCount) SettleRun();
         if (CurrentLine % LinesPerProgress == 0) UpdateProgress(progress);
-        if (IsBlankLine()) {
+        if (Row.IsBlank()) {
             if (RunObserver != nullptr) RunObserver->OnBlankLine(CurrentPlace());
             ++BlankLines;
             return true;
@@ -32,8 +32,8 @@ bool CCsvImportFilter::ImportNextLine(std::uint32_t* progress) {
     }
 }
 
-bool CCsvImportFilter::IsBlankLine() {
-    return Row.Split(Settings.GetSeparatorChar(), Settings.MergeSeparators != 0);
+bool CCsvImportFilter::ReadRow() {
+    return Row.Read(SourceFile, Settings.GetSeparatorChar(), Settings.MergeSeparators != 0);
 }
 
 void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
@@ -44,18 +44,23 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
     const auto columns = Settings.GetTimestampColumns();
-    const char16_t* const text = Settings.JoinTimestampText(columns, Row.CellOf(columns.First),
-                                                            Row.CellOf(columns.Second), JoinedTimeText);
+    const char* const bytes = columns.Second == 0 ? Row.BytesOf(columns.First) : nullptr;
+    const auto text = [&] {
+        return Settings.JoinTimestampText(columns, Row.CellOf(columns.First), Row.CellOf(columns.Second),
+                                          JoinedTimeText);
+    };
     const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
     const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
-    const RowTimestamp result = MakeRowTimestamp(Settings, row, text, *TimeContext, Times);
+    const RowTimestamp result = bytes != nullptr
+                                    ? MakeRowTimestamp(Settings, row, bytes, *TimeContext, Times)
+                                    : MakeRowTimestamp(Settings, row, text(), *TimeContext, Times);
     if (!TimesOfRange.FirstStored) NoteRangeTime(result);
     if (result.Before1990) AddFileMessage(IdBefore1990);
     if (!result.Accepted) {
-        if (Guide != nullptr && Guide->IsNoRow(DropOf(result, text))) return false;
+        if (Guide != nullptr && Guide->IsNoRow(DropOf(result, text()))) return false;
         AddMessage(false, -1, false, FormatText(CsvImportModule().LoadString(IdNoTimestamp), MessageLine()));
     }
-    if (RunObserver != nullptr) TellObserver(result, text);
+    if (RunObserver != nullptr) TellObserver(result, result.Accepted ? nullptr : text());
     time = result.Time;
     return result.Accepted;
 }

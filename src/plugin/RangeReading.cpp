@@ -90,8 +90,8 @@ RangeLines CCsvImportFilter::LoadRange(std::uint64_t begin, std::optional<std::u
     RangeLines lines;
     lines.AreWhole = SourceFile.HoldsWholeLines();
     try {
-        bool isText = false;
-        while (Row.Pass(SourceFile, isText)) ++(!isText && IsBlankLine() ? lines.Blank : lines.Rows);
+        while (Row.Pass(SourceFile, Settings.GetSeparatorChar(), Settings.MergeSeparators != 0))
+            ++(Row.IsBlank() ? lines.Blank : lines.Rows);
     } catch (CFileException* error) {
         error->Delete();
     }

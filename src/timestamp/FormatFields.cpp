@@ -37,15 +37,26 @@ const char16_t* ReadBracket(const char16_t* format, FormatField& field, char16_t
     return nullptr;
 }
 
+template <class Unit>
+bool IsDecimal(Unit c) {
+    return IsDigit(static_cast<char16_t>(c));
+}
+
+template <class Unit>
+std::uint32_t DigitOf(Unit c) {
+    return static_cast<std::uint32_t>(c - '0');
+}
+
 // An exponent directly behind the digits. An "e" without digits is the exponent 0; digits beyond 32 bits are
 // cut.
-const char16_t* ReadExponent(const char16_t* value, FieldNumber& number) {
-    if (*value != u'e' && *value != u'E') return value;
+template <class Unit>
+const Unit* ReadExponent(const Unit* value, FieldNumber& number) {
+    if (*value != 'e' && *value != 'E') return value;
     ++value;
-    const bool negative = *value == u'-';
+    const bool negative = *value == '-';
     if (negative) ++value;
     std::uint32_t exponent = 0;
-    for (; IsDigit(*value); ++value) exponent = exponent * 10 + (*value - u'0');
+    for (; IsDecimal(*value); ++value) exponent = exponent * 10 + DigitOf(*value);
     number.HasExponent = true;
     number.Exponent = static_cast<std::int32_t>(negative ? 0 - exponent : exponent);
     return value;
@@ -63,16 +74,6 @@ constexpr std::array<double, WeightCount> Weights = [] {
     }
     return weights;
 }();
-
-// Digits up to `end`, or all that follow if it is null, as a fraction. Answers the place behind them.
-const char16_t* ReadFraction(const char16_t* value, const char16_t* end, double& fraction) {
-    std::size_t i = 0;
-    for (; IsDigit(*value) && value != end && i < WeightCount; ++value)
-        fraction += (*value - u'0') * Weights[i++];
-    double weight = Weights.back();
-    for (; IsDigit(*value) && value != end; ++value) fraction += (*value - u'0') * (weight /= 10.0);
-    return value;
-}
 
 }  // namespace
 
@@ -108,21 +109,37 @@ const char16_t* ReadFormatField(const char16_t* format, const FieldAlphabet& alp
     return format;
 }
 
-const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field, FieldNumber& number) {
-    if (!IsDigit(*value) && !(field.IsBracket && *value == u'-')) return nullptr;
+template <class Unit>
+const Unit* ReadFraction(const Unit* value, const Unit* end, double& fraction) {
+    std::size_t i = 0;
+    for (; IsDecimal(*value) && value != end && i < WeightCount; ++value)
+        fraction += DigitOf(*value) * Weights[i++];
+    double weight = Weights.back();
+    for (; IsDecimal(*value) && value != end; ++value) fraction += DigitOf(*value) * (weight /= 10.0);
+    return value;
+}
+
+template <class Unit>
+const Unit* ReadFieldNumber(const Unit* value, const FormatField& field, FieldNumber& number) {
+    if (!IsDecimal(*value) && !(field.IsBracket && *value == '-')) return nullptr;
     const bool isOpen = field.FixedDigits == 0;
-    if (isOpen && *value == u'-') {
+    if (isOpen && *value == '-') {
         number.Negative = true;
         ++value;
     }
-    const char16_t* const end = isOpen ? nullptr : value + field.FixedDigits;
+    const Unit* const end = isOpen ? nullptr : value + field.FixedDigits;
     if (field.Kind == FieldKind::Fraction) {
         value = ReadFraction(value, end, number.Fraction);
     } else {
         std::uint64_t integer = 0;
-        for (; IsDigit(*value) && value != end; ++value) integer = integer * 10 + (*value - u'0');
+        for (; IsDecimal(*value) && value != end; ++value) integer = integer * 10 + DigitOf(*value);
         number.Integer = static_cast<std::int64_t>(integer);
     }
     if (!isOpen) return value == end ? value : nullptr;
     return field.IsBracket || field.Kind == FieldKind::Fraction ? ReadExponent(value, number) : value;
 }
+
+template const char* ReadFieldNumber(const char*, const FormatField&, FieldNumber&);
+template const char16_t* ReadFieldNumber(const char16_t*, const FormatField&, FieldNumber&);
+template const char* ReadFraction(const char*, const char*, double&);
+template const char16_t* ReadFraction(const char16_t*, const char16_t*, double&);

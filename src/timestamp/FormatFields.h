@@ -62,5 +62,12 @@ const FieldAlphabet& GetFieldAlphabet();
 // bracket with an unknown name or without end.
 const char16_t* ReadFormatField(const char16_t* format, const FieldAlphabet& alphabet, FormatField& field);
 
+// Values are read as they stand in their line: a Unit is char in a line of ASCII, else char16_t.
+
 // Reads the field's number at `value`. Answers the place behind it, or null if there is none.
-const char16_t* ReadFieldNumber(const char16_t* value, const FormatField& field, FieldNumber& number);
+template <class Unit>
+const Unit* ReadFieldNumber(const Unit* value, const FormatField& field, FieldNumber& number);
+
+// Reads the digits at `value`, up to `end` if that isn't null, as a fraction. Answers the place behind them.
+template <class Unit>
+const Unit* ReadFraction(const Unit* value, const Unit* end, double& fraction);

@@ -33,7 +33,8 @@ std::int64_t RollOver(std::int64_t time, std::int64_t last) {
     return WrappingAdd(time, static_cast<std::int64_t>(Day + behind / Day * Day));
 }
 
-std::int64_t TextTime(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+template <class Unit>
+std::int64_t TextTime(const CCsvImportSettings& settings, std::int64_t row, const Unit* text,
                       RunTimes& times) {
     const bool hasDate = settings.DateSetting == DateFromColumn;
     if (!times.Format) times.Format.emplace(settings.TimestampFormat.c_str());
@@ -61,7 +62,8 @@ DropReason ReasonOf(const CCsvImportSettings& settings, std::int64_t time, std::
 
 }  // namespace
 
-RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+template <class Unit>
+RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const Unit* text,
                               IRelativeTimeContext& context, RunTimes& times) {
     RowTimestamp result;
     std::int64_t time = settings.TimeSetting == TimeInterval ? IntervalTime(settings, row, times)
@@ -85,3 +87,8 @@ RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t r
     }
     return result;
 }
+
+template RowTimestamp MakeRowTimestamp(const CCsvImportSettings&, std::int64_t, const char*,
+                                       IRelativeTimeContext&, RunTimes&);
+template RowTimestamp MakeRowTimestamp(const CCsvImportSettings&, std::int64_t, const char16_t*,
+                                       IRelativeTimeContext&, RunTimes&);

@@ -31,7 +31,8 @@ struct RowTimestamp {
 };
 
 // Settles the timestamp of the row with index `row` (0 for the first data row) and text `text`, after which
-// ValuePadding units are readable. The time of an accepted row becomes times.LastTime. All arithmetic wraps
-// at 64 bits.
-RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const char16_t* text,
+// ValuePadding bytes are readable. A Unit is char for a text of ASCII, else char16_t. The time of an accepted
+// row becomes times.LastTime. All arithmetic wraps at 64 bits.
+template <class Unit>
+RowTimestamp MakeRowTimestamp(const CCsvImportSettings& settings, std::int64_t row, const Unit* text,
                               IRelativeTimeContext& context, RunTimes& times);

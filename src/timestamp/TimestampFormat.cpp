@@ -21,8 +21,9 @@
 
 namespace {
 
-const char16_t* SkipWhiteSpace(const char16_t* p) {
-    while (IsWhiteSpace(*p)) ++p;
+template <class Unit>
+const Unit* SkipWhiteSpace(const Unit* p) {
+    while (IsWhiteSpace(static_cast<char16_t>(*p))) ++p;
     return p;
 }
 
@@ -33,20 +34,37 @@ bool IsOptionalTail(const char16_t* format) {
     return *SkipWhiteSpace(format) == u'\0';
 }
 
-// How many units at the start of `value` are those of `text`; as many units as ValuePadding are read behind
-// it.
-std::size_t CommonLength(const char16_t* value, const std::u16string& text) {
-    constexpr std::size_t Units = ValuePadding + 1;
+constexpr std::size_t BytesPerStep = ValuePadding + 1;
+
+bool AreSame(const void* a, const void* b) {
+    std::uint64_t first = 0;
+    std::uint64_t second = 0;
+    std::memcpy(&first, a, BytesPerStep);
+    std::memcpy(&second, b, BytesPerStep);
+    return first == second;
+}
+
+// How many units at the start of `value` are those of `text`; up to ValuePadding bytes behind it are read.
+template <class Unit>
+std::size_t CommonLength(const Unit* value, const std::basic_string<Unit>& text) {
+    constexpr std::size_t Units = BytesPerStep / sizeof(Unit);
     std::size_t at = 0;
-    for (; at + Units <= text.size(); at += Units) {
-        std::uint64_t own = 0;
-        std::uint64_t kept = 0;
-        std::memcpy(&own, value + at, sizeof own);
-        std::memcpy(&kept, text.data() + at, sizeof kept);
-        if (own != kept) break;
-    }
+    while (at + Units <= text.size() && AreSame(value + at, text.data() + at)) at += Units;
     while (at < text.size() && value[at] == text[at]) ++at;
     return at;
+}
+
+// True if `value` begins with the text, which has no zeros. The last step overlaps the one before: what is
+// read behind a value that ends early is the same few bytes.
+template <class Unit>
+bool BeginsWith(const Unit* value, const std::basic_string<Unit>& text) {
+    constexpr std::size_t Units = BytesPerStep / sizeof(Unit);
+    if (text.size() < Units) return CommonLength(value, text) == text.size();
+    for (std::size_t at = 0; at + Units < text.size(); at += Units) {
+        if (!AreSame(value + at, text.data() + at)) return false;
+    }
+    const std::size_t last = text.size() - Units;
+    return AreSame(value + last, text.data() + last);
 }
 
 }  // namespace
@@ -68,47 +86,83 @@ TimestampFormat::TimestampFormat(const char16_t* format, const FieldAlphabet& al
             if (format == nullptr) step.Field = {};
             if (step.IsField() && !Steps.empty() && !Steps.back().IsField()) {
                 const bool isFraction = step.Field.Kind == FieldKind::Fraction;
-                (isFraction ? FractionMark : WholeMark).Step = Steps.size();
-                if (!isFraction) FractionMark.Step = 0;
+                (isFraction ? FractionStep : WholeStep) = Steps.size();
+                if (!isFraction) FractionStep = 0;
             }
         }
         Steps.push_back(step);
     }
+    EndsWithFraction =
+        FractionStep != 0 && FractionStep + 1 == Steps.size() && Steps.back().Field.FixedDigits == 0;
 }
 
-std::int64_t TimestampFormat::Read(const char16_t* value, bool hasDate) {
+template <>
+TimestampFormat::Memory<char>& TimestampFormat::MemoryOf() {
+    return InBytes;
+}
+
+template <>
+TimestampFormat::Memory<char16_t>& TimestampFormat::MemoryOf() {
+    return InUnits;
+}
+
+template <class Unit>
+std::int64_t TimestampFormat::Read(const Unit* value, bool hasDate) {
+    std::int64_t time = NoTimestamp;
+    if (ReadFractionAlone(value, hasDate, time)) return time;
     value = SkipWhiteSpace(value);
-    const char16_t* const text = value;
-    const std::size_t common = CommonLength(value, KeptText);
+    const Unit* const text = value;
+    const Memory<Unit>& memory = MemoryOf<Unit>();
+    const std::size_t common = CommonLength(value, memory.Text);
+    const auto goOnAt = [&](const Mark& mark) {
+        if (mark.Length == 0 || mark.Length > common) return false;
+        value = SkipWhiteSpace(value + mark.Length);
+        return true;
+    };
     std::size_t firstStep = 0;
     TimestampParts parts;
-    for (const Mark* mark : {&FractionMark, &WholeMark}) {
-        if (mark->Length == 0 || mark->Length > common) continue;
-        value = SkipWhiteSpace(value + mark->Length);
-        firstStep = mark->Step;
-        parts = mark->Parts;
-        break;
+    if (goOnAt(memory.Fraction)) {
+        firstStep = FractionStep;
+        parts = memory.Fraction.Parts;
+    } else if (goOnAt(memory.Whole)) {
+        firstStep = WholeStep;
+        parts = memory.Whole.Parts;
     }
     value = MatchSteps(firstStep, text, value, parts);
-    if (value == nullptr || *SkipWhiteSpace(value) != u'\0') return NoTimestamp;
-    if (!hasDate) return parts.TimePart();
-    const std::int64_t midnight = Midnight(parts);
-    return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, parts.TimePart());
+    if (value == nullptr || *SkipWhiteSpace(value) != 0) return NoTimestamp;
+    return TimeOf(parts, parts.TimePart(), hasDate);
 }
 
-const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_t* text,
-                                            const char16_t* value, TimestampParts& parts) {
+template <class Unit>
+bool TimestampFormat::ReadFractionAlone(const Unit* value, bool hasDate, std::int64_t& time) {
+    const Memory<Unit>& memory = MemoryOf<Unit>();
+    if (!EndsWithFraction || memory.Fraction.Length == 0 || !BeginsWith(value, memory.Text)) return false;
+    const Unit* const digits = value + memory.Fraction.Length;
+    double fraction = 0;
+    const Unit* const end = ReadFraction<Unit>(digits, nullptr, fraction);
+    if (end == digits || *end != 0) return false;
+    const TimestampParts& parts = memory.Fraction.Parts;
+    const std::int64_t subSecond = WrappingAdd(parts.SubSecond, DoubleToInt64(fraction * parts.Unit));
+    time = TimeOf(parts, parts.TimePart(subSecond), hasDate);
+    return true;
+}
+
+template <class Unit>
+const Unit* TimestampFormat::MatchSteps(std::size_t firstStep, const Unit* text, const Unit* value,
+                                        TimestampParts& parts) {
+    const auto isSpace = [](auto c) { return IsWhiteSpace(static_cast<char16_t>(c)); };
     for (std::size_t i = firstStep; i < Steps.size(); ++i) {
         const Step& step = Steps[i];
-        if (*value == u'\0') return step.MayEnd ? value : nullptr;
+        if (*value == 0) return step.MayEnd ? value : nullptr;
         if (!step.IsField()) {
-            if (step.Literal != *value && !(IsWhiteSpace(step.Literal) && IsWhiteSpace(*value)))
-                return nullptr;
+            const bool isSame = step.Literal == static_cast<char16_t>(*value);
+            if (!isSame && !(isSpace(step.Literal) && isSpace(*value))) return nullptr;
             value = SkipWhiteSpace(value + 1);
             continue;
         }
-        if (i != firstStep && i == WholeMark.Step) Keep(WholeMark, text, value, parts);
-        if (i != firstStep && i == FractionMark.Step) Keep(FractionMark, text, value, parts);
+        Memory<Unit>& memory = MemoryOf<Unit>();
+        if (i != firstStep && i == WholeStep) Keep(memory.Whole, text, value, parts);
+        if (i != firstStep && i == FractionStep) Keep(memory.Fraction, text, value, parts);
         FieldNumber number;
         value = ReadFieldNumber(value, step.Field, number);
         if (value == nullptr) return nullptr;
@@ -117,14 +171,24 @@ const char16_t* TimestampFormat::MatchSteps(std::size_t firstStep, const char16_
     return value;
 }
 
-void TimestampFormat::Keep(Mark& mark, const char16_t* text, const char16_t* value,
-                           const TimestampParts& parts) {
+template <class Unit>
+void TimestampFormat::Keep(Mark& mark, const Unit* text, const Unit* value, const TimestampParts& parts) {
+    Memory<Unit>& memory = MemoryOf<Unit>();
     // The mark behind this one belongs to a text that is gone.
-    if (&mark == &WholeMark) FractionMark.Length = 0;
-    KeptText.assign(text, value);
-    mark.Length = KeptText.size();
+    if (&mark == &memory.Whole) memory.Fraction.Length = 0;
+    memory.Text.assign(text, value);
+    mark.Length = memory.Text.size();
     mark.Parts = parts;
 }
+
+std::int64_t TimestampFormat::TimeOf(const TimestampParts& date, std::int64_t timePart, bool hasDate) {
+    if (!hasDate) return timePart;
+    const std::int64_t midnight = Midnight(date);
+    return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, timePart);
+}
+
+template std::int64_t TimestampFormat::Read(const char*, bool);
+template std::int64_t TimestampFormat::Read(const char16_t*, bool);
 
 std::int64_t TimestampFormat::Midnight(const TimestampParts& parts) {
     if (parts.Day != KnownDay.Day || parts.Month != KnownDay.Month || parts.Year != KnownDay.Year) {

@@ -9,8 +9,8 @@
 #include "timestamp/FormatFields.h"
 #include "timestamp/TimestampParts.h"
 
-// Units that must be readable behind a value, see TimestampFormat::Read.
-constexpr std::size_t ValuePadding = 3;
+// Bytes that must be readable behind a value, see TimestampFormat::Read.
+constexpr std::size_t ValuePadding = 7;
 
 // Marks a failure in place of a timestamp.
 constexpr std::int64_t NoTimestamp = -1;
@@ -25,9 +25,10 @@ class TimestampFormat {
     // negative. NoTimestamp if format and value don't match, or the date doesn't exist or lies outside 1970
     // to 2115; a time part of exactly -1 ns can't be told from that. Raises nothing. Rows of a file share
     // most of their text: what a value has in common with the one before is not read again. For that its text
-    // is compared in steps, and from the second value on ValuePadding units must be readable behind the
-    // terminating zero.
-    std::int64_t Read(const char16_t* value, bool hasDate);
+    // is compared in steps, and from the second value on ValuePadding bytes must be readable behind the
+    // terminating zero. A Unit is char for a value of ASCII, else char16_t.
+    template <class Unit>
+    std::int64_t Read(const Unit* value, bool hasDate);
 
   private:
     // One item of the format: a field, or else a literal.
@@ -39,28 +40,48 @@ class TimestampFormat {
         bool MayEnd = false;  // a value may end before this step
     };
 
-    // A field behind a literal, up to which the value before has been read.
+    // How far the value before has been read up to a field.
     struct Mark {
-        std::size_t Step = 0;    // the field's; 0 for no mark
         std::size_t Length = 0;  // of the text before it, white space included; 0 if no value got so far
         TimestampParts Parts;    // what that text said
     };
 
+    // What is remembered of the value before: its text up to the last mark, and both marks.
+    template <class Unit>
+    struct Memory {
+        std::basic_string<Unit> Text;
+        Mark Whole, Fraction;
+    };
+    template <class Unit>
+    Memory<Unit>& MemoryOf();
+
+    // Reads a value that differs from the one before in the digits of its fraction alone, as most do in a
+    // table of many rows a second; false if it isn't one.
+    template <class Unit>
+    bool ReadFractionAlone(const Unit* value, bool hasDate, std::int64_t& time);
+
     // Walks the steps from `firstStep` on over the value, whose text begins at `text`. The place behind what
     // was read, or null for a mismatch.
-    const char16_t* MatchSteps(std::size_t firstStep, const char16_t* text, const char16_t* value,
-                               TimestampParts& parts);
+    template <class Unit>
+    const Unit* MatchSteps(std::size_t firstStep, const Unit* text, const Unit* value, TimestampParts& parts);
 
     // Remembers how far a value has been read.
-    void Keep(Mark& mark, const char16_t* text, const char16_t* value, const TimestampParts& parts);
+    template <class Unit>
+    void Keep(Mark& mark, const Unit* text, const Unit* value, const TimestampParts& parts);
+
+    // The date and a time part together.
+    std::int64_t TimeOf(const TimestampParts& date, std::int64_t timePart, bool hasDate);
 
     // The date part, from memory while the date stays.
     std::int64_t Midnight(const TimestampParts& parts);
 
     std::vector<Step> Steps;
-    // At the last field that isn't a fraction, and at a fraction behind it: many rows share their second.
-    Mark WholeMark, FractionMark;
-    std::u16string KeptText;  // of the value before, up to its last mark
+    // The last field behind a literal that isn't a fraction, and a fraction behind it, among the steps; 0 for
+    // none. Marks are there: many rows share their second.
+    std::size_t WholeStep = 0, FractionStep = 0;
+    bool EndsWithFraction = false;  // of any number of digits, at FractionStep
+    Memory<char> InBytes;
+    Memory<char16_t> InUnits;
     TimestampParts KnownDay;
     std::int64_t KnownMidnight = NoTimestamp;
 };

@@ -24,7 +24,8 @@ void DecodeLine(std::string_view bytes, std::u16string& line) {
     if (!DecodeUtf8(bytes, line)) DecodeWindows1252(bytes, line);
 }
 
-LineReader::LineReader(CFile& file) : File(file), Buffer(BlockSize) {
+LineReader::LineReader(CFile& file) : File(file) {
+    Resize(BlockSize);
     while (Filled < LineEndWindow && Fill()) {
     }
     SkipMark();
@@ -48,7 +49,7 @@ void LineReader::Restart(std::uint64_t begin, std::uint64_t end) {
 void LineReader::Hold() {
     // Room for the whole range, and for one byte of an endless one.
     const std::uint64_t size = *RangeEnd == FileEnd ? BlockSize : *RangeEnd - BufferStart;
-    if (Buffer.size() < size) Buffer.resize(static_cast<std::size_t>(size));
+    if (Capacity() < size) Resize(static_cast<std::size_t>(size));
     try {
         while (Fill()) {
         }
@@ -66,7 +67,7 @@ bool LineReader::HoldsWholeLines() const {
 
 std::size_t LineReader::ReadMore() {
     char* const free = Buffer.data() + Filled;
-    const std::size_t room = Buffer.size() - Filled;
+    const std::size_t room = Capacity() - Filled;
     if (!RangeEnd) return File.Read(free, room);
     const std::uint64_t from = BufferStart + Filled;
     return File.ReadAt(from, free, static_cast<std::size_t>(std::min<std::uint64_t>(room, *RangeEnd - from)));
@@ -85,7 +86,7 @@ bool LineReader::Fill() {
         Filled -= LineStart;
         LineStart = 0;
     }
-    if (Filled == Buffer.size()) Buffer.resize(std::max(Buffer.size() * 2, LeastBuffer));
+    if (Filled == Capacity()) Resize(std::max(Capacity() * 2, LeastBuffer));
     const std::size_t count = ReadMore();
     Filled += count;
     AtEnd = count == 0;
@@ -173,11 +174,9 @@ bool LineReader::NextInBuffer(std::string_view& bytes) {
     return true;
 }
 
-bool LineReader::NextBytes(std::string& line) {
-    std::string_view bytes;
-    if (!NextInBuffer(bytes)) return false;
-    line.assign(bytes);
-    return true;
+std::string_view LineReader::Held() const {
+    if (Encoding != Form::Bytes || ReturnEndsLine) return {};
+    return {Buffer.data() + LineStart, Filled - LineStart};
 }
 
 bool LineReader::Next(std::u16string& line) {

@@ -22,6 +22,8 @@ class LineReader {
     // A position that no file reaches.
     static constexpr std::uint64_t FileEnd = ~std::uint64_t{0};
 
+    static constexpr std::size_t HeldPadding = 64;
+
     // Reads ahead far enough to know the encoding and the line ends. The file stands at its start and must
     // outlive the reader.
     explicit LineReader(CFile& file);
@@ -46,9 +48,12 @@ class LineReader {
     // The next line, or false at the end of the file. Raises what the file raises.
     bool Next(std::u16string& line);
 
-    // The next line as the bytes that Next would decode, if it is held and made of bytes and a line feed, as
-    // nearly all lines are. False says nothing.
-    bool NextBytes(std::string& line);
+    // The bytes that are held from the next line on, if a line feed ends lines of bytes, as in nearly all
+    // files; else none. HeldPadding more are readable behind them, without meaning.
+    std::string_view Held() const;
+
+    // Goes on behind `count` of these bytes, whole lines.
+    void PassHeld(std::size_t count) { LineStart += count; }
 
     // Passes over the next line as Next does. `line` is filled only if the line doesn't begin with a
     // printable character of ASCII other than a space, as nearly all lines do; else `isText`.
@@ -81,6 +86,10 @@ class LineReader {
     // nothing.
     bool PassTextInBuffer();
 
+    // Makes room for so many bytes.
+    void Resize(std::size_t capacity) { Buffer.resize(capacity + HeldPadding); }
+    std::size_t Capacity() const { return Buffer.size() - HeldPadding; }
+
     // Reads another block behind the bytes held; false at the end of the file.
     bool Fill();
     std::size_t ReadMore();
@@ -98,13 +107,13 @@ class LineReader {
     void Decode(std::size_t begin, std::size_t end, std::u16string& line) const;
 
     CFile& File;
-    std::vector<char> Buffer;
-    std::size_t Filled = 0;                 // bytes held in Buffer
-    std::size_t LineStart = 0;              // where the next line starts in Buffer
-    std::uint64_t BufferStart = 0;          // position in the file of the first byte held
-    bool AtEnd = false;                     // the file has no more bytes
-    std::optional<std::uint64_t> RangeEnd;  // of a reader of a range
-    std::optional<CFileException> Failure;  // of a range that is held, behind its bytes
+    std::vector<char> Buffer = std::vector<char>(HeldPadding);  // never without it behind the room
+    std::size_t Filled = 0;                                     // bytes held in Buffer
+    std::size_t LineStart = 0;                                  // where the next line starts in Buffer
+    std::uint64_t BufferStart = 0;                              // position in the file of the first byte held
+    bool AtEnd = false;                                         // the file has no more bytes
+    std::optional<std::uint64_t> RangeEnd;                      // of a reader of a range
+    std::optional<CFileException> Failure;                      // of a range that is held, behind its bytes
     bool ReturnEndsLine = false;
     Form Encoding = Form::Bytes;
 };

@@ -26,12 +26,13 @@ bool CStdioFileEx::ReadString(std::u16string& line) {
     return Reader->Next(line);
 }
 
-bool CStdioFileEx::ReadBytes(std::string& line) {
-    return Reader && Reader->NextBytes(line);
+std::string_view CStdioFileEx::GetHeldBytes() const {
+    static_assert(HeldPadding == LineReader::HeldPadding);
+    return Reader ? Reader->Held() : std::string_view();
 }
 
-void CStdioFileEx::DecodeBytes(const std::string& bytes, std::u16string& line) {
-    DecodeLine(bytes, line);
+void CStdioFileEx::PassHeldBytes(std::size_t count) {
+    Reader->PassHeld(count);
 }
 
 std::optional<std::uint64_t> CStdioFileEx::FindLineStart(std::uint64_t from) {

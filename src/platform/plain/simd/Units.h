@@ -69,13 +69,12 @@ inline UnitMasks FindUnits(const char16_t* text, char16_t separator) {
             MaskOf(text, [](char16_t c) { return c <= u'\r'; })};
 }
 
-// The same of UnitsPerMask bytes; false if they are not all ASCII, with `masks` then without meaning.
-inline bool FindBytes(const char* text, char separator, UnitMasks& masks) {
-    const auto isBeyond = [](char c) { return static_cast<unsigned char>(c) > 0x7F; };
-    if (MaskOf(text, isBeyond) != 0) return false;
-    masks = {MaskOf(text, [separator](char c) { return c == separator; }),
-             MaskOf(text, [](char c) { return c == '"'; }), MaskOf(text, [](char c) { return c <= '\r'; })};
-    return true;
+// Copies UnitsPerMask bytes and finds the same in them. Those beyond ASCII count as low.
+inline UnitMasks CopyBytes(const char* text, char separator, char* copy) {
+    std::memcpy(copy, text, UnitsPerMask);
+    return {MaskOf(text, [separator](char c) { return c == separator; }),
+            MaskOf(text, [](char c) { return c == '"'; }),
+            MaskOf(text, [](char c) { return static_cast<signed char>(c) <= '\r'; })};
 }
 
 }  // namespace simd

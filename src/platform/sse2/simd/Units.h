@@ -108,21 +108,20 @@ inline UnitMasks FindUnits(const char16_t* text, char16_t separator) {
     return masks;
 }
 
-// The same of UnitsPerMask bytes; false if they are not all ASCII, with `masks` then without meaning.
-inline bool FindBytes(const char* text, char separator, UnitMasks& masks) {
-    masks = {};
-    __m128i all = _mm_setzero_si128();
+// Copies UnitsPerMask bytes and finds the same in them. Those beyond ASCII count as low.
+inline UnitMasks CopyBytes(const char* text, char separator, char* copy) {
+    UnitMasks masks;
     for (std::size_t at = 0; at < UnitsPerMask; at += BytesPerBlock) {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + at));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(copy + at), bytes);
         const auto maskOf = [at](__m128i where) -> std::uint64_t {
             return std::uint64_t{static_cast<unsigned>(_mm_movemask_epi8(where))} << at;
         };
-        all = _mm_or_si128(all, bytes);
         masks.Separators |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(separator)));
         masks.Quotes |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')));
         masks.Low |= maskOf(_mm_cmplt_epi8(bytes, _mm_set1_epi8('\r' + 1)));
     }
-    return _mm_movemask_epi8(all) == 0;
+    return masks;
 }
 
 }  // namespace simd
