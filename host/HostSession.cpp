@@ -71,7 +71,6 @@ store::SampleOrigin HostSession::Origin() const {
 }
 
 bool HostSession::CollectMessages(std::uint64_t line, RunResult& result) {
-    if (!ImportFilter->HasMessages()) return false;
     bool anyFailure = false;
     for (ImportMessage& message : ImportFilter->TakeMessages()) {
         anyFailure |= message.Failure;
@@ -174,7 +173,8 @@ std::optional<RunEnd> HostSession::End() const {
 
 bool HostSession::ReadLines(RunResult& result, std::uint64_t mostLines) {
     constexpr std::uint64_t LinesPerLook = 64;
-    std::uint32_t progress = result.Progress.empty() ? NoProgress : result.Progress.back();
+    std::uint32_t noted = result.Progress.empty() ? NoProgress : result.Progress.back();
+    std::uint32_t progress = noted;
     const IRangeReading* const reading = StopAt ? ImportFilter->Find<IRangeReading>() : nullptr;
     while (result.Lines < mostLines) {
         if (reading != nullptr && reading->GetOffset() >= *StopAt) return false;
@@ -184,8 +184,9 @@ bool HostSession::ReadLines(RunResult& result, std::uint64_t mostLines) {
             return false;
         }
         const bool more = ImportFilter->ImportNextLine(&progress);
-        const bool anyFailure = CollectMessages(FirstDataLine + result.Lines, result);
-        NoteProgress(progress, result);
+        const bool anyFailure =
+            ImportFilter->HasMessages() && CollectMessages(FirstDataLine + result.Lines, result);
+        if (progress != noted) NoteProgress(noted = progress, result);
         if (!more) {
             // Only a read error ends the run with a failure; the end of the file adds no message.
             result.Failed = anyFailure;

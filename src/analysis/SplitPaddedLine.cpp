@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "analysis/SplitLine.h"
 #include "simd/Units.h"
@@ -27,7 +28,7 @@ bool FindEnd(const Unit* step, const simd::UnitMasks& masks, Found& found) {
     // Not above the carriage return stand the ends, the tab and what hardly occurs.
     found = {masks.Separators, masks.Quotes, masks.Low & ~masks.Separators};
     for (; found.End != 0; found.End &= found.End - 1) {
-        const auto unit = static_cast<char16_t>(step[std::countr_zero(found.End)]);
+        const auto unit = static_cast<char16_t>(step[static_cast<unsigned>(std::countr_zero(found.End))]);
         if (EndsLine(unit)) break;
         if (unit > u'\x7F') return false;
     }
@@ -82,7 +83,7 @@ std::size_t ListPlaces(Unit* step, std::uint64_t found, Unit** places) {
     const std::size_t count = CountBits(found);
     for (std::size_t listed = 0; listed < count; listed += ListedAtOnce) {
         for (std::size_t i = 0; i < ListedAtOnce; ++i) {
-            places[listed + i] = step + std::countr_zero(found | Last);
+            places[listed + i] = step + static_cast<unsigned>(std::countr_zero(found | Last));
             found &= found - 1;
         }
     }
@@ -172,10 +173,13 @@ std::size_t SplitHeldLine(std::string_view held, char16_t separator, bool merge,
             return 0;
         AddPlaces(step, found, quotes, cells);
         if (found.End == 0) continue;
-        const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(found.End));
+        const std::size_t end = at + static_cast<unsigned>(std::countr_zero(found.End));
         const std::size_t length = LengthOfEnd(held, end);
-        if (length != 0) MakeCells(copy.data(), merge, quotes.AnyDoubled(), cells);
-        return length == 0 ? 0 : end + length;
+        if (length == 0) return 0;
+        // What was copied of the next line may be beyond ASCII, and those who read cells read on.
+        std::memset(copy.data() + end, 0, LinePadding);
+        MakeCells(copy.data(), merge, quotes.AnyDoubled(), cells);
+        return end + length;
     }
     return 0;
 }

@@ -130,20 +130,26 @@ std::int64_t TimestampFormat::Read(const Unit* value, bool hasDate) {
     }
     value = MatchSteps(firstStep, text, value, parts);
     if (value == nullptr || *SkipWhiteSpace(value) != 0) return NoTimestamp;
-    return TimeOf(parts, parts.TimePart(), hasDate);
+    return TimeOf(parts, hasDate);
 }
 
 template <class Unit>
 bool TimestampFormat::ReadFractionAlone(const Unit* value, bool hasDate, std::int64_t& time) {
-    const Memory<Unit>& memory = MemoryOf<Unit>();
+    Memory<Unit>& memory = MemoryOf<Unit>();
     if (!EndsWithFraction || memory.Fraction.Length == 0 || !BeginsWith(value, memory.Text)) return false;
     const Unit* const digits = value + memory.Fraction.Length;
     double fraction = 0;
     const Unit* const end = ReadFraction<Unit>(digits, nullptr, fraction);
     if (end == digits || *end != 0) return false;
     const TimestampParts& parts = memory.Fraction.Parts;
-    const std::int64_t subSecond = WrappingAdd(parts.SubSecond, DoubleToInt64(fraction * parts.Unit));
-    time = TimeOf(parts, parts.TimePart(subSecond), hasDate);
+    std::optional<std::int64_t>& base = memory.FractionBase[hasDate];
+    if (!base) {
+        const std::int64_t whole = TimeOf(parts, hasDate);
+        // An exponent multiplies the fraction too.
+        if (whole == NoTimestamp || parts.Exponent != 0) return false;
+        base = whole;
+    }
+    time = WrappingAdd(*base, WrappingMultiply(DoubleToInt64(fraction * parts.Unit), parts.Sign));
     return true;
 }
 
@@ -176,15 +182,17 @@ void TimestampFormat::Keep(Mark& mark, const Unit* text, const Unit* value, cons
     Memory<Unit>& memory = MemoryOf<Unit>();
     // The mark behind this one belongs to a text that is gone.
     if (&mark == &memory.Whole) memory.Fraction.Length = 0;
+    memory.FractionBase[0].reset();
+    memory.FractionBase[1].reset();
     memory.Text.assign(text, value);
     mark.Length = memory.Text.size();
     mark.Parts = parts;
 }
 
-std::int64_t TimestampFormat::TimeOf(const TimestampParts& date, std::int64_t timePart, bool hasDate) {
-    if (!hasDate) return timePart;
-    const std::int64_t midnight = Midnight(date);
-    return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, timePart);
+std::int64_t TimestampFormat::TimeOf(const TimestampParts& parts, bool hasDate) {
+    if (!hasDate) return parts.TimePart();
+    const std::int64_t midnight = Midnight(parts);
+    return midnight == NoTimestamp ? NoTimestamp : WrappingAdd(midnight, parts.TimePart());
 }
 
 template std::int64_t TimestampFormat::Read(const char*, bool);

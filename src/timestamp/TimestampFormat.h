@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,11 +47,13 @@ class TimestampFormat {
         TimestampParts Parts;    // what that text said
     };
 
-    // What is remembered of the value before: its text up to the last mark, and both marks.
+    // What is remembered of the value before: its text up to the last mark, both marks, and the times without
+    // and with a date at the second one, as far as they have been wanted.
     template <class Unit>
     struct Memory {
         std::basic_string<Unit> Text;
         Mark Whole, Fraction;
+        std::optional<std::int64_t> FractionBase[2];
     };
     template <class Unit>
     Memory<Unit>& MemoryOf();
@@ -69,8 +72,8 @@ class TimestampFormat {
     template <class Unit>
     void Keep(Mark& mark, const Unit* text, const Unit* value, const TimestampParts& parts);
 
-    // The date and a time part together.
-    std::int64_t TimeOf(const TimestampParts& date, std::int64_t timePart, bool hasDate);
+    // The time that the parts make.
+    std::int64_t TimeOf(const TimestampParts& parts, bool hasDate);
 
     // The date part, from memory while the date stays.
     std::int64_t Midnight(const TimestampParts& parts);

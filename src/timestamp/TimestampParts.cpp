@@ -66,10 +66,10 @@ void TimestampParts::Store(FieldKind kind, const FieldNumber& number) {
     if (number.HasExponent) Exponent = number.Exponent;
 }
 
-std::int64_t TimestampParts::TimePart(std::int64_t subSecond) const {
+std::int64_t TimestampParts::TimePart() const {
     const std::int64_t seconds = (std::int64_t{Hours} * 60 + Minutes) * 60 + Seconds;
     const std::int64_t time =
-        WrappingMultiply(WrappingAdd(WrappingMultiply(seconds, 1'000'000'000), subSecond), Sign);
+        WrappingMultiply(WrappingAdd(WrappingMultiply(seconds, 1'000'000'000), SubSecond), Sign);
     if (Exponent == 0) return time;
     return DoubleToInt64(static_cast<double>(time) * std::pow(10.0, Exponent));
 }

@@ -18,10 +18,7 @@ struct TimestampParts {
     void Store(FieldKind kind, const FieldNumber& number);
 
     // Hours to nanoseconds with sign and exponent, in nanoseconds.
-    std::int64_t TimePart() const { return TimePart(SubSecond); }
-
-    // The same with another SubSecond.
-    std::int64_t TimePart(std::int64_t subSecond) const;
+    std::int64_t TimePart() const;
 
     // The local midnight of the date in nanoseconds since 1970. NoTimestamp if the date is missing, doesn't
     // exist or lies outside 1970 to 2115.

@@ -1,5 +1,6 @@
 #include "analysis/SplitLine.h"
 
+#include <algorithm>
 #include <random>
 
 #include "analysis/SplitPaddedLine.h"
@@ -25,15 +26,21 @@ Texts SplitPadded(std::u16string line, char16_t separator, bool merge) {
     return Texts(cells.begin(), cells.end());
 }
 
-// The same of a line in bytes, which one of ASCII can be.
-Texts SplitBytes(const std::u16string& line, char16_t separator, bool merge) {
-    std::string bytes = Utf16ToUtf8(line);
-    bytes.append(LinePadding, '\0');
+// The same of a line in bytes that is held, with a line beyond ASCII behind it. What can't be cut so is cut
+// as above. `copy` is that of lines before.
+Texts SplitHeld(const std::u16string& line, char16_t separator, bool merge, std::vector<char>& copy) {
+    const std::string bytes = Utf16ToUtf8(line) + (line.size() % 2 == 0 ? "\n" : "\r\n");
+    const std::string held = bytes + "\xC3\xBC" + std::string(LinePadding, '\n');
     ByteCellList cells{nullptr, nullptr};
-    if (!SplitPaddedBytes(bytes.data(), separator, merge, cells)) {
-        EXPECT_TRUE(bytes.size() != line.size() + LinePadding || EndsLine(separator) || separator > 0x7F);
-        return Split(line, separator, merge);
-    }
+    const std::size_t length =
+        SplitHeldLine({held.data(), held.size() - LinePadding}, separator, merge, copy, cells);
+    const std::size_t end = bytes.find_first_of(std::string_view("\0\r\n", 3));
+    const bool isPlain = std::all_of(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    const std::size_t lengthOfEnd = bytes[end] == '\n' ? 1 : bytes.substr(end, 2) == "\r\n" ? 2 : 0;
+    const bool canBeCut = isPlain && lengthOfEnd != 0 && !EndsLine(separator) && separator < 0x80;
+    EXPECT_EQ(length, canBeCut ? end + lengthOfEnd : 0) << bytes;
+    if (length == 0) return Split(line, separator, merge);
     Texts texts;
     for (const char* const cell : cells) texts.push_back(Utf8ToUtf16(cell));
     return texts;
@@ -73,12 +80,13 @@ TEST(SplitLine, TakesAnySeparator) {
 
 // Compares all lines up to a length that `line` is the beginning of.
 void CompareFrom(const std::u16string& line) {
+    static std::vector<char> copy;
     for (const bool merge : {false, true}) {
         for (const char16_t separator : {u';', u' '}) {
             const Texts expected = WalkCells(line, separator, merge);
             if (Split(line, separator, merge) == expected &&
                 SplitPadded(line, separator, merge) == expected &&
-                SplitBytes(line, separator, merge) == expected)
+                SplitHeld(line, separator, merge, copy) == expected)
                 continue;
             ADD_FAILURE() << '[' << Utf16ToUtf8(line) << "] at " << int{separator} << ", merge " << merge;
         }
@@ -115,6 +123,7 @@ std::u16string RandomText(std::minstd_rand& random) {
 // Lines longer than a step, whose cells, quotes and ends fall on every place of one.
 TEST(SplitLine, GivesTheSameInSteps) {
     std::minstd_rand random(5);
+    std::vector<char> copy;
     for (int i = 0; i < 30'000; ++i) {
         std::u16string line = i % 3 == 0 ? RandomRow(random) : RandomText(random);
         if (random() % 8 == 0) line.insert(random() % (line.size() + 1), 1, u"\n\r\0"[random() % 3]);
@@ -122,7 +131,25 @@ TEST(SplitLine, GivesTheSameInSteps) {
             const bool merge = i % 2 != 0;
             const Texts expected = Split(line, separator, merge);
             ASSERT_EQ(SplitPadded(line, separator, merge), expected) << Utf16ToUtf8(line);
-            ASSERT_EQ(SplitBytes(line, separator, merge), expected) << Utf16ToUtf8(line);
+            ASSERT_EQ(SplitHeld(line, separator, merge, copy), expected) << Utf16ToUtf8(line);
+        }
+    }
+}
+
+// What is behind the held bytes, line ends among it, is not theirs.
+TEST(SplitLine, LeavesALineAloneThatIsNotHeldWhole) {
+    for (const std::string end : {"\n", "\r\n"}) {
+        for (const std::size_t cellsLength : {0, 5, 63, 64, 200}) {
+            const std::string line = std::string(cellsLength, ';') + end;
+            const std::string held = line + std::string(LinePadding, '\n');
+            std::vector<char> copy;
+            ByteCellList cells;
+            for (std::size_t count = 0; count <= line.size(); ++count) {
+                const std::size_t expected = count == line.size() ? count : 0;
+                EXPECT_EQ(SplitHeldLine({held.data(), count}, u';', false, copy, cells), expected)
+                    << count << " bytes of " << line.size();
+            }
+            EXPECT_EQ(cells.size(), cellsLength + 1);
         }
     }
 }

@@ -47,10 +47,8 @@ void CheckShortWay(std::u16string text) {
 void ReadRow(RowCells& row, const std::u16string& text, bool inBytes) {
     constexpr std::u16string_view Separators = u";\t|!";
     const std::size_t unused = Separators.find_first_not_of(text.substr(0, 1));
-    MemoryFile wide{std::u16string_view(text)};
-    MemoryFile narrow(Utf16ToUtf8(text));
-    row.Read(inBytes ? narrow : wide);
-    row.Split(Separators[unused], false);
+    MemoryFile file(text, inBytes);
+    row.Read(file, Separators[unused], false);
 }
 
 void CheckTypes(const std::u16string& text) {

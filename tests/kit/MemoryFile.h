@@ -1,28 +1,29 @@
 // A text file for the analysis that needs no disk.
 #pragma once
 
-#include <optional>
-#include <utility>
-
 #include "contract/StdioFileEx.h"
+#include "platform/framework/Text.h"
 
 class MemoryFile : public CStdioFileEx {
   public:
-    explicit MemoryFile(std::u16string_view text) : Text(text), Rest(text) {}
+    // With `holdsBytes` each line is held in bytes too, for those who ask for it so.
+    explicit MemoryFile(std::u16string_view text, bool holdsBytes = false)
+        : Text(text), Rest(text), HoldsBytes(holdsBytes) {}
 
-    // Its first line is given in bytes too, if it is asked for so.
-    explicit MemoryFile(const std::string& bytes) : Bytes(bytes.substr(0, bytes.find('\n'))) {}
-
-    bool ReadBytes(std::string& line) override {
-        if (!Bytes) return false;
-        line = *std::exchange(Bytes, std::nullopt);
-        return true;
+    std::string_view GetHeldBytes() const override {
+        if (!HoldsBytes || Rest.empty()) return {};
+        Bytes = Utf16ToUtf8(NextLine()) + '\n';
+        const std::size_t length = Bytes.size();
+        Bytes.append(HeldPadding, '\n');
+        return std::string_view(Bytes).substr(0, length);
     }
+    void PassHeldBytes(std::size_t) override { PassLine(); }
+
     bool ReadString(std::u16string& line) override {
         ++Reads;
         if (Rest.empty()) return false;
-        line = Rest.substr(0, Rest.find(u'\n'));
-        Rest.remove_prefix(std::min(line.size() + 1, Rest.size()));
+        line = NextLine();
+        PassLine();
         return true;
     }
     void SeekToBegin(bool) override { Rest = Text; }
@@ -30,6 +31,10 @@ class MemoryFile : public CStdioFileEx {
     int Reads = 0;  // calls of ReadString so far
 
   private:
+    std::u16string_view NextLine() const { return Rest.substr(0, Rest.find(u'\n')); }
+    void PassLine() { Rest.remove_prefix(std::min(NextLine().size() + 1, Rest.size())); }
+
     std::u16string_view Text, Rest;
-    std::optional<std::string> Bytes;
+    const bool HoldsBytes;
+    mutable std::string Bytes;
 };

@@ -117,10 +117,14 @@ TEST(ParseTimestamp, ReadsARowAsIfItWereTheFirst) {
             if (place == value.size() || random() % 40 == 0) value.resize(place);
             value += random() % 8 == 0 ? u" 7" : u"";
             if (place < value.size()) value[place] = u"0123456789 .,:-eT;"[random() % 18];
-            for (const bool hasDate : {false, true})
-                ASSERT_EQ(format.Read((value + std::u16string(ValuePadding, u'\0')).c_str(), hasDate),
-                          ParseTimestamp(text, value.c_str(), hasDate))
-                    << Utf16ToUtf8(text) << " on " << Utf16ToUtf8(value);
+            const std::u16string padded = value + std::u16string(ValuePadding, u'\0');
+            const std::string bytes(padded.begin(), padded.end());
+            for (const bool hasDate : {false, true}) {
+                const std::int64_t expected = ParseTimestamp(text, value.c_str(), hasDate);
+                ASSERT_TRUE(format.Read(padded.c_str(), hasDate) == expected &&
+                            format.Read(bytes.c_str(), hasDate) == expected)
+                    << Utf16ToUtf8(text) << " on " << bytes << ", not " << expected;
+            }
         }
     }
 }

@@ -74,10 +74,10 @@ ModuleState* GetCurrentModule() {
     return currentModule;
 }
 
-AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(ModuleState& module) : Previous(currentModule) {
-    currentModule = &module;
+AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(ModuleState& module) : Current(currentModule), Previous(Current) {
+    Current = &module;
 }
 
 AFX_MAINTAIN_STATE2::~AFX_MAINTAIN_STATE2() {
-    currentModule = Previous;
+    Current = Previous;
 }

@@ -76,5 +76,6 @@ class AFX_MAINTAIN_STATE2 {
     ~AFX_MAINTAIN_STATE2();
 
   private:
+    ModuleState*& Current;  // of this thread: to look for it twice costs every line of a run
     ModuleState* const Previous;
 };

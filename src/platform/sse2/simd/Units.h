@@ -111,6 +111,7 @@ inline UnitMasks FindUnits(const char16_t* text, char16_t separator) {
 // Copies UnitsPerMask bytes and finds the same in them. Those beyond ASCII count as low.
 inline UnitMasks CopyBytes(const char* text, char separator, char* copy) {
     UnitMasks masks;
+    std::uint64_t high = 0;
     for (std::size_t at = 0; at < UnitsPerMask; at += BytesPerBlock) {
         const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text + at));
         _mm_storeu_si128(reinterpret_cast<__m128i*>(copy + at), bytes);
@@ -119,8 +120,9 @@ inline UnitMasks CopyBytes(const char* text, char separator, char* copy) {
         };
         masks.Separators |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(separator)));
         masks.Quotes |= maskOf(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')));
-        masks.Low |= maskOf(_mm_cmplt_epi8(bytes, _mm_set1_epi8('\r' + 1)));
+        high |= maskOf(_mm_cmpgt_epi8(bytes, _mm_set1_epi8('\r')));
     }
+    masks.Low = ~high;
     return masks;
 }
 
