@@ -43,14 +43,12 @@ void CCsvImportFilter::UpdateProgress(std::uint32_t* progress) {
 }
 
 bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
-    const auto columns = Settings.GetTimestampColumns();
-    const char* const bytes = columns.Second == 0 ? Row.BytesOf(columns.First) : nullptr;
+    const char* const bytes = TimeColumns.Second == 0 ? Row.BytesOf(TimeColumns.First) : nullptr;
     const auto text = [&] {
-        return Settings.JoinTimestampText(columns, Row.CellOf(columns.First), Row.CellOf(columns.Second),
-                                          JoinedTimeText);
+        return Settings.JoinTimestampText(TimeColumns, Row.CellOf(TimeColumns.First),
+                                          Row.CellOf(TimeColumns.Second), JoinedTimeText);
     };
-    const int headerLines = Settings.ImportHeader != 0 ? 1 : 0;
-    const std::int64_t row = CurrentLine - Settings.GetFirstLine() - headerLines;
+    const std::int64_t row = CurrentLine - FirstRowLine;
     const RowTimestamp result = bytes != nullptr
                                     ? MakeRowTimestamp(Settings, row, bytes, *TimeContext, Times)
                                     : MakeRowTimestamp(Settings, row, text(), *TimeContext, Times);
@@ -95,6 +93,8 @@ void CCsvImportFilter::AddRowSamples(std::int64_t time) {
 void CCsvImportFilter::SettleRun() {
     Times.Format.emplace(Settings.TimestampFormat.c_str(), Alphabet());
     Times.Correction.reset();
+    TimeColumns = Settings.GetTimestampColumns();
+    FirstRowLine = Settings.GetFirstDataLine();
     CollectSampleColumns();
     SettledFor = Settings.ChangeCount;
 }

@@ -154,7 +154,7 @@ struct Row {
 // Writes the columns from `first` on up to the first of another type, whose place it answers. One loop for a
 // type: most files have many columns of one.
 template <class Unit, bool (*Write)(SampleColumn&, Cell<Unit>&, std::int64_t), std::uint32_t Bytes>
-SampleColumn* WriteRun(SampleColumn* first, const Row<Unit>& row) {
+[[gnu::always_inline]] inline SampleColumn* WriteRun(SampleColumn* first, const Row<Unit>& row) {
     const ECsvDataType type = first->Type;
     SampleColumn* column = first;
     do {
@@ -169,19 +169,37 @@ SampleColumn* WriteRun(SampleColumn* first, const Row<Unit>& row) {
     return column;
 }
 
-// In the order of ECsvDataType, from CsvTypeBoolean to CsvTypeString. Without a value a text has no bytes.
-template <class Unit>
-constexpr SampleColumn* (*RunWriters[])(SampleColumn* first, const Row<Unit>& row) = {
-    WriteRun<Unit, WriteBoolean<Unit>, 1>,         WriteRun<Unit, WriteInteger<Unit>, 8>,
-    WriteRun<Unit, WriteIntegerWithUnit<Unit>, 8>, WriteRun<Unit, WriteHex<Unit>, 8>,
-    WriteRun<Unit, WriteFloat<Unit>, 8>,           WriteRun<Unit, WriteFloatWithUnit<Unit>, 8>,
-    WriteRun<Unit, WriteCharacter<Unit>, 2>,       WriteRun<Unit, WriteText<Unit>, 0>,
-};
-
 template <class Unit>
 void WriteRow(std::vector<SampleColumn>& columns, const Row<Unit>& row) {
     SampleColumn* column = columns.data();
-    while (column != row.End) column = RunWriters<Unit>[column->Type - CsvTypeBoolean](column, row);
+    while (column != row.End) {
+        switch (column->Type) {
+            case CsvTypeBoolean:
+                column = WriteRun<Unit, WriteBoolean<Unit>, 1>(column, row);
+                break;
+            case CsvTypeInteger:
+                column = WriteRun<Unit, WriteInteger<Unit>, 8>(column, row);
+                break;
+            case CsvTypeIntegerUnit:
+                column = WriteRun<Unit, WriteIntegerWithUnit<Unit>, 8>(column, row);
+                break;
+            case CsvTypeHex:
+                column = WriteRun<Unit, WriteHex<Unit>, 8>(column, row);
+                break;
+            case CsvTypeFloat:
+                column = WriteRun<Unit, WriteFloat<Unit>, 8>(column, row);
+                break;
+            case CsvTypeFloatUnit:
+                column = WriteRun<Unit, WriteFloatWithUnit<Unit>, 8>(column, row);
+                break;
+            case CsvTypeChar:
+                column = WriteRun<Unit, WriteCharacter<Unit>, 2>(column, row);
+                break;
+            default:
+                column = WriteRun<Unit, WriteText<Unit>, 0>(column, row);
+                break;
+        }
+    }
 }
 
 }  // namespace
