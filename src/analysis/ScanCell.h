@@ -93,17 +93,19 @@ inline bool ScanDecimal(const Unit* cell, double& value, const Unit** end) {
         if (decimals.Count == 0) return false;
         p += decimals.Count;
     }
-    int power = -scan::Decimals;
-    if (*p != 0) {
-        p = ScanExponent(p, power);
-        if (p == nullptr || power < -scan::LargestExactPower || power > scan::LargestExactPower) return false;
-    }
     const std::uint64_t joined = simd::JoinDigits(whole, decimals);
     const std::uint64_t numerator = (joined & 0xFFFFFFFF) * scan::WholePowers[whole.Count] + (joined >> 32);
-    // With both factors exact, one product or quotient is rounded correctly.
     if (numerator > scan::LargestExactInteger) return false;
-    const auto exact = static_cast<double>(static_cast<std::int64_t>(numerator));
-    const double magnitude = power < 0 ? exact / scan::ExactPowers[-power] : exact * scan::ExactPowers[power];
+    double magnitude = static_cast<double>(static_cast<std::int64_t>(numerator));
+    // With both factors exact, one product or quotient is rounded correctly.
+    if (*p == 0) [[likely]] {
+        magnitude /= scan::ExactPowers[scan::Decimals];
+    } else {
+        int power = -scan::Decimals;
+        p = ScanExponent(p, power);
+        if (p == nullptr || power < -scan::LargestExactPower || power > scan::LargestExactPower) return false;
+        magnitude = power < 0 ? magnitude / scan::ExactPowers[-power] : magnitude * scan::ExactPowers[power];
+    }
     value = scan::WithSign(magnitude, *cell == '-');
     *end = p;
     return true;
