@@ -24,14 +24,22 @@ class Cell<char16_t> {
     char16_t* const Text;
 };
 
-// Widened when that is wanted first: a parser may change what others are then told of.
+[[gnu::noinline]] char16_t* WidenCell(RowCells& row, const char* cell) {
+    return row.Widen(cell, ScanLength(cell));
+}
+
+// Kept in registers, which is why all but the widening is inlined. Widened when that is wanted first: a
+// parser may change what others are then told of.
 template <>
 class Cell<char> {
   public:
     Cell(const char* text, RowCells& row) : Text(text), Row(row) {}
     const char* operator*() const { return Text; }
-    char16_t* Wide() { return WideText != nullptr ? WideText : Wide(ScanLength(Text)); }
-    char16_t* Wide(std::size_t length) { return WideText = Row.Widen(Text, length); }
+    [[gnu::always_inline]] char16_t* Wide() {
+        if (WideText == nullptr) WideText = WidenCell(Row, Text);
+        return WideText;
+    }
+    [[gnu::always_inline]] char16_t* Wide(std::size_t length) { return WideText = Row.Widen(Text, length); }
 
   private:
     const char* const Text;
