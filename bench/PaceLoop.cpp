@@ -1,5 +1,5 @@
-// How fast the processor is at this moment: a loop of arithmetic in registers, which nothing slows down but the
-// processor's clock and whoever shares the core. Prints the milliseconds of a round, the median of seven.
+// How fast the processor is at this moment: a loop of arithmetic in registers, which nothing slows down but
+// the processor's clock and whoever shares the core. Prints the milliseconds of a round, the median of seven.
 #include <algorithm>
 #include <array>
 #include <chrono>

@@ -139,7 +139,7 @@ TEST(SplitLine, GivesTheSameInSteps) {
 // What is behind the held bytes, line ends among it, is not theirs.
 TEST(SplitLine, LeavesALineAloneThatIsNotHeldWhole) {
     for (const std::string end : {"\n", "\r\n"}) {
-        for (const std::size_t cellsLength : {0, 5, 63, 64, 200}) {
+        for (const std::size_t cellsLength : {0u, 5u, 63u, 64u, 200u}) {
             const std::string line = std::string(cellsLength, ';') + end;
             const std::string held = line + std::string(LinePadding, '\n');
             std::vector<char> copy;
