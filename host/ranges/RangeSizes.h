@@ -5,8 +5,9 @@
 #include <cstdint>
 
 namespace kelvarin::ranges {
-// The defaults take up to about 8 MiB for each thread: up to eight bytes for the value of a cell of one byte,
-// and twice the memory of lists while they grow. Tests take smaller ones.
+// The defaults take up to about 8 MiB for each range that is in memory, two for each thread: up to eight
+// bytes for the value of a cell of one byte, and twice the memory of lists while they grow. Tests take
+// smaller ones.
 struct RangeSizes {
     std::uint64_t LeastFile = std::uint64_t{32} << 20;  // bytes of a file that is read in ranges
     std::uint64_t Range = std::uint64_t{1} << 19;       // bytes

@@ -1,8 +1,14 @@
 #include "host/ranges/RangeTeam.h"
 
+#include <algorithm>
 #include <thread>
 
 namespace kelvarin::ranges {
+namespace {
+// One can be imported with while the other holds a range that can't be joined yet.
+constexpr std::size_t SeatsPerThread = 2;
+}  // namespace
+
 RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t threads)
     : Joined(run),
       Sizes(sizes),
@@ -11,63 +17,57 @@ RangeTeam::RangeTeam(const RangeRun& run, const RangeSizes& sizes, std::size_t t
       State(Head),
       Expected(Head) {
     try {
-        for (std::size_t i = 0; i < threads; ++i) AddWorker(run, sizes);
+        for (std::size_t i = 0; i < threads * SeatsPerThread; ++i) AddSeat(run, sizes);
     } catch (const std::exception&) {
         // Not enough memory for more: fewer threads need less, and without any the leader goes on alone.
     }
 }
 
-void RangeTeam::AddWorker(const RangeRun& run, const RangeSizes& sizes) {
+void RangeTeam::AddSeat(const RangeRun& run, const RangeSizes& sizes) {
     auto worker = std::make_unique<RangeWorker>(run.Module.MakeFilter(run.Leader.FilePath), run.Times,
                                                 run.Device, run.Guide, run.Cancel, sizes.MostMessages);
     if (!worker->Follow(Leader)) return;
     if (run.Observer != nullptr) worker->KeepRecord();
-    Workers.push_back(std::move(worker));
+    Seats.push_back({std::move(worker), {}});
 }
 
 RangeTeam::Outcome RangeTeam::Run() {
-    if (Workers.empty()) return Outcome::GivenUp;
+    if (Seats.empty()) return Outcome::GivenUp;
+    const auto seatsFrom = [&](std::size_t first) {
+        return std::span(Seats).subspan(first, std::min(SeatsPerThread, Seats.size() - first));
+    };
     std::vector<std::thread> threads;
     try {
-        for (std::size_t i = 1; i < Workers.size(); ++i)
-            threads.emplace_back([this, i] { Work(*Workers[i]); });
+        for (std::size_t first = SeatsPerThread; first < Seats.size(); first += SeatsPerThread)
+            threads.emplace_back([this, own = seatsFrom(first)] { Work(own); });
     } catch (const std::exception&) {
         // Those that could be started do the work.
     }
-    Work(*Workers.front());
+    Work(seatsFrom(0));
     for (std::thread& thread : threads) thread.join();
-    for (const auto& worker : Workers) Joined.Device.Keep(worker->End());
+    for (const Seat& seat : Seats) Joined.Device.Keep(seat.Worker->End());
     if (Failure) std::rethrow_exception(Failure);
     Leader.SetState(State);
     return Ended.value_or(Outcome::Done);
 }
 
-void RangeTeam::Work(RangeWorker& worker) {
+void RangeTeam::Work(std::span<Seat> own) {
     try {
-        for (std::optional<Range> range = Claim(); range && WorkOn(worker, *range); range = Claim()) {
-        }
+        for (Seat* seat = Claim(own); seat != nullptr && Import(*seat); seat = Claim(own))
+            JoinImported(*seat);
     } catch (const std::exception&) {
         // Not enough memory. Nothing of the range is joined yet, and one thread needs less.
         Stop(Outcome::GivenUp);
     }
 }
 
-bool RangeTeam::WorkOn(RangeWorker& worker, const Range& range) {
-    const RangeLines lines = worker.Load(range);
+bool RangeTeam::Import(Seat& seat) {
+    RangeWorker& worker = *seat.Worker;
+    const RangeLines lines = worker.Load(*seat.Taken);
     // Written to since the place was found: one thread reads what is there now.
     if (!lines.AreWhole) Stop(Outcome::GivenUp);
-    const std::optional<RunState> assumed = StateToAssume(worker, range, lines);
-    if (!assumed) return false;
-    if (!Import(worker, *assumed)) return false;
-    const std::optional<RunState> before = StateBefore(range);
-    if (!before) return false;
-    if (!worker.IsConfirmed(*before, Joined.Guide)) {
-        NoteRepeated();
-        worker.BeGuidedAs(Joined.Guide);
-        if (!Import(worker, *before)) return false;
-    }
-    Join(worker, range, *before);
-    return true;
+    const std::optional<RunState> assumed = StateToAssume(worker, *seat.Taken, lines);
+    return assumed && Import(worker, *assumed);
 }
 
 void RangeTeam::NoteRepeated() {
@@ -83,8 +83,19 @@ bool RangeTeam::Import(RangeWorker& worker, const RunState& from) {
     return !worker.Result().Interrupted && !worker.Result().HasTooMany;
 }
 
-std::optional<Range> RangeTeam::Claim() {
-    const std::lock_guard lock(Mutex);
+RangeTeam::Seat* RangeTeam::Claim(std::span<Seat> own) {
+    std::unique_lock lock(Mutex);
+    Seat* seat = nullptr;
+    Changed.wait(lock, [&] {
+        const auto found = std::ranges::find_if(own, [](const Seat& one) { return !one.Taken; });
+        seat = found == own.end() ? nullptr : &*found;
+        return Ended || IsLastTaken || seat != nullptr;
+    });
+    if (seat != nullptr) seat->Taken = NextRange();
+    return seat != nullptr && seat->Taken ? seat : nullptr;
+}
+
+std::optional<Range> RangeTeam::NextRange() {
     if (Ended || IsLastTaken) return std::nullopt;
     Range range{Taken, Expected.Offset, {}};
     if (!Leader.FindLineStart(range.Begin + Sizes.Range, range.End) ||
@@ -118,14 +129,41 @@ std::optional<RunState> RangeTeam::StateToAssume(RangeWorker& worker, const Rang
     return assumed;
 }
 
-std::optional<RunState> RangeTeam::StateBefore(const Range& range) {
+void RangeTeam::JoinImported(Seat& imported) {
     std::unique_lock lock(Mutex);
-    Changed.wait(lock, [&] { return Ended || JoinedRanges == range.Index; });
-    if (Ended) return std::nullopt;
-    return State;
+    imported.IsImported = true;
+    if (IsJoining) return;
+    IsJoining = true;
+    for (Seat* next = NextToJoin(); next != nullptr; next = NextToJoin()) {
+        const RunState before = State;
+        lock.unlock();
+        Join(*next, before);
+        lock.lock();
+        next->IsImported = false;
+        next->Taken.reset();
+        Changed.notify_all();
+    }
+    IsJoining = false;
 }
 
-void RangeTeam::Join(RangeWorker& worker, const Range& range, const RunState& before) {
+RangeTeam::Seat* RangeTeam::NextToJoin() {
+    if (Ended) return nullptr;
+    const auto found = std::ranges::find_if(
+        Seats, [&](const Seat& seat) { return seat.IsImported && seat.Taken->Index == JoinedRanges; });
+    return found == Seats.end() ? nullptr : &*found;
+}
+
+void RangeTeam::Join(Seat& seat, const RunState& before) {
+    RangeWorker& worker = *seat.Worker;
+    if (!worker.IsConfirmed(before, Joined.Guide)) {
+        NoteRepeated();
+        worker.BeGuidedAs(Joined.Guide);
+        if (!Import(worker, before)) return;
+    }
+    Append(worker, *seat.Taken, before);
+}
+
+void RangeTeam::Append(RangeWorker& worker, const Range& range, const RunState& before) {
     RunState behind = worker.StateAfter(before);
     bool isLast = !range.End || behind.Offset < *range.End || worker.Result().Failed;
     std::exception_ptr failure;
@@ -152,12 +190,12 @@ void RangeTeam::Join(RangeWorker& worker, const Range& range, const RunState& be
     } else if (failure || !isAppended || IsRepeatedTooOften()) {
         Ended = Outcome::GivenUp;
     }
-    Changed.notify_all();
 }
 
 bool RangeTeam::IsRepeatedTooOften() const {
-    constexpr std::uint64_t Some = 8;
-    return Sizes.GivesUp && RepeatedRanges > Some && 4 * RepeatedRanges > JoinedRanges;
+    // A unit that is settled makes all ranges be imported again that are being imported then.
+    const std::uint64_t some = 2 * Seats.size();
+    return Sizes.GivesUp && RepeatedRanges > some && 4 * RepeatedRanges > JoinedRanges;
 }
 
 void RangeTeam::Stop(Outcome outcome) {

@@ -68,6 +68,7 @@ void RangeWorker::Import(const RunState& assumed) {
             Imported.Failed = anyFailure;
         }
     }
+    Part->Close();
 }
 
 bool RangeWorker::CollectMessages() {

@@ -39,6 +39,7 @@ class CountedSignal final : public StoredSignal {
         return {
             Name, Type, Size, Column, Symbol, Unit, hasAny ? metaData->second : std::vector<std::string>()};
     }
+    void Close() override {}
     void Take(StoredSignal& part, bool) override {
         const SignalSummary sum = part.Summary();
         Count += sum.Count;

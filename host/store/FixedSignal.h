@@ -85,23 +85,22 @@ class FixedSignal final : public SignalBase {
     void Take(StoredSignal& other, bool keep) override {
         auto& part = static_cast<FixedSignal&>(other);
         CloseBlock();
-        std::uint64_t row = 0;
-        part.Values.VisitBlocks([&](std::span<const Value> values) {
-            Summarize(values, part, row);
-            row += values.size();
-        });
+        part.CloseBlock();
+        TakeSummary(part);
         if (keep) {
             const auto before = static_cast<std::ptrdiff_t>(OpenRow);
             if (!part.Gaps.empty()) {
                 Gaps.resize(static_cast<std::size_t>(OpenRow) + part.Gaps.size());
                 std::copy(part.Gaps.begin(), part.Gaps.end(), Gaps.begin() + before);
             }
-            OpenRow += row;
+            OpenRow += part.OpenRow;
             Values.Take(part.Values);
         }
         CountAll(part.Sum);
         part.Restart();
     }
+
+    void Close() override { CloseBlock(); }
 
     void Drop() override {
         Values.Clear();
@@ -109,10 +108,19 @@ class FixedSignal final : public SignalBase {
     }
 
   private:
+    // What a part knows of the values in a block.
+    struct BlockSummary {
+        NumberRange Range;
+        std::uint64_t Count;  // of values, without gaps
+    };
+
+    static constexpr bool HasPlot = !std::is_same_v<Value, char16_t>;
+
     void Restart() {
         Sum = {};
         OpenRow = 0;
         Gaps.clear();
+        Summaries.clear();
     }
 
     [[gnu::noinline]] DM::EResult AddSpecial(const void* data, std::int64_t time) {
@@ -168,7 +176,26 @@ class FixedSignal final : public SignalBase {
 
     // Of the open block.
     void SummarizeRest() override {
-        if (!IsPart) Summarize(Values.Open(), *this, OpenRow);
+        if (!Values.Open().empty()) Summarize(Values.Open(), *this, OpenRow);
+    }
+
+    // Of a part whose blocks are closed. Their values are read again only where their range isn't enough.
+    void TakeSummary(const FixedSignal& part) {
+        std::uint64_t row = 0;
+        for (std::size_t i = 0; i < part.Summaries.size(); ++i) {
+            const KeptBlock& block = part.Values.Kept()[i];
+            if (Sink != nullptr || !AddToPlot(part.Summaries[i])) {
+                BlockList<Value>::VisitBlock(
+                    block, [&](std::span<const Value> values) { Summarize(values, part, row); });
+            }
+            row += block.Count;
+        }
+        if (!Sum.First) Sum.First = part.Sum.First;
+        if (part.Sum.Last) Sum.Last = part.Sum.Last;
+    }
+
+    bool AddToPlot(const BlockSummary& block) {
+        return !HasPlot || block.Count == 0 || Sum.Plot.AddRange(block.Range, block.Count);
     }
 
     // Values of a signal, this one or a part's, in its rows from `row` on.
@@ -181,20 +208,34 @@ class FixedSignal final : public SignalBase {
                 if (valid.back() != 0) present.push_back(values[i]);
             }
         }
-        if (Sink != nullptr && !values.empty())
+        if (Sink != nullptr)
             Sink->TakeValues(values.data(), values.size(), valid.empty() ? nullptr : valid.data());
         if (!valid.empty()) values = present;
+        SummarizePresent(values);
+    }
+
+    // Values without gaps between them; none if the block has only gaps.
+    void SummarizePresent(std::span<const Value> values) {
+        NumberRange range;
+        if constexpr (HasPlot) {
+            if (IsPart) {
+                range = RangeOf(values);
+            } else {
+                Sum.Plot.Add(values);
+            }
+        }
+        if (IsPart) Summaries.push_back({range, values.size()});
         if (values.empty()) return;
         const auto bytesOf = [](const Value& value) {
             return std::string(reinterpret_cast<const char*>(&value), sizeof value);
         };
         if (!Sum.First) Sum.First = bytesOf(values.front());
         Sum.Last = bytesOf(values.back());
-        if constexpr (!std::is_same_v<Value, char16_t>) Sum.Plot.Add(values);
     }
 
     BlockList<Value> Values;
-    std::uint64_t OpenRow = 0;  // of the open block's first value, among the rows in Values
-    std::vector<bool> Gaps;     // rows in Values without a value, up to the last such row
+    std::uint64_t OpenRow = 0;            // of the open block's first value, among the rows in Values
+    std::vector<bool> Gaps;               // rows in Values without a value, up to the last such row
+    std::vector<BlockSummary> Summaries;  // of a part, one for each block that is kept
 };
 }  // namespace kelvarin::store

@@ -50,6 +50,15 @@ class Sparkline {
         }
     }
 
+    // Takes the next values by their number, which is not 0, and their range. False, with no value taken, if
+    // their range doesn't say enough: they fill more than one bucket, or some are infinite.
+    bool AddRange(const NumberRange& range, std::uint64_t count) {
+        if (std::isinf(range.Lowest) || std::isinf(range.Highest) || MakeRoom() < count) return false;
+        Buckets[Count - 1].Include(range);
+        InLast += count;
+        return true;
+    }
+
     // Of all values.
     NumberRange Range() const;
 

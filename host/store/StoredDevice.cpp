@@ -56,6 +56,10 @@ std::unique_ptr<StoredDevice> StoredDevice::MakePart() {
     return part;
 }
 
+void StoredDevice::Close() {
+    for (const auto& signal : Signals) signal->Close();
+}
+
 bool StoredDevice::Append(StoredDevice& part) {
     const auto hasSharedTimes = [](const auto& signal) { return signal->HasSharedTimes(); };
     if (Signals.size() != part.Signals.size() ||

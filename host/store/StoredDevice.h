@@ -117,6 +117,9 @@ class StoredSignal : public DM::SignalProxy {
     // Forgets its texts but its name, and its unit.
     virtual void Resume() = 0;
 
+    // For parts: summarises the samples so far, so that Take has less to do.
+    virtual void Close() = 0;
+
     // For devices of parts; the signals are of one type. Appends the samples of a part's signal, which has
     // none afterwards; their times are appended by the device, after this. With `keep` what the part has kept
     // is taken over, else it can be dropped.
@@ -163,6 +166,9 @@ class StoredDevice : public CDevice, public DM::SourceProxy {
     // A device for some of the rows of this one, to be filled on another thread and appended. It is never
     // finished.
     std::unique_ptr<StoredDevice> MakePart();
+
+    // Ends the filling of a part for now, on the thread that has filled it: Append then has less to do.
+    void Close();
 
     // Appends the samples of a part, which has the same signals and is empty afterwards. False, with nothing
     // done, if signals differ in their times.

@@ -116,6 +116,8 @@ class TextSignal final : public SignalBase {
         Sizes.Seal();
     }
 
+    void Close() override {}
+
     void Take(StoredSignal& other, bool keep) override {
         auto& part = static_cast<TextSignal&>(other);
         part.SummarizeRest();

@@ -81,6 +81,30 @@ TEST(Sparkline, IsTheSameInParts) {
     }
 }
 
+// Where a range is refused, the values say what it can't.
+TEST(Sparkline, IsTheSameByRanges) {
+    std::vector<double> values = Ramp(1000);
+    values[500] = -INFINITY;
+    values[700] = NAN;
+    Sparkline whole;
+    whole.Add(std::span<const double>(values));
+    for (const std::size_t part : {1u, 3u, 16u, 999u}) {
+        Sparkline parts;
+        int taken = 0;
+        for (std::size_t at = 0; at < values.size(); at += part) {
+            const auto some = std::span<const double>(values).subspan(at, std::min(part, values.size() - at));
+            if (parts.AddRange(RangeOf(some), some.size())) {
+                ++taken;
+            } else {
+                parts.Add(some);
+            }
+        }
+        EXPECT_GT(taken, 0) << part;
+        EXPECT_EQ(parts.Draw(64), whole.Draw(64)) << part;
+        EXPECT_EQ(Bounds(parts.Range()), Bounds(whole.Range())) << part;
+    }
+}
+
 TEST(Sparkline, KnowsTheRangeOfEveryType) {
     const struct {
         std::vector<double> Numbers;

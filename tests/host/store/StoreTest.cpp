@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 #include <random>
 
 #include "host/store/StoredDevice.h"
@@ -18,11 +19,12 @@ struct Sample {
 struct Twin {
     void Add(std::optional<std::string> bytes, std::int64_t time) {
         const auto size = static_cast<std::uint32_t>(bytes ? bytes->size() : 8);
-        Signal->AddSample(bytes ? bytes->data() : nullptr, size, time);
+        Filled->AddSample(bytes ? bytes->data() : nullptr, size, time);
         Given.push_back({time, std::move(bytes)});
     }
 
     kelvarin::store::StoredSignal* Signal = nullptr;
+    DM::SignalProxy* Filled = nullptr;  // Signal, or that of a part
     std::vector<Sample> Given;
 };
 
@@ -90,19 +92,42 @@ std::vector<Sample> SamplesInArrays(const kelvarin::store::StoredSignal& signal)
     return samples;
 }
 
-void CompareStores(std::uint64_t keepLimit, std::uint64_t visited) {
-    kelvarin::store::StoredDevice device(u"d", u"", keepLimit);
-    std::vector<Twin> twins;
+// A signal of each type.
+void MakeSignals(kelvarin::store::StoredDevice& device) {
     for (const std::uint32_t type :
          {KelvarinBool, KelvarinInt64, KelvarinDouble, KelvarinChar16, KelvarinString}) {
         DM::SignalProxy* signal = nullptr;
         ASSERT_EQ(device.CreateSignal(signal, u"s", type, SizeOfKelvarinType(type)), DM::ResultOk);
-        twins.push_back({device.Signals.back().get(), {}});
     }
+}
+
+// A part that takes the samples of the twins from now on.
+std::unique_ptr<kelvarin::store::StoredDevice> FillPart(kelvarin::store::StoredDevice& device,
+                                                        std::vector<Twin>& twins) {
+    std::unique_ptr<kelvarin::store::StoredDevice> part = device.MakePart();
+    MakeSignals(*part);
+    for (std::size_t i = 0; i < twins.size(); ++i) twins[i].Filled = part->Signals[i].get();
+    return part;
+}
+
+// Fills the twins of a device; with `partRows` all but the first rows come in parts of up to so many rows.
+void Fill(kelvarin::store::StoredDevice& device, std::vector<Twin>& twins, unsigned partRows) {
+    std::unique_ptr<kelvarin::store::StoredDevice> part;
+    std::minstd_rand cuts(7);
+    unsigned rowsToCut = 500;
     std::minstd_rand random(3);
     constexpr int Rows = 20'000;
     std::int64_t time = -5'000'000'000;
     for (int row = 0; row < Rows; ++row) {
+        if (partRows != 0 && rowsToCut-- == 0) {
+            if (part == nullptr) {
+                part = FillPart(device, twins);
+            } else {
+                if (cuts() % 2 == 0) part->Close();
+                EXPECT_TRUE(device.Append(*part));
+            }
+            rowsToCut = static_cast<unsigned>(cuts()) % partRows;
+        }
         time += row % 9000 < 20 ? 5'000'000'000 : static_cast<std::int64_t>(random() % 1000);
         for (Twin& twin : twins) {
             const bool isGap = random() % (row / 1000 % 3 == 0 ? 3 : 2000) == 0;
@@ -110,39 +135,74 @@ void CompareStores(std::uint64_t keepLimit, std::uint64_t visited) {
             twin.Add(isGap ? std::nullopt : std::optional(value), time);
         }
     }
-    device.Finish();
-    for (const Twin& twin : twins) {
-        std::vector<Sample> kept;
-        twin.Signal->VisitSamples(visited, [&](std::int64_t at, const void* data, std::uint32_t size) {
-            const char* const bytes = static_cast<const char*>(data);
-            kept.push_back({at, data == nullptr ? std::nullopt : std::optional(std::string(bytes, size))});
-        });
-        std::vector<Sample> expected = twin.Given;
-        expected.resize(std::min<std::uint64_t>({expected.size(), keepLimit, visited}));
-        EXPECT_TRUE(kept == expected)
-            << "type " << twin.Signal->Description().Type << ", limit " << keepLimit;
-
-        expected = twin.Given;
-        expected.resize(std::min<std::uint64_t>(expected.size(), keepLimit));
-        EXPECT_TRUE(SamplesInArrays(*twin.Signal) == expected)
-            << "arrays of type " << twin.Signal->Description().Type << ", limit " << keepLimit;
-
-        const kelvarin::store::SignalSummary& summary = twin.Signal->Summary();
-        const auto hasValue = [](const Sample& sample) { return sample.Bytes.has_value(); };
-        const auto values = std::count_if(twin.Given.begin(), twin.Given.end(), hasValue);
-        EXPECT_EQ(summary.Count - summary.WithoutValue, static_cast<std::uint64_t>(values));
-        EXPECT_EQ(summary.Count, twin.Given.size());
-        EXPECT_EQ(summary.First, std::find_if(twin.Given.begin(), twin.Given.end(), hasValue)->Bytes);
-        EXPECT_EQ(summary.Last, std::find_if(twin.Given.rbegin(), twin.Given.rend(), hasValue)->Bytes);
-        EXPECT_EQ(summary.FirstTime, twin.Given.front().Time);
-        EXPECT_EQ(summary.LastTime, twin.Given.back().Time);
+    if (part != nullptr) {
+        EXPECT_TRUE(device.Append(*part));
+        device.Keep(std::move(part));
     }
+    device.Finish();
+}
+
+void CompareSamples(const Twin& twin, std::uint64_t keepLimit, std::uint64_t visited) {
+    std::vector<Sample> kept;
+    twin.Signal->VisitSamples(visited, [&](std::int64_t at, const void* data, std::uint32_t size) {
+        const char* const bytes = static_cast<const char*>(data);
+        kept.push_back({at, data == nullptr ? std::nullopt : std::optional(std::string(bytes, size))});
+    });
+    std::vector<Sample> expected = twin.Given;
+    expected.resize(std::min<std::uint64_t>({expected.size(), keepLimit, visited}));
+    EXPECT_TRUE(kept == expected) << "type " << twin.Signal->Description().Type << ", limit " << keepLimit;
+
+    expected = twin.Given;
+    expected.resize(std::min<std::uint64_t>(expected.size(), keepLimit));
+    EXPECT_TRUE(SamplesInArrays(*twin.Signal) == expected)
+        << "arrays of type " << twin.Signal->Description().Type << ", limit " << keepLimit;
+}
+
+void CompareSummary(const Twin& twin) {
+    const kelvarin::store::SignalSummary& summary = twin.Signal->Summary();
+    const auto hasValue = [](const Sample& sample) { return sample.Bytes.has_value(); };
+    const auto values = std::count_if(twin.Given.begin(), twin.Given.end(), hasValue);
+    EXPECT_EQ(summary.Count - summary.WithoutValue, static_cast<std::uint64_t>(values));
+    EXPECT_EQ(summary.Count, twin.Given.size());
+    EXPECT_EQ(summary.First, std::find_if(twin.Given.begin(), twin.Given.end(), hasValue)->Bytes);
+    EXPECT_EQ(summary.Last, std::find_if(twin.Given.rbegin(), twin.Given.rend(), hasValue)->Bytes);
+    EXPECT_EQ(summary.FirstTime, twin.Given.front().Time);
+    EXPECT_EQ(summary.LastTime, twin.Given.back().Time);
+}
+
+// Returns the plots of a device that was filled and gives back what it was given.
+std::string CompareStores(std::uint64_t keepLimit, std::uint64_t visited, unsigned partRows = 0) {
+    kelvarin::store::StoredDevice device(u"d", u"", keepLimit);
+    MakeSignals(device);
+    std::vector<Twin> twins;
+    for (const auto& signal : device.Signals) twins.push_back({signal.get(), signal.get(), {}});
+    Fill(device, twins, partRows);
+    std::string plots;
+    for (const Twin& twin : twins) {
+        CompareSamples(twin, keepLimit, visited);
+        CompareSummary(twin);
+        const kelvarin::store::Sparkline plot = twin.Signal->Summary().Plot;
+        plots += plot.Draw(64) + std::to_string(plot.Range().Lowest) + std::to_string(plot.Range().Highest);
+    }
+    return plots;
 }
 
 TEST(Store, GivesBackWhatItWasGiven) {
     for (const std::uint64_t limit : {0u, 1u, 128u, 129u, 5000u, 100000u})
         CompareStores(limit, ~std::uint64_t{0});
     CompareStores(100'000, 12'345);
+}
+
+TEST(Store, IsTheSameInParts) {
+    const std::string plots = CompareStores(0, 0);
+    const struct {
+        std::uint64_t KeepLimit;
+        unsigned PartRows;
+    } cases[] = {{0, 3000}, {5000, 300}, {100'000, 3}, {100'000, 12'000}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(std::to_string(test.PartRows) + " rows");
+        EXPECT_EQ(CompareStores(test.KeepLimit, ~std::uint64_t{0}, test.PartRows), plots);
+    }
 }
 
 TEST(Store, HasShortSignalsInOnePiece) {
