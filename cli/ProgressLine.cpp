@@ -6,7 +6,6 @@
 
 #include "host/language/Phrase.h"
 #include "platform/framework/Path.h"
-#include "platform/framework/Terminal.h"
 #include "platform/framework/VisibleText.h"
 
 namespace kelvarin::cli {
@@ -17,7 +16,7 @@ void ProgressLine::Clear() {
 }
 
 void ProgressLine::Show(std::uint32_t percent) {
-    if (!IsErrorTerminal()) return;
+    if (!HasTerminal) return;
     Shown = true;
     std::cerr << ClearLine << MakeVisible(File) << "  " << percent << " %";
     // The first moments say nothing about the rest.

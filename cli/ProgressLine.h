@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/framework/Terminal.h"
+
 namespace kelvarin::cli {
 // One line on standard error that is rewritten and removed at the end: percentage, throughput and time left.
 // Nothing at all if that is no terminal.
@@ -24,6 +26,7 @@ class ProgressLine {
 
   private:
     const std::string File;
+    const bool HasTerminal = IsErrorTerminal();
     const std::chrono::steady_clock::time_point Start = std::chrono::steady_clock::now();
     bool Shown = false;
 };

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "host/plan/Durations.h"
+#include "host/plan/SameMinute.h"
 #include "host/plan/TimeNames.h"
 #include "platform/framework/Text.h"
 
@@ -21,15 +22,30 @@ struct TriedStyle {
 // The times of a text as written, in ns, by DateOrder.
 using WrittenTimes = std::array<std::optional<std::int64_t>, 3>;
 
+WrittenTimes WrittenIn(const std::array<std::optional<ParsedTime>, 3>& times) {
+    WrittenTimes written;
+    for (std::size_t order = 0; order < times.size(); ++order) {
+        if (times.at(order)) written.at(order) = times.at(order)->Written();
+    }
+    return written;
+}
+
 std::vector<WrittenTimes> TimesOf(const TextList& texts, int year) {
     std::vector<WrittenTimes> all;
+    SameMinute minute;
+    WrittenTimes known;
     for (const std::u16string_view text : texts) {
-        const auto times = ParseInEachOrder(text, year);
-        WrittenTimes written;
-        for (std::size_t order = 0; order < times.size(); ++order) {
-            if (times.at(order)) written.at(order) = times.at(order)->Written();
+        std::optional<std::int64_t> more = minute.SecondsMore(text);
+        if (!more) {
+            known = WrittenIn(ParseInEachOrder(text, year));
+            const bool isTime = known != WrittenTimes();
+            minute.Take(isTime ? text : std::u16string_view());
+            more = 0;
         }
-        all.push_back(written);
+        all.push_back(known);
+        for (std::optional<std::int64_t>& time : all.back()) {
+            if (time) *time += *more;
+        }
     }
     return all;
 }

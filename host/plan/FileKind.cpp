@@ -223,14 +223,18 @@ KindSearch::KindSearch(const FileSample& sample, const std::vector<FileKind>& ki
 
 // Of all kinds that are cut so.
 void KindSearch::FindNames(const Cut& how) {
+    std::vector<std::size_t> sought;
+    for (std::size_t k = 0; k < Kinds.size(); ++k) {
+        if (Kinds[k].Plan.NamesLine != 0 && Kinds[k].Plan.How == how) sought.push_back(k);
+    }
     LineCutter cut(how);
-    for (std::size_t i = 0; i < Sample.Lines.size(); ++i) {
+    for (std::size_t i = 0; i < Sample.Lines.size() && !sought.empty(); ++i) {
         const std::vector<std::u16string_view>& cells = cut(Sample.Lines[i].Text);
-        for (std::size_t k = 0; k < Kinds.size(); ++k) {
-            const ReadingPlan& like = Kinds[k].Plan;
-            if (BelowNames[k] == 0 && like.NamesLine != 0 && like.How == how && AreNames(cells, like))
-                BelowNames[k] = i + 1;
-        }
+        std::erase_if(sought, [&](std::size_t k) {
+            const bool isFound = AreNames(cells, Kinds[k].Plan);
+            if (isFound) BelowNames[k] = i + 1;
+            return isFound;
+        });
     }
 }
 
@@ -243,7 +247,8 @@ std::optional<FoundTable> KindSearch::TableLike(std::size_t kind) {
         return Own && Own->How == like.How && Own->Width == like.Width ? Own : std::nullopt;
     }
     if (BelowNames[kind] == 0) return std::nullopt;
-    FoundTable table = CutTable(Sample, like.How, like.Width);
+    FoundTable table =
+        CutTable(Sample, like.How, like.Width, like.Mark == u'\0' ? char16_t{u'.'} : like.Mark);
     const std::optional<std::size_t> first = FirstRowOf(Sample, table, like, BelowNames[kind]);
     if (!first) return std::nullopt;
     table.First = *first;

@@ -7,15 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "host/plan/SameMinute.h"
+
 namespace kelvarin::plan {
 struct TimeRecipe;
-
-// The seconds of a clock within a text, with their fraction.
-struct ClockSeconds {
-    std::size_t Begin = 0, End = 0;
-    std::int64_t Value = 0;                  // ns
-    std::int64_t LastDigit = 1'000'000'000;  // ns, what the last digit counts
-};
 
 class MinuteMemo {
   public:
@@ -26,11 +21,10 @@ class MinuteMemo {
   private:
     std::optional<std::int64_t> Known(const TimeRecipe& recipe,
                                       const std::vector<std::u16string_view>& cells) const;
-    std::optional<std::int64_t> SecondsOf(std::u16string_view text) const;
 
-    std::u16string Text;  // of the last column; empty: nothing is known
+    bool IsKnown = false;
+    SameMinute Minute;    // of the last column
     std::u16string Date;  // of the column before it, if there is one
-    ClockSeconds Place;   // in Text
     std::int64_t Time = 0;
 };
 }  // namespace kelvarin::plan

@@ -5,28 +5,44 @@
 #include <iterator>
 #include <utility>
 
+#include "host/plan/CellTally.h"
 #include "platform/framework/Text.h"
 
 namespace kelvarin::plan {
 namespace {
+// The number of a cell or of an amount in it; without a mark for any other cell.
+struct MarkedNumber {
+    std::u16string_view Text;
+    NumberLook Look;
+};
+
+MarkedNumber MarkedNumberIn(std::u16string_view cell) {
+    if (const std::optional<NumberLook> look = LookAtNumber(cell)) return {cell, *look};
+    const std::optional<AmountParts> amount = AmountPartsIn(cell);
+    const std::optional<NumberLook> look = amount ? LookAtNumber(amount->Number) : std::nullopt;
+    return look ? MarkedNumber{amount->Number, *look} : MarkedNumber{};
+}
+
 // The decimal mark of a file: that of most decimal numbers, where those before exactly three digits count for
 // little. Between commas, where numbers with a comma are in quotes, they count for nothing. `usual`, if it
 // isn't NUL, is taken where no number is sure.
 char16_t MarkOf(const Cut& how, const TableRows& rows, char16_t usual) {
     constexpr std::size_t Sure = 1000;
+    constexpr std::size_t DoubtfulPlaces = 4;  // a mark and three digits
     std::size_t commas = 0;
     std::size_t points = 0;
-    for (const auto& row : rows.Cells) {
-        for (const std::u16string& cell : row) {
-            std::u16string_view number = cell;
-            std::optional<NumberLook> look = LookAtNumber(cell);
-            if (const auto amount = look ? std::nullopt : AmountPartsIn(cell)) {
-                number = amount->Number;
-                look = LookAtNumber(number);
-            }
-            if (!look || look->Mark == u'\0') continue;
-            const bool isDoubtful = look->Thousands == u'\0' && number.size() - number.find(look->Mark) == 4;
-            (look->Mark == u',' ? commas : points) += isDoubtful ? 1 : Sure;
+    for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
+        for (std::size_t column = 0; column < rows.Cells[i].size(); ++column) {
+            const std::u16string_view cell = rows.Cells[i][column];
+            const CellLook known = rows.Looks[i][column];
+            if (known != CellLook::Other && known != CellLook::Decimal) continue;
+            const MarkedNumber number =
+                known == CellLook::Decimal ? MarkedNumber{cell, {rows.LookMark}} : MarkedNumberIn(cell);
+            if (number.Look.Mark == u'\0') continue;
+            const bool isDoubtful =
+                number.Look.Thousands == u'\0' &&
+                number.Text.size() - number.Text.rfind(number.Look.Mark) == DoubtfulPlaces;
+            (number.Look.Mark == u',' ? commas : points) += isDoubtful ? 1 : Sure;
         }
     }
     if (usual != u'\0' && std::max(commas, points) < Sure) return usual;
@@ -39,15 +55,32 @@ bool Reads(const TimeRecipe& recipe, std::size_t column) {
     return std::find(columns.begin(), columns.end(), column) != columns.end();
 }
 
+void CountCells(const TableRows& rows, ReadingPlan& plan) {
+    std::vector<CellTally> tallies(plan.Columns.size());
+    for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
+        const std::vector<std::u16string_view>& row = rows.Cells[i];
+        for (std::size_t column = 0; column < row.size(); ++column) {
+            const CellLook look = rows.Looks[i][column];
+            const bool isKnown = look != CellLook::Other && plan.Missing.empty() &&
+                                 (look != CellLook::Decimal || plan.Mark == rows.LookMark);
+            if (isKnown) {
+                tallies[column].Add(look);
+            } else {
+                const bool isMissing = plan.IsDeclaredMissing(row[column]);
+                plan.Columns[column].Cells.Add(isMissing ? std::u16string_view() : row[column], plan.Mark);
+            }
+        }
+    }
+    for (std::size_t column = 0; column < tallies.size(); ++column)
+        tallies[column].AddTo(plan.Columns[column].Cells);
+}
+
 // The columns of the plan, which has its decimal mark and its times already.
 void AddColumns(const TableRows& rows, const Labels& labels, ReadingPlan& plan) {
     std::size_t width = plan.Width;
     for (const auto& row : rows.Cells) width = std::max(width, row.size());
     plan.Columns.resize(width);
-    for (const auto& row : rows.Cells) {
-        for (std::size_t i = 0; i < row.size(); ++i)
-            plan.Columns[i].Cells.Add(plan.IsDeclaredMissing(row[i]) ? u"" : row[i], plan.Mark);
-    }
+    CountCells(rows, plan);
     const auto countsOf = [&plan](std::size_t i) {
         CellCounts counts = plan.Columns[i].Cells;
         if (i < plan.Elsewhere.size()) counts.Add(plan.Elsewhere[i]);
@@ -276,14 +309,15 @@ ReadingPlan PlanOf(const FileSample& sample, const FoundTable& table, const Read
     const Labels labels = FindLabels(sample, table);
     ReadingPlan plan;
     plan.Others = FindOtherTables(sample, table, labels);
-    TableRows rows = RowsOf(sample, table, plan.Others);
+    const char16_t usualMark = like == nullptr ? u'\0' : like->Mark;
+    TableRows rows = RowsOf(sample, table, plan.Others, usualMark == u'\0' ? char16_t{u'.'} : usualMark);
     plan.How = table.How;
     plan.Width = table.Width;
     plan.FirstLine = table.First < sample.Lines.size() ? sample.Lines[table.First].Number
                                                        : sample.Lines.back().Number + 1;  // no row yet
     plan.NamesLine = labels.NamesLine;
     plan.UnitsLine = labels.UnitsLine;
-    plan.Mark = MarkOf(table.How, rows, like == nullptr ? u'\0' : like->Mark);
+    plan.Mark = MarkOf(table.How, rows, usualMark);
     plan.RowsLookedAt = rows.Cells.size();
     plan.IsWholeLookedAt = sample.IsWhole;
     const PreambleClues clues = ReadPreamble(sample, table);

@@ -5,6 +5,7 @@
 
 #include "host/plan/KindWords.h"
 #include "host/plan/QuickCut.h"
+#include "host/plan/SameMinute.h"
 #include "host/plan/WordList.h"
 #include "platform/framework/Text.h"
 
@@ -21,30 +22,53 @@ bool HoldsSeveral(std::u16string_view piece) {
     return piece.find_first_of(u";\t") != piece.npos || std::count(piece.begin(), piece.end(), u',') > 1;
 }
 
-// As KindOf, without a look at a cell that QuickCut has seen.
-CellKind KindOf(CellLook look, std::u16string_view cell) {
-    if (look == CellLook::Other) return plan::KindOf(cell);
-    return look == CellLook::Empty ? CellKind::Empty : CellKind::Number;
-}
+// The shapes of lines one after the other. What QuickCut has seen of a cell isn't looked at again, nor is a
+// time in the same minute as the one before it in its column.
+class ShapeCutter {
+  public:
+    // `mark` is the usual decimal mark of the file.
+    ShapeCutter(const Cut& how, char16_t mark) : Quick(how, mark), Slow(how) {}
 
-// `quick` has cut the line into these cells; null if LineCutter has.
-RowShape ShapeOf(std::size_t line, const std::vector<std::u16string_view>& cells, const QuickCut* quick) {
-    RowShape shape;
-    shape.Line = line;
-    shape.Cells = cells.size();
-    const std::size_t count = std::min(cells.size(), MostColumns);
-    shape.Kinds.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        CellKind kind = KindOf(quick == nullptr ? CellLook::Other : quick->LookAt(i), cells[i]);
-        if (kind != CellKind::Number && HoldsSeveral(cells[i])) kind = CellKind::Word;
-        shape.Kinds.push_back(kind);
-        shape.Filled += kind != CellKind::Empty;
-        shape.Numbers += kind == CellKind::Number;
-        shape.Values += IsValue(kind) && kind != CellKind::Number;
+    // Of the line with this index in the sample.
+    RowShape operator()(std::size_t line, std::u16string_view text) {
+        const bool isQuick = Quick(text);
+        const std::vector<std::u16string_view>& cells = isQuick ? Quick.Cells() : Slow(text);
+        RowShape shape;
+        shape.Line = line;
+        shape.Cells = cells.size();
+        const std::size_t count = std::min(cells.size(), MostColumns);
+        shape.Kinds.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            CellKind kind = isQuick ? KindOf(Quick.LookAt(i), i, cells[i]) : KindOf(i, cells[i]);
+            if (kind != CellKind::Number && HoldsSeveral(cells[i])) kind = CellKind::Word;
+            shape.Kinds.push_back(kind);
+            shape.Filled += kind != CellKind::Empty;
+            shape.Numbers += kind == CellKind::Number;
+            shape.Values += IsValue(kind) && kind != CellKind::Number;
+        }
+        shape.AreKinds = shape.Numbers + shape.Values == 0 && AreKinds(cells);
+        return shape;
     }
-    shape.AreKinds = shape.Numbers + shape.Values == 0 && AreKinds(cells);
-    return shape;
-}
+
+  private:
+    CellKind KindOf(CellLook look, std::size_t column, std::u16string_view cell) {
+        if (look == CellLook::Other) return KindOf(column, cell);
+        return look == CellLook::Empty ? CellKind::Empty : CellKind::Number;
+    }
+
+    CellKind KindOf(std::size_t column, std::u16string_view cell) {
+        if (column < Times.size() && Times[column].SecondsMore(cell)) return CellKind::Time;
+        const CellKind kind = plan::KindOf(cell);
+        if (kind != CellKind::Time) return kind;
+        if (Times.size() <= column) Times.resize(column + 1);
+        Times[column].Take(cell);
+        return kind;
+    }
+
+    QuickCut Quick;
+    LineCutter Slow;
+    std::vector<SameMinute> Times;  // the last one of each column
+};
 
 // Numbers count one, other values a half: of two separators the one wins that leaves numbers, where the other
 // leaves pieces that only begin with a digit. A time counts a whole one: a colon or a point would cut it.
@@ -205,14 +229,12 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
         return std::find(line.Text.begin(), line.Text.end(), how.Separator) != line.Text.end();
     };
     if (fewestCells > 1 && std::none_of(sample.Lines.begin(), sample.Lines.end(), holdsSeparator)) return;
-    QuickCut quick(how, u'.');
-    LineCutter cut(how);
+    ShapeCutter shapeOf(how, u'.');
     std::vector<RowShape> shapes;
     std::set<std::size_t> widths;
     shapes.resize(beginnings.First);
     for (std::size_t i = beginnings.First; i < sample.Lines.size(); ++i) {
-        const std::u16string& text = sample.Lines[i].Text;
-        shapes.push_back(quick(text) ? ShapeOf(i, quick.Cells(), &quick) : ShapeOf(i, cut(text), nullptr));
+        shapes.push_back(shapeOf(i, sample.Lines[i].Text));
         if (shapes.back().Cells >= fewestCells && shapes.back().LooksLikeData())
             widths.insert(shapes.back().Cells);
     }
@@ -240,7 +262,7 @@ void Propose(const FileSample& sample, const Cut& how, std::size_t fewestCells, 
         mine = std::move(table);
     }
     if (!mine || (best && mine->Score <= best->Score)) return;
-    for (std::size_t i = 0; i < beginnings.First; ++i) shapes[i] = ShapeOf(i, cut(sample.Lines[i].Text), {});
+    for (std::size_t i = 0; i < beginnings.First; ++i) shapes[i] = shapeOf(i, sample.Lines[i].Text);
     mine->Shapes = std::move(shapes);
     best = std::move(mine);
 }
@@ -339,9 +361,9 @@ std::optional<FoundTable> FindInBlock(const FileSample& sample, const FixedTable
     block.Lines.assign(sample.Lines.begin(), sample.Lines.begin() + static_cast<std::ptrdiff_t>(end));
     std::optional<FoundTable> table = FindWithin(block, fixed, {first, first + LinesOfAHeader});
     if (!table) return table;
-    LineCutter cut(table->How);
+    ShapeCutter shapeOf(table->How, u'.');
     for (std::size_t i = end; i < sample.Lines.size(); ++i)
-        table->Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text), {}));
+        table->Shapes.push_back(shapeOf(i, sample.Lines[i].Text));
     return table;
 }
 }  // namespace
@@ -351,13 +373,13 @@ bool RowShape::LooksLikeData() const {
     return IsValue(Kind(0)) || 4 * (Numbers + Values) >= Filled;
 }
 
-FoundTable CutTable(const FileSample& sample, const Cut& how, std::size_t width) {
+FoundTable CutTable(const FileSample& sample, const Cut& how, std::size_t width, char16_t mark) {
     FoundTable table;
     table.How = how;
     table.Width = width;
-    LineCutter cut(how);
+    ShapeCutter shapeOf(how, mark);
     for (std::size_t i = 0; i < sample.Lines.size(); ++i)
-        table.Shapes.push_back(ShapeOf(i, cut(sample.Lines[i].Text), {}));
+        table.Shapes.push_back(shapeOf(i, sample.Lines[i].Text));
     table.HoldsValues = ValueColumns(table.Shapes, width);
     return table;
 }

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "host/plan/Durations.h"
+#include "host/plan/SameMinute.h"
 #include "host/plan/TimeCandidates.h"
 #include "host/plan/TimeGroups.h"
 #include "host/plan/TimeNames.h"
@@ -14,7 +15,13 @@ ColumnLook LookAt(const std::vector<std::u16string_view>& texts, int year) {
     ColumnLook look;
     look.Filled = texts.size();
     std::size_t others = 0;
+    SameMinute minute;
+    std::optional<ParsedTime> time;  // of the last text that wasn't left out
     for (const std::u16string_view text : texts) {
+        if (minute.SecondsMore(text)) {
+            look.AddTime(*time);
+            continue;
+        }
         const std::optional<NumberLook> number = LookAtNumber(text);
         if (number) {
             ++look.Numbers;
@@ -22,16 +29,15 @@ ColumnLook LookAt(const std::vector<std::u16string_view>& texts, int year) {
             if (number->HasExponent || (number->Mark != u'\0' && number->Digits < DigitsOfDate)) continue;
             if (text.size() != 8 && text.size() != 10 && text.size() < 12) continue;
         }
-        std::optional<ParsedTime> time = ParseInAnyOrder(text, year);
+        time = ParseInAnyOrder(text, year);
+        minute.Take(time && !number ? text : std::u16string_view());
         if (!time) time = ParseTime(text, {DateOrder::DayFirst, true});
-        if (!time) {
+        if (time) {
+            look.AddTime(*time);
+        } else {
             others += !number;
             if (!look.Is(texts.size() - others)) return {};
-            continue;
         }
-        look.Dates += time->HasDate && !time->HasClock;
-        look.Clocks += !time->HasDate;
-        look.Both += time->HasDate && time->HasClock;
     }
     return look;
 }
@@ -42,6 +48,13 @@ bool IsClockOfDay(const std::vector<std::u16string_view>& texts) {
         const std::optional<ParsedTime> time = ParseTime(text, {});
         return !time || (!time->IsSpan && time->Clock <= DayLength);
     });
+}
+
+// It has the digits of the 29th.
+bool MayHoldLeapDay(std::u16string_view text) {
+    return std::adjacent_find(text.begin(), text.end(), [](char16_t one, char16_t next) {
+               return one == u'2' && next == u'9';
+           }) != text.end();
 }
 
 // "12:30".
@@ -55,7 +68,10 @@ bool AreShort(const std::vector<std::u16string_view>& texts) {
 std::vector<std::u16string> JointTexts(const TableRows& rows, std::size_t one, std::size_t other) {
     std::vector<std::u16string> texts;
     for (const auto& row : rows.Cells) {
-        if (std::max(one, other) < row.size()) texts.push_back(row[one] + u" " + row[other]);
+        if (std::max(one, other) >= row.size()) continue;
+        std::u16string& joint = texts.emplace_back(row[one]);
+        joint += u' ';
+        joint += row[other];
     }
     return texts;
 }
@@ -77,8 +93,10 @@ bool MostAreDatesWithClocks(const std::vector<std::u16string>& texts, const Time
 }  // namespace
 
 void TimeCandidates::LookAtTexts() {
-    for (std::size_t i = 0; i < Width; ++i)
-        Looks.push_back(IsWanted[i] ? LookAt(Texts[i], YearOf(Texts[i])) : ColumnLook{});
+    for (std::size_t i = 0; i < Width; ++i) {
+        Years.push_back(IsWanted[i] ? YearOf(Texts[i]) : 0);
+        Looks.push_back(IsWanted[i] ? LookAt(Texts[i], Years[i]) : ColumnLook{});
+    }
 }
 
 void TimeCandidates::AddTexts() {
@@ -103,8 +121,7 @@ int TimeCandidates::YearOf(const std::vector<std::u16string_view>& texts) const 
     constexpr int CommonYear = 2001;
     constexpr int LeapYear = 2004;
     const bool hasLeapDay = std::any_of(texts.begin(), texts.end(), [](std::u16string_view text) {
-        return text.find(u"29") != text.npos && !ParseInAnyOrder(text, CommonYear) &&
-               ParseInAnyOrder(text, LeapYear);
+        return MayHoldLeapDay(text) && !ParseInAnyOrder(text, CommonYear) && ParseInAnyOrder(text, LeapYear);
     });
     return hasLeapDay ? LeapYear : CommonYear;
 }
@@ -140,7 +157,7 @@ bool TimeCandidates::LeavesOut(std::size_t column) const {
 // A date with or without a clock, or with one in another column: the nearest first, to the right before the
 // left.
 void TimeCandidates::AddDates(std::size_t column) {
-    auto style = FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column}, YearOf(Texts[column]));
+    auto style = FindDateStyle(Texts[column], LabelOf(column).All, Rows, {column}, Years[column]);
     if (!style) return;
     if (style->Proof == OrderProof::None && Clues.HasTwelveHours) PutMonthFirst(column, *style);
     FoundTimes date;

@@ -22,6 +22,12 @@ struct NumberBounds {
 struct ColumnLook {
     std::size_t Filled = 0, Dates = 0, Clocks = 0, Both = 0, Numbers = 0;
 
+    void AddTime(const ParsedTime& time) {
+        Dates += time.HasDate && !time.HasClock;
+        Clocks += !time.HasDate;
+        Both += time.HasDate && time.HasClock;
+    }
+
     // Most of the texts; in a short file all but one, as a total at its end.
     bool Is(std::size_t count) const {
         constexpr std::size_t Fewest = 3;
@@ -95,7 +101,8 @@ class TimeCandidates {
     std::size_t Width = 0;                                // columns looked at
     std::vector<std::vector<std::u16string_view>> Texts;  // by column
     std::vector<bool> IsWanted;                           // by column
-    std::vector<ColumnLook> Looks;                        // by column, after AddTexts
+    std::vector<int> Years;                               // by column, as YearOf, after AddTexts
+    std::vector<ColumnLook> Looks;                        // the same
     std::vector<FoundTimes> All;
 };
 }  // namespace kelvarin::plan

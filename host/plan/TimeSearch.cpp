@@ -41,9 +41,7 @@ bool IsNamed(const Label& label, const TimeRecipe& recipe) {
 // True if the first row with a time by `recipe` has one by `zoned` too.
 bool IsFirstZoned(const TimeRecipe& recipe, const TimeRecipe& zoned, const TableRows& rows) {
     TimeWalk walk(recipe);
-    std::vector<std::u16string_view> cells;
-    for (const auto& row : rows.Cells) {
-        cells.assign(row.begin(), row.end());
+    for (const auto& cells : rows.Cells) {
         if (walk.Next(cells, rows.Width)) return TimeWalk(zoned).Next(cells, rows.Width).has_value();
     }
     return false;

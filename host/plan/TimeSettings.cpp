@@ -36,16 +36,15 @@ struct TimedTexts {
 TimedTexts TextsOf(const ReadingPlan& plan, const std::vector<std::size_t>& columns) {
     TimedTexts texts;
     texts.Cells.resize(columns.size());
-    std::vector<std::u16string_view> cells;
+    MinuteMemo memo;
     for (const auto& row : plan.Rows.Cells) {
-        cells.assign(row.begin(), row.end());
-        const std::optional<std::int64_t> time = plan.Times->Recipe.TimeOf(cells);
+        const std::optional<std::int64_t> time = memo.TimeOf(plan.Times->Recipe, row);
         if (!time) continue;
         std::u16string joined;
         for (std::size_t i = 0; i < columns.size(); ++i) {
             if (i != 0) joined += plan.How.Separator;
             joined += row[columns[i]];
-            texts.Cells[i].push_back(row[columns[i]]);
+            texts.Cells[i].emplace_back(row[columns[i]]);
         }
         texts.Joined.push_back(std::move(joined));
         texts.Expected.push_back(*time);

@@ -37,12 +37,27 @@ std::u16string DateAbove(const FileSample& sample, const FoundTable& table, Line
     if (table.First == 0) return {};
     return LoneDateOf(cut(sample.Lines[table.First - 1].Text));
 }
+
+// `quick` has cut these cells; null if LineCutter has.
+void AddRow(const std::vector<std::u16string_view>& cells, const QuickCut* quick, TableRows& rows) {
+    auto& row = rows.Cells.emplace_back();
+    auto& looks = rows.Looks.emplace_back();
+    row.reserve(cells.size());
+    looks.reserve(cells.size());
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        row.push_back(rows.Texts->Add(cells[i]));
+        looks.push_back(quick == nullptr ? CellLook::Other : quick->LookAt(i));
+    }
+}
 }  // namespace
 
-TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others) {
+TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others,
+                 char16_t mark) {
     TableRows rows;
     rows.Width = table.Width;
-    QuickCut quick(table.How, u'.');
+    rows.LookMark = mark;
+    rows.Texts = std::make_shared<TextPool>();
+    QuickCut quick(table.How, mark);
     LineCutter cut(table.How);
     int notes = 0;
     bool isAfterGap = false;
@@ -62,8 +77,8 @@ TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::v
         }
         notes = 0;
         const std::u16string& text = sample.Lines[i].Text;
-        const auto& cells = quick(text) ? quick.Cells() : cut(text);
-        rows.Cells.emplace_back(cells.begin(), cells.end());
+        const bool isQuick = quick(text);
+        AddRow(isQuick ? quick.Cells() : cut(text), isQuick ? &quick : nullptr, rows);
         rows.IsAfterGap.push_back(isAfterGap);
         isAfterGap = false;
         rows.DateLines.push_back(std::exchange(date, {}));
@@ -83,12 +98,10 @@ TimeTrial Try(const TimeRecipe& recipe, const TableRows& rows) {
     TimeTrial trial;
     std::vector<std::int64_t> steps;
     std::optional<std::int64_t> before;
-    std::vector<std::u16string_view> cells;
     TimeWalk walk(recipe);
     for (std::size_t i = 0; i < rows.Cells.size(); ++i) {
-        cells.assign(rows.Cells[i].begin(), rows.Cells[i].end());
         if (recipe.HasDateLines && i < rows.DateLines.size()) walk.TakeDate(rows.DateLines[i]);
-        const std::optional<std::int64_t> time = walk.Next(cells, rows.Width);
+        const std::optional<std::int64_t> time = walk.Next(rows.Cells[i], rows.Width);
         if (!time) continue;
         if (trial.Read++ == 0) trial.First = *time;
         trial.Last = *time;

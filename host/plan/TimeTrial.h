@@ -3,24 +3,32 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/plan/CellLook.h"
 #include "host/plan/OtherTables.h"
+#include "host/plan/TextPool.h"
 #include "host/plan/TimeRecipe.h"
 
 namespace kelvarin::plan {
 // Rows of the table in the sample, cut.
 struct TableRows {
-    std::vector<std::vector<std::u16string>> Cells;
+    std::vector<std::vector<std::u16string_view>> Cells;  // as long as Texts lives
+    std::vector<std::vector<CellLook>> Looks;             // of Cells
+    char16_t LookMark = u'.';                             // the decimal mark of Looks
+    std::shared_ptr<TextPool> Texts;
     std::size_t Width = 0;                  // cells of most rows
     std::vector<std::u16string> DateLines;  // by row: the date that a line of its own before it holds, or ""
     std::vector<bool> IsAfterGap;           // rows between it and the one before are not in the sample
 };
 
-// The rows of a found table; those of others with another width are not among them.
-TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others);
+// The rows of a found table; those of others with another width are not among them. `mark` is the usual
+// decimal mark of its numbers, which are told by it without a look at their characters.
+TableRows RowsOf(const FileSample& sample, const FoundTable& table, const std::vector<OtherTable>& others,
+                 char16_t mark);
 
 // The texts of a column, empty cells left out, as long as the rows live. `column` counts from 0.
 std::vector<std::u16string_view> TextsOf(const TableRows& rows, std::size_t column);

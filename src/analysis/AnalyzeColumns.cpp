@@ -3,7 +3,7 @@
 
 #include "analysis/ColumnNames.h"
 #include "analysis/PreviewTableCallbacks.h"
-#include "analysis/SplitLine.h"
+#include "analysis/SplitPaddedLine.h"
 #include "analysis/TypeCandidates.h"
 #include "contract/AnalysisObserver.h"
 #include "contract/StdioFileEx.h"
@@ -101,7 +101,8 @@ bool CCsvImportSettings::AnalyzeColumns(CStdioFileEx& file, IPreviewTableCallbac
     int row = 0;
     TableEnd end = TableEnd::EnoughRows;
     for (; row < RowsLookedAt && ReadRow(file, line, end); ++row) {
-        SplitLine(line.data(), GetSeparatorChar(), MergeSeparators != 0, cells);
+        line.append(LinePadding, u'\0');
+        SplitPaddedLine(line.data(), GetSeparatorChar(), MergeSeparators != 0, cells);
         if (observer != nullptr) observer->OnRow(GetFirstLine() + row, cells.size());
         if (row == 0) columns = StartColumns(*this, cells, callbacks);
         if (row == firstDataRow && timestampText != nullptr) *timestampText = GetTimestampText(cells, joined);

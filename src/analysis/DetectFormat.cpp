@@ -2,7 +2,9 @@
 // regular from the earliest line on, then the first line with enough numbers below it.
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <span>
+#include <string>
 
 #include "analysis/NumberCells.h"
 #include "analysis/SplitLine.h"
@@ -13,15 +15,13 @@
 
 namespace {
 
-constexpr int LinesLookedAt = 100;
-
 // From which line on each separator has had the same count, not zero, in every line that isn't blank.
 class SeparatorRuns {
   public:
     void AddLine(std::u16string_view line, int lineNumber) {
+        const SeparatorCounts counts = CountSeparators(line);
         for (std::size_t i = 0; i < Runs.size(); ++i) {
-            const bool merge = i == SeparatorSpace;
-            const std::int32_t count = CountSeparators(line, static_cast<std::uint32_t>(i), merge);
+            const std::int32_t count = i == SeparatorSpace ? counts[i].Merged : counts[i].All;
             if (lineNumber == 1 || count == 0 || count != Runs[i].LastCount) Runs[i].Start = lineNumber;
             Runs[i].LastCount = count;
         }
@@ -49,14 +49,58 @@ TestedLine TestLine(int number, const CellList& cells) {
     return tested;
 }
 
+// The first lines of a file, read twice. What is read the first time is kept for the second, if it isn't too
+// much.
+class FirstLines {
+  public:
+    explicit FirstLines(CStdioFileEx& file) : File(file) { File.SeekToBegin(true); }
+
+    // The next line; false at the end of the file or after the last one that is looked at. Raises what the
+    // file raises. It may be changed.
+    bool Next(std::u16string*& line) {
+        if (Count == LinesLookedAt) return false;
+        if (IsAgain && AreKept) {
+            if (Count == Kept.size()) return false;
+            line = &Kept[Count++];
+            return true;
+        }
+        if (!AreKept) Kept.clear();
+        line = &Kept.emplace_back();
+        if (!File.ReadString(*line)) {
+            Kept.pop_back();
+            return false;
+        }
+        ++Count;
+        Units += line->size();
+        AreKept &= Units <= MostUnitsKept;
+        return true;
+    }
+
+    void Rewind() {
+        Count = 0;
+        IsAgain = true;
+        if (!AreKept) File.SeekToBegin(true);
+    }
+
+  private:
+    static constexpr std::size_t LinesLookedAt = 100;
+    static constexpr std::size_t MostUnitsKept = 128 * 1024;
+
+    CStdioFileEx& File;
+    std::deque<std::u16string> Kept;
+    std::size_t Count = 0;  // lines given
+    std::size_t Units = 0;
+    bool AreKept = true;
+    bool IsAgain = false;
+};
+
 // The first data line from `firstLine` on, or 0.
-int FindDataLine(CStdioFileEx& file, int firstLine, int separator, IAnalysisObserver* observer) {
-    std::u16string line;
+int FindDataLine(FirstLines& lines, int firstLine, int separator, IAnalysisObserver* observer) {
+    std::u16string* line = nullptr;
     CellList cells;
-    file.SeekToBegin(true);
-    for (int number = 1; number <= LinesLookedAt && file.ReadString(line); ++number) {
+    for (int number = 1; lines.Next(line); ++number) {
         if (number < firstLine) continue;
-        SplitLine(line.data(), SeparatorCharOf(static_cast<std::uint32_t>(separator)),
+        SplitLine(line->data(), SeparatorCharOf(static_cast<std::uint32_t>(separator)),
                   separator == SeparatorSpace, cells);
         const TestedLine tested = TestLine(number, cells);
         if (observer != nullptr) observer->OnLineTested(tested);
@@ -68,24 +112,25 @@ int FindDataLine(CStdioFileEx& file, int firstLine, int separator, IAnalysisObse
 }  // namespace
 
 bool CCsvImportSettings::DetectFormat(CStdioFileEx& file, IAnalysisObserver* observer) {
-    std::u16string line;
+    FirstLines lines(file);
+    std::u16string* line = nullptr;
     SeparatorRuns runs;
-    file.SeekToBegin(true);
-    if (!file.ReadString(line)) return false;
-    for (int number = 1;;) {
-        const std::u16string_view trimmed = TrimWhiteSpace(line);
-        if (!trimmed.empty()) {
-            runs.AddLine(trimmed, number);
-            if (observer != nullptr) observer->OnLineCounted(number, trimmed, runs.All());
-        }
-        if (++number > LinesLookedAt || !file.ReadString(line)) break;
+    int number = 0;
+    while (lines.Next(line)) {
+        ++number;
+        const std::u16string_view trimmed = TrimWhiteSpace(*line);
+        if (trimmed.empty()) continue;
+        runs.AddLine(trimmed, number);
+        if (observer != nullptr) observer->OnLineCounted(number, trimmed, runs.All());
     }
+    if (number == 0) return false;
     DetectedSeparator = runs.Winner();
     DetectedFirstLine = std::max(runs.WinnersStart(), 1);
     DetectedHeader = 0;
     if (observer != nullptr) observer->OnSeparatorChosen(DetectedSeparator, DetectedFirstLine);
 
-    const int dataLine = FindDataLine(file, DetectedFirstLine, DetectedSeparator, observer);
+    lines.Rewind();
+    const int dataLine = FindDataLine(lines, DetectedFirstLine, DetectedSeparator, observer);
     if (dataLine > DetectedFirstLine) {
         DetectedFirstLine = dataLine - 1;
         DetectedHeader = 1;

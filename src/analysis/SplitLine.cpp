@@ -11,33 +11,45 @@
 // line still does.
 #include "analysis/SplitLine.h"
 
-#include "settings/CsvImportSettings.h"
+#include <iterator>
 
 namespace {
 
 constexpr char16_t DoubleQuote = u'"';
 constexpr char16_t SingleQuote = u'\'';
 
+// What the lowest characters are to CountSeparators: the index of a fixed separator, or one of these.
+constexpr std::uint8_t QuoteUnit = FixedSeparatorCount;
+constexpr std::uint8_t PlainUnit = FixedSeparatorCount + 1;
+
+constexpr auto KindsOfUnits = [] {
+    std::array<std::uint8_t, 64> kinds{};
+    kinds.fill(PlainUnit);
+    for (std::uint8_t i = 0; i < FixedSeparatorCount; ++i) kinds.at(FixedSeparators[i]) = i;
+    kinds[DoubleQuote] = kinds[SingleQuote] = QuoteUnit;
+    return kinds;
+}();
+
 }  // namespace
 
-std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIndex, bool merge) {
-    const char16_t separator = SeparatorCharOf(separatorIndex);
-    std::int32_t count = 0;
+SeparatorCounts CountSeparators(std::u16string_view line) {
+    SeparatorCounts counts{};
     char16_t openQuote = u'\0';
-    bool afterSeparator = false;
+    char16_t before = u'\0';  // the character before, if it is a separator
     for (const char16_t c : line) {
-        const bool wasAfterSeparator = afterSeparator;
-        afterSeparator = false;
-        if (openQuote != u'\0') {
-            if (c == openQuote) openQuote = u'\0';
-        } else if (c == DoubleQuote || c == SingleQuote) {
-            openQuote = c;
-        } else if (c == separator) {
-            if (!merge || !wasAfterSeparator) ++count;
-            afterSeparator = true;
+        const std::uint8_t kind = c < std::size(KindsOfUnits) ? KindsOfUnits[c] : PlainUnit;
+        if (kind == PlainUnit || (openQuote != u'\0' && c != openQuote)) {
+            before = u'\0';
+        } else if (kind == QuoteUnit) {
+            openQuote = openQuote == u'\0' ? c : u'\0';
+            before = u'\0';
+        } else {
+            ++counts[kind].All;
+            if (c != before) ++counts[kind].Merged;
+            before = c;
         }
     }
-    return count;
+    return counts;
 }
 
 void SplitLine(char16_t* text, char16_t separator, bool merge, CellList& cells) {

@@ -1,14 +1,20 @@
 // One line of text becomes cells.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
-#include "settings/CellList.h"
+#include "settings/CsvImportSettings.h"
 
-// Separators of a fixed index in a line, outside double and single quotes. With `merge`, neighbours count
-// once. Changes nothing; serves the format detection alone.
-std::int32_t CountSeparators(std::u16string_view line, std::uint32_t separatorIndex, bool merge);
+// Separators of one kind in a line, outside double and single quotes: all of them, and neighbours as one.
+struct SeparatorCount {
+    std::int32_t All, Merged;
+};
+using SeparatorCounts = std::array<SeparatorCount, FixedSeparatorCount>;
+
+// Those of each fixed index. Serves the format detection alone.
+SeparatorCounts CountSeparators(std::u16string_view line);
 
 // Cuts the zero-terminated `text` into cells in place; see the grammar in SplitLine.cpp. `separator` NUL
 // means none: the line is one cell. `cells` gets at least one entry and is never allocated anew for a line

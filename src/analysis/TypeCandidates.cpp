@@ -8,6 +8,7 @@
 #include "analysis/NumberCells.h"
 #include "analysis/TextCells.h"
 #include "platform/framework/Numbers.h"
+#include "platform/framework/Text.h"
 #include "settings/CsvImportSettings.h"
 
 namespace {
@@ -88,13 +89,30 @@ bool NarrowByNumber(CCsvColumnInfo& column, const char16_t* cell) {
     return true;
 }
 
+// Nothing that ends in a digit is a unit, and so no cell with such an end, however it begins, gives one.
+bool MaySettleUnit(const CCsvColumnInfo& column, std::u16string_view cell) {
+    return column.Unit.empty() && (cell.empty() || !IsDigit(cell.back()));
+}
+
+// NarrowTypes for a column that can only be text any more. False, with nothing changed, for another one, or
+// if the cell may settle its unit.
+bool StaysText(CCsvColumnInfo& column, std::u16string_view cell) {
+    for (int type = CsvTypeBoolean; type < CsvTypeString; ++type) {
+        if (Candidate(column, static_cast<ECsvDataType>(type))) return false;
+    }
+    if (!Candidate(column, CsvTypeString) || MaySettleUnit(column, cell)) return false;
+    column.DetectedType = CsvTypeString;
+    return true;
+}
+
 }  // namespace
 
 void NarrowTypes(CCsvColumnInfo& column, const char16_t* cell) {
     if (NarrowByNumber(column, cell)) return;
-    column.DetectedType = CsvTypeUndefined;
     const std::u16string_view whole(cell);
     const std::size_t length = std::min(whole.size(), LongestCell);
+    if (StaysText(column, whole.substr(0, length))) return;
+    column.DetectedType = CsvTypeUndefined;
     char16_t text[LongestCell + 1];
     char16_t scratch[LongestCell + 1];
     std::copy_n(whole.data(), length, text);

@@ -40,9 +40,13 @@ int CCsvInfoFile::Read() {
     CStdioFileEx file;
     CFileException error(false);
     file.SetEncoding(FileEncodingImport);
+    // Not raised: beside most source files there is none.
+    if (!file.Open(Path.c_str(), CFile::modeRead | CFile::typeText, &error)) {
+        FirstError.Reason = Utf16ToUtf8(DescribeFileError(error));
+        return -1;
+    }
     SourceText source;
     try {
-        if (!file.Open(Path.c_str(), CFile::modeRead | CFile::typeText, &error)) throw &error;
         // Before memory is taken for it; what is beside a source file may be anything.
         if (file.GetLength() > DM::LargestXmlText) {
             SetDiagnosis(source, 0, "the file is larger than 1 MiB");

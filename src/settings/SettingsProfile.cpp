@@ -12,10 +12,9 @@ namespace {
 
 // Reads a block of exactly the size of `value`; else `value` stays.
 template <class Value>
-void LoadBlock(CWinApp& app, const char16_t* key, Value& value) {
-    ProfileBlock block;
-    if (!app.GetProfileBinary(SettingsSection, key, block) || block.size() != sizeof value) return;
-    std::memcpy(&value, block.data(), sizeof value);
+void LoadBlock(ProfileValues& profile, const char16_t* key, Value& value) {
+    const std::optional<ProfileBlock> block = profile.ReadBlock(SettingsSection, key);
+    if (block && block->size() == sizeof value) std::memcpy(&value, block->data(), sizeof value);
 }
 
 template <class Value>
@@ -27,25 +26,25 @@ void SaveBlock(CWinApp& app, const char16_t* key, const Value& value) {
 
 // Reads one setting into a record.
 struct Loader {
-    CWinApp& App;
+    ProfileValues& Profile;
     const char16_t* Key;
     CCsvImportSettings& Record;
 
     void operator()(const IntSetting& setting) const {
-        const int stored = App.GetProfileInt(SettingsSection, Key, setting.Default);
+        const int stored = Profile.ReadInt(SettingsSection, Key).value_or(setting.Default);
         Record.*setting.Field = std::clamp(stored, setting.Lowest, setting.Highest);
         if (setting.Detected.Field != nullptr) Record.*setting.Detected.Field = Record.*setting.Field;
     }
     void operator()(const TextSetting& setting) const {
-        Record.*setting.Field = App.GetProfileString(SettingsSection, Key, std::u16string());
+        Record.*setting.Field = Profile.ReadText(SettingsSection, Key).value_or(std::u16string());
     }
     void operator()(const MomentSetting& setting) const {
         Record.*setting.Field = CurrentSeconds();
-        LoadBlock(App, Key, Record.*setting.Field);
+        LoadBlock(Profile, Key, Record.*setting.Field);
     }
     void operator()(const RealSetting& setting) const {
         Record.*setting.Field = setting.Default;
-        LoadBlock(App, Key, Record.*setting.Field);
+        LoadBlock(Profile, Key, Record.*setting.Field);
         if (std::isnan(Record.*setting.Field)) Record.*setting.Field = setting.Default;
     }
 };
@@ -74,7 +73,9 @@ CWinApp& App() {
 }  // namespace
 
 CCsvImportSettings::CCsvImportSettings() {
-    for (const Setting& setting : SettingsTable) std::visit(Loader{App(), setting.Key, *this}, setting.Kind);
+    const std::shared_ptr<ProfileValues> profile = App().GetProfileNow();
+    for (const Setting& setting : SettingsTable)
+        std::visit(Loader{*profile, setting.Key, *this}, setting.Kind);
     EnterLiveSettings(this);
 }
 

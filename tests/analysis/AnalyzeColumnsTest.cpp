@@ -136,7 +136,9 @@ TEST(AnalyzeCell, NarrowsTheTypesCellByCell) {
         "0;1;0->124578 1|1;2->24578 2|12;12.5->58 5|12;12.5;abc->8 8|1;abc->478 4|1e5;2e5->4578 4|5;;6->8 8|"
         // The first acceptable suffix is the unit, whatever becomes of the types.
         "0xff->34578 3xff|0xff;0xfe->4578 4xff|16#FF;16#FE->478 4#FF|12 kg;12.5 kg->68 6 kg|"
-        "12 kg;13 lb->8 8 kg|12 kg;12->8 8 kg|12 kg;12 KG->8 8 kg|abc;12 kg->8 8 kg",
+        "12 kg;13 lb->8 8 kg|12 kg;12->8 8 kg|12 kg;12 KG->8 8 kg|abc;12 kg->8 8 kg|"
+        // Nothing that ends in a digit is one, but what comes later may be.
+        "a b;v 7;12.5;12 kg;13->8 8 kg|a b;12 5;7,->8 8|a b;7 kg9;7 9x->8 8",
         [](std::u16string cells) {
             CCsvImportSettings settings = MakeSettings();
             CCsvColumnInfo& info = settings.GetColumn(3);

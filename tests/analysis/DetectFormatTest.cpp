@@ -54,6 +54,22 @@ TEST(DetectFormat, ReadsAHundredLinesTwiceAtMost) {
     EXPECT_LE(file.Reads, 200);
 }
 
+TEST(DetectFormat, FindsTheSameInLongLines) {
+    // Few lines are kept for the second pass, longer ones are read again.
+    const std::u16string title = u"Title\nDate\n", table = u"a;b;c\n1;2;3\n4;5;6\n";
+    for (const std::size_t length : {10U, 200'000U}) {
+        SCOPED_TRACE(length);
+        const std::u16string note = std::u16string(length, u'x') + u"\n";
+        for (const std::u16string& text : {note + title + table, title + note + table}) {
+            MemoryFile file(text);
+            CCsvImportSettings settings = MakeSettings();
+            ASSERT_TRUE(settings.DetectFormat(file));
+            EXPECT_EQ(Detected(settings), ";4h");
+            EXPECT_EQ(file.Reads, length == 10 ? 7 : 12);
+        }
+    }
+}
+
 TEST(DetectFormat, LeavesTheLiveFormatAloneUnlessAutomatic) {
     CCsvImportSettings settings =
         MakeSettings({"AutoFormat=0", "Separator=1", "FirstLine=7", "ImportHeader=0", "MergeSeparators=1"});

@@ -162,12 +162,16 @@ TEST(SplitLine, CountsSeparatorsOutsideBothKindsOfQuotes) {
         // A quote between two separators ends a run of them.
         ";\"\";->2|;\"x;y\";->2",
         [](const std::u16string& line) {
-            const std::string apart = std::to_string(CountSeparators(line, SeparatorSemicolon, false));
-            const std::string merged = std::to_string(CountSeparators(line, SeparatorSemicolon, true));
+            const SeparatorCount count = CountSeparators(line)[SeparatorSemicolon];
+            const std::string apart = std::to_string(count.All);
+            const std::string merged = std::to_string(count.Merged);
             return merged == apart ? apart : apart + ' ' + merged;
         });
-    for (const int s : {0, 1, 2, 3})
-        EXPECT_EQ(CountSeparators(u";,,\t\t\t    ", static_cast<unsigned>(s), false), s + 1);
+    const SeparatorCounts all = CountSeparators(u";,,\t\t\t    ");
+    for (const std::size_t s : {0, 1, 2, 3}) {
+        EXPECT_EQ(all[s].All, static_cast<int>(s) + 1);
+        EXPECT_EQ(all[s].Merged, 1);
+    }
 }
 
 }  // namespace

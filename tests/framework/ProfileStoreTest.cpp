@@ -3,6 +3,7 @@
 
 #include "kit/CheckRows.h"
 #include "kit/Workdir.h"
+#include "platform/support/ProfileOverlay.h"
 
 using namespace std::string_literals;
 
@@ -32,6 +33,31 @@ TEST(ProfileFile, EveryValueComesBack) {
     }
     EXPECT_TRUE(OpenProfileFile(path)->WriteBlock(Section, u"Key", {0, 9, 10, 128, 160, 255}));
     EXPECT_EQ(Describe(*OpenProfileFile(path)), "block \0\t\n\x80\xA0\xFF"s);
+}
+
+TEST(ProfileFile, ValuesOfAMomentStayWhileTheFileChanges) {
+    const Workdir folder;
+    const std::u16string path = folder.Path("profile.ini");
+    const std::shared_ptr<ProfileStore> store = OpenProfileFile(path);
+    const auto none = store->Now();
+    EXPECT_TRUE(store->WriteInt(Section, u"Key", 1));
+    const auto first = store->Now();
+    EXPECT_TRUE(store->WriteInt(Section, u"Key", 2));
+    EXPECT_EQ(none->ReadInt(Section, u"Key"), std::nullopt);
+    EXPECT_EQ(first->ReadInt(Section, u"Key"), 1);
+    EXPECT_EQ(first->ReadText(Section, u"Key"), std::nullopt);
+    EXPECT_EQ(store->Now()->ReadInt(Section, u"Key"), 2);
+    // Values that lie over them stay as well.
+    ProfileOverlay layer(store);
+    layer.Set(Section, u"Key", u"over"s);
+    const auto layered = layer.Now();
+    layer.Set(Section, u"Key", 3);
+    EXPECT_TRUE(store->WriteInt(Section, u"Other", 4));
+    EXPECT_EQ(layered->ReadText(Section, u"Key"), u"over");
+    EXPECT_EQ(layered->ReadInt(Section, u"Key"), std::nullopt);
+    EXPECT_EQ(layered->ReadInt(Section, u"Other"), std::nullopt);
+    EXPECT_EQ(layer.Now()->ReadInt(Section, u"Key"), 3);
+    EXPECT_EQ(layer.Now()->ReadInt(Section, u"Other"), 4);
 }
 
 TEST(ProfileFile, AValueHasOneKind) {

@@ -14,7 +14,7 @@ namespace {
 std::optional<std::string> ReadWholeFile(const std::u16string& path, CFileException& error) {
     CFile file;
     if (!file.Open(path.c_str(), CFile::modeRead, &error)) {
-        // Not raised: a run asks for dozens of values of a profile that nobody has made.
+        // Not raised: most users have no profile, and each file that is read asks for it.
         if (error.Cause == CFileException::fileNotFound) return std::nullopt;
         throw new CFileException(error);
     }
@@ -42,9 +42,17 @@ void StoreUnderLock(const std::u16string& path, const std::vector<ProfileEntry>&
     ReplaceFile(path, text.ToBytes());
 }
 
-class FileProfile : public ProfileStore {
+// What a file held when it was read; nothing if it could not be.
+class FileValues : public ProfileValues {
   public:
-    explicit FileProfile(std::u16string path) : Path(std::move(path)) {}
+    explicit FileValues(const std::u16string& path) {
+        try {
+            CFileException error;
+            if (const auto bytes = ReadWholeFile(path, error)) Text.emplace(*bytes);
+        } catch (CFileException* failure) {
+            failure->Delete();
+        }
+    }
 
     std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) override {
         const auto value = Find(section, key);
@@ -59,6 +67,30 @@ class FileProfile : public ProfileStore {
         const auto value = Find(section, key);
         return value ? BlockFromProfileText(*value) : std::nullopt;
     }
+
+  private:
+    std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
+        return Text ? Text->Find(Utf16ToUtf8(section), Utf16ToUtf8(key)) : std::nullopt;
+    }
+
+    std::optional<ProfileText> Text;
+};
+
+class FileProfile : public ProfileStore {
+  public:
+    explicit FileProfile(std::u16string path) : Path(std::move(path)) {}
+
+    std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) override {
+        return FileValues(Path).ReadInt(section, key);
+    }
+    std::optional<std::u16string> ReadText(const std::u16string& section,
+                                           const std::u16string& key) override {
+        return FileValues(Path).ReadText(section, key);
+    }
+    std::optional<ProfileBlock> ReadBlock(const std::u16string& section, const std::u16string& key) override {
+        return FileValues(Path).ReadBlock(section, key);
+    }
+    std::shared_ptr<ProfileValues> Now() override { return std::make_shared<FileValues>(Path); }
     bool WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) override {
         return Store(section, key, std::to_string(value));
     }
@@ -89,18 +121,6 @@ class FileProfile : public ProfileStore {
     std::u16string WriteFailure() const override { return Failure; }
 
   private:
-    std::optional<std::string> Find(const std::u16string& section, const std::u16string& key) const {
-        try {
-            CFileException error;
-            auto bytes = ReadWholeFile(Path, error);
-            if (!bytes) return std::nullopt;
-            return ProfileText(std::move(*bytes)).Find(Utf16ToUtf8(section), Utf16ToUtf8(key));
-        } catch (CFileException* failure) {
-            failure->Delete();
-            return std::nullopt;
-        }
-    }
-
     bool Store(const std::u16string& section, const std::u16string& key, const std::string& value) {
         Waiting.push_back({Utf16ToUtf8(section), Utf16ToUtf8(key), value});
         return Depth > 0 || StoreWaiting();

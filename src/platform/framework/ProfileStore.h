@@ -17,17 +17,25 @@ struct ProfileState {
     std::u16string Reason = {};  // in the system's words; empty if it is readable
 };
 
-// A store. A value that is absent, or of another kind than asked for, reads as nothing. Writing answers
-// whether the value now stands in the store.
-class ProfileStore {
+// Values that can be read. One that is absent, or of another kind than asked for, reads as nothing.
+class ProfileValues {
   public:
-    virtual ~ProfileStore() = default;
+    virtual ~ProfileValues() = default;
 
     virtual std::optional<std::int32_t> ReadInt(const std::u16string& section, const std::u16string& key) = 0;
     virtual std::optional<std::u16string> ReadText(const std::u16string& section,
                                                    const std::u16string& key) = 0;
     virtual std::optional<ProfileBlock> ReadBlock(const std::u16string& section,
                                                   const std::u16string& key) = 0;
+};
+
+// A store. Writing answers whether the value now stands in the store.
+class ProfileStore : public ProfileValues {
+  public:
+    // All values as they are now, for somebody who reads many of them: a store in a file is read once for
+    // all. Null for a store in which each value is read by itself anyhow.
+    virtual std::shared_ptr<ProfileValues> Now() { return nullptr; }
+
     virtual bool WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) = 0;
     virtual bool WriteText(const std::u16string& section, const std::u16string& key,
                            const std::u16string& value) = 0;

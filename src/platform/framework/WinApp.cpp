@@ -34,6 +34,12 @@ bool CWinApp::GetProfileBinary(const char16_t* section, const char16_t* entry, P
     return stored.has_value();
 }
 
+std::shared_ptr<ProfileValues> CWinApp::GetProfileNow() {
+    const std::shared_ptr<ProfileStore> store = Profile();
+    const std::shared_ptr<ProfileValues> values = store->Now();
+    return values == nullptr ? store : values;
+}
+
 bool CWinApp::WriteProfileInt(const char16_t* section, const char16_t* entry, std::int32_t value) {
     return Profile()->WriteInt(section, entry, value);
 }

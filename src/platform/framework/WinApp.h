@@ -38,6 +38,9 @@ class CWinApp : public CWinThread {
     // Hands over a block; false, with `block` empty, if it is absent or of another kind.
     bool GetProfileBinary(const char16_t* section, const char16_t* entry, ProfileBlock& block);
 
+    // All values of the profile as they are now.
+    std::shared_ptr<ProfileValues> GetProfileNow();
+
     // Writes a value of the profile; false if the store refuses.
     bool WriteProfileInt(const char16_t* section, const char16_t* entry, std::int32_t value);
     bool WriteProfileString(const char16_t* section, const char16_t* entry, const std::u16string& value);

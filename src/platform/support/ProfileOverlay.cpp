@@ -1,38 +1,45 @@
 #include "platform/support/ProfileOverlay.h"
 
-void ProfileOverlay::Set(const std::u16string& section, const std::u16string& key, Value value) {
-    Values[{section, key}] = std::move(value);
+#include <algorithm>
+
+void ValuesOver::Set(const std::u16string& section, const std::u16string& key, Value value) {
+    std::erase_if(Entries, [&](const Entry& entry) { return entry.Key == key && entry.Section == section; });
+    Entries.push_back({section, key, std::move(value)});
 }
 
 template <class Kind>
-std::optional<Kind> ProfileOverlay::Find(const std::u16string& section, const std::u16string& key,
-                                         bool& covered) const {
-    const auto found = Values.find({section, key});
-    covered = found != Values.end();
+std::optional<Kind> ValuesOver::Find(const std::u16string& section, const std::u16string& key,
+                                     bool& covered) const {
+    const auto found = std::find_if(Entries.begin(), Entries.end(), [&](const Entry& entry) {
+        return entry.Key == key && entry.Section == section;
+    });
+    covered = found != Entries.end();
     if (!covered) return std::nullopt;
-    const Kind* const value = std::get_if<Kind>(&found->second);
+    const Kind* const value = std::get_if<Kind>(&found->Held);
     return value == nullptr ? std::nullopt : std::optional<Kind>(*value);
 }
 
-std::optional<std::int32_t> ProfileOverlay::ReadInt(const std::u16string& section,
-                                                    const std::u16string& key) {
+std::optional<std::int32_t> ValuesOver::ReadInt(const std::u16string& section, const std::u16string& key) {
     bool covered = false;
     auto value = Find<std::int32_t>(section, key, covered);
-    return covered ? value : Store->ReadInt(section, key);
+    return covered ? value : Below->ReadInt(section, key);
 }
 
-std::optional<std::u16string> ProfileOverlay::ReadText(const std::u16string& section,
-                                                       const std::u16string& key) {
+std::optional<std::u16string> ValuesOver::ReadText(const std::u16string& section, const std::u16string& key) {
     bool covered = false;
     auto value = Find<std::u16string>(section, key, covered);
-    return covered ? value : Store->ReadText(section, key);
+    return covered ? value : Below->ReadText(section, key);
 }
 
-std::optional<ProfileBlock> ProfileOverlay::ReadBlock(const std::u16string& section,
-                                                      const std::u16string& key) {
+std::optional<ProfileBlock> ValuesOver::ReadBlock(const std::u16string& section, const std::u16string& key) {
     bool covered = false;
     auto value = Find<ProfileBlock>(section, key, covered);
-    return covered ? value : Store->ReadBlock(section, key);
+    return covered ? value : Below->ReadBlock(section, key);
+}
+
+std::shared_ptr<ProfileValues> ProfileOverlay::Now() {
+    const std::shared_ptr<ProfileValues> below = Store->Now();
+    return std::make_shared<ValuesOver>(below == nullptr ? Values : Values.OverOther(below));
 }
 
 bool ProfileOverlay::WriteInt(const std::u16string& section, const std::u16string& key, std::int32_t value) {

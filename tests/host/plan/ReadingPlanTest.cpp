@@ -119,6 +119,33 @@ TEST(ReadingPlan, KnowsDeclaredMissingValues) {
     EXPECT_EQ(plan->Columns[1].Type, ColumnType::Boolean);
 }
 
+// Cells that are told by the masks of their line are counted as each of them by its characters.
+TEST(ReadingPlan, CountsAllCellsAlike) {
+    const char* const texts[] = {
+        "t;a;b;c\n10:00:00;1,5;-2;\n10:00:01;+3;0;0x1F\n10:00:02;1;x;20\n10:00:03;7,25;1,5 V;1e5\n",
+        "t;a;b;c\n10:00:00;1.5;-2;\n10:00:01;+3;0;1,5\n10:00:02;1.25;;20\n10:00:03;7.;12345678901234567890;."
+        "5\n",
+        "t,a,b\n10:00:00,\"1,5\",2\n10:00:01,\"2,25\",\"x \"\"y\"\"\"\n10:00:02,3, 4\n",
+        "Missing value: -9\n\nt;n;v\n10:00:00;1;0.5\n10:00:01;-9;-9.0\n10:00:02;0;0.7\n"};
+    for (const char* text : texts) {
+        const std::optional<ReadingPlan> alone = FindPlan(SampleOf(text));
+        ASSERT_TRUE(alone) << text;
+        const FileSample sample = SampleOf(text);
+        const std::optional<FoundTable> table = FindTable(sample);
+        ASSERT_TRUE(table) << text;
+        for (const ReadingPlan& plan : {*alone, PlanOf(sample, *table, &*alone)}) {
+            EXPECT_EQ(plan.Mark, alone->Mark) << text;
+            std::vector<CellCounts> counts(plan.Columns.size());
+            for (const auto& row : plan.Rows.Cells) {
+                for (std::size_t i = 0; i < row.size(); ++i)
+                    counts[i].Add(plan.IsDeclaredMissing(row[i]) ? std::u16string_view() : row[i], plan.Mark);
+            }
+            for (std::size_t i = 0; i < counts.size(); ++i)
+                EXPECT_TRUE(plan.Columns[i].Cells == counts[i]) << "column " << i + 1 << " of\n" << text;
+        }
+    }
+}
+
 TEST(ReadingPlan, KnowsATotalAtTheEnd) {
     struct TotalCase {
         const char* Text;
