@@ -10,7 +10,7 @@
 namespace {
 
 constexpr std::size_t BlockSize = 256 * 1024;
-constexpr std::size_t LeastBuffer = 4 * 1024;     // of a range, at first
+constexpr std::size_t LeastBuffer = 4 * 1024;     // of a range, at first; of a file behind its bytes
 constexpr std::size_t LineEndWindow = 64 * 1024;  // where the kind of line ends is settled
 
 // A printable character of ASCII other than a space, which no blank line has.
@@ -25,7 +25,8 @@ void DecodeLine(std::string_view bytes, std::u16string& line) {
 }
 
 LineReader::LineReader(CFile& file) : File(file) {
-    Resize(BlockSize);
+    // No more than a small file needs: a whole block would be cleared, and its pages taken from the system.
+    Resize(static_cast<std::size_t>(std::min<std::uint64_t>(file.GetLength() + LeastBuffer, BlockSize)));
     while (Filled < LineEndWindow && Fill()) {
     }
     SkipMark();
