@@ -1,6 +1,12 @@
 // A profile that nobody else sees.
 #pragma once
 
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+
 #include "platform/framework/Text.h"
 #include "platform/support/ProfileOverlay.h"
 
