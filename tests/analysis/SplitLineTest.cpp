@@ -168,7 +168,7 @@ TEST(SplitLine, CountsSeparatorsOutsideBothKindsOfQuotes) {
             return merged == apart ? apart : apart + ' ' + merged;
         });
     const SeparatorCounts all = CountSeparators(u";,,\t\t\t    ");
-    for (const std::size_t s : {0, 1, 2, 3}) {
+    for (const std::size_t s : {0u, 1u, 2u, 3u}) {
         EXPECT_EQ(all[s].All, static_cast<int>(s) + 1);
         EXPECT_EQ(all[s].Merged, 1);
     }
