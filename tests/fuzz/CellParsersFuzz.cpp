@@ -47,7 +47,8 @@ void CheckShortWay(std::u16string text) {
 void ReadRow(RowCells& row, const std::u16string& text, bool inBytes) {
     constexpr std::u16string_view Separators = u";\t|!";
     const std::size_t unused = Separators.find_first_not_of(text.substr(0, 1));
-    MemoryFile file(text, inBytes);
+    const std::u16string line = text + u'\n';  // which there is even of an empty text
+    MemoryFile file(line, inBytes);
     row.Read(file, Separators[unused], false);
 }
 
