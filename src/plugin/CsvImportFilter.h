@@ -124,7 +124,6 @@ class CCsvImportFilter : public CImportFilter {
     std::vector<DM::SignalProxy*> Signals;    // per column index, null without signal; the store's
     std::vector<SampleColumn> SampleColumns;  // the columns that get samples, in order
     CCsvImportSettings::TimestampColumns TimeColumns{};
-    std::int64_t FirstRowLine = 0;            // CurrentLine of the first data row
     std::optional<std::uint32_t> SettledFor;  // ChangeCount of the settings that the run has settled
     const RefusedCellHandler OnRefusedCell = [this](const SampleColumn& column, const char16_t* cell) {
         ReportWrongCell(column, cell);

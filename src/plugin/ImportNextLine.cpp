@@ -48,7 +48,7 @@ bool CCsvImportFilter::SettleRowTime(std::int64_t& time) {
         return Settings.JoinTimestampText(TimeColumns, Row.CellOf(TimeColumns.First),
                                           Row.CellOf(TimeColumns.Second), JoinedTimeText);
     };
-    const std::int64_t row = CurrentLine - FirstRowLine;
+    const std::int64_t row = CurrentLine - Settings.GetFirstDataLine();
     const RowTimestamp result = bytes != nullptr
                                     ? MakeRowTimestamp(Settings, row, bytes, *TimeContext, Times)
                                     : MakeRowTimestamp(Settings, row, text(), *TimeContext, Times);
@@ -94,7 +94,6 @@ void CCsvImportFilter::SettleRun() {
     Times.Format.emplace(Settings.TimestampFormat.c_str(), Alphabet());
     Times.Correction.reset();
     TimeColumns = Settings.GetTimestampColumns();
-    FirstRowLine = Settings.GetFirstDataLine();
     CollectSampleColumns();
     SettledFor = Settings.ChangeCount;
 }

@@ -177,37 +177,33 @@ template <class Unit, bool (*Write)(SampleColumn&, Cell<Unit>&, std::int64_t), s
     return column;
 }
 
+// The same for a first column of any type. Without a value a text has no bytes.
+template <class Unit>
+[[gnu::always_inline]] inline SampleColumn* WriteRun(SampleColumn* first, const Row<Unit>& row) {
+    switch (first->Type) {
+        case CsvTypeBoolean:
+            return WriteRun<Unit, WriteBoolean<Unit>, 1>(first, row);
+        case CsvTypeInteger:
+            return WriteRun<Unit, WriteInteger<Unit>, 8>(first, row);
+        case CsvTypeIntegerUnit:
+            return WriteRun<Unit, WriteIntegerWithUnit<Unit>, 8>(first, row);
+        case CsvTypeHex:
+            return WriteRun<Unit, WriteHex<Unit>, 8>(first, row);
+        case CsvTypeFloat:
+            return WriteRun<Unit, WriteFloat<Unit>, 8>(first, row);
+        case CsvTypeFloatUnit:
+            return WriteRun<Unit, WriteFloatWithUnit<Unit>, 8>(first, row);
+        case CsvTypeChar:
+            return WriteRun<Unit, WriteCharacter<Unit>, 2>(first, row);
+        default:
+            return WriteRun<Unit, WriteText<Unit>, 0>(first, row);
+    }
+}
+
 template <class Unit>
 void WriteRow(std::vector<SampleColumn>& columns, const Row<Unit>& row) {
     SampleColumn* column = columns.data();
-    while (column != row.End) {
-        switch (column->Type) {
-            case CsvTypeBoolean:
-                column = WriteRun<Unit, WriteBoolean<Unit>, 1>(column, row);
-                break;
-            case CsvTypeInteger:
-                column = WriteRun<Unit, WriteInteger<Unit>, 8>(column, row);
-                break;
-            case CsvTypeIntegerUnit:
-                column = WriteRun<Unit, WriteIntegerWithUnit<Unit>, 8>(column, row);
-                break;
-            case CsvTypeHex:
-                column = WriteRun<Unit, WriteHex<Unit>, 8>(column, row);
-                break;
-            case CsvTypeFloat:
-                column = WriteRun<Unit, WriteFloat<Unit>, 8>(column, row);
-                break;
-            case CsvTypeFloatUnit:
-                column = WriteRun<Unit, WriteFloatWithUnit<Unit>, 8>(column, row);
-                break;
-            case CsvTypeChar:
-                column = WriteRun<Unit, WriteCharacter<Unit>, 2>(column, row);
-                break;
-            default:
-                column = WriteRun<Unit, WriteText<Unit>, 0>(column, row);
-                break;
-        }
-    }
+    while (column != row.End) column = WriteRun<Unit>(column, row);
 }
 
 }  // namespace
